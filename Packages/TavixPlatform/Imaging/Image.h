@@ -1,0 +1,105 @@
+// A lazy picture. An `Image` is a cheap immutable handle on a node of a graph: building one touches no pixel,
+// and a `Evaluator` draws it once, at the end. Copying is sharing; every thread may read.
+//
+// Coordinates: bottom-left origin, y up. Pixels: premultiplied, sRGB-encoded values, so every blend and filter
+// works on encoded values unless it says otherwise. Outside its extent an image is transparent black. Extents may be
+// infinite and are rounded outward to whole pixels where an operation crops.
+#pragma once
+
+#include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Imaging/Geometry.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+namespace tavix::imaging {
+
+class Node;
+using NodeRef = std::shared_ptr<const Node>;
+
+// Straight (not premultiplied), sRGB-encoded, nominally 0 to 1.
+struct Color {
+    double r = 0, g = 0, b = 0, a = 1;
+    bool operator==(const Color&) const = default;
+    static constexpr Color white() { return {1, 1, 1, 1}; }
+    static constexpr Color black() { return {0, 0, 0, 1}; }
+    static constexpr Color clear() { return {0, 0, 0, 0}; }
+};
+
+// out = rows * (r, g, b, a), on straight colour. The identity by default.
+struct ColorMatrix {
+    std::array<float, 4> r{1, 0, 0, 0}, g{0, 1, 0, 0}, b{0, 0, 1, 0}, a{0, 0, 0, 1};
+    bool operator==(const ColorMatrix&) const = default;
+};
+
+// Geometry of a transition between two pictures: for each destination pixel, where to look in either picture
+// and how much of the second to show. Immutable; called from many threads. Positions are pixel centres.
+struct WarpSample {
+    float fromX, fromY, toX, toY;
+    float mix;   // 0 is all `from`, 1 all `to`
+};
+class Warp {
+public:
+    virtual ~Warp() = default;
+    virtual std::uint64_t hash() const = 0;   // of the kind of warp and all its arguments
+    // Fills `count` samples for the pixels (x + i, y), i = 0 ... count - 1.
+    virtual void row(int x, int y, int count, WarpSample* out) const = 0;
+};
+
+class Image {
+public:
+    Image();   // empty: transparent everywhere, with an empty extent
+
+    // Sources.
+    static Image solid(const Color& color);   // infinite
+    static Image bitmap(BitmapRef pixels, Point origin = {});   // `origin`: where its bottom-left corner stands
+    // From one colour at p0 to another at p1, along the line between them, eased by 3t² - 2t³; infinite.
+    static Image smoothLinearGradient(Point p0, const Color& color0, Point p1, const Color& color1);
+    // An antialiased rounded rectangle; the radius is limited to half the smaller side.
+    static Image roundedRectangle(const Rect& rect, double radiusPx, const Color& color);
+
+    Rect extent() const;
+    bool isEmpty() const { return extent().isEmpty(); }
+    // Equal hashes mean equal pixels (64 bits of the structure; bitmaps count by identity).
+    std::uint64_t hash() const;
+
+    // Geometry.
+    Image cropped(const Rect& rect) const;
+    Image clampedToExtent() const;   // edge pixels continue for ever; an empty image stays empty
+    Image transformed(const Affine& transform) const;   // bilinear over a prefiltered source, edges antialiased
+    Image translated(double dx, double dy) const { return transformed(Affine::translation(dx, dy)); }
+    // Maps the extent onto a rectangle with a wide cubic filter: for scaling once, at its best.
+    Image placedInto(const Rect& target) const;
+    Image tiled() const;   // repeats the extent over the plane
+
+    // Combination.
+    Image over(const Image& background) const;      // source-over
+    Image adding(const Image& other) const;         // per channel, limited to 1
+    // Where the mask's luminance (premultiplied, so clear is 0) is 1 this image shows, where 0 the background.
+    Image blendedWithMask(const Image& background, const Image& mask) const;
+    // `from` and `to` looked up through a warp; both are continued past `extent` by their edge pixels.
+    static Image warped(const Image& from, const Image& to, std::shared_ptr<const Warp> warp, const Rect& extent);
+
+    // Colour, per pixel, on straight colour.
+    Image withColorMatrix(const ColorMatrix& matrix) const;
+    Image withOpacity(double alpha) const;   // multiplies alpha, and so the premultiplied colour
+    Image withColorControls(double brightness, double contrast, double saturation) const;
+    Image withMonochrome(const Color& color, double intensity) const;
+    Image withFalseColor(const Color& dark, const Color& light) const;   // by luminance
+    Image withVignette(double intensity, double radius) const;           // about the middle of the extent
+
+    // Neighbourhood.
+    Image gaussianBlurred(double sigmaPx) const;   // sigma is the standard deviation; grows the extent by 3 sigma
+    Image bloomed(double intensity, double sigmaPx) const;
+    Image pixellated(Point center, double scalePx) const;   // squares of that side, averaged
+
+    // For the evaluator and for node families.
+    explicit Image(NodeRef node) : node_(std::move(node)) {}
+    const NodeRef& node() const { return node_; }
+
+private:
+    NodeRef node_;
+};
+
+}   // namespace tavix::imaging
