@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <span>
 #include <vector>
 
 namespace tavix::imaging {
@@ -38,33 +37,36 @@ struct ConstBitmapView {
 // `std::shared_ptr<const Bitmap>` and read from any thread.
 class Bitmap {
 public:
-    static constexpr int maxSidePx = 32768;
+    static constexpr int maxSidePx = 30000;   // what a 16.16 sampling position can reach
 
     Bitmap() = default;
     explicit Bitmap(Size size);   // transparent black; throws std::length_error past maxSidePx on a side
-    Bitmap(Bitmap&&) noexcept = default;
-    Bitmap& operator=(Bitmap&&) noexcept = default;
-    Bitmap(const Bitmap&) = delete;
-    Bitmap& operator=(const Bitmap&) = delete;
+    static Bitmap uninitialised(Size size);   // for who writes every pixel next
 
     Size size() const { return size_; }
     bool isEmpty() const { return size_.width <= 0 || size_.height <= 0; }
-    std::size_t byteCount() const { return bytes_.size(); }
-    BitmapView view();
-    ConstBitmapView view() const;
+    std::size_t byteCount() const { return byteCount_; }
+    std::uint64_t id() const { return id_; }   // no two bitmaps of a process share one
+    BitmapView view() { return {bytes_.get(), size_, strideBytes_}; }
+    ConstBitmapView view() const { return {bytes_.get(), size_, strideBytes_}; }
 
-    // What a block of pixels holds, in blocks of `blockPx` from the top left; found on the first call to
-    // `indexCoverage`, which must come before the bitmap is shared.
+    // What a block of pixels holds, so that whole tiles can be skipped or copied. Known after `indexCoverage`,
+    // which is called once the pixels stand and before the bitmap is shared.
     enum class Coverage : std::uint8_t { empty, opaque, mixed };
     static constexpr int blockPx = 32;
     void indexCoverage();
     Coverage coverage(const PixelRegion& fromTopLeft) const;   // mixed when not indexed
-    PixelRegion inkBounds() const { return inkBounds_; }        // from the top left; all of it when not indexed
+    PixelRegion inkBounds() const { return inkBounds_; }       // from the top left; all of it when not indexed
 
 private:
+    struct Free {
+        void operator()(std::uint8_t* bytes) const;
+    };
     Size size_;
     std::ptrdiff_t strideBytes_ = 0;
-    std::vector<std::uint8_t> bytes_;
+    std::size_t byteCount_ = 0;
+    std::uint64_t id_ = 0;
+    std::unique_ptr<std::uint8_t[], Free> bytes_;
     std::vector<Coverage> blocks_;
     int blocksAcross_ = 0;
     PixelRegion inkBounds_;

@@ -37,24 +37,4 @@ private:
     std::unique_ptr<Impl> impl_;
 };
 
-// A frame that is drawn again and again: tiles whose picture did not change keep their pixels, and encoder
-// planes are written only where they are out of date.
-class FrameSurface {
-public:
-    FrameSurface(Evaluator& evaluator, Size size);
-    ~FrameSurface();
-
-    // Draws the rectangle (0, 0) to (width, height) of the image. Returns how many tiles were drawn anew.
-    int update(const Image& image);
-    ConstBitmapView pixels() const;
-
-    // Writes what changed since these planes were last written. `stamp` belongs to the planes: 0 for fresh ones,
-    // afterwards what the last call left in it.
-    void writePlanes(const PlanarView& planes, std::uint64_t& stamp) const;
-
-private:
-    struct Impl;
-    std::unique_ptr<Impl> impl_;
-};
-
 }   // namespace tavix::imaging
