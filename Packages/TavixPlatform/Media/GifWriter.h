@@ -1,0 +1,39 @@
+// Writes an animated GIF from BGRA frames, one at a time; memory does not depend on the number of frames.
+// Each frame has a palette of its own, and dithering is fixed to the pixel grid, so what stands still does
+// not shimmer.
+#pragma once
+
+#include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Media/MediaError.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace tavix::media {
+
+struct GifSettings {
+    std::filesystem::path path;   // replaced when it exists; its folder must exist
+    imaging::Size sizePx;         // up to 65535 on a side
+    int framesPerSec = 18;
+};
+
+// Used by one thread at a time. The animation loops for ever. Delays are hundredths of a second, rounded so
+// that the error never adds up: at 18 frames per second they alternate between 5 and 6 of them.
+class GifWriter {
+public:
+    explicit GifWriter(const GifSettings& settings);   // creates the file
+    ~GifWriter();                                      // without `finish` the file is removed
+    GifWriter(const GifWriter&) = delete;
+    GifWriter& operator=(const GifWriter&) = delete;
+
+    // The frame must have the size of the settings. Pixels with less than half alpha become transparent.
+    void append(const imaging::ConstBitmapView& frame);
+    // Completes the file and closes it. At least one frame must have been appended.
+    void finish();
+
+private:
+    class Session;
+    std::unique_ptr<Session> session_;
+};
+
+}   // namespace tavix::media

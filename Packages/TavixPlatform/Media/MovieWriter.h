@@ -1,0 +1,74 @@
+// Writes a movie file from planar frames. Encoding runs on a thread of its own, which reads the planes of a
+// few fixed slots; whoever fills them waits when all are taken, so memory does not depend on the movie's
+// length.
+//
+//     MovieWriter writer(settings);
+//     for (...) {
+//         MovieWriter::Slot& slot = writer.acquire();
+//         ... write slot.planes, or only what differs from the frame that slot.stamp remembers ...
+//         writer.submit(slot, presentationTime);
+//     }
+//     writer.finish();
+//
+// The same frames and settings give the same bytes, whatever the machine, the number of its cores or the
+// hour.
+#pragma once
+
+#include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Media/MediaError.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+namespace tavix::media {
+
+enum class MovieCodec { h264, hevc, proRes422HQ, proRes4444 };
+enum class MovieContainer { mp4, mov };
+enum class EncodingEffort { fast, balanced, best };   // at the same bit rate: quicker, or better pictures
+
+struct MovieSettings {
+    std::filesystem::path path;   // replaced when it exists; its folder must exist
+    imaging::Size sizePx;         // even in both directions for h264 and hevc, an even width for proRes422HQ
+    MovieCodec codec = MovieCodec::h264;
+    MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
+    int framesPerSec = 30;         // nominal: the last frame's duration, the key frame distance
+    std::int64_t bitsPerSec = 0;   // average; 0 leaves it to the codec, ProRes knows none
+    EncodingEffort effort = EncodingEffort::fast;
+    int timescale = 600;   // units per second of presentation times
+};
+
+// The planes that a codec reads, always ITU-R BT.709 in limited range. ProRes 4444 has straight alpha.
+imaging::PlanarFormat planarFormatOf(MovieCodec codec);
+
+// Used by one thread at a time. Every member may throw MediaError; a fault of the encoder thread is thrown by
+// the next call of acquire, submit or finish.
+class MovieWriter {
+public:
+    // Planes are never written by the writer, so a slot that comes back still holds the frame it was
+    // submitted with. The stamp is the caller's alone; it starts at 0, with planes of zeros.
+    struct Slot {
+        imaging::PlanarView planes;
+        std::uint64_t stamp = 0;
+    };
+    static constexpr int slotCount = 3;   // one being filled, one waiting, one being read
+
+    explicit MovieWriter(const MovieSettings& settings);   // creates the file
+    ~MovieWriter();                                        // without `finish` the file is removed
+    MovieWriter(const MovieWriter&) = delete;
+    MovieWriter& operator=(const MovieWriter&) = delete;
+
+    // Waits for a free slot, the longest free one first. It belongs to the caller until `submit`; one that is
+    // never submitted simply stays with the caller.
+    Slot& acquire();
+    // Presentation times are in units of the timescale and rise from frame to frame.
+    void submit(Slot& slot, std::int64_t presentationTime);
+    // Encodes what is left, completes the file and closes it. At least one frame must have been submitted.
+    void finish();
+
+private:
+    class Session;
+    std::unique_ptr<Session> session_;
+};
+
+}   // namespace tavix::media
