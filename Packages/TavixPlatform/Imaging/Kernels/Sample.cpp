@@ -1,0 +1,124 @@
+// Bilinear sampling of 8-bit pixels along a line.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "TavixPlatform/Imaging/Kernels/Sample.cpp"
+#include <hwy/foreach_target.h>
+
+#include "TavixPlatform/Imaging/Kernels/Channels-inl.h"
+#include "TavixPlatform/Imaging/Kernels/Families.h"
+
+#include <algorithm>
+
+HWY_BEFORE_NAMESPACE();
+namespace tavix::imaging::HWY_NAMESPACE {
+
+using Integers = hn::RebindToSigned<Words>;
+using IntegerVector = hn::Vec<Integers>;
+
+// Positions are rounded to 1/65536 pixel per block of 16 samples that starts at a multiple of 16, from exact sums.
+constexpr std::size_t blockSamples = 16;
+
+// Channels in the upper bytes of their halves: 0 to 65280.
+HWY_INLINE Channels raised(WordVector pixels) {
+    return {hn::ShiftLeft<8>(hn::BitCast(Halves(), pixels)),
+        hn::BitCast(Halves(), hn::And(pixels, hn::Set(Words(), 0xFF00FF00u)))};
+}
+
+// a + (b - a) f, with f in 1/65536. Written so that equal values come out as they went in.
+HWY_INLINE HalfVector blend(HalfVector a, HalfVector b, HalfVector f) {
+    return hn::Add(hn::Sub(a, hn::MulHigh(a, f)), hn::MulHigh(b, f));
+}
+HWY_INLINE Channels blend(const Channels& a, const Channels& b, HalfVector f) {
+    return {blend(a.even, b.even, f), blend(a.odd, b.odd, f)};
+}
+
+HWY_INLINE WordVector rounded(const Channels& c) {
+    const HalfVector half = hn::Set(Halves(), std::uint16_t(128));
+    return join({hn::ShiftRight<8>(hn::Add(c.even, half)), hn::ShiftRight<8>(hn::Add(c.odd, half))});
+}
+
+HWY_INLINE HalfVector fractions(IntegerVector position) {
+    const WordVector f = hn::And(hn::BitCast(Words(), position), hn::Set(Words(), 0xFFFFu));
+    return hn::BitCast(Halves(), hn::Or(f, hn::ShiftLeft<16>(f)));
+}
+
+HWY_INLINE WordVector bilinear(WordVector p00, WordVector p01, WordVector p10, WordVector p11, HalfVector fx,
+    HalfVector fy) {
+    return rounded(blend(blend(raised(p00), raised(p01), fx), blend(raised(p10), raised(p11), fx), fy));
+}
+
+struct Block {
+    std::int32_t u, v;                                    // 16.16 at the block's first sample
+    HWY_ALIGN std::int32_t du[blockSamples], dv[blockSamples];   // from there
+};
+
+HWY_INLINE void gatherBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
+    const Integers d;
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(line.pixels);
+    const IntegerVector lastX = hn::Set(d, line.width - 1), lastY = hn::Set(d, line.height - 1), zero = hn::Zero(d),
+                        one = hn::Set(d, 1), stride = hn::Set(d, std::int32_t(line.strideBytes / 4));
+    for (std::size_t i = 0; i < blockSamples; i += hn::Lanes(d)) {
+        const IntegerVector u = hn::Add(hn::Set(d, block.u), hn::Load(d, block.du + i));
+        const IntegerVector v = hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i));
+        const IntegerVector x = hn::ShiftRight<16>(u), y = hn::ShiftRight<16>(v);
+        const IntegerVector x0 = hn::Min(hn::Max(x, zero), lastX), x1 = hn::Min(hn::Max(hn::Add(x, one), zero), lastX);
+        const IntegerVector row0 = hn::Mul(hn::Min(hn::Max(y, zero), lastY), stride),
+                            row1 = hn::Mul(hn::Min(hn::Max(hn::Add(y, one), zero), lastY), stride);
+        const Words w;
+        hn::StoreU(bilinear(hn::GatherIndex(w, pixels, hn::Add(row0, x0)), hn::GatherIndex(w, pixels, hn::Add(row0, x1)),
+                       hn::GatherIndex(w, pixels, hn::Add(row1, x0)), hn::GatherIndex(w, pixels, hn::Add(row1, x1)),
+                       fractions(u), fractions(v)),
+            w, dst + i);
+    }
+}
+
+// Samples one pixel apart along a row, all inside: neighbours are loaded, not gathered.
+HWY_INLINE void slideBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
+    const Words w;
+    const Integers d;
+    const int x = block.u >> 16, y = block.v >> 16;
+    const auto row = [&](int at) HWY_ATTR {
+        return reinterpret_cast<const std::uint32_t*>(
+                   line.pixels + std::clamp(at, 0, line.height - 1) * line.strideBytes) + x;
+    };
+    const std::uint32_t *row0 = row(y), *row1 = row(y + 1);
+    const HalfVector fx = fractions(hn::Set(d, block.u)), fy = fractions(hn::Set(d, block.v));
+    for (std::size_t i = 0; i < blockSamples; i += hn::Lanes(w))
+        hn::StoreU(bilinear(hn::LoadU(w, row0 + i), hn::LoadU(w, row0 + i + 1), hn::LoadU(w, row1 + i),
+                       hn::LoadU(w, row1 + i + 1), fx, fy),
+            w, dst + i);
+}
+
+void sample(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std::size_t count) {
+    Block block;
+    for (std::size_t i = 0; i < blockSamples; ++i) {
+        block.du[i] = std::int32_t((std::int64_t(i) * line.du) >> 16);
+        block.dv[i] = std::int32_t((std::int64_t(i) * line.dv) >> 16);
+    }
+    const bool slides = line.du == std::int64_t(1) << 32 && line.dv == 0;
+    const std::int64_t end = first + std::int64_t(count), size = std::int64_t(blockSamples);
+    for (std::int64_t at = first & ~(size - 1); at < end; at += size) {
+        block.u = std::int32_t((line.u0 + at * line.du) >> 16);
+        block.v = std::int32_t((line.v0 + at * line.dv) >> 16);
+        const bool isWhole = at >= first && at + size <= end;
+        std::uint32_t partial[blockSamples];
+        std::uint32_t* out = isWhole ? dst + (at - first) : partial;
+        const int x = block.u >> 16;
+        if (slides && x >= 0 && x + int(blockSamples) < line.width) slideBlock(out, line, block);
+        else gatherBlock(out, line, block);
+        if (isWhole) continue;
+        const std::int64_t from = std::max(at, first), to = std::min(at + size, end);
+        std::memcpy(dst + (from - first), partial + (from - at), std::size_t(to - from) * 4);
+    }
+}
+
+void fillSample(Kernels& table) { table.sample = sample; }
+
+}   // namespace tavix::imaging::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace tavix::imaging {
+HWY_EXPORT(fillSample);
+void fillSampleKernels(Kernels& table) { HWY_DYNAMIC_DISPATCH(fillSample)(table); }
+}   // namespace tavix::imaging
+#endif
