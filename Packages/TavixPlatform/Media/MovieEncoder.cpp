@@ -1,0 +1,158 @@
+#include "TavixPlatform/Media/MovieEncoder.h"
+
+#include "TavixPlatform/Media/OutputFile.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tavix::media {
+namespace {
+
+// Threads, and whatever else an encoder would take from the machine, are fixed: a frame refers only to what
+// the frames encoded beside it have finished, so the pictures depend on how many there are.
+constexpr int encoderThreads = 6;
+constexpr int keyFrameDistanceSec = 2;   // an editor decodes no more than that to show any one frame
+
+struct Codec {
+    const char* encoder;
+    AVPixelFormat pixels;
+    const char* name;
+    unsigned tag;   // in the sample entry; 0 leaves it to the container
+};
+
+constexpr unsigned tagOf(char a, char b, char c, char d) { return MKTAG(a, b, c, d); }
+
+const Codec& codecOf(MovieCodec codec) {
+    static constexpr std::array<Codec, 4> codecs{{
+        {"libx264", AV_PIX_FMT_YUV420P, "H.264", 0},
+        {"libx265", AV_PIX_FMT_YUV420P, "HEVC", tagOf('h', 'v', 'c', '1')},
+        {"prores_ks", AV_PIX_FMT_YUV422P10, "ProRes 422 HQ", tagOf('a', 'p', 'c', 'h')},
+        {"prores_ks", AV_PIX_FMT_YUVA444P10, "ProRes 4444", tagOf('a', 'p', '4', 'h')},
+    }};
+    return codecs[static_cast<std::size_t>(codec)];
+}
+
+bool isProRes(MovieCodec codec) {
+    return codec == MovieCodec::proRes422HQ || codec == MovieCodec::proRes4444;
+}
+
+std::string failureOf(const MovieSettings& settings) {
+    return "Cannot encode " + std::to_string(settings.sizePx.width) + " by " +
+           std::to_string(settings.sizePx.height) + " pixels as " + codecOf(settings.codec).name;
+}
+
+void refuseImpossible(const MovieSettings& settings) {
+    const auto [width, height] = settings.sizePx;
+    const std::string failure = failureOf(settings) + ": ";
+    if (width < 1 || height < 1) throw MediaError(failure + "both sides must be at least 1 pixel.");
+    const imaging::PlanarFormat format = planarFormatOf(settings.codec);
+    if (format == imaging::PlanarFormat::yuv420p8 && (width % 2 || height % 2))
+        throw MediaError(failure + "width and height must be even.");
+    if (format == imaging::PlanarFormat::yuv422p10 && width % 2)
+        throw MediaError(failure + "the width must be even.");
+    if (settings.framesPerSec < 1 || settings.timescale < 1)
+        throw MediaError(failure + "the frame rate and the timescale must be at least 1.");
+}
+
+void tagColor(AVCodecContext& encoder) {
+    encoder.color_primaries = AVCOL_PRI_BT709;
+    encoder.color_trc = AVCOL_TRC_BT709;
+    encoder.colorspace = AVCOL_SPC_BT709;
+    encoder.color_range = AVCOL_RANGE_MPEG;
+    if (encoder.pix_fmt == AV_PIX_FMT_YUV420P) encoder.chroma_sample_location = AVCHROMA_LOC_LEFT;
+}
+
+void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
+    static constexpr std::array presets{"veryfast", "medium", "slow"};
+    encoder.profile = FF_PROFILE_H264_HIGH;
+    options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
+    options.set("profile", "high");
+    options.set("x264-params", "cpu-independent=1:lookahead-threads=1");
+}
+
+void setHevc(const MovieSettings& settings, libav::Options& options) {
+    static constexpr std::array presets{"ultrafast", "medium", "slow"};
+    options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
+    // info=0 leaves the library's version and settings out of the stream.
+    options.set("x265-params", "log-level=none:info=0:frame-threads=3:pools=" +
+                                   std::to_string(encoderThreads) + ":chromaloc=0:open-gop=0");
+}
+
+void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
+    const bool hasAlpha = settings.codec == MovieCodec::proRes4444;
+    encoder.thread_type = FF_THREAD_SLICE;
+    options.set("profile", hasAlpha ? "4444" : "hq");
+    options.set("alpha_bits", hasAlpha ? "16" : "0");
+    options.set("vendor", "apl0");
+}
+
+void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
+    if (isProRes(settings.codec)) return setProRes(settings, encoder, options);
+    encoder.bit_rate = settings.bitsPerSec;
+    encoder.gop_size = keyFrameDistanceSec * settings.framesPerSec;
+    if (settings.codec == MovieCodec::h264) return setH264(settings, encoder, options);
+    setHevc(settings, options);
+}
+
+}   // namespace
+
+imaging::PlanarFormat planarFormatOf(MovieCodec codec) {
+    switch (codec) {
+    case MovieCodec::proRes422HQ: return imaging::PlanarFormat::yuv422p10;
+    case MovieCodec::proRes4444: return imaging::PlanarFormat::yuva444p10;
+    default: return imaging::PlanarFormat::yuv420p8;
+    }
+}
+
+libav::CodecContext openMovieEncoder(const MovieSettings& settings) {
+    refuseImpossible(settings);
+    const libav::ErrorScope errors;
+    const Codec& kind = codecOf(settings.codec);
+    const AVCodec* codec = avcodec_find_encoder_by_name(kind.encoder);
+    if (!codec) throw MediaError(failureOf(settings) + ": FFmpeg was built without " + kind.encoder + ".");
+    auto encoder = libav::owned<libav::CodecContext>(avcodec_alloc_context3(codec));
+    encoder->width = settings.sizePx.width;
+    encoder->height = settings.sizePx.height;
+    encoder->pix_fmt = kind.pixels;
+    encoder->sample_aspect_ratio = {1, 1};
+    encoder->time_base = {1, settings.timescale};
+    encoder->framerate = {settings.framesPerSec, 1};
+    encoder->thread_count = encoderThreads;
+    encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_BITEXACT;
+    encoder->codec_tag = kind.tag;
+    tagColor(*encoder);
+    libav::Options options;
+    setCodec(settings, *encoder, options);
+    libav::check(avcodec_open2(encoder.get(), codec, options.get()), errors, failureOf(settings));
+    return encoder;
+}
+
+libav::BitstreamFilter openMovieFilter(const MovieSettings& settings, const AVCodecContext& encoder) {
+    if (settings.codec != MovieCodec::h264) return nullptr;
+    const libav::ErrorScope errors;
+    const std::string failure = failureOf(settings);
+    AVBSFContext* made = nullptr;
+    // Type 6 is supplemental information, where the encoder signs with its version and settings.
+    libav::check(av_bsf_list_parse_str("filter_units=remove_types=6", &made), errors, failure);
+    libav::BitstreamFilter filter(made);
+    libav::check(avcodec_parameters_from_context(filter->par_in, &encoder), errors, failure);
+    filter->time_base_in = encoder.time_base;
+    libav::check(av_bsf_init(filter.get()), errors, failure);
+    return filter;
+}
+
+std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder) {
+    const bool isQuickTime = isProRes(settings.codec) || settings.container == MovieContainer::mov;
+    libav::Options options;
+    options.set("movflags", "faststart+write_colr");
+    options.set("video_track_timescale", std::to_string(settings.timescale));
+    options.set("movie_timescale", std::to_string(settings.timescale));
+    return std::make_unique<OutputFile>(
+        settings.path, isQuickTime ? "mov" : "mp4", encoder, codecOf(settings.codec).tag, options);
+}
+
+std::int64_t frameDurationOf(const MovieSettings& settings) {
+    return std::max(settings.timescale / settings.framesPerSec, 1);
+}
+
+}   // namespace tavix::media
