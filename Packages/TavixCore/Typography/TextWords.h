@@ -1,0 +1,34 @@
+// Characters and words of a text as a reader sees them. A character is an extended grapheme cluster (Unicode
+// Standard Annex 29): a letter with its accents, a family emoji, a flag.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavix::KineticMath {
+
+// The characters of a UTF-8 text, in order; joined they give the text back. A byte that is no valid UTF-8
+// counts as a character of its own.
+std::vector<std::string_view> characters(std::string_view text);
+
+// Whether a character's first code point has the Unicode property White_Space.
+bool isWhitespace(std::string_view character);
+
+// Positions in characters, half open.
+struct CharacterRange {
+    std::size_t begin = 0, end = 0;
+    bool operator==(const CharacterRange&) const = default;
+};
+
+struct Word {
+    std::string text;
+    CharacterRange range;
+    bool operator==(const Word&) const = default;
+};
+
+// The runs between white space; punctuation stays with its word.
+std::vector<Word> words(std::string_view text);
+
+}   // namespace tavix::KineticMath
