@@ -43,6 +43,12 @@ template <class U> struct Alternative {
         changed.isDefaultWhenAbsent = true;
         return changed;
     }
+    // A payload that is missing reads as what this makes.
+    constexpr Alternative orElse(void (*make)(U&)) const {
+        Alternative changed = orDefault();
+        changed.makeDefault = make;
+        return changed;
+    }
     // In a union without a tag: chosen when the object has this key.
     constexpr Alternative whenPresent(std::string_view presentKeyName) const {
         Alternative changed = *this;

@@ -1,0 +1,16 @@
+#include "TavixCore/Composition/TransitionStyle.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const Names<TransitionStyle>& namesOf(std::type_identity<TransitionStyle>) {
+    using enum TransitionStyle;
+    static const Names<TransitionStyle> table{"transition style",
+        {{flip, "flip"}, {wipe, "wipe"}, {push, "push"}, {crossZoom, "crossZoom"}, {dreamyZoom, "dreamyZoom"},
+            {crosswarp, "crosswarp"}, {ripple, "ripple"}, {fade, "fade"}},
+        fade};
+    return table;
+}
+
+}   // namespace tavix
