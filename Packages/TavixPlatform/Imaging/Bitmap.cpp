@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
-#include <new>
 #include <stdexcept>
 #include <string>
 
 namespace tavix::imaging {
 
 namespace {
-
-constexpr std::align_val_t rowAlignment{64};
 
 std::uint64_t nextId() {
     static std::atomic<std::uint64_t> last{0};   // identity only: no result depends on the order
@@ -20,19 +17,18 @@ std::uint64_t nextId() {
 
 }   // namespace
 
-void Bitmap::Free::operator()(std::uint8_t* bytes) const { ::operator delete[](bytes, rowAlignment); }
-
-Bitmap Bitmap::uninitialised(Size size) {
+Bitmap Bitmap::uninitialised(Size size, const std::shared_ptr<BytePool>& pool) {
     if (size.width > maxSidePx || size.height > maxSidePx)
-        throw std::length_error("A picture of " + std::to_string(size.width) + " x " + std::to_string(size.height) +
-                                " pixels is too large; a side may have " + std::to_string(maxSidePx) + ".");
+        throw std::length_error("A picture of " + std::to_string(size.width) + " x " +
+                                std::to_string(size.height) + " pixels is too large; a side may have " +
+                                std::to_string(maxSidePx) + ".");
     Bitmap bitmap;
     bitmap.id_ = nextId();
     if (size.width <= 0 || size.height <= 0) return bitmap;
     bitmap.size_ = size;
     bitmap.strideBytes_ = (std::ptrdiff_t(size.width) * 4 + 63) / 64 * 64;
     bitmap.byteCount_ = std::size_t(bitmap.strideBytes_) * std::size_t(size.height);
-    bitmap.bytes_.reset(static_cast<std::uint8_t*>(::operator new[](bitmap.byteCount_, rowAlignment)));
+    bitmap.bytes_ = takeBytes(bitmap.byteCount_, pool);
     bitmap.inkBounds_ = {0, 0, size.width, size.height};
     return bitmap;
 }

@@ -13,8 +13,8 @@
 namespace tavix::imaging {
 
 struct EvaluatorOptions {
-    int threadCount = 0;                          // 0: as many as the machine has cores
-    std::size_t cacheBytes = 96u << 20;           // for results kept between frames
+    int threadCount = 0;                  // 0: as many as the machine has cores
+    std::size_t cacheBytes = 96u << 20;   // for results kept between frames
 };
 
 class Evaluator {

@@ -11,8 +11,8 @@ namespace tavix::imaging {
 
 class Evaluator;
 
-// Tiles whose picture did not change keep their pixels, and encoder planes are written only where they are out of
-// date. Used by one thread at a time; the evaluator must outlive it.
+// Tiles whose picture did not change keep their pixels, and encoder planes are written only where they are
+// out of date. Used by one thread at a time; the evaluator must outlive it.
 class FrameSurface {
 public:
     FrameSurface(Evaluator& evaluator, Size size);
@@ -22,8 +22,8 @@ public:
     int update(const Image& image);
     ConstBitmapView pixels() const;
 
-    // Writes what changed since these planes were last written. `stamp` belongs to the planes: 0 for fresh ones,
-    // afterwards what the last call left in it.
+    // Writes what changed since these planes were last written. `stamp` belongs to the planes: 0 for fresh
+    // ones, afterwards what the last call left in it.
     void writePlanes(const PlanarView& planes, std::uint64_t& stamp) const;
 
 private:

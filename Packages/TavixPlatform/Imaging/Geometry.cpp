@@ -27,16 +27,16 @@ bool Rect::isInfinite() const { return width >= std::numeric_limits<double>::max
 Rect intersection(const Rect& a, const Rect& b) {
     if (a.isInfinite()) return b;
     if (b.isInfinite()) return a;
-    const Rect both = Rect::fromEdges(std::max(a.x, b.x), std::max(a.y, b.y), std::min(a.maxX(), b.maxX()),
-        std::min(a.maxY(), b.maxY()));
+    const Rect both = Rect::fromEdges(
+        std::max(a.x, b.x), std::max(a.y, b.y), std::min(a.maxX(), b.maxX()), std::min(a.maxY(), b.maxY()));
     return both.isEmpty() ? Rect{} : both;
 }
 
 Rect unionOf(const Rect& a, const Rect& b) {
     if (a.isEmpty() || b.isInfinite()) return b;
     if (b.isEmpty() || a.isInfinite()) return a;
-    return Rect::fromEdges(std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.maxX(), b.maxX()),
-        std::max(a.maxY(), b.maxY()));
+    return Rect::fromEdges(
+        std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.maxX(), b.maxX()), std::max(a.maxY(), b.maxY()));
 }
 
 Rect grownBy(const Rect& rect, double marginPx) {
@@ -45,7 +45,8 @@ Rect grownBy(const Rect& rect, double marginPx) {
 }
 
 PixelRegion intersection(const PixelRegion& a, const PixelRegion& b) {
-    const PixelRegion both{std::max(a.x0, b.x0), std::max(a.y0, b.y0), std::min(a.x1, b.x1), std::min(a.y1, b.y1)};
+    const PixelRegion both{
+        std::max(a.x0, b.x0), std::max(a.y0, b.y0), std::min(a.x1, b.x1), std::min(a.y1, b.y1)};
     return both.isEmpty() ? PixelRegion{} : both;
 }
 
@@ -82,8 +83,8 @@ Affine Affine::about(Point center) const {
 }
 
 Affine Affine::then(const Affine& next) const {
-    return {a * next.a + b * next.c, a * next.b + b * next.d, c * next.a + d * next.c, c * next.b + d * next.d,
-        tx * next.a + ty * next.c + next.tx, tx * next.b + ty * next.d + next.ty};
+    return {a * next.a + b * next.c, a * next.b + b * next.d, c * next.a + d * next.c,
+        c * next.b + d * next.d, tx * next.a + ty * next.c + next.tx, tx * next.b + ty * next.d + next.ty};
 }
 
 Affine Affine::inverse() const {
@@ -96,8 +97,8 @@ Affine Affine::inverse() const {
 Rect Affine::boundsOf(const Rect& rect) const {
     if (rect.isInfinite()) return rect;
     if (rect.isEmpty()) return {};
-    const Point corners[] = {apply({rect.x, rect.y}), apply({rect.maxX(), rect.y}), apply({rect.x, rect.maxY()}),
-        apply({rect.maxX(), rect.maxY()})};
+    const Point corners[] = {apply({rect.x, rect.y}), apply({rect.maxX(), rect.y}),
+        apply({rect.x, rect.maxY()}), apply({rect.maxX(), rect.maxY()})};
     double minX = corners[0].x, maxX = minX, minY = corners[0].y, maxY = minY;
     for (const Point& p : corners) {
         minX = std::min(minX, p.x);

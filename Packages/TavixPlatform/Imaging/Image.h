@@ -1,9 +1,9 @@
 // A lazy picture. An `Image` is a cheap immutable handle on a node of a graph: building one touches no pixel,
 // and a `Evaluator` draws it once, at the end. Copying is sharing; every thread may read.
 //
-// Coordinates: bottom-left origin, y up. Pixels: premultiplied, sRGB-encoded values, so every blend and filter
-// works on encoded values unless it says otherwise. Outside its extent an image is transparent black. Extents may be
-// infinite and are rounded outward to whole pixels where an operation crops.
+// Coordinates: bottom-left origin, y up. Pixels: premultiplied, sRGB-encoded values, so every blend and
+// filter works on encoded values unless it says otherwise. Outside its extent an image is transparent black.
+// Extents may be infinite and are rounded outward to whole pixels where an operation crops.
 #pragma once
 
 #include "TavixPlatform/Imaging/Bitmap.h"
@@ -12,6 +12,8 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace tavix::imaging {
 
@@ -53,7 +55,8 @@ public:
 
     // Sources.
     static Image solid(const Color& color);   // infinite
-    static Image bitmap(BitmapRef pixels, Point origin = {});   // `origin`: where its bottom-left corner stands
+    static Image bitmap(
+        BitmapRef pixels, Point origin = {});   // `origin`: where its bottom-left corner stands
     // From one colour at p0 to another at p1, along the line between them, eased by 3t² - 2t³; infinite.
     static Image smoothLinearGradient(Point p0, const Color& color0, Point p1, const Color& color1);
     // An antialiased rounded rectangle; the radius is limited to half the smaller side.
@@ -67,19 +70,23 @@ public:
     // Geometry.
     Image cropped(const Rect& rect) const;
     Image clampedToExtent() const;   // edge pixels continue for ever; an empty image stays empty
-    Image transformed(const Affine& transform) const;   // bilinear over a prefiltered source, edges antialiased
+    Image transformed(
+        const Affine& transform) const;   // bilinear over a prefiltered source, edges antialiased
     Image translated(double dx, double dy) const { return transformed(Affine::translation(dx, dy)); }
     // Maps the extent onto a rectangle with a wide cubic filter: for scaling once, at its best.
     Image placedInto(const Rect& target) const;
     Image tiled() const;   // repeats the extent over the plane
 
     // Combination.
-    Image over(const Image& background) const;      // source-over
-    Image adding(const Image& other) const;         // per channel, limited to 1
-    // Where the mask's luminance (premultiplied, so clear is 0) is 1 this image shows, where 0 the background.
+    Image over(const Image& background) const;                     // source-over
+    static Image stacked(const std::vector<Image>& bottomToTop);   // the same for many, as one flat node
+    Image adding(const Image& other) const;                        // per channel, limited to 1
+    // Where the mask's luminance (premultiplied, so clear is 0) is 1 this image shows, where 0 the
+    // background.
     Image blendedWithMask(const Image& background, const Image& mask) const;
     // `from` and `to` looked up through a warp; both are continued past `extent` by their edge pixels.
-    static Image warped(const Image& from, const Image& to, std::shared_ptr<const Warp> warp, const Rect& extent);
+    static Image warped(
+        const Image& from, const Image& to, std::shared_ptr<const Warp> warp, const Rect& extent);
 
     // Colour, per pixel, on straight colour.
     Image withColorMatrix(const ColorMatrix& matrix) const;
@@ -90,7 +97,8 @@ public:
     Image withVignette(double intensity, double radius) const;           // about the middle of the extent
 
     // Neighbourhood.
-    Image gaussianBlurred(double sigmaPx) const;   // sigma is the standard deviation; grows the extent by 3 sigma
+    Image gaussianBlurred(
+        double sigmaPx) const;   // sigma is the standard deviation; grows the extent by 3 sigma
     Image bloomed(double intensity, double sigmaPx) const;
     Image pixellated(Point center, double scalePx) const;   // squares of that side, averaged
 

@@ -1,4 +1,5 @@
-// Vectors of pixels as 16-bit channels, shared by the families of 8-bit kernels. Included once per instruction set.
+// Vectors of pixels as 16-bit channels, shared by the families of 8-bit kernels. Included once per
+// instruction set.
 #if defined(TAVIX_IMAGING_CHANNELS_INL) == defined(HWY_TARGET_TOGGLE)
 #ifdef TAVIX_IMAGING_CHANNELS_INL
 #undef TAVIX_IMAGING_CHANNELS_INL
@@ -66,7 +67,8 @@ HWY_INLINE void forRow(std::uint32_t* dst, const std::uint32_t* src, std::size_t
     const Words w;
     const std::size_t lanes = hn::Lanes(w);
     std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes) hn::StoreU(step(hn::LoadU(w, dst + i), hn::LoadU(w, src + i)), w, dst + i);
+    for (; i + lanes <= count; i += lanes)
+        hn::StoreU(step(hn::LoadU(w, dst + i), hn::LoadU(w, src + i)), w, dst + i);
     if (i == count) return;
     std::uint32_t d[mostLanes] = {}, s[mostLanes] = {};
     std::memcpy(d, dst + i, (count - i) * 4);

@@ -25,21 +25,25 @@ struct Pixels {
 HWY_INLINE FloatVector constant(float value) { return hn::Set(Floats(), value); }
 
 // Products and sums stay apart, so that every instruction set rounds alike.
-HWY_INLINE FloatVector plusProduct(FloatVector sum, FloatVector a, FloatVector b) { return hn::Add(sum, hn::Mul(a, b)); }
-HWY_INLINE FloatVector mixed(FloatVector a, FloatVector b, FloatVector t) { return plusProduct(a, hn::Sub(b, a), t); }
-HWY_INLINE FloatVector unit(FloatVector v) {
-    return hn::Min(hn::Max(v, hn::Zero(Floats())), constant(1));
+HWY_INLINE FloatVector plusProduct(FloatVector sum, FloatVector a, FloatVector b) {
+    return hn::Add(sum, hn::Mul(a, b));
 }
+HWY_INLINE FloatVector mixed(FloatVector a, FloatVector b, FloatVector t) {
+    return plusProduct(a, hn::Sub(b, a), t);
+}
+HWY_INLINE FloatVector unit(FloatVector v) { return hn::Min(hn::Max(v, hn::Zero(Floats())), constant(1)); }
 
 // ITU-R BT.709 luma.
 HWY_INLINE FloatVector luma(const Pixels& p) {
-    return plusProduct(plusProduct(hn::Mul(p.r, constant(0.2126f)), p.g, constant(0.7152f)), p.b, constant(0.0722f));
+    return plusProduct(
+        plusProduct(hn::Mul(p.r, constant(0.2126f)), p.g, constant(0.7152f)), p.b, constant(0.0722f));
 }
 
 // Straight colour; black where there is no alpha.
 HWY_INLINE Pixels straight(const Pixels& p) {
     const auto isClear = hn::Le(p.a, hn::Zero(Floats()));
-    const FloatVector inverse = hn::IfThenZeroElse(isClear, hn::Div(constant(1), hn::IfThenElse(isClear, constant(1), p.a)));
+    const FloatVector inverse =
+        hn::IfThenZeroElse(isClear, hn::Div(constant(1), hn::IfThenElse(isClear, constant(1), p.a)));
     return {hn::Mul(p.b, inverse), hn::Mul(p.g, inverse), hn::Mul(p.r, inverse), p.a};
 }
 HWY_INLINE Pixels premultiplied(const Pixels& p) {
@@ -50,7 +54,8 @@ template <class Step> HWY_INLINE void forPixels(FloatRow row, std::size_t count,
     const Floats d;
     for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
         const Pixels p = step(Pixels{hn::LoadU(d, row.plane[0] + i), hn::LoadU(d, row.plane[1] + i),
-                                  hn::LoadU(d, row.plane[2] + i), hn::LoadU(d, row.plane[3] + i)}, i);
+                                  hn::LoadU(d, row.plane[2] + i), hn::LoadU(d, row.plane[3] + i)},
+            i);
         hn::StoreU(p.b, d, row.plane[0] + i);
         hn::StoreU(p.g, d, row.plane[1] + i);
         hn::StoreU(p.r, d, row.plane[2] + i);
@@ -100,12 +105,13 @@ void pack(std::uint32_t* dst, FloatRow src, const float* dither, std::size_t cou
     for (std::size_t i = 0; i < count; i += lanes) {
         const Pixels p = loadAt(src, i);
         const FloatVector a = unit(p.a), zero = hn::Zero(d);
-        const FloatVector offset = dither ? hn::Add(hn::LoadU(d, dither + i), constant(0.5f)) : constant(0.5f);
+        const FloatVector offset =
+            dither ? hn::Add(hn::LoadU(d, dither + i), constant(0.5f)) : constant(0.5f);
         std::uint32_t tail[16];
         std::uint32_t* to = count - i < lanes ? tail : dst + i;
-        hn::StoreInterleaved4(toBytes(hn::Min(hn::Max(p.b, zero), a), offset), toBytes(hn::Min(hn::Max(p.g, zero), a), offset),
-            toBytes(hn::Min(hn::Max(p.r, zero), a), offset), toBytes(a, offset), bytes,
-            reinterpret_cast<std::uint8_t*>(to));
+        hn::StoreInterleaved4(toBytes(hn::Min(hn::Max(p.b, zero), a), offset),
+            toBytes(hn::Min(hn::Max(p.g, zero), a), offset), toBytes(hn::Min(hn::Max(p.r, zero), a), offset),
+            toBytes(a, offset), bytes, reinterpret_cast<std::uint8_t*>(to));
         if (to == tail) std::memcpy(dst + i, tail, (count - i) * 4);
     }
 }
@@ -134,14 +140,16 @@ void scaleAll(FloatRow row, float factor, std::size_t count) {
 }
 
 HWY_INLINE FloatVector weighed(const Pixels& p, const float weights[4]) {
-    return plusProduct(plusProduct(plusProduct(hn::Mul(p.r, constant(weights[0])), p.g, constant(weights[1])), p.b,
-                           constant(weights[2])), p.a, constant(weights[3]));
+    return plusProduct(plusProduct(plusProduct(hn::Mul(p.r, constant(weights[0])), p.g, constant(weights[1])),
+                           p.b, constant(weights[2])),
+        p.a, constant(weights[3]));
 }
 
 void colorMatrix(FloatRow row, const MatrixRows& matrix, std::size_t count) {
     forPixels(row, count, [&](const Pixels& p, std::size_t) HWY_ATTR {
         const Pixels s = straight(p);
-        return premultiplied({weighed(s, matrix.b), weighed(s, matrix.g), weighed(s, matrix.r), unit(weighed(s, matrix.a))});
+        return premultiplied(
+            {weighed(s, matrix.b), weighed(s, matrix.g), weighed(s, matrix.r), unit(weighed(s, matrix.a))});
     });
 }
 
@@ -159,10 +167,12 @@ void colorControls(FloatRow row, const ControlValues& values, std::size_t count)
 }
 
 void monochrome(FloatRow row, const float color[3], float intensity, std::size_t count) {
-    const FloatVector r = constant(color[0]), g = constant(color[1]), b = constant(color[2]), t = constant(intensity);
+    const FloatVector r = constant(color[0]), g = constant(color[1]), b = constant(color[2]),
+                      t = constant(intensity);
     forPixels(row, count, [&](const Pixels& p, std::size_t) HWY_ATTR {
         const FloatVector grey = luma(p);   // linear in the colour, so premultiplied values serve
-        return Pixels{mixed(p.b, hn::Mul(grey, b), t), mixed(p.g, hn::Mul(grey, g), t), mixed(p.r, hn::Mul(grey, r), t), p.a};
+        return Pixels{mixed(p.b, hn::Mul(grey, b), t), mixed(p.g, hn::Mul(grey, g), t),
+            mixed(p.r, hn::Mul(grey, r), t), p.a};
     });
 }
 
@@ -173,7 +183,8 @@ void falseColor(FloatRow row, const ColorPair& colors, std::size_t count) {
         const auto channel = [&](int c) HWY_ATTR {
             return hn::Mul(p.a, mixed(constant(dark[c] * dark[3]), constant(light[c] * light[3]), t));
         };
-        return Pixels{channel(2), channel(1), channel(0), hn::Mul(p.a, mixed(constant(dark[3]), constant(light[3]), t))};
+        return Pixels{channel(2), channel(1), channel(0),
+            hn::Mul(p.a, mixed(constant(dark[3]), constant(light[3]), t))};
     });
 }
 

@@ -72,8 +72,9 @@ void luminance(std::uint32_t* dst, const std::uint32_t* src, std::size_t count) 
         const WordVector byte = hn::Set(w, 0xFFu);
         const WordVector b = hn::And(s, byte), g = hn::And(hn::ShiftRight<8>(s), byte),
                          r = hn::And(hn::ShiftRight<16>(s), byte);
-        const WordVector total = hn::Add(hn::Add(hn::Mul(r, hn::Set(w, 13933u)), hn::Mul(g, hn::Set(w, 46871u))),
-            hn::Add(hn::Mul(b, hn::Set(w, 4732u)), hn::Set(w, 32768u)));
+        const WordVector total =
+            hn::Add(hn::Add(hn::Mul(r, hn::Set(w, 13933u)), hn::Mul(g, hn::Set(w, 46871u))),
+                hn::Add(hn::Mul(b, hn::Set(w, 4732u)), hn::Set(w, 32768u)));
         return hn::ShiftRight<16>(total);
     });
 }

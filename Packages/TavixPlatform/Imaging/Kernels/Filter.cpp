@@ -81,7 +81,8 @@ void halve(float* dst, const float* src, std::size_t count) {
     }
 }
 
-void interpolate(float* dst, const float* src, const float (*weights)[4], int phases, int first, std::size_t count) {
+void interpolate(
+    float* dst, const float* src, const float (*weights)[4], int phases, int first, std::size_t count) {
     const OnePixel d;
     int phase = first % phases;
     const float* s = src + first / phases * 4;
@@ -99,6 +100,18 @@ void interpolate(float* dst, const float* src, const float (*weights)[4], int ph
     }
 }
 
+void resample(
+    float* dst, const float* src, const int* first, const float* weights, int taps, std::size_t count) {
+    const OnePixel d;
+    for (std::size_t i = 0; i < count; ++i, weights += taps) {
+        const float* s = src + std::ptrdiff_t(first[i]) * 4;
+        PixelVector sum = hn::Zero(d);
+        for (int t = 0; t < taps; ++t)
+            sum = hn::Add(sum, hn::Mul(hn::LoadU(d, s + t * 4), hn::Set(d, weights[t])));
+        hn::StoreU(sum, d, dst + i * 4);
+    }
+}
+
 void fillFilter(Kernels& table) {
     table.expand = expand;
     table.packInterleaved = packInterleaved;
@@ -106,6 +119,7 @@ void fillFilter(Kernels& table) {
     table.weightedSum = weightedSum;
     table.halve = halve;
     table.interpolate = interpolate;
+    table.resample = resample;
 }
 
 }   // namespace tavix::imaging::HWY_NAMESPACE

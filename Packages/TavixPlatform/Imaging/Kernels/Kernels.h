@@ -1,11 +1,11 @@
 // The inner loops: rows in, rows out. They know counts and numbers, never nodes, rectangles or files. Each is
 // compiled for several instruction sets and picked once; all of them give the same bits.
 //
-// Rows of float pixels belong to scratch memory: they hold room for a whole number of 64-byte vectors, and kernels
-// may write up to there. Rows of 8-bit pixels are written exactly.
+// Rows of float pixels belong to scratch memory: they hold room for a whole number of 64-byte vectors, and
+// kernels may write up to there. Rows of 8-bit pixels are written exactly.
 //
-// An 8-bit pixel is a word: blue in the lowest byte, then green, red, alpha; premultiplied. A row of float pixels
-// is planar. Eight-bit products are divided by 255 with rounding to nearest.
+// An 8-bit pixel is a word: blue in the lowest byte, then green, red, alpha; premultiplied. A row of float
+// pixels is planar. Eight-bit products are divided by 255 with rounding to nearest.
 #pragma once
 
 #include <cstddef>
@@ -18,8 +18,8 @@ struct FloatRow {
     float* plane[4];
 };
 
-// Where bilinear samples of a row lie in a source: sample i stands at (u0 + i du, v0 + i dv), in pixels of the
-// source with its first row at v = 0, pixel centres at whole numbers. All in 32.32 fixed point.
+// Where bilinear samples of a row lie in a source: sample i stands at (u0 + i du, v0 + i dv), in pixels of
+// the source with its first row at v = 0, pixel centres at whole numbers. All in 32.32 fixed point.
 struct SampleLine {
     const std::uint8_t* pixels;
     std::ptrdiff_t strideBytes;
@@ -44,16 +44,22 @@ struct Kernels {
     void (*overSolid)(std::uint32_t* dst, std::uint32_t color, std::size_t count);
     void (*fade)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count, unsigned opacity);
     void (*add)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);   // limited to 255
-    // dst = `to` where the weight is 255, `from` where it is 0. Weights are words, as `luminance` leaves them.
-    void (*mix)(std::uint32_t* dst, const std::uint32_t* from, const std::uint32_t* to, const std::uint32_t* weight,
-        std::size_t count);
+    // dst = `to` where the weight is 255, `from` where it is 0. Weights are words, as `luminance` leaves
+    // them.
+    void (*mix)(std::uint32_t* dst, const std::uint32_t* from, const std::uint32_t* to,
+        const std::uint32_t* weight, std::size_t count);
     void (*luminance)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);
-    // Samples number first ... first + count - 1 of the line, edge pixels continued. Sample positions do not depend
-    // on where a call begins.
+    // Samples number first ... first + count - 1 of the line, edge pixels continued. Sample positions do not
+    // depend on where a call begins.
     void (*sample)(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std::size_t count);
 
+    // Samples at the positions (u[i], v[i]), as above but each on its own.
+    void (*sampleAt)(
+        std::uint32_t* dst, const SampleLine& source, const float* u, const float* v, std::size_t count);
+
     void (*unpack)(FloatRow dst, const std::uint32_t* src, std::size_t count);
-    // Rounds to bytes, limiting colour to 0 ... alpha. `dither` is added before rounding, in steps of a byte; none: 0.
+    // Rounds to bytes, limiting colour to 0 ... alpha. `dither` is added before rounding, in steps of a byte;
+    // none: 0.
     void (*pack)(std::uint32_t* dst, FloatRow src, const float* dither, std::size_t count);
     void (*overFloat)(FloatRow dst, FloatRow src, std::size_t count);
     void (*gain)(FloatRow row, const float* perPixel, std::size_t count);   // every channel but alpha
@@ -69,12 +75,18 @@ struct Kernels {
     void (*packInterleaved)(std::uint32_t* dst, const float* src, const float* dither, std::size_t count);
     void (*deinterleave)(FloatRow dst, const float* src, std::size_t count);
     // dst[i] = sum over t of weights[t] * rows[t][i], for `count` floats.
-    void (*weightedSum)(float* dst, const float* const* rows, const float* weights, int taps, std::size_t count);
+    void (*weightedSum)(
+        float* dst, const float* const* rows, const float* weights, int taps, std::size_t count);
     // dst pixel i = (src[2i] + 3 src[2i + 1] + 3 src[2i + 2] + src[2i + 3]) / 8.
     void (*halve)(float* dst, const float* src, std::size_t count);
-    // dst pixel i = sum over t < 4 of weights[phase][t] * src[base + t], where base and phase are the quotient and
-    // the remainder of (first + i) by `phases`.
-    void (*interpolate)(float* dst, const float* src, const float (*weights)[4], int phases, int first, std::size_t count);
+    // dst pixel i = sum over t < 4 of weights[phase][t] * src[base + t], where base and phase are the
+    // quotient and the remainder of (first + i) by `phases`.
+    void (*interpolate)(
+        float* dst, const float* src, const float (*weights)[4], int phases, int first, std::size_t count);
+
+    // dst pixel i = sum over t < taps of weights[i * taps + t] * src[first[i] + t].
+    void (*resample)(
+        float* dst, const float* src, const int* first, const float* weights, int taps, std::size_t count);
 
     // A pair of rows to 4:2:0, BT.709 limited. `count` is even; pixel -1 of both rows is read when `hasLeft`.
     void (*toYuv420)(std::uint8_t* luma0, std::uint8_t* luma1, std::uint8_t* cb, std::uint8_t* cr,

@@ -23,28 +23,31 @@ constexpr std::size_t padPixels = 64;
 
 // Weights in 1/65536 for values in 1/256 of a byte step: ITU-R BT.709-6 matrix, limited range (luma spans 219
 // steps of the 255 of a byte, chroma 224).
-constexpr std::uint16_t lumaR = 11966, lumaG = 40254, lumaB = 4064;       // 219/255 (0.2126, 0.7152, 0.0722)
-constexpr std::uint16_t cbR = 6596, cbG = 22189, cbB = 28784;             // 224/255 (-0.11457, -0.38543, 0.5)
-constexpr std::uint16_t crR = 28784, crG = 26145, crB = 2640;             // 224/255 (0.5, -0.45415, -0.04585)
+constexpr std::uint16_t lumaR = 11966, lumaG = 40254, lumaB = 4064;   // 219/255 (0.2126, 0.7152, 0.0722)
+constexpr std::uint16_t cbR = 6596, cbG = 22189, cbB = 28784;         // 224/255 (-0.11457, -0.38543, 0.5)
+constexpr std::uint16_t crR = 28784, crG = 26145, crB = 2640;         // 224/255 (0.5, -0.45415, -0.04585)
 
 HWY_INLINE HalfVector weigh(HalfVector value, std::uint16_t weight) {
     return hn::MulHigh(value, hn::Set(Halves(), weight));
 }
 
 struct Sums {   // red, green, blue of two rows added, with one pixel before the first
-    HWY_ALIGN std::uint16_t r[chunkPixels + padPixels], g[chunkPixels + padPixels], b[chunkPixels + padPixels];
+    HWY_ALIGN std::uint16_t r[chunkPixels + padPixels], g[chunkPixels + padPixels],
+        b[chunkPixels + padPixels];
 };
 
 // Luma of one row; its colours are stored to, or added to, the sums.
-HWY_INLINE void lumaRow(std::uint8_t* luma, const std::uint32_t* row, Sums& sums, bool isSecond, std::size_t count) {
+HWY_INLINE void lumaRow(
+    std::uint8_t* luma, const std::uint32_t* row, Sums& sums, bool isSecond, std::size_t count) {
     const Halves d;
     const HalfBytes bytes;
     for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
         hn::Vec<HalfBytes> b8, g8, r8, a8;
         hn::LoadInterleaved4(bytes, reinterpret_cast<const std::uint8_t*>(row + i), b8, g8, r8, a8);
         HalfVector b = hn::PromoteTo(d, b8), g = hn::PromoteTo(d, g8), r = hn::PromoteTo(d, r8);
-        const HalfVector y = hn::Add(hn::Add(weigh(hn::ShiftLeft<8>(r), lumaR), weigh(hn::ShiftLeft<8>(g), lumaG)),
-            hn::Add(weigh(hn::ShiftLeft<8>(b), lumaB), hn::Set(d, std::uint16_t(16 * 256 + 128))));
+        const HalfVector y =
+            hn::Add(hn::Add(weigh(hn::ShiftLeft<8>(r), lumaR), weigh(hn::ShiftLeft<8>(g), lumaG)),
+                hn::Add(weigh(hn::ShiftLeft<8>(b), lumaB), hn::Set(d, std::uint16_t(16 * 256 + 128))));
         hn::StoreU(hn::TruncateTo(bytes, hn::ShiftRight<8>(y)), bytes, luma + i);
         if (isSecond) {
             r = hn::Add(r, hn::LoadU(d, sums.r + 1 + i));
@@ -71,7 +74,8 @@ HWY_INLINE void chromaRow(std::uint8_t* cb, std::uint8_t* cr, const Sums& sums, 
     const HalfVector middle = hn::Set(d, std::uint16_t(128 * 256 + 128));
     for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
         const HalfVector r = aboutEven(sums.r, i), g = aboutEven(sums.g, i), b = aboutEven(sums.b, i);
-        const HalfVector blue = hn::Sub(hn::Add(middle, weigh(b, cbB)), hn::Add(weigh(r, cbR), weigh(g, cbG)));
+        const HalfVector blue =
+            hn::Sub(hn::Add(middle, weigh(b, cbB)), hn::Add(weigh(r, cbR), weigh(g, cbG)));
         const HalfVector red = hn::Sub(hn::Add(middle, weigh(r, crR)), hn::Add(weigh(g, crG), weigh(b, crB)));
         hn::StoreU(hn::TruncateTo(bytes, hn::ShiftRight<8>(blue)), bytes, cb + i);
         hn::StoreU(hn::TruncateTo(bytes, hn::ShiftRight<8>(red)), bytes, cr + i);
@@ -86,8 +90,8 @@ HWY_INLINE void setBefore(Sums& sums, const std::uint32_t* row0, const std::uint
     sums.r[0] = pair(16);
 }
 
-void toYuv420(std::uint8_t* luma0, std::uint8_t* luma1, std::uint8_t* cb, std::uint8_t* cr, const std::uint32_t* row0,
-    const std::uint32_t* row1, bool hasLeft, std::size_t count) {
+void toYuv420(std::uint8_t* luma0, std::uint8_t* luma1, std::uint8_t* cb, std::uint8_t* cr,
+    const std::uint32_t* row0, const std::uint32_t* row1, bool hasLeft, std::size_t count) {
     Sums sums;
     std::uint32_t pixels[2][chunkPixels + padPixels];
     std::uint8_t luma[2][chunkPixels + padPixels], chroma[2][chunkPixels + padPixels];

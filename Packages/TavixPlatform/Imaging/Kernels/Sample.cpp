@@ -14,7 +14,8 @@ namespace tavix::imaging::HWY_NAMESPACE {
 using Integers = hn::RebindToSigned<Words>;
 using IntegerVector = hn::Vec<Integers>;
 
-// Positions are rounded to 1/65536 pixel per block of 16 samples that starts at a multiple of 16, from exact sums.
+// Positions are rounded to 1/65536 pixel per block of 16 samples that starts at a multiple of 16, from exact
+// sums.
 constexpr std::size_t blockSamples = 16;
 
 // Channels in the upper bytes of their halves: 0 to 65280.
@@ -41,33 +42,58 @@ HWY_INLINE HalfVector fractions(IntegerVector position) {
     return hn::BitCast(Halves(), hn::Or(f, hn::ShiftLeft<16>(f)));
 }
 
-HWY_INLINE WordVector bilinear(WordVector p00, WordVector p01, WordVector p10, WordVector p11, HalfVector fx,
-    HalfVector fy) {
+HWY_INLINE WordVector bilinear(
+    WordVector p00, WordVector p01, WordVector p10, WordVector p11, HalfVector fx, HalfVector fy) {
     return rounded(blend(blend(raised(p00), raised(p01), fx), blend(raised(p10), raised(p11), fx), fy));
 }
 
 struct Block {
-    std::int32_t u, v;                                    // 16.16 at the block's first sample
+    std::int32_t u, v;                                           // 16.16 at the block's first sample
     HWY_ALIGN std::int32_t du[blockSamples], dv[blockSamples];   // from there
 };
 
+HWY_INLINE WordVector gathered(const SampleLine& line, IntegerVector u, IntegerVector v) {
+    const Integers d;
+    const Words w;
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(line.pixels);
+    const IntegerVector lastX = hn::Set(d, line.width - 1), lastY = hn::Set(d, line.height - 1),
+                        zero = hn::Zero(d), one = hn::Set(d, 1),
+                        stride = hn::Set(d, std::int32_t(line.strideBytes / 4));
+    const IntegerVector x = hn::ShiftRight<16>(u), y = hn::ShiftRight<16>(v);
+    const IntegerVector x0 = hn::Min(hn::Max(x, zero), lastX),
+                        x1 = hn::Min(hn::Max(hn::Add(x, one), zero), lastX);
+    const IntegerVector row0 = hn::Mul(hn::Min(hn::Max(y, zero), lastY), stride),
+                        row1 = hn::Mul(hn::Min(hn::Max(hn::Add(y, one), zero), lastY), stride);
+    return bilinear(hn::GatherIndex(w, pixels, hn::Add(row0, x0)),
+        hn::GatherIndex(w, pixels, hn::Add(row0, x1)), hn::GatherIndex(w, pixels, hn::Add(row1, x0)),
+        hn::GatherIndex(w, pixels, hn::Add(row1, x1)), fractions(u), fractions(v));
+}
+
 HWY_INLINE void gatherBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
     const Integers d;
-    const auto* pixels = reinterpret_cast<const std::uint32_t*>(line.pixels);
-    const IntegerVector lastX = hn::Set(d, line.width - 1), lastY = hn::Set(d, line.height - 1), zero = hn::Zero(d),
-                        one = hn::Set(d, 1), stride = hn::Set(d, std::int32_t(line.strideBytes / 4));
-    for (std::size_t i = 0; i < blockSamples; i += hn::Lanes(d)) {
-        const IntegerVector u = hn::Add(hn::Set(d, block.u), hn::Load(d, block.du + i));
-        const IntegerVector v = hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i));
-        const IntegerVector x = hn::ShiftRight<16>(u), y = hn::ShiftRight<16>(v);
-        const IntegerVector x0 = hn::Min(hn::Max(x, zero), lastX), x1 = hn::Min(hn::Max(hn::Add(x, one), zero), lastX);
-        const IntegerVector row0 = hn::Mul(hn::Min(hn::Max(y, zero), lastY), stride),
-                            row1 = hn::Mul(hn::Min(hn::Max(hn::Add(y, one), zero), lastY), stride);
-        const Words w;
-        hn::StoreU(bilinear(hn::GatherIndex(w, pixels, hn::Add(row0, x0)), hn::GatherIndex(w, pixels, hn::Add(row0, x1)),
-                       hn::GatherIndex(w, pixels, hn::Add(row1, x0)), hn::GatherIndex(w, pixels, hn::Add(row1, x1)),
-                       fractions(u), fractions(v)),
-            w, dst + i);
+    for (std::size_t i = 0; i < blockSamples; i += hn::Lanes(d))
+        hn::StoreU(gathered(line, hn::Add(hn::Set(d, block.u), hn::Load(d, block.du + i)),
+                       hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i))),
+            Words(), dst + i);
+}
+
+void sampleAt(
+    std::uint32_t* dst, const SampleLine& source, const float* u, const float* v, std::size_t count) {
+    const hn::RebindToFloat<Words> f;
+    const Integers d;
+    const auto fixed = [&](const float* at, int size) HWY_ATTR {
+        const auto inside = hn::Min(hn::Max(hn::LoadU(f, at), hn::Set(f, -1.0f)), hn::Set(f, float(size)));
+        return hn::ConvertTo(d, hn::Mul(inside, hn::Set(f, 65536.0f)));
+    };
+    for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
+        const WordVector pixels = gathered(source, fixed(u + i, source.width), fixed(v + i, source.height));
+        if (i + hn::Lanes(d) <= count) {
+            hn::StoreU(pixels, Words(), dst + i);
+            continue;
+        }
+        std::uint32_t tail[mostLanes];
+        hn::StoreU(pixels, Words(), tail);
+        std::memcpy(dst + i, tail, (count - i) * 4);
     }
 }
 
@@ -78,7 +104,8 @@ HWY_INLINE void slideBlock(std::uint32_t* dst, const SampleLine& line, const Blo
     const int x = block.u >> 16, y = block.v >> 16;
     const auto row = [&](int at) HWY_ATTR {
         return reinterpret_cast<const std::uint32_t*>(
-                   line.pixels + std::clamp(at, 0, line.height - 1) * line.strideBytes) + x;
+                   line.pixels + std::clamp(at, 0, line.height - 1) * line.strideBytes) +
+               x;
     };
     const std::uint32_t *row0 = row(y), *row1 = row(y + 1);
     const HalfVector fx = fractions(hn::Set(d, block.u)), fy = fractions(hn::Set(d, block.v));
@@ -103,15 +130,20 @@ void sample(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std:
         std::uint32_t partial[blockSamples];
         std::uint32_t* out = isWhole ? dst + (at - first) : partial;
         const int x = block.u >> 16;
-        if (slides && x >= 0 && x + int(blockSamples) < line.width) slideBlock(out, line, block);
-        else gatherBlock(out, line, block);
+        if (slides && x >= 0 && x + int(blockSamples) < line.width)
+            slideBlock(out, line, block);
+        else
+            gatherBlock(out, line, block);
         if (isWhole) continue;
         const std::int64_t from = std::max(at, first), to = std::min(at + size, end);
         std::memcpy(dst + (from - first), partial + (from - at), std::size_t(to - from) * 4);
     }
 }
 
-void fillSample(Kernels& table) { table.sample = sample; }
+void fillSample(Kernels& table) {
+    table.sample = sample;
+    table.sampleAt = sampleAt;
+}
 
 }   // namespace tavix::imaging::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();

@@ -1,0 +1,76 @@
+#include "TavixPlatform/Imaging/BytePool.h"
+
+#include <new>
+
+namespace tavix::imaging {
+
+namespace {
+
+constexpr std::align_val_t alignment{64};
+// Room behind the last pixel, so that kernels may read a whole vector there.
+constexpr std::size_t slackBytes = 256;
+
+std::uint8_t* allocate(std::size_t capacity) {
+    return static_cast<std::uint8_t*>(::operator new[](capacity + slackBytes, alignment));
+}
+void release(std::uint8_t* bytes) { ::operator delete[](bytes, alignment); }
+
+}   // namespace
+
+void PooledBytesDeleter::operator()(std::uint8_t* bytes) const {
+    if (pool)
+        pool->giveBack({bytes, capacity});
+    else
+        release(bytes);
+}
+
+BytePool::~BytePool() {
+    for (const Block& block : idle_) release(block.bytes);
+}
+
+std::size_t BytePool::allocationCount() const {
+    const std::lock_guard lock(mutex_);
+    return allocationCount_;
+}
+
+BytePool::Block BytePool::take(std::size_t count) {
+    {
+        const std::lock_guard lock(mutex_);
+        std::size_t best = idle_.size();
+        for (std::size_t i = 0; i < idle_.size(); ++i) {
+            const bool fits = idle_[i].capacity >= count && idle_[i].capacity / 2 <= count;
+            if (fits && (best == idle_.size() || idle_[i].capacity < idle_[best].capacity)) best = i;
+        }
+        if (best < idle_.size()) {
+            const Block block = idle_[best];
+            idle_.erase(idle_.begin() + std::ptrdiff_t(best));
+            idleBytes_ -= block.capacity;
+            return block;
+        }
+        ++allocationCount_;
+    }
+    return {allocate(count), count};
+}
+
+void BytePool::giveBack(Block block) {
+    std::vector<Block> surplus;
+    {
+        const std::lock_guard lock(mutex_);
+        idle_.push_back(block);
+        idleBytes_ += block.capacity;
+        while (idleBytes_ > mostIdleBytes_ && !idle_.empty()) {   // the longest idle goes first
+            surplus.push_back(idle_.front());
+            idleBytes_ -= idle_.front().capacity;
+            idle_.erase(idle_.begin());
+        }
+    }
+    for (const Block& b : surplus) release(b.bytes);
+}
+
+PooledBytes takeBytes(std::size_t count, const std::shared_ptr<BytePool>& pool) {
+    if (!pool) return {allocate(count), PooledBytesDeleter{nullptr, count}};
+    const BytePool::Block block = pool->take(count);
+    return {block.bytes, PooledBytesDeleter{pool, block.capacity}};
+}
+
+}   // namespace tavix::imaging

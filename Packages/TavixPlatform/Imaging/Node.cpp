@@ -1,0 +1,41 @@
+#include "TavixPlatform/Imaging/Node.h"
+
+namespace tavix::imaging {
+
+Drawable::Drawable(NodeRef node) : node_(std::move(node)) {}
+Drawable::~Drawable() = default;
+
+void Drawable::drawOver(const Tile& tile, unsigned opacity, Scratch& scratch) const {
+    const PixelRegion part = intersection(tile.region, node_->support());
+    if (part.isEmpty() || opacity == 0) return;
+    if (opacity == 255 && node_->isOpaque(part)) {
+        draw(tile.part(part), scratch);
+        return;
+    }
+    const Scratch::Mark mark(scratch);
+    const Tile own = scratch.tile(part);
+    draw(own, scratch);
+    for (int y = part.y0; y < part.y1; ++y)
+        kernels().over(tile.at(part.x0, y), own.row(y), own.width(), opacity);
+}
+
+void Drawable::drawFloat(const FloatTile& tile, Scratch& scratch) const {
+    const Scratch::Mark mark(scratch);
+    const Tile bytes = scratch.tile(tile.region);
+    draw(bytes, scratch);
+    for (int y = tile.region.y0; y < tile.region.y1; ++y)
+        kernels().unpack(tile.row(y), bytes.row(y), tile.width());
+}
+
+void FloatDrawable::draw(const Tile& tile, Scratch& scratch) const {
+    const Scratch::Mark mark(scratch);
+    const FloatTile values = scratch.floatTile(tile.region);
+    drawFloat(values, scratch);
+    float* dither = isDithered() ? scratch.take<float>(tile.width() + 16) : nullptr;
+    for (int y = tile.region.y0; y < tile.region.y1; ++y) {
+        if (dither) fillDither(dither, tile.region.x0, y, (tile.width() + 15) / 16 * 16);
+        kernels().pack(tile.row(y), values.row(y), dither, tile.width());
+    }
+}
+
+}   // namespace tavix::imaging

@@ -1,0 +1,176 @@
+// Nodes that say where a picture is seen: cut, continued past its edges, repeated.
+#include "TavixPlatform/Imaging/Nodes/Nodes.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace tavix::imaging {
+
+namespace {
+
+class CroppedNode final : public Node {
+public:
+    CroppedNode(const NodeRef& in, const Rect& extent)
+        : Node(extent, in->support(), hashOf(NodeKind::cropped).add(in->hash()).add(extent).value()),
+          input(in) {}
+    bool isOpaque(const PixelRegion& region) const override {
+        return support().contains(region) && input->isOpaque(region);
+    }
+    std::uint64_t contribution(const PixelRegion& region) const override {
+        const PixelRegion part = intersection(region, support());
+        if (part.isEmpty()) return 0;
+        const std::uint64_t below = input->contribution(part);
+        return below == 0 ? 0 : part == region ? below : Hash(below).add(support()).value();
+    }
+    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    const NodeRef input;
+};
+
+class CroppedDrawable final : public Drawable {
+public:
+    CroppedDrawable(const NodeRef& node, DrawableRef input) : Drawable(node), input_(std::move(input)) {}
+    void draw(const Tile& tile, Scratch& scratch) const override {
+        const PixelRegion part = intersection(tile.region, node().support());
+        if (part != tile.region) clear(tile);
+        if (!part.isEmpty()) input_->draw(tile.part(part), scratch);
+    }
+    void drawOver(const Tile& tile, unsigned opacity, Scratch& scratch) const override {
+        const PixelRegion part = intersection(tile.region, node().support());
+        if (!part.isEmpty()) input_->drawOver(tile.part(part), opacity, scratch);
+    }
+    void drawFloat(const FloatTile& tile, Scratch& scratch) const override {
+        if (node().support().contains(tile.region))
+            input_->drawFloat(tile, scratch);
+        else
+            Drawable::drawFloat(tile, scratch);
+    }
+
+private:
+    DrawableRef input_;
+};
+
+DrawableRef CroppedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<CroppedDrawable>(self, workshop.prepare(input, wanted));
+}
+
+// The part of an edge that a region outside it looks at.
+PixelRegion nearest(const PixelRegion& region, const PixelRegion& edge) {
+    const auto low = [](int v, int from, int to) { return std::clamp(v, from, to - 1); };
+    return {low(region.x0, edge.x0, edge.x1), low(region.y0, edge.y0, edge.y1),
+        low(region.x1 - 1, edge.x0, edge.x1) + 1, low(region.y1 - 1, edge.y0, edge.y1) + 1};
+}
+
+class ContinuedNode final : public Node {
+public:
+    explicit ContinuedNode(const NodeRef& in)
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
+              hashOf(NodeKind::continued).add(in->hash()).value()),
+          input(in), edge(pixelsCovering(in->extent())) {}
+    bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(nearest(region, edge)); }
+    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    const NodeRef input;
+    const PixelRegion edge;
+};
+
+class ContinuedDrawable final : public Drawable {
+public:
+    ContinuedDrawable(const NodeRef& node, const PixelRegion& edge, DrawableRef input)
+        : Drawable(node), edge_(edge), input_(std::move(input)) {}
+    void draw(const Tile& tile, Scratch& scratch) const override {
+        if (edge_.contains(tile.region)) return input_->draw(tile, scratch);
+        const Scratch::Mark mark(scratch);
+        const Tile inner = scratch.tile(nearest(tile.region, edge_));
+        input_->draw(inner, scratch);
+        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
+            const std::uint32_t* from = inner.row(std::clamp(y, inner.region.y0, inner.region.y1 - 1));
+            std::uint32_t* to = tile.row(y);
+            for (int x = tile.region.x0; x < tile.region.x1; ++x)
+                *to++ = from[std::clamp(x, inner.region.x0, inner.region.x1 - 1) - inner.region.x0];
+        }
+    }
+
+private:
+    PixelRegion edge_;
+    DrawableRef input_;
+};
+
+DrawableRef ContinuedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<ContinuedDrawable>(self, edge, workshop.prepare(input, nearest(wanted, edge)));
+}
+
+class TiledNode final : public Node {
+public:
+    explicit TiledNode(const NodeRef& in)
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
+              hashOf(NodeKind::tiled).add(in->hash()).value()),
+          input(in), cell(pixelsCovering(in->extent())) {}
+    bool isOpaque(const PixelRegion&) const override { return input->isOpaque(cell); }
+    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    const NodeRef input;
+    const PixelRegion cell;
+};
+
+class TiledDrawable final : public Drawable {
+public:
+    TiledDrawable(const NodeRef& node, const PixelRegion& cell, BitmapRef bitmap)
+        : Drawable(node), cell_(cell), bitmap_(std::move(bitmap)) {}
+    void draw(const Tile& tile, Scratch&) const override {
+        const auto wrap = [](int v, int size) { return ((v % size) + size) % size; };
+        const ConstBitmapView view = bitmap_->view();
+        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
+            const auto* from = reinterpret_cast<const std::uint32_t*>(
+                view.row(view.size.height - 1 - wrap(y - cell_.y0, cell_.height())));
+            std::uint32_t* to = tile.row(y);
+            for (int x = tile.region.x0; x < tile.region.x1;) {
+                const int at = wrap(x - cell_.x0, cell_.width());
+                const int run = std::min(cell_.width() - at, tile.region.x1 - x);
+                std::memcpy(to, from + at, std::size_t(run) * 4);
+                to += run;
+                x += run;
+            }
+        }
+    }
+
+private:
+    PixelRegion cell_;
+    BitmapRef bitmap_;
+};
+
+DrawableRef TiledNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion&) const {
+    auto bitmap =
+        std::make_shared<Bitmap>(Bitmap::uninitialised({cell.width(), cell.height()}, workshop.pool()));
+    workshop.drawInto(input, Tile::of(bitmap->view(), cell));
+    return std::make_shared<TiledDrawable>(self, cell, bitmap);
+}
+
+bool canRepeat(const NodeRef& input) {
+    const PixelRegion cell = pixelsCovering(input->extent());
+    return !cell.isEmpty() && cell.width() <= Bitmap::maxSidePx && cell.height() <= Bitmap::maxSidePx;
+}
+
+}   // namespace
+
+NodeRef makeCropped(const NodeRef& input, const Rect& rect) {
+    const Rect extent = intersection(input->extent(), pixelsCovering(rect).rect());
+    if (extent.isEmpty()) return emptyNode();
+    if (extent == input->extent()) return input;
+    if (const auto* inner = dynamic_cast<const CroppedNode*>(input.get()))
+        return makeCropped(inner->input, extent);
+    return std::make_shared<CroppedNode>(input, extent);
+}
+
+NodeRef makeContinued(const NodeRef& input) {
+    if (input->extent().isInfinite() || input->extent().isEmpty()) return input;
+    return std::make_shared<ContinuedNode>(input);
+}
+
+NodeRef makeTiled(const NodeRef& input) {
+    return canRepeat(input) ? std::make_shared<TiledNode>(input) : emptyNode();
+}
+
+const NodeRef* asContinued(const Node& node) {
+    const auto* continued = dynamic_cast<const ContinuedNode*>(&node);
+    return continued ? &continued->input : nullptr;
+}
+
+}   // namespace tavix::imaging

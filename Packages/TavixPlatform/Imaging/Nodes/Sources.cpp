@@ -1,0 +1,249 @@
+// Nodes without inputs.
+#include "TavixPlatform/Imaging/Nodes/Nodes.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+
+namespace tavix::imaging {
+
+namespace {
+
+class EmptyNode final : public Node {
+public:
+    EmptyNode() : Node({}, {}, hashOf(NodeKind::empty).value()) {}
+    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override {
+        return nullptr;
+    }   // has no support
+};
+
+std::uint64_t hashOfColor(Hash hash, const Color& c) {
+    return hash.add(c.r).add(c.g).add(c.b).add(c.a).value();
+}
+
+class SolidNode final : public Node {
+public:
+    explicit SolidNode(const Color& color)
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
+              hashOfColor(hashOf(NodeKind::solid), color)),
+          pixel_(pixelOf(color)) {}
+    bool isOpaque(const PixelRegion&) const override { return pixel_ >> 24 == 255; }
+    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+
+private:
+    std::uint32_t pixel_;
+};
+
+class SolidDrawable final : public Drawable {
+public:
+    SolidDrawable(const NodeRef& node, std::uint32_t pixel) : Drawable(node), pixel_(pixel) {}
+    void draw(const Tile& tile, Scratch&) const override {
+        for (int y = tile.region.y0; y < tile.region.y1; ++y) std::fill_n(tile.row(y), tile.width(), pixel_);
+    }
+    void drawOver(const Tile& tile, unsigned opacity, Scratch& scratch) const override {
+        std::uint32_t faded = pixel_;
+        kernels().fade(&faded, &pixel_, 1, opacity);
+        if (faded >> 24 == 255) return draw(tile, scratch);
+        for (int y = tile.region.y0; y < tile.region.y1; ++y)
+            kernels().overSolid(tile.row(y), faded, tile.width());
+    }
+
+private:
+    std::uint32_t pixel_;
+};
+
+DrawableRef SolidNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+    return std::make_shared<SolidDrawable>(self, pixel_);
+}
+
+class BitmapNode final : public Node {
+public:
+    BitmapNode(BitmapRef bitmap, int x0, int y0, const Rect& extent)
+        : Node(extent, inkOf(*bitmap, x0, y0),
+              hashOf(NodeKind::bitmap).add(bitmap->id()).add(double(x0)).add(double(y0)).add(extent).value()),
+          picture_{bitmap, {x0, y0, x0 + bitmap->size().width, y0 + bitmap->size().height}} {}
+
+    const Picture& picture() const { return picture_; }
+    bool isOpaque(const PixelRegion& region) const override {
+        return coverage(region) == Bitmap::Coverage::opaque;
+    }
+    std::uint64_t contribution(const PixelRegion& region) const override {
+        const PixelRegion part = intersection(region, support());
+        return part.isEmpty() || coverage(part) == Bitmap::Coverage::empty ? 0 : hash();
+    }
+    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+
+private:
+    // Support of a bitmap whose bottom-left corner stands at (x0, y0).
+    static PixelRegion inkOf(const Bitmap& bitmap, int x0, int y0) {
+        const PixelRegion ink = bitmap.inkBounds();
+        const int height = bitmap.size().height;
+        return {x0 + ink.x0, y0 + height - ink.y1, x0 + ink.x1, y0 + height - ink.y0};
+    }
+    Bitmap::Coverage coverage(const PixelRegion& r) const {
+        const PixelRegion& all = picture_.region;
+        return picture_.bitmap->coverage({r.x0 - all.x0, all.y1 - r.y1, r.x1 - all.x0, all.y1 - r.y0});
+    }
+    Picture picture_;
+};
+
+class BitmapDrawable final : public Drawable {
+public:
+    BitmapDrawable(const NodeRef& node, const Picture& picture)
+        : Drawable(node), source_(sourceOf(picture)) {}
+    void draw(const Tile& tile, Scratch&) const override {
+        const PixelRegion part = intersection(tile.region, node().support());
+        if (part != tile.region) clear(tile);
+        for (int y = part.y0; y < part.y1; ++y)
+            std::memcpy(tile.at(part.x0, y), source_.at(part.x0, y), std::size_t(part.width()) * 4);
+    }
+    void drawOver(const Tile& tile, unsigned opacity, Scratch&) const override {
+        const PixelRegion part = intersection(tile.region, node().support());
+        for (int y = part.y0; y < part.y1; ++y)
+            kernels().over(tile.at(part.x0, y), source_.at(part.x0, y), std::size_t(part.width()), opacity);
+    }
+
+private:
+    // A tile speaks of writable pixels; these are only read.
+    static Tile sourceOf(const Picture& p) {
+        const ConstBitmapView v = p.bitmap->view();
+        return Tile::of({const_cast<std::uint8_t*>(v.pixels), v.size, v.strideBytes}, p.region);
+    }
+    Tile source_;
+};
+
+DrawableRef BitmapNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+    return std::make_shared<BitmapDrawable>(self, picture_);
+}
+
+class SmoothGradientNode final : public Node {
+public:
+    SmoothGradientNode(Point start, const Color& startColor, Point p1, const Color& endColor)
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
+              hashOfColor(Hash(hashOfColor(
+                              hashOf(NodeKind::smoothGradient).add(start.x).add(start.y).add(p1.x).add(p1.y),
+                              startColor)),
+                  endColor)),
+          p0(start), axis{p1.x - start.x, p1.y - start.y}, color0(startColor), color1(endColor) {}
+    bool isOpaque(const PixelRegion&) const override { return color0.a >= 1 && color1.a >= 1; }
+    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+
+    const Point p0, axis;
+    const Color color0, color1;
+};
+
+class SmoothGradientDrawable final : public FloatDrawable {
+public:
+    SmoothGradientDrawable(const NodeRef& ref, const SmoothGradientNode& gradient)
+        : FloatDrawable(ref), gradient_(gradient) {}
+    void drawFloat(const FloatTile& tile, Scratch&) const override {
+        const SmoothGradientNode& g = gradient_;
+        const double length2 = std::max(g.axis.x * g.axis.x + g.axis.y * g.axis.y, 1e-12);
+        const auto premultiplied = [](const Color& c) {
+            return std::array<double, 4>{c.b * c.a, c.g * c.a, c.r * c.a, c.a};
+        };
+        const auto from = premultiplied(g.color0), to = premultiplied(g.color1);
+        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
+            const FloatRow row = tile.row(y);
+            for (int x = tile.region.x0; x < tile.region.x1; ++x) {
+                const double along =
+                    ((x + 0.5 - g.p0.x) * g.axis.x + (y + 0.5 - g.p0.y) * g.axis.y) / length2;
+                const double t = std::clamp(along, 0.0, 1.0), eased = t * t * (3 - 2 * t);
+                for (std::size_t c = 0; c < 4; ++c)
+                    row.plane[c][x - tile.region.x0] = float(from[c] + (to[c] - from[c]) * eased);
+            }
+        }
+    }
+
+protected:
+    bool isDithered() const override { return true; }
+
+private:
+    const SmoothGradientNode& gradient_;
+};
+
+DrawableRef SmoothGradientNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+    return std::make_shared<SmoothGradientDrawable>(self, *this);
+}
+
+class RoundedRectangleNode final : public Node {
+public:
+    RoundedRectangleNode(const Rect& box, double radius, const Color& color)
+        : Node(pixelsCovering(box).rect(), pixelsCovering(box),
+              hashOfColor(hashOf(NodeKind::roundedRectangle).add(box).add(radius), color)),
+          rect(box), radiusPx(radius), pixel(pixelOf(color)) {}
+    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+
+    const Rect rect;
+    const double radiusPx;
+    const std::uint32_t pixel;
+};
+
+class RoundedRectangleDrawable final : public Drawable {
+public:
+    RoundedRectangleDrawable(const NodeRef& ref, const RoundedRectangleNode& shape)
+        : Drawable(ref), shape_(shape) {}
+    void draw(const Tile& tile, Scratch&) const override {
+        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
+            std::uint32_t* row = tile.row(y);
+            for (int x = tile.region.x0; x < tile.region.x1; ++x, ++row) {
+                const double covered = std::clamp(0.5 - distanceAt(x + 0.5, y + 0.5), 0.0, 1.0);
+                kernels().fade(row, &shape_.pixel, 1, unsigned(std::lround(covered * 255)));
+            }
+        }
+    }
+
+private:
+    // Signed distance to the outline, negative inside: the box shrunk by the radius, then rounded by it.
+    double distanceAt(double x, double y) const {
+        const Point c = shape_.rect.center();
+        const double qx = std::abs(x - c.x) - shape_.rect.width / 2 + shape_.radiusPx;
+        const double qy = std::abs(y - c.y) - shape_.rect.height / 2 + shape_.radiusPx;
+        return std::hypot(std::max(qx, 0.0), std::max(qy, 0.0)) + std::min(std::max(qx, qy), 0.0) -
+               shape_.radiusPx;
+    }
+    const RoundedRectangleNode& shape_;
+};
+
+DrawableRef RoundedRectangleNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+    return std::make_shared<RoundedRectangleDrawable>(self, *this);
+}
+
+}   // namespace
+
+std::uint32_t pixelOf(const Color& color) {
+    const auto byte = [](double v) { return std::uint32_t(std::lround(std::clamp(v, 0.0, 1.0) * 255)); };
+    const double a = std::clamp(color.a, 0.0, 1.0);
+    const auto channel = [&](double v) { return byte(std::clamp(v, 0.0, 1.0) * a); };
+    return channel(color.b) | channel(color.g) << 8 | channel(color.r) << 16 | byte(a) << 24;
+}
+
+const NodeRef& emptyNode() {
+    static const NodeRef node = std::make_shared<EmptyNode>();
+    return node;
+}
+
+NodeRef makeSolid(const Color& color) { return std::make_shared<SolidNode>(color); }
+
+NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent) {
+    if (!bitmap || bitmap->isEmpty()) return emptyNode();
+    return std::make_shared<BitmapNode>(std::move(bitmap), x0, y0, extent);
+}
+
+NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1) {
+    return std::make_shared<SmoothGradientNode>(p0, color0, p1, color1);
+}
+
+NodeRef makeRoundedRectangle(const Rect& rect, double radiusPx, const Color& color) {
+    if (rect.isEmpty()) return emptyNode();
+    const double mostRadius = std::min(rect.width, rect.height) / 2;
+    return std::make_shared<RoundedRectangleNode>(rect, std::clamp(radiusPx, 0.0, mostRadius), color);
+}
+
+const Picture* asBitmap(const Node& node) {
+    const auto* bitmap = dynamic_cast<const BitmapNode*>(&node);
+    return bitmap ? &bitmap->picture() : nullptr;
+}
+
+}   // namespace tavix::imaging

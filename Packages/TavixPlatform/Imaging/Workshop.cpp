@@ -1,0 +1,126 @@
+#include "TavixPlatform/Imaging/Workshop.h"
+
+#include "TavixPlatform/Imaging/Nodes/Nodes.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <tbb/parallel_for.h>
+#include <tbb/task_arena.h>
+
+namespace tavix::imaging {
+
+namespace {
+
+constexpr std::size_t mostIdleBytes = 48u << 20;
+
+class EmptyDrawable final : public Drawable {
+public:
+    using Drawable::Drawable;
+    void draw(const Tile& tile, Scratch&) const override { clear(tile); }
+    void drawOver(const Tile&, unsigned, Scratch&) const override {}
+};
+
+std::int64_t areaOf(const PixelRegion& r) { return r.isEmpty() ? 0 : std::int64_t(r.width()) * r.height(); }
+
+}   // namespace
+
+std::shared_ptr<const void> ResultCache::find(const Key& key) {
+    const auto found = entries_.find(key);
+    if (found == entries_.end()) return nullptr;
+    byUse_.splice(byUse_.begin(), byUse_, found->second);
+    return found->second->result;
+}
+
+void ResultCache::keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes) {
+    if (bytes > mostBytes_ || entries_.contains(key)) return;
+    byUse_.push_front({key, std::move(result), bytes});
+    entries_[key] = byUse_.begin();
+    bytes_ += bytes;
+    while (bytes_ > mostBytes_) {
+        bytes_ -= byUse_.back().bytes;
+        entries_.erase(byUse_.back().key);
+        byUse_.pop_back();
+    }
+}
+
+struct Workshop::Threads {
+    explicit Threads(int count) : arena(count > 0 ? count : tbb::task_arena::automatic) {}
+    tbb::task_arena arena;
+};
+
+Workshop::Workshop(const EvaluatorOptions& options)
+    : threads_(std::make_unique<Threads>(options.threadCount)), cache_(options.cacheBytes),
+      pool_(std::make_shared<BytePool>(mostIdleBytes)) {}
+Workshop::~Workshop() = default;
+
+void Workshop::forEach(int count, const std::function<void(int, Scratch&)>& job) {
+    const auto run = [&](int i) {
+        std::unique_ptr<Scratch> scratch;
+        {
+            const std::lock_guard lock(scratchMutex_);
+            if (!idleScratch_.empty()) {
+                scratch = std::move(idleScratch_.back());
+                idleScratch_.pop_back();
+            }
+        }
+        if (!scratch) scratch = std::make_unique<Scratch>();
+        {
+            const Scratch::Mark mark(*scratch);
+            job(i, *scratch);
+        }
+        const std::lock_guard lock(scratchMutex_);
+        idleScratch_.push_back(std::move(scratch));
+    };
+    if (count == 1)
+        run(0);
+    else if (count > 1)
+        threads_->arena.execute([&] { tbb::parallel_for(0, count, run, tbb::simple_partitioner()); });
+}
+
+DrawableRef Workshop::prepare(const NodeRef& node, const PixelRegion& wanted) {
+    const PixelRegion part = intersection(wanted, node->support());
+    if (part.isEmpty()) return std::make_shared<EmptyDrawable>(node);
+    return node->prepare(*this, node, part);
+}
+
+void Workshop::drawInto(const NodeRef& node, const Tile& target) {
+    const DrawableRef drawable = prepare(node, target.region);
+    const std::vector<PixelRegion> tiles = tilesOf(target.region);
+    forEach(int(tiles.size()),
+        [&](int i, Scratch& scratch) { drawable->draw(target.part(tiles[std::size_t(i)]), scratch); });
+}
+
+Picture Workshop::pictureOf(const NodeRef& node, const PixelRegion& needed) {
+    const PixelRegion part = intersection(needed, node->support());
+    if (part.isEmpty()) return {};
+    if (const auto* bitmap = asBitmap(*node)) return *bitmap;
+    const PixelRegion region = worthKeeping(node->support(), part);
+    const ResultCache::Key key{node->hash(), region};
+    if (const auto kept = std::static_pointer_cast<const Bitmap>(cache_.find(key))) return {kept, region};
+    auto bitmap = std::make_shared<Bitmap>(Bitmap::uninitialised({region.width(), region.height()}, pool_));
+    drawInto(node, Tile::of(bitmap->view(), region));
+    cache_.keep(key, bitmap, bitmap->byteCount());
+    return {bitmap, region};
+}
+
+PixelRegion worthKeeping(const PixelRegion& whole, const PixelRegion& needed) {
+    constexpr std::int64_t smallArea = 512 * 512, mostArea = 64 << 20;
+    const std::int64_t area = areaOf(whole);
+    return area <= std::min(4 * areaOf(needed) + smallArea, mostArea) ? whole : needed;
+}
+
+std::vector<PixelRegion> tilesOf(const PixelRegion& region) {
+    const auto floorTo = [](int v, int step) {
+        return v >= 0 ? v / step * step : -((-v + step - 1) / step * step);
+    };
+    std::vector<PixelRegion> tiles;
+    for (int y = floorTo(region.y0, tileHeightPx); y < region.y1; y += tileHeightPx)
+        for (int x = floorTo(region.x0, tileWidthPx); x < region.x1; x += tileWidthPx) {
+            const PixelRegion tile = intersection({x, y, x + tileWidthPx, y + tileHeightPx}, region);
+            if (!tile.isEmpty()) tiles.push_back(tile);
+        }
+    return tiles;
+}
+
+}   // namespace tavix::imaging

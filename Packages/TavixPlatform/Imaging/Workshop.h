@@ -1,0 +1,94 @@
+// What drawing needs: threads, scratch memory, and the results kept from frame to frame. Inside the library
+// only.
+#pragma once
+
+#include "TavixPlatform/Imaging/BytePool.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Imaging/Node.h"
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+namespace tavix::imaging {
+
+// Results by structural hash and region. The least recently used go when there are more bytes than allowed.
+class ResultCache {
+public:
+    explicit ResultCache(std::size_t mostBytes) : mostBytes_(mostBytes) {}
+
+    struct Key {
+        std::uint64_t hash;
+        PixelRegion region;
+        bool operator==(const Key&) const = default;
+    };
+    std::shared_ptr<const void> find(const Key& key);
+    void keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes);
+
+private:
+    struct Entry {
+        Key key;
+        std::shared_ptr<const void> result;
+        std::size_t bytes;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const {
+            return std::size_t(Hash(key.hash).add(key.region).value());
+        }
+    };
+    std::list<Entry> byUse_;   // the latest first
+    std::unordered_map<Key, std::list<Entry>::iterator, KeyHash> entries_;
+    std::size_t bytes_ = 0, mostBytes_;
+};
+
+// Pixels of a node that stand in memory, for random access.
+struct Picture {
+    BitmapRef bitmap;
+    PixelRegion region;   // where its pixels lie
+    bool isEmpty() const { return region.isEmpty(); }
+};
+
+// Used by one thread at a time, apart from the jobs that it hands out itself.
+class Workshop {
+public:
+    explicit Workshop(const EvaluatorOptions& options);
+    ~Workshop();
+
+    // Runs job(i, scratch) for i in 0 ... count - 1 on the workshop's threads and returns when all are done.
+    void forEach(int count, const std::function<void(int, Scratch&)>& job);
+    // The pixels of a node within `needed`: computed, found in the cache, or those of a bitmap node itself.
+    // May cover more.
+    Picture pictureOf(const NodeRef& node, const PixelRegion& needed);
+    // Draws a node into a target that covers the target's region.
+    void drawInto(const NodeRef& node, const Tile& target);
+    DrawableRef prepare(const NodeRef& node, const PixelRegion& wanted);
+
+    ResultCache& cache() { return cache_; }
+    const std::shared_ptr<BytePool>& pool() const { return pool_; }
+
+private:
+    struct Threads;
+    std::unique_ptr<Threads> threads_;
+    std::mutex scratchMutex_;
+    std::vector<std::unique_ptr<Scratch>> idleScratch_;
+    ResultCache cache_;
+    std::shared_ptr<BytePool> pool_;
+};
+
+// How much to compute when `needed` of a result is asked for: all of it, unless that is a good deal more.
+// Asking for all makes the result the same from frame to frame, so that it is found again.
+PixelRegion worthKeeping(const PixelRegion& whole, const PixelRegion& needed);
+
+struct Evaluator::Impl {
+    explicit Impl(const EvaluatorOptions& options) : workshop(options) {}
+    Workshop workshop;
+};
+
+constexpr int tileWidthPx = 128, tileHeightPx = 64;
+// The tiles of a region, cut on a grid through the origin.
+std::vector<PixelRegion> tilesOf(const PixelRegion& region);
+
+}   // namespace tavix::imaging
