@@ -18,9 +18,9 @@ LINES = {
     "focus-2": ("Deeply.", 128, "#8df5cd", 700),
     "week-1": ("Watch the good", 118, ROSE_INK, 700),
     "week-2": ("hours grow.", 118, ROSE_INK, 700),
-    "time-2500": ("25:00", 196, WHITE, 500),
-    "time-2459": ("24:59", 196, WHITE, 500),
-    "time-2458": ("24:58", 196, WHITE, 500),
+    "time-2500": ("25:00", 168, WHITE, 500),
+    "time-2459": ("24:59", 168, WHITE, 500),
+    "time-2458": ("24:58", 168, WHITE, 500),
     "wordmark": ("Meadow", 176, INK, 700),
     "note": ("Free for your first season", 42, "#2c6a58", 500),
 }

@@ -30,6 +30,11 @@ SETTLE = spring(0.55, 0.86)            # large things
 POP = spring(0.45, 0.74)               # small things, with a little too much of it
 
 
+# Makes a petal of the green leaf: lighter first, since a tint keeps luminance.
+PETAL = [{"kind": "colorControls", "brightness": 0.3, "contrast": 0.8, "saturation": 1},
+         {"kind": "tint", "color": color("#ff6f90"), "intensity": 0.95}]
+
+
 def fraction(pixels):
     return round(pixels / HEIGHT, 5)
 
@@ -121,25 +126,25 @@ class Document:
     # Scenes
 
     def hello(self):
-        return {"id": "hello", "durationSec": 2.9, "background": bundled("mint"), "layers": [
+        return {"id": "hello", "durationSec": 2.7, "background": bundled("mint"), "layers": [
             ellipse(620, solid("#fff3c4"), 540, 740, blur=110, name="sunlight", opacity=0.9,
-                    tracks=[track("scale", (0, 0.7), (2.9, 1.12, GLIDE))]),
+                    tracks=[track("scale", (0, 0.7), (2.7, 1.12, GLIDE))]),
             self.drifting_leaf("leaf-far", 236, 500, 0.5, -20, (50, 120, 60), start=0.5),
-            self.drifting_leaf("leaf-middle", 868, 1010, 0.72, 40, (-40, 110, -80), start=0.35),
+            self.drifting_leaf("leaf-middle", 886, 850, 0.72, 40, (-30, 100, -80), start=0.35),
             self.picture("icon", 540, 740, start=0.1, enter=phase(1.2, POP, dy=120, scale=0.4, turn=-18),
-                         tracks=[track("scale", (0, 1), (2.8, 1.045, SWAY))]),
+                         tracks=[track("scale", (0, 1), (2.6, 1.045, SWAY))]),
             self.line("wordmark", 1090, 0.45),
             self.line("tagline", 1226, 0.65),
             self.drifting_leaf("leaf-near", 196, 1560, 1.5, 115, (90, 150, 45), sharp=False, start=0.2),
         ], "transition": crossing("crossZoom", 0.6)}
 
     def day(self):
-        rows = [self.picture(f"row-{i + 1}", 540, 1220 + 184 * i, start=0.85 + 0.11 * i,
+        rows = [self.picture(f"row-{i + 1}", 540, 1220 + 184 * i, start=0.7 + 0.11 * i,
                              enter=phase(0.9, SETTLE, dx=240, scale=0.94)) for i in range(4)]
         # The second plan is the one that the story follows: it lifts a little once the first is done.
-        rows[1]["tracks"] = [track("scale", (0, 1), (1.55, 1), (2.1, 1.045, POP))]
+        rows[1]["tracks"] = [track("scale", (0, 1), (1.45, 1), (2.0, 1.045, POP))]
         slide = phase(1.2, SETTLE, dy=760, opacity=1)
-        return {"id": "day", "durationSec": 3.6,
+        return {"id": "day", "durationSec": 3.4,
                 "background": gradient(162, "#fff6e4", "#eafaf0", "#bff0da"), "layers": [
                     ellipse(560, solid("#ffd9a0"), 300, 420, blur=120, name="warmth", opacity=0.55),
                     self.line("day-1", 262, 0.3),
@@ -147,23 +152,23 @@ class Document:
                     self.picture("planner", 540, 1260, start=0.3, enter=slide),
                     self.picture("meadow", 540, 750, corner=0.13, start=0.3, enter=slide),
                     *rows,
-                    self.picture("done", 212, 1220, start=2.05, enter=phase(0.7, POP, scale=0.3, turn=-30)),
+                    self.picture("done", 212, 1220, start=1.95, enter=phase(0.7, POP, scale=0.3, turn=-30)),
                 ], "transition": crossing("wipe", 0.7)}
 
     def focus(self):
         fireflies = [
             ellipse(size, solid("#c9ffe9"), x, y, blur=5, name=f"firefly-{i + 1}",
-                    tracks=[track("opacity", (0, 0), (0.9 + 0.2 * i, 0.9, SWAY), (2.4, 0.25, SWAY), (3.6, 0.8, SWAY)),
-                            track("x", (0, 0), (3.6, fraction(dx), SWAY)), track("y", (0, 0), (3.6, fraction(dy), SWAY))])
+                    tracks=[track("opacity", (0, 0), (0.9 + 0.2 * i, 0.9, SWAY), (2.3, 0.25, SWAY), (3.4, 0.8, SWAY)),
+                            track("x", (0, 0), (3.4, fraction(dx), SWAY)), track("y", (0, 0), (3.4, fraction(dy), SWAY))])
             for i, (x, y, size, dx, dy) in enumerate((
                 (160, 720, 20, 40, -90), (930, 610, 14, -50, -60), (880, 1330, 24, 30, -120), (210, 1400, 16, -30, -100)))]
         blink = phase(0.18, GLIDE, dy=-16, opacity=0.2)
-        return {"id": "focus", "durationSec": 3.6, "background": solid("#06121f"), "layers": [
+        return {"id": "focus", "durationSec": 3.4, "background": solid("#06121f"), "layers": [
             layer("fill", bundled("aurora"), 540, 960, name="night",
                   effects=[{"kind": "vignette", "intensity": 0.9, "radius": 1.6}, {"kind": "noise", "amount": 0.03, "seed": 7}],
-                  tracks=[track("scale", (0, 1.12), (3.6, 1, GLIDE))]),
+                  tracks=[track("scale", (0, 1.12), (3.4, 1, GLIDE))]),
             ellipse(620, solid("#22d3a0"), 540, 1000, blur=100, name="breath", opacity=0.42,
-                    tracks=[track("scale", (0, 0.6), (1.4, 1.12, SWAY), (2.5, 0.94, SWAY), (3.6, 1.12, SWAY))]),
+                    tracks=[track("scale", (0, 0.6), (1.4, 1.12, SWAY), (2.4, 0.94, SWAY), (3.4, 1.12, SWAY))]),
             *fireflies,
             ellipse(600, solid(WHITE, 0.06), 540, 1000, name="glass", enter=phase(0.9, SETTLE, scale=0.8)),
             self.picture("dial", 540, 1000, start=0.2, enter=phase(1.0, SETTLE, scale=0.82, turn=-40)),
@@ -172,12 +177,12 @@ class Document:
                          tracks=[track("rotationDeg", (0, -250), (1.7, 0, GLIDE))]),
             self.line("focus-1", 290, 0.3),
             self.line("focus-2", 432, 0.5),
-            self.picture("time-2500", 540, 982, start=0.55, seconds=0.95, enter=phase(0.7, GLIDE, scale=1.25, blur=16)),
-            self.picture("time-2500", 540, 982, start=0.55, seconds=0.6, name="time-shimmer",
+            self.picture("time-2500", 540, 984, start=0.5, seconds=0.8, enter=phase(0.7, GLIDE, scale=1.25, blur=16)),
+            self.picture("time-2500", 540, 984, start=0.5, seconds=0.6, name="time-shimmer",
                          effects=[{"kind": "chromaticAberration", "offsetFraction": 0.006}],
                          enter=phase(0.6, GLIDE, scale=1.25, blur=16), exit=phase(0.4, SWAY)),
-            self.picture("time-2459", 540, 982, start=1.5, seconds=1, enter=blink),
-            self.picture("time-2458", 540, 982, start=2.5, enter=blink),
+            self.picture("time-2459", 540, 984, start=1.3, seconds=1, enter=blink),
+            self.picture("time-2458", 540, 984, start=2.3, enter=blink),
             self.picture("chip-quiet", 540, 1520, start=1.15, enter=phase(0.8, SETTLE, dy=60, scale=0.9)),
             self.picture("chip-sound", 540, 1650, start=1.3, enter=phase(0.8, SETTLE, dy=60, scale=0.9)),
         ], "transition": crossing("push", 0.8)}
@@ -197,22 +202,22 @@ class Document:
                 for stop, y in zip(fill["gradient"]["stops"], (HEIGHT, floor_top, floor_top - height, 0)):
                     stop["location"] = round(1 - y / HEIGHT, 4)
             bars.append(layer("shape", payload, round(left + 104 + i * 118.6), floor_top + tuck - (height + tuck) / 2,
-                              start=round(1.15 + 0.07 * i, 2), name=f"bar-{i + 1}",
+                              start=round(0.95 + 0.07 * i, 2), name=f"bar-{i + 1}",
                               enter=phase(0.9, POP, dy=height, opacity=1)))
         slide = phase(1.05, SETTLE, dy=620, opacity=1)
-        return {"id": "week", "durationSec": 3.7, "background": bundled("coral"), "layers": [
+        return {"id": "week", "durationSec": 3.5, "background": bundled("coral"), "layers": [
             ellipse(560, solid("#fff0d8"), 740, 420, blur=120, name="warmth", opacity=0.6),
             self.drifting_leaf("petal-far", 930, 480, 0.5, 30, (-40, 100, 70), start=0.6,
-                               effects=[{"kind": "tint", "color": color("#ff5d84"), "intensity": 0.9}]),
+                               effects=PETAL),
             self.line("week-1", 262, 0.3),
             self.line("week-2", 396, 0.42),
             self.picture("week", 540, card_top + card_height // 2, start=0.2, enter=slide),
             *bars,
             self.picture("week-floor", 540, floor_top + CHART_FLOOR // 2, start=0.2, enter=slide),
-            self.picture("best", round(left + 104 + 4 * 118.6), floor_top - 352 - 66, start=2.1,
+            self.picture("best", round(left + 104 + 4 * 118.6), floor_top - 352 - 66, start=1.85,
                          enter=phase(0.7, POP, dy=40, scale=0.4)),
             self.drifting_leaf("petal-near", 120, 1730, 1.4, -60, (90, 60, 60), sharp=False, start=0.5,
-                               effects=[{"kind": "tint", "color": color("#ff5d84"), "intensity": 0.9}]),
+                               effects=PETAL),
         ], "transition": crossing("crosswarp", 0.8)}
 
     def begin(self):
@@ -220,21 +225,21 @@ class Document:
             return self.picture(name, x, y, size, start=start, enter=phase(1.1, SETTLE, dy=drift * 5, scale=0.8),
                                 tracks=[track("rotationDeg", (0, turn), (3.4, turn * 0.7)),
                                         track("y", (0, 0), (3.4, fraction(-drift))), track("blur", (0, fraction(blur)))])
-        return {"id": "begin", "durationSec": 3.5, "background": bundled("mint"), "layers": [
+        return {"id": "begin", "durationSec": 3.4, "background": bundled("mint"), "layers": [
             ellipse(700, solid("#fff3c4"), 540, 720, blur=120, name="sunlight", opacity=0.9,
-                    tracks=[track("scale", (0, 0.8), (3.5, 1.12, GLIDE))]),
+                    tracks=[track("scale", (0, 0.8), (3.4, 1.12, GLIDE))]),
             floating("row-4", 230, 290, 0.58, -9, 40, 6, 0.3),
             floating("row-3", 880, 400, 0.46, 8, 26, 9, 0.4),
             floating("row-1", 200, 1700, 0.52, 8, 30, 8, 0.5),
             floating("row-2", 830, 1640, 0.66, -7, 50, 4, 0.35),
-            self.drifting_leaf("leaf-far", 840, 900, 0.5, 15, (-40, 110, 70), start=0.5),
+            self.drifting_leaf("leaf-far", 900, 640, 0.5, 15, (-30, 90, 70), start=0.5),
             self.picture("icon", 540, 720, start=0.15, enter=phase(1.2, POP, dy=100, scale=0.5, turn=14),
                          tracks=[track("scale", (0, 1), (3.3, 1.04, SWAY))]),
             self.line("wordmark", 1066, 0.45),
             self.line("note", 1190, 0.62),
             self.picture("button", 540, 1370, start=0.85, enter=phase(0.9, POP, dy=80, scale=0.7),
                          tracks=[track("scale", (0, 1), (1.35, 1), (1.5, 0.94, SWAY), (2.1, 1, spring(0.4, 0.72)))]),
-            self.drifting_leaf("leaf-near", 150, 1130, 1.3, 100, (60, 160, 40), sharp=False, start=0.3),
+            self.drifting_leaf("leaf-near", 120, 1410, 1.3, 100, (50, 130, 40), sharp=False, start=0.3),
         ]}
 
     def text(self):
