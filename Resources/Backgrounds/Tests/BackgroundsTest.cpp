@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <ostream>
 
 #include <jpeglib.h>
@@ -156,6 +158,12 @@ INSTANTIATE_TEST_SUITE_P(Backgrounds, EveryBackground, testing::ValuesIn(recipes
 TEST(Backgrounds, AreFoundByName) {
     for (const Recipe& recipe : recipes()) EXPECT_EQ(recipeNamed(recipe.resourceName), &recipe);
     EXPECT_EQ(recipeNamed("bg-plaid"), nullptr);
+}
+
+TEST(Backgrounds, AreAllPaintedByTheBuild) {
+    std::ifstream file(TAVIX_SOURCE_DIR "/Resources/Backgrounds/CMakeLists.txt");
+    const std::string script{std::istreambuf_iterator<char>(file), {}};
+    for (const Recipe& recipe : recipes()) EXPECT_NE(script.find(recipe.resourceName), std::string::npos);
 }
 
 TEST(Oklab, RoundTripsTheWholeCube) {
