@@ -82,8 +82,8 @@ TEST(CurveEvaluation, SamplesAgreeAtSharedInstants) {
             for (int i = 0; i < 24; ++i) {
                 const double slow = evaluate(curve, second + i / 24.0, 2.4).value;
                 EXPECT_NEAR(evaluate(curve, second + (i * 5) / 120.0, 2.4).value, slow, 1e-9);
-                if (i % 2 == 0)
-                    EXPECT_NEAR(evaluate(curve, second + (i / 2 * 5) / 60.0, 2.4).value, slow, 1e-9);
+                if (i % 2 == 1) continue;   // an instant that 60 Hz does not have
+                EXPECT_NEAR(evaluate(curve, second + (i / 2 * 5) / 60.0, 2.4).value, slow, 1e-9);
             }
 }
 
