@@ -1,0 +1,15 @@
+// Where the pictures and sounds that come with the program lie on this machine.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string_view>
+
+namespace tavix::ResourceFolders {
+
+// The first existing file of that path below the resource folders, or nothing. The folders are, in this
+// order: the one that the environment variable TAVIX_RESOURCES names, `share/tavix` beside the program's own
+// folder, and the one that the program was configured to be installed with.
+std::optional<std::filesystem::path> find(std::string_view relativePath);
+
+}   // namespace tavix::ResourceFolders

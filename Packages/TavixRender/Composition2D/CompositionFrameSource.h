@@ -1,0 +1,28 @@
+// Single frames of a composition, for a preview.
+#pragma once
+
+#include "TavixRender/Composition2D/ResolvedComposition.h"
+
+#include <cstdint>
+
+namespace tavix {
+
+// Used by one thread at a time.
+class CompositionFrameSource {
+public:
+    CompositionFrameSource(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
+        imaging::Evaluator& evaluator, const RenderLog& log)
+        : resolved_(spec, assetRoot, evaluator, log) {}
+
+    ResolvedComposition& resolved() { return resolved_; }
+    double totalSec() const { return resolved_.timeline().totalSec; }
+    std::int64_t fps() const { return resolved_.spec().output.fps; }
+    imaging::Size size() const { return canvasSize(resolved_.spec()); }
+    bool needsMainActorRender() const { return resolved_.needsMainActorRender(); }
+    imaging::Image frame(double globalSec) { return resolved_.frame(globalSec); }
+
+private:
+    ResolvedComposition resolved_;
+};
+
+}   // namespace tavix

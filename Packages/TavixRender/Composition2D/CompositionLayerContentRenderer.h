@@ -1,0 +1,28 @@
+// What draws the content of one layer, in canvas coordinates; what all layers share (effects, motion,
+// opacity) is done afterwards by `ResolvedCompositionLayer::finish`.
+#pragma once
+
+#include "TavixPlatform/Imaging/Image.h"
+
+#include <optional>
+
+namespace tavix {
+
+// Used by one thread at a time.
+class CompositionLayerContentRenderer {
+public:
+    virtual ~CompositionLayerContentRenderer() = default;
+
+    // Seconds since the layer's start; nothing when the layer shows nothing at that time.
+    virtual std::optional<imaging::Image> contentImage(double localSec) = 0;
+    // True for content that only the main thread can draw.
+    virtual bool needsMainActorRender() const { return false; }
+};
+
+// The content of a kind that is not drawn. Its layer keeps its place in the drawing order.
+class BlankCompositionLayer final : public CompositionLayerContentRenderer {
+public:
+    std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
+};
+
+}   // namespace tavix

@@ -1,0 +1,128 @@
+#include "TavixRender/Composition2D/CompositionLayerEffects.h"
+
+#include "TavixCore/Typography/KineticNoise.h"
+#include "TavixRender/Composition2D/KineticImageFX.h"
+#include "TavixRender/Compositor/CameraRenderer.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+#include <variant>
+
+namespace tavix {
+
+namespace {
+
+using imaging::ColorMatrix;
+using imaging::Image;
+using imaging::Rect;
+
+constexpr int grainSidePx = 128;
+constexpr std::int64_t grainStream = 7;
+constexpr double visibleGrain = 0.001;
+constexpr double visibleRadiusPx = 0.01;
+constexpr double visibleOffsetPx = 0.01;
+
+// One overload for each kind of effect; fractions are of the canvas height.
+struct Application {
+    const Image& image;
+    const Image& grain;
+    const Rect& bounds;
+
+    double held(double value, std::string_view kind, std::string_view param) const {
+        return CompositionLayerEffects::clamp(value, kind, param);
+    }
+
+    Image operator()(const BlurEffect& effect) const {
+        const double radiusPx = bounds.height * held(effect.radiusFraction, "blur", "radiusFraction");
+        if (radiusPx <= visibleRadiusPx) return image;
+        return image.clampedToExtent().gaussianBlurred(radiusPx).cropped(bounds);
+    }
+    Image operator()(const ColorControlsEffect& effect) const {
+        return image.withColorControls(held(effect.brightness, "colorControls", "brightness"),
+            held(effect.contrast, "colorControls", "contrast"),
+            held(effect.saturation, "colorControls", "saturation"));
+    }
+    Image operator()(const TintEffect& effect) const {
+        const imaging::Color opaque{effect.color.r, effect.color.g, effect.color.b, 1};
+        return image.withMonochrome(opaque, held(effect.intensity, "tint", "intensity"));
+    }
+    Image operator()(const DuotoneEffect& effect) const {
+        return image.withFalseColor(
+            CameraRenderer::colorOf(effect.shadow), CameraRenderer::colorOf(effect.highlight));
+    }
+    Image operator()(const VignetteEffect& effect) const {
+        return image.withVignette(
+            held(effect.intensity, "vignette", "intensity"), held(effect.radius, "vignette", "radius"));
+    }
+    Image operator()(const GlowEffect& effect) const {
+        const double radiusPx = bounds.height * held(effect.radiusFraction, "glow", "radiusFraction");
+        return image.bloomed(held(effect.intensity, "glow", "intensity"), radiusPx).cropped(image.extent());
+    }
+    Image operator()(const NoiseEffect& effect) const {
+        if (held(effect.amount, "noise", "amount") <= visibleGrain) return image;
+        return grain.over(image).cropped(image.extent());
+    }
+    Image operator()(const PixelateEffect& effect) const {
+        const double scalePx = bounds.height * held(effect.scaleFraction, "pixelate", "scaleFraction");
+        return image.pixellated(bounds.center(), std::max(scalePx, 1.0)).cropped(image.extent());
+    }
+    Image operator()(const ChromaticAberrationEffect& effect) const {
+        const double offsetPx =
+            bounds.height * held(effect.offsetFraction, "chromaticAberration", "offsetFraction");
+        if (offsetPx <= visibleOffsetPx) return image;
+        const Image red = image.withColorMatrix({.g = {}, .b = {}}).translated(offsetPx, 0);
+        const Image green = image.withColorMatrix({.r = {}, .b = {}});
+        const Image blue = image.withColorMatrix({.r = {}, .g = {}}).translated(-offsetPx, 0);
+        return blue.adding(red.adding(green)).cropped(image.extent());
+    }
+    Image operator()(const UnknownEffect&) const { return image; }
+};
+
+imaging::BitmapRef grainBitmap(std::int64_t seed) {
+    imaging::Bitmap pixels({grainSidePx, grainSidePx});
+    const imaging::BitmapView view = pixels.view();
+    for (int y = 0; y < grainSidePx; ++y)
+        for (int x = 0; x < grainSidePx; ++x) {
+            const double unit = KineticMath::unitDouble(seed, grainStream, y * grainSidePx + x);
+            const auto grey = static_cast<std::uint8_t>(unit * 255);
+            std::uint8_t* pixel = view.row(y) + 4 * x;
+            pixel[0] = pixel[1] = pixel[2] = grey;
+            pixel[3] = 255;
+        }
+    pixels.indexCoverage();
+    return std::make_shared<const imaging::Bitmap>(std::move(pixels));
+}
+
+}   // namespace
+
+CompositionLayerEffects::CompositionLayerEffects(const std::vector<LayerEffect>& effects, const Rect& bounds)
+    : bounds_(bounds) {
+    for (const LayerEffect& effect : effects) {
+        const auto* noise = std::get_if<NoiseEffect>(&effect);
+        steps_.push_back({effect,
+            noise ? noiseTile(noise->seed, clamp(noise->amount, "noise", "amount"), bounds) : Image()});
+    }
+}
+
+Image CompositionLayerEffects::apply(const Image& image) const {
+    Image result = image;
+    for (const Step& step : steps_) result = applied(step, result);
+    return result;
+}
+
+Image CompositionLayerEffects::applied(const Step& step, const Image& image) const {
+    return std::visit(Application{image, step.grain, bounds_}, step.effect);
+}
+
+double CompositionLayerEffects::clamp(double value, std::string_view kind, std::string_view param) {
+    for (const auto& range : legalRanges(kind))
+        if (range.param == param) return std::min(std::max(value, range.min), range.max);
+    return value;
+}
+
+Image CompositionLayerEffects::noiseTile(std::int64_t seed, double alpha, const Rect& bounds) {
+    return KineticImageFX::alphaMul(Image::bitmap(grainBitmap(seed)).tiled().cropped(bounds), alpha);
+}
+
+}   // namespace tavix

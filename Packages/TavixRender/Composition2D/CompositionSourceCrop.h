@@ -1,0 +1,15 @@
+// The part of a picture that a layer shows.
+#pragma once
+
+#include "TavixCore/Geometry/NormalizedRect.h"
+#include "TavixPlatform/Imaging/Image.h"
+
+#include <optional>
+
+namespace tavix::CompositionSourceCrop {
+
+// Cuts the rectangle, given in fractions from the top left, and moves it to the origin. Held inside the
+// picture.
+imaging::Image apply(const imaging::Image& image, const std::optional<NormalizedRect>& rect);
+
+}   // namespace tavix::CompositionSourceCrop

@@ -1,0 +1,30 @@
+// What content renderers are built from, and how large a picture that is drawn once should be kept.
+#pragma once
+
+#include "TavixCore/Composition/CompositionLayer.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixRender/Assets/StillImageCache.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+namespace tavix {
+
+struct LayerBuild {
+    imaging::Rect bounds;   // of the canvas
+    std::optional<std::filesystem::path> assetRoot;
+    imaging::Evaluator& evaluator;
+    StillImageCache& images;
+};
+
+// The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.
+double peakMagnification(const CompositionLayer& layer);
+
+// Draws a picture that stays the same. One that the layer enlarges is drawn at 2 or 4 times its size and
+// scaled down again, so that it stays sharp; `draw` gets that factor and returns the picture in canvas
+// coordinates times it. A picture too large to keep stays a graph.
+imaging::Image bakedForMagnification(const std::function<imaging::Image(int detail)>& draw,
+    double magnification, imaging::Evaluator& evaluator);
+
+}   // namespace tavix

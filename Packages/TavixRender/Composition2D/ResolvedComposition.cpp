@@ -1,0 +1,153 @@
+#include "TavixRender/Composition2D/ResolvedComposition.h"
+
+#include "TavixCore/Choreography/DeviceDepthTrajectory.h"
+#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixRender/Composition2D/FillCompositionLayer.h"
+#include "TavixRender/Composition2D/ImageCompositionLayer.h"
+#include "TavixRender/Composition2D/ShapeCompositionLayer.h"
+#include "TavixRender/Compositor/TransitionBlend.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <utility>
+#include <variant>
+
+namespace tavix {
+
+namespace {
+
+using imaging::Image;
+
+constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
+
+std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
+    const CompositionLayer& layer, const LayerBuild& build) {
+    if (const auto* fill = std::get_if<BackgroundFill>(&layer.content))
+        return std::make_unique<FillCompositionLayer>(*fill, build);
+    if (const auto* shape = std::get_if<ShapeContent>(&layer.content))
+        return std::make_unique<ShapeCompositionLayer>(*shape, layer, build);
+    if (const auto* image = std::get_if<ImageContent>(&layer.content))
+        return std::make_unique<ImageCompositionLayer>(*image, layer, build);
+    return std::make_unique<BlankCompositionLayer>();
+}
+
+LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
+    const double start = std::max(layer.fromSec, 0.0);
+    return {start, layer.durationSec ? start + *layer.durationSec : scene.durationSec};
+}
+
+// Only a device in space that is live at that time and has a depth then.
+std::optional<double> liveDepth(const ResolvedCompositionLayer& resolved, double localSec) {
+    const auto* device = std::get_if<DeviceContent>(&resolved.layer.content);
+    if (device == nullptr || !device->scene3D || !resolved.window.contains(localSec)) return std::nullopt;
+    return DeviceDepthTrajectory::sample(device->scene3D->depthTrack, localSec - resolved.window.startSec);
+}
+
+}   // namespace
+
+imaging::Size canvasSize(const CompositionSpec& spec) {
+    const auto side = [](std::int64_t px) {
+        return static_cast<int>(std::clamp<std::int64_t>(px, 0, std::numeric_limits<int>::max()));
+    };
+    return {side(spec.output.widthPx), side(spec.output.heightPx)};
+}
+
+ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
+    const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
+    const RenderLog& log)
+    : spec_(spec),
+      timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
+    StillImageCache images(log);
+    const auto documentRoot =
+        spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
+    const LayerBuild build{bounds_, assetRoot ? assetRoot : documentRoot, evaluator, images};
+    buildBackgrounds(build);
+    buildLayers(build);
+}
+
+void ResolvedComposition::buildBackgrounds(const LayerBuild& build) {
+    std::vector<std::pair<BackgroundFill, Image>> drawn;   // most scenes share one
+    for (const CompositionScene& scene : spec_.scenes) {
+        const BackgroundFill& fill = scene.background ? *scene.background : spec_.background;
+        auto known = std::ranges::find(drawn, fill, &std::pair<BackgroundFill, Image>::first);
+        if (known == drawn.end())
+            known = drawn.insert(drawn.end(), {fill, FillCompositionLayer::drawn(fill, build)});
+        backgrounds_.push_back(known->second);
+    }
+}
+
+void ResolvedComposition::buildLayers(const LayerBuild& build) {
+    for (const CompositionScene& scene : spec_.scenes) {
+        auto& resolved = layers_.emplace_back();
+        for (const CompositionLayer& layer : scene.layers) {
+            const LayerWindow window = windowOf(layer, scene);
+            if (!(window.startSec < window.endSec)) continue;
+            const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
+            resolved.push_back({layer, makeRenderer(layer, build), window, anchor, {layer.effects, bounds_}});
+            needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
+        }
+    }
+}
+
+Image ResolvedComposition::frame(double globalSec) {
+    const auto sample = timeline_.sample(globalSec);
+    if (!sample) return Image::solid(imaging::Color::black()).cropped(bounds_);
+    const std::size_t from = sample->outgoing.index;
+    const Image outgoing = renderScene(from, sample->outgoing.localSeconds);
+    const auto& transition = spec_.scenes[from].transition;
+    if (!sample->incoming || !transition) return outgoing;
+    const Image incoming = renderScene(sample->incoming->index, sample->incoming->localSeconds);
+    const double elapsedSec = sample->progress * transition->durationSec;
+    const double eased = KineticMath::evaluate(transition->curve, elapsedSec, transition->durationSec).value;
+    return TransitionBlend::blend(
+        {outgoing, incoming, bounds_}, eased, transition->style, transition->params);
+}
+
+Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
+    Image accumulated = backgrounds_[scene];
+    for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
+        if (!resolved->window.contains(localSec)) continue;
+        const double layerSec = localSec - resolved->window.startSec;
+        const auto content = resolved->renderer->contentImage(layerSec);
+        if (!content) continue;
+        if (const auto finished = resolved->finish(*content, layerSec, bounds_.height, bounds_))
+            accumulated = finished->over(accumulated);
+    }
+    return accumulated.cropped(bounds_);
+}
+
+std::vector<const ResolvedCompositionLayer*> ResolvedComposition::depthOrderedLayers(
+    std::size_t scene, double localSec) const {
+    std::vector<const ResolvedCompositionLayer*> ordered;
+    std::vector<std::pair<double, const ResolvedCompositionLayer*>> run;
+    const auto flush = [&] {
+        std::ranges::stable_sort(run, {}, &std::pair<double, const ResolvedCompositionLayer*>::first);
+        for (const auto& [depth, layer] : run) ordered.push_back(layer);
+        run.clear();
+    };
+    for (const ResolvedCompositionLayer& resolved : layers_[scene]) {
+        if (const auto depth = liveDepth(resolved, localSec)) {
+            run.emplace_back(*depth, &resolved);
+            continue;
+        }
+        flush();
+        ordered.push_back(&resolved);
+    }
+    flush();
+    return ordered;
+}
+
+std::string ResolvedComposition::poolKey(
+    std::size_t scene, std::size_t layerIndex, const CompositionLayer& layer) {
+    return std::to_string(scene) + "." + layer.id.value_or(std::to_string(layerIndex));
+}
+
+std::int64_t ResolvedComposition::presetSeed(
+    std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex) {
+    // Unsigned, so that a large seed wraps around instead of overflowing.
+    return static_cast<std::int64_t>(
+        static_cast<std::uint64_t>(documentSeed) + seedStepOfScene * scene + seedStepOfLayer * layerIndex);
+}
+
+}   // namespace tavix

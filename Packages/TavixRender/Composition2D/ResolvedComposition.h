@@ -1,0 +1,63 @@
+// A composition made ready to be drawn: one background and the layers of every scene. It answers any time, in
+// any order, with a lazy picture of the frame.
+#pragma once
+
+#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/Composition2D/LayerBuild.h"
+#include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tavix {
+
+// Of the document's output. A side that no frame can have comes out as one that no frame can have either.
+imaging::Size canvasSize(const CompositionSpec& spec);
+
+// The document as it comes here has its beats, marks and presets resolved. Used by one thread at a time.
+class ResolvedComposition {
+public:
+    // Never fails: what cannot be read is named in the log and not drawn. Relative paths belong to
+    // `assetRoot`, or to the document's own when none is given. The evaluator draws what does not change in
+    // time, here and now.
+    ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
+        imaging::Evaluator& evaluator, const RenderLog& log);
+
+    const CompositionSpec& spec() const { return spec_; }
+    const CompositionTimeline& timeline() const { return timeline_; }
+    const imaging::Rect& bounds() const { return bounds_; }
+    bool needsMainActorRender() const { return needsMainActorRender_; }
+    // Of a scene; layers that are never shown have no entry.
+    const std::vector<ResolvedCompositionLayer>& layers(std::size_t scene) const { return layers_[scene]; }
+
+    imaging::Image frame(double globalSec);
+    imaging::Image renderScene(std::size_t scene, double localSec);
+    // In document order, but neighbouring devices in space that are live at that time stand with the nearest
+    // last.
+    std::vector<const ResolvedCompositionLayer*> depthOrderedLayers(std::size_t scene, double localSec) const;
+
+    // Under which a device in space keeps its place in the pool of its renderers. Indices count in the
+    // document.
+    static std::string poolKey(std::size_t scene, std::size_t layerIndex, const CompositionLayer& layer);
+    // The seed that a text preset of a layer starts from.
+    static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
+
+private:
+    void buildBackgrounds(const LayerBuild& build);
+    void buildLayers(const LayerBuild& build);
+
+    CompositionSpec spec_;
+    CompositionTimeline timeline_;
+    imaging::Rect bounds_;
+    std::vector<imaging::Image> backgrounds_;
+    std::vector<std::vector<ResolvedCompositionLayer>> layers_;
+    bool needsMainActorRender_ = false;
+};
+
+}   // namespace tavix

@@ -1,0 +1,34 @@
+// A layer that is ready to be drawn: its content, when it is shown, and about which point it moves.
+#pragma once
+
+#include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
+#include "TavixRender/Composition2D/CompositionLayerEffects.h"
+#include "TavixRender/Composition2D/LayerMotion.h"
+
+#include <memory>
+#include <optional>
+
+namespace tavix {
+
+// Scene-local seconds; both ends belong to it.
+struct LayerWindow {
+    double startSec = 0, endSec = 0;
+
+    bool contains(double sec) const { return startSec <= sec && sec <= endSec; }
+    double lengthSec() const { return endSec - startSec; }
+    bool operator==(const LayerWindow&) const = default;
+};
+
+struct ResolvedCompositionLayer {
+    CompositionLayer layer;
+    std::unique_ptr<CompositionLayerContentRenderer> renderer;
+    LayerWindow window;
+    imaging::Point anchor;             // image coordinates
+    CompositionLayerEffects effects;   // of `layer.effects`, made ready for this canvas
+
+    // Effects, motion, blur and opacity, in this order. Nothing when the layer cannot be seen at that time.
+    std::optional<imaging::Image> finish(
+        const imaging::Image& image, double localSec, double outputHeight, const imaging::Rect& bounds) const;
+};
+
+}   // namespace tavix

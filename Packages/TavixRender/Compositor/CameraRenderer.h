@@ -1,0 +1,45 @@
+// The drawing that the two roads to a picture share: backdrops, placing a picture, rounding its corners.
+// Rectangles of documents have a top-left origin with y down; `bounds` is the canvas in image coordinates,
+// where y points up.
+#pragma once
+
+#include "TavixCore/Composition/BackgroundFill.h"
+#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixPlatform/Imaging/Image.h"
+#include "TavixRender/Assets/StillImageCache.h"
+
+#include <optional>
+#include <string_view>
+
+namespace tavix {
+struct BundledBackground;
+}
+
+namespace tavix::CameraRenderer {
+
+// A picture of exactly the size of `bounds`. What cannot be read falls back, in the end to a dark grey.
+imaging::Image resolveBackgroundFill(
+    const BackgroundFill& fill, const imaging::Rect& bounds, StillImageCache& images);
+imaging::Image resolveBackgroundImage(const BackgroundImage& background, StillImageCache& images);
+std::optional<imaging::Image> loadBundled(const BundledBackground& background, StillImageCache& images);
+
+// An eight-bit sRGB bitmap of the rounded bounds. Angle 0 runs from bottom to top, 90 from left to right; the
+// axis is as long as it must be to reach the corners.
+imaging::Image renderGradient(const LinearGradient& gradient, const imaging::Rect& bounds);
+
+// `live` follows motion cheaply; `still` takes its time over a picture that is scaled once and kept.
+enum class Resampling { live, still };
+
+// Maps the picture's extent onto the rectangle. A picture without an extent comes back as it is.
+imaging::Image place(
+    const imaging::Image& image, const PixelRect& rect, const imaging::Rect& bounds, Resampling resampling);
+
+imaging::Rect flipped(const PixelRect& rect, const imaging::Rect& bounds);
+
+// White where the picture shall show, clear elsewhere, of the extent `bounds`.
+imaging::Image makeRoundedRectMask(const PixelRect& rect, double cornerRadiusPx, const imaging::Rect& bounds);
+imaging::Image masked(const imaging::Image& image, const imaging::Image& mask);
+
+imaging::Color colorOf(const RGBAColor& color);
+
+}   // namespace tavix::CameraRenderer

@@ -1,0 +1,59 @@
+// Turns a composition into a file.
+#pragma once
+
+#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Support/Failure.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Media/MovieWriter.h"
+#include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/Export/ExportOptions.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <stop_token>
+#include <string_view>
+
+namespace tavix {
+
+// The render was asked to stop before it was done.
+class RenderStopped : public Failure {
+public:
+    RenderStopped() : Failure("The render was stopped before it was finished.") {}
+};
+
+namespace CompositionRenderer {
+
+struct Config {
+    CompositionSpec spec;   // with its beats, marks and presets resolved
+    std::filesystem::path output;
+    std::optional<std::filesystem::path> assetRoot;   // of relative paths; absent: the document's own
+    ExportFormat fileFormat = ExportFormat::video;
+    VideoCodec videoCodec = VideoCodec::h264;
+    ExportContainer container = ExportContainer::mp4;
+    media::EncodingEffort effort = media::EncodingEffort::fast;
+    imaging::EvaluatorOptions evaluation = {};
+};
+
+using Progress = std::function<void(double fraction)>;   // 0 to 1
+
+// Renders every frame in its order and encodes it at once, so memory does not grow with the length. Blocks
+// until the file is written. Throws `Failure`; `stop` is looked at before every frame and ends in
+// `RenderStopped`.
+void render(
+    const Config& config, const RenderLog& log, const Progress& onProgress = {}, std::stop_token stop = {});
+
+// Writes one frame as a PNG. Throws `Failure`.
+void renderStill(
+    const Config& config, double atSec, const std::filesystem::path& file, const RenderLog& log = {});
+
+// How many frames the composition has at its own rate.
+std::int64_t frameCount(const CompositionSpec& spec);
+
+// The time on the global clock of a time in the first scene of that name; nothing when there is no such
+// scene.
+std::optional<double> globalTime(const CompositionSpec& spec, std::string_view sceneID, double localSec);
+
+}   // namespace CompositionRenderer
+
+}   // namespace tavix

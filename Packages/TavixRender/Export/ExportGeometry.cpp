@@ -1,0 +1,50 @@
+#include "TavixRender/Export/ExportGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <variant>
+
+namespace tavix {
+
+namespace {
+
+int evenBelow(double side) { return std::max(static_cast<int>(side) / 2 * 2, 2); }
+
+}   // namespace
+
+imaging::Size ReelExporter::targetDimensions(
+    imaging::Size native, ResolutionPreset resolution, ExportFormat format) {
+    const double nativeWidth = std::max(native.width, 1), nativeHeight = std::max(native.height, 1);
+    const double ratio = nativeHeight / nativeWidth;
+    double width = nativeWidth;
+    if (resolution != ResolutionPreset::native) {
+        const double shorterSide = resolution == ResolutionPreset::p1080 ? 1080 : 2160;
+        width = nativeHeight >= nativeWidth ? shorterSide : std::round(shorterSide / ratio);
+    }
+    if (format == ExportFormat::gif) width = std::min<double>(width, animatedWidthCap);
+    return {evenBelow(width), evenBelow(std::round(ratio * width))};
+}
+
+int ReelExporter::targetFps(int fps, ExportFormat format) {
+    const int atLeastOne = std::max(fps, 1);
+    return format == ExportFormat::gif ? std::min(atLeastOne, animatedFpsCap) : atLeastOne;
+}
+
+CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size, int fps) {
+    CompositionSpec scaled = spec;
+    const double across = size.width / std::max(double(spec.output.widthPx), 1.0);
+    const double down = size.height / std::max(double(spec.output.heightPx), 1.0);
+    scaled.output.widthPx = size.width;
+    scaled.output.heightPx = size.height;
+    scaled.output.fps = fps;
+    for (CompositionScene& scene : scaled.scenes)
+        for (CompositionLayer& layer : scene.layers) {
+            layer.position.x *= across;
+            layer.position.y *= down;
+            if (auto* device = std::get_if<DeviceContent>(&layer.content))
+                device->basePaddingPx *= std::max(across, down);
+        }
+    return scaled;
+}
+
+}   // namespace tavix

@@ -1,0 +1,52 @@
+#include "TavixRender/Export/ExportOptions.h"
+
+#include "TavixCore/Support/Names.h"
+
+namespace tavix {
+
+std::string_view displayName(VideoCodec codec) {
+    switch (codec) {
+    case VideoCodec::h264: return "H.264";
+    case VideoCodec::hevc: return "HEVC";
+    case VideoCodec::proRes422HQ: return "ProRes 422 HQ";
+    case VideoCodec::proRes4444: break;
+    }
+    return "ProRes 4444";
+}
+
+std::string_view displayName(ResolutionPreset resolution) {
+    switch (resolution) {
+    case ResolutionPreset::native: return "Native";
+    case ResolutionPreset::p1080: return "1080p";
+    case ResolutionPreset::k4: break;
+    }
+    return "4K";
+}
+
+const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>) {
+    static const Names<ExportFormat> table{
+        "export format", {{ExportFormat::video, "video"}, {ExportFormat::gif, "gif"}}};
+    return table;
+}
+
+const Names<VideoCodec>& namesOf(std::type_identity<VideoCodec>) {
+    static const Names<VideoCodec> table{
+        "video codec", {{VideoCodec::h264, "h264"}, {VideoCodec::hevc, "hevc"},
+                           {VideoCodec::proRes422HQ, "proRes422HQ"}, {VideoCodec::proRes4444, "proRes4444"}}};
+    return table;
+}
+
+const Names<ExportContainer>& namesOf(std::type_identity<ExportContainer>) {
+    static const Names<ExportContainer> table{
+        "container", {{ExportContainer::mp4, "mp4"}, {ExportContainer::mov, "mov"}}};
+    return table;
+}
+
+const Names<ResolutionPreset>& namesOf(std::type_identity<ResolutionPreset>) {
+    static const Names<ResolutionPreset> table{
+        "resolution", {{ResolutionPreset::native, "native"}, {ResolutionPreset::p1080, "p1080"},
+                          {ResolutionPreset::k4, "k4"}}};
+    return table;
+}
+
+}   // namespace tavix

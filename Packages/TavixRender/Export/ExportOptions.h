@@ -1,0 +1,29 @@
+// The choices of an export that do not stand in the document.
+#pragma once
+
+#include "TavixCore/Support/Tables.h"
+
+#include <string_view>
+#include <type_traits>
+
+namespace tavix {
+
+enum class ExportFormat { video, gif };
+enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444 };
+enum class ExportContainer { mp4, mov };
+enum class ResolutionPreset { native, p1080, k4 };
+
+constexpr bool isProRes(VideoCodec codec) {
+    return codec == VideoCodec::proRes422HQ || codec == VideoCodec::proRes4444;
+}
+
+// For people: "H.264", "ProRes 422 HQ", "1080p".
+std::string_view displayName(VideoCodec codec);
+std::string_view displayName(ResolutionPreset resolution);
+
+const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>);
+const Names<VideoCodec>& namesOf(std::type_identity<VideoCodec>);
+const Names<ExportContainer>& namesOf(std::type_identity<ExportContainer>);
+const Names<ResolutionPreset>& namesOf(std::type_identity<ResolutionPreset>);
+
+}   // namespace tavix

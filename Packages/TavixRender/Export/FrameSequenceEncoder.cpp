@@ -1,0 +1,101 @@
+#include "TavixRender/Export/FrameSequenceEncoder.h"
+
+#include "TavixCore/Support/Failure.h"
+#include "TavixPlatform/Media/StillImages.h"
+#include "TavixRender/Export/FrameOutput.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tavix {
+
+namespace {
+
+// High enough that a quick encoder loses nothing that can be seen.
+constexpr double bitsPerPixel = 0.5;
+
+media::MovieCodec mediaCodec(VideoCodec codec) {
+    switch (codec) {
+    case VideoCodec::h264: return media::MovieCodec::h264;
+    case VideoCodec::hevc: return media::MovieCodec::hevc;
+    case VideoCodec::proRes422HQ: return media::MovieCodec::proRes422HQ;
+    case VideoCodec::proRes4444: break;
+    }
+    return media::MovieCodec::proRes4444;
+}
+
+int roundedUpToEven(int side) { return side + side % 2; }
+
+imaging::Size codedSizeFor(imaging::Size size, VideoCodec codec) {
+    FrameOutput::requireDrawableSize(size);
+    switch (media::planarFormatOf(mediaCodec(codec))) {
+    case imaging::PlanarFormat::yuv420p8: return {roundedUpToEven(size.width), roundedUpToEven(size.height)};
+    case imaging::PlanarFormat::yuv422p10: return {roundedUpToEven(size.width), size.height};
+    case imaging::PlanarFormat::yuva444p10: break;
+    }
+    return size;
+}
+
+media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& settings, imaging::Size codedSize) {
+    const bool isMov = isProRes(settings.codec) || settings.container == ExportContainer::mov;
+    const int fps = std::max(settings.fps, 1);
+    const double bitsPerSec = double(settings.size.width) * settings.size.height * fps * bitsPerPixel;
+    return {.path = settings.output,
+        .sizePx = codedSize,
+        .codec = mediaCodec(settings.codec),
+        .container = isMov ? media::MovieContainer::mov : media::MovieContainer::mp4,
+        .framesPerSec = fps,
+        .bitsPerSec = isProRes(settings.codec) ? 0 : static_cast<std::int64_t>(bitsPerSec),
+        .effort = settings.effort,
+        .timescale = FrameSequenceEncoder::timescale};
+}
+
+// The reason goes into a longer sentence, which has its own full stop.
+[[noreturn]] void fail(const std::string& beginning, const media::MediaError& error) {
+    std::string reason = error.what();
+    if (reason.ends_with('.')) reason.pop_back();
+    throw Failure(beginning + reason + ".");
+}
+
+}   // namespace
+
+FrameSequenceEncoder::FrameSequenceEncoder(const Settings& settings, imaging::Evaluator& evaluator)
+    : bounds_{0, 0, double(settings.size.width), double(settings.size.height)},
+      codedSize_(codedSizeFor(settings.size, settings.codec)),
+      timeValuePerFrame_(std::max(timescale / std::max(settings.fps, 1), 1)),
+      surface_(evaluator, codedSize_) {
+    FrameOutput::makeRoomFor(settings.output);
+    try {
+        writer_ = std::make_unique<media::MovieWriter>(movieSettings(settings, codedSize_));
+    } catch (const media::MediaError& error) {
+        fail("Writer failed to start: ", error);
+    }
+}
+
+void FrameSequenceEncoder::append(const imaging::Image& image, std::int64_t frameIndex) try {
+    const imaging::Image frame = image.cropped(bounds_);
+    const bool isPadded = codedSize_.width > bounds_.width || codedSize_.height > bounds_.height;
+    media::MovieWriter::Slot& slot = writer_->acquire();
+    surface_.update(isPadded ? frame.clampedToExtent() : frame);
+    surface_.writePlanes(slot.planes, slot.stamp);
+    writer_->submit(slot, frameIndex * timeValuePerFrame_);
+} catch (const media::MediaError& error) {
+    fail("Composition write failed: ", error);
+}
+
+void FrameSequenceEncoder::finish() try { writer_->finish(); } catch (const media::MediaError& error) {
+    fail("Composition write failed: ", error);
+}
+
+void FrameSequenceEncoder::writeStill(const imaging::Image& image, imaging::Size size,
+    const std::filesystem::path& file, imaging::Evaluator& evaluator) {
+    FrameOutput::requireDrawableSize(size);
+    FrameOutput::makeRoomFor(file);
+    try {
+        media::writePng(file, evaluator.draw(image, {0, 0, size.width, size.height}).view());
+    } catch (const media::MediaError& error) {
+        fail("", error);
+    }
+}
+
+}   // namespace tavix

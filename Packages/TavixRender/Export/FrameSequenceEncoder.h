@@ -1,0 +1,46 @@
+// The end of the picture's road: draws each finished graph once and writes a movie, or one still.
+#pragma once
+
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Imaging/FrameSurface.h"
+#include "TavixPlatform/Media/MovieWriter.h"
+#include "TavixRender/Export/ExportOptions.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+namespace tavix {
+
+// Used by one thread at a time; encoding runs beside it, so that the next frame is composed meanwhile.
+class FrameSequenceEncoder {
+public:
+    struct Settings {
+        std::filesystem::path output;   // its folder is created, a file of that name replaced
+        imaging::Size size;
+        int fps = 30;
+        VideoCodec codec = VideoCodec::h264;
+        ExportContainer container = ExportContainer::mp4;   // ProRes is always written as QuickTime
+        media::EncodingEffort effort = media::EncodingEffort::fast;
+    };
+    // Units per second of frame times. Frames stand at whole numbers of them, so at a rate that does not
+    // divide it they run a little fast.
+    static constexpr int timescale = 600;
+
+    // Every member throws `Failure`. The evaluator must outlive the encoder.
+    FrameSequenceEncoder(const Settings& settings, imaging::Evaluator& evaluator);
+    void append(const imaging::Image& image, std::int64_t frameIndex);
+    void finish();   // waits until the file is complete
+
+    static void writeStill(const imaging::Image& image, imaging::Size size, const std::filesystem::path& file,
+        imaging::Evaluator& evaluator);
+
+private:
+    imaging::Rect bounds_;
+    imaging::Size codedSize_;   // codecs that halve the colour need even sides
+    std::int64_t timeValuePerFrame_;
+    imaging::FrameSurface surface_;
+    std::unique_ptr<media::MovieWriter> writer_;
+};
+
+}   // namespace tavix
