@@ -1,5 +1,7 @@
 #include "TavixPlatform/Imaging/Node.h"
 
+#include <algorithm>
+
 namespace tavix::imaging {
 
 Drawable::Drawable(NodeRef node) : node_(std::move(node)) {}
@@ -25,6 +27,25 @@ void Drawable::drawFloat(const FloatTile& tile, Scratch& scratch) const {
     draw(bytes, scratch);
     for (int y = tile.region.y0; y < tile.region.y1; ++y)
         kernels().unpack(tile.row(y), bytes.row(y), tile.width());
+}
+
+void Drawable::drawWithin(const Drawable& inner, const Tile& tile, Scratch& scratch) const {
+    const PixelRegion part = intersection(tile.region, node_->support());
+    if (part != tile.region) clear(tile);
+    if (!part.isEmpty()) inner.draw(tile.part(part), scratch);
+}
+
+void Drawable::drawWithin(const Drawable& inner, const FloatTile& tile, Scratch& scratch) const {
+    const PixelRegion part = intersection(tile.region, node_->support());
+    if (part == tile.region) return inner.drawFloat(tile, scratch);
+    clear(tile);
+    if (part.isEmpty()) return;
+    const Scratch::Mark mark(scratch);
+    const FloatTile own = scratch.floatTile(part);
+    inner.drawFloat(own, scratch);
+    for (int y = part.y0; y < part.y1; ++y)
+        for (int c = 0; c < 4; ++c)
+            std::copy_n(own.row(y).plane[c], own.width(), tile.row(y).plane[c] + (part.x0 - tile.region.x0));
 }
 
 void FloatDrawable::draw(const Tile& tile, Scratch& scratch) const {

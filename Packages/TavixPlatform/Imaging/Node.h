@@ -34,6 +34,11 @@ public:
     // As `draw`, in float. By default the 8-bit pixels.
     virtual void drawFloat(const FloatTile& tile, Scratch& scratch) const;
 
+protected:
+    // For one that draws `inner` within its support, and nothing around it.
+    void drawWithin(const Drawable& inner, const Tile& tile, Scratch& scratch) const;
+    void drawWithin(const Drawable& inner, const FloatTile& tile, Scratch& scratch) const;
+
 private:
     NodeRef node_;
 };

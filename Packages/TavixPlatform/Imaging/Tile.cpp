@@ -61,6 +61,10 @@ void clear(const Tile& tile) {
     for (int y = tile.region.y0; y < tile.region.y1; ++y) std::memset(tile.row(y), 0, tile.width() * 4);
 }
 
+void clear(const FloatTile& tile) {
+    std::fill_n(tile.values, tile.planeFloats * 4 * std::size_t(tile.region.height()), 0.0f);
+}
+
 const float* ditherRow(int y) {
     static const DitherMatrix matrix = bayerMatrix();
     return matrix[std::size_t(y & 7)].data();

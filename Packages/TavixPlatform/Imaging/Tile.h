@@ -73,6 +73,7 @@ private:
 };
 
 void clear(const Tile& tile);
+void clear(const FloatTile& tile);
 
 // Offsets in steps of a byte, between -1/2 and 1/2, that turn rounding into an ordered dither (Bayer, 1973).
 // Added where a filter makes smooth ramps, so that they do not band; a value that is a whole byte already

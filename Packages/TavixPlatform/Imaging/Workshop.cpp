@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <tbb/global_control.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
 
@@ -45,7 +46,13 @@ void ResultCache::keep(const Key& key, std::shared_ptr<const void> result, std::
 }
 
 struct Workshop::Threads {
-    explicit Threads(int count) : arena(count > 0 ? count : tbb::task_arena::automatic) {}
+    explicit Threads(int count) : arena(count > 0 ? count : tbb::task_arena::automatic) {
+        using Control = tbb::global_control;
+        const auto wanted = std::size_t(std::max(count, 0));
+        if (wanted > Control::active_value(Control::max_allowed_parallelism))
+            raised = std::make_unique<Control>(Control::max_allowed_parallelism, wanted);
+    }
+    std::unique_ptr<tbb::global_control> raised;   // more threads than cores, when asked for
     tbb::task_arena arena;
 };
 
@@ -96,7 +103,7 @@ Picture Workshop::pictureOf(const NodeRef& node, const PixelRegion& needed) {
     if (part.isEmpty()) return {};
     if (const auto* bitmap = asBitmap(*node)) return *bitmap;
     const PixelRegion region = worthKeeping(node->support(), part);
-    const ResultCache::Key key{node->hash(), region};
+    const ResultCache::Key key{ResultCache::Kind::picture, node->hash(), region};
     if (const auto kept = std::static_pointer_cast<const Bitmap>(cache_.find(key))) return {kept, region};
     auto bitmap = std::make_shared<Bitmap>(Bitmap::uninitialised({region.width(), region.height()}, pool_));
     drawInto(node, Tile::of(bitmap->view(), region));

@@ -15,12 +15,15 @@
 
 namespace tavix::imaging {
 
-// Results by structural hash and region. The least recently used go when there are more bytes than allowed.
+// Results by kind, structural hash and region. The least recently used go when there are more bytes than
+// allowed.
 class ResultCache {
 public:
     explicit ResultCache(std::size_t mostBytes) : mostBytes_(mostBytes) {}
 
+    enum class Kind { picture, halved, pyramid };   // a Bitmap, a Bitmap, a GaussianPyramid
     struct Key {
+        Kind kind;
         std::uint64_t hash;
         PixelRegion region;
         bool operator==(const Key&) const = default;
@@ -36,7 +39,7 @@ private:
     };
     struct KeyHash {
         std::size_t operator()(const Key& key) const {
-            return std::size_t(Hash(key.hash).add(key.region).value());
+            return std::size_t(Hash(key.hash).add(std::uint64_t(key.kind)).add(key.region).value());
         }
     };
     std::list<Entry> byUse_;   // the latest first

@@ -112,16 +112,9 @@ class BoundedDrawable final : public Drawable {
 public:
     BoundedDrawable(const NodeRef& node, std::unique_ptr<RowDrawable> inner)
         : Drawable(node), inner_(std::move(inner)) {}
-    void draw(const Tile& tile, Scratch& scratch) const override {
-        const PixelRegion part = intersection(tile.region, node().support());
-        if (part != tile.region) clear(tile);
-        if (!part.isEmpty()) inner_->draw(tile.part(part), scratch);
-    }
+    void draw(const Tile& tile, Scratch& scratch) const override { drawWithin(*inner_, tile, scratch); }
     void drawFloat(const FloatTile& tile, Scratch& scratch) const override {
-        if (node().support().contains(tile.region))
-            inner_->drawFloat(tile, scratch);
-        else
-            Drawable::drawFloat(tile, scratch);
+        drawWithin(*inner_, tile, scratch);
     }
 
 private:
@@ -143,7 +136,7 @@ DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const 
         rows = std::make_unique<NarrowBlur>(
             self, sourceOf(workshop, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
     } else {
-        const ResultCache::Key key{hash(), region};
+        const ResultCache::Key key{ResultCache::Kind::pyramid, hash(), region};
         auto pyramid = std::static_pointer_cast<const GaussianPyramid>(workshop.cache().find(key));
         if (!pyramid) {
             const BlurSource source = sourceOf(workshop, input, grownBy(region, reachPx()));

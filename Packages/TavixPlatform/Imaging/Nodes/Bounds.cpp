@@ -29,20 +29,13 @@ public:
 class CroppedDrawable final : public Drawable {
 public:
     CroppedDrawable(const NodeRef& node, DrawableRef input) : Drawable(node), input_(std::move(input)) {}
-    void draw(const Tile& tile, Scratch& scratch) const override {
-        const PixelRegion part = intersection(tile.region, node().support());
-        if (part != tile.region) clear(tile);
-        if (!part.isEmpty()) input_->draw(tile.part(part), scratch);
-    }
+    void draw(const Tile& tile, Scratch& scratch) const override { drawWithin(*input_, tile, scratch); }
     void drawOver(const Tile& tile, unsigned opacity, Scratch& scratch) const override {
         const PixelRegion part = intersection(tile.region, node().support());
         if (!part.isEmpty()) input_->drawOver(tile.part(part), opacity, scratch);
     }
     void drawFloat(const FloatTile& tile, Scratch& scratch) const override {
-        if (node().support().contains(tile.region))
-            input_->drawFloat(tile, scratch);
-        else
-            Drawable::drawFloat(tile, scratch);
+        drawWithin(*input_, tile, scratch);
     }
 
 private:

@@ -23,39 +23,48 @@ void forRows(Workshop& workshop, const PixelRegion& region, const std::function<
     });
 }
 
-PixelRegion halvedRegion(const PixelRegion& r) {
+// What a halved picture is made from.
+PixelRegion regionBefore(const PixelRegion& r) {
     return {2 * r.x0 - 1, 2 * r.y0 - 1, 2 * r.x1 + 1, 2 * r.y1 + 1};
 }
+// Where the half of a picture may differ from what lies around it.
+PixelRegion regionAfter(const PixelRegion& r) {
+    if (r.isEmpty()) return {};
+    return {
+        floorDiv(r.x0, 2) - 1, floorDiv(r.y0, 2) - 1, floorDiv(r.x1 - 1, 2) + 2, floorDiv(r.y1 - 1, 2) + 2};
+}
 
-// One halving of rows that `rowOf(out, y)` gives over halvedRegion(out.region).
+// One halving of the rows that `rowOf(y, x0, x1, scratch)` gives.
 template <class RowOf> void halveInto(Workshop& workshop, const FloatPicture& out, const RowOf& rowOf) {
-    const PixelRegion from = halvedRegion(out.region);
+    const PixelRegion from = regionBefore(out.region);
     const std::size_t floats = std::size_t(from.width()) * 4;
     static constexpr float weights[4] = {0.125f, 0.375f, 0.375f, 0.125f};
     forRows(workshop, out.region, [&](int y, Scratch& scratch) {
         const float* rows[4];
-        for (int i = 0; i < 4; ++i) rows[i] = rowOf(2 * y - 1 + i, scratch);
+        for (int i = 0; i < 4; ++i) rows[i] = rowOf(2 * y - 1 + i, from.x0, from.x1, scratch);
         auto* sum = scratch.take<float>(floats);
         kernels().weightedSum(sum, rows, weights, 4, floats);
         kernels().halve(out.at(out.region.x0, y), sum, std::size_t(out.region.width()));
     });
 }
 
-// Separable convolution of `in`, which is larger than `out` by the radius all round.
-void convolve(
-    Workshop& workshop, const FloatPicture& in, const FloatPicture& out, const std::vector<float>& taps) {
+// Separable convolution.
+void convolve(Workshop& workshop, const FloatPicture& in, bool isContinued, const FloatPicture& out,
+    const std::vector<float>& taps) {
     const int radius = int(taps.size()) / 2;
-    const FloatPicture across({out.region.x0, in.region.y0, out.region.x1, in.region.y1}, workshop.pool());
+    const PixelRegion& r = out.region;
+    const PixelRegion tall = grownBy(r, radius);
+    const FloatPicture across({r.x0, tall.y0, r.x1, tall.y1}, workshop.pool());
     forRows(workshop, across.region, [&](int y, Scratch& scratch) {
+        const float* row = in.row(y, tall.x0, tall.x1, isContinued, scratch);
         auto* rows = scratch.take<const float*>(taps.size());
-        for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = in.at(out.region.x0 - radius + int(t), y);
-        kernels().weightedSum(
-            across.at(out.region.x0, y), rows, taps.data(), int(taps.size()), across.rowFloats());
+        for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = row + t * 4;
+        kernels().weightedSum(across.at(r.x0, y), rows, taps.data(), int(taps.size()), across.rowFloats());
     });
-    forRows(workshop, out.region, [&](int y, Scratch& scratch) {
+    forRows(workshop, r, [&](int y, Scratch& scratch) {
         auto* rows = scratch.take<const float*>(taps.size());
-        for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = across.at(out.region.x0, y - radius + int(t));
-        kernels().weightedSum(out.at(out.region.x0, y), rows, taps.data(), int(taps.size()), out.rowFloats());
+        for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = across.at(r.x0, y - radius + int(t));
+        kernels().weightedSum(out.at(r.x0, y), rows, taps.data(), int(taps.size()), out.rowFloats());
     });
 }
 
@@ -104,6 +113,19 @@ float* FloatPicture::at(int x, int y) const {
     return reinterpret_cast<float*>(bytes.get()) + std::size_t(y - region.y0) * rowFloats() +
            std::ptrdiff_t(x - region.x0) * 4;
 }
+const float* FloatPicture::row(int y, int x0, int x1, bool isContinued, Scratch& scratch) const {
+    if (region.contains({x0, y, x1, y + 1})) return at(x0, y);
+    auto* out = scratch.take<float>(std::size_t(x1 - x0) * 4);
+    if (isContinued) y = std::clamp(y, region.y0, region.y1 - 1);
+    const bool isOutside = y < region.y0 || y >= region.y1;
+    static constexpr float clearPixel[4] = {};
+    for (int x = x0; x < x1; ++x) {
+        const bool isClear = isOutside || (!isContinued && (x < region.x0 || x >= region.x1));
+        const float* from = isClear ? clearPixel : at(std::clamp(x, region.x0, region.x1 - 1), y);
+        std::memcpy(out + std::ptrdiff_t(x - x0) * 4, from, sizeof clearPixel);
+    }
+    return out;
+}
 std::size_t FloatPicture::byteCount() const {
     return rowFloats() * sizeof(float) * std::size_t(region.height());
 }
@@ -136,23 +158,31 @@ GaussianPyramid::GaussianPyramid(
     const PixelRegion small{floorDiv(wanted.x0, phases_) - 2, floorDiv(wanted.y0, phases_) - 2,
         floorDiv(wanted.x1 - 1, phases_) + 3, floorDiv(wanted.y1 - 1, phases_) + 3};
 
+    // Each halving is wanted where the next one looks, but beyond the source it holds nothing new.
+    const bool isContinued = !source.edge.isEmpty();
     std::vector<PixelRegion> regions{
-        grownBy(small, int(taps.size()) / 2)};   // of the small picture, then of larger ones
-    for (int i = 1; i < halvings; ++i) regions.push_back(halvedRegion(regions.back()));
+        grownBy(small, int(taps.size()) / 2)};   // of the smallest, then of larger ones
+    for (int i = 1; i < halvings; ++i) regions.push_back(regionBefore(regions.back()));
+    PixelRegion held = isContinued ? source.edge : source.picture.region;
+    for (std::size_t i = regions.size(); i-- > 0;) {
+        held = regionAfter(held);
+        regions[i] = isContinued ? held : intersection(regions[i], held);
+    }
     auto picture = std::make_unique<FloatPicture>(regions.back(), workshop.pool());
-    const PixelRegion full = halvedRegion(regions.back());
-    halveInto(workshop, *picture, [&](int y, Scratch& scratch) {
-        auto* row = scratch.take<float>(std::size_t(full.width()) * 4);
-        source.row(row, y, full.x0, full.x1);
+    halveInto(workshop, *picture, [&](int y, int x0, int x1, Scratch& scratch) {
+        auto* row = scratch.take<float>(std::size_t(x1 - x0) * 4);
+        source.row(row, y, x0, x1);
         return row;
     });
     for (int i = halvings - 2; i >= 0; --i) {
         auto half = std::make_unique<FloatPicture>(regions[std::size_t(i)], workshop.pool());
-        halveInto(workshop, *half, [&](int y, Scratch&) { return picture->at(picture->region.x0, y); });
+        halveInto(workshop, *half, [&](int y, int x0, int x1, Scratch& scratch) {
+            return picture->row(y, x0, x1, isContinued, scratch);
+        });
         picture = std::move(half);
     }
     top_ = std::make_unique<FloatPicture>(small, workshop.pool());
-    convolve(workshop, *picture, *top_, taps);
+    convolve(workshop, *picture, isContinued, *top_, taps);
 }
 
 void GaussianPyramid::rowInto(float* out, int y, int x0, int x1, float* between) const {

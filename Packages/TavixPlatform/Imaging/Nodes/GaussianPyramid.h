@@ -25,6 +25,8 @@ struct BlurSource {
 struct FloatPicture {
     FloatPicture(const PixelRegion& region, const std::shared_ptr<BytePool>& pool);
     float* at(int x, int y) const;
+    // As that of a source: beyond the region its border continues, or all is clear.
+    const float* row(int y, int x0, int x1, bool isContinued, Scratch& scratch) const;
     std::size_t rowFloats() const { return std::size_t(region.width()) * 4; }
     std::size_t byteCount() const;
     PixelRegion region;

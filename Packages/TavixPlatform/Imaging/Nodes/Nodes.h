@@ -77,8 +77,7 @@ enum class NodeKind : std::uint64_t {
     faded,
     blurred,
     bloomed,
-    pixellated,
-    mipmap
+    pixellated
 };
 inline Hash hashOf(NodeKind kind) { return Hash(std::uint64_t(kind)); }
 

@@ -32,15 +32,17 @@ public:
     bool isOpaque(const PixelRegion& region) const override { return lowestSeen(region) > 0; }
     std::uint64_t contribution(const PixelRegion& region) const override {
         Hash hash = hashOf(NodeKind::stack);
-        bool hasAny = false;
+        std::uint64_t only = 0;   // one layer alone counts as itself
+        int count = 0;
         for (std::size_t i = layers.size(); i-- > 0;) {
             const std::uint64_t below = layers[i]->contribution(region);
             if (below == 0) continue;
             hash.add(below);
-            hasAny = true;
+            only = below;
+            ++count;
             if (layers[i]->isOpaque(region)) break;
         }
-        return hasAny ? hash.value() : 0;
+        return count > 1 ? hash.value() : only;
     }
     // One more than the index of the topmost layer that hides all below it in a region; 0 when there is none.
     std::size_t lowestSeen(const PixelRegion& region) const {

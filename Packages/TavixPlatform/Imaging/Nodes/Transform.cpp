@@ -75,10 +75,12 @@ public:
     }
 
     void draw(const Tile& tile, Scratch&) const override {
-        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
-            const Span span = spanAt(y, {tile.region.x0, tile.region.x1});
-            std::memset(tile.row(y), 0, std::size_t(span.lo - tile.region.x0) * 4);
-            std::memset(tile.at(span.hi, y), 0, std::size_t(tile.region.x1 - span.hi) * 4);
+        const PixelRegion part = imaging::intersection(tile.region, node().support());
+        if (part != tile.region) clear(tile);
+        for (int y = part.y0; y < part.y1; ++y) {
+            const Span span = spanAt(y, {part.x0, part.x1});
+            std::memset(tile.at(part.x0, y), 0, std::size_t(span.lo - part.x0) * 4);
+            std::memset(tile.at(span.hi, y), 0, std::size_t(part.x1 - span.hi) * 4);
             if (!span.isEmpty()) sampleRow(tile.at(span.lo, y), y, span);
         }
     }
@@ -168,7 +170,7 @@ BitmapRef mipmap(Workshop& workshop, const BitmapRef& source, int level) {
     BitmapRef result = source;
     for (int i = 1; i <= level; ++i) {
         const ResultCache::Key key{
-            hashOf(NodeKind::mipmap).add(source->id()).add(std::uint64_t(i)).value(), {}};
+            ResultCache::Kind::halved, Hash(source->id()).add(std::uint64_t(i)).value(), {}};
         auto kept = std::static_pointer_cast<const Bitmap>(workshop.cache().find(key));
         if (!kept) {
             kept = halved(workshop, *result);

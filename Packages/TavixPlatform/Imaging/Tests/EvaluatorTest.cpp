@@ -1,0 +1,179 @@
+// Laws of drawing: what comes out depends on the graph alone.
+#include "TavixPlatform/Imaging/Evaluator.h"
+
+#include "TavixPlatform/Imaging/FrameSurface.h"
+#include "TavixPlatform/Imaging/Tests/Pictures.h"
+#include "TavixPlatform/Imaging/Workshop.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+namespace tavix::imaging::tests {
+namespace {
+
+constexpr PixelRegion frame{-20, -10, 170, 140};
+
+Words cut(const Words& all, const PixelRegion& part) {
+    Words words;
+    for (int y = part.y0; y < part.y1; ++y)
+        for (int x = part.x0; x < part.x1; ++x)
+            words.push_back(
+                all[std::size_t(y - frame.y0) * std::size_t(frame.width()) + std::size_t(x - frame.x0)]);
+    return words;
+}
+
+TEST(Evaluator, DrawsAPartAsThatPartOfTheWhole) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
+        const Image image = randomImage(random, 1 + round % 4);
+        Evaluator evaluator({.threadCount = 1});
+        const Words whole = pixelsOf(evaluator, image, frame);
+        const int x = frame.x0 + int(random() % 150), y = frame.y0 + int(random() % 100);
+        const PixelRegion part{x, y, x + 1 + int(random() % 40), y + 1 + int(random() % 50)};
+        Evaluator fresh({.threadCount = 1, .cacheBytes = 0});
+        ASSERT_EQ(pixelsOf(fresh, image, part), cut(whole, part));
+        ASSERT_EQ(pixelsOf(evaluator, image, part), cut(whole, part));
+    }
+}
+
+TEST(Evaluator, DoesNotDependOnThreadsOrOnWhatWasDrawnBefore) {
+    std::mt19937 random(11);
+    Evaluator one({.threadCount = 1, .cacheBytes = 0}), two({.threadCount = 2}),
+        seven({.threadCount = 7, .cacheBytes = 1 << 18});
+    for (int round = 0; round < 150; ++round) {
+        SCOPED_TRACE(round);
+        const Image image = randomImage(random, 1 + round % 5);
+        const Words expected = pixelsOf(one, image, frame);
+        ASSERT_EQ(pixelsOf(two, image, frame), expected);
+        ASSERT_EQ(pixelsOf(seven, image, frame), expected);
+        ASSERT_EQ(pixelsOf(two, image, frame), expected);   // now from the cache
+    }
+}
+
+TEST(Evaluator, KeepsPremultipliedPixelsInOrder) {
+    std::mt19937 random(13);
+    Evaluator evaluator;
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        for (const std::uint32_t pixel : pixelsOf(evaluator, randomImage(random, 1 + round % 4), frame))
+            for (int c = 0; c < 3; ++c) ASSERT_LE(channel(pixel, c), channel(pixel, 3));
+    }
+}
+
+TEST(Evaluator, DrawsNothingOutsideTheExtent) {
+    std::mt19937 random(17);
+    Evaluator evaluator;
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        const Image image = randomImage(random, 1 + round % 3);
+        const PixelRegion inside = pixelsCovering(image.extent());
+        const Words words = pixelsOf(evaluator, image, frame);
+        for (int y = frame.y0; y < frame.y1; ++y)
+            for (int x = frame.x0; x < frame.x1; ++x)
+                if (!inside.contains({x, y, x + 1, y + 1})) {
+                    ASSERT_EQ(words[std::size_t(y - frame.y0) * std::size_t(frame.width()) +
+                                    std::size_t(x - frame.x0)],
+                        0u);
+                }
+    }
+}
+
+TEST(Evaluator, BakesAPictureIntoTheSamePicture) {
+    std::mt19937 random(19);
+    Evaluator evaluator;
+    for (int round = 0; round < 150; ++round) {
+        SCOPED_TRACE(round);
+        const Image image = randomImage(random, 1 + round % 4);
+        const Image baked = evaluator.baked(image, frame);
+        ASSERT_EQ(pixelsOf(evaluator, baked, frame), pixelsOf(evaluator, image, frame));
+        if (!baked.isEmpty()) {
+            ASSERT_EQ(baked.extent(), image.extent());
+        }
+    }
+}
+
+TEST(Evaluator, SurvivesAStackOfAHundredThousand) {
+    std::vector<Image> layers(100000, Image::solid({1, 0, 0, 0.001}).cropped({0, 0, 4, 4}));
+    Evaluator evaluator;
+    EXPECT_EQ(pixelsOf(evaluator, Image::stacked(layers), {0, 0, 4, 4}).size(), 16u);
+}
+
+TEST(FrameSurface, ShowsWhatAFreshDrawingShows) {
+    std::mt19937 random(23);
+    Evaluator evaluator, fresh({.cacheBytes = 0});
+    const Size size{300, 200};
+    FrameSurface surface(evaluator, size);
+    Image still = randomImage(random, 3).over(Image::solid({0.2, 0.3, 0.4, 1}));
+    for (int i = 0; i < 80; ++i) {
+        SCOPED_TRACE(i);
+        if (i % 20 == 19) still = randomImage(random, 3);
+        const Image moving = randomImage(random, 2);
+        const Image picture = moving.translated(i * 3 % 250, i % 70).over(still);
+        surface.update(picture);
+        const Bitmap expected = fresh.draw(picture, {0, 0, size.width, size.height});
+        for (int y = 0; y < size.height; ++y)
+            ASSERT_EQ(
+                std::memcmp(surface.pixels().row(y), expected.view().row(y), std::size_t(size.width) * 4), 0)
+                << y;
+    }
+}
+
+TEST(FrameSurface, DrawsOnlyTilesThatChanged) {
+    Evaluator evaluator;
+    FrameSurface surface(evaluator, {1280, 640});
+    const Image back = Image::bitmap(noiseBitmap({1280, 640}, 3, true));
+    const Image card = Image::bitmap(noiseBitmap({60, 40}, 4, true));
+    EXPECT_EQ(surface.update(back), 100);
+    EXPECT_EQ(surface.update(back), 0);
+    EXPECT_EQ(surface.update(card.translated(10, 10).over(back)), 1);
+    EXPECT_EQ(surface.update(card.translated(12.5, 10).over(back)), 1);
+    EXPECT_EQ(surface.update(card.translated(400, 10).over(back)), 2);   // where it was and where it is
+    EXPECT_EQ(surface.update(back.over(card)), 1);                       // hidden: as the back alone
+    EXPECT_EQ(surface.update(back), 0);
+}
+
+TEST(FrameSurface, WritesPlanesAsIfAllWereWritten) {
+    Evaluator evaluator;
+    const Size size{300, 202};
+    FrameSurface surface(evaluator, size);
+    struct Planes {
+        std::vector<std::uint8_t> bytes = std::vector<std::uint8_t>(300 * 202 * 2, 0);
+        std::uint64_t stamp = 0;
+        PlanarView view() {
+            return {PlanarFormat::yuv420p8, {300, 202},
+                {bytes.data(), bytes.data() + 300 * 202, bytes.data() + 300 * 202 + 150 * 101, nullptr},
+                {300, 150, 150, 0}};
+        }
+    } slots[3];
+    std::mt19937 random(29);
+    for (int i = 0; i < 40; ++i) {
+        const Image picture =
+            randomImage(random, 1).translated(i * 5, i).over(Image::solid({0, 0.4, 0.9, 1}));
+        surface.update(picture);
+        Planes all;
+        surface.writePlanes(all.view(), all.stamp);
+        Planes& slot = slots[random() % 3];
+        surface.writePlanes(slot.view(), slot.stamp);
+        ASSERT_EQ(slot.bytes, all.bytes) << i;
+    }
+}
+
+TEST(FrameSurface, AsksForNoNewMemoryOnceItRuns) {
+    Evaluator evaluator({.threadCount = 2, .cacheBytes = 8 << 20});
+    FrameSurface surface(evaluator, {640, 480});
+    const Image card = Image::bitmap(noiseBitmap({200, 300}, 5));
+    const auto frameAt = [&](int i) {
+        const Image turned = card.transformed(Affine::rotation(i * 0.02).then(Affine::translation(200, 100)));
+        return turned.gaussianBlurred(4 + i % 3).withOpacity(0.9).over(Image::solid(Color::white()));
+    };
+    for (int i = 0; i < 10; ++i) surface.update(frameAt(i));
+    const BytePool& pool = *evaluator.impl().workshop.pool();
+    const std::size_t after = pool.allocationCount();
+    for (int i = 10; i < 60; ++i) surface.update(frameAt(i % 10));
+    EXPECT_EQ(pool.allocationCount(), after);
+}
+
+}   // namespace
+}   // namespace tavix::imaging::tests
