@@ -11,14 +11,12 @@ namespace {
 namespace fs = std::filesystem;
 
 std::vector<fs::path> folders() {
-    std::vector<fs::path> all;
     if (const char* named = std::getenv("TAVIX_RESOURCES"); named != nullptr && *named != '\0')
-        all.emplace_back(named);
+        return {named};
     std::error_code unknown;
     const fs::path program = fs::read_symlink("/proc/self/exe", unknown);
-    if (!unknown) all.push_back(program.parent_path().parent_path() / "share" / "tavix");
-    all.emplace_back(TAVIX_INSTALLED_RESOURCES);
-    return all;
+    const fs::path besideProgram = program.parent_path().parent_path() / "share" / "tavix";
+    return {besideProgram, TAVIX_INSTALLED_RESOURCES};
 }
 
 }   // namespace

@@ -7,9 +7,9 @@
 
 namespace tavix::ResourceFolders {
 
-// The first existing file of that path below the resource folders, or nothing. The folders are, in this
-// order: the one that the environment variable TAVIX_RESOURCES names, `share/tavix` beside the program's own
-// folder, and the one that the program was configured to be installed with.
+// The first existing file of that path below the resource folders, or nothing. The folders are `share/tavix`
+// beside the program's own folder and the one it was configured to be installed with, or, when the
+// environment variable TAVIX_RESOURCES names a folder, that one alone.
 std::optional<std::filesystem::path> find(std::string_view relativePath);
 
 }   // namespace tavix::ResourceFolders

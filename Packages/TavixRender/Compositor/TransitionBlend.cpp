@@ -36,15 +36,20 @@ Image wipe(const Pictures& p, double e) {
 }
 
 // The pictures meet edge to edge: where a pixel holds both, their shares add up to one, which laying one over
-// the other would not give.
+// the other would not give. Pushed too far, the picture in view goes on with its edge pixels.
 Image push(const Pictures& p, double e) {
-    const Image leaving = p.outgoing.translated(-e * p.rect.width, 0).cropped(p.rect);
-    const Image entering = p.incoming.translated((1 - e) * p.rect.width, 0).cropped(p.rect);
-    return entering.adding(leaving);
+    const double leavingBy = -e * p.rect.width, enteringBy = (1 - e) * p.rect.width;
+    if (e < 0) return p.outgoing.clampedToExtent().translated(leavingBy, 0);
+    if (e > 1) return p.incoming.clampedToExtent().translated(enteringBy, 0);
+    return p.incoming.translated(enteringBy, 0)
+        .cropped(p.rect)
+        .adding(p.outgoing.translated(leavingBy, 0).cropped(p.rect));
 }
 
 Image zoomedAndBlurred(const Image& picture, const Rect& rect, double zoom, double blurPx) {
-    const Image zoomed = picture.transformed(Affine::scaling(zoom, zoom).about(rect.center())).cropped(rect);
+    // Past the ends a picture shrinks; its edge pixels then fill the rest.
+    const Image source = zoom < 1 ? picture.clampedToExtent() : picture;
+    const Image zoomed = source.transformed(Affine::scaling(zoom, zoom).about(rect.center())).cropped(rect);
     if (blurPx <= visibleBlurPx) return zoomed;
     return zoomed.clampedToExtent().gaussianBlurred(blurPx).cropped(rect);
 }

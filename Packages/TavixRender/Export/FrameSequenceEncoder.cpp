@@ -13,6 +13,8 @@ namespace {
 
 // High enough that a quick encoder loses nothing that can be seen.
 constexpr double bitsPerPixel = 0.5;
+// Encoders count in thousands, and none at all would mean no limit.
+constexpr std::int64_t minBitsPerSec = 1000;
 
 media::MovieCodec mediaCodec(VideoCodec codec) {
     switch (codec) {
@@ -45,7 +47,8 @@ media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& setting
         .codec = mediaCodec(settings.codec),
         .container = isMov ? media::MovieContainer::mov : media::MovieContainer::mp4,
         .framesPerSec = fps,
-        .bitsPerSec = isProRes(settings.codec) ? 0 : static_cast<std::int64_t>(bitsPerSec),
+        .bitsPerSec =
+            isProRes(settings.codec) ? 0 : std::max(static_cast<std::int64_t>(bitsPerSec), minBitsPerSec),
         .effort = settings.effort,
         .timescale = FrameSequenceEncoder::timescale};
 }

@@ -56,7 +56,7 @@ TEST_F(Resolving, GivesEachLayerItsWindow) {
         layer.durationSec = c.durationSec;
         const ResolvedComposition composition = resolved(specOf(size, 30, {sceneOf(4, {layer})}));
         ASSERT_EQ(composition.layers(0).size(), c.window ? 1u : 0u);
-        for (const auto& layer : composition.layers(0)) EXPECT_EQ(layer.window, *c.window);
+        for (const auto& kept : composition.layers(0)) EXPECT_EQ(kept.window, *c.window);
     }
 }
 
@@ -188,7 +188,10 @@ CompositionSpec livelySpec() {
         {AnimProperty::scale, {keyframe(0, 1), keyframe(2, 1.8)}}};
     spinning.effects = {NoiseEffect{0.2, 3}, GlowEffect{}};
     CompositionLayer entering = shapeLayer(red, 0.2, 0.2);
-    entering.enter = KineticPhase{.durationSec = 0.5, .opacity = 0, .offset = {0.3, 0}};
+    entering.enter = KineticPhase{};
+    entering.enter->durationSec = 0.5;
+    entering.enter->opacity = 0;
+    entering.enter->offset = {0.3, 0};
     CompositionSpec spec = specOf(size, 30, {sceneOf(2, {spinning, entering}), sceneOf(2, {spinning})});
     spec.scenes[1].background = LinearGradient::standard();
     spec.scenes[0].transition = transitionOf(TransitionStyle::crosswarp, 0.8);
@@ -241,25 +244,24 @@ protected:
 };
 
 TEST_F(WithPicture, PlacesAnImageAtItsOwnSizeOrAsAFractionOfTheHeight) {
-    ResolvedComposition own = resolved(specWith({.path = "card.png"}));
+    ResolvedComposition own = resolved(specWith({"card.png", {}, 0, {}}));
     const Picture card(testing::testCard({20, 10}, 5), {20, 10}), frame(own.frame(0), size);
     for (int y = 0; y < 10; ++y)
         for (int x = 0; x < 20; ++x) ASSERT_EQ(frame.at(22 + x, 13 + y), card.at(x, y));
     EXPECT_EQ(frame.at(21, 18), blackPixel);
-    const ResolvedComposition half = resolved(specWith({.path = "card.png", .heightFraction = 0.5}));
+    const ResolvedComposition half = resolved(specWith({"card.png", 0.5, 0, {}}));
     const auto image = half.layers(0)[0].renderer->contentImage(0);
     ASSERT_TRUE(image);
     EXPECT_EQ(image->extent(), (imaging::Rect{14, 9, 36, 18}));
 }
 
 TEST_F(WithPicture, RoundsTheCornersOfAnImage) {
-    ResolvedComposition composition =
-        resolved(specWith({.path = "card.png", .heightFraction = 0.5, .cornerRadiusFraction = 0.5}));
+    ResolvedComposition composition = resolved(specWith({"card.png", 0.5, 0.5, {}}));
     EXPECT_EQ(Picture(composition.frame(0), size).at(14, 9), blackPixel);
 }
 
 TEST_F(WithPicture, KeepsWhatStandsOutsideTheCanvasForWhenItMovesIn) {
-    CompositionSpec spec = specWith({.path = "card.png"});
+    CompositionSpec spec = specWith({"card.png", {}, 0, {}});
     auto& layer = spec.scenes[0].layers[0];
     layer.position = {-10, 18};   // wholly outside
     layer.tracks = {{AnimProperty::x, {keyframe(0, 42.0 / 36)}}};
@@ -269,7 +271,7 @@ TEST_F(WithPicture, KeepsWhatStandsOutsideTheCanvasForWhenItMovesIn) {
 }
 
 TEST_F(WithPicture, TellsOfAnUnreadableImageOnceAndKeepsItsLayer) {
-    ResolvedComposition composition = resolved(specWith({.path = "missing.png"}, 3));
+    ResolvedComposition composition = resolved(specWith({"missing.png", {}, 0, {}}, 3));
     EXPECT_EQ(composition.layers(0).size(), 3u);
     EXPECT_EQ(centerAt(composition, 0), blackPixel);
     ASSERT_EQ(lines.size(), 1u);
