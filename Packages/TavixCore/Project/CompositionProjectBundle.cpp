@@ -11,7 +11,7 @@ std::filesystem::path specFile(const std::filesystem::path& bundle) { return bun
 
 bool isBundle(const std::filesystem::path& bundle) {
     std::error_code ignored;
-    return lastComponent(bundle).extension() == "." + std::string(pathExtension) &&
+    return lastComponent(bundle).extension() == std::string(".").append(pathExtension) &&
            std::filesystem::exists(specFile(bundle), ignored);
 }
 

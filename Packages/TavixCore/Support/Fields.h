@@ -18,6 +18,7 @@
 
 #include <cmath>
 #include <concepts>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -117,14 +118,26 @@ template <class R> const R& freshRecord() {
     return fresh;
 }
 
+template <class T> constexpr bool isNumber = std::is_same_v<T, double> || std::is_same_v<T, std::int64_t>;
+template <class T> constexpr bool isNumber<std::optional<T>> = isNumber<T>;
+
 // The number that a member holds; nothing when it holds none, or is of another type.
 template <class T> std::optional<double> numberIn(const T& value) {
-    if constexpr (std::is_same_v<T, double> || std::is_same_v<T, std::int64_t>)
-        return static_cast<double>(value);
-    else if constexpr (std::is_same_v<T, std::optional<double>>)
-        return value;
-    else
+    if constexpr (!isNumber<T>)
         return std::nullopt;
+    else if constexpr (isOptional<T>)
+        return value ? numberIn(*value) : std::nullopt;
+    else
+        return static_cast<double>(value);
+}
+
+template <class T> void clampNumber(T& value, const Bounds& bounds) {
+    if constexpr (!isNumber<T>)
+        return;
+    else if constexpr (isOptional<T>) {
+        if (value) clampNumber(*value, bounds);
+    } else if (const auto number = static_cast<double>(value); bounds.clamp(number) != number)
+        value = static_cast<T>(bounds.clamp(number));
 }
 
 }   // namespace detail
@@ -137,8 +150,7 @@ template <auto First, auto... Rest> constexpr auto field(std::string_view key, s
         [](const Json& json, R& into, const Field<R>& self, const KeyPath& at) {
             V value{};
             Codec<V>::read(json, value, at);
-            if constexpr (std::is_same_v<V, double> || std::is_same_v<V, std::optional<double>>)
-                if (self.clamps) value = self.bounds->clamp(*detail::numberIn(value));
+            if (self.clamps) detail::clampNumber(value, *self.bounds);
             ((into.*First).*....*Rest) = std::move(value);
         },
         [](const R& from) { return Codec<V>::write(((from.*First).*....*Rest)); },
