@@ -105,16 +105,16 @@ Image ResolvedComposition::frame(double globalSec) {
 }
 
 Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
-    Image accumulated = backgrounds_[scene];
+    std::vector<Image> bottomToTop{backgrounds_[scene]};
     for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
         if (!resolved->window.contains(localSec)) continue;
         const double layerSec = localSec - resolved->window.startSec;
         const auto content = resolved->renderer->contentImage(layerSec);
         if (!content) continue;
         if (const auto finished = resolved->finish(*content, layerSec, bounds_.height, bounds_))
-            accumulated = finished->over(accumulated);
+            bottomToTop.push_back(*finished);
     }
-    return accumulated.cropped(bounds_);
+    return Image::stacked(bottomToTop).cropped(bounds_);
 }
 
 std::vector<const ResolvedCompositionLayer*> ResolvedComposition::depthOrderedLayers(
