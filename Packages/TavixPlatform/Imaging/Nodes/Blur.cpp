@@ -122,11 +122,10 @@ private:
 };
 
 BlurSource sourceOf(Workshop& workshop, const NodeRef& input, const PixelRegion& needed) {
-    if (const NodeRef* continued = asContinued(*input)) {
-        const PixelRegion edge = pixelsCovering((*continued)->extent());
-        return {workshop.pictureOf(*continued, edge), edge};
-    }
-    return {workshop.pictureOf(input, needed), {}};
+    const auto [node, isContinued] = behind(input);
+    const PixelRegion all = pixelsCovering(node->extent());
+    if (isContinued) return {workshop.pictureOf(node, all), all};
+    return {workshop.pictureOf(node, needed), {}};
 }
 
 DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {

@@ -53,11 +53,16 @@ PixelRegion nearest(const PixelRegion& region, const PixelRegion& edge) {
         low(region.x1 - 1, edge.x0, edge.x1) + 1, low(region.y1 - 1, edge.y0, edge.y1) + 1};
 }
 
+// A clear border continues as nothing, so ink that keeps off it is all there is.
+PixelRegion continuedSupport(const Node& input) {
+    const PixelRegion inside = grownBy(pixelsCovering(input.extent()), -1);
+    return inside.contains(input.support()) ? input.support() : pixelsCovering(Rect::infinite());
+}
+
 class ContinuedNode final : public Node {
 public:
     explicit ContinuedNode(const NodeRef& in)
-        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
-              hashOf(NodeKind::continued).add(in->hash()).value()),
+        : Node(Rect::infinite(), continuedSupport(*in), hashOf(NodeKind::continued).add(in->hash()).value()),
           input(in), edge(pixelsCovering(in->extent())) {}
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(nearest(region, edge)); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
@@ -161,9 +166,10 @@ NodeRef makeTiled(const NodeRef& input) {
     return canRepeat(input) ? std::make_shared<TiledNode>(input) : emptyNode();
 }
 
-const NodeRef* asContinued(const Node& node) {
-    const auto* continued = dynamic_cast<const ContinuedNode*>(&node);
-    return continued ? &continued->input : nullptr;
+Behind behind(const NodeRef& node) {
+    const auto* continued = dynamic_cast<const ContinuedNode*>(node.get());
+    if (!continued) return {node, false};
+    return {continued->input, continued->support() != continued->input->support()};
 }
 
 }   // namespace tavix::imaging

@@ -23,7 +23,12 @@ const Picture* asBitmap(const Node& node);   // null when it is none
 NodeRef makeCropped(const NodeRef& input, const Rect& rect);
 NodeRef makeContinued(const NodeRef& input);   // edge pixels go on for ever
 NodeRef makeTiled(const NodeRef& input);
-const NodeRef* asContinued(const Node& node);   // the input of a continued node, else null
+// What a node shows, looked at past its continuation, and whether that has a border that goes on.
+struct Behind {
+    const NodeRef& node;
+    bool isContinued;
+};
+Behind behind(const NodeRef& node);
 
 // Transform.cpp
 NodeRef makeTransformed(const NodeRef& input, const Affine& transform);

@@ -210,16 +210,15 @@ Prefiltered prefiltered(Workshop& workshop, const Picture& picture, const Affine
 
 DrawableRef TransformedNode::prepare(
     Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    const NodeRef* continued = asContinued(*input);
     // Halving pairs pixels from the corner of the whole, so the whole is wanted then.
     const PixelRegion seen = reductionOf(inverse) >= mostReduction
                                  ? input->support()
                                  : grownBy(pixelsCovering(inverse.boundsOf(wanted.rect())), 2);
-    const NodeRef& source = continued ? *continued : input;
-    const Picture picture = workshop.pictureOf(source, continued ? pixelsCovering(source->extent()) : seen);
+    const auto [source, isContinued] = behind(input);
+    const Picture picture = workshop.pictureOf(source, isContinued ? pixelsCovering(source->extent()) : seen);
     if (picture.isEmpty()) return workshop.prepare(emptyNode(), wanted);
     const Prefiltered p = prefiltered(workshop, picture, inverse);
-    return std::make_shared<TransformedDrawable>(self, p.picture, p.toSource, !continued);
+    return std::make_shared<TransformedDrawable>(self, p.picture, p.toSource, !isContinued);
 }
 
 bool isWhole(double v) { return std::abs(v) < (1 << 24) && std::abs(v - std::round(v)) < 1.0 / 4096; }
