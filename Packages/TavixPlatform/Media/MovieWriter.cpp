@@ -4,40 +4,87 @@
 #include "TavixPlatform/Media/MovieSlots.h"
 #include "TavixPlatform/Media/OutputFile.h"
 
+#include <deque>
+#include <new>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace tavix::media {
 namespace {
+
+// When packets are to be decoded. libx265 leaves these times undefined in movies of one or two frames; here
+// they are the presentation times in order, shifted by the two frames that it reorders at most.
+class DecodingTimes {
+public:
+    explicit DecodingTimes(std::int64_t frameDuration) : frameDuration_(frameDuration) {}
+
+    void add(std::int64_t presentationTime) {
+        if (times_.empty())
+            for (int i = shiftFrames; i > 0; --i) times_.push_back(presentationTime - i * frameDuration_);
+        times_.push_back(presentationTime);
+    }
+    std::int64_t next() {
+        const std::int64_t time = times_.front();
+        times_.pop_front();
+        return time;
+    }
+
+private:
+    static constexpr int shiftFrames = 2;
+    std::int64_t frameDuration_;
+    std::deque<std::int64_t> times_;   // never empty once begun: the last ones are not taken
+};
 
 // Turns frames into packets and packets into the file. Lives on the encoder thread once it is built.
 class MovieEncoding {
 public:
     explicit MovieEncoding(const MovieSettings& settings)
         : failure_("Cannot encode the movie \"" + settings.path.string() + "\""),
-          frameDuration_(frameDurationOf(settings)), encoder_(openMovieEncoder(settings)),
-          filter_(openMovieFilter(settings, *encoder_)), file_(openMovieFile(settings, *encoder_)),
-          packet_(libav::owned<libav::Packet>(av_packet_alloc())) {}
+          frameDuration_(frameDurationOf(settings)), decodingTimes_(frameDuration_),
+          encoder_(openMovieEncoder(settings)), filter_(openMovieFilter(settings, *encoder_)),
+          file_(openMovieFile(settings, *encoder_)), packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
+    }
 
     AVPixelFormat pixels() const { return encoder_->pix_fmt; }
 
-    // Null says that there are no more frames.
-    void encode(AVFrame* frame) {
-        const libav::ErrorScope errors;
-        if (frame) tag(*frame);
-        libav::check(avcodec_send_frame(encoder_.get(), frame), errors, failure_);
-        while (receive(errors, avcodec_receive_packet(encoder_.get(), packet_.get()))) {
-            packet_->duration = frameDuration_;
-            writeFiltered(errors);
-        }
+    // The planes may be written again as soon as the frame is gone.
+    void encode(libav::Frame frame) {
+        if (encoder_->codec->capabilities & AV_CODEC_CAP_FRAME_THREADS) frame = copyOf(*frame);
+        tag(*frame);
+        decodingTimes_.add(frame->pts);
+        send(frame.get());
     }
 
     void finish() {
-        encode(nullptr);
+        send(nullptr);
         file_->finish();
     }
 
 private:
+    // Null says that there are no more frames.
+    void send(AVFrame* frame) {
+        const libav::ErrorScope errors;
+        libav::check(avcodec_send_frame(encoder_.get(), frame), errors, failure_);
+        while (receive(errors, avcodec_receive_packet(encoder_.get(), packet_.get()))) {
+            packet_->duration = frameDuration_;
+            if (encoder_->codec_id == AV_CODEC_ID_HEVC) packet_->dts = decodingTimes_.next();
+            writeFiltered(errors);
+        }
+    }
+
+    // For encoders that read several frames at once: they would hold more slots than there are.
+    static libav::Frame copyOf(const AVFrame& frame) {
+        auto copy = libav::owned<libav::Frame>(av_frame_alloc());
+        copy->format = frame.format;
+        copy->width = frame.width;
+        copy->height = frame.height;
+        copy->pts = frame.pts;
+        if (av_frame_get_buffer(copy.get(), 0) < 0 || av_frame_copy(copy.get(), &frame) < 0)
+            throw std::bad_alloc();
+        return copy;
+    }
+
     bool receive(const libav::ErrorScope& errors, int code) const {
         if (code == AVERROR(EAGAIN) || code == AVERROR_EOF) return false;
         libav::check(code, errors, failure_);
@@ -60,6 +107,7 @@ private:
 
     std::string failure_;
     std::int64_t frameDuration_;
+    DecodingTimes decodingTimes_;
     libav::CodecContext encoder_;
     libav::BitstreamFilter filter_;
     std::unique_ptr<OutputFile> file_;
@@ -101,7 +149,7 @@ public:
 private:
     void run() noexcept {
         try {
-            while (libav::Frame frame = slots_.next(encoding_->pixels())) encoding_->encode(frame.get());
+            while (libav::Frame frame = slots_.next(encoding_->pixels())) encoding_->encode(std::move(frame));
             if (!slots_.isAbandoned()) encoding_->finish();
         } catch (...) {
             slots_.fail(std::current_exception());

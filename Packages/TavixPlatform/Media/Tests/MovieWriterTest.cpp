@@ -160,6 +160,20 @@ TEST_P(EveryCodec, GivesBackFramesTimesAndColorTags) {
     }
 }
 
+TEST_P(EveryCodec, WritesTheShortestMovies) {
+    const TemporaryFolder folder;
+    for (const int effort : {0, 1, 2})
+        for (int frames = 1; frames <= 4; ++frames) {
+            MovieSettings settings = settingsFor(folder / "movie", GetParam().codec);
+            settings.effort = static_cast<EncodingEffort>(effort);
+            writeMovie(settings, frames);
+            const DecodedMovie movie = decodeMovie(settings.path);
+            ASSERT_EQ(movie.presentationTimes.size(), static_cast<std::size_t>(frames));
+            EXPECT_EQ(movie.presentationTimes.front(), 0);
+            EXPECT_EQ(movie.durationUnits, frames * 20);
+        }
+}
+
 TEST_P(EveryCodec, GivesTheSameBytesTwice) {
     const TemporaryFolder folder;
     writeMovie(settingsFor(folder / "one", GetParam().codec), 40);
