@@ -74,8 +74,9 @@ void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Opti
 void setHevc(const MovieSettings& settings, libav::Options& options) {
     static constexpr std::array presets{"ultrafast", "medium", "slow"};
     options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
-    // info=0 leaves the library's version and settings out of the stream.
-    options.set("x265-params", "log-level=none:info=0:frame-threads=3:pools=" +
+    // info=0 leaves the library's version and settings out of the stream. One frame at a time, its rows in
+    // parallel: with several, rate control now and then depends on which is done first.
+    options.set("x265-params", "log-level=none:info=0:frame-threads=1:pools=" +
                                    std::to_string(encoderThreads) + ":chromaloc=0:open-gop=0:b-pyramid=1");
 }
 
