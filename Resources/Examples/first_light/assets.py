@@ -72,7 +72,7 @@ def icon(side=380):
     canvas.pen.restore()
     # A thin light along the upper edge, as glass has.
     canvas.rounded(margin + 1.5, margin + 1.5, side - 3, side - 3, side * 0.232)
-    canvas.pen.set_source(gradient(0, margin, 0, margin + side, ("#ffffff", 0.85), ("#ffffff", 0.10), ("#ffffff", 0.18)))
+    canvas.pen.set_source(gradient(0, margin, 0, margin + side, (WHITE, 0.85), (WHITE, 0.10), (WHITE, 0.18)))
     canvas.pen.set_line_width(3)
     canvas.pen.stroke()
     return canvas
@@ -163,9 +163,9 @@ def chip(glyph, text):
     height, margin = 104, 24
     canvas = Canvas(width + 2 * margin, height + 2 * margin)
     canvas.rounded(margin, margin, width, height, 52)
-    canvas.fill(gradient(0, margin, 0, margin + height, ("#ffffff", 0.22), ("#ffffff", 0.10)))
+    canvas.fill(gradient(0, margin, 0, margin + height, (WHITE, 0.22), (WHITE, 0.10)))
     canvas.rounded(margin + 1, margin + 1, width - 2, height - 2, 51)
-    canvas.pen.set_source(gradient(0, margin, 0, margin + height, ("#ffffff", 0.55), ("#ffffff", 0.12)))
+    canvas.pen.set_source(gradient(0, margin, 0, margin + height, (WHITE, 0.55), (WHITE, 0.12)))
     canvas.pen.set_line_width(2)
     canvas.pen.stroke()
     glyphs.place(canvas, glyph, margin + 66, margin + height / 2, 46, "#8df5cd")
@@ -241,7 +241,7 @@ def button():
     outline(canvas)
     canvas.fill(gradient(0, margin, 0, margin + height, "#1fb587", "#0c8a66"))
     canvas.rounded(margin + 1.5, margin + 1.5, width - 3, height - 3, 66.5)
-    canvas.pen.set_source(gradient(0, margin, 0, margin + height, ("#ffffff", 0.6), ("#ffffff", 0.0)))
+    canvas.pen.set_source(gradient(0, margin, 0, margin + height, (WHITE, 0.6), (WHITE, 0.0)))
     canvas.pen.set_line_width(3)
     canvas.pen.stroke()
     canvas.text(margin + width / 2 - 34, margin + height / 2 + 17, "Start your first day", 48, 600, WHITE,

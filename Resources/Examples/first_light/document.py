@@ -25,9 +25,9 @@ def spring(response, damping):
 
 GLIDE = bezier(0.22, 1, 0.36, 1)       # leaves at once, arrives slowly
 SWAY = bezier(0.42, 0, 0.58, 1)        # there and back
-CUT = bezier(0.72, 0, 0.16, 1)         # transitions: rests at both ends
-SETTLE = spring(0.55, 0.86)            # large things
-POP = spring(0.45, 0.74)               # small things, with a little too much of it
+CUT = bezier(0.62, 0, 0.24, 1)         # transitions: rests at both ends
+SETTLE = spring(0.75, 0.86)            # large things
+POP = spring(0.52, 0.74)               # small things, with a little too much of it
 
 
 # Makes a petal of the green leaf: lighter first, since a tint keeps luminance.
@@ -131,8 +131,8 @@ class Document:
                     tracks=[track("scale", (0, 0.7), (2.7, 1.12, GLIDE))]),
             self.drifting_leaf("leaf-far", 236, 500, 0.5, -20, (50, 120, 60), start=0.5),
             self.drifting_leaf("leaf-middle", 886, 850, 0.72, 40, (-30, 100, -80), start=0.35),
-            self.picture("icon", 540, 740, start=0.1, enter=phase(1.2, POP, dy=120, scale=0.4, turn=-18),
-                         tracks=[track("scale", (0, 1), (2.6, 1.045, SWAY))]),
+            self.picture("icon", 540, 740, enter=phase(1.2, POP, dy=120, scale=0.4, turn=-18),
+                         tracks=[track("scale", (0, 1), (2.7, 1.045, SWAY))]),
             self.line("wordmark", 1090, 0.45),
             self.line("tagline", 1226, 0.65),
             self.drifting_leaf("leaf-near", 196, 1560, 1.5, 115, (90, 150, 45), sharp=False, start=0.2),
@@ -140,13 +140,14 @@ class Document:
 
     def day(self):
         rows = [self.picture(f"row-{i + 1}", 540, 1220 + 184 * i, start=0.7 + 0.11 * i,
-                             enter=phase(0.9, SETTLE, dx=240, scale=0.94)) for i in range(4)]
+                             enter=phase(1.1, SETTLE, dx=240, scale=0.94)) for i in range(4)]
         # The second plan is the one that the story follows: it lifts a little once the first is done.
         rows[1]["tracks"] = [track("scale", (0, 1), (1.45, 1), (2.0, 1.045, POP))]
-        slide = phase(1.2, SETTLE, dy=760, opacity=1)
+        slide = phase(1.5, SETTLE, dy=760, opacity=1)
         return {"id": "day", "durationSec": 3.4,
                 "background": gradient(162, "#fff6e4", "#eafaf0", "#bff0da"), "layers": [
-                    ellipse(560, solid("#ffd9a0"), 300, 420, blur=120, name="warmth", opacity=0.55),
+                    ellipse(560, solid("#ffd9a0"), 300, 420, blur=120, name="warmth", opacity=0.55,
+                            tracks=[track("scale", (0, 0.9), (3.4, 1.3, SWAY))]),
                     self.line("day-1", 262, 0.3),
                     self.line("day-2", 396, 0.42),
                     self.picture("planner", 540, 1260, start=0.3, enter=slide),
@@ -159,13 +160,16 @@ class Document:
         fireflies = [
             ellipse(size, solid("#c9ffe9"), x, y, blur=5, name=f"firefly-{i + 1}",
                     tracks=[track("opacity", (0, 0), (0.9 + 0.2 * i, 0.9, SWAY), (2.3, 0.25, SWAY), (3.4, 0.8, SWAY)),
-                            track("x", (0, 0), (3.4, fraction(dx), SWAY)), track("y", (0, 0), (3.4, fraction(dy), SWAY))])
+                            track("x", (0, 0), (3.4, fraction(dx), SWAY)),
+                            track("y", (0, 0), (3.4, fraction(dy), SWAY))])
             for i, (x, y, size, dx, dy) in enumerate((
-                (160, 720, 20, 40, -90), (930, 610, 14, -50, -60), (880, 1330, 24, 30, -120), (210, 1400, 16, -30, -100)))]
+                (160, 720, 20, 40, -90), (930, 610, 14, -50, -60),
+                (880, 1330, 24, 30, -120), (210, 1400, 16, -30, -100)))]
         blink = phase(0.18, GLIDE, dy=-16, opacity=0.2)
         return {"id": "focus", "durationSec": 3.4, "background": solid("#06121f"), "layers": [
             layer("fill", bundled("aurora"), 540, 960, name="night",
-                  effects=[{"kind": "vignette", "intensity": 0.9, "radius": 1.6}, {"kind": "noise", "amount": 0.03, "seed": 7}],
+                  effects=[{"kind": "vignette", "intensity": 0.9, "radius": 1.6},
+                           {"kind": "noise", "amount": 0.03, "seed": 7}],
                   tracks=[track("scale", (0, 1.12), (3.4, 1, GLIDE))]),
             ellipse(620, solid("#22d3a0"), 540, 1000, blur=100, name="breath", opacity=0.42,
                     tracks=[track("scale", (0, 0.6), (1.4, 1.12, SWAY), (2.4, 0.94, SWAY), (3.4, 1.12, SWAY))]),
@@ -202,11 +206,12 @@ class Document:
                 for stop, y in zip(fill["gradient"]["stops"], (HEIGHT, floor_top, floor_top - height, 0)):
                     stop["location"] = round(1 - y / HEIGHT, 4)
             bars.append(layer("shape", payload, round(left + 104 + i * 118.6), floor_top + tuck - (height + tuck) / 2,
-                              start=round(0.95 + 0.07 * i, 2), name=f"bar-{i + 1}",
+                              start=round(1.1 + 0.07 * i, 2), name=f"bar-{i + 1}",
                               enter=phase(0.9, POP, dy=height, opacity=1)))
-        slide = phase(1.05, SETTLE, dy=620, opacity=1)
+        slide = phase(1.3, SETTLE, dy=620, opacity=1)
         return {"id": "week", "durationSec": 3.5, "background": bundled("coral"), "layers": [
-            ellipse(560, solid("#fff0d8"), 740, 420, blur=120, name="warmth", opacity=0.6),
+            ellipse(560, solid("#fff0d8"), 740, 420, blur=120, name="warmth", opacity=0.6,
+                    tracks=[track("scale", (0, 0.9), (3.5, 1.3, SWAY))]),
             self.drifting_leaf("petal-far", 930, 480, 0.5, 30, (-40, 100, 70), start=0.6,
                                effects=PETAL),
             self.line("week-1", 262, 0.3),
@@ -214,7 +219,7 @@ class Document:
             self.picture("week", 540, card_top + card_height // 2, start=0.2, enter=slide),
             *bars,
             self.picture("week-floor", 540, floor_top + CHART_FLOOR // 2, start=0.2, enter=slide),
-            self.picture("best", round(left + 104 + 4 * 118.6), floor_top - 352 - 66, start=1.85,
+            self.picture("best", round(left + 104 + 4 * 118.6), floor_top - 352 - 66, start=2.0,
                          enter=phase(0.7, POP, dy=40, scale=0.4)),
             self.drifting_leaf("petal-near", 120, 1730, 1.4, -60, (90, 60, 60), sharp=False, start=0.5,
                                effects=PETAL),
@@ -224,7 +229,8 @@ class Document:
         def floating(name, x, y, size, turn, drift, blur, start):
             return self.picture(name, x, y, size, start=start, enter=phase(1.1, SETTLE, dy=drift * 5, scale=0.8),
                                 tracks=[track("rotationDeg", (0, turn), (3.4, turn * 0.7)),
-                                        track("y", (0, 0), (3.4, fraction(-drift))), track("blur", (0, fraction(blur)))])
+                                        track("y", (0, 0), (3.4, fraction(-drift))),
+                                        track("blur", (0, fraction(blur)))])
         return {"id": "begin", "durationSec": 3.4, "background": bundled("mint"), "layers": [
             ellipse(700, solid("#fff3c4"), 540, 720, blur=120, name="sunlight", opacity=0.9,
                     tracks=[track("scale", (0, 0.8), (3.4, 1.12, GLIDE))]),
