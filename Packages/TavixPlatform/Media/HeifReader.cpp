@@ -43,9 +43,10 @@ TransferCurve curveOf(const heif_color_profile_nclx& stated, double& exponent) {
 
 ColorConversion statedConversion(const heif_image_handle* handle, PixelLayout layout) {
     heif_color_profile_nclx* stated = nullptr;
-    if (heif_image_handle_get_nclx_color_profile(handle, &stated).code != heif_error_Ok) return {};
+    const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &stated);
     const std::unique_ptr<heif_color_profile_nclx, decltype(&heif_nclx_color_profile_free)> owner(
-        stated, &heif_nclx_color_profile_free);
+        stated, &heif_nclx_color_profile_free);   // it may come with an error, too
+    if (error.code != heif_error_Ok || !stated) return {};
     ColorEncoding encoding;
     encoding.curve = curveOf(*stated, encoding.exponent);
     if (stated->color_primaries != heif_color_primaries_unspecified && stated->color_primary_white_y > 0) {
