@@ -74,7 +74,7 @@ constexpr cmsUInt32Number outputOf(PixelLayout layout) {
 
 // The library's word for the source's pixels under a profile, 0 when they do not fit. Grey pictures come as
 // RGB with equal channels, so a grey profile reads the first one.
-cmsUInt32Number inputOf(PixelLayout layout, cmsColorSpaceSignature space) {
+cmsUInt32Number inputOf(PixelLayout layout, cmsUInt32Number space) {
     const auto bytes = static_cast<cmsUInt32Number>(layout == PixelLayout::rgba16 ? 2 : 1);
     if (layout == PixelLayout::cmyk8) return space == cmsSigCmykData ? TYPE_CMYK_8 : 0;
     if (space == cmsSigRgbData) return outputOf(layout);
@@ -139,7 +139,9 @@ ColorConversion& ColorConversion::operator=(ColorConversion&&) noexcept = defaul
 
 ColorConversion ColorConversion::made(std::unique_ptr<Machine> machine, void* profile, PixelLayout layout) {
     if (!profile) return {};
-    const cmsUInt32Number input = inputOf(layout, cmsGetColorSpace(profile));
+    // A number, since a damaged profile may name any space.
+    const auto space = static_cast<cmsUInt32Number>(cmsGetColorSpace(profile));
+    const cmsUInt32Number input = inputOf(layout, space);
     cmsHPROFILE srgb = cmsCreate_sRGBProfileTHR(machine->context);
     if (input && srgb)
         machine->transform = cmsCreateTransformTHR(machine->context, profile, input, srgb, outputOf(layout),
