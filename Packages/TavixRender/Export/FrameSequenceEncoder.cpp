@@ -28,14 +28,11 @@ media::MovieCodec mediaCodec(VideoCodec codec) {
 
 int roundedUpToEven(int side) { return side + side % 2; }
 
+// Every codec wants an even width, and those that halve the colour's height an even height.
 imaging::Size codedSizeFor(imaging::Size size, VideoCodec codec) {
     FrameOutput::requireDrawableSize(size);
-    switch (media::planarFormatOf(mediaCodec(codec))) {
-    case imaging::PlanarFormat::yuv420p8: return {roundedUpToEven(size.width), roundedUpToEven(size.height)};
-    case imaging::PlanarFormat::yuv422p10: return {roundedUpToEven(size.width), size.height};
-    case imaging::PlanarFormat::yuva444p10: break;
-    }
-    return size;
+    const bool halvesHeight = media::planarFormatOf(mediaCodec(codec)) == imaging::PlanarFormat::yuv420p8;
+    return {roundedUpToEven(size.width), halvesHeight ? roundedUpToEven(size.height) : size.height};
 }
 
 media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& settings, imaging::Size codedSize) {

@@ -37,7 +37,7 @@ public:
 
 private:
     imaging::Rect bounds_;
-    imaging::Size codedSize_;   // codecs that halve the colour need even sides
+    imaging::Size codedSize_;   // even where the codec wants it; the edge pixels fill it up
     std::int64_t timeValuePerFrame_;
     imaging::FrameSurface surface_;
     std::unique_ptr<media::MovieWriter> writer_;
