@@ -1,0 +1,115 @@
+#include "Engine/CommandLine.h"
+
+#include "Engine/Arguments.h"
+#include "Engine/Errors.h"
+#include "Engine/NearestWord.h"
+#include "Engine/Terminal.h"
+#include "Engine/Verbs/Verb.h"
+#include "TavixCore/Support/TavixVersion.h"
+
+#include <new>
+#include <optional>
+#include <vector>
+
+namespace tavix::engine {
+
+namespace {
+
+std::string overview() {
+    std::string text =
+        "Tavix turns a JSON document into a product video.\n\nUsage: tavix VERB [OPTIONS]\n\nVerbs:\n";
+    for (const VerbEntry& verb : verbs())
+        text.append("  ").append(verb.name).append(12 - verb.name.size(), ' ').append(verb.summary) += "\n";
+    return text +
+           "  help        Explain a verb; tavix VERB --help is the same.\n"
+           "\n"
+           "Options:\n"
+           "  --version   Print the version.\n"
+           "  --help      Show this.\n"
+           "\n"
+           "Exit status: 0 done, 1 the document has errors, 2 wrong use, 3 reading or writing failed.\n"
+           "\n"
+           "Example:\n"
+           "  tavix new hello.tavixcomp && tavix render hello.tavixcomp\n";
+}
+
+const VerbEntry& verbNamed(const std::string& name) {
+    std::vector<std::string_view> known{"help"};
+    for (const VerbEntry& verb : verbs()) {
+        if (verb.name == name) return verb;
+        known.push_back(verb.name);
+    }
+    throw UsageError("There is no verb \"" + name + "\"." + suggestion(name, known) + " See tavix --help.");
+}
+
+void runVerb(const VerbEntry& entry, std::span<const std::string> words, Terminal& terminal) {
+    const std::unique_ptr<Verb> verb = entry.make();
+    Arguments arguments(entry.name, entry.summary, entry.example);
+    verb->declare(arguments, terminal);
+    if (arguments.parse(words))
+        verb->run(terminal);
+    else
+        terminal.result(arguments.help());
+}
+
+void help(std::span<const std::string> words, Terminal& terminal) {
+    if (words.empty() || words.front().starts_with("-") || words.front() == "help")
+        return terminal.result(overview());
+    const std::string showHelp[] = {"--help"};
+    runVerb(verbNamed(words.front()), showHelp, terminal);
+}
+
+void dispatch(std::span<const std::string> words, Terminal& terminal) {
+    if (words.empty())
+        throw UsageError("A verb is missing, as in tavix render film.tavixcomp. See tavix --help.");
+    const std::string& first = words.front();
+    if (first == "--version") return terminal.result(std::string(TavixVersion::current) + "\n");
+    if (first == "help" || first == "--help" || first == "-h") return help(words.subspan(1), terminal);
+    runVerb(verbNamed(first), words.subspan(1), terminal);
+}
+
+// Where the fault of a document is, before the sentence that tells it: many name the path themselves.
+std::string placed(const DocumentError& error) {
+    const bool namesPath = error.path().empty() || error.message().starts_with("\"" + error.path() + "\"");
+    return error.file() + ": " + (namesPath ? "" : error.path() + ": ") + error.message();
+}
+
+int end(Terminal& terminal, int status, const std::string& sentence, JsonObject details) {
+    terminal.complain(sentence);
+    if (terminal.mode() != Terminal::Mode::json) return status;
+    details.set("status", status);
+    try {
+        terminal.result(JsonObject{{"error", std::move(details)}});
+    } catch (const Failure& failure) {
+        terminal.complain(failure.message());
+    }
+    return status;
+}
+
+int endWith(Terminal& terminal, int status, const std::exception& error) {
+    return end(terminal, status, error.what(), {{"message", error.what()}});
+}
+
+}   // namespace
+
+int runCommand(std::span<const std::string> words) {
+    Terminal terminal;
+    try {
+        dispatch(words, terminal);
+        return ExitStatus::done;
+    } catch (const DocumentError& error) {
+        return end(terminal, ExitStatus::documentHasErrors, placed(error),
+            {{"file", error.file()}, {"path", error.path()}, {"message", error.message()}});
+    } catch (const UsageError& error) {
+        return endWith(terminal, ExitStatus::wrongUse, error);
+    } catch (const Interrupted& error) {
+        return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), error);
+    } catch (const std::bad_alloc&) {
+        return endWith(
+            terminal, ExitStatus::inputOrOutputFailed, Failure("There is not enough memory for this."));
+    } catch (const std::exception& error) {
+        return endWith(terminal, ExitStatus::inputOrOutputFailed, error);
+    }
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,80 @@
+#include "Engine/DocumentFile.h"
+
+#include "Engine/Errors.h"
+#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Project/BundlePath.h"
+#include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixCore/Project/CompositionProjectService.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixRender/Export/CompositionRenderer.h"
+
+#include <cstdint>
+#include <system_error>
+
+namespace tavix::engine {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFolder(const fs::path& path) {
+    std::error_code unreadable;
+    return fs::is_directory(path, unreadable);
+}
+
+// A bundle's document may be named in place of the bundle.
+fs::path bundleOf(const fs::path& given) {
+    if (isFolder(given)) return given;
+    const fs::path folder = given.has_parent_path() ? given.parent_path() : fs::path(".");
+    const bool isItsDocument = given.filename() == CompositionProjectBundle::specName;
+    return isItsDocument && CompositionProjectBundle::isBundle(fs::absolute(folder)) ? fs::absolute(folder)
+                                                                                     : fs::path();
+}
+
+fs::path assetRootOf(const CompositionSpec& spec, const fs::path& file) {
+    const fs::path folder = fs::absolute(file).parent_path();
+    return spec.assetRoot ? folder / *spec.assetRoot : folder;   // an absolute one stands alone
+}
+
+std::string counted(std::int64_t value, const char* what) { return std::to_string(value) + what; }
+
+void requireWithin(const DocumentFile& document, const char* path, std::int64_t value, int least, int most,
+    const char* unit) {
+    if (value >= least && value <= most) return;
+    throw DocumentError(document.shownPath, path,
+        counted(value, unit) + " cannot be rendered; use " + std::to_string(least) + " to " +
+            counted(most, unit) + ".");
+}
+
+}   // namespace
+
+DocumentFile openDocument(const std::string& given) {
+    try {
+        if (const fs::path bundle = bundleOf(given); !bundle.empty()) {
+            CompositionSpec spec = CompositionProjectService::load(bundle).spec;
+            const std::string name = lastComponent(fs::absolute(bundle)).stem().string();
+            return {given, name, fs::absolute(bundle), std::move(spec)};
+        }
+        CompositionSpec spec = decodeFile<CompositionSpec>(given);
+        const fs::path assetRoot = assetRootOf(spec, given);
+        return {given, fs::path(given).stem().string(), assetRoot, std::move(spec)};
+    } catch (const DecodingError& error) {
+        throw DocumentError(given, error.path(), error.message());
+    }
+}
+
+void requireRenderable(const DocumentFile& document) {
+    const CompositionOutput& output = document.spec.output;
+    requireWithin(document, "output.widthPx", output.widthPx, minSidePx, maxSidePx, " pixels");
+    requireWithin(document, "output.heightPx", output.heightPx, minSidePx, maxSidePx, " pixels");
+    requireWithin(document, "output.fps", output.fps, minFps, maxFps, " frames a second");
+    if (!(CompositionTimeline(document.spec).totalSec <= maxHours * 3600))
+        throw DocumentError(document.shownPath, "scenes",
+            "The film would be longer than " + std::to_string(int(maxHours)) +
+                " hours, which is the most; shorten its scenes.");
+    if (CompositionRenderer::frameCount(document.spec) < 1)
+        throw DocumentError(document.shownPath, "scenes",
+            "The film would have no frames; add a scene and give it a durationSec.");
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,30 @@
+// A document named on the command line.
+#pragma once
+
+#include "TavixCore/Composition/CompositionSpec.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tavix::engine {
+
+struct DocumentFile {
+    std::string shownPath;   // as it was given, for messages
+    std::string name;        // of what is made from it: "first-light"
+    std::filesystem::path assetRoot;
+    CompositionSpec spec;
+};
+
+// A bundle or a bare document. A bundle's files hang from the bundle, those of a bare document from its
+// `assetRoot` or its own folder. Throws `DocumentError`, or `Failure` when there is nothing to read.
+DocumentFile openDocument(const std::string& given);
+
+// Throws `DocumentError` for a frame size, a rate or a length that nobody can mean.
+void requireRenderable(const DocumentFile& document);
+
+// The limits of what is rendered, for documents and for arguments.
+inline constexpr int minSidePx = 2, maxSidePx = 8192;
+inline constexpr int minFps = 1, maxFps = 240;
+inline constexpr double maxHours = 6;
+
+}   // namespace tavix::engine

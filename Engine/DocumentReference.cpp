@@ -1,0 +1,165 @@
+#include "Engine/DocumentReference.h"
+
+#include "TavixCore/Support/JsonWriter.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace tavix::engine {
+
+namespace {
+
+constexpr std::string_view definitionPrefix = "#/$defs/";
+constexpr std::size_t longestShownDefault = 72;
+
+constexpr std::string_view head =
+    "# Document reference\n"
+    "\n"
+    "Every key of a `composition.json`, made by `tavix schema --markdown` from the tables that the reader "
+    "and the\n"
+    "writer of documents use. A key that is left out means its default; keys that are not listed are "
+    "ignored.\n"
+    "`tavix schema` prints the same as a JSON Schema, for editors and agents.\n";
+
+std::string_view referenceIn(const Json& schema) {
+    const Json* reference = schema.find("$ref");
+    const std::string_view target = reference && reference->text() ? *reference->text() : std::string_view();
+    return target.starts_with(definitionPrefix) ? target.substr(definitionPrefix.size()) : std::string_view();
+}
+
+const JsonArray& listIn(const Json& schema, std::string_view key) {
+    static const JsonArray none;
+    const Json* list = schema.find(key);
+    return list && list->array() ? *list->array() : none;
+}
+
+bool lists(const Json& schema, std::string_view key, std::string_view word) {
+    const JsonArray& words = listIn(schema, key);
+    return std::find(words.begin(), words.end(), Json(word)) != words.end();
+}
+
+// Appends the definitions that are reached from here, each once, the nearest first.
+void collect(const Json& schema, std::vector<std::string>& names) {
+    if (const std::string name(referenceIn(schema)); !name.empty())
+        if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    if (const JsonObject* object = schema.object())
+        for (const JsonMember& member : *object)
+            if (member.key != "$defs" && member.key != "default") collect(member.value, names);
+    if (const JsonArray* array = schema.array())
+        for (const Json& element : *array) collect(element, names);
+}
+
+std::string linkTo(std::string_view name) {
+    std::string anchor(name);
+    for (char& letter : anchor)
+        if (letter >= 'A' && letter <= 'Z') letter = char(letter - 'A' + 'a');
+    return "[" + std::string(name) + "](#" + anchor + ")";
+}
+
+std::string code(std::string_view text) { return "`" + std::string(text) + "`"; }
+
+// On one line: the standard writer breaks lines between tokens only, since it escapes those within a text.
+std::string compact(const Json& json) {
+    std::string line;
+    bool isIndent = false;
+    for (const char letter : writeJson(json)) {
+        if (isIndent && letter == ' ') continue;
+        isIndent = letter == '\n';
+        if (!isIndent) line += letter;
+        if (letter == ',') line += ' ';
+    }
+    return line;
+}
+
+std::string typeOf(const Json& schema) {
+    if (const std::string_view name = referenceIn(schema); !name.empty()) return linkTo(name);
+    std::string text;
+    const auto append = [&text](const std::string& part) { text += (text.empty() ? "" : " or ") + part; };
+    for (const Json& choice : listIn(schema, "anyOf")) append(typeOf(choice));
+    for (const Json& word : listIn(schema, "enum")) append(code(*word.text()));
+    if (!text.empty()) return text;
+    if (const Json* items = schema.find("items")) return "list of " + typeOf(*items);
+    if (const Json* values = schema.find("additionalProperties")) return "map of text to " + typeOf(*values);
+    const Json* type = schema.find("type");
+    return type && type->text() ? (*type->text() == "string" ? "text" : *type->text()) : "any JSON";
+}
+
+std::string limitsOf(const Json& schema) {
+    const Json *least = schema.find("minimum"), *most = schema.find("maximum");
+    if (least && most) return " " + compact(*least) + " to " + compact(*most) + ".";
+    if (least) return " At least " + compact(*least) + ".";
+    return most ? " At most " + compact(*most) + "." : "";
+}
+
+std::string defaultOf(const Json& schema, bool isRequired) {
+    if (isRequired) return "required";
+    const Json* value = schema.find("default");
+    if (!value) return "";
+    const std::string text = compact(*value);
+    return text.size() <= longestShownDefault ? code(text) : "";
+}
+
+std::string meaningOf(const Json& schema) {
+    const Json* meaning = schema.find("description");
+    return (meaning && meaning->text() ? *meaning->text() : std::string()) + limitsOf(schema);
+}
+
+std::string tableOf(const Json& definition) {
+    const Json* properties = definition.find("properties");
+    if (!properties) return {};
+    std::string text = "\n| Key | Type | Default | Meaning |\n|---|---|---|---|\n";
+    for (const auto& [key, schema] : *properties->object())
+        text += "| " + code(key) + " | " + typeOf(schema) + " | " +
+                defaultOf(schema, lists(definition, "required", key)) + " | " + meaningOf(schema) + " |\n";
+    return text;
+}
+
+// A row of a union: the word that chooses it, and what the object then holds.
+std::string alternative(const Json& schema) {
+    std::string tag, payload;
+    if (const Json* properties = schema.find("properties"))
+        for (const auto& [key, held] : *properties->object()) {
+            if (const Json* word = held.find("const"))
+                tag = code(key + ": " + compact(*word));
+            else
+                payload += code(key) + ": " + typeOf(held);
+        }
+    for (const Json& flat : listIn(schema, "allOf")) payload += "the keys of " + typeOf(flat);
+    if (tag.empty()) return "* " + typeOf(schema) + "\n" + tableOf(schema);
+    return "* " + tag + (payload.empty() ? "" : " with " + payload) + "\n";
+}
+
+std::string chapter(const std::string& name, const Json& definition) {
+    std::string text = "\n## " + name + "\n" + tableOf(definition);
+    if (const JsonArray& parts = listIn(definition, "allOf"); !parts.empty()) {
+        text += "\nBeside these it has the keys of ";
+        for (const Json& part : parts) text += (&part == &parts.front() ? "" : " and ") + typeOf(part);
+        text += ".\n";
+    }
+    if (const JsonArray& items = listIn(definition, "prefixItems"); !items.empty()) {
+        text += "\nA list of:\n\n";
+        for (const Json& item : items) text += "1. " + typeOf(item) + ": " + meaningOf(item) + "\n";
+    }
+    const JsonArray& choices = listIn(definition, "anyOf");
+    if (!choices.empty()) text += "\nOne of:\n\n";
+    for (const Json& choice : choices) text += alternative(choice);
+    return text;
+}
+
+}   // namespace
+
+std::string documentReference(const Json& schema) {
+    std::vector<std::string> names;
+    collect(schema, names);
+    const Json* definitions = schema.find("$defs");
+    std::string text(head);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const Json definition = *definitions->find(names[i]);
+        collect(definition, names);
+        text += chapter(names[i], definition);
+    }
+    return text;
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,46 @@
+// How the command ends, and the errors that say so. Every other exception means that reading or writing
+// failed.
+#pragma once
+
+#include "TavixCore/Support/Failure.h"
+
+#include <string>
+#include <utility>
+
+namespace tavix::engine {
+
+namespace ExitStatus {
+inline constexpr int done = 0, documentHasErrors = 1, wrongUse = 2, inputOrOutputFailed = 3;
+inline constexpr int stoppedBySignal = 128;   // and the signal's number on top, as shells have it
+}   // namespace ExitStatus
+
+// The arguments cannot be meant.
+class UsageError : public Failure {
+public:
+    using Failure::Failure;
+};
+
+// The document was read, but cannot be used as it stands.
+class DocumentError : public Failure {
+public:
+    DocumentError(std::string file, std::string path, const std::string& message)
+        : Failure(message), file_(std::move(file)), path_(std::move(path)) {}
+
+    const std::string& file() const { return file_; }
+    const std::string& path() const { return path_; }   // within the document; empty for the whole
+
+private:
+    std::string file_, path_;
+};
+
+// A signal asked the command to end.
+class Interrupted : public Failure {
+public:
+    explicit Interrupted(int signal) : Failure("Stopped; nothing was written."), signal_(signal) {}
+    int signal() const { return signal_; }
+
+private:
+    int signal_;
+};
+
+}   // namespace tavix::engine

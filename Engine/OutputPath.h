@@ -1,0 +1,19 @@
+// Where a file that the command makes is written.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tavix::engine {
+
+// `given`, or `name` with the extension beside where the command runs. A folder means a file of that name in
+// it. A symbolic link is followed, so that it stays one. Throws `UsageError` for what is no place for a file,
+// as standard output, a device or a name without an extension.
+std::filesystem::path outputPath(
+    const std::optional<std::string>& given, const std::string& name, const std::string& extension);
+
+// ".mp4" of "FILM.MP4".
+std::string lowerExtension(const std::filesystem::path& path);
+
+}   // namespace tavix::engine

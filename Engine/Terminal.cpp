@@ -1,0 +1,77 @@
+#include "Engine/Terminal.h"
+
+#include "TavixCore/Support/Failure.h"
+#include "TavixCore/Support/JsonWriter.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <system_error>
+#include <unistd.h>
+
+namespace tavix::engine {
+
+namespace {
+
+constexpr int barCells = 32;
+constexpr const char* red = "\033[31;1m";
+constexpr const char* yellow = "\033[33;1m";
+constexpr const char* plain = "\033[0m";
+
+bool isSet(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool writeOut(const std::string& text) {
+    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+}
+
+}   // namespace
+
+Terminal::Terminal() : isRich_(::isatty(STDERR_FILENO) == 1 && !isSet("NO_COLOR")) {}
+
+Terminal::~Terminal() { clearBar(); }
+
+void Terminal::result(const std::string& text) {
+    clearBar();
+    if (writeOut(text)) return;
+    throw Failure("Cannot write to standard output: " + std::generic_category().message(errno) + ".");
+}
+
+void Terminal::result(const Json& json) { result(writeJson(json) + "\n"); }
+
+void Terminal::tell(const std::string& line) {
+    if (mode_ != Mode::people) return;
+    clearBar();
+    // Whoever closed standard output does not want to know; the work goes on.
+    if (!writeOut(line + "\n")) std::clearerr(stdout);
+}
+
+void Terminal::warn(const std::string& sentence) { message(yellow, "tavix: warning: ", sentence); }
+
+void Terminal::complain(const std::string& sentence) { message(red, "tavix: ", sentence); }
+
+void Terminal::message(const char* color, const std::string& label, const std::string& sentence) {
+    clearBar();
+    const std::string head = isRich_ ? color + label + plain : label;
+    std::fprintf(stderr, "%s%s\n", head.c_str(), sentence.c_str());
+}
+
+void Terminal::progress(double fraction) {
+    if (!isRich_ || mode_ != Mode::people) return;
+    const int filled = std::clamp(static_cast<int>(fraction * barCells), 0, barCells);
+    std::string bar;
+    for (int i = 0; i < barCells; ++i) bar += i < filled ? "█" : "░";
+    std::fprintf(stderr, "\r%s %3d%%", bar.c_str(), static_cast<int>(fraction * 100));
+    std::fflush(stderr);
+    hasBar_ = true;
+}
+
+void Terminal::clearBar() {
+    if (hasBar_) std::fputs("\r\033[K", stderr);
+    hasBar_ = false;
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,19 @@
+// Prints the document as the renderer sees it.
+#pragma once
+
+#include "Engine/Verbs/Verb.h"
+
+#include <string>
+
+namespace tavix::engine {
+
+class ResolveVerb : public Verb {
+public:
+    void declare(Arguments& arguments, Terminal& terminal) override;
+    void run(Terminal& terminal) override;
+
+private:
+    std::string document_;
+};
+
+}   // namespace tavix::engine

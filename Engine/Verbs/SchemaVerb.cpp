@@ -1,0 +1,43 @@
+#include "Engine/Verbs/SchemaVerb.h"
+
+#include "Engine/Arguments.h"
+#include "Engine/DocumentReference.h"
+#include "Engine/Errors.h"
+#include "Engine/Terminal.h"
+#include "TavixCore/Project/DocumentSchemas.h"
+
+#include <vector>
+
+namespace tavix::engine {
+
+namespace {
+
+std::vector<std::string_view> typeNames() {
+    std::vector<std::string_view> names;
+    for (const DocumentSchema& schema : documentSchemas()) names.push_back(schema.name);
+    return names;
+}
+
+const DocumentSchema& schemaNamed(const std::string& type) {
+    if (const DocumentSchema* schema = documentSchema(type)) return *schema;
+    const std::vector<std::string_view> names = typeNames();
+    throw UsageError(
+        "There is no type \"" + type + "\"; use " + listed(names) + "." + suggestion(type, names));
+}
+
+}   // namespace
+
+void SchemaVerb::declare(Arguments& arguments, Terminal&) {
+    arguments.positional("type", type_, "One of " + listed(typeNames()) + "; composition by default.");
+    arguments.flag("--markdown", isMarkdown_, "Print a page for people instead.");
+}
+
+void SchemaVerb::run(Terminal& terminal) {
+    const DocumentSchema& schema = type_.empty() ? documentSchemas().front() : schemaNamed(type_);
+    if (isMarkdown_)
+        terminal.result(documentReference(schema.schema()));
+    else
+        terminal.result(schema.schema());
+}
+
+}   // namespace tavix::engine

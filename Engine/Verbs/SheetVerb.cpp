@@ -1,0 +1,87 @@
+#include "Engine/Verbs/SheetVerb.h"
+
+#include "Engine/Arguments.h"
+#include "Engine/Errors.h"
+#include "Engine/FinishedFile.h"
+#include "Engine/Interruption.h"
+#include "Engine/OutputPath.h"
+#include "Engine/RenderNotes.h"
+#include "Engine/Sheet/SheetPainter.h"
+#include "Engine/Terminal.h"
+#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixPlatform/Media/StillImages.h"
+#include "TavixRender/Composition2D/ResolvedComposition.h"
+
+#include <algorithm>
+
+namespace tavix::engine {
+
+namespace {
+
+constexpr int minSheetWidthPx = 200;
+
+Json resultOf(const CompositionSpec& spec, const std::filesystem::path& target, const SheetLayout& layout,
+    const std::vector<SheetMoment>& moments, const RenderNotes& notes) {
+    const CompositionTimeline timeline(spec);
+    JsonArray cells;
+    for (const SheetMoment& moment : moments) {
+        const double atSec = double(moment.frame) / double(spec.output.fps);
+        const auto sample = timeline.sample(atSec);
+        const std::size_t scene = sample->incoming ? sample->incoming->index : sample->outgoing.index;
+        cells.emplace_back(JsonObject{{"atSec", atSec}, {"scene", spec.scenes[scene].displayName(scene)}});
+    }
+    return JsonObject{{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
+        {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height}, {"sizeBytes", fileSize(target)},
+        {"cells", std::move(cells)}, {"warnings", notes.warnings()}};
+}
+
+}   // namespace
+
+void SheetVerb::declare(Arguments& arguments, Terminal& terminal) {
+    arguments.positional("document", document_, "A .tavixcomp bundle or a composition.json.",
+        "sheet needs a document: a .tavixcomp bundle or a composition.json.");
+    arguments.text(
+        "-o,--output", output_, "FILE", "The sheet, a .png. The document's name with -sheet by default.");
+    arguments.wholeNumber("--columns", columns_, 1, maxSheetMoments, "N", "Pictures in a row.");
+    arguments.wholeNumber(
+        "--width", widthPx_, minSheetWidthPx, SheetLayout::maxSidePx, "PX", "The sheet's width.");
+    arguments.quietFlag(terminal);
+    arguments.jsonFlag(terminal);
+}
+
+// Enough to fill the last row, where the film has the frames for it.
+std::vector<SheetMoment> SheetVerb::moments(const CompositionSpec& spec) const {
+    const int count = static_cast<int>(sheetMoments(spec, sheetMomentCount(spec)).size());
+    const SheetLayout layout = sheetLayout(canvasSize(spec), count, columns_, widthPx_);
+    return sheetMoments(spec, std::min(layout.columns * layout.rows, maxSheetMoments));
+}
+
+void SheetVerb::run(Terminal& terminal) {
+    const Interruption interruption;
+    const DocumentFile document = openDocument(document_);
+    requireRenderable(document);
+    const std::filesystem::path target = outputPath(output_, document.name + "-sheet", ".png");
+    if (lowerExtension(target) != ".png")
+        throw UsageError("\"" + target.string() + "\" cannot be written; a sheet is a .png file.");
+    const std::vector<SheetMoment> shown = moments(document.spec);
+    const SheetLayout layout =
+        sheetLayout(canvasSize(document.spec), static_cast<int>(shown.size()), columns_, widthPx_);
+    RenderNotes notes(terminal);
+    writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
+        imaging::Evaluator evaluator;
+        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, notes.log());
+        SheetPainter painter(layout, evaluator);
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            interruption.check();
+            terminal.progress(double(i) / double(shown.size()));
+            const double atSec = double(shown[i].frame) / double(document.spec.output.fps);
+            painter.put(resolved.frame(atSec), canvasSize(document.spec), atSec, shown[i].kind);
+        }
+        media::writePng(unfinished, painter.draw().view());
+    });
+    terminal.tell("✓ Wrote " + target.string());
+    if (terminal.mode() == Terminal::Mode::json)
+        terminal.result(resultOf(document.spec, target, layout, shown, notes));
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,35 @@
+#include "Engine/Verbs/NewVerb.h"
+#include "Engine/Verbs/PresetsVerb.h"
+#include "Engine/Verbs/RenderVerb.h"
+#include "Engine/Verbs/ResolveVerb.h"
+#include "Engine/Verbs/SchemaVerb.h"
+#include "Engine/Verbs/SheetVerb.h"
+#include "Engine/Verbs/StillVerb.h"
+
+namespace tavix::engine {
+
+namespace {
+
+template <class V> std::unique_ptr<Verb> make() { return std::make_unique<V>(); }
+
+constexpr VerbEntry entries[] = {
+    {"new", "Write a small document to start from.", "tavix new hello.tavixcomp", make<NewVerb>},
+    {"render", "Render a document to a film or an animated GIF.",
+        "tavix render hello.tavixcomp -o hello.mp4 --effort best", make<RenderVerb>},
+    {"still", "Render one moment of a document to a picture.",
+        "tavix still hello.tavixcomp --scene card --local 1.5 -o card.png", make<StillVerb>},
+    {"sheet", "Render a contact sheet: the whole film at a glance.",
+        "tavix sheet hello.tavixcomp -o hello.png --columns 4", make<SheetVerb>},
+    {"resolve", "Print the document as the renderer sees it.",
+        "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
+    {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
+        make<SchemaVerb>},
+    {"presets", "List the backgrounds, effects, transitions or curves that documents may name.",
+        "tavix presets effects --json", make<PresetsVerb>},
+};
+
+}   // namespace
+
+std::span<const VerbEntry> verbs() { return entries; }
+
+}   // namespace tavix::engine
