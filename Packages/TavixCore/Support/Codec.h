@@ -72,6 +72,7 @@ template <class T> struct Codec<std::vector<T>> {
     static void read(const Json& json, std::vector<T>& into, const KeyPath& at) {
         const JsonArray* elements = json.array();
         if (!elements) failWithType(at, "a list", json);
+        into.clear();
         into.reserve(elements->size());
         for (std::size_t i = 0; i < elements->size(); ++i)
             Codec<T>::read((*elements)[i], into.emplace_back(), KeyPath(at, i));
@@ -89,6 +90,7 @@ template <class T> struct Codec<std::vector<T>> {
 
 template <class T> struct Codec<std::map<std::string, T>> {
     static void read(const Json& json, std::map<std::string, T>& into, const KeyPath& at) {
+        into.clear();
         for (const JsonMember& member : objectAt(json, at))
             Codec<T>::read(member.value, into[member.key], KeyPath(at, member.key));
     }
@@ -105,7 +107,10 @@ template <class T> struct Codec<std::map<std::string, T>> {
 // Null and a missing key mean the same; the record's codec sees to the latter.
 template <class T> struct Codec<std::optional<T>> {
     static void read(const Json& json, std::optional<T>& into, const KeyPath& at) {
-        if (!json.isNull()) Codec<T>::read(json, into.emplace(), at);
+        if (json.isNull())
+            into.reset();
+        else
+            Codec<T>::read(json, into.emplace(), at);
     }
     static Json write(const std::optional<T>& from) { return from ? Codec<T>::write(*from) : Json(); }
     static Json schema(SchemaBook& book) { return Codec<T>::schema(book); }

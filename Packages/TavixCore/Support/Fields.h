@@ -113,6 +113,10 @@ template <class R, class V> struct MemberPointer<V R::*> { using Owner = R; };
 template <class T> constexpr bool isOptional = false;
 template <class T> constexpr bool isOptional<std::optional<T>> = true;
 
+// A record is filled key by key over its own defaults, which need not be those that its owner gives it; all
+// else is overwritten whole, and large payloads are not made twice.
+template <class T> constexpr bool isReadInPlace = !Record<T>;
+
 template <class R> const R& freshRecord() {
     static const R fresh{};
     return fresh;
@@ -148,10 +152,15 @@ template <auto First, auto... Rest> constexpr auto field(std::string_view key, s
     using V = std::remove_cvref_t<decltype(((std::declval<R&>().*First).*....*Rest))>;
     Field<R> row{key, meaning,
         [](const Json& json, R& into, const Field<R>& self, const KeyPath& at) {
-            V value{};
-            Codec<V>::read(json, value, at);
-            if (self.clamps) detail::clampNumber(value, *self.bounds);
-            ((into.*First).*....*Rest) = std::move(value);
+            V& member = ((into.*First).*....*Rest);
+            if (detail::isReadInPlace<V> && !self.isTolerant) {
+                Codec<V>::read(json, member, at);
+            } else {
+                V value{};
+                Codec<V>::read(json, value, at);
+                member = std::move(value);
+            }
+            if (self.clamps) detail::clampNumber(member, *self.bounds);
         },
         [](const R& from) { return Codec<V>::write(((from.*First).*....*Rest)); },
         [](const R& a) { return ((a.*First).*....*Rest) == ((detail::freshRecord<R>().*First).*....*Rest); },

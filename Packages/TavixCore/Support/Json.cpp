@@ -17,7 +17,7 @@ bool isBefore(const JsonMember& a, const JsonMember& b) { return a.key < b.key; 
 
 JsonObject::JsonObject(std::initializer_list<JsonMember> members) : JsonObject(of(members)) {}
 
-JsonObject JsonObject::of(std::vector<JsonMember> members) {
+JsonObject JsonObject::of(Members members) {
     // A document of our own writer is sorted already.
     if (!std::is_sorted(members.begin(), members.end(), isBefore))
         std::stable_sort(members.begin(), members.end(), isBefore);

@@ -22,23 +22,30 @@ using JsonArray = std::vector<Json>;
 // were written down.
 class JsonObject {
 public:
-    JsonObject() = default;
+    using Members = std::vector<JsonMember>;
+
+    JsonObject();
     JsonObject(std::initializer_list<JsonMember> members);
+    JsonObject(const JsonObject& other);
+    JsonObject(JsonObject&& other) noexcept;
+    JsonObject& operator=(const JsonObject& other);
+    JsonObject& operator=(JsonObject&& other) noexcept;
+    ~JsonObject();
     // Members in any order; of equal keys the last one wins.
-    static JsonObject of(std::vector<JsonMember> members);
+    static JsonObject of(Members members);
 
     const Json* find(std::string_view key) const;   // nothing when there is no such key
     void set(std::string_view key, Json value);
     void merge(JsonObject other);   // its members replace ours of the same key
 
-    bool empty() const { return members_.empty(); }
-    std::size_t size() const { return members_.size(); }
-    std::vector<JsonMember>::const_iterator begin() const { return members_.begin(); }
-    std::vector<JsonMember>::const_iterator end() const { return members_.end(); }
+    bool empty() const;
+    std::size_t size() const;
+    Members::const_iterator begin() const;
+    Members::const_iterator end() const;
     bool operator==(const JsonObject& other) const;
 
 private:
-    std::vector<JsonMember> members_;
+    Members members_;
 };
 
 // A number is held as a 64-bit integer where it is one, and as a 64-bit float otherwise; a float that is a
@@ -81,6 +88,18 @@ struct JsonMember {
     Json value;
     bool operator==(const JsonMember&) const = default;
 };
+
+// A member holds a `Json`, which holds an object: only here are all of them known.
+inline JsonObject::JsonObject() = default;
+inline JsonObject::JsonObject(const JsonObject& other) = default;
+inline JsonObject::JsonObject(JsonObject&& other) noexcept = default;
+inline JsonObject& JsonObject::operator=(const JsonObject& other) = default;
+inline JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
+inline JsonObject::~JsonObject() = default;
+inline bool JsonObject::empty() const { return members_.empty(); }
+inline std::size_t JsonObject::size() const { return members_.size(); }
+inline JsonObject::Members::const_iterator JsonObject::begin() const { return members_.begin(); }
+inline JsonObject::Members::const_iterator JsonObject::end() const { return members_.end(); }
 
 using JSONValue = Json;
 

@@ -1,6 +1,7 @@
 #include "TavixCore/Support/JsonWriter.h"
 
 #include "TavixCore/Support/Failure.h"
+#include "TavixCore/Support/KeyPath.h"
 #include "TavixCore/Support/Utf8.h"
 
 #include <array>
@@ -11,6 +12,19 @@
 namespace tavix {
 
 namespace {
+
+// JSON has no way to write NaN or an infinity.
+void refuseWhatIsNotFinite(const Json& json, const KeyPath& at) {
+    if (const JsonArray* elements = json.array()) {
+        for (std::size_t i = 0; i < elements->size(); ++i)
+            refuseWhatIsNotFinite((*elements)[i], KeyPath(at, i));
+    } else if (const JsonObject* members = json.object()) {
+        for (const JsonMember& member : *members)
+            refuseWhatIsNotFinite(member.value, KeyPath(at, member.key));
+    } else if (const auto number = json.doubleValue(); number && !std::isfinite(*number)) {
+        throw Failure(at.subject() + " is not a finite number and cannot be written; give it a finite one.");
+    }
+}
 
 class Writer {
 public:
@@ -66,8 +80,6 @@ private:
         const double real = *json.doubleValue();
         if (const auto whole = json.integerValue(); whole && Json(*whole) == json) {
             out_.append(begin, std::to_chars(begin, end, *whole).ptr);
-        } else if (!std::isfinite(real)) {
-            throw Failure("A document cannot hold a number that is not finite.");
         } else {
             // Past 2^53 a plain form would show digits that the float does not have.
             const bool isPlain = real == 0 || (std::abs(real) >= 1e-4 && std::abs(real) < 0x1p53);
@@ -114,6 +126,7 @@ private:
 }   // namespace
 
 std::string writeJson(const Json& json) {
+    refuseWhatIsNotFinite(json, KeyPath());
     Writer writer;
     writer.value(json);
     return writer.take();

@@ -1,12 +1,12 @@
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
-#include "TavixCore/Support/DecodingError.h"
-#include "TavixCore/Support/FileBytes.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <limits>
 #include <string>
 
 namespace tavix {
@@ -34,6 +34,16 @@ TEST_F(CompositionProject, LoadsABundle) {
     const LoadedCompositionProject loaded = CompositionProjectService::load(made);
     EXPECT_EQ(loaded.bundlePath, made);
     EXPECT_EQ(loaded.spec.seed, 3);
+}
+
+TEST_F(CompositionProject, KeepsTheOldDocumentWhenANewOneCannotBeWritten) {
+    const fs::path file = CompositionProjectBundle::specFile(bundle("a.tavixcomp", ""));
+    const CompositionSpec good{.seed = 4};
+    writeFile(good, file);
+    const CompositionSpec bad{
+        .scenes = {{.durationSec = std::numeric_limits<double>::quiet_NaN()}}, .seed = 5};
+    EXPECT_THROW(writeFile(bad, file), Failure);
+    EXPECT_EQ(decodeFile<CompositionSpec>(file), good);
 }
 
 TEST_F(CompositionProject, SaysWhatIsNoBundle) {

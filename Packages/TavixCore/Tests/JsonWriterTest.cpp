@@ -71,8 +71,16 @@ TEST(JsonWriter, WritesNumbersThatReadBackToTheSameBits) {
 
 TEST(JsonWriter, RefusesNumbersThatAreNotFinite) {
     for (const double value : {std::numeric_limits<double>::quiet_NaN(),
-             std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()})
-        EXPECT_THROW(writeJson(JsonArray{value}), Failure);
+             std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()}) {
+        const Json document = JsonObject{{"a", 1}, {"scenes", JsonArray{1, JsonObject{{"t", value}}}}};
+        try {
+            writeJson(document);
+            ADD_FAILURE() << "nothing failed";
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.message(),
+                "\"scenes[1].t\" is not a finite number and cannot be written; give it a finite one.");
+        }
+    }
 }
 
 TEST(JsonWriter, ReplacesBytesThatAreNoText) {
