@@ -77,6 +77,47 @@ HWY_INLINE void gatherBlock(std::uint32_t* dst, const SampleLine& line, const Bl
             Words(), dst + i);
 }
 
+// A block whose samples all have four neighbours. Neighbours in a row are loaded in pairs, which is quicker
+// than gathering them.
+HWY_INLINE void pairBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
+    const Integers d;
+    const Words w;
+    const std::size_t lanes = hn::Lanes(d);
+    const IntegerVector stride = hn::Set(d, std::int32_t(line.strideBytes / 4));
+    HWY_ALIGN std::int32_t offsets[blockSamples];
+    HWY_ALIGN std::uint32_t pairs[2][2 * blockSamples];
+    for (std::size_t i = 0; i < blockSamples; i += lanes) {
+        const IntegerVector x = hn::ShiftRight<16>(hn::Add(hn::Set(d, block.u), hn::Load(d, block.du + i)));
+        const IntegerVector y = hn::ShiftRight<16>(hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i)));
+        hn::Store(hn::Add(hn::Mul(y, stride), x), d, offsets + i);
+    }
+    for (std::size_t i = 0; i < blockSamples; ++i) {
+        const std::uint8_t* at = line.pixels + std::ptrdiff_t(offsets[i]) * 4;
+        std::memcpy(pairs[0] + 2 * i, at, 8);
+        std::memcpy(pairs[1] + 2 * i, at + line.strideBytes, 8);
+    }
+    for (std::size_t i = 0; i < blockSamples; i += lanes) {
+        WordVector p[2][2];
+        for (int row = 0; row < 2; ++row) {
+            const WordVector a = hn::Load(w, pairs[row] + 2 * i), b = hn::Load(w, pairs[row] + 2 * i + lanes);
+            p[row][0] = hn::ConcatEven(w, b, a);
+            p[row][1] = hn::ConcatOdd(w, b, a);
+        }
+        const IntegerVector u = hn::Add(hn::Set(d, block.u), hn::Load(d, block.du + i));
+        const IntegerVector v = hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i));
+        hn::StoreU(bilinear(p[0][0], p[0][1], p[1][0], p[1][1], fractions(u), fractions(v)), w, dst + i);
+    }
+}
+
+bool isInside(const SampleLine& line, const Block& block) {
+    const auto within = [](std::int64_t first, std::int64_t last, int size) {
+        return std::min(first, last) >= 0 && (std::max(first, last) >> 16) + 1 < size;
+    };
+    const std::size_t end = blockSamples - 1;
+    return within(block.u, std::int64_t(block.u) + block.du[end], line.width) &&
+           within(block.v, std::int64_t(block.v) + block.dv[end], line.height);
+}
+
 void sampleAt(
     std::uint32_t* dst, const SampleLine& source, const float* u, const float* v, std::size_t count) {
     const hn::RebindToFloat<Words> f;
@@ -132,6 +173,8 @@ void sample(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std:
         const int x = block.u >> 16;
         if (slides && x >= 0 && x + int(blockSamples) < line.width)
             slideBlock(out, line, block);
+        else if (isInside(line, block))
+            pairBlock(out, line, block);
         else
             gatherBlock(out, line, block);
         if (isWhole) continue;
