@@ -10,8 +10,14 @@ from draw import rgb
 WIDTH, HEIGHT, FPS = 1080, 1920, 30
 
 
-def color(text, alpha=1.0):
-    r, g, b = (round(c, 4) for c in rgb(text))
+def lean(number, digits):
+    """Rounded, and a whole number without a fraction."""
+    number = round(number, digits)
+    return int(number) if number == int(number) else number
+
+
+def color(text, alpha=1):
+    r, g, b = (lean(c, 4) for c in rgb(text))
     return {"r": r, "g": g, "b": b, "a": alpha}
 
 
@@ -36,10 +42,10 @@ PETAL = [{"kind": "colorControls", "brightness": 0.3, "contrast": 0.8, "saturati
 
 
 def fraction(pixels):
-    return round(pixels / HEIGHT, 5)
+    return lean(pixels / HEIGHT, 5)
 
 
-def phase(seconds, curve, dx=0, dy=0, opacity=0.0, scale=1.0, turn=0.0, blur=0.0):
+def phase(seconds, curve, dx=0, dy=0, opacity=0, scale=1, turn=0, blur=0):
     """Where a layer comes from, in pixels and degrees relative to its rest."""
     result = {"durationSec": seconds, "curve": curve, "opacity": opacity}
     if dx or dy:
@@ -78,12 +84,12 @@ def ellipse(diameter, fill, x, y, blur=0, **more):
     return layer("shape", payload, x, y, **more)
 
 
-def solid(text, alpha=1.0):
+def solid(text, alpha=1):
     return {"kind": "solid", "color": color(text, alpha)}
 
 
 def gradient(angle, *colors):
-    stops = [{"color": color(c), "location": round(i / (len(colors) - 1), 4)} for i, c in enumerate(colors)]
+    stops = [{"color": color(c), "location": lean(i / (len(colors) - 1), 4)} for i, c in enumerate(colors)]
     return {"kind": "gradient", "gradient": {"angleDegrees": angle, "stops": stops}}
 
 
@@ -99,7 +105,7 @@ class Document:
     def __init__(self, assets):
         self.assets = assets
 
-    def picture(self, asset, x, y, size=1.0, corner=0.0, **more):
+    def picture(self, asset, x, y, size=1, corner=0, **more):
         """An asset at its own size, or a part of it; given as a fraction of the frame, so that it scales along."""
         path = next(self.assets.glob(asset + ".*"))
         with Image.open(path) as image:
@@ -204,8 +210,8 @@ class Document:
             if best:
                 # A shape's gradient spans the frame; these stops put its ends at the bar's own.
                 for stop, y in zip(fill["gradient"]["stops"], (HEIGHT, floor_top, floor_top - height, 0)):
-                    stop["location"] = round(1 - y / HEIGHT, 4)
-            bars.append(layer("shape", payload, round(left + 104 + i * 118.6), floor_top + tuck - (height + tuck) / 2,
+                    stop["location"] = lean(1 - y / HEIGHT, 4)
+            bars.append(layer("shape", payload, round(left + 104 + i * 118.6), lean(floor_top + tuck - (height + tuck) / 2, 1),
                               start=round(1.1 + 0.07 * i, 2), name=f"bar-{i + 1}",
                               enter=phase(0.9, POP, dy=height, opacity=1)))
         slide = phase(1.3, SETTLE, dy=620, opacity=1)
@@ -252,4 +258,4 @@ class Document:
         spec = {"schemaVersion": 1, "output": {"widthPx": WIDTH, "heightPx": HEIGHT, "fps": FPS},
                 "background": solid("#eafaf0"),
                 "scenes": [self.hello(), self.day(), self.focus(), self.week(), self.begin()]}
-        return json.dumps(spec, indent=2, sort_keys=True) + "\n"
+        return json.dumps(spec, indent=2, sort_keys=True, separators=(",", " : ")) + "\n"
