@@ -211,7 +211,8 @@ class Document:
                 # A shape's gradient spans the frame; these stops put its ends at the bar's own.
                 for stop, y in zip(fill["gradient"]["stops"], (HEIGHT, floor_top, floor_top - height, 0)):
                     stop["location"] = lean(1 - y / HEIGHT, 4)
-            bars.append(layer("shape", payload, round(left + 104 + i * 118.6), lean(floor_top + tuck - (height + tuck) / 2, 1),
+            middle = lean(floor_top + tuck - (height + tuck) / 2, 1)
+            bars.append(layer("shape", payload, round(left + 104 + i * 118.6), middle,
                               start=round(1.1 + 0.07 * i, 2), name=f"bar-{i + 1}",
                               enter=phase(0.9, POP, dy=height, opacity=1)))
         slide = phase(1.3, SETTLE, dy=620, opacity=1)
