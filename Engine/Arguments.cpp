@@ -30,7 +30,7 @@ std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + 
 struct Arguments::Impl {
     CLI::App app;
     std::string verb;
-    std::function<void()> requirePositional = [] {};
+    std::string missingPositional;
 
     Impl(std::string_view name, std::string_view summary)
         : app(std::string(summary), "tavix " + std::string(name)), verb(name) {
@@ -55,11 +55,8 @@ Arguments::~Arguments() = default;
 void Arguments::positional(
     std::string_view name, std::string& into, std::string_view meaning, std::string missing) {
     const auto take = [&into](const std::string& value) { into = value; };
-    CLI::Option* option = impl_->add(name, meaning, take)->type_name("");
-    if (missing.empty()) return;
-    impl_->requirePositional = [option, missing] {
-        if (option->count() == 0) throw UsageError(missing);
-    };
+    impl_->add(name, meaning, take)->type_name("")->required(!missing.empty());
+    impl_->missingPositional = std::move(missing);
 }
 
 void Arguments::text(std::string_view names, std::optional<std::string>& into, std::string_view placeholder,
@@ -126,11 +123,15 @@ bool Arguments::parse(std::span<const std::string> words) {
             std::vector<std::string>(words.rbegin(), words.rend()));   // it takes them from the end
     } catch (const CLI::CallForHelp&) {
         return false;
+    } catch (const CLI::RequiredError&) {
+        throw UsageError(impl_->missingPositional);
+    } catch (const CLI::ArgumentMismatch& error) {   // "--fps: 1 required N missing"
+        const std::string reason = error.what();
+        throw UsageError(reason.substr(0, reason.find(':')) + " needs a value.");
     } catch (const CLI::ParseError& error) {
         throw UsageError(std::string(error.what()) + ".");
     }
     requireNoExtras();
-    impl_->requirePositional();
     return true;
 }
 

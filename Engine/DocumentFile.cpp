@@ -24,7 +24,7 @@ bool isFolder(const fs::path& path) {
 
 // A bundle's document may be named in place of the bundle.
 fs::path bundleOf(const fs::path& given) {
-    if (isFolder(given)) return given;
+    if (isFolder(given)) return fs::absolute(given).lexically_normal();
     const fs::path folder = given.has_parent_path() ? given.parent_path() : fs::path(".");
     const bool isItsDocument = given.filename() == CompositionProjectBundle::specName;
     return isItsDocument && CompositionProjectBundle::isBundle(fs::absolute(folder)) ? fs::absolute(folder)
@@ -52,8 +52,8 @@ DocumentFile openDocument(const std::string& given) {
     try {
         if (const fs::path bundle = bundleOf(given); !bundle.empty()) {
             CompositionSpec spec = CompositionProjectService::load(bundle).spec;
-            const std::string name = lastComponent(fs::absolute(bundle)).stem().string();
-            return {given, name, fs::absolute(bundle), std::move(spec)};
+            const std::string name = lastComponent(bundle).stem().string();
+            return {given, name, bundle, std::move(spec)};
         }
         CompositionSpec spec = decodeFile<CompositionSpec>(given);
         const fs::path assetRoot = assetRootOf(spec, given);

@@ -54,42 +54,56 @@ std::string linkTo(std::string_view name) {
     std::string anchor(name);
     for (char& letter : anchor)
         if (letter >= 'A' && letter <= 'Z') letter = char(letter - 'A' + 'a');
-    return "[" + std::string(name) + "](#" + anchor + ")";
+    return std::string("[").append(name).append("](#").append(anchor).append(")");
 }
 
-std::string code(std::string_view text) { return "`" + std::string(text) + "`"; }
+std::string code(std::string_view text) { return std::string("`").append(text).append("`"); }
 
-// On one line: the standard writer breaks lines between tokens only, since it escapes those within a text.
+// On one line, as a person would write it.
 std::string compact(const Json& json) {
     std::string line;
-    bool isIndent = false;
+    bool isInText = false, isEscaped = false, isIndent = false;
     for (const char letter : writeJson(json)) {
-        if (isIndent && letter == ' ') continue;
-        isIndent = letter == '\n';
-        if (!isIndent) line += letter;
-        if (letter == ',') line += ' ';
+        if (letter == '"' && !isEscaped) isInText = !isInText;
+        isEscaped = letter == '\\' && !isEscaped;
+        isIndent = letter == '\n' || (isIndent && letter == ' ');
+        if (isIndent) continue;
+        if (letter == ':' && !isInText) line.pop_back();   // the standard writer puts a space before it
+        line += letter;
+        if (letter == ',' && !isInText) line += ' ';
     }
     return line;
 }
 
+// "a, b or c".
+std::string either(const std::vector<std::string>& parts) {
+    std::string text;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        text.append(i == 0 ? "" : i + 1 == parts.size() ? " or " : ", ").append(parts[i]);
+    return text;
+}
+
 std::string typeOf(const Json& schema) {
     if (const std::string_view name = referenceIn(schema); !name.empty()) return linkTo(name);
-    std::string text;
-    const auto append = [&text](const std::string& part) { text += (text.empty() ? "" : " or ") + part; };
-    for (const Json& choice : listIn(schema, "anyOf")) append(typeOf(choice));
-    for (const Json& word : listIn(schema, "enum")) append(code(*word.text()));
-    if (!text.empty()) return text;
+    std::vector<std::string> choices;
+    for (const Json& choice : listIn(schema, "anyOf")) choices.push_back(typeOf(choice));
+    for (const Json& word : listIn(schema, "enum")) choices.push_back(code(*word.text()));
+    if (!choices.empty()) return either(choices);
     if (const Json* items = schema.find("items")) return "list of " + typeOf(*items);
     if (const Json* values = schema.find("additionalProperties")) return "map of text to " + typeOf(*values);
     const Json* type = schema.find("type");
-    return type && type->text() ? (*type->text() == "string" ? "text" : *type->text()) : "any JSON";
+    if (!type || !type->text()) return "any JSON";
+    return *type->text() == "string" ? "text" : *type->text() == "object" ? "an object" : *type->text();
 }
 
 std::string limitsOf(const Json& schema) {
     const Json *least = schema.find("minimum"), *most = schema.find("maximum");
-    if (least && most) return " " + compact(*least) + " to " + compact(*most) + ".";
-    if (least) return " At least " + compact(*least) + ".";
-    return most ? " At most " + compact(*most) + "." : "";
+    std::string text;
+    if (least && most)
+        text.append(" ").append(compact(*least)).append(" to ").append(compact(*most)).append(".");
+    else if (least || most)
+        text.append(least ? " At least " : " At most ").append(compact(least ? *least : *most)).append(".");
+    return text;
 }
 
 std::string defaultOf(const Json& schema, bool isRequired) {

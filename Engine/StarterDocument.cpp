@@ -13,9 +13,9 @@ std::string_view starterDocument() {
       "durationSec": 3,
       "layers": [
         {
-          "id": "glow", "kind": "shape", "position": {"x": 960, "y": 640}, "opacity": 0.5,
+          "id": "glow", "kind": "shape", "position": {"x": 960, "y": 600}, "opacity": 0.5,
           "shape": {
-            "shape": "ellipse", "widthFraction": 0.6, "heightFraction": 0.8, "blurRadiusFraction": 0.08,
+            "shape": "ellipse", "widthFraction": 0.46, "heightFraction": 0.62, "blurRadiusFraction": 0.16,
             "fill": {"kind": "solid", "color": {"r": 1, "g": 0.42, "b": 0.36, "a": 1}}
           },
           "enter": {

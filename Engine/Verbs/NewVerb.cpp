@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void requireFreshBundle(const fs::path& bundle) {
-    const std::string extension = "." + std::string(CompositionProjectBundle::pathExtension);
+    const std::string extension = std::string(".").append(CompositionProjectBundle::pathExtension);
     if (lastComponent(bundle).extension() != extension)
         throw UsageError("A bundle's name ends in " + extension + "; call it \"" +
                          lastComponent(bundle).string() + extension + "\".");

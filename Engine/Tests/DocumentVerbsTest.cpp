@@ -1,0 +1,116 @@
+#include "Engine/Tests/EngineTest.h"
+#include "TavixPlatform/Media/StillImages.h"
+
+#include <gmock/gmock.h>
+
+namespace tavix::engine::testing {
+
+namespace {
+
+using ::testing::HasSubstr;
+
+TEST_F(EngineTest, ResolvingTwiceIsResolvingOnce) {
+    const Outcome once =
+        tavix({"resolve", std::string(TAVIX_SOURCE_DIR) + "/Examples/first-light.tavixcomp"});
+    ASSERT_EQ(once.status, 0) << once.err;
+    write("once.json", once.out);
+    EXPECT_EQ(tavix({"resolve", "once.json"}).out, once.out);
+}
+
+TEST_F(EngineTest, NewDocumentsRender) {
+    const Json made = json({"new", "deep/hello.tavixcomp", "--json"});
+    EXPECT_EQ(*made.find("document"), Json("deep/hello.tavixcomp/composition.json"));
+    const Json still = json({"still", "deep/hello.tavixcomp", "--at", "2", "--json"});
+    EXPECT_EQ(*still.find("output"), Json("hello.png"));
+    EXPECT_EQ(*still.find("warnings"), Json(JsonArray{})) << "its backgrounds are found";
+    const imaging::Bitmap picture = media::loadStillImage(at("hello.png"));
+    EXPECT_EQ(picture.size(), (imaging::Size{1920, 1080}));
+}
+
+TEST_F(EngineTest, EverySchemaIsJsonAndNamesItsType) {
+    EXPECT_EQ(*json({"schema"}).find("title"), Json("composition"));
+    for (const std::string type : {"composition", "scene", "layer", "effect", "track", "transition"})
+        EXPECT_EQ(*json({"schema", type}).find("title"), Json(type));
+}
+
+TEST_F(EngineTest, TheCommittedReferenceIsCurrent) {
+    const std::string page = readBytes(std::string(TAVIX_SOURCE_DIR) + "/docs/document-reference.md");
+    EXPECT_EQ(tavix({"schema", "--markdown"}).out, page)
+        << "make it anew: tavix schema --markdown > docs/document-reference.md";
+}
+
+// The heads of a page's chapters, and the chapters that its links go to.
+TEST_F(EngineTest, EveryLinkOfTheReferenceLeadsToAChapter) {
+    const std::string page = tavix({"schema", "--markdown"}).out;
+    std::string lower = page;
+    for (char& letter : lower) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    std::size_t links = 0;
+    for (std::size_t at = page.find("](#"); at != std::string::npos; at = page.find("](#", at + 1), ++links) {
+        const std::string anchor = page.substr(at + 3, page.find(')', at) - at - 3);
+        EXPECT_THAT(lower, HasSubstr("\n## " + anchor + "\n"));
+    }
+    EXPECT_GT(links, 40u);
+}
+
+TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
+    const struct {
+        const char *family, *id;
+        std::size_t count;
+    } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
+        {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.family);
+        EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));
+        const Json presets = json({"presets", c.family, "--json"});
+        ASSERT_TRUE(presets.array());
+        EXPECT_EQ(presets.array()->size(), c.count);
+        bool isListed = false;
+        for (const Json& preset : *presets.array()) isListed = isListed || *preset.find("id") == Json(c.id);
+        EXPECT_TRUE(isListed);
+    }
+}
+
+TEST_F(EngineTest, SheetsAreBoundedWhateverTheFilm) {
+    const struct {
+        const char* name;
+        int width, height;
+        double sec;
+        int scenes;
+    } films[] = {{"one frame", 64, 96, 0.1, 1}, {"many scenes", 64, 36, 30, 90}, {"a ribbon", 8192, 2, 2, 3},
+        {"a tower", 2, 2000, 2, 3}};
+    for (const auto& film : films) {
+        SCOPED_TRACE(film.name);
+        std::string scenes;
+        for (int i = 0; i < film.scenes; ++i)
+            scenes += std::string(i ? "," : "") + R"({"durationSec": )" +
+                      std::to_string(film.sec / film.scenes) + "}";
+        write("film.json", R"({"output": {"widthPx": )" + std::to_string(film.width) + R"(, "heightPx": )" +
+                               std::to_string(film.height) + R"(, "fps": 10}, "scenes": [)" + scenes + "]}");
+        for (const std::string columns : {"", "1", "48"}) {
+            std::vector<std::string> words{"sheet", "film.json", "--json"};
+            if (!columns.empty()) words.insert(words.end(), {"--columns", columns});
+            const Json sheet = json(words);
+            const imaging::Size size = media::loadStillImage(at("film-sheet.png")).size();
+            EXPECT_EQ(*sheet.find("widthPx"), Json(size.width));
+            EXPECT_EQ(*sheet.find("heightPx"), Json(size.height));
+            EXPECT_LE(std::max(size.width, size.height), 4096);
+            EXPECT_LE(sheet.find("cells")->array()->size(), 48u);
+            EXPECT_GE(sheet.find("cells")->array()->size(), 1u);
+        }
+    }
+}
+
+TEST_F(EngineTest, SheetsShowEverySceneAndTransitionInOrder) {
+    write("film.json", R"({"output": {"widthPx": 64, "heightPx": 36, "fps": 10}, "scenes": [
+        {"durationSec": 2, "transition": {"style": "fade", "durationSec": 1}}, {"durationSec": 3}]})");
+    const Json sheet = json({"sheet", "film.json", "--json"});
+    std::vector<double> times;
+    for (const Json& cell : *sheet.find("cells")->array())
+        times.push_back(*cell.find("atSec")->doubleValue());
+    EXPECT_TRUE(std::is_sorted(times.begin(), times.end()));
+    EXPECT_THAT(times, ::testing::IsSupersetOf({0.0, 1.5, 2.0, 3.9})) << "start, transition, next scene, end";
+}
+
+}   // namespace
+
+}   // namespace tavix::engine::testing
