@@ -1,8 +1,11 @@
 // What a render says while it works: its log goes to a person, its warnings to whoever reads the result.
 #pragma once
 
+#include "TavixCore/Composition/CompositionSpec.h"
 #include "TavixCore/Support/Json.h"
 #include "TavixRender/Assets/RenderLog.h"
+
+#include <string>
 
 namespace tavix::engine {
 
@@ -14,6 +17,9 @@ public:
     explicit RenderNotes(Terminal& terminal) : terminal_(terminal) {}
 
     RenderLog log();
+    void warn(const std::string& sentence);
+    // Says how many layers are of a kind that is not drawn yet, when there are any.
+    void warnOfUndrawnLayers(const CompositionSpec& spec);
     const JsonArray& warnings() const { return warnings_; }
 
 private:

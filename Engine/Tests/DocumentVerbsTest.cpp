@@ -27,6 +27,15 @@ TEST_F(EngineTest, NewDocumentsRender) {
     EXPECT_EQ(picture.size(), (imaging::Size{1920, 1080}));
 }
 
+TEST_F(EngineTest, TheExampleOfTheReadMeRenders) {
+    const std::string page = readBytes(std::string(TAVIX_SOURCE_DIR) + "/README.md");
+    const std::size_t begin = page.find("```json\n") + 8;
+    write("sunrise.json", page.substr(begin, page.find("```", begin) - begin));
+    const Json sheet = json({"sheet", "sunrise.json", "--json"});
+    EXPECT_EQ(*sheet.find("warnings"), Json(JsonArray{}));
+    EXPECT_EQ(*sheet.find("cells")->array()->back().find("scene"), Json("end"));
+}
+
 TEST_F(EngineTest, EverySchemaIsJsonAndNamesItsType) {
     EXPECT_EQ(*json({"schema"}).find("title"), Json("composition"));
     for (const std::string type : {"composition", "scene", "layer", "effect", "track", "transition"})

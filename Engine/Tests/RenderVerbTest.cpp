@@ -103,11 +103,24 @@ TEST_F(EngineTest, WarnsOfAnAssetThatIsMissing) {
     EXPECT_THAT(outcome.err, HasSubstr("tavix: warning: "));
 }
 
-TEST_F(EngineTest, WarnsThatAFilmWithMusicIsSilent) {
-    write("loud.json",
-        R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, "scenes": [{"durationSec": 0.2}],
-        "audio": {"music": {"path": "song.mp3"}}})");
-    EXPECT_THAT(tavix({"render", "loud.json"}).err, HasSubstr("the film is silent"));
+TEST_F(EngineTest, WarnsOfWhatIsLeftOut) {
+    const struct {
+        const char *rest, *sentence;
+    } cases[] = {
+        {R"("scenes": [{"durationSec": 1}], "audio": {"music": {"path": "song.mp3"}})",
+            "the film is silent."},
+        {R"("scenes": [{"durationSec": 1, "layers": [{"kind": "text"}, {"kind": "device"}, {"kind": "shape"}]}])",
+            "device and video layers are not drawn yet; 2 are left out."},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.rest);
+        write("film.json",
+            std::string(R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, )") + c.rest + "}");
+        const Outcome outcome = tavix({"render", "film.json"});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.err, HasSubstr(c.sentence));
+    }
+    EXPECT_THAT(tavix({"render", "tiny.json"}).err, IsEmpty());
 }
 
 // A long film, so that there is time to stop it.

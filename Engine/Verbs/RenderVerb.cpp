@@ -26,17 +26,17 @@ template <NamedEnum E> std::vector<std::pair<std::string_view, E>> wordsOf() {
 
 std::string fast(int percent) { return std::to_string(percent) + "% fast"; }
 
-void warnOfSilence(const CompositionSpec& spec, Terminal& terminal) {
+void warnOfSilence(const CompositionSpec& spec, RenderNotes& notes) {
     if (spec.audio && (spec.audio->music || !spec.audio->cues.empty()))
-        terminal.warn("Sound is not rendered yet, so the film is silent.");
+        notes.warn("Sound is not rendered yet, so the film is silent.");
 }
 
-void warnOfHaste(int fps, Terminal& terminal) {
+void warnOfHaste(int fps, RenderNotes& notes) {
     const double stampedFps =
         double(FrameSequenceEncoder::timescale) / (FrameSequenceEncoder::timescale / fps);
     const int percent = static_cast<int>(std::lround((stampedFps / fps - 1) * 100));
     if (percent >= 1)
-        terminal.warn(
+        notes.warn(
             "At " + std::to_string(fps) + " frames a second the film runs " + fast(percent) +
             ", because frames stand at whole 1/600 seconds; 24, 25, 30, 50, 60, 100 and 120 are exact.");
 }
@@ -113,11 +113,12 @@ void RenderVerb::run(Terminal& terminal) {
     requireRenderable(document);
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);
-    if (choice.format == ExportFormat::video) {
-        warnOfSilence(config.spec, terminal);
-        warnOfHaste(static_cast<int>(config.spec.output.fps), terminal);
-    }
     RenderNotes notes(terminal);
+    notes.warnOfUndrawnLayers(config.spec);
+    if (choice.format == ExportFormat::video) {
+        warnOfSilence(config.spec, notes);
+        warnOfHaste(static_cast<int>(config.spec.output.fps), notes);
+    }
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
         CompositionRenderer::render(
