@@ -29,7 +29,8 @@ CompositionLayer layerAt(int index, const CompositionOutput& output) {
     }
     ShapeContent shape;
     shape.shape = index % 4 == 1 ? ShapeKind::ellipse : ShapeKind::rect;
-    shape.fill = index % 2 ? ShapeFill(LinearGradient::standard()) : ShapeFill(RGBAColor{0.95, 0.96, 1, 0.92});
+    shape.fill =
+        index % 2 ? ShapeFill(LinearGradient::standard()) : ShapeFill(RGBAColor{0.95, 0.96, 1, 0.92});
     shape.widthFraction = 0.36 * std::min(1.0, height / width);
     shape.heightFraction = 0.16 * std::min(1.0, width / height) + 0.06;
     shape.cornerRadiusFraction = 0.2;

@@ -85,9 +85,8 @@ public:
           resolved_(document.spec, std::nullopt, evaluator_, {}) {
         imaging::FrameSurface surface(evaluator_, size_);
         for (std::size_t i = 0; i < frames_; ++i) {
-            surface.update(frame(i));
             std::uint64_t stamp = 0;
-            surface.writePlanes(store_.at(i), stamp);
+            surface.update(frame(i), {store_.at(i), stamp});
         }
     }
     ~Measurement() { std::filesystem::remove(movie_); }
@@ -98,8 +97,8 @@ public:
         for (int i = 0; i < rounds; ++i) {
             compose_.keepLeast(measured([&] { compose(); }));
             encode_.keepLeast(measured([&] { encode(); }));
-            render_.keepLeast(
-                measured([&] { CompositionRenderer::render({.spec = document_.spec, .output = movie_}, {}); }));
+            render_.keepLeast(measured(
+                [&] { CompositionRenderer::render({.spec = document_.spec, .output = movie_}, {}); }));
         }
     }
     void print() const {
@@ -124,8 +123,7 @@ private:
         std::uint64_t stamps[slots] = {};
         imaging::FrameSurface surface(evaluator_, size_);
         for (std::size_t i = 0; i < frames_; ++i) {
-            surface.update(frame(i));
-            surface.writePlanes(planes.at(i % slots), stamps[i % slots]);
+            surface.update(frame(i), {planes.at(i % slots), stamps[i % slots]});
         }
     }
 

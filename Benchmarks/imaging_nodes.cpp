@@ -80,7 +80,7 @@ void planes(benchmark::State& state) {
         {bytes.data(), bytes.data() + w * h, bytes.data() + w * h * 5 / 4, nullptr}, {w, w / 2, w / 2, 0}};
     for (auto _ : state) {
         std::uint64_t stamp = 0;
-        surface.writePlanes(view, stamp);
+        surface.update(photo(), {view, stamp});
     }
 }
 BENCHMARK(planes)->Unit(benchmark::kMillisecond);

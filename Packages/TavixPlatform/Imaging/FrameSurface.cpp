@@ -4,67 +4,115 @@
 #include "TavixPlatform/Imaging/PlaneWriter.h"
 #include "TavixPlatform/Imaging/Workshop.h"
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace tavix::imaging {
 
+namespace {
+
+// Neighbours are drawn as one, up to this width: fewer starts of rows, and still at home in the cache.
+constexpr int mostRunTiles = 4;
+
+// Calls use(region) for runs of neighbours among the tiles first ... end - 1 that `isWanted`.
+template <class IsWanted, class Use>
+void forRuns(const std::vector<PixelRegion>& tiles, std::size_t first, std::size_t end,
+    const IsWanted& isWanted, const Use& use) {
+    PixelRegion run;
+    for (std::size_t i = first; i < end; ++i) {
+        const bool continues = !run.isEmpty() && run.width() < mostRunTiles * tileWidthPx;
+        if (isWanted(i)) {
+            if (!run.isEmpty() && !continues) use(std::exchange(run, {}));
+            run = unionOf(run, tiles[i]);
+        } else if (!run.isEmpty()) {
+            use(std::exchange(run, {}));
+        }
+    }
+    if (!run.isEmpty()) use(run);
+}
+
+}   // namespace
+
 struct FrameSurface::Impl {
     Impl(Workshop& workshopToUse, Size size)
         : workshop(workshopToUse), bitmap(size), all{0, 0, size.width, size.height}, tiles(tilesOf(all)),
-          hashes(tiles.size(), 0), stamps(tiles.size(), 0) {}
+          hashes(tiles.size(), 0), stamps(tiles.size(), 0),
+          tilesAcross(std::size_t(size.width + tileWidthPx - 1) / tileWidthPx) {}
+
+    // Notes what each tile is to show. Returns the changed tiles' bounds.
+    PixelRegion noteChanges(const Node& node);
+    int update(const Image& image, const Planes* planes);
+    void drawStrip(std::size_t first, const Drawable* drawable, const Planes* planes, Scratch& scratch) const;
+    bool isStale(std::size_t tile, std::size_t first, std::uint64_t stamp) const {
+        // The first chroma sample of a tile looks one pixel to the left.
+        return stamp == 0 || stamps[tile] > stamp || (tile > first && stamps[tile - 1] > stamp);
+    }
 
     Workshop& workshop;
     Bitmap bitmap;
     PixelRegion all;
-    std::vector<PixelRegion> tiles;
+    std::vector<PixelRegion> tiles;      // row by row, from the bottom
     std::vector<std::uint64_t> hashes;   // of what each tile shows; 0 is clear, as at the start
     std::vector<std::uint64_t> stamps;   // the update that last changed it
+    std::size_t tilesAcross;
     std::uint64_t updates = 1;
+    int changedCount = 0;
 };
+
+PixelRegion FrameSurface::Impl::noteChanges(const Node& node) {
+    PixelRegion changed;
+    changedCount = 0;
+    ++updates;
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        const std::uint64_t hash = node.contribution(tiles[i]);
+        if (hash == hashes[i]) continue;
+        hashes[i] = hash;
+        stamps[i] = updates;
+        changed = unionOf(changed, tiles[i]);
+        ++changedCount;
+    }
+    return changed;
+}
+
+void FrameSurface::Impl::drawStrip(
+    std::size_t first, const Drawable* drawable, const Planes* planes, Scratch& scratch) const {
+    const std::size_t end = first + tilesAcross;
+    const ConstBitmapView view = std::as_const(bitmap).view();
+    const Tile target = Tile::of({const_cast<std::uint8_t*>(view.pixels), view.size, view.strideBytes}, all);
+    const auto isChanged = [&](std::size_t i) { return stamps[i] == updates; };
+    if (drawable)
+        forRuns(tiles, first, end, isChanged,
+            [&](const PixelRegion& r) { drawable->draw(target.part(r), scratch); });
+    if (!planes) return;
+    const auto isOld = [&](std::size_t i) { return isStale(i, first, planes->stamp); };
+    forRuns(tiles, first, end, isOld, [&](const PixelRegion& r) {
+        writePlanes(planes->view, view, {r.x0, all.y1 - r.y1, r.x1, all.y1 - r.y0});
+    });
+}
+
+int FrameSurface::Impl::update(const Image& image, const Planes* planes) {
+    const PixelRegion changed = noteChanges(*image.node());
+    const DrawableRef drawable = changed.isEmpty() ? nullptr : workshop.prepare(image.node(), changed);
+    std::vector<std::size_t> strips;   // first tiles of the rows with work
+    for (std::size_t first = 0; first < tiles.size(); first += tilesAcross) {
+        bool hasWork = false;
+        for (std::size_t i = first; i < first + tilesAcross; ++i)
+            hasWork = hasWork || stamps[i] == updates || (planes && isStale(i, first, planes->stamp));
+        if (hasWork) strips.push_back(first);
+    }
+    workshop.forEach(int(strips.size()),
+        [&](int i, Scratch& scratch) { drawStrip(strips[std::size_t(i)], drawable.get(), planes, scratch); });
+    if (planes) planes->stamp = updates;
+    return changedCount;
+}
 
 FrameSurface::FrameSurface(Evaluator& evaluator, Size size)
     : impl_(std::make_unique<Impl>(evaluator.impl().workshop, size)) {}
 FrameSurface::~FrameSurface() = default;
 
-int FrameSurface::update(const Image& image) {
-    Impl& s = *impl_;
-    ++s.updates;
-    std::vector<std::size_t> changed;
-    PixelRegion wanted;
-    for (std::size_t i = 0; i < s.tiles.size(); ++i) {
-        const std::uint64_t hash = image.node()->contribution(s.tiles[i]);
-        if (hash == s.hashes[i]) continue;
-        s.hashes[i] = hash;
-        s.stamps[i] = s.updates;
-        changed.push_back(i);
-        wanted = unionOf(wanted, s.tiles[i]);
-    }
-    if (changed.empty()) return 0;
-    const DrawableRef drawable = s.workshop.prepare(image.node(), wanted);
-    const Tile target = Tile::of(s.bitmap.view(), s.all);
-    s.workshop.forEach(int(changed.size()), [&](int i, Scratch& scratch) {
-        drawable->draw(target.part(s.tiles[changed[std::size_t(i)]]), scratch);
-    });
-    return int(changed.size());
-}
-
+int FrameSurface::update(const Image& image) { return impl_->update(image, nullptr); }
+int FrameSurface::update(const Image& image, const Planes& planes) { return impl_->update(image, &planes); }
 ConstBitmapView FrameSurface::pixels() const { return std::as_const(impl_->bitmap).view(); }
-
-void FrameSurface::writePlanes(const PlanarView& planes, std::uint64_t& stamp) const {
-    const Impl& s = *impl_;
-    std::vector<PixelRegion> stale;
-    for (std::size_t i = 0; i < s.tiles.size(); ++i) {
-        // The first chroma sample of a tile looks one pixel to the left.
-        const bool hasLeft = i > 0 && s.tiles[i - 1].y0 == s.tiles[i].y0;
-        if (stamp == 0 || s.stamps[i] > stamp || (hasLeft && s.stamps[i - 1] > stamp))
-            stale.push_back(s.tiles[i]);
-    }
-    const ConstBitmapView source = pixels();
-    impl_->workshop.forEach(int(stale.size()), [&](int i, Scratch&) {
-        const PixelRegion& r = stale[std::size_t(i)];
-        imaging::writePlanes(planes, source, {r.x0, s.all.y1 - r.y1, r.x1, s.all.y1 - r.y0});
-    });
-    stamp = s.updates;
-}
 
 }   // namespace tavix::imaging

@@ -18,13 +18,18 @@ public:
     FrameSurface(Evaluator& evaluator, Size size);
     ~FrameSurface();
 
-    // Draws the rectangle (0, 0) to (width, height) of the image. Returns how many tiles were drawn anew.
-    int update(const Image& image);
-    ConstBitmapView pixels() const;
+    // Planes of an encoder, and what tells how old they are: 0 for fresh ones, afterwards what `update` left
+    // in it.
+    struct Planes {
+        PlanarView view;
+        std::uint64_t& stamp;
+    };
 
-    // Writes what changed since these planes were last written. `stamp` belongs to the planes: 0 for fresh
-    // ones, afterwards what the last call left in it.
-    void writePlanes(const PlanarView& planes, std::uint64_t& stamp) const;
+    // Draws the rectangle (0, 0) to (width, height) of the image, and brings the planes up to date where they
+    // are not, while the pixels are in the processor's cache. Returns how many tiles were drawn anew.
+    int update(const Image& image);
+    int update(const Image& image, const Planes& planes);
+    ConstBitmapView pixels() const;
 
 private:
     struct Impl;

@@ -70,9 +70,10 @@ const float* ditherRow(int y) {
     return matrix[std::size_t(y & 7)].data();
 }
 
-void fillDither(float* dst, int x, int y, std::size_t count) {
+void fillDither(float* dst, int x, int y, std::size_t count, int channels) {
     const float* row = ditherRow(y);
-    for (std::size_t i = 0; i < count; ++i) dst[i] = row[(std::size_t(x & 7) + i) & 7];
+    for (std::size_t i = 0; i < count; ++i)
+        for (int c = 0; c < channels; ++c) *dst++ = row[(std::size_t(x & 7) + i) & 7];
 }
 
 }   // namespace tavix::imaging

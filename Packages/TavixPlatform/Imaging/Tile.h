@@ -79,6 +79,7 @@ void clear(const FloatTile& tile);
 // Added where a filter makes smooth ramps, so that they do not band; a value that is a whole byte already
 // stays.
 const float* ditherRow(int y);   // 8 values, repeating with x
-void fillDither(float* dst, int x, int y, std::size_t count);
+// The offsets of `count` pixels, each repeated for its channels.
+void fillDither(float* dst, int x, int y, std::size_t count, int channels = 1);
 
 }   // namespace tavix::imaging

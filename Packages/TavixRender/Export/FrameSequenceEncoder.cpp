@@ -76,8 +76,7 @@ void FrameSequenceEncoder::append(const imaging::Image& image, std::int64_t fram
     const imaging::Image frame = image.cropped(bounds_);
     const bool isPadded = codedSize_.width > bounds_.width || codedSize_.height > bounds_.height;
     media::MovieWriter::Slot& slot = writer_->acquire();
-    surface_.update(isPadded ? frame.clampedToExtent() : frame);
-    surface_.writePlanes(slot.planes, slot.stamp);
+    surface_.update(isPadded ? frame.clampedToExtent() : frame, {slot.planes, slot.stamp});
     writer_->submit(slot, frameIndex * timeValuePerFrame_);
 } catch (const media::MediaError& error) {
     fail("Composition write failed: ", error);

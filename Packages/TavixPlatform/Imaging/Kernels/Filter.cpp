@@ -29,19 +29,27 @@ void expand(float* dst, const std::uint32_t* src, std::size_t count) {
     for (; i < floats; ++i) dst[i] = from[i];
 }
 
-// Limits to 0 ... 255 and colour to alpha, adds the dither of the pixel and rounds.
-HWY_INLINE void packOne(std::uint32_t* dst, const float* src, float dither) {
-    const OnePixel d;
-    const hn::Rebind<std::int32_t, OnePixel> ints;
-    const hn::Rebind<std::uint8_t, OnePixel> bytes;
-    const PixelVector p = hn::Min(hn::Max(hn::LoadU(d, src), hn::Zero(d)), hn::Set(d, 255.0f));
-    const PixelVector limited = hn::Min(p, hn::Set(d, std::clamp(src[3], 0.0f, 255.0f)));
-    const auto whole = hn::DemoteTo(bytes, hn::ConvertTo(ints, hn::Add(limited, hn::Set(d, dither + 0.5f))));
-    hn::StoreU(whole, bytes, reinterpret_cast<std::uint8_t*>(dst));
+// Limits to 0 ... 255 and colour to alpha, adds the dither of the pixel and rounds. `D` holds whole pixels.
+template <class D> HWY_INLINE void packPixels(D d, std::uint8_t* dst, const float* src, hn::Vec<D> offset) {
+    const hn::Rebind<std::int32_t, D> ints;
+    const hn::Rebind<std::uint8_t, D> bytes;
+    const auto p = hn::Min(hn::Max(hn::LoadU(d, src), hn::Zero(d)), hn::Set(d, 255.0f));
+    const auto limited = hn::Min(p, hn::Broadcast<3>(p));   // alpha of each pixel, in its block of four
+    hn::StoreU(hn::DemoteTo(bytes, hn::ConvertTo(ints, hn::Add(limited, offset))), bytes, dst);
 }
 
 void packInterleaved(std::uint32_t* dst, const float* src, const float* dither, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) packOne(dst + i, src + i * 4, dither ? dither[i] : 0.0f);
+    const Floats d;
+    const OnePixel one;
+    const std::size_t pixelsAtOnce = hn::Lanes(d) / 4;
+    auto* bytes = reinterpret_cast<std::uint8_t*>(dst);
+    const auto half = hn::Set(d, 0.5f);
+    std::size_t i = 0;
+    for (; i + pixelsAtOnce <= count; i += pixelsAtOnce)
+        packPixels(
+            d, bytes + i * 4, src + i * 4, dither ? hn::Add(half, hn::LoadU(d, dither + i * 4)) : half);
+    for (; i < count; ++i)
+        packPixels(one, bytes + i * 4, src + i * 4, hn::Set(one, (dither ? dither[i * 4] : 0.0f) + 0.5f));
 }
 
 void deinterleave(FloatRow dst, const float* src, std::size_t count) {

@@ -72,6 +72,7 @@ struct Kernels {
 
     // Interleaved float pixels, four floats each in the byte order of the word.
     void (*expand)(float* dst, const std::uint32_t* src, std::size_t count);
+    // As `pack`; `dither` has four equal values for each pixel.
     void (*packInterleaved)(std::uint32_t* dst, const float* src, const float* dither, std::size_t count);
     void (*deinterleave)(FloatRow dst, const float* src, std::size_t count);
     // dst[i] = sum over t of weights[t] * rows[t][i], for `count` floats.

@@ -117,13 +117,22 @@ const float* FloatPicture::row(int y, int x0, int x1, bool isContinued, Scratch&
     if (region.contains({x0, y, x1, y + 1})) return at(x0, y);
     auto* out = scratch.take<float>(std::size_t(x1 - x0) * 4);
     if (isContinued) y = std::clamp(y, region.y0, region.y1 - 1);
-    const bool isOutside = y < region.y0 || y >= region.y1;
     static constexpr float clearPixel[4] = {};
-    for (int x = x0; x < x1; ++x) {
-        const bool isClear = isOutside || (!isContinued && (x < region.x0 || x >= region.x1));
-        const float* from = isClear ? clearPixel : at(std::clamp(x, region.x0, region.x1 - 1), y);
-        std::memcpy(out + std::ptrdiff_t(x - x0) * 4, from, sizeof clearPixel);
+    const bool isClear = y < region.y0 || y >= region.y1;
+    const auto fill = [&](int from, int to, const float* pixel) {
+        for (int x = from; x < to; ++x)
+            std::memcpy(out + std::ptrdiff_t(x - x0) * 4, pixel, sizeof clearPixel);
+    };
+    if (isClear) {
+        fill(x0, x1, clearPixel);
+        return out;
     }
+    const int from = std::clamp(region.x0, x0, x1), to = std::clamp(region.x1, from, x1);
+    fill(x0, from, isContinued ? at(region.x0, y) : clearPixel);
+    if (to > from)
+        std::memcpy(
+            out + std::ptrdiff_t(from - x0) * 4, at(from, y), std::size_t(to - from) * sizeof clearPixel);
+    fill(to, x1, isContinued ? at(region.x1 - 1, y) : clearPixel);
     return out;
 }
 std::size_t FloatPicture::byteCount() const {

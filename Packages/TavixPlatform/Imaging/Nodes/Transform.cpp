@@ -62,6 +62,9 @@ class TransformedDrawable final : public Drawable {
 public:
     TransformedDrawable(const NodeRef& node, Picture source, const Affine& toSource, bool hasEdges)
         : Drawable(node), source_(std::move(source)), toSource_(toSource), hasEdges_(hasEdges) {
+        const ConstBitmapView view = source_.bitmap->view();
+        line_ = {view.pixels, view.strideBytes, view.size.width, view.size.height, 0, 0, fixed(toSource.a),
+            fixed(-toSource.b)};
         const double perU = std::max(std::hypot(toSource.a, toSource.c), 1e-12),
                      perV = std::max(std::hypot(toSource.b, toSource.d), 1e-12);
         const PixelRegion& r = source_.region;
@@ -106,14 +109,13 @@ private:
         return span.isEmpty() ? Span{within.lo, within.lo} : span;
     }
 
+    static std::int64_t fixed(double v) {
+        return std::int64_t(std::clamp(v, -2e9, 2e9) * 4294967296.0 + (v < 0 ? -0.5 : 0.5));
+    }
+
     void sampleRow(std::uint32_t* out, int y, Span span) const {
-        const ConstBitmapView view = source_.bitmap->view();
         const double middle = y + 0.5;
-        const auto fixed = [](double v) {
-            return std::int64_t(std::llround(std::clamp(v, -2e9, 2e9) * 4294967296.0));
-        };
-        SampleLine line{view.pixels, view.strideBytes, view.size.width, view.size.height, 0, 0,
-            fixed(toSource_.a), fixed(-toSource_.b)};
+        SampleLine line = line_;
         // Of pixel 0 of the row, whose centre is at x = 1/2; source rows count from the top.
         line.u0 = fixed(toSource_.a * 0.5 + toSource_.c * middle + toSource_.tx - source_.region.x0 - 0.5);
         line.v0 = fixed(source_.region.y1 - (toSource_.b * 0.5 + toSource_.d * middle + toSource_.ty) - 0.5);
@@ -141,6 +143,7 @@ private:
 
     Picture source_;
     Affine toSource_;
+    SampleLine line_;   // all but where a row starts
     Edge edges_[4];
     bool hasEdges_;
 };

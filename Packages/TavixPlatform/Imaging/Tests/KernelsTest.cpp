@@ -79,7 +79,7 @@ Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
 
 // The same for float rows, read back through `pack`.
 Result floatResults(const Kernels& k, const Rows& rows, std::size_t n) {
-    std::vector<float> floats(room * 8), extra(room * 8), dither(room, 0.25f);
+    std::vector<float> floats(room * 8), extra(room * 8), dither(room * 4, 0.25f);
     const auto planes = [](std::vector<float>& v) {
         return FloatRow{{v.data(), v.data() + room, v.data() + 2 * room, v.data() + 3 * room}};
     };
