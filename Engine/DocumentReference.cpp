@@ -1,5 +1,6 @@
 #include "Engine/DocumentReference.h"
 
+#include "Engine/NearestWord.h"
 #include "TavixCore/Support/JsonWriter.h"
 
 #include <algorithm>
@@ -75,20 +76,12 @@ std::string compact(const Json& json) {
     return line;
 }
 
-// "a, b or c".
-std::string either(const std::vector<std::string>& parts) {
-    std::string text;
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        text.append(i == 0 ? "" : i + 1 == parts.size() ? " or " : ", ").append(parts[i]);
-    return text;
-}
-
 std::string typeOf(const Json& schema) {
     if (const std::string_view name = referenceIn(schema); !name.empty()) return linkTo(name);
     std::vector<std::string> choices;
     for (const Json& choice : listIn(schema, "anyOf")) choices.push_back(typeOf(choice));
     for (const Json& word : listIn(schema, "enum")) choices.push_back(code(*word.text()));
-    if (!choices.empty()) return either(choices);
+    if (!choices.empty()) return listed(std::vector<std::string_view>(choices.begin(), choices.end()));
     if (const Json* items = schema.find("items")) return "list of " + typeOf(*items);
     if (const Json* values = schema.find("additionalProperties")) return "map of text to " + typeOf(*values);
     const Json* type = schema.find("type");
