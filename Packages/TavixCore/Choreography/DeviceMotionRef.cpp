@@ -1,30 +1,21 @@
 #include "TavixCore/Choreography/DeviceMotionRef.h"
 
+#include "TavixCore/Choreography/DeviceMotionRows.h"
 #include "TavixCore/Support/FieldTables.h"
 
-#include <algorithm>
-#include <array>
+#include <vector>
 
 namespace tavix {
 namespace {
 
-constexpr std::array<std::string_view, 111> motionNames{"rise-up", "rise-soft", "rise-spin", "rise-yaw360",
-    "reveal", "lay-rise", "heroRise", "spinIn", "corner-lb", "dollyHero", "drop-bounce", "drop-heavy",
-    "slide-left", "slide-right-lean", "zoom-in", "zoom-overshoot", "pop-elastic", "jelly-in", "fade-rise",
-    "blur-in", "materialize", "flip-in-x", "flip-in-y", "door-in", "billboard-flip", "swing-drop",
-    "pendulum-in", "roll-in", "cartwheel", "kick-flip", "helix-up", "spiral-in", "float-drift", "slingshot",
-    "elastic-side", "rubber-entry", "peek-enter", "tilt-land", "dive-from-cam", "skew-slide", "stretch-drop",
-    "shutter-steps", "typewriter-steps", "gravity-3bounce", "glitch-in", "snap-pop", "rise-facedown-flip",
-    "wave-ride", "moon-arc", "arc-over", "orbit-in", "tumble-diag", "seesaw-land", "edge-balance",
-    "drop-roll-stand", "sink-down", "fall-back", "fly-up", "blast-off", "zoom-out-fade", "shrink-corner",
-    "recede-away", "spin-out", "door-out", "fold-away", "topple-off", "slip-fall", "whip-left", "glitch-out",
-    "deflate", "park-lr", "park-face-in", "closeUpScan", "scan-up", "punch-top", "punch-bottom",
-    "big-small-big", "flip-peek", "lean-back-hold", "tiltShowcase", "nod", "push-swap", "bounce-focus",
-    "stepBackPresent", "idle-drift", "hover-float", "breathe-zoom", "shake-attn", "wobble-jelly",
-    "pendulum-yaw", "figure-eight", "metronome", "coin-spin-blur", "pirouette", "gimbalArc", "barrel-roll",
-    "snap-turns", "lighthouse", "matrix-lean", "spotlight-lean", "carousel-orbit", "zoom-thru", "depth-bob",
-    "slow-hero", "boomerang", "beautyTurn", "whipSwap", "portalDive", "macroOrbit", "edgeReveal",
-    "riseYaw360NoBlur"};
+const std::vector<std::string_view>& motionNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> known;
+        for (const DeviceMotionRow& row : deviceMotionRows()) known.push_back(row.name);
+        return known;
+    }();
+    return names;
+}
 
 }   // namespace
 
@@ -37,16 +28,21 @@ template <> struct Codec<DeviceMotionPreset> {
     }
     static Json write(const DeviceMotionPreset& from) { return from.rawValue(); }
     static Json schema(SchemaBook&) {
-        return JsonObject{{"enum", JsonArray(motionNames.begin(), motionNames.end())}, {"type", "string"}};
+        const auto& names = motionNames();
+        return JsonObject{{"enum", JsonArray(names.begin(), names.end())}, {"type", "string"}};
     }
 };
 
 std::optional<DeviceMotionPreset> DeviceMotionPreset::fromRawValue(std::string_view name) {
-    if (std::find(motionNames.begin(), motionNames.end(), name) == motionNames.end()) return std::nullopt;
+    if (!deviceMotionRow(name)) return std::nullopt;
     return DeviceMotionPreset(std::string(name));
 }
 
-std::span<const std::string_view> DeviceMotionPreset::knownRawValues() { return motionNames; }
+std::span<const std::string_view> DeviceMotionPreset::knownRawValues() { return motionNames(); }
+
+double signOf(DeviceMotionParams::Direction direction) {
+    return direction == DeviceMotionParams::Direction::forward ? 1 : -1;
+}
 
 const Names<DeviceMotionParams::Direction>& namesOf(std::type_identity<DeviceMotionParams::Direction>) {
     using enum DeviceMotionParams::Direction;

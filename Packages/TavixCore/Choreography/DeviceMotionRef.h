@@ -39,6 +39,9 @@ struct DeviceMotionParams {
     bool operator==(const DeviceMotionParams&) const = default;
 };
 
+// +1 forward, -1 reversed.
+double signOf(DeviceMotionParams::Direction direction);
+
 struct DeviceMotionRef {
     DeviceMotionPreset preset;
     DeviceMotionParams params;
