@@ -5,6 +5,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tavix::imaging {
 
@@ -13,6 +14,29 @@ namespace {
 std::uint64_t nextId() {
     static std::atomic<std::uint64_t> last{0};   // identity only: no result depends on the order
     return ++last;
+}
+
+constexpr std::uint32_t alphaMask = 0xFF000000u;
+
+// What the alphas of some pixels have in common.
+struct AlphaBits {
+    std::uint32_t all = alphaMask, any = 0;
+    void add(const std::uint32_t* pixels, int count) {
+        for (int i = 0; i < count; ++i) {
+            all &= pixels[i];
+            any |= pixels[i];
+        }
+    }
+    bool isEmpty() const { return (any & alphaMask) == 0; }
+    bool isOpaque() const { return (all & alphaMask) == alphaMask; }
+};
+
+// From the first pixel with alpha to one past the last.
+std::pair<int, int> inkSpan(const std::uint32_t* row, int width) {
+    int first = 0, last = width;
+    while (first < last && !(row[first] & alphaMask)) ++first;
+    while (last > first && !(row[last - 1] & alphaMask)) --last;
+    return {first, last};
 }
 
 }   // namespace
@@ -41,32 +65,23 @@ void Bitmap::indexCoverage() {
     if (isEmpty()) return;
     blocksAcross_ = (size_.width + blockPx - 1) / blockPx;
     const int blocksDown = (size_.height + blockPx - 1) / blockPx;
-    std::vector<std::uint8_t> least(std::size_t(blocksAcross_), 255), most(least.size(), 0);
-    blocks_.assign(least.size() * std::size_t(blocksDown), Coverage::mixed);
+    auto bits = std::vector<AlphaBits>(std::size_t(blocksAcross_));
+    blocks_.clear();
     PixelRegion ink{size_.width, size_.height, 0, 0};
     for (int by = 0; by < blocksDown; ++by) {
-        std::fill(least.begin(), least.end(), std::uint8_t(255));
-        std::fill(most.begin(), most.end(), std::uint8_t(0));
+        std::fill(bits.begin(), bits.end(), AlphaBits{});
         for (int y = by * blockPx; y < std::min(size_.height, (by + 1) * blockPx); ++y) {
-            const std::uint8_t* row = view().row(y);
-            int first = size_.width, last = -1;
-            for (int x = 0; x < size_.width; ++x) {
-                const std::uint8_t alpha = row[x * 4 + 3];
-                const auto block = std::size_t(x / blockPx);
-                least[block] = std::min(least[block], alpha);
-                most[block] = std::max(most[block], alpha);
-                if (alpha) {
-                    first = std::min(first, x);
-                    last = x;
-                }
-            }
-            if (last >= 0)
-                ink = {std::min(ink.x0, first), std::min(ink.y0, y), std::max(ink.x1, last + 1), y + 1};
+            const auto* row = reinterpret_cast<const std::uint32_t*>(view().row(y));
+            for (int bx = 0; bx < blocksAcross_; ++bx)
+                bits[std::size_t(bx)].add(row + bx * blockPx, blockWidth(bx));
+            const auto [first, last] = inkSpan(row, size_.width);
+            if (first < last)
+                ink = {std::min(ink.x0, first), std::min(ink.y0, y), std::max(ink.x1, last), y + 1};
         }
-        for (std::size_t bx = 0; bx < least.size(); ++bx)
-            blocks_[std::size_t(by * blocksAcross_) + bx] = most[bx] == 0      ? Coverage::empty
-                                                            : least[bx] == 255 ? Coverage::opaque
-                                                                               : Coverage::mixed;
+        for (const AlphaBits& b : bits)
+            blocks_.push_back(b.isEmpty()    ? Coverage::empty
+                              : b.isOpaque() ? Coverage::opaque
+                                             : Coverage::mixed);
     }
     inkBounds_ = ink.isEmpty() ? PixelRegion{} : ink;
 }

@@ -5,6 +5,7 @@
 #include "TavixPlatform/Imaging/BytePool.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -62,6 +63,8 @@ public:
     PixelRegion inkBounds() const { return inkBounds_; }   // from the top left; all of it when not indexed
 
 private:
+    int blockWidth(int index) const { return std::min(blockPx, size_.width - index * blockPx); }
+
     Size size_;
     std::ptrdiff_t strideBytes_ = 0;
     std::size_t byteCount_ = 0;

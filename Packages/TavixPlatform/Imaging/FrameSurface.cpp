@@ -12,10 +12,8 @@ namespace tavix::imaging {
 
 namespace {
 
-// Neighbours are drawn as one, up to this width: fewer starts of rows, and still at home in the cache.
-constexpr int mostRunTiles = 4;
-
-// Calls use(region) for runs of neighbours among the tiles first ... end - 1 that `isWanted`.
+// Calls use(region) for runs of neighbours among the tiles first ... end - 1 that `isWanted`: fewer starts of
+// rows than tile by tile, and still at home in the cache.
 template <class IsWanted, class Use>
 void forRuns(const std::vector<PixelRegion>& tiles, std::size_t first, std::size_t end,
     const IsWanted& isWanted, const Use& use) {

@@ -52,9 +52,8 @@ void FloatDrawable::draw(const Tile& tile, Scratch& scratch) const {
     const Scratch::Mark mark(scratch);
     const FloatTile values = scratch.floatTile(tile.region);
     drawFloat(values, scratch);
-    float* dither = isDithered() ? scratch.take<float>(tile.width() + 16) : nullptr;
     for (int y = tile.region.y0; y < tile.region.y1; ++y) {
-        if (dither) fillDither(dither, tile.region.x0, y, (tile.width() + 15) / 16 * 16);
+        const float* dither = isDithered() ? ditherOfPixels(tile.region.x0, y) : nullptr;
         kernels().pack(tile.row(y), values.row(y), dither, tile.width());
     }
 }

@@ -10,19 +10,30 @@ namespace {
 
 constexpr std::size_t chunkBytes = 1 << 20;
 
-using DitherMatrix = std::array<std::array<float, 8>, 8>;
-
-DitherMatrix bayerMatrix() {
-    DitherMatrix matrix{};
-    for (unsigned y = 0; y < 8; ++y)
-        for (unsigned x = 0; x < 8; ++x) {
-            unsigned rank = 0;   // the bits of x ^ y and y, interleaved, in reverse order
-            for (unsigned bit = 0; bit < 3; ++bit)
-                rank |= (((x ^ y) >> bit & 1) << 1 | (y >> bit & 1)) << (2 * (2 - bit));
-            matrix[y][x] = (float(rank) + 0.5f) / 64 * 0.96f - 0.48f;
-        }
-    return matrix;
+// The rank of a place in the 8 x 8 matrix, as an offset: the bits of x ^ y and y, interleaved, in reverse
+// order.
+float bayerOffset(unsigned x, unsigned y) {
+    unsigned rank = 0;
+    for (unsigned bit = 0; bit < 3; ++bit)
+        rank |= (((x ^ y) >> bit & 1) << 1 | (y >> bit & 1)) << (2 * (2 - bit));
+    return (float(rank) + 0.5f) / 64 * 0.96f - 0.48f;
 }
+
+// Rows long enough to start anywhere in the matrix and serve the widest tile, whole vectors included.
+template <std::size_t channels> struct DitherRows {
+    static constexpr std::size_t pixels = 8 + mostRunTiles * tileWidthPx + 16;
+    DitherRows() {
+        for (std::size_t y = 0; y < 8; ++y)
+            for (std::size_t i = 0; i < pixels * channels; ++i)
+                rows[y][i] = bayerOffset(unsigned(i / channels) & 7, unsigned(y));
+    }
+    const float* at(int x, int y) const {
+        return rows[std::size_t(y & 7)].data() + std::size_t(x & 7) * channels;
+    }
+    std::array<std::array<float, pixels * channels>, 8> rows;
+};
+
+int floorTo(int v, int step) { return v >= 0 ? v / step * step : -((-v + step - 1) / step * step); }
 
 }   // namespace
 
@@ -65,15 +76,24 @@ void clear(const FloatTile& tile) {
     std::fill_n(tile.values, tile.planeFloats * 4 * std::size_t(tile.region.height()), 0.0f);
 }
 
-const float* ditherRow(int y) {
-    static const DitherMatrix matrix = bayerMatrix();
-    return matrix[std::size_t(y & 7)].data();
+const float* ditherOfPixels(int x, int y) {
+    static const auto rows = std::make_unique<const DitherRows<1>>();
+    return rows->at(x, y);
 }
 
-void fillDither(float* dst, int x, int y, std::size_t count, int channels) {
-    const float* row = ditherRow(y);
-    for (std::size_t i = 0; i < count; ++i)
-        for (int c = 0; c < channels; ++c) *dst++ = row[(std::size_t(x & 7) + i) & 7];
+const float* ditherOfChannels(int x, int y) {
+    static const auto rows = std::make_unique<const DitherRows<4>>();
+    return rows->at(x, y);
+}
+
+std::vector<PixelRegion> tilesOf(const PixelRegion& region) {
+    std::vector<PixelRegion> tiles;
+    for (int y = floorTo(region.y0, tileHeightPx); y < region.y1; y += tileHeightPx)
+        for (int x = floorTo(region.x0, tileWidthPx); x < region.x1; x += tileWidthPx) {
+            const PixelRegion tile = intersection({x, y, x + tileWidthPx, y + tileHeightPx}, region);
+            if (!tile.isEmpty()) tiles.push_back(tile);
+        }
+    return tiles;
 }
 
 }   // namespace tavix::imaging

@@ -77,9 +77,14 @@ void clear(const FloatTile& tile);
 
 // Offsets in steps of a byte, between -1/2 and 1/2, that turn rounding into an ordered dither (Bayer, 1973).
 // Added where a filter makes smooth ramps, so that they do not band; a value that is a whole byte already
-// stays.
-const float* ditherRow(int y);   // 8 values, repeating with x
-// The offsets of `count` pixels, each repeated for its channels.
-void fillDither(float* dst, int x, int y, std::size_t count, int channels = 1);
+// stays. For the pixels (x, y), (x + 1, y), ... of a tile, once each, or four times for their channels.
+const float* ditherOfPixels(int x, int y);
+const float* ditherOfChannels(int x, int y);
+
+constexpr int tileWidthPx = 128, tileHeightPx = 64;
+// The tiles of a region, cut on a grid through the origin.
+std::vector<PixelRegion> tilesOf(const PixelRegion& region);
+// Neighbouring tiles may be drawn as one, up to this width.
+constexpr int mostRunTiles = 4;
 
 }   // namespace tavix::imaging

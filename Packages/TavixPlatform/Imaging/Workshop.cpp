@@ -117,17 +117,4 @@ PixelRegion worthKeeping(const PixelRegion& whole, const PixelRegion& needed) {
     return area <= std::min(4 * areaOf(needed) + smallArea, mostArea) ? whole : needed;
 }
 
-std::vector<PixelRegion> tilesOf(const PixelRegion& region) {
-    const auto floorTo = [](int v, int step) {
-        return v >= 0 ? v / step * step : -((-v + step - 1) / step * step);
-    };
-    std::vector<PixelRegion> tiles;
-    for (int y = floorTo(region.y0, tileHeightPx); y < region.y1; y += tileHeightPx)
-        for (int x = floorTo(region.x0, tileWidthPx); x < region.x1; x += tileWidthPx) {
-            const PixelRegion tile = intersection({x, y, x + tileWidthPx, y + tileHeightPx}, region);
-            if (!tile.isEmpty()) tiles.push_back(tile);
-        }
-    return tiles;
-}
-
 }   // namespace tavix::imaging

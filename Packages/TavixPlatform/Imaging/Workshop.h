@@ -90,8 +90,4 @@ struct Evaluator::Impl {
     Workshop workshop;
 };
 
-constexpr int tileWidthPx = 128, tileHeightPx = 64;
-// The tiles of a region, cut on a grid through the origin.
-std::vector<PixelRegion> tilesOf(const PixelRegion& region);
-
 }   // namespace tavix::imaging

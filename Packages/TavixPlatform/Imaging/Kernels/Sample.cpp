@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+#include <hwy/cache_control.h>
+
 HWY_BEFORE_NAMESPACE();
 namespace tavix::imaging::HWY_NAMESPACE {
 
@@ -91,6 +93,9 @@ HWY_INLINE void pairBlock(std::uint32_t* dst, const SampleLine& line, const Bloc
         const IntegerVector y = hn::ShiftRight<16>(hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv + i)));
         hn::Store(hn::Add(hn::Mul(y, stride), x), d, offsets + i);
     }
+    // The next row of the picture will look one or two source rows further on.
+    hwy::Prefetch(line.pixels + std::ptrdiff_t(offsets[0]) * 4 + 3 * line.strideBytes);
+    hwy::Prefetch(line.pixels + std::ptrdiff_t(offsets[0]) * 4 - 2 * line.strideBytes);
     for (std::size_t i = 0; i < blockSamples; ++i) {
         const std::uint8_t* at = line.pixels + std::ptrdiff_t(offsets[i]) * 4;
         std::memcpy(pairs[0] + 2 * i, at, 8);

@@ -38,10 +38,8 @@ public:
     using Drawable::Drawable;
     void draw(const Tile& tile, Scratch& scratch) const override {
         const Scratch::Mark mark(scratch);
-        auto* dither = scratch.take<float>(tile.width() * 4);
         forRows(tile.region, scratch, [&](int y, const float* values) {
-            fillDither(dither, tile.region.x0, y, tile.width(), 4);
-            kernels().packInterleaved(tile.row(y), values, dither, tile.width());
+            kernels().packInterleaved(tile.row(y), values, ditherOfChannels(tile.region.x0, y), tile.width());
         });
     }
     void drawFloat(const FloatTile& tile, Scratch& scratch) const override {

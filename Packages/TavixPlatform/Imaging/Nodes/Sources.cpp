@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace tavix::imaging {
 
@@ -185,16 +186,32 @@ public:
     RoundedRectangleDrawable(const NodeRef& ref, const RoundedRectangleNode& shape)
         : Drawable(ref), shape_(shape) {}
     void draw(const Tile& tile, Scratch&) const override {
-        for (int y = tile.region.y0; y < tile.region.y1; ++y) {
-            std::uint32_t* row = tile.row(y);
-            for (int x = tile.region.x0; x < tile.region.x1; ++x, ++row) {
+        const PixelRegion& r = tile.region;
+        for (int y = r.y0; y < r.y1; ++y) {
+            const auto [first, last] = fullSpan(y, r);
+            for (int x = r.x0; x < r.x1; ++x) {
+                if (x == first) {
+                    std::fill_n(tile.at(x, y), last - first, shape_.pixel);
+                    x = last;
+                    if (x == r.x1) break;
+                }
                 const double covered = std::clamp(0.5 - distanceAt(x + 0.5, y + 0.5), 0.0, 1.0);
-                kernels().fade(row, &shape_.pixel, 1, unsigned(std::lround(covered * 255)));
+                kernels().fade(tile.at(x, y), &shape_.pixel, 1, unsigned(std::lround(covered * 255)));
             }
         }
     }
 
 private:
+    // Pixels of a row that lie in full between the rounded ends, as first and one past last; none as first =
+    // last = -1.
+    std::pair<int, int> fullSpan(int y, const PixelRegion& within) const {
+        const Rect& box = shape_.rect;
+        const double fromEdge = std::min(y - box.y, box.maxY() - (y + 1));
+        const double inset = fromEdge >= shape_.radiusPx ? 0 : shape_.radiusPx;
+        const int first = std::max(int(std::ceil(box.x + inset)), within.x0);
+        const int last = std::min(int(std::floor(box.maxX() - inset)), within.x1);
+        return fromEdge >= 0 && first < last ? std::pair(first, last) : std::pair(-1, -1);
+    }
     // Signed distance to the outline, negative inside: the box shrunk by the radius, then rounded by it.
     double distanceAt(double x, double y) const {
         const Point c = shape_.rect.center();
