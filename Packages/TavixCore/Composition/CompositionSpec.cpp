@@ -1,5 +1,6 @@
 #include "TavixCore/Composition/CompositionSpec.h"
 
+#include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Support/FieldTables.h"
 
@@ -16,8 +17,12 @@ const Fields<CompositionSpec>& fieldsOf(std::type_identity<CompositionSpec>) {
             field<&CompositionSpec::scenes>("scenes", "The scenes, in order."),
             field<&CompositionSpec::audio>("audio", "What is heard."),
             field<&CompositionSpec::seed>("seed", "Chooses all that looks random.").unlessDefault()},
-        // No name of a device animation outlives reading.
-        .afterRead = [](CompositionSpec& spec) { DeviceMotionExpander::bake(spec); }};
+        // No name of a device animation outlives reading. A formation comes before the motions: its layers
+        // have motions of their own.
+        .afterRead = [](CompositionSpec& spec) {
+            DeviceChoreographyExpander::bake(spec);
+            DeviceMotionExpander::bake(spec);
+        }};
     return table;
 }
 
