@@ -1,6 +1,7 @@
 // The sounds that come with the program.
 #pragma once
 
+#include "TavixCore/Composition/TransitionStyle.h"
 #include "TavixCore/Support/Tables.h"
 
 #include <type_traits>
@@ -8,6 +9,9 @@
 namespace tavix::SFXCatalog {
 
 enum class Sound { whoosh, whip, ding };
+
+// What is heard with a transition.
+Sound sound(TransitionStyle style);
 
 const Names<Sound>& namesOf(std::type_identity<Sound>);
 

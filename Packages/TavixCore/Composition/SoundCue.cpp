@@ -2,7 +2,13 @@
 
 #include "TavixCore/Support/FieldTables.h"
 
+#include <algorithm>
+
 namespace tavix {
+
+SoundCue SoundCue::of(double atSec, SFXCatalog::Sound sound, double gain) {
+    return {atSec, std::nullopt, std::string(nameOf(sound)), std::max(gain, 0.0)};
+}
 
 std::optional<SFXCatalog::Sound> SoundCue::resolvedSound() const { return named<SFXCatalog::Sound>(sound); }
 

@@ -16,6 +16,9 @@ struct SoundCue {
     std::string sound = "whoosh";
     double gain = 1;
 
+    // Of the catalog; a negative gain becomes 0.
+    static SoundCue of(double atSec, SFXCatalog::Sound sound, double gain = 1);
+
     std::optional<SFXCatalog::Sound> resolvedSound() const;   // nothing when it names none of the catalog
     bool operator==(const SoundCue&) const = default;
 };

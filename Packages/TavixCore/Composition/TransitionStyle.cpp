@@ -4,6 +4,11 @@
 
 namespace tavix {
 
+bool isAccent(TransitionStyle style) {
+    using enum TransitionStyle;
+    return style == dreamyZoom || style == crosswarp || style == ripple;
+}
+
 const Names<TransitionStyle>& namesOf(std::type_identity<TransitionStyle>) {
     using enum TransitionStyle;
     static const Names<TransitionStyle> table{"transition style",
