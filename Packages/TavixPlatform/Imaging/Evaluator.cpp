@@ -2,7 +2,22 @@
 
 #include "TavixPlatform/Imaging/Nodes/Nodes.h"
 
+#include <cstring>
+
 namespace tavix::imaging {
+
+namespace {
+
+Bitmap cutOut(const Bitmap& source, const PixelRegion& fromTopLeft) {
+    Bitmap part = Bitmap::uninitialised({fromTopLeft.width(), fromTopLeft.height()});
+    for (int y = 0; y < fromTopLeft.height(); ++y)
+        std::memcpy(part.view().row(y), source.view().row(fromTopLeft.y0 + y) + fromTopLeft.x0 * 4,
+            std::size_t(fromTopLeft.width()) * 4);
+    part.indexCoverage();
+    return part;
+}
+
+}   // namespace
 
 Evaluator::Evaluator(const EvaluatorOptions& options) : impl_(std::make_unique<Impl>(options)) {}
 Evaluator::~Evaluator() = default;
@@ -21,7 +36,13 @@ Image Evaluator::baked(const Image& image, const PixelRegion& bounds) {
     const PixelRegion region = intersection(image.node()->support(), bounds);
     if (region.isEmpty() || asBitmap(*image.node())) return region.isEmpty() ? Image() : image;
     auto bitmap = std::make_shared<Bitmap>(draw(image, region));
-    return Image(makeBitmap(std::move(bitmap), region.x0, region.y0, image.extent()));
+    PixelRegion kept{0, 0, region.width(), region.height()};   // from the top left
+    if (const PixelRegion ink = bitmap->inkBounds();
+        ink.width() < region.width() / 2 || ink.height() < region.height() / 2) {
+        bitmap = std::make_shared<Bitmap>(cutOut(*bitmap, ink));   // the rest would only take memory
+        kept = ink;
+    }
+    return Image(makeBitmap(std::move(bitmap), region.x0 + kept.x0, region.y1 - kept.y1, image.extent()));
 }
 
 }   // namespace tavix::imaging

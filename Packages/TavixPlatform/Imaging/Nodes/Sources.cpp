@@ -26,7 +26,7 @@ std::uint64_t hashOfColor(Hash hash, const Color& c) {
 class SolidNode final : public Node {
 public:
     explicit SolidNode(const Color& color)
-        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
+        : Node(Rect::infinite(), pixelOf(color) ? pixelsCovering(Rect::infinite()) : PixelRegion{},
               hashOfColor(hashOf(NodeKind::solid), color)),
           pixel_(pixelOf(color)) {}
     bool isOpaque(const PixelRegion&) const override { return pixel_ >> 24 == 255; }
