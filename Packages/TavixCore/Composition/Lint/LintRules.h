@@ -52,12 +52,6 @@ inline const SpringCurve* bouncySpring(const TimingCurve& curve) {
     return spring && spring->damping < bouncyDamping ? spring : nullptr;
 }
 
-// Transitions that warp the picture.
-inline bool isAccent(TransitionStyle style) {
-    return style == TransitionStyle::dreamyZoom || style == TransitionStyle::crosswarp ||
-           style == TransitionStyle::ripple;
-}
-
 void checkOutput(const CompositionSpec& spec, LintReport& report);
 
 void checkSceneLength(const SceneScope& scope, LintReport& report);
