@@ -39,9 +39,12 @@ void checkScene(const SceneScope& scope, LintReport& report) {
     checkSceneTotals(scope, report);
 }
 
-using Characters = std::vector<std::string_view>;
+// Each byte is a character.
+bool isPlain(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
+}
 
-std::size_t distanceBetween(const Characters& a, const Characters& b) {
+template <class Characters> std::size_t distanceBetween(const Characters& a, const Characters& b) {
     std::vector<std::size_t> row(b.size() + 1);   // from the first i characters of `a` to each start of `b`
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
@@ -88,6 +91,7 @@ std::string fmt(double number) {
 }
 
 std::size_t editDistance(std::string_view a, std::string_view b) {
+    if (isPlain(a) && isPlain(b)) return distanceBetween(a, b);
     return distanceBetween(KineticMath::characters(a), KineticMath::characters(b));
 }
 
@@ -96,13 +100,12 @@ std::optional<std::string> didYouMean(std::string_view word, std::span<const std
     constexpr std::size_t shortWord = 6, shortWordLimit = 2;
     if (word.size() > longestName) return std::nullopt;
     const std::string typed = lowered(word);
-    const Characters characters = KineticMath::characters(typed);
-    std::size_t nearest = characters.size() < shortWord ? shortWordLimit + 1 : characters.size() / 3 + 1;
+    const std::size_t length = KineticMath::characters(typed).size();
+    std::size_t nearest = (length < shortWord ? shortWordLimit : length / 3) + 1;
     std::optional<std::string> suggestion;
     for (const std::string_view candidate : candidates) {
         if (candidate.size() > longestName) continue;
-        const std::string known = lowered(candidate);
-        const std::size_t distance = distanceBetween(characters, KineticMath::characters(known));
+        const std::size_t distance = editDistance(typed, lowered(candidate));
         if (distance >= nearest) continue;
         nearest = distance;
         suggestion = "Did you mean \"" + std::string(candidate) + "\"?";
