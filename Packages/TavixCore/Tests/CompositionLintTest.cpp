@@ -222,6 +222,13 @@ TEST(CompositionLint, JudgesBeats) {
             {"error scenes[0].durationBeats: durationBeats" + needsGrid,
                 "error scenes[0].durationBeats: durationSec and durationBeats both set — pick one duration "
                 "authority."}},
+        {[](Spec& s) {
+             s.scenes = {{.durationSec = 4, .layers = {{.fromBeat = 1, .content = ShapeContent{}}}}};
+             music(s).bpm = 0;
+         },
+            [](Spec&) {},
+            {"error audio.music.bpm: bpm 0 out of range (40…220).",
+                "error scenes[0].layers[0].fromBeat: fromBeat" + needsGrid}},
         {[](Spec& s) { cut(s).durationBeats = 1; },
             [](Spec& s) {
                 music(s).bpm = 40;
@@ -409,7 +416,7 @@ TEST(CompositionLint, JudgesDevices) {
 
 TEST(CompositionLint, JudgesShapesFilmsAndPictures) {
     expectEach({
-        {[](Spec& s) { shape(s).heightFraction = 0; }, [](Spec& s) { shape(s).heightFraction = 0.001; },
+        {[](Spec& s) { shape(s).widthFraction = 0; }, [](Spec& s) { shape(s).widthFraction = 0.001; },
             {"error scenes[0].layers[1].shape: Shape width/heightFraction must be > 0."}},
         {[](Spec& s) { film(s).clip.path = ""; }, [](Spec& s) { film(s).clip.path = "a"; },
             {"error scenes[1].layers[1].video.path: Video layer has an empty path."}},
@@ -463,7 +470,7 @@ TEST(CompositionLint, JudgesTexts) {
              layer(s, 0, 0).position = {1767.4, 107.9};
          },
             [](Spec& s) {
-                layer(s, 0, 0).position = {1766.3, 108};
+                s.output.widthPx = 1000, layer(s, 0, 0).position = {920, 108};
             },
             {"warning scenes[0].layers[0].position: Text center (1767, 107)px is outside the safe area "
              "(within "
@@ -504,7 +511,7 @@ TEST(CompositionLint, AddsUpAScene) {
              "focal "
              "point per frame."}},
         {[](Spec& s) {
-             layer(s, 0, 1).enter = layer(s, 0, 1).exit = phase(0.6);
+             layer(s, 0, 1).exit = phase(0.6);
              animate(layer(s, 0, 2), AnimProperty::x, {{.ease = spring(0.69)}});
          },
             [](Spec& s) {
@@ -512,7 +519,7 @@ TEST(CompositionLint, AddsUpAScene) {
                 layer(s, 0, 1).exit = phase(0.7);
                 animate(layer(s, 0, 2), AnimProperty::x, {{.ease = spring(0.7)}});
             },
-            {"warning scenes[0]: intro has 3 bouncy springs (damping < 0.7) — one accent per scene, damping "
+            {"warning scenes[0]: intro has 2 bouncy springs (damping < 0.7) — one accent per scene, damping "
              "≥ 0.8 "
              "elsewhere."}},
     });
