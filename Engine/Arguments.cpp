@@ -56,7 +56,7 @@ void Arguments::positional(
     std::string_view name, std::string& into, std::string_view meaning, std::string missing) {
     const auto take = [&into](const std::string& value) { into = value; };
     impl_->add(name, meaning, take)->type_name("")->required(!missing.empty());
-    impl_->missingPositional = std::move(missing);
+    if (!missing.empty()) impl_->missingPositional = std::move(missing);
 }
 
 void Arguments::text(std::string_view names, std::optional<std::string>& into, std::string_view placeholder,

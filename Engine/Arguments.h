@@ -24,7 +24,8 @@ public:
     Arguments(const Arguments&) = delete;
     Arguments& operator=(const Arguments&) = delete;
 
-    // The one argument without a name; `missing` is what is said when it is needed and not there.
+    // An argument without a name, in the order of these calls; `missing` is what is said when it is needed
+    // and not there. At most one is needed.
     void positional(
         std::string_view name, std::string& into, std::string_view meaning, std::string missing = {});
     // `names` as in "-o,--output"; `placeholder` stands for the value in the help.

@@ -63,6 +63,12 @@ TEST_F(EngineTest, RefusesWrongUseWithASentence) {
         {{"sheet", "tiny.json", "--columns", "99"}, "--columns takes a whole number from 1 to 48"},
         {{"schema", "layr"}, "There is no type \"layr\""},
         {{"presets", "efects"}, "Did you mean effects?"},
+        {{"presets"}, "presets needs a family"},
+        {{"presets", "effects", "glow"}, "presets effects are shown together; leave out \"glow\"."},
+        {{"presets", "motions", "rise-op"}, "Did you mean rise-up?"},
+        {{"presets", "motions", "--duration", "2"}, "Options say how one motion or formation is played"},
+        {{"presets", "motions", "reveal", "--spread", "2"}, "--spread goes with presets formations"},
+        {{"presets", "formations", "fanDek"}, "Did you mean fanDeck?"},
         {{"new", "hello"}, "call it \"hello.tavixcomp\"."},
     };
     for (const auto& c : cases) {

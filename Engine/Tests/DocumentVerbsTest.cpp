@@ -66,7 +66,8 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         const char *family, *id;
         std::size_t count;
     } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
-        {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}};
+        {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"motions", "rise-up", 111},
+        {"formations", "fanDeck", 9}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.family);
         EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));
@@ -77,6 +78,21 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         for (const Json& preset : *presets.array()) isListed = isListed || *preset.find("id") == Json(c.id);
         EXPECT_TRUE(isListed);
     }
+}
+
+TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {
+    const Json motion = json({"presets", "motions", "rise-up", "--duration", "99", "--intensity", "0.5"});
+    EXPECT_EQ(*motion.find("sceneDurationSec"), Json(8));   // held within the range of documents
+    EXPECT_EQ(*motion.find("uses3D"), Json(false));
+    EXPECT_EQ(motion.find("tracks")->array()->size(), 2u);
+    EXPECT_THAT(tavix({"presets", "motions", "reveal", "--direction", "reversed"}).out, HasSubstr("-105"));
+    EXPECT_THAT(tavix({"presets", "motions", "reveal", "--start-at", "1", "--anchor-x", "0.25",
+                          "--face-inward", "10"})
+                    .out,
+        HasSubstr("\"x\" : 0.25"));
+    const Json formation = json({"presets", "formations", "fanDeck", "--count", "6", "--json"});
+    EXPECT_EQ(formation.find("layers")->array()->size(), 6u);
+    EXPECT_EQ(*formation.find("durationSec"), Json(2.8));
 }
 
 TEST_F(EngineTest, SheetsAreBoundedWhateverTheFilm) {

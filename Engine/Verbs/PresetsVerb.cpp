@@ -18,15 +18,10 @@ namespace tavix::engine {
 
 namespace {
 
-// One word of a family: a column of text for people, and everything for machines.
-struct Preset {
-    std::string id, about;
-    JsonObject details;
-};
-
 struct Family {
     std::string_view name, usage;
     std::vector<Preset> (*list)();
+    Json (*expanded)(const std::string& name, const DevicePlayArguments& play) = nullptr;
 };
 
 std::vector<Preset> backgrounds() {
@@ -98,6 +93,10 @@ constexpr Family families[] = {
     {"effects", R"({"kind": "glow", "intensity": 0.5} in a layer's "effects")", effects},
     {"transitions", R"({"style": "push", "durationSec": 0.5} as a scene's "transition")", transitions},
     {"curves", R"({"kind": "bezier", "x1": 0.22, "y1": 1, "x2": 0.36, "y2": 1})", curves},
+    {DevicePresets::motionFamily, R"("motionPreset": {"preset": "rise-up"} in a layer's "device")",
+        DevicePresets::motions, DevicePresets::expandedMotion},
+    {DevicePresets::formationFamily, R"("choreographyPreset": {"preset": "fanDeck"} in a layer's "device")",
+        DevicePresets::formations, DevicePresets::expandedFormation},
 };
 
 std::vector<std::string_view> familyNames() {
@@ -140,12 +139,21 @@ std::string tableOf(const std::vector<Preset>& presets, std::string_view usage) 
 void PresetsVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("family", family_, "One of " + listed(familyNames()) + ".",
         "presets needs a family: " + listed(familyNames()) + ".");
+    arguments.positional("name", name_, "A motion or a formation, to see what it becomes in a document.");
+    play_.declare(arguments);
     arguments.jsonFlag(terminal);
 }
 
 void PresetsVerb::run(Terminal& terminal) {
     const Family& family = familyNamed(family_);
-    if (terminal.mode() == Terminal::Mode::json)
+    if (!name_.empty() && !family.expanded)
+        throw UsageError("presets " + family_ + " are shown together; leave out \"" + name_ + "\".");
+    if (name_.empty() && !play_.isEmpty())
+        throw UsageError("Options say how one motion or formation is played; name it, as in tavix presets "
+                         "motions rise-up --duration 2.");
+    if (!name_.empty())
+        terminal.result(family.expanded(name_, play_));
+    else if (terminal.mode() == Terminal::Mode::json)
         terminal.result(jsonOf(family.list()));
     else
         terminal.result(tableOf(family.list(), family.usage));

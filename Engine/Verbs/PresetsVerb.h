@@ -1,6 +1,7 @@
-// Lists the words that documents may use.
+// Lists the words that documents may use, or shows what one of them becomes.
 #pragma once
 
+#include "Engine/Verbs/DevicePresets.h"
 #include "Engine/Verbs/Verb.h"
 
 #include <string>
@@ -13,7 +14,8 @@ public:
     void run(Terminal& terminal) override;
 
 private:
-    std::string family_;
+    std::string family_, name_;
+    DevicePlayArguments play_;
 };
 
 }   // namespace tavix::engine

@@ -24,7 +24,8 @@ constexpr VerbEntry entries[] = {
         "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
     {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
         make<SchemaVerb>},
-    {"presets", "List the backgrounds, effects, transitions or curves that documents may name.",
+    {"presets",
+        "List the backgrounds, effects, transitions, curves, motions or formations that documents may name.",
         "tavix presets effects --json", make<PresetsVerb>},
 };
 
