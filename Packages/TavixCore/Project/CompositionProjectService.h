@@ -14,8 +14,12 @@ struct LoadedCompositionProject {
 
 namespace CompositionProjectService {
 
-// Throws a `Failure` for a path that is no bundle, and passes on what reading one throws.
+// Throws a `Failure` for a path that is no bundle, and passes on what reading one throws. A pack that was cut
+// off is taken back first, so that the document and its files belong together.
 LoadedCompositionProject load(const std::filesystem::path& bundle);
+
+// As `CompositionProjectBundle::save`.
+void save(const CompositionSpec& spec, const std::filesystem::path& bundle);
 
 }   // namespace CompositionProjectService
 

@@ -1,0 +1,45 @@
+// Gathers the files that a document refers to in one flat folder.
+#pragma once
+
+#include "TavixCore/Project/FileOperations.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace tavix {
+
+class AssetPacker {
+public:
+    using Path = std::filesystem::path;
+
+    // Relative paths hang from `assetRoot`, or from the current folder. `staging` is there and empty.
+    AssetPacker(const std::optional<Path>& assetRoot, Path staging, FileOperations& files);
+
+    // Copies the file, once however often it is asked for, and answers the path for the packed document; an
+    // empty path stays empty. Throws a `Failure` when there is no such file, or when a symbolic link leads
+    // out of what the path names.
+    std::string rebased(const std::string& path);
+    // The same for a recorded clip, whose marks stand in a file beside it.
+    std::string rebasedClip(const std::string& path);
+    bool hasFile(const std::string& path) const;
+
+    // Each file that was copied, by its absolute path, with its path in the packed document.
+    const std::map<Path, std::string>& all() const { return rebased_; }
+
+private:
+    Path resolved(const std::string& path) const;
+    // The file itself behind whatever links lead to it.
+    Path named(const Path& source) const;
+    std::string freeName(const Path& source) const;
+    void stage(const Path& source, const std::string& name);
+
+    Path root_, staging_;
+    FileOperations& files_;
+    std::map<Path, std::string> rebased_;
+    std::set<std::string> names_;   // of all in staging
+};
+
+}   // namespace tavix
