@@ -8,6 +8,7 @@ namespace tavix::engine::testing {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 TEST_F(EngineTest, ResolvingTwiceIsResolvingOnce) {
     const Outcome once =
@@ -78,6 +79,16 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         for (const Json& preset : *presets.array()) isListed = isListed || *preset.find("id") == Json(c.id);
         EXPECT_TRUE(isListed);
     }
+}
+
+TEST_F(EngineTest, ResolvesNamesOfDeviceAnimations) {
+    const std::string wall = std::string(TAVIX_SOURCE_DIR) + "/Examples/motion-wall.tavixcomp";
+    const Outcome resolved = tavix({"resolve", wall});
+    EXPECT_EQ(resolved.status, 0);
+    EXPECT_THAT(resolved.out, Not(HasSubstr("Preset")));
+    EXPECT_THAT(resolved.out, HasSubstr("phone-cascade-4"));
+    write("resolved.json", resolved.out);
+    EXPECT_EQ(tavix({"resolve", "resolved.json"}).out, resolved.out);
 }
 
 TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {

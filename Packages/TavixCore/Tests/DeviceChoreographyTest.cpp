@@ -37,8 +37,7 @@ template <class Keyframes, class Time> bool isInOrder(const Keyframes& keyframes
     return std::ranges::is_sorted(keyframes, {}, time);
 }
 
-// The number of devices, where the formation starts and ends, and that nothing of the source's own motion
-// is left.
+// Every device has its layer, its times are in order, and nothing of the source's own motion is left.
 TEST(DeviceFormations, AreSoundAtTheEndsOfEveryRange) {
     for (const DeviceChoreographyPreset preset : allCases<DeviceChoreographyPreset>())
         for (const std::int64_t count : {2, 3, 8})
