@@ -102,6 +102,7 @@ int FrameSurface::Impl::update(const Image& image, const Planes* planes) {
     workshop.forEach(int(strips.size()),
         [&](int i, Scratch& scratch) { drawStrip(strips[std::size_t(i)], drawable.get(), planes, scratch); });
     if (planes) planes->stamp = updates;
+    if (drawable) workshop.cache().endFrame();
     return changedCount;
 }
 

@@ -13,7 +13,7 @@ namespace tavix::imaging {
 
 namespace {
 
-constexpr std::size_t mostIdleBytes = 48u << 20;
+constexpr std::size_t mostIdleBytes = 32u << 20;
 
 class EmptyDrawable final : public Drawable {
 public:
@@ -30,19 +30,27 @@ std::shared_ptr<const void> ResultCache::find(const Key& key) {
     const auto found = entries_.find(key);
     if (found == entries_.end()) return nullptr;
     byUse_.splice(byUse_.begin(), byUse_, found->second);
+    found->second->lastFrame = frame_;
     return found->second->result;
 }
 
 void ResultCache::keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes) {
     if (bytes > mostBytes_ || entries_.contains(key)) return;
-    byUse_.push_front({key, std::move(result), bytes});
+    byUse_.push_front({key, std::move(result), bytes, frame_});
     entries_[key] = byUse_.begin();
     bytes_ += bytes;
-    while (bytes_ > mostBytes_) {
-        bytes_ -= byUse_.back().bytes;
-        entries_.erase(byUse_.back().key);
-        byUse_.pop_back();
-    }
+    while (bytes_ > mostBytes_) dropLast();
+}
+
+void ResultCache::endFrame() {
+    while (!byUse_.empty() && byUse_.back().lastFrame < frame_) dropLast();
+    ++frame_;
+}
+
+void ResultCache::dropLast() {
+    bytes_ -= byUse_.back().bytes;
+    entries_.erase(byUse_.back().key);
+    byUse_.pop_back();
 }
 
 struct Workshop::Threads {

@@ -30,13 +30,16 @@ public:
     };
     std::shared_ptr<const void> find(const Key& key);
     void keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes);
+    void endFrame();
 
 private:
     struct Entry {
         Key key;
         std::shared_ptr<const void> result;
         std::size_t bytes;
+        std::uint64_t lastFrame;
     };
+    void dropLast();
     struct KeyHash {
         std::size_t operator()(const Key& key) const {
             return std::size_t(Hash(key.hash).add(std::uint64_t(key.kind)).add(key.region).value());
@@ -45,6 +48,7 @@ private:
     std::list<Entry> byUse_;   // the latest first
     std::unordered_map<Key, std::list<Entry>::iterator, KeyHash> entries_;
     std::size_t bytes_ = 0, mostBytes_;
+    std::uint64_t frame_ = 0;
 };
 
 // Pixels of a node that stand in memory, for random access.

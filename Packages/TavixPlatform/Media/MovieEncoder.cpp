@@ -10,7 +10,7 @@ namespace {
 
 // Threads, and whatever else an encoder would take from the machine, are fixed: a frame refers only to what
 // the frames encoded beside it have finished, so the pictures depend on how many there are.
-constexpr int encoderThreads = 6;
+constexpr int encoderThreads = 3;
 constexpr int keyFrameDistanceSec = 2;   // an editor decodes no more than that to show any one frame
 
 struct Codec {
@@ -64,11 +64,17 @@ void tagColor(AVCodecContext& encoder) {
 }
 
 void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
-    static constexpr std::array presets{"veryfast", "medium", "slow"};
+    struct Manner {
+        const char* preset;
+        int framesAhead;   // looked at before one is coded; each takes some 13 MB at 1080 x 1920
+    };
+    static constexpr Manner manners[] = {{"veryfast", 4}, {"medium", 10}, {"slow", 20}};
+    const Manner& manner = manners[static_cast<std::size_t>(settings.effort)];
     encoder.profile = FF_PROFILE_H264_HIGH;
-    options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
+    options.set("preset", manner.preset);
     options.set("profile", "high");
-    options.set("x264-params", "cpu-independent=1:lookahead-threads=1");
+    options.set("x264-params", "cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=" +
+                                   std::to_string(manner.framesAhead));
 }
 
 void setHevc(const MovieSettings& settings, libav::Options& options) {

@@ -19,10 +19,8 @@ double peakOf(const CompositionLayer& layer, AnimProperty property) {
     return peak;
 }
 
-int detailFor(double magnification) {
-    if (magnification > 2 * visibleMagnification) return 4;
-    return magnification > visibleMagnification ? 2 : 1;
-}
+// Twice the size at most: more would take sixteen times the memory for what is seen but for a moment.
+int detailFor(double magnification) { return magnification > visibleMagnification ? 2 : 1; }
 
 bool canBeKept(const imaging::Rect& extent) {
     return !extent.isInfinite() && extent.width * extent.height <= maxBakedPixels &&

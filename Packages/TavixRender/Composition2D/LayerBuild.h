@@ -21,7 +21,7 @@ struct LayerBuild {
 // The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.
 double peakMagnification(const CompositionLayer& layer);
 
-// Draws a picture that stays the same. One that the layer enlarges is drawn at 2 or 4 times its size and
+// Draws a picture that stays the same. One that the layer enlarges is drawn at twice its size and
 // scaled down again, so that it stays sharp; `draw` gets that factor and returns the picture in canvas
 // coordinates times it. A picture too large to keep stays a graph.
 imaging::Image bakedForMagnification(const std::function<imaging::Image(int detail)>& draw,

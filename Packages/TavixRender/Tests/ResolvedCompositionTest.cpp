@@ -218,10 +218,10 @@ TEST_F(Resolving, KeepsAnEnlargedShapeSharp) {
     CompositionSpec spec = specOf(size, 30, {sceneOf(2, {shapeLayer(green, 0.2, 0.2)})});
     auto& layer = spec.scenes[0].layers[0];
     std::get<ShapeContent>(layer.content).cornerRadiusFraction = 0.5;
-    layer.tracks = {{AnimProperty::scale, {keyframe(0, 4)}}};
+    layer.tracks = {{AnimProperty::scale, {keyframe(0, 2)}}};
     CompositionSpec large = spec;
-    std::get<ShapeContent>(large.scenes[0].layers[0].content).widthFraction = 0.8;
-    std::get<ShapeContent>(large.scenes[0].layers[0].content).heightFraction = 0.8;
+    std::get<ShapeContent>(large.scenes[0].layers[0].content).widthFraction = 0.4;
+    std::get<ShapeContent>(large.scenes[0].layers[0].content).heightFraction = 0.4;
     large.scenes[0].layers[0].tracks.clear();
     ResolvedComposition enlarged = resolved(spec), drawnLarge = resolved(large);
     EXPECT_LE(Picture(enlarged.frame(0), size).countBeyond(Picture(drawnLarge.frame(0), size), 48), 8);
