@@ -97,6 +97,8 @@ int runCommand(std::span<const std::string> words) {
     try {
         dispatch(words, terminal);
         return ExitStatus::done;
+    } catch (const ErrorsTold&) {
+        return ExitStatus::documentHasErrors;
     } catch (const DocumentError& error) {
         return end(terminal, ExitStatus::documentHasErrors, placed(error),
             {{"file", error.file()}, {"path", error.path()}, {"message", error.message()}});

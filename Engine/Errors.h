@@ -33,6 +33,12 @@ private:
     std::string file_, path_;
 };
 
+// The document has errors, and all of them have been told.
+class ErrorsTold : public Failure {
+public:
+    ErrorsTold() : Failure("The document has errors.") {}
+};
+
 // A signal asked the command to end.
 class Interrupted : public Failure {
 public:

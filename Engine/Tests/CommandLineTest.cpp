@@ -12,7 +12,8 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr const char* verbNames[] = {"new", "render", "still", "sheet", "resolve", "schema", "presets"};
+constexpr const char* verbNames[] = {
+    "new", "lint", "render", "still", "sheet", "resolve", "pack", "schema", "presets"};
 
 TEST_F(EngineTest, EveryVerbExplainsItselfWithAnExample) {
     for (const std::string verb : verbNames) {

@@ -131,7 +131,7 @@ TEST_P(InterruptedRender, LeavesTheOlderFilmAlone) {
     document.replace(document.find("\"durationSec\": 1,"), 17, "\"durationSec\": 9000,");
     write("long.json", document);
     write("film.mp4", "the older film");
-    Command render(folder(), {tavixProgram(), "render", "long.json", "-o", "film.mp4"});
+    Command render(folder(), {tavixProgram(), "render", "long.json", "-o", "film.mp4", "--no-lint"});
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     const auto hasBegun = [&] {
         std::error_code notThere;
@@ -155,9 +155,9 @@ TEST_F(EngineTest, LeavesTheOlderFileWhenTheDiskIsFull) {
         SCOPED_TRACE(name);
         write(name, "the older film");
         // A limit on the size of files stands for the end of the disk.
-        const Outcome outcome = runIn(folder(),
-            {"bash", "-c",
-                "trap '' XFSZ; ulimit -f 1; exec " + tavixProgram() + " render tiny.json -o " + name});
+        const Outcome outcome = runIn(folder(), {"bash", "-c",
+                                                    "trap '' XFSZ; ulimit -f 1; exec " + tavixProgram() +
+                                                        " render --no-lint tiny.json -o " + name});
         EXPECT_EQ(outcome.status, 3) << outcome.out;
         EXPECT_THAT(outcome.err, StartsWith("tavix: "));
         EXPECT_THAT(outcome.err, Not(HasSubstr(".tavix-partial")));

@@ -2,6 +2,7 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/RenderNotes.h"
@@ -75,6 +76,7 @@ void RenderVerb::declare(Arguments& arguments, Terminal& terminal) {
         "The shorter side of the frame; the document's own by default.");
     arguments.wholeNumber(
         "--fps", fps_, minFps, maxFps, "N", "Frames a second; the document's own by default.");
+    arguments.flag("--no-lint", isUnjudged_, "Render a document that has errors, as well as it goes.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
@@ -109,7 +111,11 @@ CompositionRenderer::Config RenderVerb::config(
 
 void RenderVerb::run(Terminal& terminal) {
     const Interruption interruption;
-    const DocumentFile document = openDocument(document_);
+    DocumentFile document = openDocument(document_);
+    if (isUnjudged_)
+        resolveTimes(document);
+    else
+        requireSound(document);
     requireRenderable(document);
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);

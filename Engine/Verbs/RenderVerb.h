@@ -25,6 +25,7 @@ private:
     std::optional<media::EncodingEffort> effort_;
     std::optional<ResolutionPreset> resolution_;
     std::optional<int> fps_;
+    bool isUnjudged_ = false;
 };
 
 }   // namespace tavix::engine

@@ -2,7 +2,10 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/DocumentFile.h"
+#include "Engine/Errors.h"
+#include "Engine/Findings.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Composition/CompositionRoad.h"
 #include "TavixCore/Support/Document.h"
 
 namespace tavix::engine {
@@ -13,7 +16,11 @@ void ResolveVerb::declare(Arguments& arguments, Terminal&) {
 }
 
 void ResolveVerb::run(Terminal& terminal) {
-    terminal.result(encodedJson(openDocument(document_).spec) + "\n");
+    const DocumentFile document = openDocument(document_);
+    const CompositionResolution resolution = CompositionRoad::resolve(document.spec, document.assetRoot);
+    tellFindings(resolution.findings, terminal);
+    terminal.result(encodedJson(resolution.spec) + "\n");
+    if (hasErrors(resolution.findings)) throw ErrorsTold();
 }
 
 }   // namespace tavix::engine

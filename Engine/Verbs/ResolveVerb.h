@@ -1,4 +1,4 @@
-// Prints the document as the renderer sees it.
+// Prints the document as the renderer sees it: with beats and marks turned into seconds.
 #pragma once
 
 #include "Engine/Verbs/Verb.h"

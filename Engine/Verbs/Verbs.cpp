@@ -1,4 +1,6 @@
+#include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/NewVerb.h"
+#include "Engine/Verbs/PackVerb.h"
 #include "Engine/Verbs/PresetsVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
@@ -14,6 +16,8 @@ template <class V> std::unique_ptr<Verb> make() { return std::make_unique<V>(); 
 
 constexpr VerbEntry entries[] = {
     {"new", "Write a small document to start from.", "tavix new hello.tavixcomp", make<NewVerb>},
+    {"lint", "Judge a document: errors, and what will not look right.", "tavix lint hello.tavixcomp --json",
+        make<LintVerb>},
     {"render", "Render a document to a film or an animated GIF.",
         "tavix render hello.tavixcomp -o hello.mp4 --effort best", make<RenderVerb>},
     {"still", "Render one moment of a document to a picture.",
@@ -22,6 +26,8 @@ constexpr VerbEntry entries[] = {
         "tavix sheet hello.tavixcomp -o hello.png --columns 4", make<SheetVerb>},
     {"resolve", "Print the document as the renderer sees it.",
         "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
+    {"pack", "Make a bundle of a document and the files that it refers to.",
+        "tavix pack composition.json -o hello.tavixcomp", make<PackVerb>},
     {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
         make<SchemaVerb>},
     {"presets",

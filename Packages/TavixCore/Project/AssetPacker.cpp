@@ -1,5 +1,6 @@
 #include "TavixCore/Project/AssetPacker.h"
 
+#include "TavixCore/Composition/CompositionMarks.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Support/Failure.h"
 
@@ -28,8 +29,6 @@ std::string relativeTo(const std::string& name) {
     return std::string(CompositionProjectBundle::assetsDirName) + "/" + name;
 }
 
-fs::path sidecarOf(fs::path clip) { return clip.replace_extension(".timeline.json"); }
-
 }   // namespace
 
 AssetPacker::AssetPacker(const std::optional<Path>& assetRoot, Path staging, FileOperations& files)
@@ -56,8 +55,8 @@ std::string AssetPacker::rebased(const std::string& path) {
 std::string AssetPacker::rebasedClip(const std::string& path) {
     const std::string copied = rebased(path);
     if (copied.empty()) return copied;
-    const Path sidecar = sidecarOf(resolved(path));
-    const std::string name = sidecarOf(Path(copied).filename()).string();
+    const Path sidecar = CompositionMarks::sidecarFile(resolved(path));
+    const std::string name = CompositionMarks::sidecarFile(Path(copied).filename()).string();
     if (isFile(sidecar) && !names_.contains(name)) stage(sidecar, name);
     return copied;
 }

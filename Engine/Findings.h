@@ -1,0 +1,27 @@
+// What the judge of documents says, for people and for machines.
+#pragma once
+
+#include "TavixCore/Composition/CompositionFinding.h"
+#include "TavixCore/Support/Json.h"
+
+#include <span>
+#include <string>
+
+namespace tavix::engine {
+
+class Terminal;
+struct DocumentFile;
+
+// As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion on a line of its own.
+std::string linesOf(std::span<const CompositionLint::Finding> findings);
+Json jsonOf(std::span<const CompositionLint::Finding> findings);
+
+// On standard error, each as the warning or the error that it is.
+void tellFindings(std::span<const CompositionLint::Finding> findings, Terminal& terminal);
+
+// Turns beats and marks into seconds. Throws a `DocumentError` with the first error of resolving or judging.
+void requireSound(DocumentFile& document);
+// The same without judging; what cannot be resolved stays.
+void resolveTimes(DocumentFile& document);
+
+}   // namespace tavix::engine
