@@ -1,5 +1,6 @@
 // Any bytes are a composition or a failure with a sentence; and what could be read can be written and read
-// again, and is then the same.
+// again, and is then the same. It can also be resolved and judged, and every finding says something.
+#include "TavixCore/Composition/CompositionRoad.h"
 #include "TavixCore/Composition/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 
@@ -29,5 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string written = tavix::encodedJson(*spec);
     const auto again = read(written);
     if (again != spec || tavix::encodedJson(*again) != written) std::abort();
+    for (const auto& finding : tavix::CompositionRoad::judge(*spec, std::nullopt).findings())
+        if (finding.message.empty()) std::abort();
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
@@ -58,7 +59,8 @@ std::vector<SheetMoment> SheetVerb::moments(const CompositionSpec& spec) const {
 
 void SheetVerb::run(Terminal& terminal) {
     const Interruption interruption;
-    const DocumentFile document = openDocument(document_);
+    DocumentFile document = openDocument(document_);
+    resolveTimes(document);
     requireRenderable(document);
     const std::filesystem::path target = outputPath(output_, document.name + "-sheet", ".png");
     if (lowerExtension(target) != ".png")

@@ -2,6 +2,7 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
@@ -61,7 +62,8 @@ double StillVerb::globalSec(const CompositionSpec& spec) const {
 
 void StillVerb::run(Terminal& terminal) {
     const Interruption interruption;
-    const DocumentFile document = openDocument(document_);
+    DocumentFile document = openDocument(document_);
+    resolveTimes(document);
     requireRenderable(document);
     const double atSec = globalSec(document.spec);
     const std::filesystem::path target = outputPath(output_, document.name, ".png");

@@ -36,7 +36,7 @@ Image Evaluator::baked(const Image& image, const PixelRegion& bounds) {
     const PixelRegion region = intersection(image.node()->support(), bounds);
     if (region.isEmpty() || asBitmap(*image.node())) return region.isEmpty() ? Image() : image;
     auto bitmap = std::make_shared<Bitmap>(draw(image, region));
-    impl_->workshop.cache().endFrame();   // what it was made of is not needed again
+    impl_->workshop.cache().endFrame();                        // what it was made of is not needed again
     PixelRegion kept{0, 0, region.width(), region.height()};   // from the top left
     if (const PixelRegion ink = bitmap->inkBounds();
         ink.width() < region.width() / 2 || ink.height() < region.height() / 2) {
