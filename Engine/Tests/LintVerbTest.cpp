@@ -51,7 +51,7 @@ TEST_F(LintVerb, OurOwnDocumentsHaveNoErrors) {
     const std::size_t begin = page.find("```json\n") + 8;
     write("sunrise.json", page.substr(begin, page.find("```", begin) - begin));
     tavix({"new", "hello.tavixcomp"});
-    for (const std::string document : {std::string("sunrise.json"), std::string("hello.tavixcomp"),
+    for (const std::string& document : {std::string("sunrise.json"), std::string("hello.tavixcomp"),
              std::string(TAVIX_SOURCE_DIR) + "/Examples/first-light.tavixcomp"}) {
         const Outcome outcome = tavix({"lint", document});
         EXPECT_EQ(outcome.status, 0) << document << "\n" << outcome.out;
