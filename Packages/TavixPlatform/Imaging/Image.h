@@ -1,5 +1,5 @@
 // A lazy picture. An `Image` is a cheap immutable handle on a node of a graph: building one touches no pixel,
-// and a `Evaluator` draws it once, at the end. Copying is sharing; every thread may read.
+// and an `Evaluator` draws it once, at the end. Copying is sharing; every thread may read.
 //
 // Coordinates: bottom-left origin, y up. Pixels: premultiplied, sRGB-encoded values, so every blend and
 // filter works on encoded values unless it says otherwise. Outside its extent an image is transparent black.

@@ -15,8 +15,8 @@
 
 namespace tavix::imaging {
 
-// Results by kind, structural hash and region. The least recently used go when there are more bytes than
-// allowed.
+// Results by kind, structural hash and region. What a film's last frame did not use goes, since what moves
+// never comes back; and the least recently used go when there are more bytes than allowed.
 class ResultCache {
 public:
     explicit ResultCache(std::size_t mostBytes) : mostBytes_(mostBytes) {}

@@ -29,7 +29,7 @@ enum class EncodingEffort { fast, balanced, best };   // at the same bit rate: q
 
 struct MovieSettings {
     std::filesystem::path path;   // replaced when it exists; its folder must exist
-    imaging::Size sizePx;         // even in both directions for h264 and hevc, an even width for proRes422HQ
+    imaging::Size sizePx;         // even in both directions for h264 and hevc, an even width for ProRes
     MovieCodec codec = MovieCodec::h264;
     MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
     int framesPerSec = 30;         // nominal: the last frame's duration, the key frame distance
