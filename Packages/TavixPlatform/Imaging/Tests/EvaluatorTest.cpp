@@ -159,6 +159,24 @@ TEST(FrameSurface, WritesPlanesAsIfAllWereWritten) {
     }
 }
 
+TEST(FrameSurface, WritesTheChromaThatLooksAcrossATilesEdge) {
+    Evaluator evaluator;
+    FrameSurface surface(evaluator, {256, 64});
+    std::vector<std::uint8_t> kept(256 * 64 * 3 / 2), fresh(kept);
+    const auto planes = [](std::vector<std::uint8_t>& bytes) {
+        std::uint8_t* first = bytes.data();
+        return PlanarView{PlanarFormat::yuv420p8, {256, 64},
+            {first, first + 256 * 64, first + 256 * 64 * 5 / 4, nullptr}, {256, 128, 128, 0}};
+    };
+    const Image back = Image::solid(Color::black());
+    const Image lastColumn = Image::solid({1, 0, 0, 1}).cropped({tileWidthPx - 1, 0, 1, 64});
+    std::uint64_t stamp = 0, none = 0;
+    surface.update(back, {planes(kept), stamp});
+    surface.update(lastColumn.over(back), {planes(kept), stamp});   // changes the first tile alone
+    surface.update(lastColumn.over(back), {planes(fresh), none});
+    EXPECT_EQ(kept, fresh);
+}
+
 TEST(FrameSurface, AsksForNoNewMemoryOnceItRuns) {
     Evaluator evaluator({.threadCount = 2, .cacheBytes = 8 << 20});
     FrameSurface surface(evaluator, {640, 480});
