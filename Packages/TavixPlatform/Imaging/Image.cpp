@@ -96,6 +96,9 @@ Image Image::withVignette(double intensity, double radius) const {
 }
 
 Image Image::gaussianBlurred(double sigmaPx) const { return Image(makeBlurred(node_, sigmaPx)); }
+Image Image::motionBlurred(double radiusPx, double angleRad) const {
+    return Image(makeMotionBlurred(node_, radiusPx, angleRad));
+}
 Image Image::bloomed(double intensity, double sigmaPx) const {
     return Image(makeBloomed(node_, intensity, sigmaPx));
 }

@@ -99,6 +99,9 @@ public:
     // Neighbourhood.
     Image gaussianBlurred(
         double sigmaPx) const;   // sigma is the standard deviation; grows the extent by 3 sigma
+    // The mean along a line of that length to both sides; the angle is counter-clockwise from the x axis.
+    // Grows the extent by the line.
+    Image motionBlurred(double radiusPx, double angleRad) const;
     Image bloomed(double intensity, double sigmaPx) const;
     Image pixellated(Point center, double scalePx) const;   // squares of that side, averaged
 

@@ -1,6 +1,7 @@
 // Gaussian blur as a node: narrow ones convolve each tile, wide ones go through a pyramid that is kept.
 #include "TavixPlatform/Imaging/Nodes/GaussianPyramid.h"
 #include "TavixPlatform/Imaging/Nodes/Nodes.h"
+#include "TavixPlatform/Imaging/Nodes/RowDrawable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,27 +31,6 @@ public:
 
     const NodeRef input;
     const double sigmaPx;
-};
-
-// Pixels from rows of interleaved floats.
-class RowDrawable : public Drawable {
-public:
-    using Drawable::Drawable;
-    void draw(const Tile& tile, Scratch& scratch) const override {
-        const Scratch::Mark mark(scratch);
-        forRows(tile.region, scratch, [&](int y, const float* values) {
-            kernels().packInterleaved(tile.row(y), values, ditherOfChannels(tile.region.x0, y), tile.width());
-        });
-    }
-    void drawFloat(const FloatTile& tile, Scratch& scratch) const override {
-        const Scratch::Mark mark(scratch);
-        forRows(tile.region, scratch,
-            [&](int y, const float* values) { kernels().deinterleave(tile.row(y), values, tile.width()); });
-    }
-
-protected:
-    using UseRow = std::function<void(int y, const float* values)>;
-    virtual void forRows(const PixelRegion& region, Scratch& scratch, const UseRow& use) const = 0;
 };
 
 class NarrowBlur final : public RowDrawable {
@@ -105,38 +85,17 @@ private:
     std::shared_ptr<const GaussianPyramid> pyramid_;
 };
 
-// Drawn only where it has support, whatever the rows could say beyond it.
-class BoundedDrawable final : public Drawable {
-public:
-    BoundedDrawable(const NodeRef& node, std::unique_ptr<RowDrawable> inner)
-        : Drawable(node), inner_(std::move(inner)) {}
-    void draw(const Tile& tile, Scratch& scratch) const override { drawWithin(*inner_, tile, scratch); }
-    void drawFloat(const FloatTile& tile, Scratch& scratch) const override {
-        drawWithin(*inner_, tile, scratch);
-    }
-
-private:
-    std::unique_ptr<RowDrawable> inner_;
-};
-
-BlurSource sourceOf(Workshop& workshop, const NodeRef& input, const PixelRegion& needed) {
-    const auto [node, isContinued] = behind(input);
-    const PixelRegion all = pixelsCovering(node->extent());
-    if (isContinued) return {workshop.pictureOf(node, all), all};
-    return {workshop.pictureOf(node, needed), {}};
-}
-
 DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
     const PixelRegion region = worthKeeping(support(), wanted);
     std::unique_ptr<RowDrawable> rows;
     if (GaussianPyramid::halvingsFor(sigmaPx) == 0) {
         rows = std::make_unique<NarrowBlur>(
-            self, sourceOf(workshop, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
+            self, BlurSource::of(workshop, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
     } else {
         const ResultCache::Key key{ResultCache::Kind::pyramid, hash(), region};
         auto pyramid = std::static_pointer_cast<const GaussianPyramid>(workshop.cache().find(key));
         if (!pyramid) {
-            const BlurSource source = sourceOf(workshop, input, grownBy(region, reachPx()));
+            const BlurSource source = BlurSource::of(workshop, input, grownBy(region, reachPx()));
             pyramid = std::make_shared<const GaussianPyramid>(workshop, source, sigmaPx, region);
             workshop.cache().keep(key, pyramid, pyramid->byteCount());
         }

@@ -1,5 +1,7 @@
 #include "TavixPlatform/Imaging/Nodes/GaussianPyramid.h"
 
+#include "TavixPlatform/Imaging/Nodes/Nodes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -83,6 +85,13 @@ std::array<float, 4> splineWeights(double t) {
 }
 
 }   // namespace
+
+BlurSource BlurSource::of(Workshop& workshop, const NodeRef& input, const PixelRegion& needed) {
+    const auto [node, isContinued] = behind(input);
+    const PixelRegion all = pixelsCovering(node->extent());
+    if (isContinued) return {workshop.pictureOf(node, all), all};
+    return {workshop.pictureOf(node, needed), {}};
+}
 
 void BlurSource::row(float* out, int y, int x0, int x1) const {
     const PixelRegion& r = picture.region;

@@ -17,6 +17,8 @@ namespace tavix::imaging {
 struct BlurSource {
     Picture picture;
     PixelRegion edge;   // empty: none
+    // The pixels of an input within `needed`; of one that is continued, all that its border goes on from.
+    static BlurSource of(Workshop& workshop, const NodeRef& input, const PixelRegion& needed);
     // Pixels x0 <= x < x1 of a row as interleaved floats, 0 to 255.
     void row(float* out, int y, int x0, int x1) const;
 };

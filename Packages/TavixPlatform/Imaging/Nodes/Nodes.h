@@ -57,8 +57,9 @@ using ColorStep = std::variant<MatrixRows, ControlValues, Monochrome, ColorPair,
 NodeRef makeColored(const NodeRef& input, const ColorStep& step);
 NodeRef makeFaded(const NodeRef& input, double alpha);
 
-// Blur.cpp, Bloom.cpp, Pixellate.cpp
+// Blur.cpp, MotionBlur.cpp, Bloom.cpp, Pixellate.cpp
 NodeRef makeBlurred(const NodeRef& input, double sigmaPx);
+NodeRef makeMotionBlurred(const NodeRef& input, double radiusPx, double angleRad);
 NodeRef makeBloomed(const NodeRef& input, double intensity, double sigmaPx);
 NodeRef makePixellated(const NodeRef& input, Point center, double scalePx);
 
@@ -82,7 +83,8 @@ enum class NodeKind : std::uint64_t {
     faded,
     blurred,
     bloomed,
-    pixellated
+    pixellated,
+    motionBlurred
 };
 inline Hash hashOf(NodeKind kind) { return Hash(std::uint64_t(kind)); }
 

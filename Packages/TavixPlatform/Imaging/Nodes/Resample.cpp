@@ -49,10 +49,26 @@ Axis axisOf(int sourceSize, double low, double high, int from, int to) {
     return axis;
 }
 
+// How far the filter reaches, in source pixels.
+double reachOf(double sourceSize, double targetSize) {
+    return 2 * std::max(sourceSize / targetSize, 1.0) + 1;
+}
+
+// Where the target can show anything: the source's ink, as wide as the filter smears it.
+PixelRegion inkIn(const Rect& target, const Node& input) {
+    const PixelRegion ink = input.support(), all = pixelsCovering(input.extent());
+    if (ink.isEmpty()) return {};
+    const double sx = target.width / all.width(), sy = target.height / all.height();
+    const double rx = reachOf(all.width(), target.width), ry = reachOf(all.height(), target.height);
+    return pixelsCovering(
+        Rect::fromEdges(target.x + (ink.x0 - all.x0 - rx) * sx, target.y + (ink.y0 - all.y0 - ry) * sy,
+            target.x + (ink.x1 - all.x0 + rx) * sx, target.y + (ink.y1 - all.y0 + ry) * sy));
+}
+
 class PlacedNode final : public Node {
 public:
     PlacedNode(const NodeRef& in, const Rect& target)
-        : Node(target, pixelsCovering(target), hashOf(NodeKind::placed).add(in->hash()).add(target).value()),
+        : Node(target, inkIn(target, *in), hashOf(NodeKind::placed).add(in->hash()).add(target).value()),
           input(in) {}
     bool isOpaque(const PixelRegion& region) const override {
         const Rect& r = extent();
@@ -64,15 +80,24 @@ public:
     const NodeRef input;
 };
 
+// Both axes of a placement onto the pixels of `out`, and the source pixels that they read.
+struct Placement {
+    Placement(const PixelRegion& all, const Rect& target, const PixelRegion& out)
+        : across(axisOf(all.width(), target.x, target.maxX(), out.x0, out.x1)),
+          up(axisOf(all.height(), target.y, target.maxY(), out.y0, out.y1)),
+          needed{all.x0 + across.first.front(), all.y0 + up.first.front(),
+              all.x0 + across.first.back() + across.taps, all.y0 + up.first.back() + up.taps} {}
+    Axis across, up;
+    PixelRegion needed;
+};
+
 class PlacedDrawable final : public Drawable {
 public:
-    PlacedDrawable(const NodeRef& node, const Tile& source, std::shared_ptr<const void> owner)
-        : Drawable(node), source_(source), owner_(std::move(owner)) {
-        const Rect& target = node->extent();
-        const PixelRegion& out = node->support();
-        across_ = axisOf(source.region.width(), target.x, target.maxX(), out.x0, out.x1);
-        up_ = axisOf(source.region.height(), target.y, target.maxY(), out.y0, out.y1);
-    }
+    PlacedDrawable(const NodeRef& node, Placement placement, Point sourceOrigin, const Tile& source,
+        std::shared_ptr<const void> owner)
+        : Drawable(node), across_(std::move(placement.across)), up_(std::move(placement.up)),
+          originX_(int(sourceOrigin.x)), originY_(int(sourceOrigin.y)), source_(source),
+          owner_(std::move(owner)) {}
     void draw(const Tile& tile, Scratch& scratch) const override {
         const PixelRegion part = intersection(tile.region, node().support());
         if (part != tile.region) clear(tile);
@@ -94,7 +119,7 @@ private:
         for (std::size_t i = 0; i < width; ++i) firsts[i] = across_.first[column + i] - firstColumn;
         auto* rows = scratch.take<float>(std::size_t(endRow - firstRow) * width * 4);
         for (int y = firstRow; y < endRow; ++y) {
-            kernels().expand(expanded, source_.at(source_.region.x0 + firstColumn, source_.region.y0 + y),
+            kernels().expand(expanded, source_.at(originX_ + firstColumn, originY_ + y),
                 std::size_t(endColumn - firstColumn));
             kernels().resample(rows + std::size_t(y - firstRow) * width * 4, expanded, firsts,
                 across_.weights.data() + column * std::size_t(across_.taps), across_.taps, width);
@@ -116,23 +141,27 @@ private:
         }
     }
 
+    Axis across_, up_;
+    int originX_, originY_;   // of the source's extent
     Tile source_;
     std::shared_ptr<const void> owner_;   // of the source's pixels
-    Axis across_, up_;
 };
 
 DrawableRef PlacedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion&) const {
     const PixelRegion all = pixelsCovering(input->extent());
-    if (const Picture* p = asBitmap(*input); p && p->region == all) {
+    Placement placement(all, extent(), support());
+    const PixelRegion needed = placement.needed;
+    const Point origin{double(all.x0), double(all.y0)};
+    if (const Picture* p = asBitmap(*input); p && p->region.contains(needed)) {
         const ConstBitmapView v = p->bitmap->view();
-        return std::make_shared<PlacedDrawable>(
-            self, Tile::of({const_cast<std::uint8_t*>(v.pixels), v.size, v.strideBytes}, all), p->bitmap);
+        const Tile source = Tile::of({const_cast<std::uint8_t*>(v.pixels), v.size, v.strideBytes}, p->region);
+        return std::make_shared<PlacedDrawable>(self, std::move(placement), origin, source, p->bitmap);
     }
     auto bitmap =
-        std::make_shared<Bitmap>(Bitmap::uninitialised({all.width(), all.height()}, workshop.pool()));
-    const Tile source = Tile::of(bitmap->view(), all);
+        std::make_shared<Bitmap>(Bitmap::uninitialised({needed.width(), needed.height()}, workshop.pool()));
+    const Tile source = Tile::of(bitmap->view(), needed);
     workshop.drawInto(input, source);
-    return std::make_shared<PlacedDrawable>(self, source, bitmap);
+    return std::make_shared<PlacedDrawable>(self, std::move(placement), origin, source, bitmap);
 }
 
 }   // namespace

@@ -2,6 +2,7 @@
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
 
 #include <cmath>
+#include <cstring>
 
 #include <gtest/gtest.h>
 
@@ -101,6 +102,20 @@ TEST(Placing, FillsItsTargetAndKeepsAConstant) {
         const Drawn d = drawn(image.placedInto(target), {-10, -10, 120, 80});
         EXPECT_NEAR(d.sum(3) / 255, target.width * target.height, 0.5);
         EXPECT_EQ(d.at(int(target.center().x), int(target.center().y)), 0xFF4080C0u);
+    }
+}
+
+TEST(Placing, LooksTheSameWhateverIsKnownToBeClear) {
+    const BitmapRef ink = noiseBitmap({21, 13}, 7, false);
+    auto padded = std::make_shared<Bitmap>(Size{300, 200});
+    for (int y = 0; y < 13; ++y)
+        std::memcpy(padded->view().row(80 + y) + 4 * 140, ink->view().row(y), 4 * 21);
+    // The same pixels, once in a border that is known to be clear.
+    const Image lean = Image::bitmap(ink, {140, 200 - 80 - 13}).over(Image::solid(Color::clear()));
+    const Image known = lean.cropped({0, 0, 300, 200}), unknown = Image::bitmap(padded);
+    for (const Rect& target : {Rect{0, 0, 150, 100}, Rect{3.5, 2.25, 71, 40}, Rect{0, 0, 420, 280}}) {
+        const PixelRegion all{-5, -5, 430, 290};
+        EXPECT_EQ(drawn(known.placedInto(target), all).words, drawn(unknown.placedInto(target), all).words);
     }
 }
 
@@ -223,6 +238,35 @@ TEST(Mask, ShowsTheFrontByItsLuminance) {
         const Image clear = Image::solid({1, 1, 1, level});   // premultiplied, so clear hides
         EXPECT_NEAR(
             channel(drawn(white.blendedWithMask(black, clear), {0, 0, 1, 1}).at(0, 0), 0), level * 255, 1);
+    }
+}
+
+TEST(MotionBlur, SpreadsAPointEvenlyAlongItsLineAndKeepsItsLight) {
+    // 200 grey levels on one pixel: enough that its smear of 11 pixels can be counted.
+    const Image point = Image::bitmap(filledBitmap({1, 1}, 0xFFC8C8C8u), {50, 50});
+    const struct {
+        double angleRad;
+        int dx, dy;
+    } cases[] = {{0, 1, 0}, {M_PI / 2, 0, 1}, {M_PI / 4, 1, 1}, {-M_PI / 4, 1, -1}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.angleRad);
+        const double radius = 5.5 * std::hypot(c.dx, c.dy);
+        const Drawn d = drawn(point.motionBlurred(radius, c.angleRad), {30, 30, 71, 71});
+        EXPECT_NEAR(d.sum(0), 200, 12) << "rounded to bytes";
+        for (int i = -5; i <= 5; ++i)
+            EXPECT_NEAR(channel(d.at(50 + i * c.dx, 50 + i * c.dy), 3), 255.0 / 11, 1.5) << i;
+        EXPECT_EQ(channel(d.at(50 + 7 * c.dx, 50 + 7 * c.dy), 3), 0);
+    }
+}
+
+TEST(MotionBlur, GrowsWithoutAJumpAndLeavesAConstantAlone) {
+    const Image square = Image::bitmap(filledBitmap({40, 40}, 0xFF8040C0u), {20, 20});
+    Words before = drawn(square, {0, 0, 80, 80}).words;
+    for (double radius = 0.25; radius < 8; radius += 0.25) {
+        const Drawn d = drawn(square.motionBlurred(radius, 0.7), {0, 0, 80, 80});
+        EXPECT_LE(largestDifference(d.words, before), 64) << radius;
+        EXPECT_EQ(d.at(40, 40), 0xFF8040C0u) << radius;
+        before = d.words;
     }
 }
 

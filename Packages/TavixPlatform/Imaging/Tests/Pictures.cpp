@@ -72,7 +72,7 @@ Image randomImage(std::mt19937& random, int depth) {
         return std::uniform_real_distribution(low, high)(random);
     };
     const Rect frame{-30, -30, 150, 130};
-    switch (random() % 18) {
+    switch (random() % 19) {
     case 0: return below.cropped({real(-20, 30), real(-20, 30), real(10, 90), real(10, 90)});
     case 1: return below.clampedToExtent().cropped(frame);
     case 2:
@@ -100,6 +100,7 @@ Image randomImage(std::mt19937& random, int depth) {
     case 14: return below.withVignette(real(0, 2), real(0, 3));
     case 15: return below.gaussianBlurred(real(0, 14));
     case 16: return below.bloomed(real(0, 1.5), real(0, 8));
+    case 17: return below.motionBlurred(real(0, 9), real(-4, 4));
     default: return below.pixellated({40, 40}, real(1, 17));
     }
 }
