@@ -1,5 +1,6 @@
 // Laws that hold for every record, enumeration and union of the documents, over random documents made from
 // their own schemas.
+#include "TavixCore/Captions/CaptionStyle.h"
 #include "TavixCore/Composition/Background.h"
 #include "TavixCore/Composition/CompositionSpec.h"
 #include "TavixCore/Geometry/Easing.h"
@@ -10,6 +11,7 @@
 #include "TavixCore/Project/DocumentSchemas.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/SchemaDocument.h"
+#include "TavixCore/Theme/BrandKit.h"
 #include "TavixCore/Theme/FontCatalog.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +29,8 @@ using Records = testing::Types<CompositionSpec, CompositionScene, CompositionLay
     CompositionKeyframe, MarkRef, ImageContent, VideoContent, ShapeContent, ShapeFill, BackgroundFill,
     Background, TextContent, KineticPhase, KineticStyle, KineticSelector, EmphasisSpan, TimingCurve,
     DeviceContent, DeviceScene, DeviceMockup, ScreenSource, PixelPoint, PixelRect, LogicalRect, LogicalSize,
-    NormalizedPoint, NormalizedRect, NormalizedVec2, Vector3, RGBAColor, Shadow, TextShadow, FontOption>;
+    NormalizedPoint, NormalizedRect, NormalizedVec2, Vector3, RGBAColor, Shadow, TextShadow, FontOption,
+    CaptionStyle, BrandKit>;
 TYPED_TEST_SUITE(DocumentLaws, Records);
 
 TYPED_TEST(DocumentLaws, WritingAndReadingAgainChangesNothing) {

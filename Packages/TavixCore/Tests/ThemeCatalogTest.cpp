@@ -1,6 +1,9 @@
+#include "TavixCore/Support/DecodingError.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixCore/Support/Failure.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixCore/Theme/BackgroundSelector.h"
+#include "TavixCore/Theme/BrandKit.h"
 #include "TavixCore/Theme/FontCatalog.h"
 
 #include <gtest/gtest.h>
@@ -77,13 +80,44 @@ TEST(BackgroundCatalog, FindsEachEntryByItsId) {
 
 TEST(FontCatalog, ResolvesShortNamesInAnyCase) {
     for (const FontOption& option : FontCatalog::standardOptions())
-        EXPECT_EQ(FontCatalog::resolve(option.id), option);
-    EXPECT_EQ(FontCatalog::resolve(" FUTURA\n")->postScriptName, "Futura-Medium");
-    EXPECT_EQ(FontCatalog::resolve("System"), FontCatalog::system());
-    EXPECT_EQ(FontCatalog::resolve("app"), FontCatalog::system());
+        EXPECT_EQ(FontCatalog::resolve(option.id, nullptr), option);
+    EXPECT_EQ(FontCatalog::resolve(" FUTURA\n", nullptr)->postScriptName, "Futura-Medium");
+    EXPECT_EQ(FontCatalog::resolve("System", nullptr), FontCatalog::system());
+    EXPECT_EQ(FontCatalog::resolve("app", nullptr), FontCatalog::system());
     for (const char* text : {"", "  ", "Comic Sans", "Futura-Medium"})
-        EXPECT_FALSE(FontCatalog::resolve(text)) << text;
+        EXPECT_FALSE(FontCatalog::resolve(text, nullptr)) << text;
     EXPECT_EQ(FontCatalog::standardOptions().size(), 11u);
+}
+
+TEST(FontCatalog, PutsTheFontsOfABrandFirst) {
+    BrandKit brand;
+    brand.primaryFontName = "Menlo-Regular";
+    brand.primaryFontPath = "app/Menlo.ttf";
+    brand.fonts = {
+        {"Menlo-Regular", "app/Menlo.ttf"}, {"Lantern-Bold", "app/Lantern.otf"}, {"", "app/x.ttf"}};
+    const FontOption app{"app", "App Font (Menlo-Regular)", "Menlo-Regular", "app/Menlo.ttf"};
+    EXPECT_EQ(FontCatalog::resolve(" App ", &brand), app);
+    EXPECT_EQ(FontCatalog::option("Menlo-Regular", "elsewhere.ttf", &brand), app);
+    EXPECT_EQ(FontCatalog::option("Menlo-Regular", {}, nullptr).id, "menlo");
+    const std::vector<FontOption> fonts = FontCatalog::brandFonts(&brand);
+    ASSERT_EQ(fonts.size(), 2u);
+    EXPECT_EQ(fonts[0], app);
+    EXPECT_EQ(fonts[1].fontPath, "app/Lantern.otf");
+    EXPECT_EQ(FontCatalog::option("Lantern-Bold", {}, &brand), fonts[1]);
+    EXPECT_EQ(FontCatalog::option("", "x.ttf", &brand), FontCatalog::system());
+    EXPECT_EQ(FontCatalog::option("Own", "own.ttf", &brand).fontPath, "own.ttf");
+    EXPECT_TRUE(FontCatalog::brandFonts(nullptr).empty());
+}
+
+TEST(BrandKit, ReadsSparselyAndNeedsAnAccent) {
+    const auto brand = decodeJson<BrandKit>(R"({"accent": {"r": 1, "g": 0, "b": 0, "a": 1}})");
+    EXPECT_EQ(writeJson(Codec<BrandKit>::write(brand)),
+        writeJson(parseJson(R"({"accent": {"r": 1, "g": 0, "b": 0, "a": 1}, "appMode": "light",
+        "fonts": [], "palette": []})")));
+    EXPECT_THROW(decodeJson<BrandKit>("{}"), DecodingError);
+    EXPECT_THROW(
+        decodeJson<BrandKit>(R"({"accent": {"r": 1, "g": 0, "b": 0, "a": 1}, "fonts": [{"name": "x"}]})"),
+        DecodingError);
 }
 
 }   // namespace

@@ -1,7 +1,11 @@
 #include "TavixCore/Theme/FontCatalog.h"
 
+#include "TavixCore/Captions/CaptionStyle.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/TextTrimming.h"
+#include "TavixCore/Theme/BrandKit.h"
+
+#include <algorithm>
 
 namespace tavix {
 
@@ -15,6 +19,21 @@ const Fields<FontOption>& fieldsOf(std::type_identity<FontOption>) {
 }
 
 namespace FontCatalog {
+
+namespace {
+
+FontOption ofBrand(const std::string& id, const std::string& name, const std::optional<std::string>& path) {
+    return {id, "App Font (" + name + ")", name, path};
+}
+
+template <class Key>
+const FontOption* find(
+    const std::vector<FontOption>& options, Key FontOption::*key, const std::string& wanted) {
+    const auto found = std::ranges::find(options, wanted, key);
+    return found == options.end() ? nullptr : &*found;
+}
+
+}   // namespace
 
 const FontOption& system() {
     static const FontOption option{"system", "System (SF Pro)", std::nullopt, std::nullopt};
@@ -46,12 +65,40 @@ const std::vector<FontOption>& standardOptions() {
     return options;
 }
 
-std::optional<FontOption> resolve(std::string_view value) {
+std::optional<FontOption> appFont(const BrandKit* brand) {
+    if (!brand || !brand->primaryFontName || brand->primaryFontName->empty()) return std::nullopt;
+    return ofBrand("app", *brand->primaryFontName, brand->primaryFontPath);
+}
+
+std::vector<FontOption> brandFonts(const BrandKit* brand) {
+    std::vector<FontOption> options;
+    if (!brand) return options;
+    if (const auto main = appFont(brand)) options.push_back(*main);
+    for (const BrandKit::BrandFont& font : brand->fonts)
+        if (!font.name.empty() && !find(options, &FontOption::postScriptName, font.name))
+            options.push_back(ofBrand(font.name, font.name, font.path));
+    return options;
+}
+
+std::optional<FontOption> resolve(std::string_view value, const BrandKit* brand) {
     const std::string wanted = lowered(trimmed(value));
-    if (wanted == "app") return system();
-    for (const FontOption& option : standardOptions())
-        if (option.id == wanted) return option;
-    return std::nullopt;
+    if (wanted == "app") return appFont(brand).value_or(system());
+    const FontOption* known = find(standardOptions(), &FontOption::id, wanted);
+    return known ? std::optional(*known) : std::nullopt;
+}
+
+FontOption option(const std::optional<std::string>& fontName, const std::optional<std::string>& fontPath,
+    const BrandKit* brand) {
+    if (!fontName || fontName->empty()) return system();
+    const std::vector<FontOption> own = brandFonts(brand);
+    if (const FontOption* known = find(own, &FontOption::postScriptName, *fontName)) return *known;
+    if (const FontOption* known = find(standardOptions(), &FontOption::postScriptName, *fontName))
+        return *known;
+    return {*fontName, *fontName, *fontName, fontPath};
+}
+
+FontOption option(const CaptionStyle& style, const BrandKit* brand) {
+    return option(style.fontName, style.fontPath, brand);
 }
 
 }   // namespace FontCatalog

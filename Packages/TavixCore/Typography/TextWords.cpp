@@ -1,5 +1,7 @@
 #include "TavixCore/Typography/TextWords.h"
 
+#include "TavixCore/Support/Utf8.h"
+
 #include <utf8proc.h>
 
 namespace tavix::KineticMath {
@@ -49,6 +51,29 @@ bool isWhitespace(std::string_view character) {
     case UTF8PROC_CATEGORY_ZP: return true;
     default: return false;
     }
+}
+
+bool isLineBreak(std::string_view character) {
+    if (character.empty()) return false;
+    const utf8proc_int32_t point = firstCodePoint(character).value;
+    return (point >= 0x0A && point <= 0x0D) || point == 0x85 || point == 0x2028 || point == 0x2029;
+}
+
+bool isLetterOrNumber(std::string_view character) {
+    if (character.empty()) return false;
+    const utf8proc_category_t category = utf8proc_category(firstCodePoint(character).value);
+    return (category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_LO) ||
+           (category >= UTF8PROC_CATEGORY_ND && category <= UTF8PROC_CATEGORY_NO);
+}
+
+std::string lowercased(std::string_view text) {
+    std::string result;
+    for (std::size_t at = 0; at < text.size();) {
+        const CodePoint point = firstCodePoint(text.substr(at));
+        utf8::append(result, static_cast<char32_t>(utf8proc_tolower(point.value)));
+        at += point.lengthBytes;
+    }
+    return result;
 }
 
 std::vector<Word> words(std::string_view text) {

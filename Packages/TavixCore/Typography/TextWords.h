@@ -15,6 +15,12 @@ std::vector<std::string_view> characters(std::string_view text);
 
 // Whether a character's first code point has the Unicode property White_Space.
 bool isWhitespace(std::string_view character);
+// Whether it begins with a mandatory line break: U+000A to U+000D, U+0085, U+2028 or U+2029.
+bool isLineBreak(std::string_view character);
+// Whether its first code point is of the general categories L (letters) or N (numbers).
+bool isLetterOrNumber(std::string_view character);
+// In lower case, code point by code point.
+std::string lowercased(std::string_view text);
 
 // Positions in characters, half open.
 struct CharacterRange {
