@@ -86,6 +86,14 @@ void Bitmap::indexCoverage() {
     inkBounds_ = ink.isEmpty() ? PixelRegion{} : ink;
 }
 
+void Bitmap::declareOpaque() {
+    if (isEmpty()) return;
+    blocksAcross_ = (size_.width + blockPx - 1) / blockPx;
+    const int blocksDown = (size_.height + blockPx - 1) / blockPx;
+    blocks_.assign(std::size_t(blocksAcross_) * std::size_t(blocksDown), Coverage::opaque);
+    inkBounds_ = {0, 0, size_.width, size_.height};
+}
+
 Bitmap::Coverage Bitmap::coverage(const PixelRegion& fromTopLeft) const {
     const PixelRegion all{0, 0, size_.width, size_.height};
     const PixelRegion r = intersection(fromTopLeft, all);

@@ -59,6 +59,7 @@ public:
     enum class Coverage : std::uint8_t { empty, opaque, mixed };
     static constexpr int blockPx = 32;
     void indexCoverage();
+    void declareOpaque();   // the same without looking, for who knows that every pixel is
     Coverage coverage(const PixelRegion& fromTopLeft) const;   // mixed when not indexed
     PixelRegion inkBounds() const { return inkBounds_; }   // from the top left; all of it when not indexed
 

@@ -1,5 +1,7 @@
 #include "TavixPlatform/Media/MediaInput.h"
 
+#include "TavixPlatform/Media/VideoFile.h"
+
 extern "C" {
 #include <libavutil/mathematics.h>
 #include <libavutil/mem.h>
@@ -225,9 +227,11 @@ void TrackDecoder::seek(double sec) {
     isDraining_ = false;
 }
 
-void TrackDecoder::endHere() {
+bool TrackDecoder::nextAlone(AVFrame& frame) {
+    feed();
     if (!isDraining_) avcodec_send_packet(decoder_.get(), nullptr);
     isDraining_ = true;
+    return next(frame);
 }
 
 }   // namespace tavix::media

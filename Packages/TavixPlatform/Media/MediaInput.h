@@ -13,9 +13,6 @@
 
 namespace tavix::media {
 
-// A frame with more pixels than this is refused before memory is taken for it: 8192 x 4608.
-constexpr std::int64_t mostFramePixels = std::int64_t{8192} * 4608;
-
 class MediaInput {
 public:
     // Reads what the file tells of its tracks. Throws MediaError when it is no media file that can be read.
@@ -72,8 +69,8 @@ public:
     bool next(AVFrame& frame);
     // Decodes on from the packet where `MediaInput::seek` of this time goes to.
     void seek(double sec);
-    // Decodes what was read so far to its end: the next calls of `next` read no more packets.
-    void endHere();
+    // The frame of the next packet, decoded without waiting for packets after it. A `seek` must follow.
+    bool nextAlone(AVFrame& frame);
     bool isDamaged() const { return isDamaged_; }   // something could not be decoded, or only in part
 
 private:

@@ -10,6 +10,7 @@ void fillSampleKernels(Kernels& table);
 void fillColorKernels(Kernels& table);
 void fillFilterKernels(Kernels& table);
 void fillPlaneKernels(Kernels& table);
+void fillVideoKernels(Kernels& table);
 Kernels bestKernels();
 
 }   // namespace tavix::imaging

@@ -11,6 +11,7 @@ Kernels bestKernels() {
     fillColorKernels(table);
     fillFilterKernels(table);
     fillPlaneKernels(table);
+    fillVideoKernels(table);
     return table;
 }
 

@@ -38,6 +38,26 @@ struct ColorPair {
     float dark[4], light[4];   // red, green, blue, alpha; straight
 };
 
+// A row of a decoded video picture: samples of up to eight bits are bytes, of more bits words. Chroma, blue
+// before red, comes from the two rows of it that lie nearest. Positions beyond the edges repeat the edge.
+struct VideoRow {
+    std::size_t width;   // pixels; chroma has as many samples, or half of them rounded up
+    const void* luma;
+    const void* chroma[2];
+    const void* farChroma[2];   // readable, though it may count for nothing
+};
+// How samples become colour. Chroma weights are in quarters: of the nearer of two rows; and where chroma has
+// half the width, of its sample number x / 2 in pixel x, whose rest comes from the sample before it in even
+// pixels and after it in odd ones.
+struct VideoRule {
+    int bits;   // 8 to 12
+    bool halvesWidth;
+    int nearWeight, evenWeight, oddWeight;
+    std::int16_t black;   // luma of black, as if it had 15 bits
+    // Of red, green and blue in steps of a byte over samples in steps of eight bits; times 8192.
+    std::int16_t lumaGain, redOfCr, greenOfCb, greenOfCr, blueOfCb;   // green is what they take away
+};
+
 struct Kernels {
     // dst = src * opacity / 255 over dst.
     void (*over)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count, unsigned opacity);
@@ -92,6 +112,10 @@ struct Kernels {
     // A pair of rows to 4:2:0, BT.709 limited. `count` is even; pixel -1 of both rows is read when `hasLeft`.
     void (*toYuv420)(std::uint8_t* luma0, std::uint8_t* luma1, std::uint8_t* cb, std::uint8_t* cr,
         const std::uint32_t* row0, const std::uint32_t* row1, bool hasLeft, std::size_t count);
+    // A row of video to opaque pixels, to within a step of the exact value. Writes `row.width` pixels.
+    void (*videoToPixels)(std::uint32_t* dst, const VideoRow& row, const VideoRule& rule);
+    // Straight colour to premultiplied; `dst` may be `src`.
+    void (*premultiply)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);
 };
 
 const Kernels& kernels();

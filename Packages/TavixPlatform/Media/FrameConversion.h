@@ -1,0 +1,26 @@
+// Decoded frames of any pixel format to premultiplied pixels. Inside the library only.
+#pragma once
+
+#include "TavixPlatform/Imaging/Image.h"
+#include "TavixPlatform/Media/Libav.h"
+
+#include <memory>
+
+namespace tavix::media {
+
+// How a track's frames are to be seen, which the track tells and not each frame.
+struct FrameSetting {
+    int orientation = 1;   // as EXIF numbers it
+    AVRational pixelAspect{1, 1};
+};
+FrameSetting frameSettingOf(AVFormatContext& format, AVStream& track);
+
+// Throws MediaError when frames of that size, in pixels, are not shown.
+void refuseFrameSize(int width, int height);
+bool canConvert(const AVFrame& frame);
+
+// The picture of a frame that can be converted, upright and with square pixels.
+imaging::Image imageOf(
+    const AVFrame& frame, const FrameSetting& setting, const std::shared_ptr<imaging::BytePool>& pool);
+
+}   // namespace tavix::media

@@ -1,0 +1,69 @@
+#include "TavixPlatform/Media/ReadAhead.h"
+
+#include <utility>
+
+namespace tavix::media {
+namespace {
+
+constexpr std::size_t mostReady = 3;   // more only takes memory: one decoder keeps one taker busy
+
+}   // namespace
+
+ReadAhead::ReadAhead(std::unique_ptr<VideoFrames> frames)
+    : frames_(std::move(frames)), thread_([this] { run(); }) {}
+
+ReadAhead::~ReadAhead() {
+    {
+        const std::lock_guard lock(mutex_);
+        mustStop_ = true;
+    }
+    changed_.notify_all();
+    thread_.join();
+}
+
+void ReadAhead::run() {
+    for (;;) {
+        {
+            std::unique_lock lock(mutex_);
+            changed_.wait(lock, [this] { return mustStop_ || ready_.size() < mostReady; });
+            if (mustStop_) return;
+        }
+        std::optional<VideoFrame> frame;
+        std::exception_ptr failure;
+        try {
+            frame = frames_->next();
+            if (frame) frame->image();   // converted here, not where it is shown
+        } catch (...) {
+            frame.reset();
+            failure = std::current_exception();
+        }
+        {
+            const std::lock_guard lock(mutex_);
+            failure_ = failure;
+            if (frame)
+                ready_.push_back(std::move(*frame));
+            else
+                hasEnded_ = true;
+        }
+        changed_.notify_all();
+        if (!frame) return;
+    }
+}
+
+std::optional<VideoFrame> ReadAhead::next() {
+    std::optional<VideoFrame> frame;
+    {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return hasEnded_ || !ready_.empty(); });
+        if (ready_.empty()) {
+            if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+            return std::nullopt;
+        }
+        frame = std::move(ready_.front());
+        ready_.pop_front();
+    }
+    changed_.notify_all();
+    return frame;
+}
+
+}   // namespace tavix::media

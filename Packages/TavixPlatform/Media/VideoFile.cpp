@@ -1,0 +1,157 @@
+#include "TavixPlatform/Media/VideoFile.h"
+
+#include "TavixPlatform/Imaging/BytePool.h"
+#include "TavixPlatform/Media/ReadAhead.h"
+#include "TavixPlatform/Media/VideoTrack.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace tavix::media {
+namespace {
+
+// Pictures that nobody shows any more and that the next ones are written to.
+constexpr std::size_t mostIdleBytes = std::size_t{96} << 20;
+// More threads than this hold more decoded frames than they save time.
+constexpr unsigned mostDecoderThreads = 4;
+// How far before the wanted time decoding starts when nothing nearer works; doubled from try to try.
+constexpr double firstStepBackSec = 0.5;
+constexpr int mostLeadingFrames = 32;   // that stand before a sync frame though they were coded after it
+
+int decoderThreads() {
+    return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, mostDecoderThreads));
+}
+
+class ForwardFrames final : public VideoFrames {
+public:
+    ForwardFrames(
+        std::filesystem::path path, double startSec, double endSec, std::shared_ptr<imaging::BytePool> pool)
+        : path_(std::move(path)), startSec_(startSec), endSec_(endSec), pool_(std::move(pool)),
+          track_(std::make_unique<VideoTrack>(path_, decoderThreads())) {}
+
+    std::optional<VideoFrame> next() override try {
+        auto decoded = nextDecoded();
+        if (track_->isDamaged() && !isAlone_) {
+            decodeAlone();
+            decoded = nextDecoded();
+        }
+        if (!decoded || decoded->ptsSec >= endSec_) return std::nullopt;
+        lastGivenSec_ = decoded->ptsSec;
+        return track_->shown(*decoded, pool_);
+    } catch (const MediaError&) {
+        return std::nullopt;   // the file went away while it was read
+    }
+
+private:
+    using Decoded = VideoTrack::Decoded;
+
+    std::optional<Decoded> nextDecoded() {
+        if (!isAtStart_) findStart();
+        if (following_) return std::exchange(following_, std::nullopt);
+        for (;;) {
+            auto decoded = std::exchange(afterFollowing_, std::nullopt);
+            if (!decoded) decoded = track_->next();
+            if (!decoded || !lastGivenSec_ || decoded->ptsSec > *lastGivenSec_) return decoded;
+        }
+    }
+
+    // To the frame that is shown at the start: the last one that is not later.
+    void findStart() {
+        isAtStart_ = true;
+        for (double backSec = 0;; backSec = std::max(2 * backSec, firstStepBackSec)) {
+            const bool isWholeFilm = startSec_ - backSec <= 0;
+            if (!isWholeFilm)
+                track_->seek(startSec_ - backSec);
+            else if (backSec > 0)
+                reopen();
+            while ((afterFollowing_ = track_->next())) {
+                if (afterFollowing_->ptsSec > startSec_ + timestampToleranceSec) break;
+                following_ = std::move(afterFollowing_);
+            }
+            if (following_ || isWholeFilm) return;
+        }
+    }
+
+    // What several threads make of damaged frames may depend on which is first, so from here on there is one.
+    void decodeAlone() {
+        isAlone_ = true;
+        following_.reset();
+        afterFollowing_.reset();
+        reopen();
+        if (lastGivenSec_) startSec_ = *lastGivenSec_;
+        isAtStart_ = false;
+    }
+
+    void reopen() { track_ = std::make_unique<VideoTrack>(path_, isAlone_ ? 1 : decoderThreads()); }
+
+    std::filesystem::path path_;
+    double startSec_, endSec_;
+    std::shared_ptr<imaging::BytePool> pool_;
+    std::unique_ptr<VideoTrack> track_;
+    bool isAtStart_ = false, isAlone_ = false;
+    std::optional<Decoded> following_, afterFollowing_;   // decoded and not yet given
+    std::optional<double> lastGivenSec_;
+};
+
+class SyncFrames final : public RandomAccessFrames {
+public:
+    SyncFrames(const std::filesystem::path& path, std::shared_ptr<imaging::BytePool> pool)
+        : pool_(std::move(pool)), track_(path, 1) {}
+
+    std::optional<VideoFrame> frame(double startSec, double durationSec) override {
+        const auto isInRange = [&](const std::optional<VideoTrack::Decoded>& decoded) {
+            return decoded && decoded->ptsSec >= startSec - timestampToleranceSec &&
+                   decoded->ptsSec < startSec + durationSec;
+        };
+        track_.seek(startSec);
+        auto decoded = track_.nextAlone();
+        if (!isInRange(decoded)) {
+            track_.seek(startSec);
+            for (int i = 0; i < mostLeadingFrames && !isInRange(decoded = track_.next()); ++i)
+                if (!decoded || decoded->ptsSec >= startSec) break;
+        }
+        hasFailed_ = !decoded;
+        if (!isInRange(decoded)) return std::nullopt;
+        return track_.shown(*decoded, pool_);
+    }
+    bool hasFailed() const override { return hasFailed_; }
+
+private:
+    std::shared_ptr<imaging::BytePool> pool_;
+    VideoTrack track_;
+    bool hasFailed_ = false;
+};
+
+}   // namespace
+
+VideoFile::VideoFile(std::filesystem::path path)
+    : path_(std::move(path)), pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
+
+std::unique_ptr<VideoFrames> VideoFile::framesFrom(double startSec, double endSec, Pace pace) {
+    auto frames = std::make_unique<ForwardFrames>(path_, startSec, endSec, pool_);
+    if (pace == Pace::onDemand) return frames;
+    return std::make_unique<ReadAhead>(std::move(frames));
+}
+
+std::unique_ptr<RandomAccessFrames> VideoFile::randomAccess() {
+    return std::make_unique<SyncFrames>(path_, pool_);
+}
+
+std::vector<VideoSample> VideoFile::samples() {
+    MediaInput input(path_);
+    const AVStream& track = firstVideoTrack(input);
+    input.select(track);
+    std::vector<VideoSample> samples;
+    const auto packet = libav::owned<libav::Packet>(av_packet_alloc());
+    while (input.read(*packet)) {
+        const std::int64_t time = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
+        const bool isShown = !(packet->flags & AV_PKT_FLAG_DISCARD) && time != AV_NOPTS_VALUE;
+        if (isShown)
+            samples.push_back({input.secondsOf(track, time), (packet->flags & AV_PKT_FLAG_KEY) != 0});
+    }
+    std::ranges::sort(samples, {}, &VideoSample::ptsSec);
+    return samples;
+}
+
+}   // namespace tavix::media

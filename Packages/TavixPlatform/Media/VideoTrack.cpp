@@ -1,0 +1,58 @@
+#include "TavixPlatform/Media/VideoTrack.h"
+
+namespace tavix::media {
+namespace {
+
+constexpr double usualFrameSec = 1.0 / 30;   // where a film tells neither times nor a rate
+
+AVStream& showableTrack(const MediaInput& input) {
+    AVStream& track = firstVideoTrack(input);
+    refuseFrameSize(track.codecpar->width, track.codecpar->height);
+    return track;
+}
+
+}   // namespace
+
+AVStream& firstVideoTrack(const MediaInput& input) {
+    const auto tracks = input.tracks(AVMEDIA_TYPE_VIDEO);
+    if (tracks.empty()) throw MediaError("No video track in " + input.name() + ".");
+    return *tracks.front();
+}
+
+VideoTrack::VideoTrack(const std::filesystem::path& path, int threads)
+    : input_(path), track_(showableTrack(input_)), setting_(frameSettingOf(input_.format(), track_)),
+      decoder_(input_, track_, threads) {}
+
+double VideoTrack::timeOf(const AVFrame& frame) const {
+    if (frame.best_effort_timestamp != AV_NOPTS_VALUE)
+        return input_.secondsOf(track_, frame.best_effort_timestamp);
+    if (!lastSec_) return 0;
+    const AVRational rate = track_.avg_frame_rate;
+    return *lastSec_ + (rate.num > 0 && rate.den > 0 ? av_q2d(av_inv_q(rate)) : usualFrameSec);
+}
+
+std::optional<VideoTrack::Decoded> VideoTrack::next() { return decodedNext(&TrackDecoder::next); }
+std::optional<VideoTrack::Decoded> VideoTrack::nextAlone() { return decodedNext(&TrackDecoder::nextAlone); }
+
+std::optional<VideoTrack::Decoded> VideoTrack::decodedNext(bool (TrackDecoder::*step)(AVFrame&)) {
+    for (;;) {
+        auto frame = std::shared_ptr<AVFrame>(libav::owned<libav::Frame>(av_frame_alloc()));
+        if (!(decoder_.*step)(*frame) || !canConvert(*frame)) return std::nullopt;
+        const double sec = timeOf(*frame);
+        if (lastSec_ && sec <= *lastSec_) continue;   // a fault of the file: it would never be shown
+        lastSec_ = sec;
+        return Decoded{std::move(frame), sec};
+    }
+}
+
+void VideoTrack::seek(double sec) {
+    decoder_.seek(sec);
+    lastSec_.reset();
+}
+
+VideoFrame VideoTrack::shown(const Decoded& decoded, const std::shared_ptr<imaging::BytePool>& pool) const {
+    return {decoded.ptsSec,
+        [frame = decoded.frame, setting = setting_, pool] { return imageOf(*frame, setting, pool); }};
+}
+
+}   // namespace tavix::media
