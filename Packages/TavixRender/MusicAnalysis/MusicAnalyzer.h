@@ -1,0 +1,18 @@
+// Listens to a piece of music: its tempo, its first beat, its drop, its parts, its onsets.
+#pragma once
+
+#include "TavixCore/Composition/BeatAnalysis.h"
+
+#include <span>
+
+namespace tavix::MusicAnalyzer {
+
+// A pure function of mono samples. Music shorter than three seconds, or in which nothing repeats, has a tempo
+// of 0.
+BeatAnalysis analyze(std::span<const float> samples, double sampleRateHz);
+
+// Reads the first sound track of a file whole, as mono. Throws a `Failure` when there is none or it cannot be
+// decoded.
+BeatAnalysis analyze(const std::filesystem::path& file);
+
+}   // namespace tavix::MusicAnalyzer
