@@ -51,6 +51,7 @@ std::uint64_t Image::hash() const { return node_->hash(); }
 Image Image::cropped(const Rect& rect) const { return Image(makeCropped(node_, rect)); }
 Image Image::clampedToExtent() const { return Image(makeContinued(node_)); }
 Image Image::transformed(const Affine& transform) const { return Image(makeTransformed(node_, transform)); }
+Image Image::inPerspective(const Quad& onto) const { return Image(makePerspective(node_, onto)); }
 Image Image::placedInto(const Rect& target) const { return Image(makePlaced(node_, target)); }
 Image Image::tiled() const { return Image(makeTiled(node_)); }
 

@@ -49,6 +49,12 @@ public:
     virtual void row(int x, int y, int count, WarpSample* out) const = 0;
 };
 
+// Where the corners of a picture go.
+struct Quad {
+    Point topLeft, topRight, bottomLeft, bottomRight;
+    bool operator==(const Quad&) const = default;
+};
+
 class Image {
 public:
     Image();   // empty: transparent everywhere, with an empty extent
@@ -73,6 +79,9 @@ public:
     Image transformed(
         const Affine& transform) const;   // bilinear over a prefiltered source, edges antialiased
     Image translated(double dx, double dy) const { return transformed(Affine::translation(dx, dy)); }
+    // The corners of the extent onto four points, straight lines staying straight. A picture seen from its
+    // edge, or turned inside out, is empty; an infinite one stays as it is.
+    Image inPerspective(const Quad& onto) const;
     // Maps the extent onto a rectangle with a wide cubic filter: for scaling once, at its best.
     Image placedInto(const Rect& target) const;
     Image tiled() const;   // repeats the extent over the plane

@@ -27,6 +27,12 @@ struct SampleLine {
     std::int64_t u0, v0, du, dv;
 };
 
+// Where the samples of a row lie in a source that is seen in perspective: number i at ((u0 + i du) / (w0 + i
+// dw), (v0 + i dv) / (w0 + i dw)).
+struct ProjectLine {
+    float u0, du, v0, dv, w0, dw;
+};
+
 // Fixed-point rows of a matrix on straight colour (red, green, blue, alpha).
 struct MatrixRows {
     float r[4], g[4], b[4], a[4];
@@ -76,6 +82,9 @@ struct Kernels {
     // Samples at the positions (u[i], v[i]), as above but each on its own.
     void (*sampleAt)(
         std::uint32_t* dst, const SampleLine& source, const float* u, const float* v, std::size_t count);
+
+    // Their places, from number `first` on. Rows of scratch memory.
+    void (*project)(float* u, float* v, const ProjectLine& line, int first, std::size_t count);
 
     void (*unpack)(FloatRow dst, const std::uint32_t* src, std::size_t count);
     // Rounds to bytes, limiting colour to 0 ... alpha. `dither` is added before rounding, in steps of a byte;

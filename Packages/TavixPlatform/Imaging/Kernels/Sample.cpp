@@ -143,6 +143,19 @@ void sampleAt(
     }
 }
 
+void project(float* u, float* v, const ProjectLine& line, int first, std::size_t count) {
+    const hn::RebindToFloat<Words> f;
+    const Integers d;
+    for (std::size_t i = 0; i < count; i += hn::Lanes(f)) {
+        const auto at = hn::ConvertTo(f, hn::Iota(d, first + int(i)));
+        const auto along = [&](float from, float step)
+                               HWY_ATTR { return hn::Add(hn::Set(f, from), hn::Mul(hn::Set(f, step), at)); };
+        const auto w = along(line.w0, line.dw);
+        hn::StoreU(hn::Div(along(line.u0, line.du), w), f, u + i);
+        hn::StoreU(hn::Div(along(line.v0, line.dv), w), f, v + i);
+    }
+}
+
 // Samples one pixel apart along a row, all inside: neighbours are loaded, not gathered.
 HWY_INLINE void slideBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
     const Words w;
@@ -191,6 +204,7 @@ void sample(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std:
 void fillSample(Kernels& table) {
     table.sample = sample;
     table.sampleAt = sampleAt;
+    table.project = project;
 }
 
 }   // namespace tavix::imaging::HWY_NAMESPACE

@@ -32,6 +32,8 @@ Behind behind(const NodeRef& node);
 
 // Transform.cpp
 NodeRef makeTransformed(const NodeRef& input, const Affine& transform);
+// Perspective.cpp
+NodeRef makePerspective(const NodeRef& input, const Quad& onto);
 // Resample.cpp
 NodeRef makePlaced(const NodeRef& input, const Rect& target);
 
@@ -84,7 +86,8 @@ enum class NodeKind : std::uint64_t {
     blurred,
     bloomed,
     pixellated,
-    motionBlurred
+    motionBlurred,
+    perspective
 };
 inline Hash hashOf(NodeKind kind) { return Hash(std::uint64_t(kind)); }
 

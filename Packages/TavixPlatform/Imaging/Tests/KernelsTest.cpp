@@ -73,6 +73,9 @@ Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
             v.push_back(12 - float(i) * 0.2f);
         }
         keep([&](std::uint32_t* out) { k.sampleAt(out, line, u.data(), v.data(), n); });
+        std::vector<float> projectedU(room * 2), projectedV(room * 2);
+        k.project(projectedU.data(), projectedV.data(), {-3.1f, 0.21f, 9.7f, -0.13f, 1.1f, 0.003f}, 5, n);
+        keep([&](std::uint32_t* out) { k.sampleAt(out, line, projectedU.data(), projectedV.data(), n); });
     }
     return all;
 }

@@ -96,6 +96,82 @@ TEST(Transform, OfHostileNumbersDrawsNothingAndDoesNotHang) {
     }
 }
 
+Quad quadOf(const Rect& r) { return {{r.x, r.maxY()}, {r.maxX(), r.maxY()}, {r.x, r.y}, {r.maxX(), r.y}}; }
+
+// What a rectangle seen upright shows, affine maps know too.
+TEST(Perspective, IsTheTransformWhereThatIsOne) {
+    const Image image = noise(60, 40, true);
+    const Drawn same = drawn(image.inPerspective(quadOf({0, 0, 60, 40})), {0, 0, 60, 40});
+    EXPECT_LE(largestDifference(same.words, drawn(image, {0, 0, 60, 40}).words), 1);
+    const Rect target{-7.25, 3.5, 75, 44};
+    const Affine map = Affine::scaling(75.0 / 60, 44.0 / 40).then(Affine::translation(-7.25, 3.5));
+    EXPECT_LE(largestDifference(drawn(image.inPerspective(quadOf(target)), {-9, 0, 80, 60}).words,
+                  drawn(image.transformed(map), {-9, 0, 80, 60}).words),
+        3);
+}
+
+TEST(Perspective, KeepsAConstantItsAreaAndItsCorners) {
+    const Image square = Image::bitmap(filledBitmap({50, 50}, 0xFFFFFFFFu), {5, 9});
+    const Quad quads[] = {{{10, 90}, {70, 80}, {0, 5}, {95, 15}}, {{70.5, 80}, {10, 90.25}, {95, 15}, {0, 5}},
+        {{40, 60}, {60, 55}, {10, 10}, {90, 12}}, {{10, 20}, {12, 20}, {10, 10}, {12, 10}}};
+    for (const Quad& q : quads) {
+        const Point around[] = {q.topLeft, q.topRight, q.bottomRight, q.bottomLeft};
+        double doubleArea = 0;
+        Point middle{};
+        for (int i = 0; i < 4; ++i) {
+            const Point a = around[i], b = around[(i + 1) % 4];
+            doubleArea += a.x * b.y - b.x * a.y;
+            middle = {middle.x + a.x / 4, middle.y + a.y / 4};
+        }
+        const Drawn d = drawn(square.inPerspective(q), {-5, -5, 110, 110});
+        EXPECT_NEAR(d.sum(3) / 255, std::abs(doubleArea) / 2, 0.01 * std::abs(doubleArea) + 0.5);
+        EXPECT_EQ(channel(d.at(int(middle.x), int(middle.y)), 3), 255);
+    }
+}
+
+// Points at even distances on a receding line are seen nearer together the further they are: the cross ratio.
+TEST(Perspective, ForeshortensAsAPlaneInSpaceDoes) {
+    auto stripes = std::make_shared<Bitmap>(Size{300, 300});
+    for (int y = 0; y < 300; ++y)
+        for (int x = 0; x < 300; ++x)
+            reinterpret_cast<std::uint32_t*>(stripes->view().row(y))[x] = y < 150 ? 0xFFFFFFFFu : 0xFF000000u;
+    // A square that stands on its lower edge, 300 away, and leans back until its upper edge is twice as far.
+    const Image leaning = Image::bitmap(stripes).inPerspective({{75, 100}, {225, 100}, {0, 0}, {300, 0}});
+    // The middle of the square, at a distance of 450, stands two thirds up the picture: 1 / 450 lies two
+    // thirds from 1 / 300 to 1 / 600.
+    const Drawn d = drawn(leaning, {150, 0, 151, 100});
+    int firstWhite = 0;
+    while (channel(d.at(150, firstWhite), 0) < 128) ++firstWhite;
+    EXPECT_NEAR(firstWhite, 66.7, 1);
+}
+
+TEST(Perspective, OfWhatIsFarAveragesAndDoesNotSkip) {
+    auto checks = std::make_shared<Bitmap>(Size{256, 256});
+    for (int y = 0; y < 256; ++y)
+        for (int x = 0; x < 256; ++x)
+            reinterpret_cast<std::uint32_t*>(checks->view().row(y))[x] =
+                (x + y) % 2 ? 0xFFFFFFFFu : 0xFF000000u;
+    for (const Quad& q :
+        {Quad{{20, 60}, {90, 60}, {0, 0}, {110, 0}}, quadOf({0, 0, 110, 256}), quadOf({0, 0, 21, 33})}) {
+        const Drawn d = drawn(Image::bitmap(checks).inPerspective(q), {12, 4, 18, 30});
+        for (const std::uint32_t w : d.words) EXPECT_NEAR(channel(w, 0), 128, 24);
+    }
+}
+
+TEST(Perspective, SeenFromTheEdgeOrInsideOutIsEmpty) {
+    const Image image = noise(20, 20);
+    for (const Quad& q :
+        {Quad{{0, 10}, {20, 10}, {0, 10}, {20, 10}}, Quad{{0, 20}, {0, 0}, {20, 20}, {20, 0.0}},
+            Quad{{0, 20}, {20, 20}, {20, 0}, {0, 0}}, Quad{{NAN, 20}, {20, 20}, {0, 0}, {20, 0}},
+            Quad{{0, INFINITY}, {20, 20}, {0, 0}, {20, 0}}, Quad{{0, 1e9}, {20, 1e9}, {0, 0}, {20, 0}}}) {
+        const Image seen = image.inPerspective(q);
+        drawn(seen, {0, 0, 30, 30});
+        EXPECT_TRUE(
+            seen.isEmpty() || q.topRight == Point({0, 0}));   // mirrored about a diagonal is a picture
+    }
+    EXPECT_TRUE(Image::solid(Color::white()).inPerspective(quadOf({0, 0, 9, 9})).extent().isInfinite());
+}
+
 TEST(Placing, FillsItsTargetAndKeepsAConstant) {
     const Image image = Image::bitmap(filledBitmap({31, 17}, 0xFF4080C0u));
     for (const Rect& target : {Rect{3, 4, 100, 60}, Rect{-2.5, 1.25, 9.5, 7.5}, Rect{0, 0, 31, 17}}) {

@@ -72,7 +72,7 @@ Image randomImage(std::mt19937& random, int depth) {
         return std::uniform_real_distribution(low, high)(random);
     };
     const Rect frame{-30, -30, 150, 130};
-    switch (random() % 19) {
+    switch (random() % 20) {
     case 0: return below.cropped({real(-20, 30), real(-20, 30), real(10, 90), real(10, 90)});
     case 1: return below.clampedToExtent().cropped(frame);
     case 2:
@@ -101,6 +101,9 @@ Image randomImage(std::mt19937& random, int depth) {
     case 15: return below.gaussianBlurred(real(0, 14));
     case 16: return below.bloomed(real(0, 1.5), real(0, 8));
     case 17: return below.motionBlurred(real(0, 9), real(-4, 4));
+    case 18:
+        return below.inPerspective({{real(-30, 10), real(60, 110)}, {real(50, 120), real(60, 110)},
+            {real(-30, 10), real(-20, 20)}, {real(50, 120), real(-20, 20)}});
     default: return below.pixellated({40, 40}, real(1, 17));
     }
 }

@@ -1,0 +1,45 @@
+#include "TavixPlatform/Imaging/Nodes/Mipmap.h"
+
+#include <algorithm>
+
+namespace tavix::imaging {
+
+namespace {
+
+BitmapRef halved(Workshop& workshop, const Bitmap& source) {
+    const Size from = source.size(), to{(from.width + 1) / 2, (from.height + 1) / 2};
+    auto half = std::make_shared<Bitmap>(Bitmap::uninitialised(to, workshop.pool()));
+    workshop.forEach((to.height + 31) / 32, [&](int strip, Scratch&) {
+        for (int y = strip * 32; y < std::min(to.height, strip * 32 + 32); ++y) {
+            const std::uint8_t* above = source.view().row(2 * y);
+            const std::uint8_t* below = source.view().row(std::min(2 * y + 1, from.height - 1));
+            std::uint8_t* out = half->view().row(y);
+            for (int x = 0; x < to.width; ++x) {
+                const int left = 2 * x * 4, right = std::min(2 * x + 1, from.width - 1) * 4;
+                for (int c = 0; c < 4; ++c)
+                    out[x * 4 + c] = std::uint8_t(
+                        (above[left + c] + above[right + c] + below[left + c] + below[right + c] + 2) >> 2);
+            }
+        }
+    });
+    return half;
+}
+
+}   // namespace
+
+BitmapRef mipmap(Workshop& workshop, const BitmapRef& source, int level) {
+    BitmapRef result = source;
+    for (int i = 1; i <= level; ++i) {
+        const ResultCache::Key key{
+            ResultCache::Kind::halved, Hash(source->id()).add(std::uint64_t(i)).value(), {}};
+        auto kept = std::static_pointer_cast<const Bitmap>(workshop.cache().find(key));
+        if (!kept) {
+            kept = halved(workshop, *result);
+            workshop.cache().keep(key, kept, kept->byteCount());
+        }
+        result = kept;
+    }
+    return result;
+}
+
+}   // namespace tavix::imaging
