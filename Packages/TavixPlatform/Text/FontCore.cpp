@@ -1,0 +1,295 @@
+#include "TavixPlatform/Text/FontCore.h"
+
+#include "TavixPlatform/Text/FallbackFamilies.h"
+
+#include <hb-ot.h>
+#include <hb.h>
+#include <pango/pangocairo.h>
+#include <pango/pangofc-fontmap.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <functional>
+#include <new>
+
+namespace tavix::text {
+namespace {
+
+// A description names its face by number; `settle` puts the face in its place.
+constexpr std::string_view facePrefix = "tavix-face-";
+
+const FcChar8* chars(const std::string& text) { return reinterpret_cast<const FcChar8*>(text.c_str()); }
+
+std::string stringOf(const FcPattern* pattern, const char* object, int which = 0) {
+    FcChar8* value = nullptr;
+    if (FcPatternGetString(pattern, object, which, &value) != FcResultMatch || !value) return {};
+    return reinterpret_cast<const char*>(value);
+}
+
+int integerOf(const FcPattern* pattern, const char* object, int fallback) {
+    int value = fallback;
+    return FcPatternGetInteger(pattern, object, 0, &value) == FcResultMatch ? value : fallback;
+}
+
+// A variable font has a range of weights; its regular stands for it.
+double weightOf(const FcPattern* pattern) {
+    double value = FC_WEIGHT_REGULAR;
+    if (FcPatternGetDouble(pattern, FC_WEIGHT, 0, &value) != FcResultMatch) return 400;
+    return FcWeightToOpenTypeDouble(value);
+}
+
+std::string escaped(std::string_view path) {
+    std::string text;
+    for (const char letter : path) {
+        switch (letter) {
+        case '&': text += "&amp;"; break;
+        case '<': text += "&lt;"; break;
+        case '>': text += "&gt;"; break;
+        default: text += letter;
+        }
+    }
+    return text;
+}
+
+std::string elements(std::string_view tag, FcStrList* list) {
+    std::string text;
+    while (const FcChar8* entry = FcStrListNext(list))
+        text.append("<")
+            .append(tag)
+            .append(">")
+            .append(escaped(reinterpret_cast<const char*>(entry)))
+            .append("</")
+            .append(tag)
+            .append(">");
+    FcStrListDone(list);
+    return text;
+}
+
+// Pictures of a fixed size (colour emoji) are scaled to the size of the text.
+constexpr std::string_view scalingRule = R"(<match target="font">
+<test name="outline" compare="eq"><bool>false</bool></test>
+<edit name="tavixscale" mode="assign"><divide>
+<name target="pattern">pixelsize</name><name target="font">pixelsize</name></divide></edit>
+<edit name="matrix" mode="assign"><times><name>matrix</name><matrix>
+<name>tavixscale</name><double>0</double><double>0</double><name>tavixscale</name></matrix></times></edit>
+<edit name="size" mode="assign"><divide><name>size</name><name>tavixscale</name></divide></edit></match>)";
+
+// Of the machine's configuration only where fonts lie, and where what was read of them is kept.
+Owned<FcConfig> makeConfig(const std::vector<std::filesystem::path>* folders) {
+    std::string xml = "<?xml version=\"1.0\"?><fontconfig>";
+    const Owned<FcConfig> machine(FcInitLoadConfig());
+    if (machine) xml += elements("cachedir", FcConfigGetCacheDirs(machine.get()));
+    if (folders) {
+        for (const auto& folder : *folders) xml += "<dir>" + escaped(folder.string()) + "</dir>";
+    } else if (machine) {
+        xml += elements("dir", FcConfigGetFontDirs(machine.get()));
+    }
+    xml.append(scalingRule).append("</fontconfig>");
+    Owned<FcConfig> config(FcConfigCreate());
+    if (!config) throw std::bad_alloc();
+    FcConfigParseAndLoadFromMemory(config.get(), chars(xml), FcTrue);
+    FcConfigBuildFonts(config.get());
+    return config;
+}
+
+FontMetrics metricsOf(hb_font_t* font, double sizePx) {
+    int scaleX = 0, scaleY = 0;
+    hb_font_get_scale(font, &scaleX, &scaleY);
+    hb_font_extents_t extents{};
+    if (!hb_font_get_h_extents(font, &extents) || scaleY == 0) return {0.8 * sizePx, 0.2 * sizePx, 0};
+    const auto pixels = [](int units) { return std::max(0.0, double(units) / PANGO_SCALE); };
+    return {pixels(extents.ascender), pixels(-extents.descender), pixels(extents.line_gap)};
+}
+
+std::vector<VariationAxis> axesOf(hb_face_t* face) {
+    unsigned count = hb_ot_var_get_axis_count(face);
+    std::vector<hb_ot_var_axis_info_t> infos(count);
+    hb_ot_var_get_axis_infos(face, 0, &count, infos.data());
+    std::vector<VariationAxis> axes;
+    for (const hb_ot_var_axis_info_t& info : infos)
+        axes.push_back({info.tag, info.min_value, info.default_value, info.max_value});
+    return axes;
+}
+
+PangoWeight pangoWeight(double weight) { return static_cast<PangoWeight>(std::lround(weight)); }
+
+}   // namespace
+
+std::string loweredAscii(std::string_view text) {
+    std::string result(text);
+    for (char& letter : result)
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    return result;
+}
+
+FontCore::FontCore(const std::vector<std::filesystem::path>* folders) : config_(makeConfig(folders)) {
+    if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
+    map_.reset(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
+    auto* map = PANGO_FC_FONT_MAP(map_.get());
+    pango_fc_font_map_set_config(map, config_.get());
+    pango_fc_font_map_set_default_substitute(
+        map, [](FcPattern* pattern, gpointer core) { static_cast<const FontCore*>(core)->settle(pattern); },
+        this, nullptr);
+    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map_.get()), 72);
+    context_.reset(pango_font_map_create_context(map_.get()));
+    pango_context_set_round_glyph_positions(context_.get(), FALSE);
+    pango_context_set_language(context_.get(), pango_language_from_string("en"));
+}
+
+FontCore::~FontCore() {
+    context_.reset();
+    pango_fc_font_map_shutdown(PANGO_FC_FONT_MAP(map_.get()));
+}
+
+// The order of faces must not hang on the order in which a file system lists its files.
+void FontCore::takeFaces(const FcFontSet& set) {
+    std::vector<FaceRef> found;
+    for (int i = 0; i < set.nfont; ++i) {
+        const FcPattern* pattern = set.fonts[i];
+        Face face{stringOf(pattern, FC_FAMILY), stringOf(pattern, FC_POSTSCRIPT_NAME),
+            stringOf(pattern, FC_FULLNAME), stringOf(pattern, FC_FILE), integerOf(pattern, FC_INDEX, 0),
+            weightOf(pattern), integerOf(pattern, FC_WIDTH, FC_WIDTH_NORMAL),
+            integerOf(pattern, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN};
+        if (!face.family.empty() && !face.file.empty())
+            found.push_back(std::make_shared<const Face>(std::move(face)));
+    }
+    std::ranges::sort(found, [](const FaceRef& a, const FaceRef& b) {
+        return std::tie(a->family, a->weight, a->file, a->index) <
+               std::tie(b->family, b->weight, b->file, b->index);
+    });
+    for (FaceRef& face : found) {
+        const std::size_t number = faces_.size();
+        byFamily_[loweredAscii(face->family)].push_back(number);
+        byName_.try_emplace(loweredAscii(face->fullName), number);
+        faces_.push_back(std::move(face));
+    }
+    for (std::size_t number = faces_.size() - found.size(); number < faces_.size(); ++number)
+        if (!faces_[number]->postScriptName.empty())
+            byName_.insert_or_assign(loweredAscii(faces_[number]->postScriptName), number);
+    std::vector<std::string> families;
+    for (const FaceRef& face : faces_)
+        if (families.empty() || families.back() != face->family) families.push_back(face->family);
+    fallbackFamilies_ = fallbackFamilies(std::move(families));
+}
+
+// Called for every pattern before fonts are matched with it: puts the face in the place of its number, lists
+// what fills in for missing characters, and fixes all that a machine might set differently.
+void FontCore::settle(FcPattern* pattern) const {
+    const std::string family = stringOf(pattern, FC_FAMILY), language = stringOf(pattern, FC_LANG);
+    FcPatternDel(pattern, FC_FAMILY);
+    if (family.starts_with(facePrefix)) {
+        std::size_t number = faces_.size();
+        std::from_chars(family.data() + facePrefix.size(), family.data() + family.size(), number);
+        if (number < faces_.size()) {
+            const Face& face = *faces_[number];
+            FcPatternAddString(pattern, FC_FILE, chars(face.file));
+            FcPatternAddString(pattern, FC_FAMILY, chars(face.family));
+            if (!face.postScriptName.empty())
+                FcPatternAddString(pattern, FC_POSTSCRIPT_NAME, chars(face.postScriptName));
+        }
+    }
+    for (const std::string& name : orderedFor(fallbackFamilies_, language, family == "emoji"))
+        FcPatternAddString(pattern, FC_FAMILY, chars(name));
+    for (const char* object :
+        {FC_HINTING, FC_AUTOHINT, FC_EMBOLDEN, FC_EMBEDDED_BITMAP, FC_ANTIALIAS, FC_RGBA})
+        FcPatternDel(pattern, object);
+    FcPatternAddBool(pattern, FC_HINTING, FcFalse);
+    FcPatternAddBool(pattern, FC_AUTOHINT, FcFalse);
+    FcPatternAddBool(pattern, FC_EMBOLDEN, FcFalse);
+    FcPatternAddBool(pattern, FC_ANTIALIAS, FcTrue);
+    FcPatternAddInteger(pattern, FC_RGBA, FC_RGBA_NONE);
+}
+
+std::optional<std::string> FontCore::addFile(const std::filesystem::path& file) {
+    const std::lock_guard lock(mutex);
+    if (const auto known = addedFiles_.find(file); known != addedFiles_.end()) return known->second;
+    std::optional<std::string> name;
+    const Owned<FcFontSet> set(FcFontSetCreate());
+    const std::string path = file.string();
+    int count = 0;
+    FcFreeTypeQueryAll(chars(path), static_cast<unsigned>(-1), nullptr, &count, set.get());
+    if (set->nfont > 0 && FcConfigAppFontAddFile(config_.get(), chars(path))) {
+        takeFaces(*set);
+        name = stringOf(set->fonts[0], FC_POSTSCRIPT_NAME);
+        if (name->empty()) name = stringOf(set->fonts[0], FC_FAMILY);
+        pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map_.get()));
+    }
+    return addedFiles_[file] = name;
+}
+
+Owned<PangoFontDescription> FontCore::description(const FontData& font) {
+    Owned<PangoFontDescription> description(pango_font_description_new());
+    const std::string family = std::string(facePrefix) + std::to_string(font.faceNumber);
+    pango_font_description_set_family(description.get(), family.c_str());
+    const auto moved = font.variations.find(weightAxis);
+    const double weight = moved == font.variations.end() ? font.face->weight : moved->second;
+    pango_font_description_set_weight(description.get(), pangoWeight(weight));
+    pango_font_description_set_style(
+        description.get(), font.face->isItalic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
+    pango_font_description_set_absolute_size(description.get(), std::round(font.sizePx * PANGO_SCALE));
+    std::string variations;
+    for (const auto& [tag, value] : font.variations) {
+        char letters[5] = {};
+        hb_tag_to_string(tag, letters);
+        variations.append(variations.empty() ? "" : ",").append(letters).append("=") += std::to_string(value);
+    }
+    if (!variations.empty()) pango_font_description_set_variations(description.get(), variations.c_str());
+    return description;
+}
+
+Font FontCore::fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint32_t, double> variations) {
+    auto data = std::make_shared<FontData>();
+    data->core = shared_from_this();
+    static const FaceRef noFace = std::make_shared<const Face>();
+    data->face = faceNumber < faces_.size() ? faces_[faceNumber] : noFace;
+    data->faceNumber = faceNumber;
+    data->sizePx = std::clamp(sizePx, 1.0, 4096.0);
+    data->variations = std::move(variations);
+    const Owned<PangoFont> font(
+        pango_font_map_load_font(map_.get(), context_.get(), description(*data).get()));
+    if (hb_font_t* shaper = font ? pango_font_get_hb_font(font.get()) : nullptr) {
+        data->metrics = metricsOf(shaper, data->sizePx);
+        data->axes = axesOf(hb_font_get_face(shaper));
+    }
+    return Font(std::move(data));
+}
+
+std::size_t FontCore::nearestInFamily(const Face& like, double weight) const {
+    const auto family = byFamily_.find(loweredAscii(like.family));
+    const auto distance = [&](std::size_t number) {
+        const Face& face = *faces_[number];
+        return std::tuple(face.isItalic != like.isItalic, std::abs(face.width - like.width),
+            std::abs(traitOfWeight(face.weight) - traitOfWeight(weight)), face.weight < weight);
+    };
+    return *std::ranges::min_element(family->second, {}, distance);
+}
+
+std::optional<std::size_t> FontCore::faceInFamily(std::string_view family, double weight) const {
+    const auto found = byFamily_.find(loweredAscii(family));
+    if (found == byFamily_.end()) return std::nullopt;
+    Face upright;
+    upright.family = family;
+    return nearestInFamily(upright, weight);
+}
+
+std::optional<Font> FontCore::find(std::string_view name, double sizePx) {
+    const std::lock_guard lock(mutex);
+    if (const auto face = byName_.find(loweredAscii(name)); face != byName_.end())
+        return fontOf(face->second, sizePx, {});
+    if (const auto face = faceInFamily(name, 400)) return fontOf(*face, sizePx, {});
+    return std::nullopt;
+}
+
+std::optional<Font> FontCore::anyInFamily(std::string_view family, double weight, double sizePx) {
+    const std::lock_guard lock(mutex);
+    if (const auto face = faceInFamily(family, weight)) return fontOf(*face, sizePx, {});
+    return std::nullopt;
+}
+
+Font FontCore::first(double sizePx) {
+    const std::lock_guard lock(mutex);
+    return fontOf(0, sizePx, {});
+}
+
+}   // namespace tavix::text

@@ -1,0 +1,101 @@
+// What stands behind fonts: the faces there are, and the objects of the libraries, under one lock. Inside the
+// library only.
+#pragma once
+
+#include "TavixPlatform/Text/Font.h"
+
+#include <fontconfig/fontconfig.h>
+#include <pango/pango.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace tavix::text {
+
+struct Released {
+    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+    void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
+    void operator()(PangoAttrList* list) const { pango_attr_list_unref(list); }
+    void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
+    void operator()(PangoGlyphString* glyphs) const { pango_glyph_string_free(glyphs); }
+    void operator()(PangoItem* item) const { pango_item_free(item); }
+    template <class GObjectType> void operator()(GObjectType* object) const { g_object_unref(object); }
+};
+template <class T> using Owned = std::unique_ptr<T, Released>;
+
+// One face as fontconfig describes it.
+struct Face {
+    std::string family, postScriptName, fullName, file;
+    int index = 0;         // in its file; the upper 16 bits choose a named instance of a variable font
+    double weight = 400;   // as CSS counts, 100 to 1000
+    int width = 100;       // percent
+    bool isItalic = false;
+};
+using FaceRef = std::shared_ptr<const Face>;
+
+class FontCore;
+
+struct FontData {
+    std::shared_ptr<FontCore> core;
+    FaceRef face;
+    std::size_t faceNumber = 0;
+    double sizePx = 0;
+    std::map<std::uint32_t, double> variations;
+    std::vector<VariationAxis> axes;
+    FontMetrics metrics;
+};
+
+// Guarded by its `mutex`: whoever calls a member holds it, but for those that say they take it.
+class FontCore : public std::enable_shared_from_this<FontCore> {
+public:
+    explicit FontCore(const std::vector<std::filesystem::path>* folders);   // null: those of the machine
+    ~FontCore();
+
+    // These take the lock.
+    std::optional<std::string> addFile(const std::filesystem::path& file);
+    std::optional<Font> find(std::string_view name, double sizePx);
+    std::optional<Font> anyInFamily(std::string_view family, double weight, double sizePx);
+    // The first of all; a font without glyphs where the machine has none at all.
+    Font first(double sizePx);
+
+    Font fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint32_t, double> variations);
+    // The face of the family of `like` with its slope and width whose weight is nearest.
+    std::size_t nearestInFamily(const Face& like, double weight) const;
+    std::optional<std::size_t> faceInFamily(std::string_view family, double weight) const;
+
+    static Owned<PangoFontDescription> description(const FontData& font);
+    PangoContext* context() { return context_.get(); }
+    const std::vector<FaceRef>& faces() const { return faces_; }
+
+    std::mutex mutex;
+
+private:
+    void takeFaces(const FcFontSet& set);
+    void settle(FcPattern* pattern) const;
+
+    Owned<FcConfig> config_;
+    Owned<PangoFontMap> map_;
+    Owned<PangoContext> context_;
+    std::vector<FaceRef> faces_;
+    std::unordered_map<std::string, std::size_t> byName_;   // PostScript and full names, lowered
+    std::unordered_map<std::string, std::vector<std::size_t>> byFamily_;       // lowered
+    std::map<std::filesystem::path, std::optional<std::string>> addedFiles_;   // with what adding them gave
+    std::vector<std::string> fallbackFamilies_;
+};
+
+// Weight traits against weights as CSS counts them.
+double traitOfWeight(double weight);
+double weightOfTrait(double trait);
+
+std::string loweredAscii(std::string_view text);
+
+}   // namespace tavix::text
