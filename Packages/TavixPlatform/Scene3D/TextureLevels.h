@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <vector>
 
+namespace tavix::imaging {
+class Workshop;
+}
+
 namespace tavix::scene3d {
 
 // Level 0 is the bitmap itself, sRGB-encoded bytes. The others hold linear light in 16 bits, blue, green, red
@@ -22,5 +26,8 @@ struct TextureLevels {
     std::vector<std::uint16_t> texels;
     bool isMade = false;   // the smaller levels are those of the bitmap
 };
+
+// Fills levels 1 and up with means in linear light, unless they stand.
+void makeSmallerLevels(TextureLevels& texture, imaging::Workshop& workshop);
 
 }   // namespace tavix::scene3d

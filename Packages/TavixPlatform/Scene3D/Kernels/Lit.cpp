@@ -1,0 +1,219 @@
+// Light on physically based surfaces: GGX (Walter et al., 2007) with the height-correlated shadowing of Smith
+// (Heitz, 2014) over a matte base, under an optional clear lacquer of the same kind. What the upper layer
+// sends back, the lower one does not get.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "TavixPlatform/Scene3D/Kernels/Lit.cpp"
+#include <hwy/foreach_target.h>
+
+#include "TavixPlatform/Scene3D/Kernels/Lookups-inl.h"
+#include "TavixPlatform/Scene3D/Kernels/Surfaces-inl.h"
+
+#include <algorithm>
+
+HWY_BEFORE_NAMESPACE();
+namespace tavix::scene3d::HWY_NAMESPACE {
+
+constexpr float inversePi = 0.31830988618f;
+constexpr float leastRoughness = 0.045f;   // keeps a highlight wider than rounding errors
+
+struct Points {
+    Lanes3 position, normal, eye;   // `eye`: unit, towards the camera
+    FloatVector facing;             // cosine between normal and eye, above 0
+    FloatVector variance;           // of the normal
+};
+
+// Interpolates what triangles give, and follows the rays back into the world.
+HWY_INLINE Points pointsOf(
+    const Shades& shades, const View& camera, const Request* requests, std::size_t count) {
+    const Floats d;
+    const Four four;
+    HWY_ALIGN float attributes[mostLanes * 4], x[mostLanes], y[mostLanes], variance[mostLanes];
+    for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
+        const Request& r = requests[i < count ? i : 0];   // lanes without a request repeat the first
+        const Triangle& t = *r.triangle;
+        const Vec2 place = placeOf(shades, r), offset = fromAnchor(t, place);
+        x[i] = place.x;
+        y[i] = place.y;
+        variance[i] = t.normalVariance;
+        const FourVector value = hn::Add(hn::Add(hn::Mul(hn::Load(four, &t.perX.nx), hn::Set(four, offset.x)),
+                                             hn::Mul(hn::Load(four, &t.perY.nx), hn::Set(four, offset.y))),
+            hn::Load(four, &t.atAnchor.nx));
+        hn::Store(value, four, attributes + i * 4);
+    }
+    Points p;
+    FloatVector inverseDepth;
+    hn::LoadInterleaved4(d, attributes, p.normal.x, p.normal.y, p.normal.z, inverseDepth);
+    const FloatVector perPixel = constant(1 / camera.focalPx);
+    const FloatVector rayX = times(minus(hn::Load(d, x), constant(0.5f * float(camera.widthPx))), perPixel);
+    const FloatVector rayY = times(minus(hn::Load(d, y), constant(0.5f * float(camera.heightPx))), perPixel);
+    const Lanes3 ray = plus(constant(camera.forward),
+        plus(times(constant(camera.right), rayX), times(constant(camera.up), rayY)));
+    const FloatVector depth = inverse(hn::Max(inverseDepth, constant(1e-9f)));
+    p.position = plus(constant(camera.eye), times(ray, depth));
+    p.eye = normalized(times(ray, constant(-1)));
+    p.normal = normalized(p.normal);
+    p.facing = hn::Max(dot(p.normal, p.eye), constant(1e-3f));
+    p.variance = hn::Load(d, variance);
+    return p;
+}
+
+// A roughness widened by how much the normal varies within the pixel, so that small bevels do not sparkle.
+struct Gloss {
+    FloatVector alpha2;   // GGX's alpha, squared
+    FloatVector roughness;
+};
+HWY_INLINE Gloss glossOf(float roughness, FloatVector variance) {
+    const float r = std::max(roughness, leastRoughness), alpha = r * r;
+    const FloatVector widened = hn::Min(hn::Add(variance, variance), constant(0.18f));
+    Gloss gloss;
+    gloss.alpha2 = hn::Min(hn::Add(constant(alpha * alpha), widened), constant(1));
+    gloss.roughness = hn::Sqrt(hn::Sqrt(gloss.alpha2));
+    return gloss;
+}
+
+// The part of the reflection that the light's direction decides: distribution times visibility.
+HWY_INLINE FloatVector lobe(FloatVector alpha2, FloatVector nh, FloatVector nl, FloatVector nv) {
+    const FloatVector one = constant(1);
+    const FloatVector base = sumOf(squared(nh), minus(alpha2, one), one);
+    const FloatVector distribution =
+        hn::Div(times(alpha2, constant(inversePi)), hn::Max(squared(base), constant(1e-12f)));
+    const FloatVector rest = minus(one, alpha2);
+    const FloatVector shadowing = plus(times(nl, hn::Sqrt(sumOf(squared(nv), rest, alpha2))),
+        times(nv, hn::Sqrt(sumOf(squared(nl), rest, alpha2))));
+    return times(distribution, hn::Div(constant(0.5f), hn::Max(shadowing, constant(1e-6f))));
+}
+
+HWY_INLINE FloatVector fifthPower(FloatVector v) {
+    const FloatVector v2 = squared(v);
+    return times(squared(v2), v);
+}
+
+// Without reflectance towards the normal there is none at a grazing angle either.
+HWY_INLINE float grazingReflectance(const Surface& surface) {
+    const Vec3& f0 = surface.reflectance;
+    return std::min(50 * std::max({f0.x, f0.y, f0.z}), 1.0f);
+}
+
+// A surface under one direction of view: how its layers share the light.
+struct Layers {
+    Gloss base, coat;
+    Lanes3 matte;    // colour of the matte part
+    Lanes3 gain;     // energy that repeated bounces give back to the metal (Turquin, 2019)
+    Lanes3 glossy;   // light from everywhere by the glossy part
+    FloatVector coatGlossy;
+    FloatVector underCoat;   // share of the light that passes the lacquer
+};
+
+HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, const Points& p) {
+    const FloatVector one = constant(1);
+    Layers layers;
+    layers.base = glossOf(surface.roughness, p.variance);
+    const ReflectancePair pair = reflectanceAt(*light.reflectance, layers.base.roughness, p.facing);
+    const Lanes3 f0 = constant(surface.reflectance);
+    const FloatVector lost = minus(inverse(hn::Max(plus(pair.scale, pair.bias), constant(0.1f))), one);
+    const FloatVector bias = times(pair.bias, constant(grazingReflectance(surface)));
+    const auto channel = [&](FloatVector f, FloatVector& gain, FloatVector& glossy) HWY_ATTR {
+        gain = sumOf(f, lost, one);
+        glossy = times(sumOf(f, pair.scale, bias), gain);
+    };
+    channel(f0.x, layers.gain.x, layers.glossy.x);
+    channel(f0.y, layers.gain.y, layers.glossy.y);
+    channel(f0.z, layers.gain.z, layers.glossy.z);
+    const Lanes3 diffuse = constant(surface.diffuse);
+    layers.matte = {times(diffuse.x, minus(one, layers.glossy.x)),
+        times(diffuse.y, minus(one, layers.glossy.y)), times(diffuse.z, minus(one, layers.glossy.z))};
+    if (surface.clearcoat > 0) {
+        layers.coat = glossOf(surface.clearcoatRoughness, p.variance);
+        const ReflectancePair coat = reflectanceAt(*light.reflectance, layers.coat.roughness, p.facing);
+        layers.coatGlossy = times(sumOf(constant(0.04f), coat.scale, coat.bias), constant(surface.clearcoat));
+        layers.underCoat = minus(one, layers.coatGlossy);
+    }
+    return layers;
+}
+
+HWY_INLINE Lanes3 fromSurroundings(
+    const Illumination& light, const Surface& surface, const Points& p, const Layers& layers) {
+    const FloatVector twice = times(constant(2), dot(p.normal, p.eye));
+    const Lanes3 mirrored = minus(times(p.normal, twice), p.eye);
+    const Lanes3 reflection = environmentAt(light, mirrored, layers.base.roughness);
+    const Lanes3 ambient = irradianceAt(*light.surroundings.environment, p.normal);
+    Lanes3 sum = plus(times(layers.matte, ambient), times(layers.glossy, reflection));
+    if (surface.clearcoat > 0) {
+        const Lanes3 coat = environmentAt(light, mirrored, layers.coat.roughness);
+        sum = plus(times(sum, layers.underCoat), times(coat, layers.coatGlossy));
+    }
+    return times(sum, constant(light.surroundings.intensity));
+}
+
+HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Points& p, const Layers& layers) {
+    const FloatVector one = constant(1), zero = constant(0);
+    Lanes3 towards;
+    FloatVector strength = one;
+    if (lamp.kind == Lamp::Kind::directional) {
+        towards = times(constant(lamp.axis), constant(-1));
+    } else {
+        const Lanes3 path = minus(constant(lamp.position), p.position);
+        const FloatVector square = hn::Max(dot(path, path), constant(1e-12f));
+        towards = times(path, inverse(hn::Sqrt(square)));
+        strength = attenuation(lamp, square);
+        if (lamp.kind == Lamp::Kind::spot) {
+            const FloatVector along = minus(zero, dot(towards, constant(lamp.axis)));
+            const FloatVector cone =
+                unit(times(minus(along, constant(lamp.outerCosine)), constant(lamp.inverseConeWidth)));
+            strength = times(strength, squared(cone));
+        }
+    }
+    const FloatVector cosine = dot(p.normal, towards);
+    strength = times(strength, hn::Max(cosine, zero));
+    const auto isLit = hn::Gt(strength, zero);
+    if (hn::AllFalse(Floats(), isLit)) return {zero, zero, zero};
+    if (lamp.shadow) strength = times(strength, litFraction(*lamp.shadow, p.position, p.normal));
+
+    const FloatVector nl = hn::Max(cosine, constant(1e-4f));
+    const Lanes3 half = normalized(plus(towards, p.eye));
+    const FloatVector nh = unit(dot(p.normal, half)), away = minus(one, unit(dot(towards, half)));
+    const FloatVector schlick = fifthPower(away);
+    const FloatVector base = lobe(layers.base.alpha2, nh, nl, p.facing);
+    const Lanes3 f0 = constant(surface.reflectance);
+    const float grazing = grazingReflectance(surface);
+    const auto channel = [&](FloatVector matte, FloatVector f, FloatVector gain) HWY_ATTR {
+        const FloatVector fresnel = sumOf(minus(constant(grazing), f), schlick, f);
+        return sumOf(times(base, fresnel), gain, times(matte, constant(inversePi)));
+    };
+    Lanes3 sum = {channel(layers.matte.x, f0.x, layers.gain.x), channel(layers.matte.y, f0.y, layers.gain.y),
+        channel(layers.matte.z, f0.z, layers.gain.z)};
+    if (surface.clearcoat > 0) {
+        const FloatVector fresnel =
+            times(sumOf(constant(0.96f), schlick, constant(0.04f)), constant(surface.clearcoat));
+        const FloatVector coat = times(lobe(layers.coat.alpha2, nh, nl, p.facing), fresnel);
+        sum = times(sum, layers.underCoat);
+        sum = plus(sum, Lanes3{coat, coat, coat});
+    }
+    return times(times(sum, constant(lamp.power)), strength);
+}
+
+void shadeLit(const Shades& shades, const Illumination& light, const Surface& surface,
+    const Request* requests, std::size_t count) {
+    const std::size_t lanes = hn::Lanes(Floats());
+    for (std::size_t i = 0; i < count; i += lanes) {
+        const std::size_t rest = std::min(lanes, count - i);
+        const Points points = pointsOf(shades, light.camera, requests + i, rest);
+        const Layers layers = layersOf(light, surface, points);
+        Lanes3 sum = {constant(0), constant(0), constant(0)};
+        if (light.surroundings.environment) sum = fromSurroundings(light, surface, points, layers);
+        for (const Lamp& lamp : light.lamps) sum = plus(sum, fromLamp(lamp, surface, points, layers));
+        addLight(shades, requests + i, rest, sum);
+    }
+}
+
+void fillLit(SceneKernels& table) { table.shadeLit = shadeLit; }
+
+}   // namespace tavix::scene3d::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace tavix::scene3d {
+HWY_EXPORT(fillLit);
+void fillLitKernels(SceneKernels& table) { HWY_DYNAMIC_DISPATCH(fillLit)(table); }
+}   // namespace tavix::scene3d
+#endif

@@ -1,0 +1,157 @@
+#include "TavixPlatform/Scene3D/Renderer.h"
+
+#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Scene3D/LightStage.h"
+#include "TavixPlatform/Scene3D/SceneError.h"
+#include "TavixPlatform/Scene3D/TileStage.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace tavix::scene3d {
+
+namespace {
+
+constexpr std::size_t mostIdleBytes = 256u << 20;
+
+View viewOf(const Scene& scene, imaging::Size size) {
+    if (!scene.camera || !scene.camera->camera)
+        throw SceneError("The scene has no camera; give it an entity with one.");
+    const PerspectiveCamera& camera = *scene.camera->camera;
+    const Affine3 world = scene.camera->worldTransform();
+    const SineCosine half = sineCosine(std::clamp(double(camera.fieldOfViewDeg), 0.01, 179.0) / 2);
+    View view;
+    view.eye = world.origin();
+    view.right = normalized(world.axis(0));
+    view.up = normalized(world.axis(1));
+    view.forward = normalized(world.axis(2)) * -1;
+    view.focalPx = float(size.height / 2.0 * half.cosine / half.sine);
+    view.widthPx = size.width;
+    view.heightPx = size.height;
+    view.near = std::max(camera.near, 1e-5f);
+    view.far = camera.far;
+    return view;
+}
+
+}   // namespace
+
+HalfPicture::HalfPicture(imaging::Size size, const std::shared_ptr<imaging::BytePool>& pool)
+    : size_(size), bytes_(imaging::takeBytes(std::size_t(size.width) * std::size_t(size.height) * 8, pool)) {}
+
+struct Renderer::Impl {
+    explicit Impl(const RendererOptions& options)
+        : workshop({.threadCount = options.threadCount, .cacheBytes = 0}), kernels(bestSceneKernels()),
+          pool(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
+
+    // Everything up to the tiles. Gives the region that has pixels.
+    imaging::PixelRegion prepare(const Scene& scene, const Pass& pass);
+    void makeSurfaces();
+    // Calls write(pixels of the tile, sums of the tile) for the tiles of the region, on many threads.
+    template <class Write> void drawTiles(const imaging::PixelRegion& region, const Write& write);
+
+    imaging::Workshop workshop;
+    SceneKernels kernels;
+    std::shared_ptr<imaging::BytePool> pool;
+    DrawList list;
+    LightStage lightStage;
+    ScreenGeometry geometry;
+    std::vector<FrameSurface> surfaces;
+    const SamplePattern* pattern = nullptr;
+    const Illumination* light = nullptr;
+};
+
+imaging::PixelRegion Renderer::Impl::prepare(const Scene& scene, const Pass& pass) {
+    const imaging::Size size = pass.size;
+    if (size.width < 1 || size.height < 1 || size.width > Pass::mostSidePx || size.height > Pass::mostSidePx)
+        throw SceneError("A picture of " + std::to_string(size.width) + " x " + std::to_string(size.height) +
+                         " pixels cannot be drawn; give it 1 to " + std::to_string(Pass::mostSidePx) +
+                         " on a side.");
+    const View view = viewOf(scene, size);
+    if (!scene.root) return {};
+    pattern = pass.samples == Samples::four ? &fourPerPixel() : &onePerPixel();
+    list.gather(*scene.root);
+    geometry.build(list, view, *pattern, kernels, workshop);
+    if (geometry.region().isEmpty()) return {};
+    makeSurfaces();
+    light = &lightStage.prepare(list, view, scene.environment, kernels, workshop);
+    return geometry.region();
+}
+
+void Renderer::Impl::makeSurfaces() {
+    surfaces.clear();
+    for (const Material* material : list.materials) {
+        if (const auto* lit = std::get_if<PhysicallyBased>(material)) {
+            surfaces.emplace_back(surfaceOf(*lit));
+            continue;
+        }
+        const auto& unlit = std::get<Unlit>(*material);
+        TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
+        if (texture) makeSmallerLevels(*texture, workshop);
+        // A texture without a picture is black.
+        const bool isBlack = texture && texture->count == 0;
+        const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
+        surfaces.emplace_back(
+            TexturedSurface{isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups()});
+    }
+}
+
+template <class Write>
+void Renderer::Impl::drawTiles(const imaging::PixelRegion& region, const Write& write) {
+    const TileStage stage{kernels, *pattern, geometry, *light, surfaces, region};
+    const int firstX = region.x0 / tilePx, firstY = region.y0 / tilePx;
+    struct Job {
+        const TileStage& stage;
+        const Write& write;
+        int firstX, firstY, across;
+    } job{stage, write, firstX, firstY, (region.x1 - 1) / tilePx - firstX + 1};
+    const int rows = (region.y1 - 1) / tilePx - firstY + 1;
+    workshop.forEach(job.across * rows, [&job](int i, imaging::Scratch& scratch) {
+        const int tileX = job.firstX + i % job.across, tileY = job.firstY + i / job.across;
+        const int tile = tileY * job.stage.geometry.tilesAcross() + tileX;
+        const imaging::PixelRegion pixels = job.stage.pixelsOf(tile);
+        const TileStage::Sums sums = job.stage.draw(tile, scratch);
+        for (int y = pixels.y0; y < pixels.y1; ++y) {
+            const auto first = std::size_t((y % tilePx) * tilePx + pixels.x0 % tilePx);
+            job.write(
+                pixels.x0, y, sums.light + first * 4, sums.covered + first, std::size_t(pixels.width()));
+        }
+    });
+}
+
+Renderer::Renderer(const RendererOptions& options) : impl_(std::make_unique<Impl>(options)) {}
+Renderer::~Renderer() = default;
+Renderer::Renderer(Renderer&&) noexcept = default;
+Renderer& Renderer::operator=(Renderer&&) noexcept = default;
+
+LinearFrame Renderer::renderLinear(const Scene& scene, const Pass& pass) {
+    LinearFrame frame;
+    frame.region = impl_->prepare(scene, pass);
+    if (frame.region.isEmpty()) return frame;
+    frame.pixels = HalfPicture({frame.region.width(), frame.region.height()}, impl_->pool);
+    const float perSample = 1 / float(impl_->pattern->samplesPerPixel());
+    impl_->drawTiles(frame.region, [&](int x, int y, const float* sums, const std::uint8_t* covered,
+                                       std::size_t count) {
+        std::uint16_t* row = frame.pixels.row(frame.region.y1 - 1 - y) + std::size_t(x - frame.region.x0) * 4;
+        impl_->kernels.resolveHalf(row, sums, covered, perSample, count);
+    });
+    return frame;
+}
+
+EncodedFrame Renderer::renderEncoded(const Scene& scene, const Pass& pass) {
+    EncodedFrame frame;
+    frame.region = impl_->prepare(scene, pass);
+    if (frame.region.isEmpty()) return frame;
+    frame.pixels = imaging::Bitmap::uninitialised({frame.region.width(), frame.region.height()}, impl_->pool);
+    const imaging::BitmapView view = frame.pixels.view();
+    const float perSample = 1 / float(impl_->pattern->samplesPerPixel());
+    impl_->drawTiles(
+        frame.region, [&](int x, int y, const float* sums, const std::uint8_t* covered, std::size_t count) {
+            auto* row =
+                reinterpret_cast<std::uint32_t*>(view.row(frame.region.y1 - 1 - y)) + (x - frame.region.x0);
+            impl_->kernels.resolveBytes(row, sums, covered, perSample, count);
+        });
+    return frame;
+}
+
+}   // namespace tavix::scene3d

@@ -1,0 +1,35 @@
+// Tiles of a frame, from triangles to pixels. Inside the library only.
+#pragma once
+
+#include "TavixPlatform/Imaging/Geometry.h"
+#include "TavixPlatform/Imaging/Tile.h"
+#include "TavixPlatform/Scene3D/Geometry.h"
+#include "TavixPlatform/Scene3D/Kernels/SceneKernels.h"
+
+#include <variant>
+#include <vector>
+
+namespace tavix::scene3d {
+
+using FrameSurface = std::variant<Surface, TexturedSurface>;   // of a material
+
+struct TileStage {
+    const SceneKernels& kernels;
+    const SamplePattern& pattern;
+    const ScreenGeometry& geometry;
+    const Illumination& light;
+    const std::vector<FrameSurface>& surfaces;   // by material
+    imaging::PixelRegion region;                 // what is drawn; within the frame
+
+    // The sums of a tile, and how many samples of each of its pixels are covered: both row by row.
+    struct Sums {
+        const float* light;
+        const std::uint8_t* covered;
+    };
+    // The part of a tile that lies in the region.
+    imaging::PixelRegion pixelsOf(int tile) const;
+    // In memory of the scratch. Nothing is covered where no triangle is.
+    Sums draw(int tile, imaging::Scratch& scratch) const;
+};
+
+}   // namespace tavix::scene3d
