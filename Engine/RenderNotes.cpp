@@ -15,7 +15,7 @@ constexpr std::string_view doneMark =
 
 bool isDrawn(const LayerContent& content) {
     return std::holds_alternative<BackgroundFill>(content) || std::holds_alternative<ShapeContent>(content) ||
-           std::holds_alternative<ImageContent>(content);
+           std::holds_alternative<ImageContent>(content) || std::holds_alternative<VideoContent>(content);
 }
 
 }   // namespace
@@ -34,7 +34,7 @@ void RenderNotes::warnOfUndrawnLayers(const CompositionSpec& spec) {
     for (const CompositionScene& scene : spec.scenes)
         for (const CompositionLayer& layer : scene.layers) count += isDrawn(layer.content) ? 0 : 1;
     if (count == 0) return;
-    warn("Text, device and video layers are not drawn yet; " +
+    warn("Text and device layers are not drawn yet; " +
          (count == 1 ? std::string("one is") : std::to_string(count) + " are") + " left out.");
 }
 

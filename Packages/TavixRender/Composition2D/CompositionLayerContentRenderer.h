@@ -15,6 +15,8 @@ public:
 
     // Seconds since the layer's start; nothing when the layer shows nothing at that time.
     virtual std::optional<imaging::Image> contentImage(double localSec) = 0;
+    // The layer is out of sight, perhaps for good: gives up what takes memory and can be had again.
+    virtual void rest() {}
     // True for content that only the main thread can draw.
     virtual bool needsMainActorRender() const { return false; }
 };

@@ -3,6 +3,7 @@
 
 #include "TavixCore/Composition/CompositionLayer.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"
 
 #include <filesystem>
@@ -16,6 +17,7 @@ struct LayerBuild {
     std::optional<std::filesystem::path> assetRoot;
     imaging::Evaluator& evaluator;
     StillImageCache& images;
+    RenderLog log = {};   // told while frames are drawn too
 };
 
 // The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.

@@ -5,6 +5,7 @@
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
+#include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 
 #include <algorithm>
@@ -29,6 +30,8 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
         return std::make_unique<ShapeCompositionLayer>(*shape, layer, build);
     if (const auto* image = std::get_if<ImageContent>(&layer.content))
         return std::make_unique<ImageCompositionLayer>(*image, layer, build);
+    if (const auto* video = std::get_if<VideoContent>(&layer.content))
+        return std::make_unique<VideoCompositionLayer>(*video, build);
     return std::make_unique<BlankCompositionLayer>();
 }
 
@@ -58,10 +61,11 @@ ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const RenderLog& log)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
-    StillImageCache images(log);
+    const RenderLog told = onceEach(log);
+    StillImageCache images(told);
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    const LayerBuild build{bounds_, assetRoot ? assetRoot : documentRoot, evaluator, images};
+    const LayerBuild build{bounds_, assetRoot ? assetRoot : documentRoot, evaluator, images, told};
     buildBackgrounds(build);
     buildLayers(build);
 }
@@ -94,6 +98,7 @@ Image ResolvedComposition::frame(double globalSec) {
     const auto sample = timeline_.sample(globalSec);
     if (!sample) return Image::solid(imaging::Color::black()).cropped(bounds_);
     const std::size_t from = sample->outgoing.index;
+    restAllBut(from, sample->incoming ? sample->incoming->index : from);
     const Image outgoing = renderScene(from, sample->outgoing.localSeconds);
     const auto& transition = spec_.scenes[from].transition;
     if (!sample->incoming || !transition) return outgoing;
@@ -102,6 +107,14 @@ Image ResolvedComposition::frame(double globalSec) {
     const double eased = KineticMath::evaluate(transition->curve, elapsedSec, transition->durationSec).value;
     return TransitionBlend::blend(
         {outgoing, incoming, bounds_}, eased, transition->style, transition->params);
+}
+
+void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming) {
+    const auto now = std::pair(outgoing, incoming), before = std::exchange(shownScenes_, now);
+    if (now == before) return;
+    for (const std::size_t scene : {before.first, before.second})
+        if (scene != outgoing && scene != incoming)
+            for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
 }
 
 Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavix {
@@ -51,12 +52,14 @@ public:
 private:
     void buildBackgrounds(const LayerBuild& build);
     void buildLayers(const LayerBuild& build);
+    void restAllBut(std::size_t outgoing, std::size_t incoming);
 
     CompositionSpec spec_;
     CompositionTimeline timeline_;
     imaging::Rect bounds_;
     std::vector<imaging::Image> backgrounds_;
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
+    std::pair<std::size_t, std::size_t> shownScenes_{0, 0};   // of the last frame; one twice, or two
     bool needsMainActorRender_ = false;
 };
 

@@ -78,6 +78,13 @@ std::optional<imaging::Image> SequentialClipReader::rapidAnswer(double wanted) {
     return image;
 }
 
+void SequentialClipReader::rest() {
+    if (frames_) needsRewind_ = true;
+    frames_.reset();
+    pending_.reset();
+    randomAccess_.reset();
+}
+
 // Starts anew where walking on from the last request would not get there, or not soon. The first request
 // counts as a step from the trim's start.
 bool SequentialClipReader::jumpFor(double wanted, bool approximate) {

@@ -38,6 +38,9 @@ public:
     // of the film it is the last picture. `approximate` asks for whatever is quick instead of the exact one.
     std::optional<imaging::Image> frame(double atClipSeconds, bool approximate = false);
 
+    // Closes the decoders. The next request opens what it needs.
+    void rest();
+
 private:
     using Picture = std::optional<media::VideoFrame>;
     enum class Hold { keep, drop };   // the old picture, while a new one is looked for
