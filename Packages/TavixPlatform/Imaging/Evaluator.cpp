@@ -46,4 +46,14 @@ Image Evaluator::baked(const Image& image, const PixelRegion& bounds) {
     return Image(makeBitmap(std::move(bitmap), region.x0 + kept.x0, region.y1 - kept.y1, image.extent()));
 }
 
+Image Evaluator::drawnForFrame(const Image& image, const PixelRegion& bounds) {
+    const PixelRegion region = intersection(image.node()->support(), bounds);
+    if (region.isEmpty()) return Image();
+    const auto bitmap = std::make_shared<Bitmap>(
+        Bitmap::uninitialised({region.width(), region.height()}, impl_->workshop.pool()));
+    impl_->workshop.drawInto(image.node(), Tile::of(bitmap->view(), region));
+    bitmap->indexCoverage();
+    return Image(makeBitmap(bitmap, region.x0, region.y0, image.extent()));
+}
+
 }   // namespace tavix::imaging

@@ -29,6 +29,9 @@ public:
     // The same picture with its pixels computed now: what to do once with what does not change in time.
     // The extent stays; only the part inside `bounds` is kept. An empty image stays empty.
     Image baked(const Image& image, const PixelRegion& bounds);
+    // As `baked`, for what one frame needs: results of other pictures stay kept, and the memory serves the
+    // next frame once nobody shows this one any more.
+    Image drawnForFrame(const Image& image, const PixelRegion& bounds);
 
     struct Impl;
     Impl& impl() { return *impl_; }

@@ -86,10 +86,11 @@ TEST(Evaluator, BakesAPictureIntoTheSamePicture) {
     for (int round = 0; round < 150; ++round) {
         SCOPED_TRACE(round);
         const Image image = randomImage(random, 1 + round % 4);
-        const Image baked = evaluator.baked(image, frame);
-        ASSERT_EQ(pixelsOf(evaluator, baked, frame), pixelsOf(evaluator, image, frame));
-        if (!baked.isEmpty()) {
-            ASSERT_EQ(baked.extent(), image.extent());
+        for (const Image& drawn : {evaluator.baked(image, frame), evaluator.drawnForFrame(image, frame)}) {
+            ASSERT_EQ(pixelsOf(evaluator, drawn, frame), pixelsOf(evaluator, image, frame));
+            if (!drawn.isEmpty()) {
+                ASSERT_EQ(drawn.extent(), image.extent());
+            }
         }
     }
 }
