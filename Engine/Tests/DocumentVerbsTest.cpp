@@ -68,7 +68,7 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         std::size_t count;
     } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
         {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"motions", "rise-up", 111},
-        {"formations", "fanDeck", 9}};
+        {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.family);
         EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));
@@ -104,6 +104,20 @@ TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {
     const Json formation = json({"presets", "formations", "fanDeck", "--count", "6", "--json"});
     EXPECT_EQ(formation.find("layers")->array()->size(), 6u);
     EXPECT_EQ(*formation.find("durationSec"), Json(2.8));
+}
+
+TEST_F(EngineTest, ShowsWhatAKineticPresetBecomes) {
+    const Json slam = json({"presets", "kinetic", "slam", "--speed", "SNAP", "--intensity", "high",
+        "--weight", "elegant", "--seed", "-4"});
+    EXPECT_EQ(*slam.find("notes"), Json(JsonArray{}));
+    const Json& style = *slam.find("style");
+    EXPECT_EQ(*style.find("inPhase")->find("durationSec"), Json(0.3 * 0.65));
+    EXPECT_EQ(*style.find("weight"), Json("elegant"));
+    EXPECT_EQ(*style.find("idle")->find("seed"), Json(-4));
+    const Json cascade =
+        json({"presets", "kinetic", "char-cascade", "--text", "a text of six words or more", "--json"});
+    EXPECT_EQ(*cascade.find("style")->find("scope"), Json("line"));
+    EXPECT_EQ(cascade.find("notes")->array()->size(), 2u);
 }
 
 TEST_F(EngineTest, SheetsAreBoundedWhateverTheFilm) {

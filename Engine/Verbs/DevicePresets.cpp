@@ -1,45 +1,16 @@
 #include "Engine/Verbs/DevicePresets.h"
 
-#include "Engine/Arguments.h"
 #include "Engine/Errors.h"
 #include "Engine/NearestWord.h"
+#include "Engine/Verbs/PlayArguments.h"
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
 #include "TavixCore/Support/Document.h"
 
-#include <algorithm>
-#include <array>
-
 namespace tavix::engine {
 
 namespace {
-
-using Direction = DeviceMotionParams::Direction;
-
-// A number that says how a preset is played; `family` is empty for both.
-struct PlayOption {
-    std::string_view name, key, placeholder, meaning, family;
-};
-
-constexpr std::array<PlayOption, 7> playOptions{{
-    {"--duration", "durationSec", "SEC", "Length; its own without this.", {}},
-    {"--intensity", "intensity", "N", "How strong; 1 is usual.", {}},
-    {"--anchor-x", "anchorX", "FRACTION", "A motion's shift aside, of the canvas height.",
-        DevicePresets::motionFamily},
-    {"--face-inward", "faceInwardDeg", "DEG", "Turn of a shifted device towards the middle.",
-        DevicePresets::motionFamily},
-    {"--start-at", "startAtSec", "SEC", "When a motion starts.", DevicePresets::motionFamily},
-    {"--spread", "spread", "N", "How wide a formation is; 1 is usual.", DevicePresets::formationFamily},
-    {"--stagger", "staggerSec", "SEC", "Time between one device of a formation and the next.",
-        DevicePresets::formationFamily},
-}};
-
-void requireFamily(std::string_view option, std::string_view its, std::string_view asked) {
-    if (its.empty() || its == asked) return;
-    throw UsageError(std::string(option) + " goes with presets " + std::string(its) + ", not with " +
-                     std::string(asked) + ".");
-}
 
 std::string summary(std::string_view title, std::string_view kind, double lengthSec, bool isInSpace) {
     return std::string(title) + ": " + std::string(kind) + ", " + writeJson(lengthSec) + " s, " +
@@ -60,37 +31,6 @@ DeviceChoreographyPreset formationNamed(const std::string& name) {
 }
 
 }   // namespace
-
-void DevicePlayArguments::declare(Arguments& arguments) {
-    numbers_.resize(playOptions.size());
-    for (std::size_t i = 0; i < playOptions.size(); ++i)
-        arguments.number(
-            playOptions[i].name, numbers_[i], playOptions[i].placeholder, playOptions[i].meaning);
-    arguments.wholeNumber("--count", count_, 2, 8, "N", "How many devices a formation has.");
-    std::vector<std::pair<std::string_view, std::string>> words;
-    for (const std::string_view word : allNames<Direction>()) words.emplace_back(word, word);
-    arguments.choice("--direction", direction_, std::move(words), "Which way round.");
-}
-
-bool DevicePlayArguments::isEmpty() const {
-    return !count_ && !direction_ &&
-           std::ranges::none_of(numbers_, [](const auto& number) { return number.has_value(); });
-}
-
-Json DevicePlayArguments::params(std::string_view family) const {
-    JsonObject params;
-    for (std::size_t i = 0; i < numbers_.size(); ++i) {
-        if (!numbers_[i]) continue;
-        requireFamily(playOptions[i].name, playOptions[i].family, family);
-        params.set(playOptions[i].key, *numbers_[i]);
-    }
-    if (count_) {
-        requireFamily("--count", DevicePresets::formationFamily, family);
-        params.set("count", *count_);
-    }
-    if (direction_) params.set("direction", *direction_);
-    return params;
-}
 
 namespace DevicePresets {
 
@@ -121,17 +61,17 @@ std::vector<Preset> formations() {
     return presets;
 }
 
-Json expandedMotion(const std::string& name, const DevicePlayArguments& arguments) {
+Json expandedMotion(const std::string& name, const PlayArguments& play) {
     const DeviceMotionPreset preset = motionNamed(name);
     return Codec<DeviceMotion>::write(DeviceMotionExpander::expand(
-        preset, decodeValue<DeviceMotionParams>(arguments.params(motionFamily))));
+        preset, decodeValue<DeviceMotionParams>(play.deviceParams(PresetFamily::motions))));
 }
 
-Json expandedFormation(const std::string& name, const DevicePlayArguments& arguments) {
+Json expandedFormation(const std::string& name, const PlayArguments& play) {
     CompositionLayer source;
     source.content = DeviceContent{};
     const DeviceChoreography formation = *DeviceChoreographyExpander::expand(formationNamed(name), source, {},
-        decodeValue<DeviceChoreographyParams>(arguments.params(formationFamily)));
+        decodeValue<DeviceChoreographyParams>(play.deviceParams(PresetFamily::formations)));
     return JsonObject{{"durationSec", formation.durationSec},
         {"layers", Codec<std::vector<CompositionLayer>>::write(formation.layers)}};
 }

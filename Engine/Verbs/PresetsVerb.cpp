@@ -3,6 +3,8 @@
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
+#include "Engine/Verbs/DevicePresets.h"
+#include "Engine/Verbs/KineticPresets.h"
 #include "TavixCore/Composition/LayerEffect.h"
 #include "TavixCore/Composition/TransitionStyle.h"
 #include "TavixCore/Geometry/TimingCurve.h"
@@ -21,7 +23,7 @@ namespace {
 struct Family {
     std::string_view name, usage;
     std::vector<Preset> (*list)();
-    Json (*expanded)(const std::string& name, const DevicePlayArguments& play) = nullptr;
+    Json (*expanded)(const std::string& name, const PlayArguments& play) = nullptr;
 };
 
 std::vector<Preset> backgrounds() {
@@ -93,10 +95,12 @@ constexpr Family families[] = {
     {"effects", R"({"kind": "glow", "intensity": 0.5} in a layer's "effects")", effects},
     {"transitions", R"({"style": "push", "durationSec": 0.5} as a scene's "transition")", transitions},
     {"curves", R"({"kind": "bezier", "x1": 0.22, "y1": 1, "x2": 0.36, "y2": 1})", curves},
-    {DevicePresets::motionFamily, R"("motionPreset": {"preset": "rise-up"} in a layer's "device")",
+    {PresetFamily::motions, R"("motionPreset": {"preset": "rise-up"} in a layer's "device")",
         DevicePresets::motions, DevicePresets::expandedMotion},
-    {DevicePresets::formationFamily, R"("choreographyPreset": {"preset": "fanDeck"} in a layer's "device")",
+    {PresetFamily::formations, R"("choreographyPreset": {"preset": "fanDeck"} in a layer's "device")",
         DevicePresets::formations, DevicePresets::expandedFormation},
+    {PresetFamily::kinetic, R"("kinetic": {"preset": "word-pop"} in a layer's "text")", KineticPresets::all,
+        KineticPresets::resolved},
 };
 
 std::vector<std::string_view> familyNames() {
@@ -139,7 +143,8 @@ std::string tableOf(const std::vector<Preset>& presets, std::string_view usage) 
 void PresetsVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("family", family_, "One of " + listed(familyNames()) + ".",
         "presets needs a family: " + listed(familyNames()) + ".");
-    arguments.positional("name", name_, "A motion or a formation, to see what it becomes in a document.");
+    arguments.positional(
+        "name", name_, "A motion, a formation or an animation of text, to see what it becomes.");
     play_.declare(arguments);
     arguments.jsonFlag(terminal);
 }
@@ -149,8 +154,8 @@ void PresetsVerb::run(Terminal& terminal) {
     if (!name_.empty() && !family.expanded)
         throw UsageError("presets " + family_ + " are shown together; leave out \"" + name_ + "\".");
     if (name_.empty() && !play_.isEmpty())
-        throw UsageError("Options say how one motion or formation is played; name it, as in tavix presets "
-                         "motions rise-up --duration 2.");
+        throw UsageError("Options say how one preset is played; name it, as in tavix presets motions rise-up "
+                         "--duration 2.");
     if (!name_.empty())
         terminal.result(family.expanded(name_, play_));
     else if (terminal.mode() == Terminal::Mode::json)

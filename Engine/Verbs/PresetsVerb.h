@@ -1,7 +1,7 @@
 // Lists the words that documents may use, or shows what one of them becomes.
 #pragma once
 
-#include "Engine/Verbs/DevicePresets.h"
+#include "Engine/Verbs/PlayArguments.h"
 #include "Engine/Verbs/Verb.h"
 
 #include <string>
@@ -15,7 +15,7 @@ public:
 
 private:
     std::string family_, name_;
-    DevicePlayArguments play_;
+    PlayArguments play_;
 };
 
 }   // namespace tavix::engine
