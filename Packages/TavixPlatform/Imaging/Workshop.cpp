@@ -5,10 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include <tbb/global_control.h>
-#include <tbb/parallel_for.h>
-#include <tbb/task_arena.h>
-
 namespace tavix::imaging {
 
 namespace {
@@ -53,19 +49,8 @@ void ResultCache::dropLast() {
     byUse_.pop_back();
 }
 
-struct Workshop::Threads {
-    explicit Threads(int count) : arena(count > 0 ? count : tbb::task_arena::automatic) {
-        using Control = tbb::global_control;
-        const auto wanted = std::size_t(std::max(count, 0));
-        if (wanted > Control::active_value(Control::max_allowed_parallelism))
-            raised = std::make_unique<Control>(Control::max_allowed_parallelism, wanted);
-    }
-    std::unique_ptr<tbb::global_control> raised;   // more threads than cores, when asked for
-    tbb::task_arena arena;
-};
-
 Workshop::Workshop(const EvaluatorOptions& options)
-    : threads_(std::make_unique<Threads>(options.threadCount)), cache_(options.cacheBytes),
+    : loop_(options.threadCount), cache_(options.cacheBytes),
       pool_(std::make_shared<BytePool>(mostIdleBytes)) {}
 Workshop::~Workshop() = default;
 
@@ -87,10 +72,7 @@ void Workshop::forEach(int count, const std::function<void(int, Scratch&)>& job)
         const std::lock_guard lock(scratchMutex_);
         idleScratch_.push_back(std::move(scratch));
     };
-    if (count == 1)
-        run(0);
-    else if (count > 1)
-        threads_->arena.execute([&] { tbb::parallel_for(0, count, run, tbb::simple_partitioner()); });
+    loop_.run(count, run);
 }
 
 DrawableRef Workshop::prepare(const NodeRef& node, const PixelRegion& wanted) {

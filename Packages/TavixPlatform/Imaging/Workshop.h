@@ -5,6 +5,7 @@
 #include "TavixPlatform/Imaging/BytePool.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/Node.h"
+#include "TavixPlatform/Imaging/ParallelLoop.h"
 
 #include <functional>
 #include <list>
@@ -77,8 +78,7 @@ public:
     const std::shared_ptr<BytePool>& pool() const { return pool_; }
 
 private:
-    struct Threads;
-    std::unique_ptr<Threads> threads_;
+    ParallelLoop loop_;
     std::mutex scratchMutex_;
     std::vector<std::unique_ptr<Scratch>> idleScratch_;
     ResultCache cache_;
