@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/CompositionAssets.h"
 
+#include <cstdlib>
 #include <variant>
 
 namespace tavix::CompositionAssets {
@@ -8,6 +9,12 @@ std::filesystem::path resolved(
     const std::string& path, const std::optional<std::filesystem::path>& assetRoot) {
     const bool isAbsolute = path.starts_with('/');
     return isAbsolute || !assetRoot ? std::filesystem::path(path) : *assetRoot / path;
+}
+
+std::filesystem::path tildeExpanded(const std::string& path) {
+    const char* home = std::getenv("HOME");
+    const bool isBelowHome = path == "~" || path.starts_with("~/");
+    return isBelowHome && home != nullptr ? home + path.substr(1) : path;
 }
 
 BackgroundFill absolutized(

@@ -2,9 +2,9 @@
 
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixRender/Assets/BundledBackgrounds.h"
+#include "TavixRender/Composition2D/CompositionAssets.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <variant>
 
@@ -18,12 +18,6 @@ using imaging::Image;
 using imaging::Rect;
 
 constexpr Color backdropOfLastResort{0.1, 0.1, 0.12, 1};
-
-std::filesystem::path tildeExpanded(const std::string& path) {
-    const char* home = std::getenv("HOME");
-    const bool isBelowHome = path == "~" || path.starts_with("~/");
-    return isBelowHome && home != nullptr ? home + path.substr(1) : path;
-}
 
 Image aspectFilled(const Image& image, const Rect& bounds) {
     const Rect extent = image.extent();
@@ -47,7 +41,8 @@ Image resolveBackgroundFill(const BackgroundFill& fill, const Rect& bounds, Stil
 
 Image resolveBackgroundImage(const BackgroundImage& background, StillImageCache& images) {
     if (background.path && !background.path->empty())
-        if (const auto image = images.image(tildeExpanded(*background.path))) return *image;
+        if (const auto image = images.image(CompositionAssets::tildeExpanded(*background.path)))
+            return *image;
     if (background.bundledID)
         if (const auto* entry = BackgroundCatalog::background(*background.bundledID))
             if (const auto image = loadBundled(*entry, images)) return *image;

@@ -1,0 +1,43 @@
+#include "TavixRender/KineticText/CaptionFontFile.h"
+
+#include "TavixCore/Support/TextTrimming.h"
+#include "TavixPlatform/Text/FontBook.h"
+#include "TavixRender/Composition2D/CompositionAssets.h"
+
+#include <algorithm>
+#include <array>
+#include <system_error>
+
+namespace tavix::CaptionFontFile {
+namespace {
+
+constexpr std::array<std::string_view, 3> extensions{"ttf", "otf", "ttc"};
+
+}   // namespace
+
+bool looksLikePath(std::string_view string) {
+    const std::string path = lowered(trimmed(string));
+    const std::size_t slash = path.rfind('/') + 1;   // 0 where there is none
+    const std::size_t dot = path.rfind('.');
+    if (dot == std::string::npos || dot <= slash) return false;
+    return std::ranges::find(extensions, std::string_view(path).substr(dot + 1)) != extensions.end();
+}
+
+std::optional<FontOption> option(std::string_view string,
+    const std::optional<std::filesystem::path>& baseDirectory, text::FontBook& fonts) {
+    if (!looksLikePath(string)) return std::nullopt;
+    std::error_code error;
+    std::filesystem::path file = CompositionAssets::tildeExpanded(std::string(trimmed(string)));
+    if (file.is_relative() && baseDirectory) file = *baseDirectory / file;
+    file = std::filesystem::absolute(file, error).lexically_normal();
+    if (error || !std::filesystem::is_regular_file(file, error)) return std::nullopt;
+    const std::optional<std::string> name = registerAndName(file, fonts);
+    if (!name) return std::nullopt;
+    return FontOption{file.filename().string(), "File (" + *name + ")", *name, file.string()};
+}
+
+std::optional<std::string> registerAndName(const std::filesystem::path& file, text::FontBook& fonts) {
+    return fonts.addFile(file);
+}
+
+}   // namespace tavix::CaptionFontFile
