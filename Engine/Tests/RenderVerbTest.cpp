@@ -110,7 +110,7 @@ TEST_F(EngineTest, WarnsOfWhatIsLeftOut) {
         {R"("scenes": [{"durationSec": 1}], "audio": {"music": {"path": "song.mp3"}})",
             "the film is silent."},
         {R"("scenes": [{"durationSec": 1, "layers": [{"kind": "text"}, {"kind": "device"}, {"kind": "shape"}]}])",
-            "device layers are not drawn yet; 2 are left out."},
+            "Device layers are not drawn yet; one is left out."},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.rest);
