@@ -15,8 +15,8 @@ constexpr std::string_view doneMark =
 
 bool isDrawn(const LayerContent& content) {
     return std::holds_alternative<BackgroundFill>(content) || std::holds_alternative<ShapeContent>(content) ||
-           std::holds_alternative<ImageContent>(content) || std::holds_alternative<VideoContent>(content) ||
-           std::holds_alternative<TextContent>(content);
+           std::holds_alternative<ImageContent>(content) || std::holds_alternative<DeviceContent>(content) ||
+           std::holds_alternative<VideoContent>(content);
 }
 
 }   // namespace
@@ -35,7 +35,7 @@ void RenderNotes::warnOfUndrawnLayers(const CompositionSpec& spec) {
     for (const CompositionScene& scene : spec.scenes)
         for (const CompositionLayer& layer : scene.layers) count += isDrawn(layer.content) ? 0 : 1;
     if (count == 0) return;
-    warn("Device layers are not drawn yet; " +
+    warn("Text layers are not drawn yet; " +
          (count == 1 ? std::string("one is") : std::to_string(count) + " are") + " left out.");
 }
 

@@ -109,8 +109,8 @@ TEST_F(EngineTest, WarnsOfWhatIsLeftOut) {
     } cases[] = {
         {R"("scenes": [{"durationSec": 1}], "audio": {"music": {"path": "song.mp3"}})",
             "the film is silent."},
-        {R"("scenes": [{"durationSec": 1, "layers": [{"kind": "text"}, {"kind": "device"}, {"kind": "shape"}]}])",
-            "Device layers are not drawn yet; one is left out."},
+        {R"("scenes": [{"durationSec": 1, "layers": [{"kind": "text"}, {"kind": "text"}, {"kind": "shape"}]}])",
+            "Text layers are not drawn yet; 2 are left out."},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.rest);

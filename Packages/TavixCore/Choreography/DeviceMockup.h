@@ -8,6 +8,8 @@
 
 namespace tavix {
 
+struct BundledDevice;
+
 // The screen's opening in the frame picture of the default phone, as fractions of that picture.
 constexpr NormalizedRect iPhone16ProScreen{0.072546, 0.035436, 0.857752, 0.929128};
 
@@ -18,6 +20,7 @@ struct DeviceMockup {
     std::optional<std::string> bundledID;   // of the device catalog
 
     static const DeviceMockup iPhone16Pro;
+    static DeviceMockup bundled(const BundledDevice& device);
     bool operator==(const DeviceMockup&) const = default;
 };
 

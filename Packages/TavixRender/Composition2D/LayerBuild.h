@@ -14,6 +14,7 @@ namespace tavix {
 
 struct LayerBuild {
     imaging::Rect bounds;   // of the canvas
+    double framesPerSec;
     std::optional<std::filesystem::path> assetRoot;
     imaging::Evaluator& evaluator;
     StillImageCache& images;

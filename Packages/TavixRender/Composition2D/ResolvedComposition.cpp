@@ -2,10 +2,10 @@
 
 #include "TavixCore/Choreography/DeviceDepthTrajectory.h"
 #include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
-#include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 
@@ -23,24 +23,17 @@ using imaging::Image;
 
 constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
 
-// What a text layer is told besides its content.
-struct TextPlace {
-    const CompositionSpec& spec;
-    double windowSec;
-    std::int64_t presetSeed;
-};
-
-std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(
-    const TextContent& text, const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
-    const NormalizedPoint position{
-        layer.position.x / build.bounds.width, layer.position.y / build.bounds.height};
-    return std::make_unique<TextCompositionLayer>(text,
-        TextCompositionLayer::Setting{build.bounds, position, place.spec.fonts, build.assetRoot},
-        place.presetSeed, KineticElementGroup::Window{place.windowSec, double(place.spec.output.fps)}, build);
+std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(
+    const DeviceContent& device, const CompositionLayer& layer, const LayerBuild& build) {
+    if (device.scene3D && build.log)
+        build.log(
+            "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering the "
+            "flat mockup.");
+    return std::make_unique<DeviceCompositionLayer>(device, layer, build);
 }
 
 std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
-    const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
+    const CompositionLayer& layer, const LayerBuild& build) {
     if (const auto* fill = std::get_if<BackgroundFill>(&layer.content))
         return std::make_unique<FillCompositionLayer>(*fill, build);
     if (const auto* shape = std::get_if<ShapeContent>(&layer.content))
@@ -49,8 +42,8 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
         return std::make_unique<ImageCompositionLayer>(*image, layer, build);
     if (const auto* video = std::get_if<VideoContent>(&layer.content))
         return std::make_unique<VideoCompositionLayer>(*video, build);
-    if (const auto* text = std::get_if<TextContent>(&layer.content))
-        return makeTextRenderer(*text, layer, place, build);
+    if (const auto* device = std::get_if<DeviceContent>(&layer.content))
+        return makeDeviceRenderer(*device, layer, build);
     return std::make_unique<BlankCompositionLayer>();
 }
 
@@ -84,7 +77,8 @@ ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     StillImageCache images(told);
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    const LayerBuild build{bounds_, assetRoot ? assetRoot : documentRoot, evaluator, images, told};
+    const LayerBuild build{
+        bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator, images, told};
     buildBackgrounds(build);
     buildLayers(build);
 }
@@ -101,17 +95,13 @@ void ResolvedComposition::buildBackgrounds(const LayerBuild& build) {
 }
 
 void ResolvedComposition::buildLayers(const LayerBuild& build) {
-    for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
-        const CompositionScene& scene = spec_.scenes[i];
+    for (const CompositionScene& scene : spec_.scenes) {
         auto& resolved = layers_.emplace_back();
-        for (std::size_t j = 0; j < scene.layers.size(); ++j) {
-            const CompositionLayer& layer = scene.layers[j];
+        for (const CompositionLayer& layer : scene.layers) {
             const LayerWindow window = windowOf(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            const TextPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j)};
-            resolved.push_back(
-                {layer, makeRenderer(layer, place, build), window, anchor, {layer.effects, bounds_}});
+            resolved.push_back({layer, makeRenderer(layer, build), window, anchor, {layer.effects, bounds_}});
             needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
         }
     }

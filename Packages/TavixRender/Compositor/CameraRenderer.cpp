@@ -30,6 +30,12 @@ Image aspectFilled(const Image& image, const Rect& bounds) {
 
 }   // namespace
 
+std::string tildeExpanded(const std::string& path) {
+    const char* home = std::getenv("HOME");
+    const bool isBelowHome = path == "~" || path.starts_with("~/");
+    return isBelowHome && home != nullptr ? home + path.substr(1) : path;
+}
+
 Color colorOf(const RGBAColor& color) { return {color.r, color.g, color.b, color.a}; }
 
 Image resolveBackgroundFill(const BackgroundFill& fill, const Rect& bounds, StillImageCache& images) {

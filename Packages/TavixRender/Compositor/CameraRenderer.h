@@ -9,7 +9,7 @@
 #include "TavixRender/Assets/StillImageCache.h"
 
 #include <optional>
-#include <string_view>
+#include <string>
 
 namespace tavix {
 struct BundledBackground;
@@ -41,5 +41,8 @@ imaging::Image makeRoundedRectMask(const PixelRect& rect, double cornerRadiusPx,
 imaging::Image masked(const imaging::Image& image, const imaging::Image& mask);
 
 imaging::Color colorOf(const RGBAColor& color);
+
+// A path below the home folder ("~/") with that folder in its place; any other as it stands.
+std::string tildeExpanded(const std::string& path);
 
 }   // namespace tavix::CameraRenderer

@@ -1,0 +1,150 @@
+#include "TavixRender/Composition2D/DeviceCompositionLayer.h"
+
+#include "TavixCore/Choreography/PlacementProjection2D.h"
+#include "TavixCore/Composition/CompositionMath.h"
+#include "TavixCore/Geometry/Clamp01.h"
+#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Compositor/CameraRenderer.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavix {
+
+namespace {
+
+using CameraRenderer::FittedDevice;
+using imaging::Affine;
+using imaging::Image;
+using imaging::Rect;
+
+constexpr double fullOpacity = 0.999;
+constexpr double placementTolerance = 1e-9;
+
+// Keyframes whose mark was never found have no time.
+std::vector<CompositionKeyframe> timedKeyframes(const std::vector<CompositionKeyframe>& track) {
+    std::vector<CompositionKeyframe> timed;
+    std::ranges::copy_if(
+        track, std::back_inserter(timed), [](const CompositionKeyframe& k) { return !k.atMark; });
+    return timed;
+}
+
+DevicePlacementTrajectory trajectoryOf(const DeviceContent& content, const LayerBuild& build) {
+    const DevicePlacementSpec placement = content.placement.value_or(DevicePlacementSpec{});
+    const auto sameTime = [](double tSec) { return tSec; };
+    return DevicePlacementTrajectory::chasing(
+        placement.resolvedTrack(build.bounds.width, build.bounds.height, sameTime), build.framesPerSec,
+        {placement.responseSec, placement.damping});
+}
+
+double peakScale(const DevicePlacementTrajectory& trajectory) {
+    double peak = 1;
+    for (const auto& frame : trajectory.frames) peak = std::max(peak, frame.scale);
+    return peak;
+}
+
+bool isAtRest(const DevicePlacementTrajectory::Placement& placement) {
+    return std::abs(placement.offset.x) <= placementTolerance &&
+           std::abs(placement.offset.y) <= placementTolerance &&
+           std::abs(placement.scale - 1) <= placementTolerance;
+}
+
+PixelRect moved(const PixelRect& rect, const CameraFrameTransform& move) {
+    return {rect.x * move.scale + move.translateX, rect.y * move.scale + move.translateY,
+        rect.width * move.scale, rect.height * move.scale};
+}
+
+PixelRect scaledBy(const PixelRect& rect, double factor) { return moved(rect, {factor, 0, 0}); }
+Rect scaledBy(const Rect& rect, double factor) {
+    return {rect.x * factor, rect.y * factor, rect.width * factor, rect.height * factor};
+}
+
+// The same move in the image's coordinates, where y points up.
+Affine affineOf(const CameraFrameTransform& move, const Rect& bounds) {
+    return {
+        move.scale, 0, 0, move.scale, move.translateX, (1 - move.scale) * bounds.height - move.translateY};
+}
+
+// White, or another colour, where the screen is. It is not cut at the canvas, which the layer may yet move.
+Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, const Rect& bounds,
+    const imaging::Color& color) {
+    const Rect rect = CameraRenderer::flipped(moved(device.screenRect, move), bounds);
+    return Image::roundedRectangle(rect, device.cornerRadiusPx * move.scale, color);
+}
+
+Image bezelAt(const FittedDevice& device, double detail, const Rect& bounds) {
+    return CameraRenderer::place(device.picture, scaledBy(device.frameRect, detail), scaledBy(bounds, detail),
+        CameraRenderer::Resampling::still);
+}
+
+Image stillUnitAt(const FittedDevice& device, const Image& screen, double detail, const Rect& bounds) {
+    const CameraFrameTransform enlarged{detail, 0, 0};
+    const Rect canvas = scaledBy(bounds, detail);
+    const Image placed = CameraRenderer::place(
+        screen, scaledBy(device.screenRect, detail), canvas, CameraRenderer::Resampling::still);
+    const Image shape = screenShape(device, enlarged, canvas, imaging::Color::white());
+    return bezelAt(device, detail, bounds).over(CameraRenderer::masked(placed, shape));
+}
+
+}   // namespace
+
+DeviceCompositionLayer::DeviceCompositionLayer(
+    const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
+    : bounds_(build.bounds), device_(CameraRenderer::resolveDevice(content.mockup, content.basePaddingPx,
+                                 bounds_, build.assetRoot, build.images)),
+      screenFade_(timedKeyframes(content.screenOpacity)), trajectory_(trajectoryOf(content, build)) {
+    openScreen(content.screen, build);
+    bake(peakMagnification(layer) * peakScale(trajectory_), build.evaluator);
+}
+
+void DeviceCompositionLayer::openScreen(const ScreenSource& source, const LayerBuild& build) {
+    if (const auto* clip = std::get_if<VideoClip>(&source))
+        clip_.emplace(CompositionAssets::resolved(clip->path, build.assetRoot), *clip, true, build.log);
+    else
+        stillScreen_ = build.images.image(
+            CompositionAssets::resolved(std::get<StillScreen>(source).path, build.assetRoot));
+}
+
+void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& evaluator) {
+    // Drawing a picture larger than its file brings out nothing more.
+    const auto detailLeft = [](const Image& picture, const PixelRect& place) {
+        return std::max(1.0, picture.extent().height / std::max(place.height, 1e-6));
+    };
+    const double bezelDetail = detailLeft(device_.picture, device_.frameRect);
+    if (stillScreen_ && screenFade_.empty()) {
+        const double unitDetail = std::max(bezelDetail, detailLeft(*stillScreen_, device_.screenRect));
+        stillUnit_ = bakedForMagnification(
+            [&](int detail) { return stillUnitAt(device_, *stillScreen_, detail, bounds_); },
+            std::min(magnification, unitDetail), evaluator);
+        return;
+    }
+    device_.picture = bakedForMagnification([&](int detail) { return bezelAt(device_, detail, bounds_); },
+        std::min(magnification, bezelDetail), evaluator);
+}
+
+std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
+    const auto placement = trajectory_.sample(localSec);
+    const CameraFrameTransform move =
+        isAtRest(placement) ? CameraFrameTransform{}
+                            : PlacementProjection2D::transform(device_.frameRect, placement, bounds_.height);
+    const Affine affine = affineOf(move, bounds_);
+    if (stillUnit_) return stillUnit_->transformed(affine);
+    const std::optional<Image> screen = clip_ ? clip_->frame(localSec) : stillScreen_;
+    if (!screen) return std::nullopt;
+    const double opacity =
+        CompositionMath::sample(screenFade_, localSec, CompositionMath::Mixing::linear).value_or(1);
+    return device_.picture.transformed(affine).over(screenAt(*screen, move, KineticMath::clamp01(opacity)));
+}
+
+// Each part is moved by itself: the screen's pixels are then looked up once only, and edges stay sharp.
+Image DeviceCompositionLayer::screenAt(
+    const Image& screen, const CameraFrameTransform& move, double opacity) const {
+    const Image placed = CameraRenderer::masked(CameraRenderer::place(screen, moved(device_.screenRect, move),
+                                                    bounds_, CameraRenderer::Resampling::live),
+        screenShape(device_, move, bounds_, imaging::Color::white()));
+    if (opacity >= fullOpacity) return placed;
+    // A screen goes dark; it does not become a window.
+    return placed.withOpacity(opacity).over(screenShape(device_, move, bounds_, imaging::Color::black()));
+}
+
+}   // namespace tavix
