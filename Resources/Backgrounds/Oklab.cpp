@@ -4,15 +4,14 @@
 
 namespace tavix::backgrounds {
 
-namespace {
-
-// IEC 61966-2-1.
 float linearFromEncoded(float value) {
     return value <= 0.04045f ? value / 12.92f : std::pow((value + 0.055f) / 1.055f, 2.4f);
 }
 float encodedFromLinear(float value) {
     return value <= 0.0031308f ? value * 12.92f : 1.055f * std::pow(value, 1 / 2.4f) - 0.055f;
 }
+
+namespace {
 
 float cubed(float value) { return value * value * value; }
 

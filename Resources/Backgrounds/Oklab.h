@@ -15,6 +15,10 @@ struct Oklab {
 // sRGB-encoded, nominally 0 to 1; outside sRGB's gamut a channel leaves that range.
 using EncodedRgb = std::array<float, 3>;
 
+// The transfer curve of sRGB, of one channel from 0 to 1. IEC 61966-2-1.
+float linearFromEncoded(float value);
+float encodedFromLinear(float value);
+
 Oklab oklab(std::uint32_t hexRgb);   // as in 0x1E2A44
 EncodedRgb encoded(const Oklab& color);
 
