@@ -77,6 +77,8 @@ TEST_F(EngineTest, RefusesWrongUseWithASentence) {
         {{"presets", "motions", "reveal", "--speed", "snap"},
             "--speed goes with presets kinetic, not with motions"},
         {{"presets", "formations", "fanDek"}, "Did you mean fanDeck?"},
+        {{"presets", "devices", "iphone-16-prow"}, "Did you mean iphone-16-pro?"},
+        {{"presets", "devices", "iphone-16-pro", "--count", "2"}, "A device has no options"},
         {{"new", "hello"}, "call it \"hello.tavixcomp\"."},
     };
     for (const auto& c : cases) {

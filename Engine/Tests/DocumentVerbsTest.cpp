@@ -37,17 +37,6 @@ TEST_F(EngineTest, TheExampleOfTheReadMeRenders) {
     EXPECT_EQ(*sheet.find("cells")->array()->back().find("scene"), Json("end"));
 }
 
-TEST_F(EngineTest, TheExampleOfMovingTextIsSoundAndShowsEveryPreset) {
-    const std::string example = std::string(TAVIX_SOURCE_DIR) + "/Examples/kinetic-type.tavixcomp";
-    EXPECT_EQ(tavix({"lint", example}).status, 0);
-    const std::string document = readBytes(example + "/composition.json");
-    const Json presets = json({"presets", "kinetic", "--json"});
-    for (const Json& preset : *presets.array())
-        EXPECT_THAT(document, HasSubstr("\"" + *preset.find("id")->text() + "\""));
-    json({"sheet", example, "-o", "sheet.png", "--width", "600", "--json"});
-    EXPECT_GT(media::loadStillImage(at("sheet.png")).size().height, 200);
-}
-
 TEST_F(EngineTest, EverySchemaIsJsonAndNamesItsType) {
     EXPECT_EQ(*json({"schema"}).find("title"), Json("composition"));
     for (const std::string type : {"composition", "scene", "layer", "effect", "track", "transition"})
@@ -78,8 +67,8 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         const char *family, *id;
         std::size_t count;
     } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
-        {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"motions", "rise-up", 111},
-        {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13}};
+        {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"devices", "iphone-16-pro", 28},
+        {"motions", "rise-up", 111}, {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.family);
         EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));
@@ -112,6 +101,8 @@ TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {
                           "--face-inward", "10"})
                     .out,
         HasSubstr("\"x\" : 0.25"));
+    const Json device = json({"presets", "devices", "iphone-17-pro-silver"});
+    EXPECT_EQ(*device.find("mockup")->find("screenCornerRadiusFraction"), Json(0.1592));
     const Json formation = json({"presets", "formations", "fanDeck", "--count", "6", "--json"});
     EXPECT_EQ(formation.find("layers")->array()->size(), 6u);
     EXPECT_EQ(*formation.find("durationSec"), Json(2.8));

@@ -3,7 +3,9 @@
 #include "Engine/Errors.h"
 #include "Engine/NearestWord.h"
 #include "Engine/Verbs/PlayArguments.h"
+#include "TavixCore/Choreography/DeviceCatalog.h"
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
+#include "TavixCore/Choreography/DeviceMockup.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
 #include "TavixCore/Support/Document.h"
@@ -30,9 +32,34 @@ DeviceChoreographyPreset formationNamed(const std::string& name) {
         "There is no formation \"" + name + "\"; use " + listed(names) + "." + suggestion(name, names));
 }
 
+const BundledDevice& deviceNamed(const std::string& name) {
+    if (const BundledDevice* device = DeviceCatalog::device(name)) return *device;
+    std::vector<std::string_view> ids;
+    for (const BundledDevice& device : DeviceCatalog::all()) ids.push_back(device.id);
+    throw UsageError(
+        "There is no device \"" + name + "\"; list them by tavix presets devices." + suggestion(name, ids));
+}
+
+Json mockupOf(const BundledDevice& device) {
+    return Codec<DeviceMockup>::write(DeviceMockup::bundled(device));
+}
+
 }   // namespace
 
 namespace DevicePresets {
+
+std::vector<Preset> devices() {
+    std::vector<Preset> presets;
+    for (const BundledDevice& device : DeviceCatalog::all())
+        presets.push_back({device.id,
+            device.displayName + ", " + std::to_string(device.pictureWidthPx) + " × " +
+                std::to_string(device.pictureHeightPx),
+            {{"displayName", device.displayName}, {"widthPx", device.pictureWidthPx},
+                {"heightPx", device.pictureHeightPx}, {"screen", Codec<NormalizedRect>::write(device.screen)},
+                {"screenCornerRadiusFraction", device.screenCornerRadiusFraction},
+                {"mockup", mockupOf(device)}}});
+    return presets;
+}
 
 std::vector<Preset> motions() {
     std::vector<Preset> presets;
@@ -74,6 +101,11 @@ Json expandedFormation(const std::string& name, const PlayArguments& play) {
         decodeValue<DeviceChoreographyParams>(play.deviceParams(PresetFamily::formations)));
     return JsonObject{{"durationSec", formation.durationSec},
         {"layers", Codec<std::vector<CompositionLayer>>::write(formation.layers)}};
+}
+
+Json expandedDevice(const std::string& name, const PlayArguments& play) {
+    if (!play.isEmpty()) throw UsageError("A device has no options; leave them out.");
+    return JsonObject{{"mockup", mockupOf(deviceNamed(name))}};
 }
 
 }   // namespace DevicePresets

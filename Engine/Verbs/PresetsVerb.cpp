@@ -95,6 +95,8 @@ constexpr Family families[] = {
     {"effects", R"({"kind": "glow", "intensity": 0.5} in a layer's "effects")", effects},
     {"transitions", R"({"style": "push", "durationSec": 0.5} as a scene's "transition")", transitions},
     {"curves", R"({"kind": "bezier", "x1": 0.22, "y1": 1, "x2": 0.36, "y2": 1})", curves},
+    {"devices", R"("mockup": {"bundledID": "iphone-17-pro-silver", ...}, whole by its name)",
+        DevicePresets::devices, DevicePresets::expandedDevice},
     {PresetFamily::motions, R"("motionPreset": {"preset": "rise-up"} in a layer's "device")",
         DevicePresets::motions, DevicePresets::expandedMotion},
     {PresetFamily::formations, R"("choreographyPreset": {"preset": "fanDeck"} in a layer's "device")",
@@ -144,7 +146,7 @@ void PresetsVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("family", family_, "One of " + listed(familyNames()) + ".",
         "presets needs a family: " + listed(familyNames()) + ".");
     arguments.positional(
-        "name", name_, "A motion, a formation or an animation of text, to see what it becomes.");
+        "name", name_, "A device, a motion, a formation or an animation of text, to see what it becomes.");
     play_.declare(arguments);
     arguments.jsonFlag(terminal);
 }
