@@ -32,7 +32,6 @@ int integerOf(const FcPattern* pattern, const char* object, int fallback) {
     return FcPatternGetInteger(pattern, object, 0, &value) == FcResultMatch ? value : fallback;
 }
 
-// A variable font has a range of weights; its regular stands for it.
 double weightOf(const FcPattern* pattern) {
     double value = FC_WEIGHT_REGULAR;
     if (FcPatternGetDouble(pattern, FC_WEIGHT, 0, &value) != FcResultMatch) return 400;
@@ -147,6 +146,8 @@ void FontCore::takeFaces(const FcFontSet& set) {
     std::vector<FaceRef> found;
     for (int i = 0; i < set.nfont; ++i) {
         const FcPattern* pattern = set.fonts[i];
+        FcBool isRange = FcFalse;   // a variable font stands for itself by its standard instance
+        if (FcPatternGetBool(pattern, FC_VARIABLE, 0, &isRange) == FcResultMatch && isRange) continue;
         Face face{stringOf(pattern, FC_FAMILY), stringOf(pattern, FC_POSTSCRIPT_NAME),
             stringOf(pattern, FC_FULLNAME), stringOf(pattern, FC_FILE), integerOf(pattern, FC_INDEX, 0),
             weightOf(pattern), integerOf(pattern, FC_WIDTH, FC_WIDTH_NORMAL),

@@ -9,7 +9,7 @@ namespace tavix::text {
 namespace {
 
 constexpr FontStandIn rows[] = {
-    {"americantypewriter", "Courier Prime"},
+    {"americantypewriter", "Nimbus Mono PS"},
     {"arial", "Nimbus Sans"},
     {"avantgarde", "URW Gothic"},
     {"avenir", "Manrope"},

@@ -28,6 +28,10 @@ struct Run {
 
 std::shared_ptr<const GlyphFont> glyphFontOf(PangoFont* font) {
     auto result = std::make_shared<GlyphFont>();
+    if (!font) {   // where the machine has none at all
+        result->shaper.reset(hb_font_reference(hb_font_get_empty()));
+        return result;
+    }
     hb_font_t* shaper = pango_font_get_hb_font(font);
     hb_face_t* face = hb_font_get_face(shaper);
     result->shaper.reset(hb_font_create(face));
