@@ -41,6 +41,20 @@ Rotation Rotation::about(Vec3 axis, double angleDeg) {
     return {unit.x * half.sine, unit.y * half.sine, unit.z * half.sine, half.cosine};
 }
 
+// The largest part first, which the others are divided by (Shepperd, 1978).
+Rotation Rotation::ofAxes(Vec3 right, Vec3 up, Vec3 back) {
+    const double xx = right.x, yy = up.y, zz = back.z;
+    const double w2 = 1 + xx + yy + zz, x2 = 1 + xx - yy - zz, y2 = 1 - xx + yy - zz, z2 = 1 - xx - yy + zz;
+    const double largest = std::max({w2, x2, y2, z2}), root = std::sqrt(largest), half = 0.5 / root;
+    if (largest == w2)
+        return {(up.z - back.y) * half, (back.x - right.z) * half, (right.y - up.x) * half, root / 2};
+    if (largest == x2)
+        return {root / 2, (up.x + right.y) * half, (back.x + right.z) * half, (up.z - back.y) * half};
+    if (largest == y2)
+        return {(up.x + right.y) * half, root / 2, (back.y + up.z) * half, (back.x - right.z) * half};
+    return {(back.x + right.z) * half, (back.y + up.z) * half, root / 2, (right.y - up.x) * half};
+}
+
 Rotation operator*(const Rotation& a, const Rotation& b) {
     return {a.w * b.x + a.x * b.w + a.y * b.z - a.z * b.y, a.w * b.y - a.x * b.z + a.y * b.w + a.z * b.x,
         a.w * b.z + a.x * b.y - a.y * b.x + a.z * b.w, a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z};
@@ -100,24 +114,6 @@ Affine3 Transform::matrix() const {
         {2 * (x * z - w * y) * sx, 2 * (y * z + w * x) * sy, (1 - 2 * (x * x + y * y)) * sz, position.z}}}};
 }
 
-namespace {
-
-// The quaternion of a rotation matrix with the columns right, up and back (Shepperd, 1978).
-Rotation rotationOf(Vec3 right, Vec3 up, Vec3 back) {
-    const double xx = right.x, yy = up.y, zz = back.z;
-    const double w2 = 1 + xx + yy + zz, x2 = 1 + xx - yy - zz, y2 = 1 - xx + yy - zz, z2 = 1 - xx - yy + zz;
-    const double largest = std::max({w2, x2, y2, z2}), root = std::sqrt(largest), half = 0.5 / root;
-    if (largest == w2)
-        return {(up.z - back.y) * half, (back.x - right.z) * half, (right.y - up.x) * half, root / 2};
-    if (largest == x2)
-        return {root / 2, (up.x + right.y) * half, (back.x + right.z) * half, (up.z - back.y) * half};
-    if (largest == y2)
-        return {(up.x + right.y) * half, root / 2, (back.y + up.z) * half, (back.x - right.z) * half};
-    return {(back.x + right.z) * half, (back.y + up.z) * half, root / 2, (right.y - up.x) * half};
-}
-
-}   // namespace
-
 void Transform::lookAt(Vec3 target, Vec3 from, Vec3 up) {
     position = from;
     const Vec3 back = normalized(from - target);
@@ -125,7 +121,7 @@ void Transform::lookAt(Vec3 target, Vec3 from, Vec3 up) {
     if (length(right) < 1e-6f) right = cross(std::abs(back.z) < 0.9f ? Vec3{0, 0, 1} : Vec3{1, 0, 0}, back);
     right = normalized(right);
     if (back == Vec3{}) return;
-    orientation = rotationOf(right, cross(back, right), back);
+    orientation = Rotation::ofAxes(right, cross(back, right), back);
 }
 
 void Bounds::add(Vec3 p) {

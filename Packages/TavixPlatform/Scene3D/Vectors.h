@@ -37,6 +37,8 @@ SineCosine sineCosine(double angleDeg);
 struct Rotation {
     double x = 0, y = 0, z = 0, w = 1;
     static Rotation about(Vec3 axis, double angleDeg);   // counter-clockwise seen against the axis
+    // Turns x, y and z to three unit vectors at right angles, right-handed.
+    static Rotation ofAxes(Vec3 x, Vec3 y, Vec3 z);
     bool operator==(const Rotation&) const = default;
 };
 Rotation operator*(const Rotation& a, const Rotation& b);   // b first
