@@ -1,0 +1,68 @@
+// The device as a model in space: its still or clip on the screen of a lit phone.
+#pragma once
+
+#include "TavixCore/Choreography/DeviceContent.h"
+#include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
+#include "TavixRender/Composition2D/LayerBuild.h"
+#include "TavixRender/Composition2D/SequentialClipReader.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tavix {
+
+class RealityDeviceSceneRenderer;
+
+class Device3DCompositionLayer final : public CompositionLayerContentRenderer {
+public:
+    // Nothing when there is no model to draw. The stage is that of the build's pool under the key, when there
+    // is one that fits; without a pool the layer has its own, which draws twice as finely.
+    static std::unique_ptr<Device3DCompositionLayer> make(
+        const DeviceContent& content, const LayerBuild& build, const std::string& poolKey);
+    // How much finer than the canvas a layer is drawn before it is reduced to it.
+    static int renderScaleFor(const imaging::Rect& bounds);
+
+    // Drawn by the main executor alone.
+    bool needsMainActorRender() const override { return true; }
+    std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
+    std::optional<imaging::Image> contentImageAsync(double localSec) override;
+
+    // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
+    void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }
+
+private:
+    struct HeldScreen {
+        imaging::Image fitted;
+        double sec;
+    };
+    struct DrawnFrame {
+        std::uint64_t hash;
+        imaging::Image image;
+    };
+
+    Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build);
+    std::optional<imaging::Image> screenAt(double localSec);
+
+    imaging::Evaluator& evaluator_;
+    RenderLog log_;
+    imaging::Rect bounds_;   // of the canvas
+    DeviceScene3D scene3D_;
+    std::optional<DevicePlacementSpec> placement_;
+    int renderScale_;
+    double screenAspect_ = 1;                                // width by height
+    std::shared_ptr<RealityDeviceSceneRenderer> renderer_;   // shared with the pool
+    bool needsApplyScene_ = false;   // it came from the pool and holds another document's values
+    std::optional<imaging::Image> stillScreen_;
+    std::optional<SequentialClipReader> clip_;
+    bool scrubQuality_ = false;
+    std::optional<HeldScreen> heldScreen_;
+    std::optional<DrawnFrame> lastFrame_;
+};
+
+// Cuts the middle of a picture to an aspect of width by height, and moves it to the origin. One that has that
+// aspect nearly stays as it is.
+imaging::Image coverCrop(const imaging::Image& image, double aspect);
+
+}   // namespace tavix

@@ -1,0 +1,118 @@
+#include "TavixRender/DeviceScene/DeviceStage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace tavix {
+
+namespace {
+
+using scene3d::Entity;
+using scene3d::EntityRef;
+using scene3d::Rotation;
+using scene3d::Vec3;
+
+// Models look along -z, and cameras do too: turned round, the screen faces the camera.
+constexpr double halfTurnDegrees = 180;
+constexpr double leastWorldHeight = 0.1, leastViewHeight = 0.01;
+constexpr double neutralDepthDistance = 1.5;   // less the usual depth of 0.5 is one camera distance
+constexpr double facesAway = -0.001;           // the cosine of a yaw that shows the back
+
+double radians(double degrees) { return degrees * std::numbers::pi / 180; }
+
+Vec3 vec3(double x, double y, double z) { return {float(x), float(y), float(z)}; }
+Vec3 evenScale(double scale) { return vec3(scale, scale, scale); }
+
+EntityRef added(Entity& parent, const char* name) {
+    EntityRef entity = Entity::make(name);
+    parent.add(entity);
+    return entity;
+}
+
+// One material for all of the screen's mesh.
+void showTexture(Entity& screen, const scene3d::TextureRef& texture) {
+    const scene3d::Unlit shown{.name = "screen", .tint = {1, 1, 1}, .texture = texture};
+    screen.model->materials.assign(std::max<std::size_t>(screen.model->materials.size(), 1), shown);
+}
+
+}   // namespace
+
+std::optional<DeviceStage> DeviceStage::build(EntityRef model, DeviceFinish finish) {
+    DeviceStage stage;
+    stage.prepared_ = DeviceStudio::prepare(model, finish);
+    if (!stage.prepared_.screen) return std::nullopt;
+    stage.model_ = std::move(model);
+    stage.model_->transform.orientation = Rotation::about({0, 1, 0}, halfTurnDegrees);
+    const scene3d::Bounds bounds = stage.model_->visualBounds();
+    stage.modelUnit_ = bounds.extents().y > 0 ? 1 / double(bounds.extents().y) : 1;
+    stage.modelCenter_ = bounds.center();
+    stage.hangUp();
+    stage.screenTexture_ = std::make_shared<scene3d::Texture>();
+    showTexture(*stage.prepared_.screen, stage.screenTexture_);
+    return stage;
+}
+
+// The lamps belong to the rig and not to the phone: they travel and grow with it, and it turns in their
+// light.
+void DeviceStage::hangUp() {
+    scene_.root = Entity::make("stage");
+    rig_ = added(*scene_.root, "rig");
+    phone_ = added(*rig_, "phone");
+    phone_->add(model_);
+    lights_ = {added(*rig_, "key light"), added(*rig_, "fill light"), added(*rig_, "rim light")};
+    camera_ = added(*scene_.root, "camera");
+    scene_.camera = camera_;
+    scene_.environment = DeviceStudio::environmentLight();
+}
+
+void DeviceStage::setUp(const DeviceScene& scene, std::optional<double> heightFraction) {
+    cameraDistance_ = scene.cameraDistance;
+    viewHeight_ = 2 * scene.cameraDistance * std::tan(radians(scene.fovDegrees) / 2);
+    camera_->camera = scene3d::PerspectiveCamera{.fieldOfViewDeg = float(scene.fovDegrees)};
+    const double fraction = heightFraction.value_or(1 / std::max(viewHeight_, leastViewHeight));
+    const double scale = modelUnit_ * std::max(viewHeight_ * fraction, leastWorldHeight);
+    model_->transform.scale = evenScale(scale);
+    model_->transform.position = modelCenter_ * float(-scale);
+    DeviceStudio::installLighting(lights_, *rig_, scene);
+}
+
+void DeviceStage::stand(const DeviceStance& stance) {
+    const Vector3& pose = stance.poseDegrees;
+    phone_->transform.orientation = Rotation::about({0, 0, 1}, -pose.z) * Rotation::about({0, 1, 0}, pose.y) *
+                                    Rotation::about({1, 0, 0}, -pose.x);
+    if (stance.placement) {
+        const auto& [offset, size] = *stance.placement;
+        rig_->transform.position = vec3(offset.x * viewHeight_, -offset.y * viewHeight_, 0);
+        rig_->transform.scale = evenScale(size);
+    } else {
+        rig_->transform = {};
+    }
+    const double distance =
+        stance.depth ? (neutralDepthDistance - *stance.depth) * cameraDistance_ : cameraDistance_;
+    camera_->transform.position = vec3(0, 0, distance);
+    showsItsBack_ = std::cos(radians(pose.y)) < facesAway;
+}
+
+const scene3d::Scene& DeviceStage::bodyScene() {
+    showRearCamera(showsItsBack_);
+    for (const EntityRef& entity : prepared_.body) entity->isEnabled = true;
+    prepared_.screen->isEnabled = true;
+    return scene_;
+}
+
+const scene3d::Scene& DeviceStage::screenScene() {
+    showRearCamera(false);
+    for (const EntityRef& entity : prepared_.body) entity->isEnabled = false;
+    for (const EntityRef& entity : prepared_.screenOccluders) entity->isEnabled = true;
+    prepared_.screen->isEnabled = true;
+    return scene_;
+}
+
+void DeviceStage::showRearCamera(bool isVisible) {
+    for (const EntityRef& entity : prepared_.rearCameraHardware) entity->isEnabled = isVisible;
+    for (const auto& mesh : prepared_.rearCameraMeshes)
+        mesh.entity->model = isVisible ? mesh.visible : mesh.hidden;
+}
+
+}   // namespace tavix

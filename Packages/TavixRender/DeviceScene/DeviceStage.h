@@ -1,0 +1,57 @@
+// The space in which a device is photographed: the model, the rig that carries it through the picture, lamps,
+// camera and the studio around them. It knows how things stand; drawing them is somebody else's work.
+#pragma once
+
+#include "TavixCore/Choreography/DeviceFinish.h"
+#include "TavixPlatform/Scene3D/Entity.h"
+#include "TavixRender/DeviceScene/DeviceSceneMotion.h"
+#include "TavixRender/DeviceScene/DeviceStudio.h"
+
+#include <optional>
+
+namespace tavix {
+
+// How the device stands in one frame.
+struct DeviceStance {
+    Vector3 poseDegrees;   // pitch, yaw, roll
+    std::optional<DeviceSceneMotion::Placement> placement;
+    std::optional<double> depth;   // 0.5 is the usual distance, more is nearer
+};
+
+// Used by one thread at a time.
+class DeviceStage {
+public:
+    // Takes the tree of a model and makes it a part of the stage. Nothing when no mesh of it is a screen.
+    // Throws `Failure` when the studio cannot be made.
+    static std::optional<DeviceStage> build(scene3d::EntityRef model, DeviceFinish finish);
+
+    // Camera and lamps as the scene tells, and the model as tall as `heightFraction` of the view at its
+    // distance; nothing: as tall as one unit of the stage.
+    void setUp(const DeviceScene& scene, std::optional<double> heightFraction);
+    void stand(const DeviceStance& stance);
+
+    // What the two passes of a frame see. The lit body comes with everything on it; the screen comes with
+    // the bezel in front of it, which cuts it as the body would.
+    const scene3d::Scene& bodyScene();
+    const scene3d::Scene& screenScene();
+
+    scene3d::Texture& screen() { return *screenTexture_; }
+
+private:
+    DeviceStage() = default;
+    void hangUp();
+    void showRearCamera(bool isVisible);
+
+    scene3d::Scene scene_;
+    scene3d::EntityRef rig_, phone_, model_, camera_;
+    DeviceStudio::Lights lights_;
+    DeviceStudio::PreparedModel prepared_;
+    scene3d::TextureRef screenTexture_;
+    double modelUnit_ = 1;   // 1 / height of the model as it came
+    scene3d::Vec3 modelCenter_;
+    double cameraDistance_ = 1;
+    double viewHeight_ = 1;   // of what the camera sees at its distance
+    bool showsItsBack_ = false;
+};
+
+}   // namespace tavix

@@ -1,0 +1,194 @@
+#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+
+#include "TavixCore/Choreography/DeviceDepthTrajectory.h"
+#include "TavixCore/Support/Failure.h"
+#include "TavixPlatform/Imaging/Hash.h"
+#include "TavixPlatform/Scene3D/SceneError.h"
+#include "TavixRender/DeviceScene/DeviceModelLoader.h"
+#include "TavixRender/DeviceScene/DeviceMotionBlur.h"
+#include "TavixRender/DeviceScene/DeviceStage.h"
+#include "TavixRender/DeviceScene/ToneCurve.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+using imaging::Image;
+using imaging::PixelRegion;
+using imaging::Rect;
+
+// What two passes of 4320 x 7680 with a device over a quarter of them take.
+constexpr std::size_t mostIdleBytes = 64u << 20;
+
+Rect boundsOf(imaging::Size size) { return {0, 0, double(size.width), double(size.height)}; }
+
+void tell(const RenderLog& log, const std::string& line) {
+    if (log) log(line);
+}
+
+std::vector<DeviceScalarKeyframe> inOrder(std::vector<DeviceScalarKeyframe> track) {
+    std::ranges::stable_sort(track, {}, &DeviceScalarKeyframe::tSec);
+    return track;
+}
+
+Image imageOf(scene3d::EncodedFrame frame) {
+    if (frame.region.isEmpty()) return {};
+    frame.pixels.indexCoverage();
+    return Image::bitmap(std::make_shared<const imaging::Bitmap>(std::move(frame.pixels)),
+        {double(frame.region.x0), double(frame.region.y0)});
+}
+
+}   // namespace
+
+RealityDeviceSceneRenderer::RealityDeviceSceneRenderer(Settings settings)
+    : settings_(std::move(settings)), scene_(settings_.initialScene), placement_(settings_.placementSpec),
+      motion_(scene_, placement_, rules()), pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {
+    settings_.renderScale = std::clamp(settings_.renderScale, 1, mostRenderScale);
+    settings_.motionBlurGain = std::max(settings_.motionBlurGain, 0.0);
+    settings_.depthTrack = inOrder(std::move(settings_.depthTrack));
+    deriveMotion();
+}
+
+RealityDeviceSceneRenderer::~RealityDeviceSceneRenderer() = default;
+
+Image RealityDeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, const Context& context) {
+    if (state_ == State::fresh) build(context);
+    if (state_ == State::failed) return backdrop();
+    const Image screen = screenImage(transitionWindows_, deviceLayer, motion_, outputSec);
+    stage_->stand(stanceAt(outputSec));
+    updateScreen(screen, outputSec, context);
+    try {
+        Image device = photographed();
+        if (const auto blur = blurAt(outputSec))
+            device = device.clampedToExtent().motionBlurred(blur->radiusPx, blur->angleRad);
+        return device.over(backdrop()).cropped(boundsOf(settings_.output));
+    } catch (const scene3d::SceneError& error) {
+        tell(context.log, std::string("⚠️ A frame of the device in 3D is not drawn: ") + error.what());
+        return backdrop();
+    }
+}
+
+// A stage is built once. One that cannot be stays so, and the backdrop shows for good.
+void RealityDeviceSceneRenderer::build(const Context& context) {
+    state_ = State::failed;
+    try {
+        const scene3d::EntityRef model = DeviceModelLoader::freshModelInstance();
+        if (!model) return;
+        auto stage = DeviceStage::build(model, scene_.finish);
+        if (!stage) return;
+        stage_ = std::make_unique<DeviceStage>(std::move(*stage));
+        setUpStage();
+        state_ = State::built;
+    } catch (const std::exception& error) {
+        stage_.reset();
+        tell(context.log, std::string("[Tavix] RealityKit device scene failed to build (") + error.what() +
+                              "); frames render backdrop-only");
+    }
+}
+
+void RealityDeviceSceneRenderer::setUpStage() {
+    const double height = settings_.output.height;
+    stage_->setUp(scene_, height > 0 ? std::optional(settings_.deviceRect.height / height) : std::nullopt);
+}
+
+void RealityDeviceSceneRenderer::deriveMotion() {
+    motion_ = DeviceSceneMotion(scene_, placement_, rules());
+    ++sceneVersion_;
+    transitionWindows_ =
+        transitionWindows(settings_.transitionInputs, motion_, scene_.tiltDegrees.y, settings_.timeRemap);
+}
+
+// The texture of the screen, brought up to date. When that fails the picture of before stays on it.
+void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, const Context& context) {
+    if (liveMode_ && lastBlitSec_ == outputSec) return;
+    lastBlitSec_ = outputSec;
+    if (lastBlit_ == screen.hash()) return;
+    try {
+        const Rect extent = screen.extent();
+        const PixelRegion region = imaging::pixelsCovering({std::round(extent.x), std::round(extent.y),
+            std::round(extent.width), std::round(extent.height)});
+        // The screen shines by itself and hides what is behind it.
+        const Image opaque = screen.over(Image::solid(imaging::Color::black()).cropped(extent));
+        stage_->screen().replace(
+            std::make_shared<const imaging::Bitmap>(context.evaluator.draw(opaque, region)));
+        lastBlit_ = screen.hash();
+    } catch (const std::exception& error) {
+        if (!std::exchange(hasToldOfScreen_, true))
+            tell(
+                context.log, std::string("[Tavix] RealityKit screen texture update failed: ") + error.what());
+    }
+}
+
+// Both passes, one over the other. The lit body goes through the tone curve and the screen does not: its
+// pixels are those of its picture. The curve comes before the reduction of larger passes, so that bright
+// edges stay smooth in what is seen and not in the light that nobody sees.
+Image RealityDeviceSceneRenderer::photographed() {
+    const scene3d::Pass pass{
+        {settings_.output.width * settings_.renderScale, settings_.output.height * settings_.renderScale},
+        scene3d::Samples::four};
+    const scene3d::LinearFrame body = engine_.renderLinear(stage_->bodyScene(), pass);
+    const Image device = Image::stacked({Image::solid(imaging::Color::clear()).cropped(boundsOf(pass.size)),
+        imageOf(DeviceStudio::applyACES(body, pool_)),
+        imageOf(engine_.renderEncoded(stage_->screenScene(), pass))});
+    return settings_.renderScale == 1 ? device : device.placedInto(boundsOf(settings_.output));
+}
+
+DeviceStance RealityDeviceSceneRenderer::stanceAt(double outputSec) const {
+    return {motion_.posed(outputSec), motion_.placement(outputSec),
+        DeviceDepthTrajectory::sample(settings_.depthTrack, outputSec)};
+}
+
+std::optional<DeviceMotionBlur> RealityDeviceSceneRenderer::blurAt(double outputSec) const {
+    const BlurredDevice moving{motion_, settings_.output, settings_.deviceRect, settings_.fps};
+    return motionBlurOf(moving, settings_.motionBlurGain, outputSec);
+}
+
+std::uint64_t RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
+    const DeviceStance stance = stanceAt(outputSec);
+    imaging::Hash hash(sceneVersion_);
+    hash.add(screenImage(transitionWindows_, deviceLayer, motion_, outputSec).hash());
+    hash.add(stance.poseDegrees.x).add(stance.poseDegrees.y).add(stance.poseDegrees.z);
+    if (const auto& place = stance.placement)
+        hash.add(place->offset.x).add(place->offset.y).add(place->scale);
+    if (stance.depth) hash.add(*stance.depth);
+    if (const auto blur = blurAt(outputSec)) hash.add(blur->radiusPx).add(blur->angleRad);
+    return hash.value();
+}
+
+Image RealityDeviceSceneRenderer::backdrop() const {
+    return settings_.backdrop.cropped(boundsOf(settings_.output));
+}
+
+void RealityDeviceSceneRenderer::applyScene(const DeviceScene& scene,
+    const std::optional<DevicePlacementSpec>& placement, std::optional<double> motionBlur,
+    const std::optional<std::vector<DeviceScalarKeyframe>>& depthTrack) {
+    scene_ = scene;
+    if (motionBlur) settings_.motionBlurGain = std::max(*motionBlur, 0.0);
+    if (depthTrack) settings_.depthTrack = inOrder(*depthTrack);
+    placement_ = placement.value_or(placementOf(scene));
+    deriveMotion();
+    if (state_ == State::built) setUpStage();
+}
+
+void RealityDeviceSceneRenderer::liveUpdateTilt(const Vector3& tiltDegrees) {
+    scene_.setBaseTilt(tiltDegrees);
+    deriveMotion();
+}
+
+void RealityDeviceSceneRenderer::setLiveMode(bool isOn) {
+    if (liveMode_ != isOn) lastBlitSec_.reset();
+    liveMode_ = isOn;
+}
+
+DeviceMotionRules RealityDeviceSceneRenderer::rules() const {
+    return {double(settings_.output.width), double(settings_.output.height), settings_.fps,
+        settings_.smoothPose, settings_.parkPoseTurn, settings_.timeRemap};
+}
+
+}   // namespace tavix

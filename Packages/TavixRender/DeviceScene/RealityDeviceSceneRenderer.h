@@ -1,0 +1,98 @@
+// A phone in space: from a picture for its screen and a time to a picture of the lit, posed device.
+#pragma once
+
+#include "TavixCore/Choreography/DeviceKeyframes.h"
+#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Scene3D/Renderer.h"
+#include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/DeviceScene/DeviceSceneMotion.h"
+#include "TavixRender/DeviceScene/ScreenTransitionWindow.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tavix {
+
+class DeviceStage;
+struct DeviceMotionBlur;
+struct DeviceStance;
+
+// Used by the main executor alone, one frame after another. The engine below has no thread of its own that it
+// must be called from: in an export the main executor is the thread of the render loop.
+class RealityDeviceSceneRenderer {
+public:
+    static constexpr int mostRenderScale = 3;
+
+    struct Settings {
+        DeviceScene initialScene;
+        imaging::Size output;       // of the pictures it gives, in pixels
+        int renderScale = 1;        // the passes are that many times larger; counted within 1 to 3
+        imaging::Rect deviceRect;   // the frame of the device, in output pixels
+        double fps = 30;
+        imaging::Image backdrop;   // what lies behind the device
+        std::vector<TransitionInput> transitionInputs;
+        DevicePlacementSpec placementSpec;
+        bool parkPoseTurn = false;   // see `DeviceMotionRules`, as for the next but two
+        double motionBlurGain = 0;   // at least 0
+        std::vector<DeviceScalarKeyframe> depthTrack;
+        bool smoothPose = false;
+        TimeRemap timeRemap;
+    };
+    // What a frame is drawn with. Both belong to the caller.
+    struct Context {
+        imaging::Evaluator& evaluator;
+        const RenderLog& log;
+    };
+
+    explicit RealityDeviceSceneRenderer(Settings settings);
+    ~RealityDeviceSceneRenderer();
+
+    // A picture of the size of the output. The first call builds the stage. Never fails: what cannot be drawn
+    // is told to the log once, and the backdrop shows.
+    imaging::Image render(const imaging::Image& deviceLayer, double outputSec, const Context& context);
+
+    // Of the picture that `render` would give: equal hashes mean equal pictures, for as long as the renderer
+    // lives.
+    std::uint64_t frameHash(const imaging::Image& deviceLayer, double outputSec) const;
+
+    // Changes all of a scene but its finish. Without a placement the scene's own counts; an absent blur or
+    // depth stays as it was.
+    void applyScene(const DeviceScene& scene, const std::optional<DevicePlacementSpec>& placement,
+        std::optional<double> motionBlur = {},
+        const std::optional<std::vector<DeviceScalarKeyframe>>& depthTrack = {});
+    void liveUpdateTilt(const Vector3& tiltDegrees);
+    void setLiveMode(bool isOn);
+
+private:
+    enum class State { fresh, built, failed };
+
+    void build(const Context& context);
+    void deriveMotion();
+    void setUpStage();
+    void updateScreen(const imaging::Image& screen, double outputSec, const Context& context);
+    imaging::Image photographed();
+    imaging::Image backdrop() const;
+    DeviceMotionRules rules() const;
+    DeviceStance stanceAt(double outputSec) const;
+    std::optional<DeviceMotionBlur> blurAt(double outputSec) const;
+
+    Settings settings_;
+    DeviceScene scene_;
+    DevicePlacementSpec placement_;
+    DeviceSceneMotion motion_;
+    std::vector<TransitionWindow> transitionWindows_;
+    std::uint64_t sceneVersion_ = 0;   // counts what was applied
+    State state_ = State::fresh;
+    std::unique_ptr<DeviceStage> stage_;
+    scene3d::Renderer engine_;
+    std::shared_ptr<imaging::BytePool> pool_;   // of pictures of the pass, which come and go with frames
+    bool liveMode_ = false;
+    bool hasToldOfScreen_ = false;            // its failure is told once
+    std::optional<double> lastBlitSec_;       // when the screen was last brought up to date
+    std::optional<std::uint64_t> lastBlit_;   // and with what
+};
+
+}   // namespace tavix
