@@ -30,10 +30,9 @@ EntityRef added(Entity& parent, const char* name) {
     return entity;
 }
 
-// One material for all of the screen's mesh.
-void showTexture(Entity& screen, const scene3d::TextureRef& texture) {
-    const scene3d::Unlit shown{.name = "screen", .tint = {1, 1, 1}, .texture = texture};
-    screen.model->materials.assign(std::max<std::size_t>(screen.model->materials.size(), 1), shown);
+// One material for all of a mesh.
+void cover(Entity& entity, const scene3d::Unlit& material) {
+    entity.model->materials.assign(std::max<std::size_t>(entity.model->materials.size(), 1), material);
 }
 
 }   // namespace
@@ -49,7 +48,6 @@ std::optional<DeviceStage> DeviceStage::build(EntityRef model, DeviceFinish fini
     stage.modelCenter_ = bounds.center();
     stage.hangUp();
     stage.screenTexture_ = std::make_shared<scene3d::Texture>();
-    showTexture(*stage.prepared_.screen, stage.screenTexture_);
     return stage;
 }
 
@@ -94,7 +92,9 @@ void DeviceStage::stand(const DeviceStance& stance) {
     showsItsBack_ = std::cos(radians(pose.y)) < facesAway;
 }
 
+// Dark, the screen takes no time here; its own pass lies over all of it.
 const scene3d::Scene& DeviceStage::bodyScene() {
+    cover(*prepared_.screen, {.name = "dark screen", .tint = {0, 0, 0}});
     showRearCamera(showsItsBack_);
     for (const EntityRef& entity : prepared_.body) entity->isEnabled = true;
     prepared_.screen->isEnabled = true;
@@ -102,6 +102,7 @@ const scene3d::Scene& DeviceStage::bodyScene() {
 }
 
 const scene3d::Scene& DeviceStage::screenScene() {
+    cover(*prepared_.screen, {.name = "screen", .tint = {1, 1, 1}, .texture = screenTexture_});
     showRearCamera(false);
     for (const EntityRef& entity : prepared_.body) entity->isEnabled = false;
     for (const EntityRef& entity : prepared_.screenOccluders) entity->isEnabled = true;

@@ -48,7 +48,8 @@ Image imageOf(scene3d::EncodedFrame frame) {
 
 RealityDeviceSceneRenderer::RealityDeviceSceneRenderer(Settings settings)
     : settings_(std::move(settings)), scene_(settings_.initialScene), placement_(settings_.placementSpec),
-      motion_(scene_, placement_, rules()), pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {
+      motion_(scene_, placement_, rules()), engine_(settings_.drawing),
+      pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {
     settings_.renderScale = std::clamp(settings_.renderScale, 1, mostRenderScale);
     settings_.motionBlurGain = std::max(settings_.motionBlurGain, 0.0);
     settings_.depthTrack = inOrder(std::move(settings_.depthTrack));

@@ -40,6 +40,7 @@ public:
         std::vector<DeviceScalarKeyframe> depthTrack;
         bool smoothPose = false;
         TimeRemap timeRemap;
+        scene3d::RendererOptions drawing = {};
     };
     // What a frame is drawn with. Both belong to the caller.
     struct Context {

@@ -110,6 +110,29 @@ CompositionSpec specOf(imaging::Size size, int fps, std::vector<CompositionScene
     return spec;
 }
 
+std::string triangleModel(const std::string& materialName) {
+    std::string json =
+        R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}], "nodes": [{"mesh": 0}],)"
+        R"( "meshes": [{"primitives": [{"attributes": {"POSITION": 0}, "material": 0}]}],)"
+        R"( "buffers": [{"byteLength": 36}], "bufferViews": [{"buffer": 0, "byteLength": 36}],)"
+        R"( "accessors": [{"bufferView": 0, "componentType": 5126, "count": 3, "type": "VEC3",)"
+        R"( "min": [0, 0, 0], "max": [1, 1, 0]}], "materials": [{"name": ")" +
+        materialName + R"("}]})";
+    json.resize((json.size() + 3) / 4 * 4, ' ');
+    const float corners[9] = {0, 0, 0, 1, 0, 0, 0, 1, 0};
+    std::string file;
+    const auto word = [&](std::uint32_t value) { file.append(reinterpret_cast<const char*>(&value), 4); };
+    word(0x46546C67);   // "glTF"
+    word(2);
+    word(std::uint32_t(12 + 8 + json.size() + 8 + sizeof corners));
+    word(std::uint32_t(json.size()));
+    word(0x4E4F534A);   // "JSON"
+    file += json;
+    word(sizeof corners);
+    word(0x004E4942);   // "BIN"
+    return file.append(reinterpret_cast<const char*>(corners), sizeof corners);
+}
+
 ScratchFolder::ScratchFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "tavix-render-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("No scratch folder could be made.");

@@ -50,6 +50,9 @@ CompositionScene sceneOf(double durationSec, std::vector<CompositionLayer> layer
 // The layers stand in the middle of the canvas.
 CompositionSpec specOf(imaging::Size size, int fps, std::vector<CompositionScene> scenes);
 
+// A binary glTF file of one triangle, whose material bears that name.
+std::string triangleModel(const std::string& materialName);
+
 // A folder of its own that is removed with its content.
 class ScratchFolder {
 public:
