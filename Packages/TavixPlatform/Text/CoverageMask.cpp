@@ -16,9 +16,6 @@ namespace {
 constexpr std::size_t maxPoints = 32000;
 constexpr double maxDistancePx = 100000;
 
-// Rounded to the nearest; exact for all products of two bytes.
-constexpr unsigned dividedBy255(unsigned value) { return (value + 128 + ((value + 128) >> 8)) >> 8; }
-
 struct FreeTypeOutline {
     std::vector<FT_Vector> points;
     std::vector<char> tags;

@@ -20,6 +20,9 @@ struct MaskPlacement {
     double scale = 1, dx = 0, dy = 0;   // the scale first
 };
 
+// Rounded to the nearest; exact for all products of two bytes.
+constexpr unsigned dividedBy255(unsigned value) { return (value + 128 + ((value + 128) >> 8)) >> 8; }
+
 class CoverageMask {
 public:
     explicit CoverageMask(imaging::Size size);

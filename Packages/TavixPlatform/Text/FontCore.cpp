@@ -146,6 +146,9 @@ void FontCore::takeFaces(const FcFontSet& set) {
     std::vector<FaceRef> found;
     for (int i = 0; i < set.nfont; ++i) {
         const FcPattern* pattern = set.fonts[i];
+        // What HarfBuzz reads: outlines and pictures in tables, not the older kinds of the same family.
+        const std::string format = stringOf(pattern, FC_FONTFORMAT);
+        if (format != "TrueType" && format != "CFF") continue;
         FcBool isRange = FcFalse;   // a variable font stands for itself by its standard instance
         if (FcPatternGetBool(pattern, FC_VARIABLE, 0, &isRange) == FcResultMatch && isRange) continue;
         Face face{stringOf(pattern, FC_FAMILY), stringOf(pattern, FC_POSTSCRIPT_NAME),

@@ -28,6 +28,8 @@ struct BytesLeft {
 
 // No picture of a font has a longer side; a file that claims more is not read.
 constexpr std::uint32_t maxPictureSidePx = 2048;
+// Nor is one drawn larger than this.
+constexpr int maxPlacedSidePx = 8192;
 
 std::uint32_t bigEndian(const char* bytes) {
     std::uint32_t value = 0;
@@ -138,26 +140,52 @@ private:
         return true;
     }
 
+    // A picture is resampled on the grid of the canvas, whatever the region, so that its pixels are the same
+    // in every region.
     bool paintPicture(const PlacedGlyph& glyph, const GlyphFont& font) {
         const imaging::Rect rect = pictureRect(line_, glyph);
         const Held<cairo_surface_t> picture = rect.isEmpty() ? nullptr : decodedPicture(font, glyph.id);
         if (!picture) return false;
         flush();
-        const imaging::BitmapView view = bitmap_.view();
+        const imaging::Rect place{(origin_.x + rect.x) * scale_, (origin_.y + rect.y) * scale_,
+            rect.width * scale_, rect.height * scale_};
+        const imaging::PixelRegion pixels = pixelsCovering(place);
+        if (intersection(pixels, region_).isEmpty() ||
+            std::max(pixels.width(), pixels.height()) > maxPlacedSidePx)
+            return true;
+        layOver(
+            resampled(picture.get(), place, pixels, line_.colors[glyph.color].a), pixels, columnsOf(glyph));
+        return true;
+    }
+
+    static imaging::Bitmap resampled(cairo_surface_t* picture, const imaging::Rect& place,
+        const imaging::PixelRegion& pixels, double alpha) {
+        imaging::Bitmap result({pixels.width(), pixels.height()});
+        const imaging::BitmapView view = result.view();
         const Held<cairo_surface_t> target(cairo_image_surface_create_for_data(view.pixels,
             CAIRO_FORMAT_ARGB32, view.size.width, view.size.height, static_cast<int>(view.strideBytes)));
         const Held<cairo_t> context(cairo_create(target.get()));
-        const Columns columns = columnsOf(glyph);
-        cairo_rectangle(context.get(), columns.begin, 0, columns.end - columns.begin, region_.height());
-        cairo_clip(context.get());
-        cairo_translate(context.get(), (origin_.x + rect.x) * scale_ - region_.x0,
-            region_.y1 - (origin_.y + rect.maxY()) * scale_);
-        cairo_scale(context.get(), rect.width * scale_ / cairo_image_surface_get_width(picture.get()),
-            rect.height * scale_ / cairo_image_surface_get_height(picture.get()));
-        cairo_set_source_surface(context.get(), picture.get(), 0, 0);
+        cairo_translate(context.get(), place.x - pixels.x0, pixels.y1 - place.maxY());
+        cairo_scale(context.get(), place.width / cairo_image_surface_get_width(picture),
+            place.height / cairo_image_surface_get_height(picture));
+        cairo_set_source_surface(context.get(), picture, 0, 0);
         cairo_pattern_set_filter(cairo_get_source(context.get()), CAIRO_FILTER_GOOD);
-        cairo_paint_with_alpha(context.get(), line_.colors[glyph.color].a);
-        return true;
+        cairo_paint_with_alpha(context.get(), alpha);
+        return result;
+    }
+
+    void layOver(const imaging::Bitmap& picture, const imaging::PixelRegion& pixels, const Columns& columns) {
+        const imaging::PixelRegion common = intersection(
+            pixels, intersection(region_,
+                        {region_.x0 + columns.begin, region_.y0, region_.x0 + columns.end, region_.y1}));
+        for (int y = common.y0; y < common.y1; ++y) {
+            const std::uint8_t* from = picture.view().row(pixels.y1 - 1 - y) + 4 * (common.x0 - pixels.x0);
+            std::uint8_t* to = bitmap_.view().row(region_.y1 - 1 - y) + 4 * (common.x0 - region_.x0);
+            for (int x = common.x0; x < common.x1; ++x, from += 4, to += 4)
+                for (int channel = 0; channel < 4; ++channel)
+                    to[channel] = static_cast<std::uint8_t>(
+                        from[channel] + dividedBy255(to[channel] * (255u - from[3])));
+        }
     }
 
     const LineData& line_;

@@ -1,0 +1,78 @@
+#include "TavixRender/KineticText/CompositionFontResolver.h"
+
+#include "TavixPlatform/Text/FontBook.h"
+#include "TavixRender/Captions/CaptionLayout.h"
+#include "TavixRender/KineticText/CaptionFontFile.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace tavix {
+namespace {
+
+// Fonts of our own, whose names no machine has.
+const std::filesystem::path fontFolder =
+    std::filesystem::path(TAVIX_SOURCE_DIR) / "Packages/TavixPlatform/Text/Tests/Data";
+constexpr const char* fileName = "TavixSwash-Regular.ttf";
+
+TEST(CompositionFontResolver, FindsFilesShortNamesAndNamesInThisOrder) {
+    text::FontBook fonts;
+    const std::string full = (fontFolder / fileName).string();
+    const std::map<std::string, std::string> aliases{
+        {"title", fileName}, {"body", "optima"}, {"futura", "Mine"}};
+    const struct {
+        std::optional<std::string> font;
+        ResolvedFont resolved;
+    } cases[] = {
+        {std::nullopt, {}},
+        {"", {}},
+        {fileName, {"TavixSwash-Regular", full}},
+        {std::string(" ") + fileName + "\n", {"TavixSwash-Regular", full}},
+        {full, {"TavixSwash-Regular", full}},
+        {"title", {"TavixSwash-Regular", full}},
+        {"body", {"Optima-Regular", std::nullopt}},
+        {"futura", {"Mine", std::nullopt}},
+        {"GEORGIA", {"Georgia", std::nullopt}},
+        {"system", {}},
+        {"Some Font", {"Some Font", std::nullopt}},
+        {"missing/Display.otf", {"missing/Display.otf", std::nullopt}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.font.value_or("absent"));
+        EXPECT_EQ(CompositionFontResolver::resolve(c.font, aliases, fontFolder, fonts), c.resolved);
+    }
+    EXPECT_FALSE(fonts.named("TavixSwash-Regular", 10).isStandIn);
+}
+
+TEST(CaptionFontFile, KnowsFontFilesByTheirEnding) {
+    for (const char* path : {"a.ttf", "b/c.OTF", " d.ttc\n", "~/x.ttf"})
+        EXPECT_TRUE(CaptionFontFile::looksLikePath(path)) << path;
+    for (const char* path : {"", "ttf", ".ttf", "a.ttf/b", "a.woff", "folder/.otf", "Inter"})
+        EXPECT_FALSE(CaptionFontFile::looksLikePath(path)) << path;
+}
+
+TEST(CaptionFontFile, WhatIsNoFontIsNoOption) {
+    text::FontBook fonts;
+    const std::filesystem::path broken = std::filesystem::path(testing::TempDir()) / "tavix-broken.ttf";
+    std::ofstream(broken) << "no font";
+    EXPECT_FALSE(CaptionFontFile::option(broken.string(), std::nullopt, fonts));
+    EXPECT_FALSE(CaptionFontFile::option("missing.ttf", fontFolder, fonts));
+    const auto option = CaptionFontFile::option(fileName, fontFolder, fonts);
+    ASSERT_TRUE(option);
+    EXPECT_EQ(option->id, fileName);
+    EXPECT_EQ(option->displayName, "File (TavixSwash-Regular)");
+    std::filesystem::remove(broken);
+}
+
+TEST(CaptionOverlay, BringsAFileIntoTheBook) {
+    text::FontBook fonts;
+    CaptionOverlay::registerFontIfNeeded("", fonts);
+    CaptionOverlay::registerFontIfNeeded("missing.ttf", fonts);
+    CaptionOverlay::registerFontIfNeeded((fontFolder / fileName).string(), fonts);
+    EXPECT_FALSE(fonts.named("Tavix Swash", 10).isStandIn);
+}
+
+}   // namespace
+}   // namespace tavix
