@@ -3,7 +3,6 @@
 #include "Engine/Terminal.h"
 
 #include <string_view>
-#include <variant>
 
 namespace tavix::engine {
 
@@ -12,12 +11,6 @@ namespace {
 constexpr std::string_view warningMark = "⚠️ ";
 constexpr std::string_view doneMark =
     "✓ ";   // speaks of the unfinished file; the verb tells of the finished one
-
-bool isDrawn(const LayerContent& content) {
-    return std::holds_alternative<BackgroundFill>(content) || std::holds_alternative<ShapeContent>(content) ||
-           std::holds_alternative<ImageContent>(content) || std::holds_alternative<DeviceContent>(content) ||
-           std::holds_alternative<VideoContent>(content);
-}
 
 }   // namespace
 
@@ -28,15 +21,6 @@ RenderLog RenderNotes::log() {
 void RenderNotes::warn(const std::string& sentence) {
     warnings_.emplace_back(sentence);
     terminal_.warn(sentence);
-}
-
-void RenderNotes::warnOfUndrawnLayers(const CompositionSpec& spec) {
-    int count = 0;
-    for (const CompositionScene& scene : spec.scenes)
-        for (const CompositionLayer& layer : scene.layers) count += isDrawn(layer.content) ? 0 : 1;
-    if (count == 0) return;
-    warn("Text layers are not drawn yet; " +
-         (count == 1 ? std::string("one is") : std::to_string(count) + " are") + " left out.");
 }
 
 void RenderNotes::take(const std::string& line) {

@@ -1,7 +1,6 @@
 // What a render says while it works: its log goes to a person, its warnings to whoever reads the result.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
 #include "TavixCore/Support/Json.h"
 #include "TavixRender/Assets/RenderLog.h"
 
@@ -18,8 +17,6 @@ public:
 
     RenderLog log();
     void warn(const std::string& sentence);
-    // Says how many layers are of a kind that is not drawn yet, when there are any.
-    void warnOfUndrawnLayers(const CompositionSpec& spec);
     const JsonArray& warnings() const { return warnings_; }
 
 private:

@@ -37,6 +37,17 @@ TEST_F(EngineTest, TheExampleOfTheReadMeRenders) {
     EXPECT_EQ(*sheet.find("cells")->array()->back().find("scene"), Json("end"));
 }
 
+TEST_F(EngineTest, TheExampleOfMovingTextIsSoundAndShowsEveryPreset) {
+    const std::string example = std::string(TAVIX_SOURCE_DIR) + "/Examples/kinetic-type.tavixcomp";
+    EXPECT_EQ(tavix({"lint", example}).status, 0);
+    const std::string document = readBytes(example + "/composition.json");
+    const Json presets = json({"presets", "kinetic", "--json"});
+    for (const Json& preset : *presets.array())
+        EXPECT_THAT(document, HasSubstr("\"" + *preset.find("id")->text() + "\""));
+    json({"sheet", example, "-o", "sheet.png", "--width", "600", "--json"});
+    EXPECT_GT(media::loadStillImage(at("sheet.png")).size().height, 200);
+}
+
 TEST_F(EngineTest, EverySchemaIsJsonAndNamesItsType) {
     EXPECT_EQ(*json({"schema"}).find("title"), Json("composition"));
     for (const std::string type : {"composition", "scene", "layer", "effect", "track", "transition"})

@@ -104,22 +104,12 @@ TEST_F(EngineTest, WarnsOfAnAssetThatIsMissing) {
 }
 
 TEST_F(EngineTest, WarnsOfWhatIsLeftOut) {
-    const struct {
-        const char *rest, *sentence;
-    } cases[] = {
-        {R"("scenes": [{"durationSec": 1}], "audio": {"music": {"path": "song.mp3"}})",
-            "the film is silent."},
-        {R"("scenes": [{"durationSec": 1, "layers": [{"kind": "text"}, {"kind": "text"}, {"kind": "shape"}]}])",
-            "Text layers are not drawn yet; 2 are left out."},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.rest);
-        write("film.json",
-            std::string(R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, )") + c.rest + "}");
-        const Outcome outcome = tavix({"render", "film.json"});
-        EXPECT_EQ(outcome.status, 0);
-        EXPECT_THAT(outcome.err, HasSubstr(c.sentence));
-    }
+    write(
+        "film.json", R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, "scenes": [{"durationSec": 1}],
+        "audio": {"music": {"path": "song.mp3"}}})");
+    const Outcome outcome = tavix({"render", "film.json"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.err, HasSubstr("the film is silent."));
     EXPECT_THAT(tavix({"render", "tiny.json"}).err, IsEmpty());
 }
 

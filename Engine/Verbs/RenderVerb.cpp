@@ -120,7 +120,6 @@ void RenderVerb::run(Terminal& terminal) {
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);
     RenderNotes notes(terminal);
-    notes.warnOfUndrawnLayers(config.spec);
     if (choice.format == ExportFormat::video) {
         warnOfSilence(config.spec, notes);
         warnOfHaste(static_cast<int>(config.spec.output.fps), notes);

@@ -69,7 +69,6 @@ void SheetVerb::run(Terminal& terminal) {
     const SheetLayout layout =
         sheetLayout(canvasSize(document.spec), static_cast<int>(shown.size()), columns_, widthPx_);
     RenderNotes notes(terminal);
-    notes.warnOfUndrawnLayers(document.spec);
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
         ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, notes.log());

@@ -73,7 +73,6 @@ void StillVerb::run(Terminal& terminal) {
     config.spec = document.spec;
     config.assetRoot = document.assetRoot;
     RenderNotes notes(terminal);
-    notes.warnOfUndrawnLayers(document.spec);
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         CompositionRenderer::renderStill(config, atSec, unfinished, notes.log());
     });

@@ -21,10 +21,4 @@ public:
     virtual bool needsMainActorRender() const { return false; }
 };
 
-// The content of a kind that is not drawn. Its layer keeps its place in the drawing order.
-class BlankCompositionLayer final : public CompositionLayerContentRenderer {
-public:
-    std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
-};
-
 }   // namespace tavix

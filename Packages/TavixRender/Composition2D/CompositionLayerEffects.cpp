@@ -1,7 +1,7 @@
 #include "TavixRender/Composition2D/CompositionLayerEffects.h"
 
 #include "TavixCore/Typography/KineticNoise.h"
-#include "TavixRender/Composition2D/KineticImageFX.h"
+#include "TavixRender/KineticText/KineticImageFX.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 
 #include <algorithm>

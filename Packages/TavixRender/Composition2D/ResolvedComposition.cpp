@@ -6,6 +6,7 @@
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
+#include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 
@@ -23,6 +24,22 @@ using imaging::Image;
 
 constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
 
+// What a text layer is told besides its content.
+struct TextPlace {
+    const CompositionSpec& spec;
+    double windowSec;
+    std::int64_t presetSeed;
+};
+
+std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(
+    const TextContent& text, const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
+    const NormalizedPoint position{
+        layer.position.x / build.bounds.width, layer.position.y / build.bounds.height};
+    return std::make_unique<TextCompositionLayer>(text,
+        TextCompositionLayer::Setting{build.bounds, position, place.spec.fonts, build.assetRoot},
+        place.presetSeed, KineticElementGroup::Window{place.windowSec, double(place.spec.output.fps)}, build);
+}
+
 std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(
     const DeviceContent& device, const CompositionLayer& layer, const LayerBuild& build) {
     if (device.scene3D && build.log)
@@ -33,7 +50,7 @@ std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(
 }
 
 std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
-    const CompositionLayer& layer, const LayerBuild& build) {
+    const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
     if (const auto* fill = std::get_if<BackgroundFill>(&layer.content))
         return std::make_unique<FillCompositionLayer>(*fill, build);
     if (const auto* shape = std::get_if<ShapeContent>(&layer.content))
@@ -42,9 +59,9 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
         return std::make_unique<ImageCompositionLayer>(*image, layer, build);
     if (const auto* video = std::get_if<VideoContent>(&layer.content))
         return std::make_unique<VideoCompositionLayer>(*video, build);
-    if (const auto* device = std::get_if<DeviceContent>(&layer.content))
-        return makeDeviceRenderer(*device, layer, build);
-    return std::make_unique<BlankCompositionLayer>();
+    if (const auto* text = std::get_if<TextContent>(&layer.content))
+        return makeTextRenderer(*text, layer, place, build);
+    return makeDeviceRenderer(std::get<DeviceContent>(layer.content), layer, build);
 }
 
 LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
@@ -95,13 +112,17 @@ void ResolvedComposition::buildBackgrounds(const LayerBuild& build) {
 }
 
 void ResolvedComposition::buildLayers(const LayerBuild& build) {
-    for (const CompositionScene& scene : spec_.scenes) {
+    for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
+        const CompositionScene& scene = spec_.scenes[i];
         auto& resolved = layers_.emplace_back();
-        for (const CompositionLayer& layer : scene.layers) {
+        for (std::size_t j = 0; j < scene.layers.size(); ++j) {
+            const CompositionLayer& layer = scene.layers[j];
             const LayerWindow window = windowOf(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            resolved.push_back({layer, makeRenderer(layer, build), window, anchor, {layer.effects, bounds_}});
+            const TextPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j)};
+            resolved.push_back(
+                {layer, makeRenderer(layer, place, build), window, anchor, {layer.effects, bounds_}});
             needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
         }
     }

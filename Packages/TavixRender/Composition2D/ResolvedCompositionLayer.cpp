@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
 
-#include "TavixRender/Composition2D/KineticImageFX.h"
+#include "TavixRender/KineticText/KineticImageFX.h"
 
 namespace tavix {
 
