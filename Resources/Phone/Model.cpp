@@ -12,7 +12,7 @@ Model::Model() {
     const Look glass{
         .color = {0.41, 0.41, 0.40}, .roughness = 0.64, .clearcoat = 0.14, .clearcoatRoughness = 0.36};
     const Look ring{.color = {0.41, 0.41, 0.40}, .metallic = 0.82, .roughness = 0.27, .specular = 0.18};
-    const Look gloss{.color = {0.004, 0.004, 0.005}, .roughness = 0.22};
+    const Look gloss{.color = {0.003, 0.003, 0.0035}, .roughness = 0.22, .specular = 0.22};
     const Look dark{.color = {0.003, 0.003, 0.0032}, .roughness = 0.6, .specular = 0.3};
     const auto add = [&](std::string name, const Look& look) {
         parts_.push_back({std::move(name), look, false, {}});
@@ -35,8 +35,9 @@ Model::Model() {
                           .roughness = 0.18,
                           .clearcoat = 1,
                           .clearcoatRoughness = 0.05});
-    add("cover_black1", {.color = {0.003, 0.003, 0.004}, .roughness = 0.08});
+    add("cover_black1", {.color = {0.003, 0.003, 0.004}, .roughness = 0.08, .specular = 0.3});
     add("bezel_black2", gloss);
+    add("edge_black", gloss);
     add("speaker_2112", dark);
     add("joint_black", dark);
     add("port_black", dark);

@@ -18,18 +18,15 @@ Profile bezelSection() {
         {{{-screenInsetMm, frontMm}}, {{-1.30, frontMm}, 0.36, 6}, {{glassEdgeMm.x, -glassEdgeMm.y}}});
 }
 Profile backSection() {
-    return section(
-        {{{glassEdgeMm.x, glassEdgeMm.y}}, {{-1.30, halfDepthMm}, 0.36, 6}, {{-1.7, halfDepthMm}}});
+    return section({{frameEdgeMm}, {{-1.25, halfDepthMm}, 0.36, 6}, {{-1.7, halfDepthMm}}});
 }
-// The dark joint between a sheet and the frame, with its floor below both.
-void addJoints(Surface& surface) {
-    constexpr double floor = 3.80;
-    const Vec2 glass = glassEdgeMm, frame = frameEdgeMm;
+// The dark joint between the bezel and the frame, with its floor below both. At the back, light glass meets
+// light metal in a mere crease: a line so thin would only flicker.
+void addJoint(Surface& surface) {
+    constexpr double floor = -3.80;
+    const Vec2 glass{glassEdgeMm.x, -glassEdgeMm.y}, frame{frameEdgeMm.x, -frameEdgeMm.y};
     loft(surface, bodyPlace(), bodyOutline(),
-        section({{{glass.x, -glass.y}}, {{glass.x + 0.03, -floor}}, {{frame.x - 0.03, -floor}},
-            {{frame.x, -frame.y}}}));
-    loft(surface, bodyPlace(), bodyOutline(),
-        section({{frame}, {{frame.x - 0.03, floor}}, {{glass.x + 0.03, floor}}, {glass}}));
+        section({{glass}, {{glass.x + 0.03, floor}}, {{frame.x - 0.03, floor}}, {frame}}));
 }
 
 // Both ends of the top edge's straight stretch: the last station of the first corner, and the next.
@@ -38,12 +35,17 @@ constexpr std::size_t topStation = cornerSteps;
 // Seen from behind the sheet, so that its wall sinks into the front.
 Placement slitPlace() { return {{0, heightMm - slitInsetMm, frontMm}, {-1, 0, 0}, {0, 1, 0}, toFront}; }
 
+// Of the bezel only what looks straight to the front: it is drawn over the body, and seen from behind none of
+// it may show. Its rounded edge and the slit's walls are the body's.
 void addBezel(Model& model) {
-    Surface& bezel = model["bezel_black2"];
+    Surface &bezel = model["bezel_black2"], &edge = model["edge_black"];
     const Outline& outline = bodyOutline();
     const Profile profile = bezelSection();
-    loft([&](std::size_t point,
-             std::size_t station) { return point == 0 && station == topStation ? nullptr : &bezel; },
+    loft(
+        [&](std::size_t point, std::size_t station) -> Surface* {
+            if (point > 0) return &edge;
+            return station == topStation ? nullptr : &bezel;
+        },
         bodyPlace(), outline, profile);
 
     const Outline slit = stadium(slitHalfLengthMm, slitRadiusMm, 8);
@@ -54,9 +56,8 @@ void addBezel(Model& model) {
         {{inner[topStation], inner[topStation + 1], outer[topStation + 1], outer[topStation]},
             ringAt(slitPlace(), slit, wall.front().at)},
         toFront);
-    Surface& speaker = model["speaker_2112"];
-    loft(speaker, slitPlace(), slit, wall);
-    fill(speaker, {ringAt(slitPlace(), slit, wall.back().at)}, toFront);
+    loft(model["joint_black"], slitPlace(), slit, wall);
+    fill(model["speaker_2112"], {ringAt(slitPlace(), slit, wall.back().at)}, toFront);
 }
 
 }   // namespace
@@ -70,7 +71,7 @@ void addFront(Model& model) {
     };
     fill(model["screen"], {border}, toFront, pictureAt);
     addBezel(model);
-    addJoints(model["joint_black"]);
+    addJoint(model["joint_black"]);
     fill(model["cover_glass"], {ringAt(bodyPlace(), bodyOutline(), {-1.6, frontMm - 0.01})}, toFront);
 }
 

@@ -7,6 +7,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace tavix::DeviceStudio {
@@ -35,43 +36,64 @@ double encoded(double linear) {   // IEC 61966-2-1
     return linear <= 0.0031308 ? linear * 12.92 : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
 }
 
-// Encoded values of every half from 0 to infinity, in steps of a byte. A light's whole way to the screen is
-// one look at 128 kilobytes, of which a picture touches a few.
-const std::vector<float>& displayBytes() {
-    static const std::vector<float> table = [] {
-        std::vector<float> values(halfInfinity + 1);
-        for (std::uint32_t half = 0; half < halfInfinity; ++half)
-            values[half] = float(255 * encoded(acesToneCurve(double(floatOf(std::uint16_t(half))))));
-        values[halfInfinity] = 255;
+// Encoded values of every half from 0 to infinity, in 256ths of a byte: a light's whole way to the screen is
+// one look at 62 kilobytes, of which a picture touches a few.
+constexpr int stepsPerByte = 256;
+const std::vector<std::uint16_t>& displaySteps() {
+    static const std::vector<std::uint16_t> table = [] {
+        std::vector<std::uint16_t> values(halfInfinity + 1, 255 * stepsPerByte);
+        for (std::uint32_t half = 0; half < halfInfinity; ++half) {
+            const double shown = encoded(acesToneCurve(double(floatOf(std::uint16_t(half)))));
+            values[half] = std::uint16_t(std::lround(shown * 255 * stepsPerByte));
+        }
         return values;
     }();
     return table;
 }
 
 // Negative numbers, and what is none, count as 0.
-float displayByte(const float* table, std::uint16_t half) { return half > halfInfinity ? 0 : table[half]; }
+std::uint32_t stepsOf(const std::uint16_t* table, std::uint16_t half) {
+    return half > halfInfinity ? 0 : table[half];
+}
 
-void convertRow(const std::uint16_t* in, std::uint8_t* out, int count, const float* dither) {
-    const float* table = displayBytes().data();
+using HalfPixel = std::array<std::uint16_t, 4>;   // red, green, blue, alpha
+using BytePixel = std::array<std::uint8_t, 4>;    // blue, green, red, alpha
+
+// `dither` is 0 to 255.
+BytePixel surfacePixel(HalfPixel in, const std::uint16_t* table, std::uint32_t dither) {
+    const auto byte = [&](std::uint16_t half) {
+        return std::uint8_t((stepsOf(table, half) + dither) / stepsPerByte);
+    };
+    return {byte(in[2]), byte(in[1]), byte(in[0]), 255};
+}
+
+BytePixel edgePixel(HalfPixel in, const std::uint16_t* table, std::uint32_t dither) {
+    const float coverage = floatOf(in[3]);
+    const auto alpha = std::uint8_t(coverage * 255 + 0.5f);
+    const auto byte = [&](std::uint16_t half) {
+        const std::uint16_t straight = half > halfInfinity ? 0 : halfOf(floatOf(half) / coverage);
+        const auto steps = std::uint32_t(coverage * float(stepsOf(table, straight)));
+        return std::min(std::uint8_t((steps + dither) / stepsPerByte), alpha);
+    };
+    return {byte(in[2]), byte(in[1]), byte(in[0]), alpha};
+}
+
+void convertRow(const std::uint16_t* in, std::uint8_t* out, int count, const float* ditherOffsets) {
+    const std::uint16_t* table = displaySteps().data();
+    std::array<std::uint32_t, 8> dither;   // the pattern repeats after 8 pixels
+    for (std::size_t i = 0; i < 8; ++i)
+        dither[i] =
+            std::uint32_t(std::clamp((ditherOffsets[i] + 0.5f) * stepsPerByte, 0.0f, stepsPerByte - 1.0f));
     for (int i = 0; i < count; ++i, in += 4, out += 4) {
-        const std::uint16_t alpha = in[3];
-        if (alpha == 0 || alpha > halfInfinity) {
-            std::fill_n(out, 4, std::uint8_t(0));
-            continue;
-        }
-        const float coverage = std::min(floatOf(alpha), 1.0f), offset = dither[i & 7] + 0.5f;
-        std::array<float, 3> rgb;
-        if (alpha >= halfOne) {
-            for (std::size_t c = 0; c < 3; ++c) rgb[c] = displayByte(table, in[c]);
-        } else {
-            for (std::size_t c = 0; c < 3; ++c)
-                rgb[c] = coverage *
-                         displayByte(table, in[c] > halfInfinity ? 0 : halfOf(floatOf(in[c]) / coverage));
-        }
-        const auto a = std::uint8_t(coverage * 255 + 0.5f);
-        out[3] = a;
-        for (std::size_t c = 0; c < 3; ++c)
-            out[2 - c] = std::min(std::uint8_t(std::min(rgb[c] + offset, 255.0f)), a);
+        HalfPixel light;
+        std::memcpy(light.data(), in, sizeof light);
+        BytePixel shown{};
+        const std::uint16_t alpha = light[3];
+        if (alpha >= halfOne && alpha <= halfInfinity)
+            shown = surfacePixel(light, table, dither[std::size_t(i & 7)]);
+        else if (alpha > 0 && alpha < halfOne)
+            shown = edgePixel(light, table, dither[std::size_t(i & 7)]);
+        std::memcpy(out, shown.data(), sizeof shown);
     }
 }
 

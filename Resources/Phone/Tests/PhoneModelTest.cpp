@@ -155,11 +155,22 @@ TEST(PhoneModel, HasTheFlawsThatTheStudioMends) {
     EXPECT_GT(front, 100);
 }
 
-// Nothing lies in front of the bezel and the screen, so both may be drawn without the body.
-TEST(PhoneModel, HidesNothingOfItsScreen) {
+// Screen and bezel are drawn over the body: nothing may stand before them, and from behind they show nothing.
+TEST(PhoneModel, HidesNothingOfItsScreenAndShowsNothingOfItFromBehind) {
     for (const Part& part : phone().parts()) {
-        if (!isSeen(part) || part.name == "screen" || part.name == "bezel_black2") continue;
-        for (const Vertex& vertex : part.surface.vertices) EXPECT_GE(vertex.at.z, -halfDepthMm) << part.name;
+        if (!isSeen(part)) continue;
+        const bool isDrawnOver =
+            part.name == "screen" || part.name == "bezel_black2" || part.name.ends_with("_2112");
+        for (const Triangle& triangle : part.surface.triangles) {
+            const Corners corners = cornersOf(part.surface, triangle);
+            if (isStray(part, corners)) continue;
+            for (const Vertex& vertex : corners) {
+                EXPECT_GE(vertex.at.z, -halfDepthMm) << part.name;
+                if (isDrawnOver && vertex.at.z < 3) {
+                    EXPECT_EQ(vertex.normal, (Vec3{0, 0, -1})) << part.name;
+                }
+            }
+        }
     }
 }
 
