@@ -118,7 +118,7 @@ void addLens(Model& model, const Placement& centre) {
 
     // Black glass around the opening, on a wall that reaches down into the well.
     constexpr double cover = 6.5, edge = 6.1, open = 4.15, rim = 3.05, deep = 5.35;
-    turn("cover_black1", section({{{edge, floor + 0.1}}, {{edge, cover}, 0.12, 3},
+    turn("cover_black1", section({{{edge, floor + 0.1}}, {{edge, cover}, 0.22, 5},
                              {{open + 0.12, cover}, 0.05, 2}, {{open, cover - 0.14}}}));
     fill(model["cover_black1"], {ringAt(centre, circle(0, lensSteps), {edge, floor + 0.1})}, centre.up * -1);
     // A stepped cone, matt against stray light.

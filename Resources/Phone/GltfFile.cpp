@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <fstream>
 #include <limits>
 #include <stdexcept>
@@ -24,6 +25,12 @@ void append(std::vector<std::uint8_t>& bytes, auto value) {
     bytes.insert(bytes.end(), raw.begin(), raw.end());
 }
 
+// Of a surface that reflects 8 % times `specular` at normal incidence (Fresnel).
+double indexOfRefraction(double specular) {
+    const double root = std::sqrt(0.08 * specular);
+    return (1 + root) / (1 - root);
+}
+
 class Writer {
 public:
     std::vector<std::uint8_t> file(const Model& model) {
@@ -40,7 +47,7 @@ public:
             {"accessors", accessors_},
             {"bufferViews", views_},
             {"buffers", JsonArray{JsonObject{{"byteLength", data_.size()}}}},
-            {"extensionsUsed", JsonArray{"KHR_materials_clearcoat", "KHR_materials_specular"}},
+            {"extensionsUsed", JsonArray{"KHR_materials_clearcoat", "KHR_materials_ior"}},
         };
         return container(writeJson(document));
     }
@@ -71,11 +78,8 @@ private:
                 JsonObject{
                     {"baseColorFactor", JsonArray{look.color[0], look.color[1], look.color[2], look.alpha}},
                     {"metallicFactor", look.metallic}, {"roughnessFactor", look.roughness}}},
-            // The factor 1 means 4 % at normal incidence, and above it the colour makes it more.
             {"extensions",
-                JsonObject{{"KHR_materials_specular",
-                               JsonObject{{"specularColorFactor",
-                                   JsonArray{look.specular * 2, look.specular * 2, look.specular * 2}}}},
+                JsonObject{{"KHR_materials_ior", JsonObject{{"ior", indexOfRefraction(look.specular)}}},
                     {"KHR_materials_clearcoat", JsonObject{{"clearcoatFactor", look.clearcoat},
                                                     {"clearcoatRoughnessFactor", look.clearcoatRoughness}}}}},
         };
