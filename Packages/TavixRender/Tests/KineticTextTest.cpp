@@ -35,7 +35,7 @@ KineticPresetRef preset(std::string_view id, KineticIntensity intensity = Kineti
 struct Block {
     explicit Block(const TextContent& content) {
         StillImageCache images{RenderLog()};
-        const LayerBuild build{bounds, {}, evaluator, images, {}};
+        const LayerBuild build{bounds, 30, {}, evaluator, images, {}};
         const TextCompositionLayer::Setting setting{bounds, {0.5, 0.5}, fonts, {}};
         layout = TextCompositionLayer::layout(content, setting, TextCompositionLayer::styleOf(content, 0));
         layer.emplace(content, setting, 0, KineticElementGroup::Window{windowSec, 30}, build);
