@@ -12,6 +12,7 @@ extern "C" {
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tavix::media::libav {
 
@@ -41,8 +42,8 @@ class Options {
 public:
     Options() = default;
     ~Options() { av_dict_free(&entries_); }
-    Options(const Options&) = delete;
-    Options& operator=(const Options&) = delete;
+    Options(Options&& other) noexcept : entries_(std::exchange(other.entries_, nullptr)) {}
+    Options& operator=(Options&&) = delete;
     void set(const char* name, const std::string& value) { av_dict_set(&entries_, name, value.c_str(), 0); }
     AVDictionary** get() { return &entries_; }
     bool isEmpty() const { return av_dict_count(entries_) == 0; }

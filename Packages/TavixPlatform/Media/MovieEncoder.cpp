@@ -149,14 +149,23 @@ libav::BitstreamFilter openMovieFilter(const MovieSettings& settings, const AVCo
     return filter;
 }
 
-std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder) {
-    const bool isQuickTime = isProRes(settings.codec) || settings.container == MovieContainer::mov;
+libav::Options movieOptions(int timescale) {
     libav::Options options;
     options.set("movflags", "faststart+write_colr");
-    options.set("video_track_timescale", std::to_string(settings.timescale));
-    options.set("movie_timescale", std::to_string(settings.timescale));
-    return std::make_unique<OutputFile>(
-        settings.path, isQuickTime ? "mov" : "mp4", encoder, codecOf(settings.codec).tag, options);
+    options.set("video_track_timescale", std::to_string(timescale));
+    options.set("movie_timescale", std::to_string(timescale));
+    return options;
+}
+
+const char* nameOf(MovieContainer container) { return container == MovieContainer::mov ? "mov" : "mp4"; }
+
+std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder) {
+    const MovieContainer container = isProRes(settings.codec) ? MovieContainer::mov : settings.container;
+    auto file = std::make_unique<OutputFile>(settings.path, nameOf(container));
+    file->addTrack(encoder, codecOf(settings.codec).tag);
+    libav::Options options = movieOptions(settings.timescale);
+    file->begin(options);
+    return file;
 }
 
 std::int64_t frameDurationOf(const MovieSettings& settings) {

@@ -17,6 +17,10 @@ libav::CodecContext openMovieEncoder(const MovieSettings& settings);
 // nothing needs to be taken out.
 libav::BitstreamFilter openMovieFilter(const MovieSettings& settings, const AVCodecContext& encoder);
 
+// How movie files are written: the index first, the colours named, times in units of the timescale.
+libav::Options movieOptions(int timescale);
+const char* nameOf(MovieContainer container);   // among containers to write
+
 // Creates the file; the index will stand in front of the pictures, for playing while it is still loading.
 std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder);
 

@@ -12,24 +12,41 @@ libav::FormatContext makeFormat(const char* container, const std::string& failur
 
 }   // namespace
 
-OutputFile::OutputFile(const std::filesystem::path& path, const char* container,
-    const AVCodecContext& encoder, unsigned tag, libav::Options& options)
-    : path_(path), format_(makeFormat(container, failure())), encoderTimeBase_(encoder.time_base) {
-    const libav::ErrorScope errors;
+OutputFile::OutputFile(const std::filesystem::path& path, const char* container)
+    : path_(path), format_(makeFormat(container, failure())) {
     // Without it the file would name the library's version and be different after every update.
     format_->flags |= AVFMT_FLAG_BITEXACT;
+    open();
+}
+
+AVStream& OutputFile::newTrack(AVRational timeBase, AVRational frameRate) {
     AVStream* stream = avformat_new_stream(format_.get(), nullptr);
     if (!stream) throw std::bad_alloc();
-    libav::check(avcodec_parameters_from_context(stream->codecpar, &encoder), errors, failure());
-    stream->codecpar->codec_tag = tag;
-    stream->time_base = encoder.time_base;
-    stream->avg_frame_rate = encoder.framerate;
-    open();
+    stream->time_base = timeBase;
+    stream->avg_frame_rate = frameRate;
+    timeBases_.push_back(timeBase);
+    return *stream;
+}
+
+void OutputFile::addTrack(const AVCodecContext& encoder, unsigned tag) {
+    const libav::ErrorScope errors;
+    const AVStream& stream = newTrack(encoder.time_base, encoder.framerate);
+    libav::check(avcodec_parameters_from_context(stream.codecpar, &encoder), errors, failure());
+    stream.codecpar->codec_tag = tag;
+}
+
+void OutputFile::addTrack(const AVStream& like, unsigned tag) {
+    const libav::ErrorScope errors;
+    const AVStream& stream = newTrack(like.time_base, like.avg_frame_rate);
+    libav::check(avcodec_parameters_copy(stream.codecpar, like.codecpar), errors, failure());
+    stream.codecpar->codec_tag = tag;
+}
+
+void OutputFile::begin(libav::Options& options) {
+    const libav::ErrorScope errors;
     const int code = avformat_write_header(format_.get(), options.get());
-    if (code < 0 || !options.isEmpty()) {
-        close();
-        libav::check(code < 0 ? code : AVERROR_OPTION_NOT_FOUND, errors, failure());
-    }
+    if (code >= 0 && options.isEmpty()) return;
+    libav::check(code < 0 ? code : AVERROR_OPTION_NOT_FOUND, errors, failure());
 }
 
 OutputFile::~OutputFile() { close(); }
@@ -45,11 +62,11 @@ void OutputFile::open() {
     if (!format_->url) throw std::bad_alloc();
 }
 
-void OutputFile::write(AVPacket& packet) {
+void OutputFile::write(AVPacket& packet, int track) {
     const libav::ErrorScope errors;
-    const AVStream& stream = *format_->streams[0];
-    packet.stream_index = 0;
-    av_packet_rescale_ts(&packet, encoderTimeBase_, stream.time_base);
+    const AVStream& stream = *format_->streams[track];
+    packet.stream_index = track;
+    av_packet_rescale_ts(&packet, timeBases_[static_cast<std::size_t>(track)], stream.time_base);
     libav::check(av_interleaved_write_frame(format_.get(), &packet), errors, failure());
 }
 

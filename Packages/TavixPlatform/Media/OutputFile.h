@@ -1,27 +1,32 @@
-// A container file being written: one stream of packets, removed again unless it is finished.
+// A container file being written: tracks of packets, removed again unless it is finished.
 #pragma once
 
 #include "TavixPlatform/Media/Libav.h"
 
 #include <filesystem>
+#include <vector>
 
 namespace tavix::media {
 
 class OutputFile {
 public:
-    // Opens the file and writes its head for one stream of the encoder's kind. `tag` 0 leaves the sample
-    // entry's code to the container.
-    OutputFile(const std::filesystem::path& path, const char* container, const AVCodecContext& encoder,
-        unsigned tag, libav::Options& options);
+    // Creates the file.
+    OutputFile(const std::filesystem::path& path, const char* container);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    // Times of the packet are in the encoder's time base.
-    void write(AVPacket& packet);
+    // A track of the encoder's kind, or of another file's; its packets' times will be in the encoder's or in
+    // that track's time base. `tag` 0 leaves the sample entry's code to the container.
+    void addTrack(const AVCodecContext& encoder, unsigned tag);
+    void addTrack(const AVStream& like, unsigned tag);
+    // Writes the head. All tracks have been added.
+    void begin(libav::Options& options);
+    void write(AVPacket& packet, int track = 0);
     void finish();
 
 private:
+    AVStream& newTrack(AVRational timeBase, AVRational frameRate);
     void open();
     void close() noexcept;
     int flush();
@@ -29,7 +34,7 @@ private:
 
     std::filesystem::path path_;
     libav::FormatContext format_;
-    AVRational encoderTimeBase_;
+    std::vector<AVRational> timeBases_;   // of the packets handed in
     bool isFinished_ = false;
 };
 
