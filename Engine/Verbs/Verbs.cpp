@@ -1,3 +1,4 @@
+#include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
@@ -28,6 +29,8 @@ constexpr VerbEntry entries[] = {
         "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
     {"pack", "Make a bundle of a document and the files that it refers to.",
         "tavix pack composition.json -o hello.tavixcomp", make<PackVerb>},
+    {"beats", "Hear the tempo, the first beat and the drop of a piece of music.", "tavix beats song.mp3 --write",
+        make<BeatsVerb>},
     {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
         make<SchemaVerb>},
     {"presets",

@@ -2,6 +2,7 @@
 
 #include "TavixCore/Composition/CompositionTimeline.h"
 #include "TavixCore/Composition/Lint/LintReport.h"
+#include "TavixCore/Support/Decimals.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 #include "TavixCore/Composition/CompositionMarks.h"
 
 #include "TavixCore/Composition/CompositionMarksFinder.h"
+#include "TavixCore/Support/Decimals.h"
 #include "TavixCore/Support/Document.h"
 
 #include <algorithm>

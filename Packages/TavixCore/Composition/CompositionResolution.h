@@ -5,7 +5,6 @@
 #include "TavixCore/Composition/CompositionSpec.h"
 
 #include <span>
-#include <string>
 #include <vector>
 
 namespace tavix {
@@ -17,10 +16,5 @@ struct CompositionResolution {
 };
 
 bool hasErrors(std::span<const CompositionLint::Finding> findings);
-
-// A number with so many digits after the point.
-std::string decimals(double number, int digits);
-// As messages about times show it: "2.50".
-inline std::string twoDecimals(double number) { return decimals(number, 2); }
 
 }   // namespace tavix

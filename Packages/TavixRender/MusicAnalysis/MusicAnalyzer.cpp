@@ -1,5 +1,7 @@
 #include "TavixRender/MusicAnalysis/MusicAnalyzer.h"
 
+#include "TavixCore/Support/Failure.h"
+#include "TavixPlatform/Media/AudioReader.h"
 #include "TavixRender/MusicAnalysis/BeatPhase.h"
 #include "TavixRender/MusicAnalysis/LoudnessCourse.h"
 #include "TavixRender/MusicAnalysis/OnsetNovelty.h"
@@ -7,12 +9,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tavix::MusicAnalyzer {
 
 namespace {
-
-constexpr double shortestSec = 3;
 
 // The beat next to a time.
 double onBeat(double sec, const BeatAnalysis& beats, double periodSec) {
@@ -21,7 +24,42 @@ double onBeat(double sec, const BeatAnalysis& beats, double periodSec) {
     return beats.firstBeatSec + periodSec * beat;
 }
 
+constexpr int fileRateHz = 22050;
+
+std::string withoutStop(std::string sentence) {
+    if (sentence.ends_with('.')) sentence.pop_back();
+    return sentence;
+}
+
+std::vector<float> samplesOf(media::AudioReader& reader) {
+    constexpr std::size_t blockSamples = 1 << 16;
+    std::vector<float> samples;
+    for (;;) {
+        const std::size_t before = samples.size();
+        samples.resize(before + blockSamples);
+        const std::size_t got = reader.read(std::span(samples).subspan(before));
+        samples.resize(before + got);
+        if (got < blockSamples) return samples;
+    }
+}
+
 }   // namespace
+
+BeatAnalysis analyze(const std::filesystem::path& file) {
+    const std::string name = file.filename().string();
+    std::optional<media::AudioReader> reader;
+    try {
+        if (!media::probeAudio(file)) throw Failure("No audio track in " + name + ".");
+        reader.emplace(file, media::AudioFormat{.sampleRate = fileRateHz, .channels = 1});
+    } catch (const media::MediaError& error) {
+        throw Failure("Could not decode " + name + ": " + withoutStop(error.what()) + ".");
+    }
+    try {
+        return analyze(samplesOf(*reader), fileRateHz);
+    } catch (const media::MediaError& error) {
+        throw Failure("Audio decode failed for " + name + ": " + withoutStop(error.what()) + ".");
+    }
+}
 
 BeatAnalysis analyze(std::span<const float> samples, double sampleRateHz) {
     BeatAnalysis result;
