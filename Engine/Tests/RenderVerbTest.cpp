@@ -1,8 +1,11 @@
 #include "Engine/Tests/EngineTest.h"
+#include "TavixPlatform/Media/AudioReader.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <csignal>
 #include <thread>
 
@@ -103,54 +106,105 @@ TEST_F(EngineTest, WarnsOfAnAssetThatIsMissing) {
     EXPECT_THAT(outcome.err, HasSubstr("tavix: warning: "));
 }
 
-TEST_F(EngineTest, WarnsOfWhatIsLeftOut) {
-    write(
-        "film.json", R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, "scenes": [{"durationSec": 1}],
-        "audio": {"music": {"path": "song.mp3"}}})");
-    const Outcome outcome = tavix({"render", "film.json"});
+// The tiny document with a sound at 0.5 s.
+std::string withSound(const std::string& sound) {
+    std::string document = tinyDocument;
+    return document.insert(1, R"("audio": {"cues": [{"atSec": 0.5, "sound": ")" + sound + R"("}]}, )");
+}
+
+// What ffprobe says of a film's packets: times, lengths and a hash of the bytes.
+std::string packetsOf(const std::filesystem::path& film) {
+    const Outcome outcome = runIn(film.parent_path(),
+        {"ffprobe", "-v", "error", "-select_streams", "v", "-show_data_hash", "md5", "-show_entries",
+            "packet=pts,dts,duration,size,flags,data_hash", "-of", "csv", film.string()});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return outcome.out;
+}
+
+TEST_F(EngineTest, PutsSoundUnderThePictureOfTheSilentFilm) {
+    write("loud.json", withSound("ding"));
+    for (const std::string name : {"a.mp4", "a.mov"}) {
+        SCOPED_TRACE(name);
+        tavix({"render", "tiny.json", "-o", "silent-" + name});
+        const Outcome outcome = tavix({"render", "loud.json", "-o", name});
+        EXPECT_EQ(outcome.out, "• 64×96 @ 10fps — 1 scenes, 1.0s (10 frames)\n  …0%\n"
+                               "• muxed music/cues under the visual track\n✓ Wrote " +
+                                   name + "\n");
+        EXPECT_THAT(outcome.err, IsEmpty());
+        EXPECT_EQ(packetsOf(at(name)), packetsOf(at("silent-" + name)));
+        media::AudioReader reader(at(name), {48000, 1});
+        std::vector<float> sound(50'000);
+        ASSERT_EQ(reader.read(sound), 48'000U);   // as long as the picture
+        const auto isLoud = [](float sample) { return std::abs(sample) > 0.02F; };
+        const auto first = std::find_if(sound.begin(), sound.end(), isLoud) - sound.begin();
+        EXPECT_NEAR(double(first), 24'000, 1500);
+    }
+    tavix({"render", "loud.json", "-o", "b.mp4"});
+    EXPECT_EQ(readBytes(at("a.mp4")), readBytes(at("b.mp4")));
+    EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
+}
+
+TEST_F(EngineTest, RendersASilentFilmWhereASoundIsMissing) {
+    write("loud.json", withSound("lost.mp3"));
+    const Outcome outcome = tavix({"render", "loud.json"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.err, HasSubstr("the film is silent."));
-    EXPECT_THAT(tavix({"render", "tiny.json"}).err, IsEmpty());
+    EXPECT_THAT(outcome.out, HasSubstr("lost.mp3\". There is no such file.\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("• no playable audio — output stays silent\n✓ Wrote loud.mp4\n"));
+    EXPECT_THAT(json({"render", "loud.json", "--json"}).find("warnings")->array()->size(), 1u);
+    tavix({"render", "tiny.json"});
+    EXPECT_EQ(readBytes(at("loud.mp4")), readBytes(at("tiny.mp4")));
 }
 
 // A long film, so that there is time to stop it.
-class InterruptedRender : public EngineTest, public ::testing::WithParamInterface<int> {};
+class InterruptedRender : public EngineTest, public ::testing::WithParamInterface<int> {
+protected:
+    // Once the file that it writes has begun.
+    void stop(const std::string& document, const std::string& written) {
+        write("long.json", document);
+        write("film.mp4", "the older film");
+        Command render(folder(), {tavixProgram(), "render", "long.json", "-o", "film.mp4", "--no-lint"});
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        const auto hasBegun = [&] {
+            std::error_code notThere;
+            return std::filesystem::file_size(at(written), notThere) > 0 && !notThere;
+        };
+        while (!hasBegun() && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        ASSERT_TRUE(hasBegun());
+        render.send(GetParam());
+        const Outcome outcome = render.wait();
+        EXPECT_EQ(outcome.status, 128 + GetParam());
+        EXPECT_EQ(outcome.err, "tavix: Stopped; nothing was written.\n");
+        EXPECT_EQ(readBytes(at("film.mp4")), "the older film");
+        EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
+    }
+};
 
 TEST_P(InterruptedRender, LeavesTheOlderFilmAlone) {
-    std::string document = tinyDocument;
-    document.replace(document.find("\"durationSec\": 1,"), 17, "\"durationSec\": 9000,");
-    write("long.json", document);
-    write("film.mp4", "the older film");
-    Command render(folder(), {tavixProgram(), "render", "long.json", "-o", "film.mp4", "--no-lint"});
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    const auto hasBegun = [&] {
-        std::error_code notThere;
-        return std::filesystem::file_size(at(".tavix-partial-film.mp4"), notThere) > 0 && !notThere;
+    const auto lengthened = [](std::string document) {
+        return document.replace(document.find("\"durationSec\": 1,"), 17, "\"durationSec\": 9000,");
     };
-    while (!hasBegun() && std::chrono::steady_clock::now() < deadline)
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    ASSERT_TRUE(hasBegun());
-    render.send(GetParam());
-    const Outcome outcome = render.wait();
-    EXPECT_EQ(outcome.status, 128 + GetParam());
-    EXPECT_EQ(outcome.err, "tavix: Stopped; nothing was written.\n");
-    EXPECT_EQ(readBytes(at("film.mp4")), "the older film");
-    EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
+    stop(lengthened(tinyDocument), ".tavix-partial-film.mp4");
+    stop(lengthened(withSound("ding")), ".tavix-visual-.tavix-partial-film.mp4");
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRender, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 TEST_F(EngineTest, LeavesTheOlderFileWhenTheDiskIsFull) {
-    for (const std::string name : {"film.mp4", "film.gif"}) {
-        SCOPED_TRACE(name);
+    write("loud.json", withSound("ding"));
+    const struct {
+        std::string document, name;
+    } cases[] = {{"tiny.json", "film.mp4"}, {"tiny.json", "film.gif"}, {"loud.json", "film.mp4"}};
+    for (const auto& [document, name] : cases) {
+        SCOPED_TRACE(document + " to " + name);
         write(name, "the older film");
         // A limit on the size of files stands for the end of the disk.
         const Outcome outcome = runIn(folder(), {"bash", "-c",
                                                     "trap '' XFSZ; ulimit -f 1; exec " + tavixProgram() +
-                                                        " render --no-lint tiny.json -o " + name});
+                                                        " render --no-lint " + document + " -o " + name});
         EXPECT_EQ(outcome.status, 3) << outcome.out;
         EXPECT_THAT(outcome.err, StartsWith("tavix: "));
-        EXPECT_THAT(outcome.err, Not(HasSubstr(".tavix-partial")));
+        EXPECT_THAT(outcome.err, Not(HasSubstr(".tavix-")));
         EXPECT_EQ(readBytes(at(name)), "the older film");
         EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
     }

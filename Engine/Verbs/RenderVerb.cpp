@@ -8,6 +8,7 @@
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Names.h"
+#include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/Export/FrameSequenceEncoder.h"
 
@@ -26,11 +27,6 @@ template <NamedEnum E> std::vector<std::pair<std::string_view, E>> wordsOf() {
 }
 
 std::string fast(int percent) { return std::to_string(percent) + "% fast"; }
-
-void warnOfSilence(const CompositionSpec& spec, RenderNotes& notes) {
-    if (spec.audio && (spec.audio->music || !spec.audio->cues.empty()))
-        notes.warn("Sound is not rendered yet, so the film is silent.");
-}
 
 void warnOfHaste(int fps, RenderNotes& notes) {
     const double stampedFps =
@@ -120,13 +116,10 @@ void RenderVerb::run(Terminal& terminal) {
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);
     RenderNotes notes(terminal);
-    if (choice.format == ExportFormat::video) {
-        warnOfSilence(config.spec, notes);
-        warnOfHaste(static_cast<int>(config.spec.output.fps), notes);
-    }
+    if (choice.format == ExportFormat::video) warnOfHaste(static_cast<int>(config.spec.output.fps), notes);
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
-        CompositionRenderer::render(
+        CompositionExport::write(
             config, notes.log(), [&](double fraction) { terminal.progress(fraction); }, interruption.token());
     });
     terminal.tell("✓ Wrote " + choice.target.string());
