@@ -17,7 +17,6 @@ constexpr std::size_t mostIdleBytes = std::size_t{96} << 20;
 constexpr unsigned mostDecoderThreads = 4;
 // How far before the wanted time decoding starts when nothing nearer works; doubled from try to try.
 constexpr double firstStepBackSec = 0.5;
-constexpr int mostLeadingFrames = 32;   // that stand before a sync frame though they were coded after it
 
 int decoderThreads() {
     return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1u, mostDecoderThreads));
@@ -96,28 +95,29 @@ private:
 
 class SyncFrames final : public RandomAccessFrames {
 public:
-    SyncFrames(const std::filesystem::path& path, std::shared_ptr<imaging::BytePool> pool)
-        : pool_(std::move(pool)), track_(path, 1) {}
+    SyncFrames(std::filesystem::path path, std::shared_ptr<imaging::BytePool> pool)
+        : path_(std::move(path)), pool_(std::move(pool)), track_(path_, 1) {}
 
-    std::optional<VideoFrame> frame(double startSec, double durationSec) override {
-        const auto isInRange = [&](const std::optional<VideoTrack::Decoded>& decoded) {
-            return decoded && decoded->ptsSec >= startSec - timestampToleranceSec &&
-                   decoded->ptsSec < startSec + durationSec;
+    std::optional<VideoFrame> frame(double startSec, double durationSec) override try {
+        const auto isInRange = [&](double sec) {
+            return sec >= startSec - timestampToleranceSec && sec < startSec + durationSec;
         };
+        hasFailed_ = false;
         track_.seek(startSec);
-        auto decoded = track_.nextAlone();
-        if (!isInRange(decoded)) {
-            track_.seek(startSec);
-            for (int i = 0; i < mostLeadingFrames && !isInRange(decoded = track_.next()); ++i)
-                if (!decoded || decoded->ptsSec >= startSec) break;
-        }
-        hasFailed_ = !decoded;
-        if (!isInRange(decoded)) return std::nullopt;
-        return track_.shown(*decoded, pool_);
+        if (const auto decoded = track_.nextAlone(); decoded && isInRange(decoded->ptsSec))
+            return track_.shown(*decoded, pool_);
+        // The container did not find the sample, or one packet is not enough: walk there.
+        auto walked = ForwardFrames(path_, startSec, startSec + durationSec, pool_).next();
+        hasFailed_ = !walked;
+        return walked && isInRange(walked->ptsSec()) ? walked : std::nullopt;
+    } catch (const MediaError&) {
+        hasFailed_ = true;
+        return std::nullopt;
     }
     bool hasFailed() const override { return hasFailed_; }
 
 private:
+    std::filesystem::path path_;
     std::shared_ptr<imaging::BytePool> pool_;
     VideoTrack track_;
     bool hasFailed_ = false;

@@ -2,6 +2,7 @@
 #include "TavixPlatform/Imaging/Kernels/Kernels.h"
 #include "TavixPlatform/Imaging/Kernels/Families.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <random>
@@ -44,6 +45,14 @@ struct Rows {
 
 using Result = std::vector<std::uint32_t>;
 
+// BT.709 limited with chroma on the left; BT.601 full with chroma in the middle; whole chroma of deep films.
+constexpr VideoRule videoRules[] = {
+    {8, true, 3, 4, 2, 16 << 7, 9539, 14686, 1747, 4366, 17305},
+    {8, true, 3, 3, 3, 0, 8192, 11485, 2819, 5850, 14516},
+    {10, false, 4, 4, 2, 16 << 7, 9539, 14686, 1747, 4366, 17305},
+    {12, true, 2, 4, 2, 16 << 7, 9539, 14686, 1747, 4366, 17305},
+};
+
 // Runs everything that writes 8-bit rows on one length; the parts of the result are the rows.
 Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
     Result all;
@@ -77,6 +86,15 @@ Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
         k.project(projectedU.data(), projectedV.data(), {-3.1f, 0.21f, 9.7f, -0.13f, 1.1f, 0.003f}, 5, n);
         keep([&](std::uint32_t* out) { k.sampleAt(out, line, projectedU.data(), projectedV.data(), n); });
     }
+    std::vector<std::uint16_t> samples(room * 8);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = std::uint16_t(rows.a[i % room] >> (i / room)) & 0xFFF;
+    for (const VideoRule& rule : videoRules) {
+        const std::uint16_t* s = samples.data();
+        const VideoRow row{n, s, {s + room, s + 2 * room}, {s + 3 * room, s + 4 * room}};
+        keep([&](std::uint32_t* out) { k.videoToPixels(out, row, rule); });
+    }
+    keep([&](std::uint32_t* out) { k.premultiply(out, rows.b.data(), n); });
     return all;
 }
 
@@ -139,6 +157,54 @@ TEST(Kernels, AgreeOnEveryInstructionSetAtEveryLength) {
             SCOPED_TRACE("table " + std::to_string(t) + ", length " + std::to_string(n));
             ASSERT_EQ(eightBitResults(tables[t], rows, n), bits);
             ASSERT_EQ(floatResults(tables[t], rows, n), values);
+        }
+    }
+}
+
+// One channel of one pixel in real numbers.
+double exactVideo(const VideoRule& rule, const auto& chromaAt, double luma, std::size_t x, int channel) {
+    const auto chroma = [&](int plane) {
+        const double far = 4 - (x % 2 ? rule.oddWeight : rule.evenWeight);
+        const std::ptrdiff_t here = std::ptrdiff_t(rule.halvesWidth ? x / 2 : x);
+        const std::ptrdiff_t beside = rule.halvesWidth ? here + (x % 2 ? 1 : -1) : here;
+        const double mixed = (chromaAt(plane, here) * (4 - far) + chromaAt(plane, beside) * far) / 4;
+        return std::ldexp(mixed, 8 - rule.bits) - 128;
+    };
+    const double y = (std::ldexp(luma, 8 - rule.bits) - rule.black / 128.0) * rule.lumaGain;
+    const double added[] = {chroma(0) * rule.blueOfCb,
+        -chroma(0) * rule.greenOfCb - chroma(1) * rule.greenOfCr, chroma(1) * rule.redOfCr};
+    return std::clamp((y + added[channel]) / 8192, 0.0, 255.0);
+}
+
+TEST(Kernels, TurnVideoIntoPixelsAsTheFormulaSays) {
+    constexpr std::size_t width = 301;
+    std::mt19937 random(7);
+    for (const VideoRule& rule : videoRules) {
+        SCOPED_TRACE(std::to_string(rule.bits) + " bits, black " + std::to_string(rule.black));
+        std::vector<std::uint16_t> words(5 * width);
+        for (std::uint16_t& w : words) w = std::uint16_t(random() % (1u << rule.bits));
+        const std::vector<std::uint8_t> bytes(words.begin(), words.end());
+        const auto rowAt = [&](std::size_t i) -> const void* {
+            return rule.bits > 8 ? static_cast<const void*>(words.data() + i * width)
+                                 : bytes.data() + i * width;
+        };
+        const VideoRow row{width, rowAt(0), {rowAt(1), rowAt(2)}, {rowAt(3), rowAt(4)}};
+        const auto chromaAt = [&](int plane, std::ptrdiff_t i) {
+            const auto last = std::ptrdiff_t(rule.halvesWidth ? (width + 1) / 2 : width) - 1;
+            const auto at = std::size_t(std::clamp<std::ptrdiff_t>(i, 0, last));
+            const auto p = std::size_t(plane);
+            return (words[(1 + p) * width + at] * rule.nearWeight +
+                       words[(3 + p) * width + at] * (4 - rule.nearWeight)) /
+                   4.0;
+        };
+        std::vector<std::uint32_t> out(width);
+        kernels().videoToPixels(out.data(), row, rule);
+        for (std::size_t x = 0; x < width; ++x) {
+            ASSERT_EQ(out[x] >> 24, 255u);
+            for (int channel = 0; channel < 3; ++channel)
+                ASSERT_NEAR(
+                    out[x] >> (8 * channel) & 255, exactVideo(rule, chromaAt, words[x], x, channel), 0.6)
+                    << "pixel " << x << ", channel " << channel;
         }
     }
 }
