@@ -9,7 +9,7 @@ set(TAVIX_scene3d_MAY_USE imaging)
 set(TAVIX_render_MAY_USE core system imaging media text scene3d)
 set(TAVIX_editordomain_MAY_USE core system imaging media render)
 set(TAVIX_toolchain_MAY_USE core system)
-set(TAVIX_engine_MAY_USE core system imaging media render editordomain toolchain)
+set(TAVIX_engine_MAY_USE core system imaging media text render editordomain toolchain)
 
 function(tavix_check_uses name)
     foreach(used IN LISTS ARGN)

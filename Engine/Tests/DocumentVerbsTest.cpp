@@ -79,7 +79,8 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
         std::size_t count;
     } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
         {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"devices", "iphone-16-pro", 28},
-        {"motions", "rise-up", 111}, {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13}};
+        {"motions", "rise-up", 111}, {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13},
+        {"fonts", "palatino", 11}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.family);
         EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));
@@ -117,6 +118,21 @@ TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {
     const Json formation = json({"presets", "formations", "fanDeck", "--count", "6", "--json"});
     EXPECT_EQ(formation.find("layers")->array()->size(), 6u);
     EXPECT_EQ(*formation.find("durationSec"), Json(2.8));
+}
+
+TEST_F(EngineTest, TellsWhichFaceDrawsEachFontOfTheCatalog) {
+    for (const Json& font : *json({"presets", "fonts", "--json"}).array()) {
+        const bool isPalatino = *font.find("id") == Json("palatino");
+        const bool isSystem = *font.find("id") == Json("system");
+        if (isPalatino) {
+            EXPECT_EQ(*font.find("face"), Json("P052-Roman"));
+        }
+        if (isSystem) {
+            EXPECT_EQ(*font.find("family"), Json("Inter"));
+        }
+        EXPECT_EQ(*font.find("isStandIn"), Json(!isSystem));
+    }
+    EXPECT_THAT(tavix({"presets", "fonts"}).out, HasSubstr("Palatino: P052 (P052-Roman) stands in"));
 }
 
 TEST_F(EngineTest, ShowsWhatAKineticPresetBecomes) {

@@ -4,6 +4,7 @@
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/DevicePresets.h"
+#include "Engine/Verbs/FontPresets.h"
 #include "Engine/Verbs/KineticPresets.h"
 #include "TavixCore/Composition/LayerEffect.h"
 #include "TavixCore/Composition/TransitionStyle.h"
@@ -103,6 +104,7 @@ constexpr Family families[] = {
         DevicePresets::formations, DevicePresets::expandedFormation},
     {PresetFamily::kinetic, R"("kinetic": {"preset": "word-pop"} in a layer's "text")", KineticPresets::all,
         KineticPresets::resolved},
+    {"fonts", R"("font": "futura" in a layer's "text")", FontPresets::all},
 };
 
 std::vector<std::string_view> familyNames() {

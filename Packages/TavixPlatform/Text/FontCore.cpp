@@ -264,7 +264,7 @@ std::size_t FontCore::nearestInFamily(const Face& like, double weight) const {
     const auto distance = [&](std::size_t number) {
         const Face& face = *faces_[number];
         return std::tuple(face.isItalic != like.isItalic, std::abs(face.width - like.width),
-            std::abs(traitOfWeight(face.weight) - traitOfWeight(weight)), face.weight < weight);
+            std::abs(face.weight - weight), face.weight < weight);
     };
     return *std::ranges::min_element(family->second, {}, distance);
 }

@@ -49,8 +49,9 @@ TEST(FontBook, StandsInForWhatTheMachineLacksAndSaysSo) {
     const struct {
         const char *name, *postScriptName;
     } cases[] = {{"Palatino-Roman", "P052-Roman"}, {"HelveticaNeue-Bold", "NimbusSans-Bold"},
-        {"Helvetica Neue", "NimbusSans-Regular"}, {"Futura-DemiBold", "URWGothic-Demi"},
-        {"No Such Font At All", "Inter-Regular"}, {"NoSuchFont-Bold", "Inter-Bold"}, {"", "Inter-Regular"}};
+        {"Helvetica Neue", "NimbusSans-Regular"}, {"HelveticaNeue-Medium", "NimbusSans-Regular"},
+        {"Futura-DemiBold", "URWGothic-Demi"}, {"No Such Font At All", "Inter-Regular"},
+        {"NoSuchFont-Bold", "Inter-Bold"}, {"", "Inter-Regular"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const FoundFont found = book().named(c.name, 20);
