@@ -46,39 +46,46 @@ bool leadsInside(Vec2 before, Vec2 corner, Vec2 after, Vec2 p) {
     return !(turn(corner, p, after) >= 0 && turn(p, corner, before) >= 0);
 }
 
-// Joins a hole to the ring by the shortest bridge that crosses neither the ring nor any hole still to come.
-void bridge(const Points& points, Ring& ring, const std::vector<Ring>& holes, std::size_t which) {
-    struct Bridge {
-        double length;
-        std::size_t fromRing, toHole;
-    };
-    const Ring& hole = holes[which];
-    std::vector<Bridge> candidates;
+struct Bridge {
+    double length;
+    std::size_t fromRing, hole, toHole;
+};
+
+bool crosses(const Points& points, const Ring& edges, Vec2 a, Vec2 b) {
+    for (std::size_t i = 0; i < edges.size(); ++i)
+        if (isBlocked(a, b, points[edges[i]], points[edges[(i + 1) % edges.size()]])) return true;
+    return false;
+}
+
+bool isFree(const Points& points, const Ring& ring, const std::vector<Ring>& holes, const Bridge& bridge) {
+    const std::size_t at = bridge.fromRing, n = ring.size();
+    const Vec2 a = points[ring[at]], b = points[holes[bridge.hole][bridge.toHole]];
+    return leadsInside(points[ring[(at + n - 1) % n]], a, points[ring[(at + 1) % n]], b) &&
+           !crosses(points, ring, a, b) && std::none_of(holes.begin(), holes.end(), [&](const Ring& hole) {
+               return crosses(points, hole, a, b);
+           });
+}
+
+// Joins to the ring that hole which the shortest free bridge reaches; one may stand behind another.
+void bridgeToNearest(const Points& points, Ring& ring, std::vector<Ring>& holes) {
+    std::vector<Bridge> bridges;
     for (std::size_t i = 0; i < ring.size(); ++i)
-        for (std::size_t j = 0; j < hole.size(); ++j)
-            candidates.push_back({length(points[ring[i]] - points[hole[j]]), i, j});
-    std::stable_sort(candidates.begin(), candidates.end(),
-        [](const Bridge& a, const Bridge& b) { return a.length < b.length; });
-    const auto crosses = [&](const Ring& edges, Vec2 a, Vec2 b) {
-        for (std::size_t i = 0; i < edges.size(); ++i)
-            if (isBlocked(a, b, points[edges[i]], points[edges[(i + 1) % edges.size()]])) return true;
-        return false;
-    };
-    for (const Bridge& candidate : candidates) {
-        const Vec2 a = points[ring[candidate.fromRing]], b = points[hole[candidate.toHole]];
-        const std::size_t at = candidate.fromRing, n = ring.size();
-        bool isFree = leadsInside(points[ring[(at + n - 1) % n]], a, points[ring[(at + 1) % n]], b) &&
-                      !crosses(ring, a, b);
-        for (std::size_t i = which; isFree && i < holes.size(); ++i) isFree = !crosses(holes[i], a, b);
-        if (!isFree) continue;
-        Ring detour;
-        for (std::size_t i = 0; i <= hole.size(); ++i)
-            detour.push_back(hole[(candidate.toHole + i) % hole.size()]);
-        detour.push_back(ring[at]);
-        ring.insert(ring.begin() + static_cast<std::ptrdiff_t>(at) + 1, detour.begin(), detour.end());
-        return;
-    }
-    throw std::invalid_argument("A hole cannot be reached from the border of its region.");
+        for (std::size_t h = 0; h < holes.size(); ++h)
+            for (std::size_t j = 0; j < holes[h].size(); ++j)
+                bridges.push_back({length(points[ring[i]] - points[holes[h][j]]), i, h, j});
+    std::stable_sort(
+        bridges.begin(), bridges.end(), [](const Bridge& a, const Bridge& b) { return a.length < b.length; });
+    const auto found = std::find_if(bridges.begin(), bridges.end(),
+        [&](const Bridge& bridge) { return isFree(points, ring, holes, bridge); });
+    if (found == bridges.end())
+        throw std::invalid_argument("A hole cannot be reached from the border of its region.");
+    const Ring& hole = holes[found->hole];
+    Ring detour;
+    for (std::size_t i = 0; i <= hole.size(); ++i) detour.push_back(hole[(found->toHole + i) % hole.size()]);
+    detour.push_back(ring[found->fromRing]);
+    ring.insert(
+        ring.begin() + static_cast<std::ptrdiff_t>(found->fromRing) + 1, detour.begin(), detour.end());
+    holes.erase(holes.begin() + static_cast<std::ptrdiff_t>(found->hole));
 }
 
 bool isEar(const Points& points, const Ring& ring, std::size_t at) {
@@ -175,17 +182,21 @@ private:
 
 std::vector<Triangle> triangulated(const std::vector<std::vector<Vec2>>& loops) {
     Points points;
-    std::vector<Ring> rings;
+    Ring border;
+    std::vector<Ring> holes;
     for (const auto& loop : loops) {
         Ring ring(loop.size());
         std::iota(ring.begin(), ring.end(), static_cast<std::uint32_t>(points.size()));
         points.insert(points.end(), loop.begin(), loop.end());
-        const bool isBorder = rings.empty();
+        const bool isBorder = border.empty();
         if ((signedArea(points, ring) > 0) != isBorder) std::reverse(ring.begin(), ring.end());
-        rings.push_back(std::move(ring));
+        if (isBorder)
+            border = std::move(ring);
+        else
+            holes.push_back(std::move(ring));
     }
-    for (std::size_t i = 1; i < rings.size(); ++i) bridge(points, rings.front(), rings, i);
-    std::vector<Triangle> triangles = clipped(points, std::move(rings.front()));
+    while (!holes.empty()) bridgeToNearest(points, border, holes);
+    std::vector<Triangle> triangles = clipped(points, std::move(border));
     Flipping(points, triangles).run();
     return triangles;
 }

@@ -43,20 +43,27 @@ bool isStray(const Part& part, const Corners& corners) {
     });
 }
 
+// All that is seen, the stray slivers left out.
+std::vector<Corners> skin() {
+    std::vector<Corners> triangles;
+    for (const Part& part : phone().parts()) {
+        if (!isSeen(part)) continue;
+        for (const Triangle& triangle : part.surface.triangles) {
+            const Corners corners = cornersOf(part.surface, triangle);
+            if (!isStray(part, corners)) triangles.push_back(corners);
+        }
+    }
+    return triangles;
+}
+
 using FilePoint = std::array<float, 3>;   // as it is written
 FilePoint filePoint(Vec3 at) { return {float(at.x * 0.001), float(at.y * 0.001), float(at.z * 0.001)}; }
 
 TEST(PhoneModel, IsOneClosedSkinWithoutCracks) {
     std::map<std::pair<FilePoint, FilePoint>, int> edges;
-    for (const Part& part : phone().parts()) {
-        if (!isSeen(part)) continue;
-        for (const Triangle& triangle : part.surface.triangles) {
-            const Corners corners = cornersOf(part.surface, triangle);
-            if (isStray(part, corners)) continue;
-            for (std::size_t i = 0; i < 3; ++i)
-                ++edges[{filePoint(corners[i].at), filePoint(corners[(i + 1) % 3].at)}];
-        }
-    }
+    for (const Corners& corners : skin())
+        for (std::size_t i = 0; i < 3; ++i)
+            ++edges[{filePoint(corners[i].at), filePoint(corners[(i + 1) % 3].at)}];
     int faults = 0;
     for (const auto& [edge, count] : edges) {
         const auto opposite = edges.find({edge.second, edge.first});
@@ -68,6 +75,35 @@ TEST(PhoneModel, IsOneClosedSkinWithoutCracks) {
                           << (opposite == edges.end() ? 0 : opposite->second);
     }
     EXPECT_EQ(faults, 0);
+}
+
+// How often the skin goes around a point: 1 inside, 0 outside, by the solid angles of its triangles (Van
+// Oosterom and Strackee, 1983).
+double windingAround(Vec3 point, const std::vector<Corners>& triangles) {
+    double angle = 0;
+    for (const Corners& corners : triangles) {
+        const Vec3 a = corners[0].at - point, b = corners[1].at - point, c = corners[2].at - point;
+        const double la = length(a), lb = length(b), lc = length(c);
+        angle +=
+            std::atan2(dot(a, cross(b, c)), la * lb * lc + dot(a, b) * lc + dot(b, c) * la + dot(c, a) * lb);
+    }
+    return angle / (2 * 3.14159265358979);
+}
+
+// A step out of any surface leads into the open, and a step in leads into the solid: no thing is pushed into
+// another, and no two surfaces share a place, which would flicker.
+TEST(PhoneModel, KeepsItsThingsApart) {
+    const std::vector<Corners> triangles = skin();
+    constexpr double stepMm = 0.01;
+    for (std::size_t i = 0; i < triangles.size(); i += 251) {
+        const Corners& corners = triangles[i];
+        const Vec3 middle = (corners[0].at + corners[1].at + corners[2].at) * (1.0 / 3);
+        const Vec3 out = normalized(areaVector(corners)) * stepMm;
+        EXPECT_NEAR(windingAround(middle + out, triangles), 0, 1e-3)
+            << middle.x << " " << middle.y << " " << middle.z;
+        EXPECT_NEAR(windingAround(middle - out, triangles), 1, 1e-3)
+            << middle.x << " " << middle.y << " " << middle.z;
+    }
 }
 
 TEST(PhoneModel, FacesTheWayItsNormalsSay) {
@@ -90,20 +126,15 @@ TEST(PhoneModel, FacesTheWayItsNormalsSay) {
 
 TEST(PhoneModel, EnclosesTheVolumeOfAPhone) {
     double volume = 0, triangles = 0;
+    for (const Part& part : phone().parts()) triangles += double(part.surface.triangles.size());
     Vec3 least{1e9, 1e9, 1e9}, most{-1e9, -1e9, -1e9};
-    for (const Part& part : phone().parts()) {
-        triangles += double(part.surface.triangles.size());
-        if (!isSeen(part)) continue;
-        for (const Triangle& triangle : part.surface.triangles) {
-            const Corners corners = cornersOf(part.surface, triangle);
-            if (isStray(part, corners)) continue;
-            volume += dot(corners[0].at, areaVector(corners)) / 3;
-            for (const Vertex& vertex : corners) {
-                least = {std::min(least.x, vertex.at.x), std::min(least.y, vertex.at.y),
-                    std::min(least.z, vertex.at.z)};
-                most = {std::max(most.x, vertex.at.x), std::max(most.y, vertex.at.y),
-                    std::max(most.z, vertex.at.z)};
-            }
+    for (const Corners& corners : skin()) {
+        volume += dot(corners[0].at, areaVector(corners)) / 3;
+        for (const Vertex& vertex : corners) {
+            least = {std::min(least.x, vertex.at.x), std::min(least.y, vertex.at.y),
+                std::min(least.z, vertex.at.z)};
+            most = {
+                std::max(most.x, vertex.at.x), std::max(most.y, vertex.at.y), std::max(most.z, vertex.at.z)};
         }
     }
     // Of a box of the phone's measures, corners and bevels take a little away; inside out it would be

@@ -76,6 +76,11 @@ TEST(Triangulation, KeepsPointsOnStraightBorders) {
         {{1, 0.5}, {2, 0.5}, {2, 1.5}, {1.5, 1.5}, {1, 1.5}}});
 }
 
+TEST(Triangulation, ReachesAHoleBehindAnother) {
+    expectCovered({{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {{8, 4.8}, {8.6, 4.8}, {8.6, 5.2}, {8, 5.2}},
+        {{8.8, 0.5}, {9, 0.5}, {9, 9.5}, {8.8, 9.5}}, {{7.5, 0.5}, {7.6, 0.5}, {7.6, 9.5}, {7.5, 9.5}}});
+}
+
 TEST(Triangulation, RefusesLoopsThatCross) {
     EXPECT_THROW(triangulated({{{0, 0}, {2, 2}, {2, 0}, {0, 2}}}), std::invalid_argument);
     EXPECT_THROW(
