@@ -121,7 +121,8 @@ TEST_F(EngineTest, ShowsWhatADevicePresetBecomes) {
 }
 
 TEST_F(EngineTest, TellsWhichFaceDrawsEachFontOfTheCatalog) {
-    for (const Json& font : *json({"presets", "fonts", "--json"}).array()) {
+    const Json fonts = json({"presets", "fonts", "--json"});
+    for (const Json& font : *fonts.array()) {
         const bool isPalatino = *font.find("id") == Json("palatino");
         const bool isSystem = *font.find("id") == Json("system");
         if (isPalatino) {
