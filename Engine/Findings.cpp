@@ -4,6 +4,7 @@
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Composition/CompositionRoad.h"
+#include "TavixRender/Composition2D/CompositionFootageAudit.h"
 
 #include <algorithm>
 #include <utility>
@@ -43,6 +44,28 @@ Json jsonOf(std::span<const Finding> findings) {
         all.emplace_back(std::move(one));
     }
     return all;
+}
+
+std::vector<Finding> findingsOf(const std::string& given, Checks checks) {
+    try {
+        DocumentFile document = openDocument(given);
+        const auto arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
+        std::vector<Finding> all = checks.lint ? arrival.findings() : arrival.resolving;
+        if (checks.footage && arrival.isResolved())
+            for (Finding& finding : CompositionFootageAudit::findings(arrival.spec, document.assetRoot))
+                all.push_back(std::move(finding));
+        return all;
+    } catch (const DocumentError& error) {
+        return {{Level::error, error.path(), error.message(), std::nullopt}};
+    }
+}
+
+void report(std::span<const Finding> findings, Terminal& terminal) {
+    if (terminal.mode() == Terminal::Mode::json)
+        terminal.result(jsonOf(findings));
+    else
+        terminal.result(linesOf(findings));
+    if (hasErrors(findings)) throw ErrorsTold();
 }
 
 void tellFindings(std::span<const Finding> findings, Terminal& terminal) {

@@ -6,6 +6,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 namespace tavix::engine {
 
@@ -15,6 +16,16 @@ struct DocumentFile;
 // As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion on a line of its own.
 std::string linesOf(std::span<const CompositionLint::Finding> findings);
 Json jsonOf(std::span<const CompositionLint::Finding> findings);
+
+// What a document is judged by, beside whether it can be read and its times make sense.
+struct Checks {
+    bool lint, footage;
+};
+// Of a document on the disk. One that cannot be read has one finding, and no others can be made; `Failure`
+// when there is nothing to read.
+std::vector<CompositionLint::Finding> findingsOf(const std::string& given, Checks checks);
+// As the result of the command. Throws `ErrorsTold` when there are errors among them.
+void report(std::span<const CompositionLint::Finding> findings, Terminal& terminal);
 
 // On standard error, each as the warning or the error that it is.
 void tellFindings(std::span<const CompositionLint::Finding> findings, Terminal& terminal);

@@ -14,6 +14,7 @@ public:
 
 private:
     std::string document_;
+    bool opensFootage_ = false;
 };
 
 }   // namespace tavix::engine

@@ -1,8 +1,10 @@
+#include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
 #include "Engine/Verbs/PresetsVerb.h"
+#include "Engine/Verbs/ProbeVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
 #include "Engine/Verbs/SchemaVerb.h"
@@ -19,6 +21,8 @@ constexpr VerbEntry entries[] = {
     {"new", "Write a small document to start from.", "tavix new hello.tavixcomp", make<NewVerb>},
     {"lint", "Judge a document: errors, and what will not look right.", "tavix lint hello.tavixcomp --json",
         make<LintVerb>},
+    {"audit", "Open the films of a document and tell which end too early.", "tavix audit hello.tavixcomp",
+        make<AuditVerb>},
     {"render", "Render a document to a film or an animated GIF.",
         "tavix render hello.tavixcomp -o hello.mp4 --effort best", make<RenderVerb>},
     {"still", "Render one moment of a document to a picture.",
@@ -33,6 +37,7 @@ constexpr VerbEntry entries[] = {
         make<BeatsVerb>},
     {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
         make<SchemaVerb>},
+    {"probe", "Tell what a film or sound file holds.", "tavix probe clip.mov --json", make<ProbeVerb>},
     {"presets",
         "List the backgrounds, effects, transitions, curves, motions or formations that documents may name.",
         "tavix presets effects --json", make<PresetsVerb>},

@@ -11,6 +11,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <new>
@@ -97,6 +98,15 @@ FrameSetting frameSettingOf(AVFormatContext& format, AVStream& track) {
     return setting;
 }
 
+imaging::Size shownSizeOf(imaging::Size coded, const FrameSetting& setting) {
+    const bool isTurned = setting.orientation > 4;
+    const imaging::Size upright = isTurned ? imaging::Size{coded.height, coded.width} : coded;
+    const double aspect = av_q2d(isTurned ? av_inv_q(setting.pixelAspect) : setting.pixelAspect);
+    const auto stretched = [](int side, double by) { return std::max(int(std::lround(side * by)), 1); };
+    if (aspect > 1) return {stretched(upright.width, aspect), upright.height};
+    return {upright.width, stretched(upright.height, 1 / aspect)};
+}
+
 void refuseFrameSize(int width, int height) {
     if (width > 0 && height > 0 && width <= mostFrameSidePx && height <= mostFrameSidePx &&
         std::int64_t{width} * height <= mostFramePixels)
@@ -121,13 +131,10 @@ imaging::Image imageOf(
         bitmap.declareOpaque();
     const imaging::Size size = bitmap.size();
     const auto image = imaging::Image::bitmap(std::make_shared<const Bitmap>(std::move(bitmap)));
-    const bool isTurned = setting.orientation > 4;
-    const double aspect = isTurned ? av_q2d(av_inv_q(setting.pixelAspect)) : av_q2d(setting.pixelAspect);
-    if (aspect == 1) return image;
-    // The coarser direction is stretched to a whole number of pixels.
-    const auto stretch = [](int side, double by) { return std::max(std::round(side * by), 1.0) / side; };
-    return image.transformed(aspect > 1 ? imaging::Affine::scaling(stretch(size.width, aspect), 1)
-                                        : imaging::Affine::scaling(1, stretch(size.height, 1 / aspect)));
+    const imaging::Size shown = shownSizeOf({frame.width, frame.height}, setting);
+    if (shown == size) return image;
+    return image.transformed(
+        imaging::Affine::scaling(double(shown.width) / size.width, double(shown.height) / size.height));
 }
 
 }   // namespace tavix::media

@@ -14,6 +14,8 @@ struct FrameSetting {
     AVRational pixelAspect{1, 1};
 };
 FrameSetting frameSettingOf(AVFormatContext& format, AVStream& track);
+// The coarser direction of pixels that are not square is stretched, to a whole number of them.
+imaging::Size shownSizeOf(imaging::Size coded, const FrameSetting& setting);
 
 // Throws MediaError when frames of that size, in pixels, are not shown.
 void refuseFrameSize(int width, int height);

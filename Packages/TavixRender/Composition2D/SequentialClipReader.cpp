@@ -126,6 +126,7 @@ bool SequentialClipReader::advance(double to, int maxDecodes) {
         if (pending_) {
             if (to + media::timestampToleranceSec < pending_->ptsSec()) return true;
             current_ = std::exchange(pending_, std::nullopt);
+            isCurrentOld_ = false;
             continue;
         }
         if (maxDecodes < 1) return false;
@@ -141,12 +142,10 @@ bool SequentialClipReader::advance(double to, int maxDecodes) {
 
 void SequentialClipReader::rewind(double near, Hold hold) {
     frames_.reset();
-    if (hold == Hold::drop) {
-        current_.reset();
-        pending_.reset();
-    }
-    // What was decoded past another position would stand in the way of what lies before it.
-    if (pending_ && pending_->ptsSec() > near) pending_.reset();
+    // What was decoded past the old position would stand in the way of what lies before it.
+    pending_.reset();
+    if (hold == Hold::drop) current_.reset();
+    isCurrentOld_ = true;
     hasFinished_ = false;
     if (hasSamples())
         openAtSec_ = std::max(clip_.trimStartSec, std::min((*sampleMap_)[syncIndexFor(near)].ptsSec, near));
@@ -160,7 +159,7 @@ bool SequentialClipReader::reopenedFurtherBack(double wanted) {
     if (sampleMap_ && !sampleMap_->empty()) return false;
     if (!openAtSec_ || !(*openAtSec_ > clip_.trimStartSec + sameTimeSec)) return false;
     const double back = wanted - ((wanted - *openAtSec_) * 4 + 0.8);
-    if (!current_ && pending_ && pending_->ptsSec() > wanted + sameTimeSec) {
+    if ((!current_ || isCurrentOld_) && pending_ && pending_->ptsSec() > wanted + sameTimeSec) {
         rewind(back, Hold::drop);
         return true;
     }

@@ -72,8 +72,9 @@ private:
     std::optional<imaging::Image> rapidImage_;
     double rapidPtsSec_ = 0;
 
-    Picture current_;   // the newest one at or before the last request
-    Picture pending_;   // decoded past the request and kept for the next one
+    Picture current_;             // the newest one at or before the last request
+    bool isCurrentOld_ = false;   // it was decoded before the last rewind
+    Picture pending_;             // decoded past the request and kept for the next one
     std::optional<double> openAtSec_;
     double lastWantedSec_ = -std::numeric_limits<double>::infinity();
     bool needsRewind_ = false;   // the forward decoder does not match the position last answered

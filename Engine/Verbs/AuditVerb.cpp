@@ -1,0 +1,18 @@
+#include "Engine/Verbs/AuditVerb.h"
+
+#include "Engine/Arguments.h"
+#include "Engine/Findings.h"
+
+namespace tavix::engine {
+
+void AuditVerb::declare(Arguments& arguments, Terminal& terminal) {
+    arguments.positional("document", document_, "A .tavixcomp bundle or a composition.json.",
+        "audit needs a document: a .tavixcomp bundle or a composition.json.");
+    arguments.jsonFlag(terminal);
+}
+
+void AuditVerb::run(Terminal& terminal) {
+    report(findingsOf(document_, {.lint = false, .footage = true}), terminal);
+}
+
+}   // namespace tavix::engine
