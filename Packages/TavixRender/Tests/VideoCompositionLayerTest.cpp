@@ -129,7 +129,7 @@ TEST_F(VideoCompositionLayerTest, FitsCropsAndRounds) {
         content.clip.path = path;
         imaging::Evaluator evaluator;
         StillImageCache images({});
-        const LayerBuild build{{0, 0, 100, 100}, {}, evaluator, images, {}};
+        const LayerBuild build{{0, 0, 100, 100}, 30, {}, evaluator, images, {}};
         return Picture(VideoCompositionLayer(content, build).contentImage(0).value(), {100, 100});
     };
     const Picture cover = drawn({});
