@@ -212,7 +212,9 @@ std::optional<std::string> FontCore::addFile(const std::filesystem::path& file) 
     const Owned<FcFontSet> set(FcFontSetCreate());
     const std::string path = file.string();
     int count = 0;
-    FcFreeTypeQueryAll(chars(path), static_cast<unsigned>(-1), nullptr, &count, set.get());
+    std::error_code error;
+    if (std::filesystem::is_regular_file(file, error))   // a pipe would keep us waiting
+        FcFreeTypeQueryAll(chars(path), static_cast<unsigned>(-1), nullptr, &count, set.get());
     if (set->nfont > 0 && FcConfigAppFontAddFile(config_.get(), chars(path))) {
         takeFaces(*set);
         name = stringOf(set->fonts[0], FC_POSTSCRIPT_NAME);
