@@ -6,7 +6,7 @@ namespace tavix::scene3d {
 
 const SamplePattern& onePerPixel() {
     static const auto pattern = [] {
-        SamplePattern p{4, {}, {}};
+        SamplePattern p{2, {}, {}};
         for (int i = 0; i < samplesPerVector; ++i) {
             p.x[std::size_t(i)] = i % 4 * 8 + 4;
             p.y[std::size_t(i)] = i / 4 * 8 + 4;
@@ -20,7 +20,7 @@ const SamplePattern& onePerPixel() {
 const SamplePattern& fourPerPixel() {
     static const auto pattern = [] {
         constexpr int offsetX[4] = {3, 7, 1, 5}, offsetY[4] = {1, 3, 5, 7};
-        SamplePattern p{2, {}, {}};
+        SamplePattern p{1, {}, {}};
         for (int i = 0; i < samplesPerVector; ++i) {
             p.x[std::size_t(i)] = i / 4 % 2 * 8 + offsetX[i % 4];
             p.y[std::size_t(i)] = i / 8 * 8 + offsetY[i % 4];

@@ -50,10 +50,11 @@ struct TexcoordPlanes {
 
 // The samples of one block of pixels. Entry i of a block stands at (x[i], y[i]) eighths of a pixel.
 struct SamplePattern {
-    int blockPx;   // side of a block
+    int blockBits;   // of the side of a block
     std::array<std::int32_t, samplesPerVector> x, y;
-    int samplesPerPixel() const { return samplesPerVector / (blockPx * blockPx); }
-    int blocksAcross() const { return tilePx / blockPx; }
+    int blockPx() const { return 1 << blockBits; }
+    int samplesPerPixel() const { return samplesPerVector >> (2 * blockBits); }
+    int blocksAcross() const { return tilePx >> blockBits; }
     int entryCount() const { return tilePx * tilePx * samplesPerPixel(); }
 };
 const SamplePattern& onePerPixel();    // blocks of 4 x 4 pixels, row by row

@@ -46,7 +46,7 @@ struct Renderer::Impl {
 
     // Everything up to the tiles. Gives the region that has pixels.
     imaging::PixelRegion prepare(const Scene& scene, const Pass& pass);
-    void makeSurfaces();
+    void makeSurfaces(TextureDetail detail);
     // Calls write(pixels of the tile, sums of the tile) for the tiles of the region, on many threads.
     template <class Write> void drawTiles(const imaging::PixelRegion& region, const Write& write);
 
@@ -73,12 +73,12 @@ imaging::PixelRegion Renderer::Impl::prepare(const Scene& scene, const Pass& pas
     list.gather(*scene.root);
     geometry.build(list, view, *pattern, kernels, workshop);
     if (geometry.region().isEmpty()) return {};
-    makeSurfaces();
+    makeSurfaces(pass.textures);
     light = &lightStage.prepare(list, view, scene.environment, kernels, workshop);
     return geometry.region();
 }
 
-void Renderer::Impl::makeSurfaces() {
+void Renderer::Impl::makeSurfaces(TextureDetail detail) {
     surfaces.clear();
     for (const Material* material : list.materials) {
         if (const auto* lit = std::get_if<PhysicallyBased>(material)) {
@@ -87,12 +87,12 @@ void Renderer::Impl::makeSurfaces() {
         }
         const auto& unlit = std::get<Unlit>(*material);
         TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
-        if (texture) makeSmallerLevels(*texture, workshop);
+        if (texture) makeLevels(*texture, kernels, workshop);
         // A texture without a picture is black.
         const bool isBlack = texture && texture->count == 0;
         const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
-        surfaces.emplace_back(
-            TexturedSurface{isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups()});
+        surfaces.emplace_back(TexturedSurface{isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups(),
+            detail == TextureDetail::fine ? 8.0f : 1.0f});
     }
 }
 

@@ -45,10 +45,15 @@ struct EncodedFrame {
 
 enum class Samples { one, four };   // of coverage per pixel
 
+// How textures are filtered. Coarse takes a quarter of the time: for a picture whose textured surfaces
+// another one will cover, so that only their edges are seen.
+enum class TextureDetail { fine, coarse };
+
 struct Pass {
     static constexpr int mostSidePx = 8192;
     imaging::Size size;   // 1 to mostSidePx on both sides
     Samples samples = Samples::four;
+    TextureDetail textures = TextureDetail::fine;
 };
 
 // Used by one thread at a time; it spreads a frame over threads of its own. Pictures do not depend on their

@@ -22,12 +22,12 @@ void Texture::replace(imaging::BitmapRef pixels) {
     for (;;) {
         auto& level = levels.level[levels.count];
         level = {size, texels};
-        if (levels.count++ > 0) texels += std::size_t(size.width) * std::size_t(size.height);
+        ++levels.count;
+        texels += std::size_t(size.width) * std::size_t(size.height);
         if ((size.width == 1 && size.height == 1) || levels.count == TextureLevels::mostLevels) break;
         size = {(size.width + 1) / 2, (size.height + 1) / 2};
     }
-    // One texel more: a pair of neighbours is read at once.
-    levels.texels.resize((texels + 2) * 4);
+    levels.texels.resize(texels);
 }
 
 }   // namespace tavix::scene3d

@@ -19,7 +19,7 @@ public:
     Texture(const Texture&) = delete;
     Texture& operator=(const Texture&) = delete;
 
-    // Alpha is not looked at: premultiplied pixels show as over black. The smaller levels are made when a
+    // Alpha is not looked at: premultiplied pixels show as over black. Its levels are made when a
     // renderer first needs them, on its threads. An empty or absent bitmap shows black.
     void replace(imaging::BitmapRef pixels);
     imaging::Size size() const;

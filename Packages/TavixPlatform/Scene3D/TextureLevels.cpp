@@ -1,6 +1,7 @@
 #include "TavixPlatform/Scene3D/TextureLevels.h"
 
 #include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Scene3D/Kernels/SceneKernels.h"
 #include "TavixPlatform/Scene3D/TransferCurve.h"
 
 #include <algorithm>
@@ -14,64 +15,63 @@ namespace {
 
 constexpr int rowsPerJob = 32;
 
-const std::array<std::uint32_t, 256>& wordsOfBytes() {
+// What each byte becomes, at the place of each channel in a texel.
+struct RootsOfBytes {
+    std::array<std::uint32_t, 256> blue, green, red;
+};
+const RootsOfBytes& rootsOfBytes() {
     static const auto table = [] {
-        std::array<std::uint32_t, 256> words{};
-        for (std::size_t i = 0; i < words.size(); ++i)
-            words[i] = std::uint32_t(std::lround(linearOfBytes()[i] * 65535));
-        return words;
+        RootsOfBytes roots{};
+        for (std::size_t i = 0; i < 256; ++i) {
+            roots.blue[i] =
+                std::uint32_t(std::lround(std::sqrt(linearOfBytes()[i]) * TextureLevels::mostRoot));
+            roots.green[i] = roots.blue[i] << TextureLevels::rootBits;
+            roots.red[i] = roots.green[i] << TextureLevels::rootBits;
+        }
+        return roots;
     }();
     return table;
 }
 
-// The mean of two by two texels, the last column counted twice where the width is odd.
-void halveBytes(std::uint16_t* dst, const std::uint8_t* row0, const std::uint8_t* row1, int width) {
-    const auto& words = wordsOfBytes();
-    for (int x = 0; x < (width + 1) / 2; ++x) {
-        const int left = 8 * x, right = 4 * std::min(2 * x + 1, width - 1);
-        for (int c = 0; c < 3; ++c)
-            dst[4 * x + c] = std::uint16_t((words[row0[left + c]] + words[row0[right + c]] +
-                                               words[row1[left + c]] + words[row1[right + c]] + 2) /
-                                           4);
-        dst[4 * x + 3] = 0;
-    }
+std::uint32_t* rowOf(TextureLevels& texture, int level, int y) {
+    const TextureLevels::Level& place = texture.level[level];
+    return texture.texels.data() + place.firstTexel + std::size_t(y) * std::size_t(place.size.width);
 }
 
-void halveWords(std::uint16_t* dst, const std::uint16_t* row0, const std::uint16_t* row1, int width) {
-    for (int x = 0; x < (width + 1) / 2; ++x) {
-        const int left = 8 * x, right = 4 * std::min(2 * x + 1, width - 1);
-        for (int c = 0; c < 4; ++c)
-            dst[4 * x + c] =
-                std::uint16_t((row0[left + c] + row0[right + c] + row1[left + c] + row1[right + c] + 2) / 4);
-    }
+void decodeRow(TextureLevels& texture, int y) {
+    const RootsOfBytes& roots = rootsOfBytes();
+    const std::uint8_t* from = std::as_const(*texture.bitmap).view().row(y);
+    std::uint32_t* to = rowOf(texture, 0, y);
+    for (int x = 0; x < texture.level[0].size.width; ++x, from += 4)
+        to[x] = roots.blue[from[0]] | roots.green[from[1]] | roots.red[from[2]];
 }
 
-void makeRow(TextureLevels& texture, int level, int y) {
-    const TextureLevels::Level &to = texture.level[level], &from = texture.level[level - 1];
-    std::uint16_t* dst =
-        texture.texels.data() + (to.firstTexel + std::size_t(y) * std::size_t(to.size.width)) * 4;
-    const int y0 = 2 * y, y1 = std::min(2 * y + 1, from.size.height - 1);
-    if (level == 1) {
-        const imaging::ConstBitmapView view = std::as_const(*texture.bitmap).view();
-        halveBytes(dst, view.row(y0), view.row(y1), from.size.width);
-        return;
+// Where a side is odd its last column or row counts twice.
+void halveRow(TextureLevels& texture, int level, int y, const SceneKernels& kernels) {
+    const imaging::Size from = texture.level[level - 1].size;
+    const std::uint32_t* row0 = rowOf(texture, level - 1, 2 * y);
+    const std::uint32_t* row1 = rowOf(texture, level - 1, std::min(2 * y + 1, from.height - 1));
+    std::uint32_t* to = rowOf(texture, level, y);
+    kernels.halveTexels(to, row0, row1, std::size_t(from.width / 2));
+    if (const int last = from.width - 1; from.width % 2) {
+        const std::uint32_t pair0[2] = {row0[last], row0[last]}, pair1[2] = {row1[last], row1[last]};
+        kernels.halveTexels(to + last / 2, pair0, pair1, 1);
     }
-    const auto row = [&](int at) {
-        return texture.texels.data() + (from.firstTexel + std::size_t(at) * std::size_t(from.size.width)) * 4;
-    };
-    halveWords(dst, row(y0), row(y1), from.size.width);
 }
 
 }   // namespace
 
-void makeSmallerLevels(TextureLevels& texture, imaging::Workshop& workshop) {
+void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Workshop& workshop) {
     if (texture.isMade || texture.count == 0) return;
-    for (int level = 1; level < texture.count; ++level) {
+    for (int level = 0; level < texture.count; ++level) {
         const int rows = texture.level[level].size.height;
-        workshop.forEach((rows + rowsPerJob - 1) / rowsPerJob, [&texture, level](int job, imaging::Scratch&) {
-            const int end = std::min((job + 1) * rowsPerJob, texture.level[level].size.height);
-            for (int y = job * rowsPerJob; y < end; ++y) makeRow(texture, level, y);
-        });
+        const auto job = [&texture, &kernels, level](int index) {
+            const int end = std::min((index + 1) * rowsPerJob, texture.level[level].size.height);
+            for (int y = index * rowsPerJob; y < end; ++y)
+                level == 0 ? decodeRow(texture, y) : halveRow(texture, level, y, kernels);
+        };
+        workshop.forEach(
+            (rows + rowsPerJob - 1) / rowsPerJob, [&job](int index, imaging::Scratch&) { job(index); });
     }
     texture.isMade = true;
 }

@@ -12,22 +12,26 @@ class Workshop;
 
 namespace tavix::scene3d {
 
-// Level 0 is the bitmap itself, sRGB-encoded bytes. The others hold linear light in 16 bits, blue, green, red
-// and nothing, each half the size of the one before, rounded up.
+struct SceneKernels;
+
+// Texels are words of three times ten bits: blue in the lowest, then green, then red, each the square root of
+// linear light. That is finer than sRGB-encoded bytes everywhere (4.5 steps a byte and more), and needs but
+// one product to become light again. Each level is half the size of the one before, rounded up.
 struct TextureLevels {
     static constexpr int mostLevels = 16;
     struct Level {
         imaging::Size size;
-        std::size_t firstTexel = 0;   // four words a texel
+        std::size_t firstTexel = 0;
     };
     imaging::BitmapRef bitmap;
     int count = 0;   // with level 0; 0 without a picture
     Level level[mostLevels];
-    std::vector<std::uint16_t> texels;
-    bool isMade = false;   // the smaller levels are those of the bitmap
+    static constexpr int rootBits = 10, mostRoot = (1 << rootBits) - 1;
+    std::vector<std::uint32_t> texels;
+    bool isMade = false;   // the texels are those of the bitmap
 };
 
-// Fills levels 1 and up with means in linear light, unless they stand.
-void makeSmallerLevels(TextureLevels& texture, imaging::Workshop& workshop);
+// Fills the levels, unless they stand.
+void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Workshop& workshop);
 
 }   // namespace tavix::scene3d

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 
 namespace tavix::scene3d {
 
@@ -19,43 +18,51 @@ struct RequestList {
     std::uint8_t* covered;
 };
 
+void addRequest(RequestList& list, const Triangle* triangle, std::size_t pixel, unsigned mask) {
+    ++list.endOfMaterial[triangle->material + 1];
+    list.found[list.count++] = {triangle, std::uint16_t(pixel), std::uint8_t(mask)};
+}
+
 // One request for each triangle that owns samples of the pixel.
-void addRequests(RequestList& list, const std::uint32_t* ids, int samples, std::size_t pixel,
+void addPixel(RequestList& list, const std::uint32_t* ids, int samples, std::size_t pixel,
     const Triangle* const* triangles) {
-    const auto emit = [&](std::uint32_t id, unsigned mask) {
-        const Triangle* triangle = triangles[id - 1];
-        ++list.endOfMaterial[triangle->material + 1];
-        list.found[list.count++] = {triangle, std::uint16_t(pixel), std::uint8_t(mask)};
-    };
-    if (samples == 1) {
-        if (ids[0]) emit(ids[0], 1);
-        list.covered[pixel] = ids[0] != 0;
-        return;
-    }
-    std::uint64_t pairs[2];
-    std::memcpy(pairs, ids, sizeof pairs);
-    if (pairs[0] == pairs[1] && ids[0] == ids[1]) {
-        if (ids[0]) emit(ids[0], 15);
-        list.covered[pixel] = ids[0] ? 4 : 0;
-        return;
-    }
     unsigned left = 0;
-    for (unsigned s = 0; s < 4; ++s) left |= unsigned(ids[s] != 0) << s;
+    for (int s = 0; s < samples; ++s) left |= unsigned(ids[s] != 0) << s;
     list.covered[pixel] = std::uint8_t(std::popcount(left));
     while (left) {
         const std::uint32_t id = ids[std::countr_zero(left)];
         unsigned mask = 0;
-        for (unsigned s = 0; s < 4; ++s) mask |= unsigned(ids[s] == id) << s;
-        emit(id, mask);
+        for (int s = 0; s < samples; ++s) mask |= unsigned(ids[s] == id) << s;
+        addRequest(list, triangles[id - 1], pixel, mask);
         left &= ~mask;
     }
 }
 
-// The place of a pixel's first sample among a tile's.
-std::size_t entryOf(int x, int y, const SamplePattern& pattern) {
-    const int block = (y / pattern.blockPx) * pattern.blocksAcross() + x / pattern.blockPx;
-    const int inside = y % pattern.blockPx * pattern.blockPx + x % pattern.blockPx;
-    return std::size_t(block * samplesPerVector + inside * pattern.samplesPerPixel());
+bool areEqual(const std::uint32_t* ids) {
+    std::uint32_t difference = 0;
+    for (int i = 1; i < samplesPerVector; ++i) difference |= ids[i] ^ ids[0];
+    return difference == 0;
+}
+
+// The pixels of one block that lie within `inside`, which is in pixels of the tile.
+void addBlock(RequestList& list, const std::uint32_t* ids, const SamplePattern& pattern, int x0, int y0,
+    const imaging::PixelRegion& inside, const Triangle* const* triangles) {
+    const int side = pattern.blockPx(), samples = pattern.samplesPerPixel();
+    const bool isOne = areEqual(ids);
+    if (isOne && ids[0] == 0) return;
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x, ids += samples) {
+            if (x0 + x < inside.x0 || x0 + x >= inside.x1 || y0 + y < inside.y0 || y0 + y >= inside.y1)
+                continue;
+            const auto pixel = std::size_t((y0 + y) * tilePx + x0 + x);
+            if (!isOne) {
+                addPixel(list, ids, samples, pixel, triangles);
+                continue;
+            }
+            list.covered[pixel] = std::uint8_t(samples);
+            addRequest(list, triangles[ids[0] - 1], pixel, (1u << samples) - 1);
+        }
+    }
 }
 
 }   // namespace
@@ -86,11 +93,12 @@ TileStage::Sums TileStage::draw(int tile, imaging::Scratch& scratch) const {
         scratch.take<std::uint32_t>(surfaces.size() + 1), 0, covered};
     std::fill_n(list.endOfMaterial, surfaces.size() + 1, 0u);
     std::fill_n(covered, tilePixels, std::uint8_t(0));
-    const imaging::PixelRegion inside = pixelsOf(tile);
-    for (int y = inside.y0 - y0; y < inside.y1 - y0; ++y)
-        for (int x = inside.x0 - x0; x < inside.x1 - x0; ++x)
-            addRequests(list, ids + entryOf(x, y, pattern), pattern.samplesPerPixel(),
-                std::size_t(y * tilePx + x), triangles.data());
+    const imaging::PixelRegion pixels = pixelsOf(tile);
+    const imaging::PixelRegion inside{pixels.x0 - x0, pixels.y0 - y0, pixels.x1 - x0, pixels.y1 - y0};
+    const std::uint32_t* block = ids;
+    for (int y = 0; y < tilePx; y += pattern.blockPx())
+        for (int x = 0; x < tilePx; x += pattern.blockPx(), block += samplesPerVector)
+            addBlock(list, block, pattern, x, y, inside, triangles.data());
     for (std::size_t m = 0; m < surfaces.size(); ++m) list.endOfMaterial[m + 1] += list.endOfMaterial[m];
     for (std::size_t i = 0; i < list.count; ++i)
         list.sorted[list.endOfMaterial[list.found[i].triangle->material]++] = list.found[i];

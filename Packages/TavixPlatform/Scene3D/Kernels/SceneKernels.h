@@ -44,6 +44,7 @@ struct TexturedSurface {
     const TextureLevels* texture;   // null: the tint alone
     Vec3 tint;
     const TexcoordPlanes* const* texcoordsOfGroups;
+    float mostProbes;   // along a side of a pixel's footprint: 1 to 8
 };
 
 struct SceneKernels {
@@ -55,6 +56,9 @@ struct SceneKernels {
         const Request* requests, std::size_t count);
     void (*shadeUnlit)(
         const Shades& shades, const TexturedSurface& surface, const Request* requests, std::size_t count);
+    // `count` texels, each the mean light of two by two.
+    void (*halveTexels)(
+        std::uint32_t* dst, const std::uint32_t* row0, const std::uint32_t* row1, std::size_t count);
     // A row of sums and the number of covered samples of each pixel to pixels; `perSample` is 1 over the
     // samples of a pixel.
     void (*resolveHalf)(std::uint16_t* dst, const float* sums, const std::uint8_t* covered, float perSample,

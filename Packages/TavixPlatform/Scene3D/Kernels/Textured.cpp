@@ -8,23 +8,13 @@
 #include <hwy/foreach_target.h>
 
 #include "TavixPlatform/Scene3D/Kernels/Surfaces-inl.h"
-#include "TavixPlatform/Scene3D/TransferCurve.h"
 
 #include <algorithm>
 
 HWY_BEFORE_NAMESPACE();
 namespace tavix::scene3d::HWY_NAMESPACE {
 
-// Footprints of a vector of requests, in texels of level 0.
-struct Footprints {
-    HWY_ALIGN float u[mostLanes], v[mostLanes];               // of the pixel's middle
-    HWY_ALIGN float acrossU[mostLanes], acrossV[mostLanes];   // to the next pixel on the right
-    HWY_ALIGN float upU[mostLanes], upV[mostLanes];           // and above
-    HWY_ALIGN float acrossLength[mostLanes], upLength[mostLanes];
-    HWY_ALIGN std::int32_t level[mostLanes];
-};
-
-constexpr int mostProbes = 8;   // along a side of the footprint
+using Words = hn::Rebind<std::uint32_t, Floats>;
 
 // The planes of texture coordinates and of 1 / depth, lane by lane.
 struct PlaneLanes {
@@ -50,6 +40,19 @@ HWY_INLINE void gatherPlanes(const Shades& shades, const TexturedSurface& surfac
     }
 }
 
+// The levels of a texture, and the footprints of a vector of pixels on the level of each, in its texels.
+struct Level {
+    IntVector first, width;
+    FloatVector lastX, lastY;   // the largest coordinates of a texel
+};
+struct Footprints {
+    Level level;
+    FloatVector u, v;               // of the pixel's middle
+    FloatVector acrossU, acrossV;   // to the next pixel on the right
+    FloatVector upU, upV;           // and above
+    FloatVector across, up;         // how long these are
+};
+
 HWY_INLINE FloatVector lengthOf(FloatVector a, FloatVector b) { return hn::Sqrt(sumOf(a, a, hn::Mul(b, b))); }
 
 // The whole part of the logarithm to base 2, of a normal positive number.
@@ -57,9 +60,39 @@ HWY_INLINE IntVector exponentOf(FloatVector v) {
     return hn::Sub(hn::ShiftRight<23>(hn::BitCast(Ints(), v)), constantInt(127));
 }
 
-HWY_INLINE void findFootprints(const PlaneLanes& p, const TextureLevels& texture, Footprints& out) {
-    const Floats d;
+// The narrow side of a footprint shall span 1.4 to 2.8 texels, unless the wide one would then need too many
+// probes.
+HWY_INLINE IntVector levelFor(FloatVector across, FloatVector up, const TexturedSurface& surface) {
+    const FloatVector tiny = constant(1e-6f), huge = constant(1e6f);
+    const FloatVector minor = hn::Min(hn::Max(hn::Min(across, up), tiny), huge);
+    const FloatVector major = hn::Min(hn::Max(hn::Max(across, up), tiny), huge);
+    const IntVector fine = exponentOf(hn::Mul(minor, constant(0.70710678f)));
+    const IntVector coarse =
+        hn::Add(exponentOf(hn::Mul(major, constant(1 / surface.mostProbes))), constantInt(1));
+    return hn::Min(hn::Max(hn::Max(fine, coarse), constantInt(0)), constantInt(surface.texture->count - 1));
+}
+
+HWY_INLINE Level levelAt(const TextureLevels& texture, IntVector index) {
     const Ints di;
+    const Floats d;
+    HWY_ALIGN std::int32_t first[TextureLevels::mostLevels] = {}, width[TextureLevels::mostLevels] = {},
+                           height[TextureLevels::mostLevels] = {};
+    for (int i = 0; i < texture.count; ++i) {
+        first[i] = std::int32_t(texture.level[i].firstTexel);
+        width[i] = texture.level[i].size.width;
+        height[i] = texture.level[i].size.height;
+    }
+    Level level;
+    level.first = hn::GatherIndex(di, first, index);
+    level.width = hn::GatherIndex(di, width, index);
+    level.lastX = hn::ConvertTo(d, hn::Sub(level.width, constantInt(1)));
+    level.lastY = hn::ConvertTo(d, hn::Sub(hn::GatherIndex(di, height, index), constantInt(1)));
+    return level;
+}
+
+HWY_INLINE Footprints findFootprints(const PlaneLanes& p, const TexturedSurface& surface) {
+    const Floats d;
+    const TextureLevels& texture = *surface.texture;
     const FloatVector depth = inverse(hn::Max(hn::Load(d, p.depth), constant(1e-9f)));
     const FloatVector width = constant(float(texture.level[0].size.width));
     const FloatVector height = constant(float(texture.level[0].size.height));
@@ -70,149 +103,152 @@ HWY_INLINE void findFootprints(const PlaneLanes& p, const TextureLevels& texture
         const FloatVector top = hn::Sub(hn::Load(d, perPixel), hn::Mul(at, hn::Load(d, depthPerPixel)));
         return hn::Mul(hn::Mul(top, depth), size);
     };
-    const FloatVector acrossU = change(p.perXu, p.perXdepth, u, width);
-    const FloatVector acrossV = change(p.perXv, p.perXdepth, v, height);
-    const FloatVector upU = change(p.perYu, p.perYdepth, u, width);
-    const FloatVector upV = change(p.perYv, p.perYdepth, v, height);
-    const FloatVector across = lengthOf(acrossU, acrossV), up = lengthOf(upU, upV);
-    const FloatVector tiny = constant(1e-6f), huge = constant(1e6f);
-    const FloatVector minor = hn::Min(hn::Max(hn::Min(across, up), tiny), huge);
-    const FloatVector major = hn::Min(hn::Max(hn::Max(across, up), tiny), huge);
-    // The narrow side spans 1.4 to 2.8 texels, unless the wide one would then need too many probes.
-    const IntVector fine = exponentOf(hn::Mul(minor, constant(0.70710678f)));
-    const IntVector coarse = hn::Add(exponentOf(hn::Mul(major, constant(1.0f / mostProbes))), constantInt(1));
-    const IntVector level =
-        hn::Min(hn::Max(hn::Max(fine, coarse), constantInt(0)), constantInt(texture.count - 1));
-    hn::Store(hn::Mul(u, width), d, out.u);
-    hn::Store(hn::Mul(v, height), d, out.v);
-    hn::Store(acrossU, d, out.acrossU);
-    hn::Store(acrossV, d, out.acrossV);
-    hn::Store(upU, d, out.upU);
-    hn::Store(upV, d, out.upV);
-    hn::Store(across, d, out.acrossLength);
-    hn::Store(up, d, out.upLength);
-    hn::Store(level, di, out.level);
+    Footprints f;
+    f.acrossU = change(p.perXu, p.perXdepth, u, width);
+    f.acrossV = change(p.perXv, p.perXdepth, v, height);
+    f.upU = change(p.perYu, p.perYdepth, u, width);
+    f.upV = change(p.perYv, p.perYdepth, v, height);
+    f.across = lengthOf(f.acrossU, f.acrossV);
+    f.up = lengthOf(f.upU, f.upV);
+    const IntVector level = levelFor(f.across, f.up, surface);
+    f.level = levelAt(texture, level);
+    // 2 to the power of minus the level.
+    const FloatVector scale = hn::BitCast(d, hn::ShiftLeft<23>(hn::Sub(constantInt(127), level)));
+    f.u = hn::Mul(hn::Mul(u, width), scale);
+    f.v = hn::Mul(hn::Mul(v, height), scale);
+    for (FloatVector* length : {&f.acrossU, &f.acrossV, &f.upU, &f.upV, &f.across, &f.up})
+        *length = hn::Mul(*length, scale);
+    return f;
 }
 
 // Two neighbouring texels along one axis and the share of the second. Within 1/64 of a texel's middle that
 // texel shows alone: what rounding adds to a coordinate does not blur a picture that fits the pixels.
 struct Pair {
-    int first, second;
-    float share;
+    FloatVector first, second;
+    FloatVector share;
 };
-HWY_INLINE Pair pairAt(float position, int count) {
+HWY_INLINE Pair pairAt(FloatVector position, FloatVector last) {
     constexpr float still = 1.0f / 64;
-    const float limited = std::min(std::max(position - 0.5f, 0.0f), float(count - 1));
-    const int first = int(limited);
-    const float share =
-        std::min(std::max((limited - float(first) - still) * (1 / (1 - 2 * still)), 0.0f), 1.0f);
-    return {first, std::min(first + 1, count - 1), share};
+    const FloatVector limited = hn::Min(hn::Max(hn::Sub(position, constant(0.5f)), constant(0)), last);
+    const FloatVector first = hn::Floor(limited);
+    const FloatVector share =
+        hn::Mul(hn::Sub(hn::Sub(limited, first), constant(still)), constant(1 / (1 - 2 * still)));
+    return {first, hn::Min(hn::Add(first, constant(1)), last), unit(share)};
 }
 
-// Linear light of a texel, blue first. Level 0 is bytes, 0 to 1; the others words, 0 to 65535.
-struct ByteTexels {
-    const std::uint8_t* pixels;
-    std::ptrdiff_t strideBytes;
-    const float* linear;
-    HWY_INLINE FourVector at(int x, int y) const {
-        const std::uint8_t* p = pixels + y * strideBytes + std::ptrdiff_t(x) * 4;
-        HWY_ALIGN const float v[4] = {linear[p[0]], linear[p[1]], linear[p[2]], 0};
-        return hn::Load(Four(), v);
-    }
-};
-struct WordTexels {
-    const std::uint16_t* texels;
-    int width;
-    HWY_INLINE FourVector at(int x, int y) const {
-        const hn::FixedTag<std::uint16_t, 4> words;
-        const hn::FixedTag<std::int32_t, 4> wide;
-        return hn::ConvertTo(
-            Four(), hn::PromoteTo(wide, hn::LoadU(words, texels + (std::ptrdiff_t(y) * width + x) * 4)));
-    }
-};
+// Light of texels, 0 to the square of the largest root.
+HWY_INLINE Lanes3 lightOf(IntVector texel) {
+    const Floats d;
+    const IntVector mask = constantInt(TextureLevels::mostRoot);
+    const auto root = [&](IntVector bits) HWY_ATTR { return hn::ConvertTo(d, hn::And(bits, mask)); };
+    return {squared(root(hn::ShiftRight<2 * TextureLevels::rootBits>(texel))),
+        squared(root(hn::ShiftRight<TextureLevels::rootBits>(texel))), squared(root(texel))};
+}
 
-template <class Texels>
-HWY_INLINE FourVector bilinear(const Texels& texels, imaging::Size size, float u, float v) {
-    const Four four;
-    const Pair x = pairAt(u, size.width), y = pairAt(v, size.height);
-    const FourVector s = hn::Set(four, x.share), t = hn::Set(four, y.share);
-    const auto mixed = [](FourVector a, FourVector b, FourVector share)
-                           HWY_ATTR { return hn::Add(a, hn::Mul(hn::Sub(b, a), share)); };
-    return mixed(mixed(texels.at(x.first, y.first), texels.at(x.second, y.first), s),
-        mixed(texels.at(x.first, y.second), texels.at(x.second, y.second), s), t);
+HWY_INLINE Lanes3 mixed(const Lanes3& a, const Lanes3& b, FloatVector share) {
+    return plus(a, times(minus(b, a), share));
+}
+
+HWY_INLINE Lanes3 bilinear(const std::int32_t* texels, const Level& level, FloatVector u, FloatVector v) {
+    const Ints di;
+    const Pair x = pairAt(u, level.lastX), y = pairAt(v, level.lastY);
+    const IntVector left = hn::ConvertTo(di, x.first), right = hn::ConvertTo(di, x.second);
+    const IntVector upper = hn::Add(level.first, hn::Mul(hn::ConvertTo(di, y.first), level.width));
+    const IntVector lower = hn::Add(level.first, hn::Mul(hn::ConvertTo(di, y.second), level.width));
+    const auto at = [&](IntVector row, IntVector column)
+                        HWY_ATTR { return lightOf(hn::GatherIndex(di, texels, hn::Add(row, column))); };
+    return mixed(mixed(at(upper, left), at(upper, right), x.share),
+        mixed(at(lower, left), at(lower, right), x.share), y.share);
 }
 
 // How many probes a side of the footprint takes, and how far apart they stand as a fraction of it. The probes
 // themselves are a texel wide, so they spread over what the side is longer than that.
 struct Probes {
-    int count;
-    float first, step;
+    FloatVector count, first, step;
 };
-HWY_INLINE Probes probesFor(float texels) {
-    const float spread = texels - (1 + 1.0f / 32);
-    if (!(spread > 0)) return {1, 0, 0};
-    const int count = std::min(int(spread) + 2, mostProbes);
-    const float whole = std::min(spread / texels, 1.0f);
-    return {count, -0.5f * whole, whole / float(count - 1)};
+HWY_INLINE Probes probesFor(FloatVector texels, float most) {
+    const FloatVector one = constant(1), zero = constant(0);
+    const FloatVector spread = hn::Max(hn::Sub(texels, constant(1 + 1.0f / 32)), zero);
+    const auto isSingle = hn::Or(hn::Le(spread, zero), hn::Le(constant(most), one));
+    const FloatVector count =
+        hn::IfThenElse(isSingle, one, hn::Min(hn::Add(hn::Floor(spread), constant(2)), constant(most)));
+    const FloatVector whole = hn::Div(spread, hn::Max(texels, one));
+    const FloatVector gaps = hn::Max(hn::Sub(count, one), one);
+    return {count, hn::IfThenZeroElse(isSingle, hn::Mul(whole, constant(-0.5f))), hn::Div(whole, gaps)};
 }
 
-template <class Texels>
-HWY_INLINE FourVector filtered(
-    const Texels& texels, imaging::Size size, float scale, const Footprints& f, std::size_t i) {
-    const Four four;
-    const Probes across = probesFor(f.acrossLength[i] * scale), up = probesFor(f.upLength[i] * scale);
-    FourVector sum = hn::Zero(four);
-    for (int j = 0; j < up.count; ++j) {
-        const float b = up.first + float(j) * up.step;
-        for (int k = 0; k < across.count; ++k) {
-            const float a = across.first + float(k) * across.step;
-            const float u = f.u[i] + (a * f.acrossU[i] + b * f.upU[i]),
-                        v = f.v[i] + (a * f.acrossV[i] + b * f.upV[i]);
-            sum = hn::Add(sum, bilinear(texels, size, u * scale, v * scale));
+HWY_INLINE float largest(FloatVector v) { return hn::GetLane(hn::MaxOfLanes(Floats(), v)); }
+
+HWY_INLINE Lanes3 sampleTexture(const TexturedSurface& surface, const Footprints& f) {
+    const auto* texels = reinterpret_cast<const std::int32_t*>(surface.texture->texels.data());
+    const float most = surface.mostProbes;
+    const Probes across = probesFor(f.across, most), up = probesFor(f.up, most);
+    const float mostAcross = largest(across.count), mostUp = largest(up.count);
+    Lanes3 sum = {constant(0), constant(0), constant(0)};
+    for (float j = 0; j < mostUp; ++j) {
+        const FloatVector b = sumOf(up.step, constant(j), up.first);
+        const auto isRow = hn::Lt(constant(j), up.count);
+        for (float k = 0; k < mostAcross; ++k) {
+            const FloatVector a = sumOf(across.step, constant(k), across.first);
+            const Lanes3 light = bilinear(texels, f.level, sumOf(a, f.acrossU, sumOf(b, f.upU, f.u)),
+                sumOf(a, f.acrossV, sumOf(b, f.upV, f.v)));
+            const auto counts = hn::And(isRow, hn::Lt(constant(k), across.count));
+            sum = {hn::Add(sum.x, hn::IfThenElseZero(counts, light.x)),
+                hn::Add(sum.y, hn::IfThenElseZero(counts, light.y)),
+                hn::Add(sum.z, hn::IfThenElseZero(counts, light.z))};
         }
     }
-    const int count = across.count * up.count;
-    return count == 1 ? sum : hn::Mul(sum, hn::Set(four, 1 / float(count)));
-}
-
-HWY_INLINE FourVector sampleTexture(const TextureLevels& texture, const Footprints& f, std::size_t i) {
-    const int level = f.level[i];
-    const TextureLevels::Level& place = texture.level[level];
-    if (level == 0) {
-        const imaging::ConstBitmapView view = texture.bitmap->view();
-        return filtered(
-            ByteTexels{view.pixels, view.strideBytes, linearOfBytes().data()}, place.size, 1, f, i);
-    }
-    const float scale = 1 / float(1 << level);
-    const WordTexels texels{texture.texels.data() + place.firstTexel * 4, place.size.width};
-    return hn::Mul(filtered(texels, place.size, scale, f, i), hn::Set(Four(), 1.0f / 65535));
+    constexpr float full = float(TextureLevels::mostRoot) * float(TextureLevels::mostRoot);
+    return times(sum, inverse(hn::Mul(hn::Mul(across.count, up.count), constant(full))));
 }
 
 void shadeUnlit(
     const Shades& shades, const TexturedSurface& surface, const Request* requests, std::size_t count) {
-    const Floats d;
-    const std::size_t lanes = hn::Lanes(d);
+    const std::size_t lanes = hn::Lanes(Floats());
     for (std::size_t i = 0; i < count; i += lanes) {
         const std::size_t rest = std::min(lanes, count - i);
         Lanes3 light = constant(surface.tint);
         if (surface.texture) {
             PlaneLanes planes;
-            Footprints footprints;
             gatherPlanes(shades, surface, requests + i, rest, planes);
-            findFootprints(planes, *surface.texture, footprints);
-            HWY_ALIGN float values[mostLanes * 4] = {};
-            for (std::size_t k = 0; k < rest; ++k)
-                hn::Store(sampleTexture(*surface.texture, footprints, k), Four(), values + k * 4);
-            Lanes3 texel;
-            FloatVector unused;
-            hn::LoadInterleaved4(d, values, texel.z, texel.y, texel.x, unused);
-            light = times(light, texel);
+            light = times(light, sampleTexture(surface, findFootprints(planes, surface)));
         }
         addLight(shades, requests + i, rest, light);
     }
 }
 
-void fillTextured(SceneKernels& table) { table.shadeUnlit = shadeUnlit; }
+void halveTexels(
+    std::uint32_t* dst, const std::uint32_t* row0, const std::uint32_t* row1, std::size_t count) {
+    const Words words;
+    const Ints di;
+    const std::size_t lanes = hn::Lanes(words);
+    const auto pairOf = [&](const std::uint32_t* row) HWY_ATTR {
+        hn::Vec<Words> even, odd;
+        hn::LoadInterleaved2(words, row, even, odd);
+        return plus(lightOf(hn::BitCast(di, even)), lightOf(hn::BitCast(di, odd)));
+    };
+    const auto root = [](FloatVector sum)
+                          HWY_ATTR { return hn::NearestInt(hn::Sqrt(hn::Mul(sum, constant(0.25f)))); };
+    for (std::size_t i = 0; i < count; i += lanes) {
+        const bool isWhole = i + lanes <= count;
+        std::uint32_t in0[2 * mostLanes], in1[2 * mostLanes], out[mostLanes];
+        if (!isWhole) {
+            std::copy_n(row0 + 2 * i, 2 * (count - i), in0);
+            std::copy_n(row1 + 2 * i, 2 * (count - i), in1);
+        }
+        const Lanes3 sum = plus(pairOf(isWhole ? row0 + 2 * i : in0), pairOf(isWhole ? row1 + 2 * i : in1));
+        const IntVector texel =
+            hn::Or(root(sum.z), hn::Or(hn::ShiftLeft<TextureLevels::rootBits>(root(sum.y)),
+                                    hn::ShiftLeft<2 * TextureLevels::rootBits>(root(sum.x))));
+        hn::StoreU(hn::BitCast(words, texel), words, isWhole ? dst + i : out);
+        if (!isWhole) std::copy_n(out, count - i, dst + i);
+    }
+}
+
+void fillTextured(SceneKernels& table) {
+    table.shadeUnlit = shadeUnlit;
+    table.halveTexels = halveTexels;
+}
 
 }   // namespace tavix::scene3d::HWY_NAMESPACE
 HWY_AFTER_NAMESPACE();

@@ -23,6 +23,11 @@ constexpr int eighthBits = subpixelBits - 3;
 // or more.
 struct Edge {
     std::int32_t perX, perY, constant;
+    // May pass 32 bits on the way, and comes back.
+    HWY_INLINE std::int32_t at(int k, int m) const {
+        return std::int32_t(std::uint32_t(constant) + std::uint32_t(perX) * std::uint32_t(k) +
+                            std::uint32_t(perY) * std::uint32_t(m));
+    }
 };
 
 enum class Crossing { outside, inside, crosses };
@@ -47,15 +52,57 @@ struct BlockRange {
     int x0, y0, x1, y1;   // blocks of the tile, both ends included
 };
 
-HWY_INLINE BlockRange blocksOf(const Triangle& t, const SampleTile& tile, int blockPx) {
+HWY_INLINE BlockRange blocksOf(const Triangle& t, const SampleTile& tile, int blockBits) {
     const auto block = [&](std::int32_t subpixels, int origin) {
-        return std::clamp((subpixels >> subpixelBits) - origin, 0, tilePx - 1) / blockPx;
+        return std::clamp((subpixels >> subpixelBits) - origin, 0, tilePx - 1) >> blockBits;
     };
     return {block(std::min({t.x[0], t.x[1], t.x[2]}), tile.x0),
         block(std::min({t.y[0], t.y[1], t.y[2]}), tile.y0),
         block(std::max({t.x[0], t.x[1], t.x[2]}), tile.x0),
         block(std::max({t.y[0], t.y[1], t.y[2]}), tile.y0)};
 }
+
+// Which blocks of a row a triangle can touch: most of the box around a thin slanting one is empty. Generous
+// by an eighth of a pixel, for rounding.
+class RowLimits {
+public:
+    static constexpr float slack = 512;
+
+    HWY_INLINE void take(const Edge (&edges)[3], int step) {
+        inverseStep_ = 1.0f / float(step);
+        for (const Edge& e : edges) {
+            if (e.perX == 0) continue;
+            Line& line = lines_[count_++];
+            // Where the edge is 0 at the row's end that favours the inside.
+            const float inverse = -1 / float(e.perX);
+            line.isLeast = e.perX > 0;
+            line.start =
+                (float(e.constant) + slack + (e.perY > 0 ? float(e.perY) * float(step) : 0)) * inverse;
+            line.perRow = float(e.perY) * float(step) * inverse;
+        }
+    }
+    HWY_INLINE void narrow(int row, int& first, int& last) const {
+        float least = 0, most = float(tileEighths);
+        for (int i = 0; i < count_; ++i) {
+            const float at = lines_[i].start + lines_[i].perRow * float(row);
+            if (lines_[i].isLeast)
+                least = at > least ? at : least;
+            else
+                most = at < most ? at : most;
+        }
+        first = std::max(first, int((least - 1) * inverseStep_));
+        last = std::min(last, int((most + 1) * inverseStep_));
+    }
+
+private:
+    struct Line {
+        float start, perRow;
+        bool isLeast;
+    };
+    Line lines_[3];
+    int count_ = 0;
+    float inverseStep_ = 0;
+};
 
 template <int Vectors, bool WithIds>
 HWY_INLINE void drawTriangle(
@@ -67,7 +114,7 @@ HWY_INLINE void drawTriangle(
     const std::int32_t tileX = tile.x0 << subpixelBits, tileY = tile.y0 << subpixelBits;
     for (int i = 0; i < 3; ++i)
         if (placeEdge(t, i, (i + 1) % 3, tileX, tileY, edges[i]) == Crossing::outside) return;
-    const BlockRange range = blocksOf(t, tile, pattern.blockPx);
+    const BlockRange range = blocksOf(t, tile, pattern.blockBits);
 
     // Depth at the tile's corner, and of each sample of a block from the block's corner.
     const float perX = t.perX.inverseDepth, perY = t.perY.inverseDepth;
@@ -87,30 +134,30 @@ HWY_INLINE void drawTriangle(
         depthLane[v] = hn::Add(hn::Mul(hn::Mul(hn::ConvertTo(d, x), eighth), constant(perX)),
             hn::Mul(hn::Mul(hn::ConvertTo(d, y), eighth), constant(perY)));
     }
-    const int step = pattern.blockPx * eighths, across = pattern.blocksAcross();
+    const int step = eighths << pattern.blockBits, across = pattern.blocksAcross();
+    RowLimits limits;
+    const bool isWide = range.x1 - range.x0 > 2;
+    if (isWide) limits.take(edges, step);
     for (int by = range.y0; by <= range.y1; ++by) {
-        for (int bx = range.x0; bx <= range.x1; ++bx) {
+        int first = range.x0, last = range.x1;
+        if (isWide) limits.narrow(by, first, last);
+        for (int bx = first; bx <= last; ++bx) {
             IntVector base[3];
-            for (int i = 0; i < 3; ++i) {
-                const std::uint32_t value = std::uint32_t(edges[i].constant) +
-                                            std::uint32_t(edges[i].perX) * std::uint32_t(bx * step) +
-                                            std::uint32_t(edges[i].perY) * std::uint32_t(by * step);
-                base[i] = constantInt(std::int32_t(value));
-            }
-            const FloatVector blockDepth =
-                constant(corner + perX * float(bx * pattern.blockPx) + perY * float(by * pattern.blockPx));
-            const std::size_t first = std::size_t(by * across + bx) * samplesPerVector;
+            for (int i = 0; i < 3; ++i) base[i] = constantInt(edges[i].at(bx * step, by * step));
+            const FloatVector blockDepth = constant(
+                corner + perX * float(bx << pattern.blockBits) + perY * float(by << pattern.blockBits));
+            const std::size_t entry = std::size_t(by * across + bx) * samplesPerVector;
             for (int v = 0; v < Vectors; ++v) {
                 const IntVector signs = hn::Or(hn::Add(base[0], lane[0][v]),
                     hn::Or(hn::Add(base[1], lane[1][v]), hn::Add(base[2], lane[2][v])));
                 const auto isOutside = hn::RebindMask(d, hn::Lt(signs, hn::Zero(di)));
-                float* stored = tile.inverseDepths + first + std::size_t(v) * lanes;
+                float* stored = tile.inverseDepths + entry + std::size_t(v) * lanes;
                 const FloatVector depth = hn::Min(hn::Max(hn::Add(blockDepth, depthLane[v]), least), most);
                 const FloatVector before = hn::Load(d, stored);
                 const auto isNearer = hn::AndNot(isOutside, hn::Gt(depth, before));
                 hn::Store(hn::IfThenElse(isNearer, depth, before), d, stored);
                 if constexpr (WithIds) {
-                    auto* ids = reinterpret_cast<std::int32_t*>(tile.ids) + first + std::size_t(v) * lanes;
+                    auto* ids = reinterpret_cast<std::int32_t*>(tile.ids) + entry + std::size_t(v) * lanes;
                     hn::Store(hn::IfThenElse(hn::RebindMask(di, isNearer), constantInt(std::int32_t(id)),
                                   hn::Load(di, ids)),
                         di, ids);

@@ -182,20 +182,20 @@ Device device(float detail) {
         d.phone->add(entity);
         d.body.push_back(entity);
     };
-    add(slab({0.48f, 1, 0.052f, 0.075f, 0.012f, count(560), count(10), count(4)}), metal, {});
-    add(slab({0.46f, 0.98f, 0.006f, 0.066f, 0.001f, count(440), count(4), count(3)}), bezel, {0, 0, 0.0245f});
-    add(slab({0.46f, 0.98f, 0.006f, 0.066f, 0.001f, count(440), count(4), count(3)}), glass,
+    add(slab({0.48f, 1, 0.052f, 0.075f, 0.012f, count(400), count(8), count(3)}), metal, {});
+    add(slab({0.46f, 0.98f, 0.006f, 0.066f, 0.001f, count(320), count(3), count(3)}), bezel, {0, 0, 0.0245f});
+    add(slab({0.46f, 0.98f, 0.006f, 0.066f, 0.001f, count(320), count(3), count(3)}), glass,
         {0, 0, -0.0245f});
-    add(slab({0.19f, 0.19f, 0.016f, 0.045f, 0.006f, count(240), count(8), count(3)}), glass,
+    add(slab({0.19f, 0.19f, 0.016f, 0.045f, 0.006f, count(180), count(7), count(3)}), glass,
         {0.12f, 0.37f, -0.032f});
     for (const Vec3 at :
         {Vec3{0.075f, 0.41f, -0.044f}, Vec3{0.075f, 0.33f, -0.044f}, Vec3{0.165f, 0.37f, -0.044f}}) {
-        add(slab({0.066f, 0.066f, 0.014f, 0.0329f, 0.002f, count(144), count(5), count(2)}), ring, at);
-        add(slab({0.052f, 0.052f, 0.014f, 0.0259f, 0.003f, count(144), count(6), count(4)}), lens,
+        add(slab({0.066f, 0.066f, 0.014f, 0.0329f, 0.002f, count(108), count(4), count(2)}), ring, at);
+        add(slab({0.052f, 0.052f, 0.014f, 0.0259f, 0.003f, count(108), count(5), count(3)}), lens,
             at + Vec3{0, 0, -0.001f});
     }
     for (const Vec3 at : {Vec3{-0.241f, 0.2f, 0}, Vec3{-0.241f, 0.1f, 0}, Vec3{0.241f, 0.15f, 0}})
-        add(slab({0.008f, 0.07f, 0.018f, 0.0039f, 0.001f, count(160), count(4), count(2)}), metal, at);
+        add(slab({0.008f, 0.07f, 0.018f, 0.0039f, 0.001f, count(116), count(3), count(2)}), metal, at);
     d.texture = std::make_shared<Texture>(screenPicture({1179, 2556}, 0));
     d.screen = entityOf(quad(0.43f, 0.94f), Unlit{"screen", {}, d.texture, Sides::front}, {0, 0, 0.0279f});
     d.phone->add(d.screen);
