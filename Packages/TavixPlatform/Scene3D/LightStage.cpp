@@ -115,11 +115,12 @@ View shadowView(const Lamp& lamp, const Sphere& sphere) {
 Surface surfaceOf(const PhysicallyBased& material) {
     const auto fraction = [](float v) { return v >= 0 ? std::min(v, 1.0f) : 0.0f; };   // not a number is 0
     const float metallic = fraction(material.metallicFraction);
-    const float plain = 0.08f * fraction(material.specularFraction) * (1 - metallic);
+    const float plain = 0.08f * fraction(material.specularFraction), share = plain * (1 - metallic);
     const Vec3 base{
         fraction(material.baseColor.r), fraction(material.baseColor.g), fraction(material.baseColor.b)};
     Surface surface;
-    surface.reflectance = Vec3{plain, plain, plain} + base * metallic;
+    surface.reflectance = Vec3{share, share, share} + base * metallic;
+    surface.plainReflectance = plain;
     surface.diffuse = base * (1 - metallic);
     surface.roughness = fraction(material.roughness);
     surface.clearcoat = fraction(material.clearcoatFraction);

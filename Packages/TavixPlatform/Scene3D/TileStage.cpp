@@ -16,6 +16,7 @@ struct RequestList {
     std::uint32_t* endOfMaterial;
     std::size_t count = 0;
     std::uint8_t* covered;
+    const FrameSurface* surfaces;
 };
 
 void addRequest(RequestList& list, const Triangle* triangle, std::size_t pixel, unsigned mask) {
@@ -23,7 +24,8 @@ void addRequest(RequestList& list, const Triangle* triangle, std::size_t pixel, 
     list.found[list.count++] = {triangle, std::uint16_t(pixel), std::uint8_t(mask)};
 }
 
-// One request for each triangle that owns samples of the pixel.
+// One request for each triangle that owns samples of the pixel. Triangles that show a texture are one: a seam
+// in the middle of a screen is no edge, and its pixels are looked up at their middle like all others.
 void addPixel(RequestList& list, const std::uint32_t* ids, int samples, std::size_t pixel,
     const Triangle* const* triangles) {
     unsigned left = 0;
@@ -31,9 +33,15 @@ void addPixel(RequestList& list, const std::uint32_t* ids, int samples, std::siz
     list.covered[pixel] = std::uint8_t(std::popcount(left));
     while (left) {
         const std::uint32_t id = ids[std::countr_zero(left)];
+        const Triangle* triangle = triangles[id - 1];
+        const bool isTextured = std::holds_alternative<TexturedSurface>(list.surfaces[triangle->material]);
         unsigned mask = 0;
-        for (int s = 0; s < samples; ++s) mask |= unsigned(ids[s] == id) << s;
-        addRequest(list, triangles[id - 1], pixel, mask);
+        for (int s = 0; s < samples; ++s) {
+            const bool isSame = ids[s] == id || (isTextured && ids[s] &&
+                                                    triangles[ids[s] - 1]->material == triangle->material);
+            mask |= unsigned(isSame) << s;
+        }
+        addRequest(list, triangle, pixel, mask);
         left &= ~mask;
     }
 }
@@ -90,7 +98,7 @@ TileStage::Sums TileStage::draw(int tile, imaging::Scratch& scratch) const {
     kernels.rasterise({x0, y0, depths, ids}, pattern, triangles.data(), triangles.size());
 
     RequestList list{scratch.take<Request>(entries), scratch.take<Request>(entries),
-        scratch.take<std::uint32_t>(surfaces.size() + 1), 0, covered};
+        scratch.take<std::uint32_t>(surfaces.size() + 1), 0, covered, surfaces.data()};
     std::fill_n(list.endOfMaterial, surfaces.size() + 1, 0u);
     std::fill_n(covered, tilePixels, std::uint8_t(0));
     const imaging::PixelRegion pixels = pixelsOf(tile);

@@ -89,9 +89,9 @@ HWY_INLINE FloatVector fifthPower(FloatVector v) {
 }
 
 // Without reflectance towards the normal there is none at a grazing angle either.
-HWY_INLINE float grazingReflectance(const Surface& surface) {
-    const Vec3& f0 = surface.reflectance;
-    return std::min(50 * std::max({f0.x, f0.y, f0.z}), 1.0f);
+HWY_INLINE float grazingReflectance(float reflectance) { return std::min(50 * reflectance, 1.0f); }
+HWY_INLINE float grazingReflectance(const Vec3& f0) {
+    return grazingReflectance(std::max({f0.x, f0.y, f0.z}));
 }
 
 // A surface under one direction of view: how its layers share the light.
@@ -111,7 +111,7 @@ HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, co
     const ReflectancePair pair = reflectanceAt(*light.reflectance, layers.base.roughness, p.facing);
     const Lanes3 f0 = constant(surface.reflectance);
     const FloatVector lost = minus(inverse(hn::Max(plus(pair.scale, pair.bias), constant(0.1f))), one);
-    const FloatVector bias = times(pair.bias, constant(grazingReflectance(surface)));
+    const FloatVector bias = times(pair.bias, constant(grazingReflectance(surface.reflectance)));
     const auto channel = [&](FloatVector f, FloatVector& gain, FloatVector& glossy) HWY_ATTR {
         gain = sumOf(f, lost, one);
         glossy = times(sumOf(f, pair.scale, bias), gain);
@@ -119,9 +119,11 @@ HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, co
     channel(f0.x, layers.gain.x, layers.glossy.x);
     channel(f0.y, layers.gain.y, layers.glossy.y);
     channel(f0.z, layers.gain.z, layers.glossy.z);
-    const Lanes3 diffuse = constant(surface.diffuse);
-    layers.matte = {times(diffuse.x, minus(one, layers.glossy.x)),
-        times(diffuse.y, minus(one, layers.glossy.y)), times(diffuse.z, minus(one, layers.glossy.z))};
+    const float plain = surface.plainReflectance;
+    const FloatVector plainGlossy =
+        times(sumOf(constant(plain), pair.scale, times(pair.bias, constant(grazingReflectance(plain)))),
+            sumOf(constant(plain), lost, one));
+    layers.matte = times(constant(surface.diffuse), minus(one, plainGlossy));
     if (surface.clearcoat > 0) {
         layers.coat = glossOf(surface.clearcoatRoughness, p.variance);
         const ReflectancePair coat = reflectanceAt(*light.reflectance, layers.coat.roughness, p.facing);
@@ -175,7 +177,7 @@ HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Point
     const FloatVector schlick = fifthPower(away);
     const FloatVector base = lobe(layers.base.alpha2, nh, nl, p.facing);
     const Lanes3 f0 = constant(surface.reflectance);
-    const float grazing = grazingReflectance(surface);
+    const float grazing = grazingReflectance(surface.reflectance);
     const auto channel = [&](FloatVector matte, FloatVector f, FloatVector gain) HWY_ATTR {
         const FloatVector fresnel = sumOf(minus(constant(grazing), f), schlick, f);
         return sumOf(times(base, fresnel), gain, times(matte, constant(inversePi)));

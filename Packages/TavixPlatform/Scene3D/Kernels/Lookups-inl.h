@@ -149,59 +149,93 @@ HWY_INLINE FloatVector attenuation(const Lamp& lamp, FloatVector square) {
     return hn::Mul(window, exp2(hn::Mul(log2(limited), constant(-lamp.halfExponent))));
 }
 
-// The share of a lamp's light that reaches points: 16 depths around each, compared one by one and weighed so
-// that the result changes smoothly as a point moves over the map. Depths are compared with the plane through
-// the point, so that a slanted surface does not shade itself.
-HWY_INLINE FloatVector litFraction(const ShadowMap& map, const Lanes3& position, const Lanes3& normal) {
-    const Floats d;
+// A place on a shadow map: what 1 / depth a plane through the point has around it. That changes evenly over
+// the map, by n / (n . p) per unit of distance at depth 1, so depths are compared with the plane and a
+// slanted surface does not shade itself.
+struct ShadowPoint {
+    IntVector texel;          // the one whose middle lies below and left of the point
+    FloatVector s, t;         // from there, 0 to 1
+    FloatVector depth;        // at that texel
+    FloatVector perX, perY;   // to the next ones
+};
+
+HWY_INLINE FloatVector isLitAt(const ShadowMap& map, const ShadowPoint& p, int x, int y) {
+    const IntVector texel = hn::Add(p.texel, constantInt(y * ShadowMap::stridePx + x));
+    const FloatVector stored = hn::GatherIndex(Floats(), map.inverseDepths.data(), texel);
+    const FloatVector own = sumOf(p.perX, constant(float(x)), sumOf(p.perY, constant(float(y)), p.depth));
+    return hn::IfThenElseZero(hn::Ge(own, stored), constant(1));
+}
+
+// The mean over 6 by 6 texels, with weights that fall smoothly to nothing at 3 texels from the point.
+HWY_INLINE FloatVector softLight(const ShadowMap& map, const ShadowPoint& p) {
+    constexpr int reach = 3;
+    const auto weigh = [](FloatVector at, FloatVector(&weights)[2 * reach]) HWY_ATTR {
+        FloatVector sum = constant(0);
+        for (int i = 0; i < 2 * reach; ++i) {
+            const FloatVector distance = hn::Sub(constant(float(i + 1 - reach)), at);
+            weights[i] =
+                squared(hn::Sub(constant(1), hn::Mul(squared(distance), constant(1.0f / (reach * reach)))));
+            sum = hn::Add(sum, weights[i]);
+        }
+        return sum;
+    };
+    FloatVector across[2 * reach], up[2 * reach];
+    const FloatVector whole = hn::Mul(weigh(p.s, across), weigh(p.t, up));
+    FloatVector sum = constant(0);
+    for (int j = 0; j < 2 * reach; ++j) {
+        FloatVector row = constant(0);
+        for (int i = 0; i < 2 * reach; ++i)
+            row = sumOf(isLitAt(map, p, i + 1 - reach, j + 1 - reach), across[i], row);
+        sum = sumOf(row, up[j], sum);
+    }
+    return hn::Div(sum, whole);
+}
+
+HWY_INLINE ShadowPoint shadowPointOf(const ShadowMap& map, const Lanes3& position, const Lanes3& normal) {
     const Ints di;
     const View& view = map.view;
     const Lanes3 right = constant(view.right), up = constant(view.up), forward = constant(view.forward);
-    const FloatVector focal = constant(view.focalPx);
+    const FloatVector focal = constant(view.focalPx), near = constant(view.near);
     const Lanes3 seen = minus(position, constant(view.eye));
-    // Half a texel off the surface, for what its curve adds.
-    const FloatVector texel = hn::Div(hn::Max(dot(seen, forward), constant(view.near)), focal);
-    const Lanes3 lifted = plus(seen, times(normal, hn::Mul(texel, constant(0.75f))));
-    const FloatVector depth = dot(lifted, forward);
-    const auto isBefore = hn::Gt(depth, constant(view.near));
-    const FloatVector inverseDepth = inverse(hn::IfThenElse(isBefore, depth, constant(1)));
+    // A little off the surface, for what its curve adds.
+    const FloatVector texel = hn::Div(hn::Max(dot(seen, forward), near), focal);
+    const Lanes3 lifted = plus(seen, times(normal, texel));
+    const FloatVector depth = hn::Max(dot(lifted, forward), near), inverseDepth = inverse(depth);
     const FloatVector scale = hn::Mul(focal, inverseDepth);
     const FloatVector half = constant(0.5f * ShadowMap::sidePx + ShadowMap::marginPx - 0.5f);
-    const FloatVector x = sumOf(dot(lifted, right), scale, half), y = sumOf(dot(lifted, up), scale, half);
-    const FloatVector least = constant(1), most = constant(ShadowMap::stridePx - 3);
-    const FloatVector wholeX = hn::Floor(hn::Min(hn::Max(x, least), most));
-    const FloatVector wholeY = hn::Floor(hn::Min(hn::Max(y, least), most));
-    const FloatVector s = unit(hn::Sub(x, wholeX)), t = unit(hn::Sub(y, wholeY));
-
-    // 1 / depth of the plane changes evenly over the map: by n / (n . p) per unit of distance at depth 1.
-    const FloatVector alongNormal = dot(normal, lifted);
-    const FloatVector steep = hn::Min(alongNormal, hn::Mul(depth, constant(-0.05f)));
+    const auto limited = [](FloatVector v) HWY_ATTR {
+        constexpr float least = ShadowMap::marginPx - 1, most = ShadowMap::stridePx - ShadowMap::marginPx;
+        return hn::Min(hn::Max(v, constant(least)), constant(most));
+    };
+    const FloatVector x = limited(sumOf(dot(lifted, right), scale, half)),
+                      y = limited(sumOf(dot(lifted, up), scale, half));
+    const FloatVector wholeX = hn::Floor(x), wholeY = hn::Floor(y);
+    ShadowPoint p;
+    p.s = hn::Sub(x, wholeX);
+    p.t = hn::Sub(y, wholeY);
+    p.texel = hn::Add(
+        hn::Mul(hn::ConvertTo(di, wholeY), constantInt(ShadowMap::stridePx)), hn::ConvertTo(di, wholeX));
+    const FloatVector steep = hn::Min(dot(normal, lifted), hn::Mul(depth, constant(-0.05f)));
     const FloatVector perTexel = hn::Div(constant(1 / view.focalPx), steep);
-    const FloatVector perX = hn::Mul(dot(normal, right), perTexel), perY = hn::Mul(dot(normal, up), perTexel);
-    const FloatVector bias = constant(1.0005f);
-    const FloatVector corner = sumOf(
-        hn::Sub(constant(-1), s), perX, sumOf(hn::Sub(constant(-1), t), perY, hn::Mul(inverseDepth, bias)));
+    p.perX = hn::Mul(dot(normal, right), perTexel);
+    p.perY = hn::Mul(dot(normal, up), perTexel);
+    constexpr float bias = 1.0005f;
+    p.depth = hn::Sub(hn::Mul(inverseDepth, constant(bias)), sumOf(p.s, p.perX, hn::Mul(p.t, p.perY)));
+    return p;
+}
 
-    const FloatVector one = constant(1);
-    const FloatVector weightX[4] = {hn::Sub(one, s), one, one, s},
-                      weightY[4] = {hn::Sub(one, t), one, one, t};
-    IntVector index =
-        hn::Add(hn::Mul(hn::Sub(hn::ConvertTo(di, wholeY), constantInt(1)), constantInt(ShadowMap::stridePx)),
-            hn::Sub(hn::ConvertTo(di, wholeX), constantInt(1)));
-    FloatVector sum = constant(0), rowDepth = corner;
-    for (int j = 0; j < 4; ++j) {
-        FloatVector row = constant(0), own = rowDepth;
-        for (int i = 0; i < 4; ++i) {
-            const FloatVector stored =
-                hn::GatherIndex(d, map.inverseDepths.data(), hn::Add(index, constantInt(i)));
-            row = hn::Add(row, hn::IfThenElseZero(hn::Ge(own, stored), weightX[i]));
-            own = hn::Add(own, perX);
-        }
-        sum = sumOf(row, weightY[j], sum);
-        index = hn::Add(index, constantInt(ShadowMap::stridePx));
-        rowDepth = hn::Add(rowDepth, perY);
-    }
-    return hn::IfThenElse(isBefore, hn::Mul(sum, constant(1.0f / 9)), one);
+// The share of a lamp's light that reaches points. Where nine texels over the filter's width agree, so do the
+// others; only edges of shadows are looked at whole.
+HWY_INLINE FloatVector litFraction(const ShadowMap& map, const Lanes3& position, const Lanes3& normal) {
+    const Floats d;
+    const ShadowPoint p = shadowPointOf(map, position, normal);
+    FloatVector lit = constant(0);
+    for (const int y : {-2, 0, 3})
+        for (const int x : {-2, 0, 3}) lit = hn::Add(lit, isLitAt(map, p, x, y));
+    const auto isAgreed = hn::Or(hn::Eq(lit, constant(0)), hn::Eq(lit, constant(9)));
+    const FloatVector agreed = hn::Min(lit, constant(1));
+    if (hn::AllTrue(d, isAgreed)) return agreed;
+    return hn::IfThenElse(isAgreed, agreed, softLight(map, p));
 }
 
 }   // namespace tavix::scene3d::HWY_NAMESPACE
