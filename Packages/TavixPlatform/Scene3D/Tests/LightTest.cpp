@@ -28,18 +28,20 @@ Scene sphereScene(const PhysicallyBased& material) {
     return scene;
 }
 
-// In even light from everywhere a surface that swallows nothing cannot be told from it.
+// In even light from everywhere a surface that swallows nothing cannot be told from it. What a half-metal's
+// repeated bounces give back is only near to the mean of a metal's and the other's.
 TEST(Light, WhiteSurfacesVanishInEvenSurroundings) {
     const EnvironmentRef even = Environment::make(evenPicture(1));
     Renderer renderer;
     for (const float metallic : {0.0f, 0.5f, 1.0f}) {
+        const float tolerance = metallic == 0.5f ? 0.05f : 0.01f;
         for (const float roughness : {0.05f, 0.3f, 0.6f, 1.0f}) {
             for (const float clearcoat : {0.0f, 0.7f}) {
                 Scene scene = sphereScene(white(metallic, roughness, clearcoat));
                 scene.environment = EnvironmentLight{even, 0};
                 for (const Pixel& p : linear(renderer, scene, pass).pixels) {
                     if (p[3] == 1) {
-                        ASSERT_NEAR(p[1], 1, 0.03) << metallic << " " << roughness << " " << clearcoat;
+                        ASSERT_NEAR(p[1], 1, tolerance) << metallic << " " << roughness << " " << clearcoat;
                     }
                 }
             }
