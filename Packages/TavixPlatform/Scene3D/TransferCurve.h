@@ -1,5 +1,5 @@
 // The sRGB transfer curve (IEC 61966-2-1) without the library's power function, so that it has the same bits
-// on every machine. Inside the library only.
+// on every machine.
 #pragma once
 
 #include <array>

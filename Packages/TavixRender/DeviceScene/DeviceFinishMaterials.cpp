@@ -1,6 +1,6 @@
 #include "TavixRender/DeviceScene/DeviceFinishMaterials.h"
 
-#include <cmath>
+#include "TavixPlatform/Scene3D/TransferCurve.h"
 
 namespace tavix::DeviceStudio {
 
@@ -27,16 +27,11 @@ const FinishColors& colorsOf(DeviceFinish finish) {
     return deepBlue;
 }
 
-// IEC 61966-2-1.
-double encoded(double linear) {
-    return linear <= 0.0031308 ? linear * 12.92 : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
-}
-
 }   // namespace
 
 imaging::Color RGB::color() const {
     if (!isLinear) return {r, g, b, 1};
-    return {encoded(r), encoded(g), encoded(b), 1};
+    return {scene3d::srgbFromLinear(r), scene3d::srgbFromLinear(g), scene3d::srgbFromLinear(b), 1};
 }
 
 scene3d::PhysicallyBased MaterialPreset::material(std::string name) const {

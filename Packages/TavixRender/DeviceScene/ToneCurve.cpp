@@ -1,6 +1,7 @@
 #include "TavixRender/DeviceScene/ToneCurve.h"
 
 #include "TavixPlatform/Imaging/Tile.h"
+#include "TavixPlatform/Scene3D/TransferCurve.h"
 
 #include <algorithm>
 #include <array>
@@ -32,10 +33,6 @@ std::uint16_t halfOf(float value) {
 
 constexpr std::uint16_t halfOne = 0x3C00, halfInfinity = 0x7C00;
 
-double encoded(double linear) {   // IEC 61966-2-1
-    return linear <= 0.0031308 ? linear * 12.92 : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
-}
-
 // Encoded values of every half from 0 to infinity, in 256ths of a byte: a light's whole way to the screen is
 // one look at 62 kilobytes, of which a picture touches a few.
 constexpr int stepsPerByte = 256;
@@ -43,7 +40,7 @@ const std::vector<std::uint16_t>& displaySteps() {
     static const std::vector<std::uint16_t> table = [] {
         std::vector<std::uint16_t> values(halfInfinity + 1, 255 * stepsPerByte);
         for (std::uint32_t half = 0; half < halfInfinity; ++half) {
-            const double shown = encoded(acesToneCurve(double(floatOf(std::uint16_t(half)))));
+            const double shown = scene3d::srgbFromLinear(acesToneCurve(double(floatOf(std::uint16_t(half)))));
             values[half] = std::uint16_t(std::lround(shown * 255 * stepsPerByte));
         }
         return values;

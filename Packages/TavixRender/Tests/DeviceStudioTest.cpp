@@ -2,6 +2,7 @@
 
 #include "RenderTestKit.h"
 #include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixRender/DeviceScene/DeviceFinishMaterials.h"
 #include "TavixRender/DeviceScene/DeviceMeshRepair.h"
 
 #include <gmock/gmock.h>
@@ -133,6 +134,15 @@ TEST(DeviceStudio, GivesTheBodyItsFinishAndLeavesTheRest) {
     EXPECT_GT(blue.b, blue.r);
     // Encoded 0.90 as light, to four places.
     EXPECT_NEAR(orange.r, 0.7874, 1e-4);
+}
+
+TEST(DeviceStudio, TakesColorsEncodedOrAsLight) {
+    EXPECT_EQ((RGB{0.2, 0.4, 0.6}.color()), (imaging::Color{0.2, 0.4, 0.6, 1}));
+    const imaging::Color color = RGB{0, 0.0021, 0.5, true}.color();   // below and above the curve's knee
+    EXPECT_EQ(color.r, 0);
+    EXPECT_NEAR(color.g, 0.027132, 1e-6);
+    EXPECT_NEAR(color.b, 0.735357, 1e-6);
+    EXPECT_EQ(color.a, 1);
 }
 
 TEST(DeviceMeshRepair, RemovesOnlyWhatLiesWhollyInTheBox) {
