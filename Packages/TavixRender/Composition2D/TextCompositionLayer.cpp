@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/TextCompositionLayer.h"
 
+#include "TavixCore/Typography/EmphasisResolver.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"
 #include "TavixCore/Typography/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
@@ -29,6 +30,15 @@ CaptionStyle captionStyle(const TextContent& content, const ResolvedFont& font) 
     style.cornerRadius = 0;
     style.fadeSec = 0;
     return style;
+}
+
+// A token without a style of its own gets the one that it stands for.
+std::vector<EmphasisSpan> looked(std::vector<EmphasisSpan> spans, const CaptionStyle& style) {
+    for (EmphasisSpan& span : spans)
+        if (span.style == EmphasisStyle{})
+            span.style =
+                EmphasisResolver::resolve(span.token, style, nullptr, KineticIntensity::medium, std::nullopt);
+    return spans;
 }
 
 }   // namespace
@@ -83,8 +93,9 @@ std::optional<KineticTextLayout::Result> TextCompositionLayer::layout(
     if (font.path) CaptionOverlay::registerFontIfNeeded(*font.path, book);
     KineticTextLayout::Request request;
     request.text = tracked(content.text, content.trackingEm);
-    request.emphasisSpans = trackedEmphasis(content.emphasis, content.text, content.trackingEm);
     request.style = captionStyle(content, font);
+    request.emphasisSpans =
+        trackedEmphasis(looked(content.emphasis, request.style), content.text, content.trackingEm);
     request.scope = style.scope;
     request.position = setting.position;
     request.colorAnimated = style.inPhase.color || style.outPhase.color;

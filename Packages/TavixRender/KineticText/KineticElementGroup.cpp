@@ -29,6 +29,9 @@ Affine affineOf(const AffineTransform& t) { return {t.a, t.b, t.c, t.d, t.tx, t.
 
 double enlargementOf(const Affine& t) { return std::max(std::hypot(t.a, t.b), std::hypot(t.c, t.d)); }
 
+// An emphasis beyond these is drawn at the nearer one and transformed for the rest of it.
+double drawnScale(double emphasisScale) { return std::clamp(std::abs(emphasisScale), 1.0 / 16, 8.0); }
+
 imaging::Color colorOf(const RGBAColor& c) { return {c.r, c.g, c.b, c.a}; }
 
 // A marker behind a word.
@@ -98,7 +101,7 @@ void KineticElementGroup::add(const KineticTextLayout::Element& element,
     Elem elem;
     elem.motion = {schedule, std::int64_t(element.logicalIndex), element.pivot.x, element.pivot.y,
         element.emphasis ? element.emphasis->scale.value_or(1) : 1, element.restFill};
-    const double scale = elem.motion.emphasisScale;
+    const double scale = drawnScale(elem.motion.emphasisScale);
     elem.restTransform = AffineTransform::translation(-element.pivot.x, -element.pivot.y)
                              .concatenating(AffineTransform::scaling(scale, scale))
                              .concatenating(AffineTransform::translation(element.pivot.x, element.pivot.y));
@@ -127,7 +130,7 @@ std::optional<KineticElementGroup::RasterFragment> KineticElementGroup::rasteris
         return std::nullopt;
     }
     KineticRaster::Request request{fragment,
-        {{elem.motion.pivotXPx, elem.motion.pivotYPx}, elem.motion.emphasisScale}, 1, shadow,
+        {{elem.motion.pivotXPx, elem.motion.pivotYPx}, drawnScale(elem.motion.emphasisScale)}, 1, shadow,
         canvas_.heightPx};
     const auto rest = KineticRaster::drawn(request, evaluator);
     if (!rest) return std::nullopt;
@@ -161,9 +164,8 @@ Image KineticElementGroup::colored(const Raster& raster, const RGBAColor& color)
 Image KineticElementGroup::source(const RasterFragment& fragment, const Frame& frame) const {
     if (fragment.large && enlargementOf(frame.fromRest) > visibleEnlargement)
         return frame.moved(colored(*fragment.large, frame.state.color), rasterScale_);
-    return frame.moved(
-        frame.state.color == frame.restFill ? fragment.resting : colored(fragment.rest, frame.state.color),
-        1);
+    const bool hasRestColor = frame.state.progress >= 1 || frame.state.color == frame.restFill;
+    return frame.moved(hasRestColor ? fragment.resting : colored(fragment.rest, frame.state.color), 1);
 }
 
 void KineticElementGroup::render(const Elem& elem, double localSec, std::vector<Image>& bottomToTop) const {

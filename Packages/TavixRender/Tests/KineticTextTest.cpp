@@ -208,6 +208,28 @@ TEST(KineticText, EmphasisedWordsGrowAndAreMarked) {
     EXPECT_EQ(marked.at(x, top - int(0.2 * grown.layout->pointSize)).a, 0);
 }
 
+TEST(KineticText, ATokenAloneIsEmphasisToo) {
+    TextContent content = textOf("a bold word", preset("word-pop"));
+    const Picture plain = Block(content).picture(holdSec);
+    for (const EmphasisToken token :
+        {EmphasisToken::accent, EmphasisToken::scalePop, EmphasisToken::highlight}) {
+        content.emphasis = {{{1}, token, {}}};
+        EXPECT_GT(Block(content).picture(holdSec).countBeyond(plain, 40), 200);
+    }
+}
+
+TEST(KineticText, TakesEmphasisOfAnySize) {
+    for (const double scale : {0.0, 1e-9, -2.0, 20.0, 1e9, 1e300}) {
+        TextContent content = textOf("a bold word", preset("word-pop"));
+        EmphasisStyle look;
+        look.scale = scale;
+        look.highlightColor = RGBAColor::white;
+        content.emphasis = {{{1}, EmphasisToken::scalePop, look}};
+        Block block(content);
+        for (const double sec : {0.1, holdSec}) block.picture(sec);
+    }
+}
+
 TEST(KineticText, SmearsWhileItIsFastAndSettlesSharp) {
     KineticStyle style;
     style.inPhase.durationSec = 0.5;
