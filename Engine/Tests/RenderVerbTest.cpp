@@ -94,6 +94,24 @@ TEST_F(EngineTest, NamesAStillByTheFilmOrByTheScene) {
     EXPECT_NE(readBytes(at("a.png")), readBytes(at("c.png")));
 }
 
+// Scenes of several phones, a clip in one that moves, and a screen that has gone dark.
+TEST_F(EngineTest, RendersTheTourOfPhones) {
+    const std::string tour = std::string(TAVIX_SOURCE_DIR) + "/Examples/phone-tour.tavixcomp";
+    std::vector<std::string> pictures;
+    for (const char* atSec : {"1.4", "7.6", "11.2", "15.6"}) {
+        const std::string name = std::string("at-") + atSec + ".png";
+        const Json still = json({"still", tour, "--at", atSec, "-o", name, "--json"});
+        EXPECT_TRUE(still.find("warnings")->array()->empty());
+        pictures.push_back(readBytes(at(name)));
+    }
+    // A clip is at its place in time whichever frame is asked for first.
+    EXPECT_EQ(
+        json({"still", tour, "--at", "1.4", "-o", "again.png", "--json"}).find("warnings")->array()->size(),
+        0u);
+    EXPECT_EQ(readBytes(at("again.png")), pictures.front());
+    EXPECT_NE(pictures[0], pictures[1]);
+}
+
 TEST_F(EngineTest, WarnsOfAnAssetThatIsMissing) {
     write(
         "poor.json", R"({"output": {"widthPx": 64, "heightPx": 96, "fps": 10}, "scenes": [{"durationSec": 0.2,
