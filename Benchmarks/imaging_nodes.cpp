@@ -45,6 +45,9 @@ BENCHMARK_CAPTURE(frame, shifted, [](const Image& i) {
 BENCHMARK_CAPTURE(frame, turned, [](const Image& i) {
     return i.transformed(turned);
 })->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(frame, perspective, [](const Image& i) {
+    return i.inPerspective({{120, 1700}, {960, 1700}, {0, 0}, {1080, 0}});
+})->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(frame, placed, [](const Image& i) {
     return i.placedInto({0, 0, 700, 1200});
 })->Unit(benchmark::kMillisecond);
