@@ -1,6 +1,8 @@
 // How much an export costs beyond its encoder. For each document, in one run: the whole render; the same
 // encoder with the same settings fed with the same frames, already composed and converted; and the
 // composing alone. Times are the least of several rounds, taken in turn, since the machine may be noisy.
+#include "ClipSpeed.h"
+#include "Cost.h"
 #include "SpeedDocuments.h"
 
 #include "TavixPlatform/Imaging/Evaluator.h"
@@ -10,44 +12,18 @@
 #include "TavixRender/Export/CompositionRenderer.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace tavix::benchmarks {
 namespace {
-
-struct Cost {
-    double wallSec = std::numeric_limits<double>::infinity(), cpuSec = wallSec;
-    void keepLeast(const Cost& other) {
-        wallSec = std::min(wallSec, other.wallSec);
-        cpuSec = std::min(cpuSec, other.cpuSec);
-    }
-};
-
-double cpuSec() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& t) { return double(t.tv_sec) + double(t.tv_usec) * 1e-6; };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-Cost measured(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    const double cpuStart = cpuSec();
-    work();
-    return {
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count(), cpuSec() - cpuStart};
-}
 
 // Planes of 4:2:0 frames, one after the other.
 class PlaneStore {
@@ -174,4 +150,5 @@ int main(int argc, char** argv) {
               "----|");
     tavix::benchmarks::measure(1080, 1920, 30, 4, rounds);
     tavix::benchmarks::measure(1920, 1080, 60, 3, rounds);
+    tavix::benchmarks::measureClip(rounds);
 }

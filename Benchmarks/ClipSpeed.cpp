@@ -1,0 +1,92 @@
+#include "ClipSpeed.h"
+
+#include "Cost.h"
+#include "SpeedDocuments.h"
+
+#include "TavixRender/Export/CompositionRenderer.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include <unistd.h>
+
+namespace tavix::benchmarks {
+namespace {
+
+constexpr int widthPx = 1920, heightPx = 1080, fps = 30;
+constexpr double lengthSec = 4;
+
+// A folder that goes with what is in it.
+struct WorkFolder {
+    WorkFolder()
+        : path(std::filesystem::temp_directory_path() / ("tavix-clip-speed-" + std::to_string(getpid()))) {
+        std::filesystem::create_directory(path);
+    }
+    ~WorkFolder() { std::filesystem::remove_all(path); }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+    std::filesystem::path path;
+};
+
+// Frames in which everything moves, and much of it is sharp.
+void makeClip(const std::filesystem::path& clip) {
+    CompositionRenderer::render(
+        {.spec = speedDocuments(widthPx, heightPx, fps, lengthSec)[1].spec, .output = clip}, {});
+}
+
+CompositionSpec documentOf(const std::filesystem::path& clip) {
+    CompositionLayer layer;
+    layer.position = {widthPx / 2.0, heightPx / 2.0};
+    VideoContent content;
+    content.clip.path = clip.string();
+    layer.content = content;
+    CompositionScene scene;
+    scene.durationSec = lengthSec;
+    scene.layers = {layer};
+    CompositionSpec spec;
+    spec.output = {widthPx, heightPx, fps};
+    spec.scenes = {scene};
+    return spec;
+}
+
+// What an export gives its encoder; see MovieEncoder.
+std::string transcoding(const std::filesystem::path& clip, const std::filesystem::path& to) {
+    const auto bitsPerSec = static_cast<long long>(0.5 * widthPx * heightPx * fps);
+    return "ffmpeg -nostdin -loglevel error -y -i '" + clip.string() +
+           "' -an -c:v libx264 -preset veryfast -profile:v high -b:v " + std::to_string(bitsPerSec) + " -g " +
+           std::to_string(2 * fps) +
+           " -x264-params cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=4 -threads 3 "
+           "'" +
+           to.string() + "'";
+}
+
+}   // namespace
+
+void measureClip(int rounds) {
+    const WorkFolder folder;
+    const std::filesystem::path clip = folder.path / "clip.mp4";
+    makeClip(clip);
+    const CompositionSpec spec = documentOf(clip);
+    const std::string command = transcoding(clip, folder.path / "transcoded.mp4");
+    Cost render, transcode;
+    for (int i = 0; i < rounds; ++i) {
+        render.keepLeast(measured(
+            [&] { CompositionRenderer::render({.spec = spec, .output = folder.path / "film.mp4"}, {}); }));
+        int status = 0;
+        transcode.keepLeast(measured([&] { status = std::system(command.c_str()); }));
+        if (status != 0) {
+            std::puts("The clip is not measured: the command ffmpeg is missing or failed.");
+            return;
+        }
+    }
+    const double frames = lengthSec * fps;
+    std::printf("\nOne full-frame clip, %d x %d %d, against ffmpeg: render %.2f ms (cpu %.2f), transcoding "
+                "%.2f ms (cpu %.2f), ratio %.2f (cpu %.2f)\n",
+        widthPx, heightPx, fps, render.wallSec * 1000 / frames, render.cpuSec * 1000 / frames,
+        transcode.wallSec * 1000 / frames, transcode.cpuSec * 1000 / frames,
+        render.wallSec / transcode.wallSec, render.cpuSec / transcode.cpuSec);
+}
+
+}   // namespace tavix::benchmarks
