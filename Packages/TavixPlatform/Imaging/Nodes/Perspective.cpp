@@ -131,9 +131,9 @@ Sampling samplingFor(const Projective& toSource, const Corners& target) {
         ++sampling.level;
     }
     const double scale = std::ldexp(1.0, -sampling.level);
-    // A little more than one source pixel for a sample cannot be seen.
+    // Up to one and a half source pixels for a sample, as in affine transforms.
     const auto samples = [&](double reduction) {
-        return int(std::clamp(std::ceil(reduction * scale - 0.25), 1.0, mostSamples));
+        return int(std::clamp(std::ceil(reduction * scale - 0.5), 1.0, mostSamples));
     };
     sampling.across = samples(mostAcross);
     sampling.up = samples(mostUp);
