@@ -120,6 +120,8 @@ Surface surfaceOf(const PhysicallyBased& material) {
         fraction(material.baseColor.r), fraction(material.baseColor.g), fraction(material.baseColor.b)};
     Surface surface;
     surface.reflectance = Vec3{share, share, share} + base * metallic;
+    surface.metallic = metallic;
+    surface.metalReflectance = base;
     surface.plainReflectance = plain;
     surface.diffuse = base * (1 - metallic);
     surface.roughness = fraction(material.roughness);

@@ -58,8 +58,10 @@ struct Illumination {
 
 // A physically based material with its dependent terms worked out.
 struct Surface {
-    Vec3 reflectance;             // towards the normal, of metal and what is not metal together
-    Vec3 diffuse;                 // what is left of the base colour for matte reflection
+    Vec3 reflectance;     // towards the normal, of metal and what is not metal together
+    Vec3 diffuse;         // what is left of the base colour for matte reflection
+    float metallic = 0;   // share of the metal
+    Vec3 metalReflectance;
     float plainReflectance = 0;   // of what is not metal: it keeps light from the matte part below
     float roughness = 0.5f;
     float clearcoat = 0, clearcoatRoughness = 0;

@@ -98,7 +98,7 @@ HWY_INLINE float grazingReflectance(const Vec3& f0) {
 struct Layers {
     Gloss base, coat;
     Lanes3 matte;    // colour of the matte part
-    Lanes3 gain;     // energy that repeated bounces give back to the metal (Turquin, 2019)
+    Lanes3 gain;     // what repeated bounces give back to the glossy part (Turquin, 2019)
     Lanes3 glossy;   // light from everywhere by the glossy part
     FloatVector coatGlossy;
     FloatVector underCoat;   // share of the light that passes the lacquer
@@ -109,21 +109,24 @@ HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, co
     Layers layers;
     layers.base = glossOf(surface.roughness, p.variance);
     const ReflectancePair pair = reflectanceAt(*light.reflectance, layers.base.roughness, p.facing);
-    const Lanes3 f0 = constant(surface.reflectance);
     const FloatVector lost = minus(inverse(hn::Max(plus(pair.scale, pair.bias), constant(0.1f))), one);
-    const FloatVector bias = times(pair.bias, constant(grazingReflectance(surface.reflectance)));
-    const auto channel = [&](FloatVector f, FloatVector& gain, FloatVector& glossy) HWY_ATTR {
-        gain = sumOf(f, lost, one);
-        glossy = times(sumOf(f, pair.scale, bias), gain);
+    const auto single = [&](float f0, float grazing) HWY_ATTR {
+        return sumOf(constant(f0), pair.scale, times(pair.bias, constant(grazing)));
     };
-    channel(f0.x, layers.gain.x, layers.glossy.x);
-    channel(f0.y, layers.gain.y, layers.glossy.y);
-    channel(f0.z, layers.gain.z, layers.glossy.z);
-    const float plain = surface.plainReflectance;
-    const FloatVector plainGlossy =
-        times(sumOf(constant(plain), pair.scale, times(pair.bias, constant(grazingReflectance(plain)))),
-            sumOf(constant(plain), lost, one));
-    layers.matte = times(constant(surface.diffuse), minus(one, plainGlossy));
+    const auto whole = [&](float f0, float grazing)
+                           HWY_ATTR { return times(single(f0, grazing), sumOf(constant(f0), lost, one)); };
+    const Vec3 &mean = surface.reflectance, &metal = surface.metalReflectance;
+    const float meanGrazing = grazingReflectance(mean), metalGrazing = grazingReflectance(metal);
+    const FloatVector plain = whole(surface.plainReflectance, grazingReflectance(surface.plainReflectance));
+    const FloatVector plainShare = times(plain, constant(1 - surface.metallic));
+    const auto channel = [&](float f0, float metalF0, FloatVector& gain, FloatVector& glossy) HWY_ATTR {
+        glossy = sumOf(whole(metalF0, metalGrazing), constant(surface.metallic), plainShare);
+        gain = hn::Div(glossy, hn::Max(single(f0, meanGrazing), constant(1e-5f)));
+    };
+    channel(mean.x, metal.x, layers.gain.x, layers.glossy.x);
+    channel(mean.y, metal.y, layers.gain.y, layers.glossy.y);
+    channel(mean.z, metal.z, layers.gain.z, layers.glossy.z);
+    layers.matte = times(constant(surface.diffuse), minus(one, plain));
     if (surface.clearcoat > 0) {
         layers.coat = glossOf(surface.clearcoatRoughness, p.variance);
         const ReflectancePair coat = reflectanceAt(*light.reflectance, layers.coat.roughness, p.facing);
