@@ -77,7 +77,7 @@ void SheetVerb::run(Terminal& terminal) {
             interruption.check();
             terminal.progress(double(i) / double(shown.size()));
             const double atSec = double(shown[i].frame) / double(document.spec.output.fps);
-            painter.put(resolved.frame(atSec), canvasSize(document.spec), atSec, shown[i].kind);
+            painter.put(resolved.frameOnMain(atSec), canvasSize(document.spec), atSec, shown[i].kind);
         }
         media::writePng(unfinished, painter.draw().view());
     });

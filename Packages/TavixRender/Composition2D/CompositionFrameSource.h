@@ -11,8 +11,9 @@ namespace tavix {
 class CompositionFrameSource {
 public:
     CompositionFrameSource(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
-        imaging::Evaluator& evaluator, const RenderLog& log)
-        : resolved_(spec, assetRoot, evaluator, log) {}
+        imaging::Evaluator& evaluator, const RenderLog& log,
+        Composition3DRendererPool* rendererPool = nullptr)
+        : resolved_(spec, assetRoot, evaluator, log, rendererPool) {}
 
     ResolvedComposition& resolved() { return resolved_; }
     double totalSec() const { return resolved_.timeline().totalSec; }
@@ -20,6 +21,8 @@ public:
     imaging::Size size() const { return canvasSize(resolved_.spec()); }
     bool needsMainActorRender() const { return resolved_.needsMainActorRender(); }
     imaging::Image frame(double globalSec) { return resolved_.frame(globalSec); }
+    imaging::Image frameOnMain(double globalSec) { return resolved_.frameOnMain(globalSec); }
+    void setScrubQuality(bool isOn) { resolved_.setScrubQuality(isOn); }
 
 private:
     ResolvedComposition resolved_;

@@ -85,7 +85,7 @@ Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content,
         clip_.emplace(CompositionAssets::resolved(video->path, build.assetRoot), *video, true, build.log);
 }
 
-std::optional<Image> Device3DCompositionLayer::contentImageAsync(double localSec) {
+std::optional<Image> Device3DCompositionLayer::contentImageOnMain(double localSec) {
     if (std::exchange(needsApplyScene_, false))
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
     const auto screen = screenAt(localSec);

@@ -27,7 +27,7 @@ public:
     // Drawn by the main executor alone.
     bool needsMainActorRender() const override { return true; }
     std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
-    std::optional<imaging::Image> contentImageAsync(double localSec) override;
+    std::optional<imaging::Image> contentImageOnMain(double localSec) override;
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
     void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }

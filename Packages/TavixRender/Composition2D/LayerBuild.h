@@ -12,13 +12,16 @@
 
 namespace tavix {
 
+class Composition3DRendererPool;
+
 struct LayerBuild {
     imaging::Rect bounds;   // of the canvas
     double framesPerSec;
     std::optional<std::filesystem::path> assetRoot;
     imaging::Evaluator& evaluator;
     StillImageCache& images;
-    RenderLog log = {};   // told while frames are drawn too
+    RenderLog log = {};                                  // told while frames are drawn too
+    Composition3DRendererPool* rendererPool = nullptr;   // without one each 3D layer has its own stage
 };
 
 // The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.

@@ -2,6 +2,7 @@
 
 #include "TavixCore/Choreography/DeviceDepthTrajectory.h"
 #include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
@@ -9,6 +10,7 @@
 #include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
+#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include <algorithm>
 #include <limits>
@@ -24,15 +26,16 @@ using imaging::Image;
 
 constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
 
-// What a text layer is told besides its content.
-struct TextPlace {
+// What a layer is told besides its content.
+struct LayerPlace {
     const CompositionSpec& spec;
     double windowSec;
-    std::int64_t presetSeed;
+    std::int64_t presetSeed;   // of a text
+    std::string poolKey;       // of a device in space
 };
 
-std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(
-    const TextContent& text, const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
+std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(const TextContent& text,
+    const CompositionLayer& layer, const LayerPlace& place, const LayerBuild& build) {
     const NormalizedPoint position{
         layer.position.x / build.bounds.width, layer.position.y / build.bounds.height};
     return std::make_unique<TextCompositionLayer>(text,
@@ -40,17 +43,20 @@ std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(
         place.presetSeed, KineticElementGroup::Window{place.windowSec, double(place.spec.output.fps)}, build);
 }
 
-std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(
-    const DeviceContent& device, const CompositionLayer& layer, const LayerBuild& build) {
-    if (device.scene3D && build.log)
-        build.log(
-            "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering the "
-            "flat mockup.");
+std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const DeviceContent& device,
+    const CompositionLayer& layer, const LayerBuild& build, const std::string& poolKey) {
+    if (device.scene3D) {
+        if (auto inSpace = Device3DCompositionLayer::make(device, build, poolKey)) return inSpace;
+        if (build.log)
+            build.log(
+                "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering "
+                "the flat mockup.");
+    }
     return std::make_unique<DeviceCompositionLayer>(device, layer, build);
 }
 
 std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
-    const CompositionLayer& layer, const TextPlace& place, const LayerBuild& build) {
+    const CompositionLayer& layer, const LayerPlace& place, const LayerBuild& build) {
     if (const auto* fill = std::get_if<BackgroundFill>(&layer.content))
         return std::make_unique<FillCompositionLayer>(*fill, build);
     if (const auto* shape = std::get_if<ShapeContent>(&layer.content))
@@ -61,7 +67,7 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
         return std::make_unique<VideoCompositionLayer>(*video, build);
     if (const auto* text = std::get_if<TextContent>(&layer.content))
         return makeTextRenderer(*text, layer, place, build);
-    return makeDeviceRenderer(std::get<DeviceContent>(layer.content), layer, build);
+    return makeDeviceRenderer(std::get<DeviceContent>(layer.content), layer, build, place.poolKey);
 }
 
 LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
@@ -87,15 +93,15 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
 
 ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-    const RenderLog& log)
+    const RenderLog& log, Composition3DRendererPool* rendererPool)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const RenderLog told = onceEach(log);
     StillImageCache images(told);
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    const LayerBuild build{
-        bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator, images, told};
+    const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
+        images, told, rendererPool};
     buildBackgrounds(build);
     buildLayers(build);
 }
@@ -120,7 +126,8 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
             const LayerWindow window = windowOf(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            const TextPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j)};
+            const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j),
+                Composition3DRendererPool::key(i, j, layer.id)};
             resolved.push_back(
                 {layer, makeRenderer(layer, place, build), window, anchor, {layer.effects, bounds_}});
             needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
@@ -128,15 +135,15 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
     }
 }
 
-Image ResolvedComposition::frame(double globalSec) {
+Image ResolvedComposition::frameOn(Executor executor, double globalSec) {
     const auto sample = timeline_.sample(globalSec);
     if (!sample) return Image::solid(imaging::Color::black()).cropped(bounds_);
     const std::size_t from = sample->outgoing.index;
     restAllBut(from, sample->incoming ? sample->incoming->index : from);
-    const Image outgoing = renderScene(from, sample->outgoing.localSeconds);
+    const Image outgoing = renderSceneOn(executor, from, sample->outgoing.localSeconds);
     const auto& transition = spec_.scenes[from].transition;
     if (!sample->incoming || !transition) return outgoing;
-    const Image incoming = renderScene(sample->incoming->index, sample->incoming->localSeconds);
+    const Image incoming = renderSceneOn(executor, sample->incoming->index, sample->incoming->localSeconds);
     const double elapsedSec = sample->progress * transition->durationSec;
     const double eased = KineticMath::evaluate(transition->curve, elapsedSec, transition->durationSec).value;
     return TransitionBlend::blend(
@@ -151,12 +158,14 @@ void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming)
             for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
 }
 
-Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
+Image ResolvedComposition::renderSceneOn(Executor executor, std::size_t scene, double localSec) {
     std::vector<Image> bottomToTop{backgrounds_[scene]};
     for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
         if (!resolved->window.contains(localSec)) continue;
         const double layerSec = localSec - resolved->window.startSec;
-        const auto content = resolved->renderer->contentImage(layerSec);
+        CompositionLayerContentRenderer& renderer = *resolved->renderer;
+        const auto content = executor == Executor::main ? renderer.contentImageOnMain(layerSec)
+                                                        : renderer.contentImage(layerSec);
         if (!content) continue;
         if (const auto finished = resolved->finish(*content, layerSec, bounds_.height, bounds_))
             bottomToTop.push_back(*finished);
@@ -185,9 +194,11 @@ std::vector<const ResolvedCompositionLayer*> ResolvedComposition::depthOrderedLa
     return ordered;
 }
 
-std::string ResolvedComposition::poolKey(
-    std::size_t scene, std::size_t layerIndex, const CompositionLayer& layer) {
-    return std::to_string(scene) + "." + layer.id.value_or(std::to_string(layerIndex));
+void ResolvedComposition::setScrubQuality(bool isOn) {
+    for (const auto& scene : layers_)
+        for (const ResolvedCompositionLayer& resolved : scene)
+            if (auto* device = dynamic_cast<Device3DCompositionLayer*>(resolved.renderer.get()))
+                device->setScrubQuality(isOn);
 }
 
 std::int64_t ResolvedComposition::presetSeed(

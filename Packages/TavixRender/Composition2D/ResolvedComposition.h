@@ -24,11 +24,12 @@ imaging::Size canvasSize(const CompositionSpec& spec);
 // The document as it comes here has its beats, marks and presets resolved. Used by one thread at a time.
 class ResolvedComposition {
 public:
-    // Never fails: what cannot be read is named in the log and not drawn. Relative paths belong to
-    // `assetRoot`, or to the document's own when none is given. The evaluator draws what does not change in
-    // time, here and now.
+    // The pool keeps stages of 3D devices for the next build; it must outlive this. Never fails: what cannot
+    // be read is named in the log and not drawn. Relative paths belong to `assetRoot`, or to the document's
+    // own when none is given. The evaluator draws what does not change in time, here and now.
     ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
-        imaging::Evaluator& evaluator, const RenderLog& log);
+        imaging::Evaluator& evaluator, const RenderLog& log,
+        Composition3DRendererPool* rendererPool = nullptr);
 
     const CompositionSpec& spec() const { return spec_; }
     const CompositionTimeline& timeline() const { return timeline_; }
@@ -37,19 +38,30 @@ public:
     // Of a scene; layers that are never shown have no entry.
     const std::vector<ResolvedCompositionLayer>& layers(std::size_t scene) const { return layers_[scene]; }
 
-    imaging::Image frame(double globalSec);
-    imaging::Image renderScene(std::size_t scene, double localSec);
+    // On any thread, when nothing needs the main executor; what does is left out.
+    imaging::Image frame(double globalSec) { return frameOn(Executor::any, globalSec); }
+    imaging::Image renderScene(std::size_t scene, double localSec) {
+        return renderSceneOn(Executor::any, scene, localSec);
+    }
+    // On the main executor, with everything.
+    imaging::Image frameOnMain(double globalSec) { return frameOn(Executor::main, globalSec); }
+    imaging::Image renderSceneOnMain(std::size_t scene, double localSec) {
+        return renderSceneOn(Executor::main, scene, localSec);
+    }
+    // Lets the screens of 3D devices lag behind while someone drags through the time.
+    void setScrubQuality(bool isOn);
     // In document order, but neighbouring devices in space that are live at that time stand with the nearest
     // last.
     std::vector<const ResolvedCompositionLayer*> depthOrderedLayers(std::size_t scene, double localSec) const;
 
-    // Under which a device in space keeps its place in the pool of its renderers. Indices count in the
-    // document.
-    static std::string poolKey(std::size_t scene, std::size_t layerIndex, const CompositionLayer& layer);
-    // The seed that a text preset of a layer starts from.
+    // The seed that a text preset of a layer starts from. Indices count in the document.
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
+    enum class Executor { any, main };
+
+    imaging::Image frameOn(Executor executor, double globalSec);
+    imaging::Image renderSceneOn(Executor executor, std::size_t scene, double localSec);
     void buildBackgrounds(const LayerBuild& build);
     void buildLayers(const LayerBuild& build);
     void restAllBut(std::size_t outgoing, std::size_t incoming);

@@ -43,7 +43,7 @@ template <class Encoder> void walkFrames(Encoder& encoder, const Run& run) {
     const auto fps = std::int64_t(run.resolved.spec().output.fps);
     for (std::int64_t i = 0; i < run.frameCount; ++i) {
         if (run.stop.stop_requested()) throw RenderStopped();
-        encoder.append(run.resolved.frame(double(i) / double(fps)), i);
+        encoder.append(run.resolved.frameOnMain(double(i) / double(fps)), i);
         const double done = double(i) / double(run.frameCount);
         if (i % fps == 0 && run.onProgress) run.onProgress(done);
         if (i % (secondsPerLogLine * fps) == 0) tell(run.log, "  …" + std::to_string(int(done * 100)) + "%");
@@ -64,7 +64,7 @@ void render(const Config& config, const RenderLog& log, const Progress& onProgre
     const imaging::Size size = canvasSize(config.spec);
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
-    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
+    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log, config.rendererPool);
     tell(log, headline(config.spec, resolved.timeline().totalSec, count));
     const Run run{resolved, count, log, onProgress, std::move(stop)};
     const int fps = encoderRate(config.spec);
@@ -85,8 +85,8 @@ void renderStill(
     const imaging::Size size = canvasSize(config.spec);
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
-    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
-    FrameSequenceEncoder::writeStill(resolved.frame(atSec), size, file, evaluator);
+    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log, config.rendererPool);
+    FrameSequenceEncoder::writeStill(resolved.frameOnMain(atSec), size, file, evaluator);
 }
 
 std::int64_t frameCount(const CompositionSpec& spec) {

@@ -172,11 +172,7 @@ TEST_F(Resolving, OrdersNeighbouringDevicesByDepth) {
     }
 }
 
-TEST_F(Resolving, CountsLayersInTheDocumentForKeysAndSeeds) {
-    CompositionLayer named;
-    named.id = "hero";
-    EXPECT_EQ(ResolvedComposition::poolKey(2, 5, named), "2.hero");
-    EXPECT_EQ(ResolvedComposition::poolKey(0, 3, CompositionLayer{}), "0.3");
+TEST_F(Resolving, CountsLayersInTheDocumentForSeeds) {
     EXPECT_EQ(ResolvedComposition::presetSeed(7, 0, 0), 7);
     EXPECT_EQ(ResolvedComposition::presetSeed(7, 2, 3), 7 + 2 * 1009 + 3 * 9176);
     EXPECT_EQ(ResolvedComposition::presetSeed(-9000, 0, 1), 176);
