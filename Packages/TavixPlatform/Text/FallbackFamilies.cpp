@@ -31,7 +31,7 @@ std::string_view hanRegion(std::string_view language) {
 
 std::vector<std::string> fallbackFamilies(std::vector<std::string> families) {
     std::ranges::sort(families);
-    families.erase(std::ranges::unique(families).begin(), families.end());
+    families.erase(std::unique(families.begin(), families.end()), families.end());
     std::ranges::stable_sort(families, {}, tier);
     return families;
 }
@@ -40,12 +40,12 @@ std::vector<std::string> orderedFor(
     const std::vector<std::string>& families, std::string_view language, bool isEmoji) {
     std::vector<std::string> ordered = families;
     const std::string han = std::string(hanPrefix) + std::string(hanRegion(language));
-    std::ranges::stable_partition(ordered, [&](const std::string& family) {
+    std::stable_partition(ordered.begin(), ordered.end(), [&](const std::string& family) {
         return tier(family) < 2 || family == han || (isEmoji && family.ends_with("Emoji"));
     });
     if (isEmoji)
-        std::ranges::stable_partition(
-            ordered, [](const std::string& family) { return family.ends_with("Emoji"); });
+        std::stable_partition(ordered.begin(), ordered.end(),
+            [](const std::string& family) { return family.ends_with("Emoji"); });
     return ordered;
 }
 

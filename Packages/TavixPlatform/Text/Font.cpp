@@ -27,8 +27,8 @@ std::optional<Font> Font::withVariation(std::uint32_t axisTag, double value) con
 
 Font Font::withWeightTrait(double trait) const {
     const std::lock_guard lock(data_->core->mutex);
-    const std::size_t face = data_->core->nearestInFamily(*data_->face, weightOfTrait(trait));
-    return face == data_->faceNumber ? *this : data_->core->fontOf(face, data_->sizePx, {});
+    const auto face = data_->core->nearestInFamily(*data_->face, weightOfTrait(trait));
+    return !face || *face == data_->faceNumber ? *this : data_->core->fontOf(*face, data_->sizePx, {});
 }
 
 }   // namespace tavix::text

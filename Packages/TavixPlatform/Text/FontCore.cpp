@@ -261,8 +261,9 @@ Font FontCore::fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint3
     return Font(std::move(data));
 }
 
-std::size_t FontCore::nearestInFamily(const Face& like, double weight) const {
+std::optional<std::size_t> FontCore::nearestInFamily(const Face& like, double weight) const {
     const auto family = byFamily_.find(loweredAscii(like.family));
+    if (family == byFamily_.end()) return std::nullopt;
     const auto distance = [&](std::size_t number) {
         const Face& face = *faces_[number];
         return std::tuple(face.isItalic != like.isItalic, std::abs(face.width - like.width),
@@ -272,8 +273,6 @@ std::size_t FontCore::nearestInFamily(const Face& like, double weight) const {
 }
 
 std::optional<std::size_t> FontCore::faceInFamily(std::string_view family, double weight) const {
-    const auto found = byFamily_.find(loweredAscii(family));
-    if (found == byFamily_.end()) return std::nullopt;
     Face upright;
     upright.family = family;
     return nearestInFamily(upright, weight);

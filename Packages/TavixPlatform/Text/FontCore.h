@@ -68,8 +68,9 @@ public:
     Font first(double sizePx);
 
     Font fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint32_t, double> variations);
-    // The face of the family of `like` with its slope and width whose weight is nearest.
-    std::size_t nearestInFamily(const Face& like, double weight) const;
+    // The face of the family of `like` with its slope and width whose weight is nearest; nothing for a family
+    // that there is not.
+    std::optional<std::size_t> nearestInFamily(const Face& like, double weight) const;
     std::optional<std::size_t> faceInFamily(std::string_view family, double weight) const;
 
     static Owned<PangoFontDescription> description(const FontData& font);

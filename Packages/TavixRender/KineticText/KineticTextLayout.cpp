@@ -236,6 +236,11 @@ imaging::Rect Fragment::rect() const {
     return {spanX0, boxBottomY, std::max(spanX1 - spanX0, 0.0), std::max(boxTopY - boxBottomY, 0.0)};
 }
 
+text::LinePart Fragment::part() const {
+    if (range == line.range()) return {range, {0, line.widthPx()}};
+    return {range, {spanX0 - lineOriginX, spanX1 - lineOriginX}};
+}
+
 std::optional<Result> build(const Request& request, const text::FontBook& fonts) {
     if (request.text.empty()) return std::nullopt;
     return Builder(request, fonts).result();

@@ -46,8 +46,8 @@ struct Fragment {
 
     imaging::Rect rect() const;
     imaging::Point origin() const { return {lineOriginX, baselineY}; }
-    // What to draw, for text::drawn.
-    text::LinePart part() const { return {range, {spanX0 - lineOriginX, spanX1 - lineOriginX}}; }
+    // What to draw, for text::drawn. Of a whole line everything, also what its capped width leaves out.
+    text::LinePart part() const;
 };
 
 struct Element {

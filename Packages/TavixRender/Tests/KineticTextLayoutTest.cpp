@@ -223,6 +223,14 @@ TEST(KineticTextLayout, WordsAtRestHaveThePixelsOfTheWholeBlock) {
         }
 }
 
+TEST(KineticTextLayout, BlanksAtTheEndOfAParagraphHideNoLetter) {
+    // From right to left they stand before the text, and are wider than a line may be.
+    const Result result = laidOut(requestFor("שלום" + std::string(300, ' '), AnimationScope::block));
+    const Fragment& line = result.elements[0].fragments[0];
+    const imaging::PixelRegion ink = inkRegion(line.line, line.origin(), line.part(), 1);
+    EXPECT_GT(ink.width(), 50);
+}
+
 TEST(KineticTextLayout, WhatColoursAnimateIsDrawnWhite) {
     Request request = requestFor("white", AnimationScope::block);
     request.style.textColor = {1, 0, 0, 1};
