@@ -12,6 +12,7 @@
 #include "TavixCore/Composition/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include <algorithm>
 
@@ -71,7 +72,8 @@ void SheetVerb::run(Terminal& terminal) {
     RenderNotes notes(terminal);
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
-        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, notes.log());
+        Composition3DRendererPool stages;
+        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, notes.log(), &stages);
         SheetPainter painter(layout, evaluator);
         for (std::size_t i = 0; i < shown.size(); ++i) {
             interruption.check();
