@@ -256,10 +256,10 @@ private:
     }
 
     std::uint32_t fontNumber(PangoFont* font, LineData& data) {
-        const auto known = std::ranges::find(knownFonts_, font, &KnownFont::font);
-        const std::shared_ptr<const GlyphFont> glyphs =
-            known == knownFonts_.end() ? knownFonts_.emplace_back(font, glyphFontOf(font)).glyphs
-                                       : known->glyphs;
+        auto known = std::ranges::find(knownFonts_, font, &KnownFont::font);
+        if (known == knownFonts_.end())
+            known = knownFonts_.insert(knownFonts_.end(), KnownFont{font, glyphFontOf(font)});
+        const std::shared_ptr<const GlyphFont>& glyphs = known->glyphs;
         const auto at = std::ranges::find(data.fonts, glyphs);
         const auto number = static_cast<std::uint32_t>(at - data.fonts.begin());
         if (at == data.fonts.end()) data.fonts.push_back(glyphs);

@@ -250,6 +250,10 @@ TEST(KineticTextLayout, ANoteNamesTheFontThatStoodIn) {
     EXPECT_EQ(laidOut(request).note, "The font \"Palatino-Roman\" is not on this machine; \"P052\" stands in "
                                      "for it. Bring its file in the "
                                      "bundle and name that as the font.");
+    request.style.fontName = "fonts/Lost.otf";
+    EXPECT_EQ(laidOut(request).note, "The font file \"fonts/Lost.otf\" is missing or holds no font; "
+                                     "\"Inter\" stands in for it. Check its path, "
+                                     "which starts at the document's folder.");
 }
 
 TEST(KineticTextLayout, OddSizesGiveALayoutAllTheSame) {
