@@ -28,6 +28,9 @@ public:
     bool needsMainActorRender() const override { return true; }
     std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
     std::optional<imaging::Image> contentImageOnMain(double localSec) override;
+    void rest() override {
+        if (clip_) clip_->rest();
+    }
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
     void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }

@@ -18,6 +18,9 @@ public:
     DeviceCompositionLayer(
         const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
+    void rest() override {
+        if (clip_) clip_->rest();
+    }
 
 private:
     void openScreen(const ScreenSource& source, const LayerBuild& build);
