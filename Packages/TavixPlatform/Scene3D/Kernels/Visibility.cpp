@@ -135,21 +135,25 @@ HWY_INLINE void drawTriangle(
             hn::Mul(hn::Mul(hn::ConvertTo(d, y), eighth), constant(perY)));
     }
     const int step = eighths << pattern.blockBits, across = pattern.blocksAcross();
+    const IntVector next[3] = {constantInt(edges[0].perX * step), constantInt(edges[1].perX * step),
+        constantInt(edges[2].perX * step)};   // from a block to the one on its right
     RowLimits limits;
     const bool isWide = range.x1 - range.x0 > 2;
     if (isWide) limits.take(edges, step);
     for (int by = range.y0; by <= range.y1; ++by) {
         int first = range.x0, last = range.x1;
         if (isWide) limits.narrow(by, first, last);
+        IntVector value[3][Vectors];
+        for (int i = 0; i < 3; ++i)
+            for (int v = 0; v < Vectors; ++v)
+                value[i][v] = hn::Add(constantInt(edges[i].at(first * step, by * step)), lane[i][v]);
+        const float rowDepth = corner + perY * float(by << pattern.blockBits);
         for (int bx = first; bx <= last; ++bx) {
-            IntVector base[3];
-            for (int i = 0; i < 3; ++i) base[i] = constantInt(edges[i].at(bx * step, by * step));
-            const FloatVector blockDepth = constant(
-                corner + perX * float(bx << pattern.blockBits) + perY * float(by << pattern.blockBits));
+            const FloatVector blockDepth = constant(rowDepth + perX * float(bx << pattern.blockBits));
             const std::size_t entry = std::size_t(by * across + bx) * samplesPerVector;
             for (int v = 0; v < Vectors; ++v) {
-                const IntVector signs = hn::Or(hn::Add(base[0], lane[0][v]),
-                    hn::Or(hn::Add(base[1], lane[1][v]), hn::Add(base[2], lane[2][v])));
+                const IntVector signs = hn::Or(value[0][v], hn::Or(value[1][v], value[2][v]));
+                for (int i = 0; i < 3; ++i) value[i][v] = hn::Add(value[i][v], next[i]);
                 const auto isOutside = hn::RebindMask(d, hn::Lt(signs, hn::Zero(di)));
                 float* stored = tile.inverseDepths + entry + std::size_t(v) * lanes;
                 const FloatVector depth = hn::Min(hn::Max(hn::Add(blockDepth, depthLane[v]), least), most);
