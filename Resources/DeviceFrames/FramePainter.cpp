@@ -16,7 +16,7 @@ namespace tavix::deviceframes {
 namespace {
 
 constexpr Vector white{1, 1, 1};
-constexpr float keyProtrusionPx = 8;
+constexpr float keyProtrusionPx = 8, keyOverlapPx = 4;   // outside the body, and under its rim
 constexpr float exposure = 1.45f;
 
 // The share of a pixel that a shape covers whose edge passes at that distance from the pixel's centre.
@@ -39,8 +39,8 @@ public:
             const float middle = body.top + key.middleFraction * body.height();
             const float half = key.lengthFraction * body.height() / 2;
             const float edge = key.isOnTheLeft ? body.left : body.right;
-            const float from = key.isOnTheLeft ? edge - keyProtrusionPx : edge - 4;
-            const float to = key.isOnTheLeft ? edge + 4 : edge + keyProtrusionPx;
+            const float from = key.isOnTheLeft ? edge - keyProtrusionPx : edge - keyOverlapPx;
+            const float to = key.isOnTheLeft ? edge + keyOverlapPx : edge + keyProtrusionPx;
             keys_.push_back({from, middle - half, to, middle + half});
         }
         const Box& screen = outline_.opening();
@@ -214,7 +214,8 @@ private:
 
     Vector keyAt(const Box& key, float x, float y) const {
         const bool isOnTheLeft = key.left < outline_.body().left;
-        const float out = isOnTheLeft ? key.right - 4 - x : x - (key.left + 4);   // beyond the body
+        const float out =
+            isOnTheLeft ? key.right - keyOverlapPx - x : x - (key.left + keyOverlapPx);   // beyond the body
         const float along = std::clamp(out / keyProtrusionPx, 0.0f, 1.0f);
         const float fromEnd = std::min(y - key.top, key.bottom - y);
         const float endLean = 1 - smoothStep(0, 7, fromEnd);
@@ -227,14 +228,16 @@ private:
 
     Sample pixelAt(float x, float y) const {
         Sample sample;
-        for (const Box& key : keys_)
-            if (const float share = coverage(roundBoxDistance(key, 3.5f, x, y)); share > 0)
-                sample.cover(keyAt(key, x, y), share);
+        const Box& body = outline_.body();
+        if (x < body.left + keyOverlapPx || x > body.right - keyOverlapPx)
+            for (const Box& key : keys_)
+                if (const float share = coverage(roundBoxDistance(key, 3.5f, x, y)); share > 0)
+                    sample.cover(keyAt(key, x, y), share);
         const Offset offset = outline_.offsetAt(x, y);
         const float d = offset.distance, outer = bezel_ + rimWidth_;
-        if (const float body = coverage(d - outer) * coverage(-d); body > 0)
-            sample.cover(bodyAt(x, y, offset), body);
-        if (d < 0)
+        if (const float share = coverage(d - outer) * coverage(-d); share > 0)
+            sample.cover(bodyAt(x, y, offset), share);
+        if (d < 0 && std::abs(y - (island_.top + island_.bottom) / 2) < island_.height())
             if (const float share =
                     coverage(roundBoxDistance(island_, (island_.bottom - island_.top) / 2, x, y));
                 share > 0)

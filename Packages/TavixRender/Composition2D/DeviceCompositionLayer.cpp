@@ -72,6 +72,23 @@ Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, 
     return Image::roundedRectangle(rect, device.cornerRadiusPx * move.scale, color);
 }
 
+// The part of a screen that shows. Only the rows of its round ends need a mask; those between are most of it.
+Image maskedScreen(
+    const Image& placed, const FittedDevice& device, const CameraFrameTransform& move, const Rect& bounds) {
+    const Image shown =
+        CameraRenderer::masked(placed, screenShape(device, move, bounds, imaging::Color::white()));
+    const Rect extent = placed.extent();
+    const double radius =
+        std::clamp(device.cornerRadiusPx * move.scale, 0.0, std::min(extent.width, extent.height) / 2);
+    const double low = std::ceil(extent.y + radius), high = std::floor(extent.maxY() - radius);
+    if (!(low < high)) return shown;
+    const auto rows = [&](const Image& image, double from, double to) {
+        return image.cropped(Rect::fromEdges(extent.x, from, extent.maxX(), to));
+    };
+    return Image::stacked(
+        {rows(shown, extent.y, low), rows(placed, low, high), rows(shown, high, extent.maxY())});
+}
+
 Image bezelAt(const FittedDevice& device, double detail, const Rect& bounds) {
     return CameraRenderer::place(device.picture, scaledBy(device.frameRect, detail), scaledBy(bounds, detail),
         CameraRenderer::Resampling::still);
@@ -139,9 +156,9 @@ std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
 // Each part is moved by itself: the screen's pixels are then looked up once only, and edges stay sharp.
 Image DeviceCompositionLayer::screenAt(
     const Image& screen, const CameraFrameTransform& move, double opacity) const {
-    const Image placed = CameraRenderer::masked(CameraRenderer::place(screen, moved(device_.screenRect, move),
-                                                    bounds_, CameraRenderer::Resampling::live),
-        screenShape(device_, move, bounds_, imaging::Color::white()));
+    const Image placed = maskedScreen(CameraRenderer::place(screen, moved(device_.screenRect, move), bounds_,
+                                          CameraRenderer::Resampling::live),
+        device_, move, bounds_);
     if (opacity >= fullOpacity) return placed;
     // A screen goes dark; it does not become a window.
     return placed.withOpacity(opacity).over(screenShape(device_, move, bounds_, imaging::Color::black()));
