@@ -224,15 +224,16 @@ HWY_INLINE ShadowPoint shadowPointOf(const ShadowMap& map, const Lanes3& positio
     return p;
 }
 
-// The share of a lamp's light that reaches points. Where nine texels over the filter's width agree, so do the
-// others; only edges of shadows are looked at whole.
+// The share of a lamp's light that reaches points. Where sixteen texels over the filter's width agree, the
+// others are taken to as well; only edges of shadows are looked at whole. Of neighbours in a row at least one
+// is asked: where two shadows nearly touch, the light between them is narrow.
 HWY_INLINE FloatVector litFraction(const ShadowMap& map, const Lanes3& position, const Lanes3& normal) {
     const Floats d;
     const ShadowPoint p = shadowPointOf(map, position, normal);
     FloatVector lit = constant(0);
-    for (const int y : {-2, 0, 3})
-        for (const int x : {-2, 0, 3}) lit = hn::Add(lit, isLitAt(map, p, x, y));
-    const auto isAgreed = hn::Or(hn::Eq(lit, constant(0)), hn::Eq(lit, constant(9)));
+    for (const int y : {-2, 0, 1, 3})
+        for (const int x : {-2, 0, 1, 3}) lit = hn::Add(lit, isLitAt(map, p, x, y));
+    const auto isAgreed = hn::Or(hn::Eq(lit, constant(0)), hn::Eq(lit, constant(16)));
     const FloatVector agreed = hn::Min(lit, constant(1));
     if (hn::AllTrue(d, isAgreed)) return agreed;
     return hn::IfThenElse(isAgreed, agreed, softLight(map, p));
