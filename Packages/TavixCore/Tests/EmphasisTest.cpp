@@ -57,7 +57,7 @@ TEST(EmphasisResolver, MovesTheAccentAwayFromTextAndGround) {
         }
     CaptionStyle style;
     const RGBAColor onLight =
-        *EmphasisResolver::resolve(accent, style, nullptr, KineticIntensity::low, 0.9).textColor;
+        *EmphasisResolver::resolve(accent, style, nullptr, KineticIntensity::low, 0.8).textColor;
     EXPECT_NEAR(onLight.r, 0.65 * 0.55, 1e-12);
     const RGBAColor onDark =
         *EmphasisResolver::resolve(accent, style, nullptr, KineticIntensity::low, 0.4).textColor;

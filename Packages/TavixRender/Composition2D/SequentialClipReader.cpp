@@ -46,11 +46,7 @@ std::optional<imaging::Image> SequentialClipReader::frame(double atClipSeconds, 
     lastWantedSec_ = wanted;
     do {
         if (!frames_ && !hasFinished_ && !open(approximate)) return std::nullopt;
-        if (!isBeforeEnd(wanted)) {
-            drain();
-            if (!clip_.holdLastFrame || !current_) return std::nullopt;
-            return current_->image();
-        }
+        if (!isBeforeEnd(wanted)) return heldFrame();
         if (approximate) {
             decodeApproximately(wanted, hasRewound);
             break;
@@ -58,6 +54,20 @@ std::optional<imaging::Image> SequentialClipReader::frame(double atClipSeconds, 
         advance(wanted, std::numeric_limits<int>::max());
     } while (reopenedFurtherBack(wanted));
     return given();
+}
+
+// Past the trim's end. In the course of a film the last frame is at hand; a request out of order decodes it.
+std::optional<imaging::Image> SequentialClipReader::heldFrame() {
+    const double end = *clip_.trimEndSec;
+    if (clip_.holdLastFrame && !current_ && !hasFinished_) {
+        if (end - clip_.trimStartSec > longestWalkSec) {
+            rewind(end - 2 * sameTimeSec, Hold::keep);
+            if (!open(false)) return std::nullopt;
+        }
+        advance(end, std::numeric_limits<int>::max());
+    }
+    drain();
+    return clip_.holdLastFrame ? given() : std::nullopt;
 }
 
 std::optional<imaging::Image> SequentialClipReader::given() {

@@ -54,6 +54,7 @@ private:
     bool advance(double to, int maxDecodes);
     bool reopenedFurtherBack(double wanted);
     void decodeApproximately(double wanted, bool hasRewound);
+    std::optional<imaging::Image> heldFrame();
     std::optional<imaging::Image> given();
 
     bool hasSamples();   // builds the map when there is none

@@ -175,8 +175,12 @@ TEST_F(SequentialClipReaderTest, EndsAtItsTrim) {
             EXPECT_EQ(numberOf(clip.frame(sec)), holds ? std::optional(29) : std::nullopt) << sec;
         EXPECT_EQ(numberOf(clip.frame(0.5)), 25) << "and comes back";
     }
-    auto never = reader(2.0, 3.0);
-    EXPECT_EQ(numberOf(never.frame(4)), std::nullopt) << "nothing was shown that could be held";
+    for (const double start : {2.0, 0.0}) {   // from near, and from so far that it jumps
+        auto still = reader(start, 3.0);
+        EXPECT_EQ(numberOf(still.frame(4)), 29) << "as in the course of the film";
+    }
+    auto never = reader(2.0, 3.0, false);
+    EXPECT_EQ(numberOf(never.frame(4)), std::nullopt);
 }
 
 TEST_F(SequentialClipReaderTest, ShowsTheFirstFrameBeforeItsTime) {
