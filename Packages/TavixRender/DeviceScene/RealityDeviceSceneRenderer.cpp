@@ -133,7 +133,9 @@ Image RealityDeviceSceneRenderer::photographed() {
     const scene3d::Pass pass{
         {settings_.output.width * settings_.renderScale, settings_.output.height * settings_.renderScale},
         scene3d::Samples::four};
-    const scene3d::LinearFrame body = engine_.renderLinear(stage_->bodyScene(), pass);
+    // Of the body pass's screen only the edge is seen.
+    const scene3d::Pass under{pass.size, pass.samples, scene3d::TextureDetail::coarse};
+    const scene3d::LinearFrame body = engine_.renderLinear(stage_->bodyScene(), under);
     const Image device = Image::stacked({Image::solid(imaging::Color::clear()).cropped(boundsOf(pass.size)),
         imageOf(DeviceStudio::applyACES(body, pool_)),
         imageOf(engine_.renderEncoded(stage_->screenScene(), pass))});
