@@ -38,6 +38,20 @@ function(tavix_library name)
     target_link_libraries(tavix_${name} PUBLIC ${ARG_USES})
 endfunction()
 
+# tavix_kernels(sources...): files of Highway kernels, of the library of this folder. Every x86-64 processor since 2006
+# has SSSE3, the baseline here; beyond it the best of three sets is picked at run time. Sanitized, one instruction set
+# is enough, and quick to compile.
+function(tavix_kernels)
+    if(TAVIX_SANITIZE)
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS HWY_COMPILE_ONLY_STATIC)
+    endif()
+    if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -mssse3)
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_DEFINITIONS
+            "HWY_DISABLED_TARGETS=(HWY_SCALAR|HWY_AVX3_DL)")
+    endif()
+endfunction()
+
 # tavix_test(name SOURCES ... USES the libraries under test [EXTERNAL ...]): one GoogleTest program.
 function(tavix_test name)
     if(NOT TAVIX_TESTS)

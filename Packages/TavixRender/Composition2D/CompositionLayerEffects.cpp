@@ -1,8 +1,8 @@
 #include "TavixRender/Composition2D/CompositionLayerEffects.h"
 
 #include "TavixCore/Typography/KineticNoise.h"
-#include "TavixRender/KineticText/KineticImageFX.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/KineticText/KineticImageFX.h"
 
 #include <algorithm>
 #include <memory>

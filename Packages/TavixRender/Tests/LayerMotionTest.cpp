@@ -140,8 +140,7 @@ protected:
 
     std::optional<Image> finished(
         const CompositionLayer& layer, const Image& image, double localSec = 0.5) const {
-        const ResolvedCompositionLayer resolved{
-            layer, nullptr, {0, 2}, {30, 20}, {layer.effects, bounds}};
+        const ResolvedCompositionLayer resolved{layer, nullptr, {0, 2}, {30, 20}, {layer.effects, bounds}};
         return resolved.finish(image, localSec, bounds.height, bounds);
     }
     const Image card = testing::testCard(size, 8);
