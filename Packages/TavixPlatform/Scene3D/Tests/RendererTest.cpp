@@ -32,10 +32,9 @@ using namespace samples;
 constexpr Pass smallPass{{108, 192}};
 
 Device turned(double yawDeg) {
-    static const Device master = device(0.4f);
-    Device copy = master;
-    copy.phone->transform.orientation = Rotation::about({0, 1, 0}, yawDeg) * Rotation::about({1, 0, 0}, 12);
-    return copy;
+    Device made = device(0.4f);   // each its own: tests move and hide its parts
+    made.phone->transform.orientation = Rotation::about({0, 1, 0}, yawDeg) * Rotation::about({1, 0, 0}, 12);
+    return made;
 }
 
 std::vector<std::uint8_t> bytesOf(Renderer& renderer, const Scene& scene) {
