@@ -5,6 +5,14 @@
 
 namespace tavix {
 
+namespace {
+
+// Starts are sums of durations and times of frames are quotients: where both mean the same moment they may
+// differ by their rounding, and a cut must not come a frame late for that.
+constexpr double roundingSec = 1e-9;
+
+}   // namespace
+
 CompositionTimeline::CompositionTimeline(const CompositionSpec& spec) {
     for (const CompositionScene& scene : spec.scenes) {
         const bool isLast = &scene == &spec.scenes.back();
@@ -21,8 +29,8 @@ std::optional<CompositionTimeline::Sample> CompositionTimeline::sample(double at
     const double t = std::fmin(std::fmax(atSec, 0), totalSec);
     // A transition longer than its scene makes starts fall, so the list need not be sorted.
     std::size_t i = startSec.size() - 1;
-    while (i > 0 && !(startSec[i] <= t)) --i;
-    const ActiveScene active{i, t - startSec[i]};
+    while (i > 0 && !(startSec[i] <= t + roundingSec)) --i;
+    const ActiveScene active{i, std::fmax(t - startSec[i], 0)};
     const double overlapSec = i == 0 ? 0 : transitionDurations[i - 1];
     if (overlapSec > 0 && t < startSec[i] + overlapSec)
         return Sample{{i - 1, t - startSec[i - 1]}, active, active.localSeconds / overlapSec};

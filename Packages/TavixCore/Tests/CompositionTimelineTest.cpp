@@ -66,6 +66,25 @@ TEST(CompositionTimeline, NegativeLengthsTakeNoTime) {
 
 // Whatever the lengths, also where a transition outlasts its scene: the sample speaks of scenes that exist,
 // its progress is a fraction, and local times lead back to the time asked for.
+// Whatever sums and quotients round to, a scene of whole frames has just so many of them.
+TEST(CompositionTimeline, CutsOnTheFrame) {
+    for (const int fps : {24, 25, 30, 50, 60}) {
+        CompositionSpec spec;
+        std::vector<std::size_t> sceneOfFrame;
+        for (std::size_t scene = 0; scene < 60; ++scene) {
+            const std::size_t frames = 1 + scene * 37 % 53;
+            spec.scenes.push_back({.durationSec = double(frames) / fps});
+            sceneOfFrame.insert(sceneOfFrame.end(), frames, scene);
+        }
+        const CompositionTimeline timeline(spec);
+        for (std::size_t frame = 0; frame < sceneOfFrame.size(); ++frame) {
+            const auto sample = timeline.sample(double(frame) / fps);
+            ASSERT_EQ(sample->outgoing.index, sceneOfFrame[frame]) << frame << " at " << fps;
+            ASSERT_GE(sample->outgoing.localSeconds, 0);
+        }
+    }
+}
+
 TEST(CompositionTimeline, SamplesAndGlobalTimesAgree) {
     SeededRandom dice("clock");
     for (int round = 0; round < 300; ++round) {
