@@ -50,7 +50,7 @@ private:
     std::optional<DevicePlacementTrajectory> placement_;
 };
 
-// The spec that a scene carries itself.
+// The placement that a scene carries itself: its track, and how it responds.
 DevicePlacementSpec placementOf(const DeviceScene& scene);
 
 }   // namespace tavix
