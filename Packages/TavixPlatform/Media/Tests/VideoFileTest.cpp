@@ -79,7 +79,12 @@ ClipRecipe recipeOf(const Kind& kind, const std::filesystem::path& path) {
     return recipe;
 }
 
-// Broadcast containers count from their first sample; the others keep the times that were written.
+VideoFile filmOf(const Kind& kind, const std::filesystem::path& path) {
+    makeClip(recipeOf(kind, path));
+    return VideoFile(path);
+}
+
+// When a frame of it is shown.
 double secondsOf(const Kind& kind, std::size_t frame) {
     return double(kind.times[frame]) * kind.tick.num / kind.tick.den;
 }
@@ -87,9 +92,7 @@ double secondsOf(const Kind& kind, std::size_t frame) {
 TEST_F(VideoFileTest, GivesEveryFrameAtItsTime) {
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.file);
-        const auto path = folder_ / kind.file;
-        makeClip(recipeOf(kind, path));
-        VideoFile film(path);
+        VideoFile film = filmOf(kind, folder_ / kind.file);
         for (const Pace pace : {Pace::steady, Pace::onDemand}) {
             const auto frames = film.framesFrom(0, endless, pace);
             for (std::size_t i = 0; i < kind.times.size(); ++i) {
@@ -111,9 +114,7 @@ TEST_F(VideoFileTest, GivesEveryFrameAtItsTime) {
 TEST_F(VideoFileTest, StartsWithTheFrameThatIsShownThen) {
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.file);
-        const auto path = folder_ / kind.file;
-        makeClip(recipeOf(kind, path));
-        VideoFile film(path);
+        VideoFile film = filmOf(kind, folder_ / kind.file);
         for (std::size_t i = 0; i < kind.times.size(); i += 3) {
             const double own = secondsOf(kind, i);
             const double next = i + 1 < kind.times.size() ? secondsOf(kind, i + 1) : own + 0.1;
@@ -138,9 +139,7 @@ TEST_F(VideoFileTest, EndsBeforeTheEndOfTheRange) {
 TEST_F(VideoFileTest, ReachesSyncFramesInAnyOrder) {
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.file);
-        const auto path = folder_ / kind.file;
-        makeClip(recipeOf(kind, path));
-        VideoFile film(path);
+        VideoFile film = filmOf(kind, folder_ / kind.file);
         const auto samples = film.samples();
         const auto access = film.randomAccess();
         for (std::size_t n = 0; n < samples.size(); ++n) {
