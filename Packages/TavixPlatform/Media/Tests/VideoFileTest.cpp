@@ -332,7 +332,7 @@ TEST_F(VideoFileTest, PremultipliesAlpha) {
     }
 }
 
-// Damage may cost pictures, but neither the program nor the same result twice.
+// Damage may cost pictures, but not the program, and time goes on.
 TEST_F(VideoFileTest, SurvivesDamage) {
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.file);
@@ -353,7 +353,9 @@ TEST_F(VideoFileTest, SurvivesDamage) {
         };
         for (std::size_t at = bytes.size() / 3; at < bytes.size() * 2 / 3; at += 97)
             bytes[at] = char(bytes[at] ^ 0x55);
-        EXPECT_EQ(numbers(), numbers());
+        const auto seen = numbers();
+        EXPECT_LE(seen.size(), kind.times.size());
+        for (std::size_t i = 1; i < seen.size(); ++i) EXPECT_GT(seen[i].first, seen[i - 1].first);
         bytes.resize(bytes.size() / 2);
         EXPECT_LE(numbers().size(), kind.times.size());
     }
