@@ -47,7 +47,8 @@ private:
 
     std::optional<Decoded> nextDecoded() {
         if (!isAtStart_) findStart();
-        if (following_) return std::exchange(following_, std::nullopt);
+        const auto first = std::exchange(following_, std::nullopt);
+        if (first && !(lastGivenSec_ && first->ptsSec <= *lastGivenSec_)) return first;
         for (;;) {
             auto decoded = std::exchange(afterFollowing_, std::nullopt);
             if (!decoded) decoded = track_->next();
