@@ -1,5 +1,6 @@
 # Who may use whom. A dependency outside this table stops the configure step; an include outside it does not
 # compile, because each library is seen only through an include folder of its own.
+set(TAVIX_testsupport_MAY_USE)
 set(TAVIX_core_MAY_USE)
 set(TAVIX_imaging_MAY_USE)
 set(TAVIX_system_MAY_USE)
@@ -61,9 +62,7 @@ function(tavix_test name)
     add_executable(tavix_${name}_tests ${ARG_SOURCES})
     list(TRANSFORM ARG_USES PREPEND tavix_)
     target_link_libraries(tavix_${name}_tests PRIVATE
-        tavix_flags ${ARG_USES} ${ARG_EXTERNAL} GTest::gmock GTest::gtest_main)
-    target_compile_definitions(tavix_${name}_tests PRIVATE
-        TAVIX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TAVIX_TEST_DATA_DIR="${CMAKE_CURRENT_SOURCE_DIR}/Tests/Data")
+        tavix_flags ${ARG_USES} tavix_testsupport ${ARG_EXTERNAL} GTest::gmock GTest::gtest_main)
     gtest_discover_tests(tavix_${name}_tests DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
 endfunction()
 

@@ -1,5 +1,6 @@
 #include "Engine/Tests/EngineTest.h"
 #include "TavixPlatform/Media/StillImages.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +13,7 @@ using ::testing::Not;
 
 TEST_F(EngineTest, ResolvingTwiceIsResolvingOnce) {
     const Outcome once =
-        tavix({"resolve", std::string(TAVIX_SOURCE_DIR) + "/Examples/first-light.tavixcomp"});
+        tavix({"resolve", testsupport::inSourceTree("Examples/first-light.tavixcomp").string()});
     ASSERT_EQ(once.status, 0) << once.err;
     write("once.json", once.out);
     EXPECT_EQ(tavix({"resolve", "once.json"}).out, once.out);
@@ -29,7 +30,7 @@ TEST_F(EngineTest, NewDocumentsRender) {
 }
 
 TEST_F(EngineTest, TheExampleOfTheReadMeRenders) {
-    const std::string page = readBytes(std::string(TAVIX_SOURCE_DIR) + "/README.md");
+    const std::string page = readBytes(testsupport::inSourceTree("README.md"));
     const std::size_t begin = page.find("```json\n") + 8;
     write("sunrise.json", page.substr(begin, page.find("```", begin) - begin));
     const Json sheet = json({"sheet", "sunrise.json", "--json"});
@@ -38,7 +39,7 @@ TEST_F(EngineTest, TheExampleOfTheReadMeRenders) {
 }
 
 TEST_F(EngineTest, TheExampleOfMovingTextIsSoundAndShowsEveryPreset) {
-    const std::string example = std::string(TAVIX_SOURCE_DIR) + "/Examples/kinetic-type.tavixcomp";
+    const std::string example = testsupport::inSourceTree("Examples/kinetic-type.tavixcomp").string();
     EXPECT_EQ(tavix({"lint", example}).status, 0);
     const std::string document = readBytes(example + "/composition.json");
     const Json presets = json({"presets", "kinetic", "--json"});
@@ -55,7 +56,7 @@ TEST_F(EngineTest, EverySchemaIsJsonAndNamesItsType) {
 }
 
 TEST_F(EngineTest, TheCommittedReferenceIsCurrent) {
-    const std::string page = readBytes(std::string(TAVIX_SOURCE_DIR) + "/docs/document-reference.md");
+    const std::string page = readBytes(testsupport::inSourceTree("docs/document-reference.md"));
     EXPECT_EQ(tavix({"schema", "--markdown"}).out, page)
         << "make it anew: tavix schema --markdown > docs/document-reference.md";
 }
@@ -94,7 +95,7 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
 }
 
 TEST_F(EngineTest, ResolvesNamesOfDeviceAnimations) {
-    const std::string wall = std::string(TAVIX_SOURCE_DIR) + "/Examples/motion-wall.tavixcomp";
+    const std::string wall = testsupport::inSourceTree("Examples/motion-wall.tavixcomp").string();
     const Outcome resolved = tavix({"resolve", wall});
     EXPECT_EQ(resolved.status, 0);
     EXPECT_THAT(resolved.out, Not(HasSubstr("Preset")));

@@ -5,7 +5,7 @@
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/Json.h"
 #include "TavixCore/Support/JsonParser.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -54,7 +54,7 @@ protected:
     const std::filesystem::path& folder() const { return folder_.path(); }
 
 private:
-    TemporaryFolder folder_;
+    testsupport::TemporaryFolder folder_;
 };
 
 }   // namespace tavix::engine::testing

@@ -1,4 +1,5 @@
 #include "Engine/Tests/EngineTest.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -47,12 +48,12 @@ TEST_F(LintVerb, WhatCannotBeReadIsAFindingToo) {
 }
 
 TEST_F(LintVerb, OurOwnDocumentsHaveNoErrors) {
-    const std::string page = readBytes(std::string(TAVIX_SOURCE_DIR) + "/README.md");
+    const std::string page = readBytes(testsupport::inSourceTree("README.md"));
     const std::size_t begin = page.find("```json\n") + 8;
     write("sunrise.json", page.substr(begin, page.find("```", begin) - begin));
     tavix({"new", "hello.tavixcomp"});
     std::vector<std::string> documents{"sunrise.json", "hello.tavixcomp"};
-    for (const auto& example : std::filesystem::directory_iterator(TAVIX_SOURCE_DIR "/Examples"))
+    for (const auto& example : std::filesystem::directory_iterator(testsupport::inSourceTree("Examples")))
         documents.push_back(example.path().string());
     for (const std::string& document : documents) {
         const Outcome outcome = tavix({"lint", document});

@@ -1,5 +1,6 @@
 #include "Engine/Tests/EngineTest.h"
 #include "TavixPlatform/Media/AudioReader.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -96,7 +97,7 @@ TEST_F(EngineTest, NamesAStillByTheFilmOrByTheScene) {
 
 // Scenes of several phones, a clip in one that moves, and a screen that has gone dark.
 TEST_F(EngineTest, RendersTheTourOfPhones) {
-    const std::string tour = std::string(TAVIX_SOURCE_DIR) + "/Examples/phone-tour.tavixcomp";
+    const std::string tour = testsupport::inSourceTree("Examples/phone-tour.tavixcomp").string();
     std::vector<std::string> pictures;
     for (const char* atSec : {"1.4", "7.6", "11.2", "15.6"}) {
         const std::string name = std::string("at-") + atSec + ".png";

@@ -4,7 +4,7 @@
 #include "TavixCore/Project/CompositionProjectService.h"
 #include "TavixCore/Project/FileOperations.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -96,7 +96,7 @@ protected:
     fs::path bundle() const { return root() / "film.tavixcomp"; }
 
     void reset() {
-        folder_ = std::make_unique<TemporaryFolder>();
+        folder_ = std::make_unique<testsupport::TemporaryFolder>();
         for (const std::string from : {"old", "new"}) {
             fs::create_directories(root() / from / "b");
             for (const char* name : {"a.png", "b/a.png", "rec.mov", "rec.timeline.json"})
@@ -145,7 +145,7 @@ protected:
     }
 
 private:
-    std::unique_ptr<TemporaryFolder> folder_;
+    std::unique_ptr<testsupport::TemporaryFolder> folder_;
 };
 
 TEST_P(BundleFaults, APackIsWholeOrHasNotHappened) {

@@ -1,7 +1,7 @@
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -64,7 +64,7 @@ protected:
     }
 
 private:
-    TemporaryFolder folder_;
+    testsupport::TemporaryFolder folder_;
 };
 
 TEST_F(BundlePack, NamesFilesInTheOrderOfTheDocument) {

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/SchemaDocument.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -204,7 +204,7 @@ TEST(CompositionMarks, ResolvingTwiceChangesNothing) {
 }
 
 TEST(CompositionMarks, ReadTheSidecarBesideTheClip) {
-    const TemporaryFolder folder;
+    const testsupport::TemporaryFolder folder;
     const CompositionSpec spec = sceneOf(phone + R"(, {"kind": "text", "fromMark": "Open"})");
     const fs::path sidecar = folder.path() / "rec.timeline.json";
     writeFile(recording, sidecar);

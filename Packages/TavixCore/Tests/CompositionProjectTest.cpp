@@ -1,7 +1,7 @@
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ protected:
     }
 
 private:
-    TemporaryFolder folder_;
+    testsupport::TemporaryFolder folder_;
 };
 
 TEST_F(CompositionProject, LoadsABundle) {

@@ -1,7 +1,7 @@
 #include "TavixCore/Support/FileBytes.h"
 
 #include "TavixCore/Support/Failure.h"
-#include "TavixCore/Tests/TemporaryFolder.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ std::size_t countOf(const fs::path& folder) {
 }
 
 TEST(FileBytes, ReadsBackWhatItWrote) {
-    const TemporaryFolder folder;
+    const testsupport::TemporaryFolder folder;
     const fs::path file = folder.path() / "a.json";
     for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{3'000'000}}) {
         const std::string bytes(size, '\xFE');
@@ -30,7 +30,7 @@ TEST(FileBytes, ReadsBackWhatItWrote) {
 }
 
 TEST(FileBytes, LeavesTheOldFileWhenWritingFails) {
-    const TemporaryFolder folder;
+    const testsupport::TemporaryFolder folder;
     const fs::path taken = folder.path() / "folder";   // a folder cannot be replaced by a file
     fs::create_directory(taken);
     writeBytesAtomically("old", taken / "inside");
@@ -40,7 +40,7 @@ TEST(FileBytes, LeavesTheOldFileWhenWritingFails) {
 }
 
 TEST(FileBytes, SaysWhichFileAndWhy) {
-    const TemporaryFolder folder;
+    const testsupport::TemporaryFolder folder;
     const std::string missing = (folder.path() / "no" / "such.json").string();
     const auto failureOf = [](auto action) -> std::string {
         try {
@@ -61,7 +61,7 @@ TEST(FileBytes, SaysWhichFileAndWhy) {
 }
 
 TEST(FileBytes, KeepsPermissionsAndLinks) {
-    const TemporaryFolder folder;
+    const testsupport::TemporaryFolder folder;
     const fs::path file = folder.path() / "real.json", link = folder.path() / "link.json";
     writeBytesAtomically("old", file);
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);

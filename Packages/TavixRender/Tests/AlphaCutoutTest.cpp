@@ -87,7 +87,7 @@ TEST(AlphaCutout, FindsNothingInAnOpenFrame) {
 }
 
 TEST(AlphaCutout, SaysWhatIsWrongWithAFile) {
-    const testing::ScratchFolder folder;
+    const testing::TemporaryFolder folder;
     const auto sentenceOf = [&](const std::string& name) -> std::string {
         try {
             DeviceFrameCutoutService::detect(folder.path() / name);

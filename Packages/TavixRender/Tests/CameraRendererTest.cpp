@@ -139,7 +139,7 @@ protected:
         return Picture(CameraRenderer::resolveBackgroundFill(fill, {0, 0, 40, 20}, images), {40, 20});
     }
 
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
     std::vector<std::string> lines;
 };
 

@@ -61,7 +61,7 @@ protected:
         return config.output;
     }
 
-    ScratchFolder folder;
+    TemporaryFolder folder;
     std::vector<std::string> lines;
     std::vector<double> progress;
     bool isHeard = false;

@@ -3,6 +3,7 @@
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/KineticText/CaptionFontFile.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -13,8 +14,7 @@ namespace tavix {
 namespace {
 
 // Fonts of our own, whose names no machine has.
-const std::filesystem::path fontFolder =
-    std::filesystem::path(TAVIX_SOURCE_DIR) / "Packages/TavixPlatform/Text/Tests/Data";
+const std::filesystem::path fontFolder = testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data");
 constexpr const char* fileName = "TavixSwash-Regular.ttf";
 
 TEST(CompositionFontResolver, FindsFilesShortNamesAndNamesInThisOrder) {

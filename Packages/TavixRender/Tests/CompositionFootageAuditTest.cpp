@@ -89,7 +89,7 @@ TEST(CompositionFootageAudit, OpensEachFilmOnceAndPassesOverThoseItCannotRead) {
 }
 
 TEST(CompositionFootageAudit, KnowsTheLengthOfFilms) {
-    const testing::ScratchFolder folder;
+    const testing::TemporaryFolder folder;
     for (const char* name : {"a.mp4", "a.mkv", "a.ts"}) {
         const auto path = folder.path() / name;
         media::tests::makeClip({.path = path, .times = media::tests::evenTimes(45)});

@@ -55,7 +55,7 @@ protected:
             [this](double fraction) { progress.push_back(fraction); }, std::move(stop));
     }
 
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
     std::vector<std::string> lines;
     std::vector<double> progress;
 };

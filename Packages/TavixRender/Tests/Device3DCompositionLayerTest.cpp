@@ -46,7 +46,7 @@ protected:
     }
     Picture drawn(double sec = 0) { return Picture(resolved().frameOnMain(sec), canvas); }
 
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
     DeviceContent device;
     imaging::Evaluator evaluator;
     std::vector<std::string> log;

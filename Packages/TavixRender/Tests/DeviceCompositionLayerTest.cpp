@@ -78,7 +78,7 @@ protected:
         return Picture(resolved.frame(atSec), canvas);
     }
 
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
     DeviceContent device;
     std::vector<std::string> log;
 };

@@ -41,7 +41,7 @@ private:
 };
 
 TEST(DeviceModelLoader, GivesNothingWithoutAFileAndFailsAtABrokenOne) {
-    const testing::ScratchFolder folder;
+    const testing::TemporaryFolder folder;
     const NamedResources resources(folder.path());
     EXPECT_FALSE(DeviceModelLoader::modelURL());
     EXPECT_FALSE(DeviceModelLoader::freshModelInstance());

@@ -4,6 +4,7 @@
 #include "TavixCore/Support/Document.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,7 @@ struct GoldenFrame {
     std::string name() const { return document + "-" + seconds + ".png"; }
 };
 
-fs::path goldenFolder() { return fs::path(TAVIX_TEST_DATA_DIR) / "Golden"; }
+fs::path goldenFolder() { return testsupport::inSourceTree("Packages/TavixRender/Tests/Data/Golden"); }
 
 std::vector<GoldenFrame> goldenFrames() {
     std::vector<GoldenFrame> frames;

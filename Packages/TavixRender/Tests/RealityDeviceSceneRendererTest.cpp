@@ -248,7 +248,7 @@ protected:
         std::ofstream(folder.path() / "models" / "device-phone.glb", std::ios::binary) << model;
         setenv("TAVIX_RESOURCES", folder.path().c_str(), 1);
     }
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
 };
 
 TEST_F(DeviceModels, ThatAreBrokenShowTheBackdropAndSaySoOnce) {

@@ -133,15 +133,4 @@ std::string triangleModel(const std::string& materialName) {
     return file.append(reinterpret_cast<const char*>(corners), sizeof corners);
 }
 
-ScratchFolder::ScratchFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "tavix-render-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("No scratch folder could be made.");
-    path_ = name;
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 }   // namespace tavix::testing

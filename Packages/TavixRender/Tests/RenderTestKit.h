@@ -4,6 +4,7 @@
 #include "TavixCore/Composition/CompositionSpec.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -54,16 +55,6 @@ CompositionSpec specOf(imaging::Size size, int fps, std::vector<CompositionScene
 std::string triangleModel(const std::string& materialName);
 
 // A folder of its own that is removed with its content.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
+using testsupport::TemporaryFolder;
 
 }   // namespace tavix::testing

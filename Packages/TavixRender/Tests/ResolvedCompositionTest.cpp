@@ -236,7 +236,7 @@ protected:
         spec.assetRoot = folder.path().string();
         return spec;
     }
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
 };
 
 TEST_F(WithPicture, PlacesAnImageAtItsOwnSizeOrAsAFractionOfTheHeight) {

@@ -22,7 +22,7 @@ protected:
     long fileCount() const {
         return std::distance(std::filesystem::recursive_directory_iterator(folder.path()), {});
     }
-    testing::ScratchFolder folder;
+    testing::TemporaryFolder folder;
     const std::filesystem::path target = folder.path() / "movie.mp4";
 };
 

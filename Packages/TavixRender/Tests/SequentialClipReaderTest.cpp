@@ -279,7 +279,7 @@ TEST_F(SequentialClipReaderTest, NamesAFilmThatCannotBeReadOnce) {
 
 // The law of the reader, over real films and any order of requests: the frame whose time covers the request.
 TEST(SequentialClipReaderOfFilms, GivesTheFrameThatCoversTheTime) {
-    const testing::ScratchFolder folder;
+    const testing::TemporaryFolder folder;
     std::vector<std::int64_t> uneven{0};
     for (int i = 1; i < 90; ++i) uneven.push_back(uneven.back() + (i * i) % 37 + 4);
     const struct {

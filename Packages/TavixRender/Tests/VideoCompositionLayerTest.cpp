@@ -49,7 +49,7 @@ protected:
         return numbers;
     }
 
-    testing::ScratchFolder folder_;
+    testing::TemporaryFolder folder_;
 };
 
 TEST_F(VideoCompositionLayerTest, ExportsTheSourceFrameThatCoversEachTime) {

@@ -1,6 +1,7 @@
 #include "Backgrounds/JpegFile.h"
 #include "Backgrounds/Painter.h"
 #include "Backgrounds/Recipes.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gtest/gtest.h>
 
@@ -161,7 +162,7 @@ TEST(Backgrounds, AreFoundByName) {
 }
 
 TEST(Backgrounds, AreAllPaintedByTheBuild) {
-    std::ifstream file(TAVIX_SOURCE_DIR "/Resources/Backgrounds/CMakeLists.txt");
+    std::ifstream file(testsupport::inSourceTree("Resources/Backgrounds/CMakeLists.txt"));
     const std::string script{std::istreambuf_iterator<char>(file), {}};
     for (const Recipe& recipe : recipes()) EXPECT_NE(script.find(recipe.resourceName), std::string::npos);
 }

@@ -2,6 +2,7 @@
 #include "TavixPlatform/Scene3D/SceneError.h"
 #include "TavixPlatform/Scene3D/Tests/Frames.h"
 #include "TavixPlatform/Scene3D/Tests/SampleScenes.h"
+#include "TestSupport/SourceTree.h"
 
 #include <algorithm>
 #include <atomic>
@@ -181,7 +182,9 @@ TEST(Renderer, LooksAsItDid) {
     Renderer renderer;
     for (const int yawDeg : {-30, 90, 200}) {
         const Picture picture = linear(renderer, turned(yawDeg).scene, smallPass);
-        const std::string path = TAVIX_TEST_DATA_DIR "/device-" + std::to_string(yawDeg) + ".txt";
+        const std::string path = testsupport::inSourceTree(
+            "Packages/TavixPlatform/Scene3D/Tests/Data/device-" + std::to_string(yawDeg) + ".txt")
+                                     .string();
         std::vector<float> means;
         for (int by = 0; by < 192 / 12; ++by)
             for (int bx = 0; bx < 108 / 12; ++bx)

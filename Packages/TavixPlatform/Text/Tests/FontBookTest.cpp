@@ -2,6 +2,7 @@
 
 #include "TavixPlatform/Text/FontStandIns.h"
 #include "TavixPlatform/Text/Tests/TextTestKit.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +13,7 @@
 namespace tavix::text {
 namespace {
 
-const std::filesystem::path dataFolder = TAVIX_TEST_DATA_DIR;
+const std::filesystem::path dataFolder = testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data");
 const std::filesystem::path barsFile = dataFolder / "TavixBars-Variable.ttf";
 
 FontBook& book() { return FontBook::ofThisMachine(); }

@@ -1,6 +1,7 @@
 #include "TavixPlatform/Text/LineDrawing.h"
 
 #include "TavixPlatform/Text/Tests/TextTestKit.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -74,7 +75,7 @@ TEST_P(DrawnAlone, AllInkLiesWithinTheInkRegion) {
 
 TEST(LineDrawing, NoInkIsCutThatReachesOverANeighbour) {
     FontBook book;
-    book.addFile(std::filesystem::path(TAVIX_TEST_DATA_DIR) / "TavixSwash-Regular.ttf");
+    book.addFile(testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data/TavixSwash-Regular.ttf"));
     const TypesetLine line = wrappedLines({"ab ab", book.named("Tavix Swash", 100).font}, 1000).front();
     // A bar is 120 wide and 30 high, though its advance is 60; the two of a word lie at different heights.
     for (const TextRange& range : {TextRange{0, 2}, TextRange{3, 5}, TextRange{1, 2}}) {
