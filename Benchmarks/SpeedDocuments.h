@@ -1,7 +1,7 @@
 // The documents that speed is measured on: the same scenes at any size and rate.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <string_view>
 #include <vector>

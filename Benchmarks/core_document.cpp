@@ -1,5 +1,5 @@
 // Reading and writing a composition of one megabyte, which must take much less than a frame (16 ms).
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
 // Judging a long composition, which happens after every edit and must take less than a frame (16 ms).
-#include "TavixCore/Composition/CompositionLint.h"
+#include "TavixCore/Judge/CompositionLint.h"
 
 #include <benchmark/benchmark.h>
 

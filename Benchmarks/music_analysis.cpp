@@ -1,5 +1,5 @@
 // Listening to music, as minutes of it a second.
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 #include "TavixRender/MusicAnalysis/MusicAnalyzer.h"
 
 #include <benchmark/benchmark.h>

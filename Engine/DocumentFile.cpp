@@ -1,11 +1,11 @@
 #include "Engine/DocumentFile.h"
 
 #include "Engine/Errors.h"
-#include "TavixCore/Composition/CompositionTimeline.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // A document named on the command line.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <filesystem>
 #include <string>

@@ -3,7 +3,7 @@
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Composition/CompositionRoad.h"
+#include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
 
 #include <algorithm>

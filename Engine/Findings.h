@@ -1,7 +1,7 @@
 // What the judge of documents says, for people and for machines.
 #pragma once
 
-#include "TavixCore/Composition/CompositionFinding.h"
+#include "TavixCore/Findings/CompositionFinding.h"
 #include "TavixCore/Support/Json.h"
 
 #include <span>

@@ -1,7 +1,7 @@
 // Any bytes are a composition or a failure with a sentence; and what could be read can be written and read
 // again, and is then the same. It can also be resolved and judged, and every finding says something.
-#include "TavixCore/Composition/CompositionRoad.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Support/Document.h"
 
 #include <cstddef>

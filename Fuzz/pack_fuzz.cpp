@@ -1,5 +1,5 @@
 // Any document packs into a bundle that opens, or is refused with a sentence and leaves the bundle before it.
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Support/Failure.h"

@@ -39,6 +39,31 @@ function(tavix_library name)
     target_link_libraries(tavix_${name} PUBLIC ${ARG_USES})
 endfunction()
 
+# tavix_floors(name folders...): the folders of a library, from the ground up. A folder that is not named, or a file that
+# includes one of a higher floor, stops the configure step, so folders never form a circle.
+function(tavix_floors name)
+    file(RELATIVE_PATH place ${CMAKE_SOURCE_DIR}/Packages ${CMAKE_CURRENT_SOURCE_DIR})
+    file(GLOB_RECURSE files RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h *.cpp)
+    foreach(file IN LISTS files)
+        string(REGEX MATCH "^[^/]+" floor ${file})
+        if(floor STREQUAL "Tests" OR floor STREQUAL file)
+            continue()
+        endif()
+        list(FIND ARGN ${floor} height)
+        if(height EQUAL -1)
+            message(FATAL_ERROR "${place}/${file} is on no floor of ${name}; see tavix_floors in ${place}/CMakeLists.txt.")
+        endif()
+        file(STRINGS ${file} includes REGEX "^#include \"${place}/")
+        foreach(include IN LISTS includes)
+            string(REGEX REPLACE "^#include \"${place}/([^/]+)/.*" "\\1" used "${include}")
+            list(FIND ARGN ${used} depth)
+            if(depth GREATER height)
+                message(FATAL_ERROR "${place}/${file} includes ${used}, which lies above ${floor}.")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
+
 # tavix_kernels(sources...): files of Highway kernels, of the library of this folder. Every x86-64 processor since 2006
 # has SSSE3, the baseline here; beyond it the best of three sets is picked at run time. Sanitized, one instruction set
 # is enough, and quick to compile.

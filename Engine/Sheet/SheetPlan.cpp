@@ -1,6 +1,6 @@
 #include "Engine/Sheet/SheetPlan.h"
 
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Which moments of a film a contact sheet shows.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "Engine/Tests/EngineTest.h"
 
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gmock/gmock.h>
 

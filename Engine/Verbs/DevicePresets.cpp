@@ -3,11 +3,11 @@
 #include "Engine/Errors.h"
 #include "Engine/NearestWord.h"
 #include "Engine/Verbs/PlayArguments.h"
-#include "TavixCore/Choreography/DeviceCatalog.h"
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
-#include "TavixCore/Choreography/DeviceMockup.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
+#include "TavixCore/Device/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceMockup.h"
 #include "TavixCore/Support/Document.h"
 
 namespace tavix::engine {

@@ -3,7 +3,7 @@
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
 #include "Engine/NearestWord.h"
-#include "TavixCore/Choreography/DeviceMotionRef.h"
+#include "TavixCore/Device/DeviceMotionRef.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixCore/Support/TextTrimming.h"
 

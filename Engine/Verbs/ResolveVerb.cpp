@@ -5,7 +5,7 @@
 #include "Engine/Errors.h"
 #include "Engine/Findings.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Composition/CompositionRoad.h"
+#include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Support/Document.h"
 
 namespace tavix::engine {

@@ -9,7 +9,7 @@
 #include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"

@@ -8,7 +8,7 @@
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 

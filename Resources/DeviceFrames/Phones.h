@@ -3,7 +3,7 @@
 
 #include "DeviceFrames/Vector.h"
 
-#include "TavixCore/Choreography/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceCatalog.h"
 
 #include <span>
 #include <string>

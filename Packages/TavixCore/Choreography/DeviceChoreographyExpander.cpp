@@ -1,7 +1,7 @@
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 
 #include "TavixCore/Choreography/Formations.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <algorithm>
 #include <iterator>

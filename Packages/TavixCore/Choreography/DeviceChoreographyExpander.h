@@ -1,9 +1,9 @@
 // Turns the name of a formation into its layers.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceChoreographyRef.h"
-#include "TavixCore/Composition/CompositionLayer.h"
-#include "TavixCore/Composition/CompositionOutput.h"
+#include "TavixCore/Device/DeviceChoreographyRef.h"
+#include "TavixCore/Document/CompositionLayer.h"
+#include "TavixCore/Document/CompositionOutput.h"
 
 #include <optional>
 #include <vector>

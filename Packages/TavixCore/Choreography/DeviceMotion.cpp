@@ -1,6 +1,6 @@
 #include "TavixCore/Choreography/DeviceMotion.h"
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/FieldTables.h"
 
 #include <algorithm>

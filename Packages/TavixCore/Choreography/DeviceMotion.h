@@ -1,10 +1,10 @@
 // All that the picture of one device layer needs to move: what a named motion is expanded to.
 #pragma once
 
-#include "TavixCore/Choreography/DevicePlacement.h"
-#include "TavixCore/Choreography/DeviceScene.h"
-#include "TavixCore/Composition/CompositionOutput.h"
-#include "TavixCore/Composition/PropertyTrack.h"
+#include "TavixCore/Animation/PropertyTrack.h"
+#include "TavixCore/Device/DevicePlacement.h"
+#include "TavixCore/Device/DeviceScene.h"
+#include "TavixCore/Document/CompositionOutput.h"
 #include "TavixCore/Typography/KineticStyle.h"
 
 #include <cstddef>

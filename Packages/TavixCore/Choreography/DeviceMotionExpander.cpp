@@ -2,7 +2,7 @@
 
 #include "TavixCore/Choreography/DeviceMotionRecipes.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <variant>
 

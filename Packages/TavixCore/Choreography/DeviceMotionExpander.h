@@ -2,7 +2,7 @@
 #pragma once
 
 #include "TavixCore/Choreography/DeviceMotion.h"
-#include "TavixCore/Choreography/DeviceMotionRef.h"
+#include "TavixCore/Device/DeviceMotionRef.h"
 
 namespace tavix::DeviceMotionExpander {
 

@@ -1,6 +1,6 @@
 #include "TavixCore/Choreography/DeviceMotionRecipes.h"
 
-#include "TavixCore/Choreography/ChoreographyAuthor.h"
+#include "TavixCore/Device/ChoreographyAuthor.h"
 #include "TavixCore/Support/Names.h"
 
 #include <algorithm>

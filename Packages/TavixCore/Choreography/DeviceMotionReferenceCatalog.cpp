@@ -1,7 +1,7 @@
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
 
-#include "TavixCore/Choreography/DeviceMotionRows.h"
 #include "TavixCore/Choreography/MotionScript.h"
+#include "TavixCore/Device/DeviceMotionRows.h"
 
 #include <algorithm>
 #include <array>

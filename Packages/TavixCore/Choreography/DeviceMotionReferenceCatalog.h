@@ -2,9 +2,9 @@
 #pragma once
 
 #include "TavixCore/Choreography/DeviceMotion.h"
-#include "TavixCore/Choreography/DeviceMotionFrame.h"
-#include "TavixCore/Choreography/DeviceMotionMetadata.h"
-#include "TavixCore/Choreography/DeviceMotionRef.h"
+#include "TavixCore/Device/DeviceMotionFrame.h"
+#include "TavixCore/Device/DeviceMotionMetadata.h"
+#include "TavixCore/Device/DeviceMotionRef.h"
 
 #include <span>
 #include <string>

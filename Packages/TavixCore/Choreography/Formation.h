@@ -2,8 +2,8 @@
 #pragma once
 
 #include "TavixCore/Choreography/MotionScript.h"
-#include "TavixCore/Composition/CompositionLayer.h"
-#include "TavixCore/Composition/CompositionOutput.h"
+#include "TavixCore/Document/CompositionLayer.h"
+#include "TavixCore/Document/CompositionOutput.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 // The nine formations: for each, the layer of one device by its index.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceChoreographyRef.h"
 #include "TavixCore/Choreography/Formation.h"
+#include "TavixCore/Device/DeviceChoreographyRef.h"
 
 namespace tavix::Formations {
 

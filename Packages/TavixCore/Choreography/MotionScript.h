@@ -2,7 +2,7 @@
 // length stretches every time.
 #pragma once
 
-#include "TavixCore/Choreography/ChannelTrajectory.h"
+#include "TavixCore/Animation/ChannelTrajectory.h"
 #include "TavixCore/Choreography/DeviceMotion.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 // Ready clips of a device in space, to be spliced onto a reel.
 #pragma once
 
-#include "TavixCore/Choreography/ChannelTrajectory.h"
-#include "TavixCore/Choreography/DeviceKeyframes.h"
-#include "TavixCore/Choreography/DevicePlacement.h"
+#include "TavixCore/Animation/ChannelTrajectory.h"
+#include "TavixCore/Device/DeviceKeyframes.h"
+#include "TavixCore/Device/DevicePlacement.h"
 
 #include <map>
 #include <string>

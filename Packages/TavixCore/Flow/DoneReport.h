@@ -2,9 +2,9 @@
 // are in points of its screen.
 #pragma once
 
-#include "TavixCore/Geometry/LogicalRect.h"
-#include "TavixCore/Geometry/LogicalSize.h"
 #include "TavixCore/Support/Tables.h"
+#include "TavixCore/Values/LogicalRect.h"
+#include "TavixCore/Values/LogicalSize.h"
 
 #include <cstdint>
 #include <optional>

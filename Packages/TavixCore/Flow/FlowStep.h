@@ -1,8 +1,8 @@
 // One step of a scripted flow: an interaction with a target, and what the reel makes of it.
 #pragma once
 
-#include "TavixCore/Composition/TransitionStyle.h"
-#include "TavixCore/Composition/TransitionTimingSpec.h"
+#include "TavixCore/Document/TransitionStyle.h"
+#include "TavixCore/Document/TransitionTimingSpec.h"
 #include "TavixCore/Flow/FlowTypography.h"
 #include "TavixCore/Support/Json.h"
 #include "TavixCore/Support/Tables.h"

@@ -1,7 +1,7 @@
 // A picture scaled and then moved: x' = scale x + translateX, and so for y.
 #pragma once
 
-#include "TavixCore/Geometry/PixelPoint.h"
+#include "TavixCore/Values/PixelPoint.h"
 
 namespace tavix {
 

@@ -1,8 +1,8 @@
 // Where a device frame stands in its canvas, and where beside it there is room for a text.
 #pragma once
 
-#include "TavixCore/Geometry/NormalizedPoint.h"
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Values/NormalizedPoint.h"
+#include "TavixCore/Values/PixelRect.h"
 
 #include <string>
 #include <string_view>

@@ -2,9 +2,9 @@
 // other way round its axis than the two others, so that a positive yaw shows the device's left side.
 #pragma once
 
-#include "TavixCore/Geometry/PixelPoint.h"
-#include "TavixCore/Geometry/Quaternion.h"
-#include "TavixCore/Geometry/Vector3.h"
+#include "TavixCore/Values/PixelPoint.h"
+#include "TavixCore/Values/Quaternion.h"
+#include "TavixCore/Values/Vector3.h"
 
 namespace tavix::DeviceGizmoMath {
 

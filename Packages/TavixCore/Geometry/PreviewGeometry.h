@@ -1,7 +1,7 @@
 // A canvas shown in a view.
 #pragma once
 
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Values/PixelRect.h"
 
 namespace tavix::PreviewGeometry {
 

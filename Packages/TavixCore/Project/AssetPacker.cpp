@@ -1,8 +1,8 @@
 #include "TavixCore/Project/AssetPacker.h"
 
-#include "TavixCore/Composition/CompositionMarks.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Support/Failure.h"
+#include "TavixCore/Time/CompositionMarks.h"
 
 #include <system_error>
 #include <utility>

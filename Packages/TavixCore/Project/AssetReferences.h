@@ -1,7 +1,7 @@
 // Where a composition refers to files.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 namespace tavix {
 

@@ -1,7 +1,7 @@
 // A composition on disk: a folder with the document and the files that it uses.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <filesystem>
 #include <optional>

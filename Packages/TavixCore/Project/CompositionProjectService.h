@@ -1,7 +1,7 @@
 // Where a composition enters the system.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 #include "TavixCore/Project/DocumentSchemas.h"
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 
 #include <array>

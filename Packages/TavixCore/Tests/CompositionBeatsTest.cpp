@@ -1,9 +1,9 @@
-#include "TavixCore/Composition/CompositionBeats.h"
+#include "TavixCore/Time/CompositionBeats.h"
 
-#include "TavixCore/Composition/CompositionTimeline.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Support/SeededRandom.h"
 #include "TavixCore/Tests/SchemaDocument.h"
+#include "TavixCore/Time/CompositionTimeline.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 

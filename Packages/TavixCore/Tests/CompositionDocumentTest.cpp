@@ -1,5 +1,5 @@
-#include "TavixCore/Composition/Background.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/Background.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 #include "TestSupport/SourceTree.h"
 

@@ -1,5 +1,5 @@
 // Every rule of lint: a document that breaks it, with the whole finding, and one at its limit that does not.
-#include "TavixCore/Composition/CompositionLint.h"
+#include "TavixCore/Judge/CompositionLint.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
-#include "TavixCore/Composition/CompositionLint.h"
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Findings/LintReport.h"
+#include "TavixCore/Findings/Suggestion.h"
+#include "TavixCore/Judge/CompositionLint.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "TavixCore/Composition/CompositionMarks.h"
+#include "TavixCore/Time/CompositionMarks.h"
 
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/SchemaDocument.h"

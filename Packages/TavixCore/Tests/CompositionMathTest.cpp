@@ -1,4 +1,4 @@
-#include "TavixCore/Composition/CompositionMath.h"
+#include "TavixCore/Animation/CompositionMath.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "TavixCore/Composition/CompositionRoad.h"
+#include "TavixCore/Judge/CompositionRoad.h"
 
-#include "TavixCore/Composition/CompositionBeats.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixCore/Time/CompositionBeats.h"
 
 #include <gtest/gtest.h>
 

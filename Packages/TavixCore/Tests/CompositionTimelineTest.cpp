@@ -1,6 +1,6 @@
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 

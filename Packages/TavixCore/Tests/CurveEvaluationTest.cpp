@@ -1,5 +1,5 @@
-#include "TavixCore/Geometry/CurveEvaluation.h"
-#include "TavixCore/Geometry/Easing.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
+#include "TavixCore/Animation/Easing.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "TavixCore/Choreography/DeviceCatalog.h"
-#include "TavixCore/Choreography/DeviceMockup.h"
+#include "TavixCore/Device/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceMockup.h"
 
 #include <gtest/gtest.h>
 

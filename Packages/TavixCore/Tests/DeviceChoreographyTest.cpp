@@ -1,5 +1,5 @@
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "TavixCore/Choreography/DeviceSceneProjection.h"
-#include "TavixCore/Choreography/PlacementProjection2D.h"
 #include "TavixCore/Choreography/TeaserChoreography.h"
+#include "TavixCore/Device/DeviceSceneProjection.h"
+#include "TavixCore/Device/PlacementProjection2D.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
 #include "TavixCore/Geometry/DeviceGizmoMath.h"
 #include "TavixCore/Geometry/PreviewGeometry.h"
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "TavixCore/Choreography/DeviceContent.h"
+#include "TavixCore/Device/DeviceContent.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "TavixCore/Choreography/ChoreographyAuthor.h"
-#include "TavixCore/Choreography/DeviceDepthTrajectory.h"
-#include "TavixCore/Choreography/DevicePlacementTrajectory.h"
-#include "TavixCore/Choreography/DevicePoseTrajectory.h"
+#include "TavixCore/Device/ChoreographyAuthor.h"
+#include "TavixCore/Device/DeviceDepthTrajectory.h"
+#include "TavixCore/Device/DevicePlacementTrajectory.h"
+#include "TavixCore/Device/DevicePoseTrajectory.h"
 #include "TavixCore/Support/Names.h"
 
 #include <gtest/gtest.h>

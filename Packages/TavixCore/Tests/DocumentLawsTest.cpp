@@ -1,18 +1,18 @@
 // Laws that hold for every record, enumeration and union of the documents, over random documents made from
 // their own schemas.
-#include "TavixCore/Captions/CaptionStyle.h"
-#include "TavixCore/Composition/Background.h"
-#include "TavixCore/Composition/CompositionSpec.h"
-#include "TavixCore/Geometry/Easing.h"
-#include "TavixCore/Geometry/LogicalRect.h"
-#include "TavixCore/Geometry/LogicalSize.h"
-#include "TavixCore/Geometry/NormalizedPoint.h"
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Animation/Easing.h"
+#include "TavixCore/Document/Background.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Project/DocumentSchemas.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/SchemaDocument.h"
 #include "TavixCore/Theme/BrandKit.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixCore/Theme/FontCatalog.h"
+#include "TavixCore/Values/LogicalRect.h"
+#include "TavixCore/Values/LogicalSize.h"
+#include "TavixCore/Values/NormalizedPoint.h"
+#include "TavixCore/Values/PixelRect.h"
 
 #include <gtest/gtest.h>
 

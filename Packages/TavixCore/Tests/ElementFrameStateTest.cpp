@@ -1,7 +1,7 @@
 #include "TavixCore/Typography/ElementFrameState.h"
-#include "TavixCore/Geometry/AffineTransform.h"
-#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Typography/KineticNoise.h"
+#include "TavixCore/Values/AffineTransform.h"
 
 #include <gtest/gtest.h>
 

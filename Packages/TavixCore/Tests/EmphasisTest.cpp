@@ -1,5 +1,5 @@
-#include "TavixCore/Captions/CaptionStyle.h"
 #include "TavixCore/Theme/BrandKit.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixCore/Typography/EmphasisBaking.h"
 #include "TavixCore/Typography/EmphasisRemap.h"
 #include "TavixCore/Typography/EmphasisResolver.h"

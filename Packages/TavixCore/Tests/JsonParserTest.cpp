@@ -2,7 +2,7 @@
 
 #include "TavixCore/Support/DecodingError.h"
 #include "TavixCore/Support/JsonWriter.h"
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/JsonParser.h"
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixCore/Typography/ElementFrameState.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "TavixCore/Support/Json.h"
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
-#include "TavixCore/Composition/ScreenTransition.h"
-#include "TavixCore/Composition/SFXCatalog.h"
-#include "TavixCore/Composition/SoundCue.h"
-#include "TavixCore/Composition/TransitionMath.h"
+#include "TavixCore/Document/ScreenTransition.h"
+#include "TavixCore/Document/SFXCatalog.h"
+#include "TavixCore/Document/SoundCue.h"
+#include "TavixCore/Document/TransitionMath.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "TavixCore/Geometry/SplineMath.h"
+#include "TavixCore/Animation/SplineMath.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

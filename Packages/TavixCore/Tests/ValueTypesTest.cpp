@@ -1,9 +1,9 @@
-#include "TavixCore/Geometry/NormalizedPoint.h"
-#include "TavixCore/Geometry/PixelRect.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Support/FontWeight.h"
-#include "TavixCore/Support/Shadow.h"
-#include "TavixCore/Support/TextShadow.h"
+#include "TavixCore/Values/FontWeight.h"
+#include "TavixCore/Values/NormalizedPoint.h"
+#include "TavixCore/Values/PixelRect.h"
+#include "TavixCore/Values/Shadow.h"
+#include "TavixCore/Values/TextShadow.h"
 
 #include <gtest/gtest.h>
 

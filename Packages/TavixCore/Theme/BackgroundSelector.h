@@ -2,7 +2,7 @@
 // file.
 #pragma once
 
-#include "TavixCore/Composition/BackgroundFill.h"
+#include "TavixCore/Theme/BackgroundFill.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 // The look of an application: its colours and fonts, as they are found in its bundle.
 #pragma once
 
-#include "TavixCore/Support/RGBAColor.h"
+#include "TavixCore/Values/RGBAColor.h"
 
 #include <optional>
 #include <string>

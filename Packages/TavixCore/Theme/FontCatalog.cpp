@@ -1,9 +1,9 @@
 #include "TavixCore/Theme/FontCatalog.h"
 
-#include "TavixCore/Captions/CaptionStyle.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Theme/BrandKit.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // video as "<clip>.timeline.json". Pixels are the video's, origin at the top left; seconds are the video's.
 #pragma once
 
-#include "TavixCore/Geometry/PixelRect.h"
 #include "TavixCore/Support/Tables.h"
+#include "TavixCore/Values/PixelRect.h"
 
 #include <cstdint>
 #include <optional>

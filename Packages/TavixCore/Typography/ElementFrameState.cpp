@@ -1,8 +1,8 @@
 #include "TavixCore/Typography/ElementFrameState.h"
 
-#include "TavixCore/Geometry/Clamp01.h"
-#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Typography/KineticNoise.h"
+#include "TavixCore/Values/Clamp01.h"
 
 #include <algorithm>
 #include <cmath>

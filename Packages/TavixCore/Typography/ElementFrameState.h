@@ -2,9 +2,9 @@
 // pointing up.
 #pragma once
 
-#include "TavixCore/Geometry/AffineTransform.h"
 #include "TavixCore/Typography/ElementSchedule.h"
 #include "TavixCore/Typography/KineticStyle.h"
+#include "TavixCore/Values/AffineTransform.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "TavixCore/Typography/ElementSchedule.h"
 
-#include "TavixCore/Geometry/Clamp01.h"
 #include "TavixCore/Typography/StaggerRanks.h"
+#include "TavixCore/Values/Clamp01.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "TavixCore/Typography/EmphasisBaking.h"
 
 #include "TavixCore/Typography/EmphasisResolver.h"
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
 

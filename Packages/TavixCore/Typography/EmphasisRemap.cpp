@@ -1,6 +1,6 @@
 #include "TavixCore/Typography/EmphasisRemap.h"
 
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <map>
 #include <optional>

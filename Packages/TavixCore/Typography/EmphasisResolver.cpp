@@ -1,7 +1,7 @@
 #include "TavixCore/Typography/EmphasisResolver.h"
 
-#include "TavixCore/Captions/CaptionStyle.h"
 #include "TavixCore/Theme/BrandKit.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 
 #include <cmath>
 

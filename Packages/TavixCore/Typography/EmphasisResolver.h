@@ -1,9 +1,9 @@
 // What it looks like to emphasise a word.
 #pragma once
 
-#include "TavixCore/Support/RGBAColor.h"
 #include "TavixCore/Typography/EmphasisSpan.h"
 #include "TavixCore/Typography/KineticStyle.h"
+#include "TavixCore/Values/RGBAColor.h"
 
 #include <optional>
 

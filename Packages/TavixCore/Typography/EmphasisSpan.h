@@ -1,8 +1,8 @@
 // One emphasis over words of a text.
 #pragma once
 
-#include "TavixCore/Support/FontWeight.h"
-#include "TavixCore/Support/RGBAColor.h"
+#include "TavixCore/Values/FontWeight.h"
+#include "TavixCore/Values/RGBAColor.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,7 +2,7 @@
 // be drawn first.
 #pragma once
 
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <cstdint>
 

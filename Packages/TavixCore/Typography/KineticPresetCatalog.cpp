@@ -1,6 +1,6 @@
 #include "TavixCore/Typography/KineticPresetCatalog.h"
 
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
 

@@ -2,12 +2,12 @@
 // before it comes in or after it has gone out.
 #pragma once
 
-#include "TavixCore/Geometry/AnimationEnums.h"
-#include "TavixCore/Geometry/NormalizedVec2.h"
-#include "TavixCore/Geometry/TimingCurve.h"
-#include "TavixCore/Geometry/Vector3.h"
-#include "TavixCore/Support/RGBAColor.h"
+#include "TavixCore/Animation/AnimationEnums.h"
+#include "TavixCore/Animation/TimingCurve.h"
 #include "TavixCore/Typography/Stagger.h"
+#include "TavixCore/Values/NormalizedVec2.h"
+#include "TavixCore/Values/RGBAColor.h"
+#include "TavixCore/Values/Vector3.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "TavixCore/Typography/KineticTiming.h"
 
 #include "TavixCore/Typography/KineticStyle.h"
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // The questions about time that an author asks of a text animation.
 #pragma once
 
-#include "TavixCore/Geometry/AnimationEnums.h"
+#include "TavixCore/Animation/AnimationEnums.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // How the elements of a text block are offset against one another.
 #pragma once
 
-#include "TavixCore/Geometry/AnimationEnums.h"
+#include "TavixCore/Animation/AnimationEnums.h"
 
 #include <cstdint>
 

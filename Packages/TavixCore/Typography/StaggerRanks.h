@@ -1,7 +1,7 @@
 // In which order the elements of a text start.
 #pragma once
 
-#include "TavixCore/Geometry/AnimationEnums.h"
+#include "TavixCore/Animation/AnimationEnums.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,10 +1,10 @@
 // What a text layer shows.
 #pragma once
 
-#include "TavixCore/Support/FontWeight.h"
-#include "TavixCore/Support/TextShadow.h"
 #include "TavixCore/Typography/EmphasisSpan.h"
 #include "TavixCore/Typography/KineticSelector.h"
+#include "TavixCore/Values/FontWeight.h"
+#include "TavixCore/Values/TextShadow.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "TavixCore/Typography/WordMatch.h"
 
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
 #include <set>

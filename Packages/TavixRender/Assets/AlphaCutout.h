@@ -1,7 +1,7 @@
 // Finds the screen in a picture of a device frame by its transparency: the hole that the frame encloses.
 #pragma once
 
-#include "TavixCore/Geometry/NormalizedRect.h"
+#include "TavixCore/Values/NormalizedRect.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
 
 #include <cstdint>

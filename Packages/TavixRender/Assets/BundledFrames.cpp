@@ -1,6 +1,6 @@
 #include "TavixRender/Assets/BundledFrames.h"
 
-#include "TavixCore/Choreography/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixRender/Assets/ResourceFolders.h"
 
 namespace tavix::BundledFrames {

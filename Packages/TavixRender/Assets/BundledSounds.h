@@ -1,7 +1,7 @@
 // The files of the sound catalog.
 #pragma once
 
-#include "TavixCore/Composition/SFXCatalog.h"
+#include "TavixCore/Document/SFXCatalog.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,7 +1,7 @@
 // The sound of a composition: its music and cues as a timeline, mixed to a file, and joined to the picture.
 #pragma once
 
-#include "TavixCore/Composition/CompositionAudio.h"
+#include "TavixCore/Document/CompositionAudio.h"
 #include "TavixPlatform/Media/AudioTimeline.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Export/ExportOptions.h"

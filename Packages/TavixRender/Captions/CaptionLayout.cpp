@@ -1,6 +1,6 @@
 #include "TavixRender/Captions/CaptionLayout.h"
 
-#include "TavixCore/Captions/CaptionStyle.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/KineticText/CaptionFontFile.h"
 

@@ -1,7 +1,7 @@
 // Where a document's assets lie.
 #pragma once
 
-#include "TavixCore/Composition/BackgroundFill.h"
+#include "TavixCore/Theme/BackgroundFill.h"
 
 #include <filesystem>
 #include <optional>

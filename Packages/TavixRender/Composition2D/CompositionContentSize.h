@@ -1,7 +1,7 @@
 // How large a layer's content is on the canvas: where an editor takes hold of it.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 
 #include <filesystem>
 #include <optional>

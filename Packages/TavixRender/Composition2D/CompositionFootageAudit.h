@@ -1,8 +1,8 @@
 // The one check of a composition that opens its films: does a clip end before the layer that plays it?
 #pragma once
 
-#include "TavixCore/Composition/CompositionFinding.h"
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Findings/CompositionFinding.h"
 
 #include <filesystem>
 #include <functional>

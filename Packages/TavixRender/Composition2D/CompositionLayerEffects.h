@@ -1,7 +1,7 @@
 // The effects of a layer, applied to its content before it moves, so they work in canvas coordinates.
 #pragma once
 
-#include "TavixCore/Composition/LayerEffect.h"
+#include "TavixCore/Document/LayerEffect.h"
 #include "TavixPlatform/Imaging/Image.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The part of a picture that a layer shows.
 #pragma once
 
-#include "TavixCore/Geometry/NormalizedRect.h"
+#include "TavixCore/Values/NormalizedRect.h"
 #include "TavixPlatform/Imaging/Image.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 // The device as a model in space: its still or clip on the screen of a lit phone.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceContent.h"
+#include "TavixCore/Device/DeviceContent.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/SequentialClipReader.h"

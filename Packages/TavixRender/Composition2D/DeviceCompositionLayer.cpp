@@ -1,8 +1,8 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 
-#include "TavixCore/Choreography/PlacementProjection2D.h"
-#include "TavixCore/Composition/CompositionMath.h"
-#include "TavixCore/Geometry/Clamp01.h"
+#include "TavixCore/Animation/CompositionMath.h"
+#include "TavixCore/Device/PlacementProjection2D.h"
+#include "TavixCore/Values/Clamp01.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 

@@ -1,8 +1,8 @@
 // The flat device: a picture of its frame with a screen behind the hole, moved along its trajectory.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceContent.h"
-#include "TavixCore/Choreography/DevicePlacementTrajectory.h"
+#include "TavixCore/Device/DeviceContent.h"
+#include "TavixCore/Device/DevicePlacementTrajectory.h"
 #include "TavixCore/Geometry/CameraFrameTransform.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"

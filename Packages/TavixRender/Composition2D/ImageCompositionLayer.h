@@ -1,7 +1,7 @@
 // A layer with a still picture from a file.
 #pragma once
 
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Values/PixelRect.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 

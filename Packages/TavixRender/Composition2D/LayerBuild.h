@@ -1,7 +1,7 @@
 // What content renderers are built from, and how large a picture that is drawn once should be kept.
 #pragma once
 
-#include "TavixCore/Composition/CompositionLayer.h"
+#include "TavixCore/Document/CompositionLayer.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"

@@ -1,8 +1,8 @@
 #include "TavixRender/Composition2D/LayerMotion.h"
 
-#include "TavixCore/Composition/CompositionMath.h"
-#include "TavixCore/Geometry/Clamp01.h"
-#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixCore/Animation/CompositionMath.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
+#include "TavixCore/Values/Clamp01.h"
 
 #include <algorithm>
 #include <cmath>

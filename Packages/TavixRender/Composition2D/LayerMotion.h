@@ -1,7 +1,7 @@
 // How far a layer is from its rest at a time: what its enter and exit phases and its keyframes add up to.
 #pragma once
 
-#include "TavixCore/Composition/CompositionLayer.h"
+#include "TavixCore/Document/CompositionLayer.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
 namespace tavix {

@@ -1,7 +1,7 @@
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 
-#include "TavixCore/Choreography/DeviceDepthTrajectory.h"
-#include "TavixCore/Geometry/CurveEvaluation.h"
+#include "TavixCore/Animation/CurveEvaluation.h"
+#include "TavixCore/Device/DeviceDepthTrajectory.h"
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"

@@ -2,8 +2,8 @@
 // any order, with a lazy picture of the frame.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"

@@ -3,7 +3,7 @@
 // than a few frames for one request.
 #pragma once
 
-#include "TavixCore/Choreography/ScreenSource.h"
+#include "TavixCore/Device/ScreenSource.h"
 #include "TavixPlatform/Media/VideoSource.h"
 #include "TavixRender/Assets/RenderLog.h"
 

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Typography/EmphasisResolver.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/KineticText/CompositionFontResolver.h"

@@ -1,7 +1,7 @@
 // A layer of kinetic text.
 #pragma once
 
-#include "TavixCore/Composition/CompositionLayer.h"
+#include "TavixCore/Document/CompositionLayer.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/KineticText/KineticTextBlock.h"

@@ -1,8 +1,8 @@
 // A layer that plays a clip.
 #pragma once
 
-#include "TavixCore/Composition/VideoContent.h"
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Document/VideoContent.h"
+#include "TavixCore/Values/PixelRect.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/SequentialClipReader.h"

@@ -3,8 +3,8 @@
 // where y points up.
 #pragma once
 
-#include "TavixCore/Composition/BackgroundFill.h"
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Theme/BackgroundFill.h"
+#include "TavixCore/Values/PixelRect.h"
 #include "TavixPlatform/Imaging/Image.h"
 #include "TavixRender/Assets/StillImageCache.h"
 

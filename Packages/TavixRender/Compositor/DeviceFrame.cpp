@@ -1,6 +1,6 @@
 #include "TavixRender/Compositor/DeviceFrame.h"
 
-#include "TavixCore/Choreography/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
 #include "TavixRender/Assets/BundledFrames.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"

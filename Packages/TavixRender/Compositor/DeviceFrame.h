@@ -1,8 +1,8 @@
 // The picture of a device's frame, fitted into a canvas with its screen's place.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceMockup.h"
-#include "TavixCore/Geometry/PixelRect.h"
+#include "TavixCore/Device/DeviceMockup.h"
+#include "TavixCore/Values/PixelRect.h"
 #include "TavixPlatform/Imaging/Image.h"
 #include "TavixRender/Assets/StillImageCache.h"
 

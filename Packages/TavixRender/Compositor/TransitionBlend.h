@@ -2,7 +2,7 @@
 // every style follows its formula there too.
 #pragma once
 
-#include "TavixCore/Composition/SceneTransition.h"
+#include "TavixCore/Document/SceneTransition.h"
 #include "TavixPlatform/Imaging/Image.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
-#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixCore/Device/DeviceScene.h"
 #include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
 
 #include <utility>

@@ -1,8 +1,8 @@
 // Keeps the stages of 3D layers from one build of a document to the next, since a stage takes long to set up.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceFinish.h"
-#include "TavixCore/Choreography/DevicePlacement.h"
+#include "TavixCore/Device/DeviceFinish.h"
+#include "TavixCore/Device/DevicePlacement.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
 #include <cstddef>

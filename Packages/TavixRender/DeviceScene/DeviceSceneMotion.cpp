@@ -1,7 +1,7 @@
 #include "TavixRender/DeviceScene/DeviceSceneMotion.h"
 
-#include "TavixCore/Choreography/ChoreographyAuthor.h"
-#include "TavixCore/Geometry/Clamp01.h"
+#include "TavixCore/Device/ChoreographyAuthor.h"
+#include "TavixCore/Values/Clamp01.h"
 
 #include <algorithm>
 #include <cmath>

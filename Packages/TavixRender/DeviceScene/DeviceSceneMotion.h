@@ -1,9 +1,9 @@
 // Where the device of a scene is and how it turns, at any time: pure numbers, before anything is drawn.
 #pragma once
 
-#include "TavixCore/Choreography/DevicePlacementTrajectory.h"
-#include "TavixCore/Choreography/DevicePoseTrajectory.h"
-#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixCore/Device/DevicePlacementTrajectory.h"
+#include "TavixCore/Device/DevicePoseTrajectory.h"
+#include "TavixCore/Device/DeviceScene.h"
 
 #include <functional>
 #include <optional>

@@ -2,7 +2,7 @@
 // camera and the studio around them. It knows how things stand; drawing them is somebody else's work.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceFinish.h"
+#include "TavixCore/Device/DeviceFinish.h"
 #include "TavixPlatform/Scene3D/Entity.h"
 #include "TavixRender/DeviceScene/DeviceSceneMotion.h"
 #include "TavixRender/DeviceScene/DeviceStudio.h"

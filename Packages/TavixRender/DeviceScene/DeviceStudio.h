@@ -2,8 +2,8 @@
 // each finish; two repairs of the model's geometry; the lamps and the surroundings.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceFinish.h"
-#include "TavixCore/Geometry/Vector3.h"
+#include "TavixCore/Device/DeviceFinish.h"
+#include "TavixCore/Values/Vector3.h"
 #include "TavixPlatform/Imaging/Image.h"
 #include "TavixPlatform/Scene3D/Entity.h"
 

@@ -1,5 +1,5 @@
 // Lamps and surroundings of the studio.
-#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixCore/Device/DeviceScene.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 

@@ -1,6 +1,6 @@
 #include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
 
-#include "TavixCore/Choreography/DeviceDepthTrajectory.h"
+#include "TavixCore/Device/DeviceDepthTrajectory.h"
 #include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Hash.h"
 #include "TavixPlatform/Scene3D/SceneError.h"

@@ -1,8 +1,8 @@
 // A phone in space: from a picture for its screen and a time to a picture of the lit, posed device.
 #pragma once
 
-#include "TavixCore/Choreography/DeviceKeyframes.h"
-#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixCore/Device/DeviceKeyframes.h"
+#include "TavixCore/Device/DeviceScene.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixRender/Assets/RenderLog.h"

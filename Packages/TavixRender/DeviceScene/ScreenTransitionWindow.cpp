@@ -1,6 +1,6 @@
 #include "TavixRender/DeviceScene/ScreenTransitionWindow.h"
 
-#include "TavixCore/Composition/TransitionMath.h"
+#include "TavixCore/Document/TransitionMath.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 
 #include <algorithm>

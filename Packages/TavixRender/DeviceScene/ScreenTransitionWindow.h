@@ -1,7 +1,7 @@
 // Transitions between the pictures on a device's screen.
 #pragma once
 
-#include "TavixCore/Composition/ScreenTransition.h"
+#include "TavixCore/Document/ScreenTransition.h"
 #include "TavixPlatform/Imaging/Image.h"
 #include "TavixRender/DeviceScene/DeviceSceneMotion.h"
 

@@ -1,6 +1,6 @@
 #include "TavixRender/Export/CompositionExport.h"
 
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 #include "TavixRender/Export/HiddenFile.h"
 

@@ -1,6 +1,6 @@
 #include "TavixRender/Export/CompositionRenderer.h"
 
-#include "TavixCore/Composition/CompositionTimeline.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Export/FrameOutput.h"
 #include "TavixRender/Export/FrameSequenceEncoder.h"

@@ -1,7 +1,7 @@
 // Turns a composition into a file.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Media/MovieWriter.h"

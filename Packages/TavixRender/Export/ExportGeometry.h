@@ -1,7 +1,7 @@
 // The size and frame rate of an export, and the document made over for them.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
 #include "TavixRender/Export/ExportOptions.h"
 

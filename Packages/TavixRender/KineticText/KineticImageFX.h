@@ -1,7 +1,7 @@
 // Picture operations that text and layers share.
 #pragma once
 
-#include "TavixCore/Support/RGBAColor.h"
+#include "TavixCore/Values/RGBAColor.h"
 #include "TavixPlatform/Imaging/Image.h"
 
 namespace tavix::KineticImageFX {

@@ -1,7 +1,7 @@
 #include "TavixRender/KineticText/KineticRaster.h"
 
-#include "TavixCore/Support/TextShadow.h"
 #include "TavixCore/Typography/KineticStyle.h"
+#include "TavixCore/Values/TextShadow.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 
 #include <algorithm>

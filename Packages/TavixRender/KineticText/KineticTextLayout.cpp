@@ -1,6 +1,6 @@
 #include "TavixRender/KineticText/KineticTextLayout.h"
 
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/Compositor/CameraRenderer.h"

@@ -3,10 +3,10 @@
 // kerning and joined letters as they were. Coordinates are pixels of the canvas, y up.
 #pragma once
 
-#include "TavixCore/Captions/CaptionStyle.h"
-#include "TavixCore/Geometry/AnimationEnums.h"
-#include "TavixCore/Geometry/NormalizedPoint.h"
+#include "TavixCore/Animation/AnimationEnums.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixCore/Typography/EmphasisSpan.h"
+#include "TavixCore/Values/NormalizedPoint.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 #include "TavixPlatform/Text/LineDrawing.h"
 

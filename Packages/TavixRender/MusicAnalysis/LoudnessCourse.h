@@ -1,7 +1,7 @@
 // How loud a recording is over time: where it jumps, and its parts of even loudness.
 #pragma once
 
-#include "TavixCore/Composition/BeatAnalysis.h"
+#include "TavixCore/Document/BeatAnalysis.h"
 
 #include <optional>
 #include <span>

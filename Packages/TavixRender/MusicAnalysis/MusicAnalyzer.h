@@ -1,7 +1,7 @@
 // Listens to a piece of music: its tempo, its first beat, its drop, its parts, its onsets.
 #pragma once
 
-#include "TavixCore/Composition/BeatAnalysis.h"
+#include "TavixCore/Document/BeatAnalysis.h"
 
 #include <filesystem>
 #include <span>

@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "RenderTestKit.h"
-#include "TavixCore/Choreography/DeviceCatalog.h"
+#include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Compositor/DeviceFrame.h"

@@ -1,7 +1,7 @@
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 
 #include "RenderTestKit.h"
-#include "TavixCore/Choreography/DeviceScene.h"
+#include "TavixCore/Device/DeviceScene.h"
 #include "TavixRender/DeviceScene/DeviceFinishMaterials.h"
 #include "TavixRender/DeviceScene/DeviceMeshRepair.h"
 

@@ -1,7 +1,7 @@
 #include "TavixRender/KineticText/KineticTextLayout.h"
 
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Typography/TextWords.h"
+#include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 

@@ -1,7 +1,7 @@
 // What the tests of rendering share: pictures as plain pixels, and small documents.
 #pragma once
 
-#include "TavixCore/Composition/CompositionSpec.h"
+#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TestSupport/TemporaryFolder.h"

@@ -1,6 +1,6 @@
 #include "TestMusic.h"
 
-#include "TavixCore/Support/SeededRandom.h"
+#include "TavixCore/Values/SeededRandom.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,0 +1,18 @@
+#include "TavixCore/Animation/CompositionKeyframe.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const Fields<CompositionKeyframe>& fieldsOf(std::type_identity<CompositionKeyframe>) {
+    static const Fields<CompositionKeyframe> table{"CompositionKeyframe",
+        {field<&CompositionKeyframe::t>("t", "When, in seconds since the layer's start."),
+            field<&CompositionKeyframe::value>("value", "The value then."),
+            field<&CompositionKeyframe::ease>("ease", "How the value gets here from the keyframe before.")
+                .unlessDefault(),
+            field<&CompositionKeyframe::atMark>("atMark", "When, by a mark of a recording; wins over t."),
+            field<&CompositionKeyframe::atBeat>("atBeat", "When, by a beat of the music; wins over t.")}};
+    return table;
+}
+
+}   // namespace tavix

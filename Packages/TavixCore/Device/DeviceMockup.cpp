@@ -1,0 +1,26 @@
+#include "TavixCore/Device/DeviceMockup.h"
+
+#include "TavixCore/Device/DeviceCatalog.h"
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+DeviceMockup DeviceMockup::bundled(const BundledDevice& device) {
+    return {.framePath = {},
+        .screen = device.screen,
+        .screenCornerRadiusFraction = device.screenCornerRadiusFraction,
+        .bundledID = device.id};
+}
+
+const Fields<DeviceMockup>& fieldsOf(std::type_identity<DeviceMockup>) {
+    using M = DeviceMockup;
+    static const Fields<M> table{"DeviceMockup",
+        {field<&M::framePath>("framePath", "A picture of the device with a hole for its screen."),
+            field<&M::screen>("screen", "The screen's place, in fractions of the frame picture."),
+            field<&M::screenCornerRadiusFraction>("screenCornerRadiusFraction",
+                "Corner radius of the screen, as a fraction of its smaller side."),
+            field<&M::bundledID>("bundledID", "A device of the catalog.")}};
+    return table;
+}
+
+}   // namespace tavix

@@ -1,0 +1,79 @@
+#include "TavixCore/Device/DeviceMotionRef.h"
+
+#include "TavixCore/Device/DeviceMotionRows.h"
+#include "TavixCore/Support/FieldTables.h"
+
+#include <vector>
+
+namespace tavix {
+namespace {
+
+const std::vector<std::string_view>& motionNames() {
+    static const std::vector<std::string_view> names = [] {
+        std::vector<std::string_view> known;
+        for (const DeviceMotionRow& row : deviceMotionRows()) known.push_back(row.name);
+        return known;
+    }();
+    return names;
+}
+
+}   // namespace
+
+template <> struct Codec<DeviceMotionPreset> {
+    static void read(const Json& json, DeviceMotionPreset& into, const KeyPath& at) {
+        const std::string& name = textAt(json, at);
+        const auto known = DeviceMotionPreset::fromRawValue(name);
+        if (!known) failWithData(at, "Unknown device motion preset \"" + name + "\".");
+        into = *known;
+    }
+    static Json write(const DeviceMotionPreset& from) { return from.rawValue(); }
+    static Json schema(SchemaBook&) {
+        const auto& names = motionNames();
+        return JsonObject{{"enum", JsonArray(names.begin(), names.end())}, {"type", "string"}};
+    }
+};
+
+std::optional<DeviceMotionPreset> DeviceMotionPreset::fromRawValue(std::string_view name) {
+    if (!deviceMotionRow(name)) return std::nullopt;
+    return DeviceMotionPreset(std::string(name));
+}
+
+std::span<const std::string_view> DeviceMotionPreset::knownRawValues() { return motionNames(); }
+
+double signOf(DeviceMotionParams::Direction direction) {
+    return direction == DeviceMotionParams::Direction::forward ? 1 : -1;
+}
+
+const Names<DeviceMotionParams::Direction>& namesOf(std::type_identity<DeviceMotionParams::Direction>) {
+    using enum DeviceMotionParams::Direction;
+    static const Names<DeviceMotionParams::Direction> table{
+        "direction", {{forward, "forward"}, {reversed, "reversed"}}};
+    return table;
+}
+
+const Fields<DeviceMotionParams>& fieldsOf(std::type_identity<DeviceMotionParams>) {
+    using P = DeviceMotionParams;
+    static const Fields<P> table{"DeviceMotionParams",
+        {field<&P::durationSec>("durationSec", "Length in seconds; the motion's own when absent.")
+                .clamped(0.6, 8),
+            field<&P::intensity>("intensity", "How strong it is; 1 is usual.").clamped(0.3, 1.6),
+            field<&P::direction>("direction", "Which way round."),
+            field<&P::anchorX>("anchorX", "Shift to the side, in fractions of the canvas height.")
+                .clamped(-0.75, 0.75)
+                .unlessDefault(),
+            field<&P::faceInwardDeg>("faceInwardDeg", "Turn of a shifted device towards the middle.")
+                .clamped(0, 45)
+                .unlessDefault(),
+            field<&P::startAtSec>("startAtSec", "Seconds before it starts.").clamped(0, 20).unlessDefault()}};
+    return table;
+}
+
+const Fields<DeviceMotionRef>& fieldsOf(std::type_identity<DeviceMotionRef>) {
+    using R = DeviceMotionRef;
+    static const Fields<R> table{
+        "DeviceMotionRef", {field<&R::preset>("preset", "Name of the motion.").required(),
+                               field<&R::params>("params", "How it is played.")}};
+    return table;
+}
+
+}   // namespace tavix

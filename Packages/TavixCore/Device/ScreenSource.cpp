@@ -1,0 +1,32 @@
+#include "TavixCore/Device/ScreenSource.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const Fields<StillScreen>& fieldsOf(std::type_identity<StillScreen>) {
+    static const Fields<StillScreen> table{
+        "StillScreen", {field<&StillScreen::path>("path", "The picture file.")}};
+    return table;
+}
+
+const Fields<VideoClip>& fieldsOf(std::type_identity<VideoClip>) {
+    using V = VideoClip;
+    static const Fields<V> table{"VideoClip",
+        {field<&V::path>("path", "The video file."),
+            field<&V::trimStartSec>("trimStartSec", "Where in the file it starts, in seconds.")
+                .unlessDefault(),
+            field<&V::trimStartMark>("trimStartMark", "The mark of the recording at which it starts."),
+            field<&V::trimEndSec>("trimEndSec", "Where in the file it ends, in seconds.")}};
+    return table;
+}
+
+const Alternatives<ScreenSource>& alternativesOf(std::type_identity<ScreenSource>) {
+    static const Alternatives<ScreenSource> table{.name = "ScreenSource",
+        .noun = "screen kind",
+        .rows = {flat<ScreenSource, StillScreen>("still"), flat<ScreenSource, VideoClip>("video")},
+        .fallbackTag = "still"};
+    return table;
+}
+
+}   // namespace tavix

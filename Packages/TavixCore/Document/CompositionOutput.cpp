@@ -1,0 +1,15 @@
+#include "TavixCore/Document/CompositionOutput.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const Fields<CompositionOutput>& fieldsOf(std::type_identity<CompositionOutput>) {
+    static const Fields<CompositionOutput> table{
+        "CompositionOutput", {field<&CompositionOutput::widthPx>("widthPx", "Width in pixels."),
+                                 field<&CompositionOutput::heightPx>("heightPx", "Height in pixels."),
+                                 field<&CompositionOutput::fps>("fps", "Frames per second.")}};
+    return table;
+}
+
+}   // namespace tavix

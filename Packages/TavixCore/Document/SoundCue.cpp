@@ -1,0 +1,24 @@
+#include "TavixCore/Document/SoundCue.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+#include <algorithm>
+
+namespace tavix {
+
+SoundCue SoundCue::of(double atSec, SFXCatalog::Sound sound, double gain) {
+    return {atSec, std::nullopt, std::string(nameOf(sound)), std::max(gain, 0.0)};
+}
+
+std::optional<SFXCatalog::Sound> SoundCue::resolvedSound() const { return named<SFXCatalog::Sound>(sound); }
+
+const Fields<SoundCue>& fieldsOf(std::type_identity<SoundCue>) {
+    static const Fields<SoundCue> table{
+        "SoundCue", {field<&SoundCue::atSec>("atSec", "When, in seconds of the composition."),
+                        field<&SoundCue::atBeat>("atBeat", "When, by a beat of the music."),
+                        field<&SoundCue::sound>("sound", "whoosh, whip, ding, or a sound file."),
+                        field<&SoundCue::gain>("gain", "Loudness; 1 is as recorded.").atLeast(0)}};
+    return table;
+}
+
+}   // namespace tavix

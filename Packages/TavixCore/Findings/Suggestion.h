@@ -1,0 +1,18 @@
+// What an author may have meant by a word that is not known.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tavix::CompositionLint {
+
+// Insertions, deletions and replacements of characters that lead from one to the other.
+std::size_t editDistance(std::string_view a, std::string_view b);
+
+// "Did you mean ...?" with the candidate nearest to the word; nothing when none is near.
+std::optional<std::string> didYouMean(std::string_view word, std::span<const std::string_view> candidates);
+
+}   // namespace tavix::CompositionLint

@@ -1,0 +1,92 @@
+#include "TavixCore/Document/SFXCatalog.h"
+#include "TavixCore/Findings/Suggestion.h"
+#include "TavixCore/Judge/CompositionLint.h"
+#include "TavixCore/Judge/LintRules.h"
+#include "TavixCore/Support/Names.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavix::CompositionLint {
+namespace {
+
+constexpr std::int64_t leastFps = 24, mostFps = 120;
+constexpr std::int64_t leastSidePx = 320, mostSidePx = 4096;
+constexpr double longTotalSec = 90;
+// Nobody hears that a cut is this far off the beat. The last digits are the rounding of sums of times.
+constexpr double onBeatSec = 0.08 + 1e-9;
+
+void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintReport& report) {
+    if (cue.atSec > totalSec)
+        report.error(at, worded("Cue at {}s is past the composition end ({}s).", {cue.atSec, totalSec}));
+    if (cue.resolvedSound() || cue.sound.find('.') != std::string::npos) return;
+    const std::vector<std::string_view> sounds = allNames<SFXCatalog::Sound>();
+    report.warning(at,
+        worded("Sound \"{}\" is neither a catalog name ({}) nor an audio-file path — it will be skipped.",
+            {cue.sound, listed(sounds)}),
+        didYouMean(cue.sound, sounds));
+}
+
+}   // namespace
+
+void checkOutput(const CompositionSpec& spec, LintReport& report) {
+    const KeyPath root, outputAt(root, "output");
+    const auto isWithin = [&](std::string_view key, std::int64_t value, std::int64_t least,
+                              std::int64_t most) {
+        if (value < least || value > most)
+            report.error(KeyPath(outputAt, key),
+                worded("{} {} out of range ({}…{}).",
+                    {key, std::to_string(value), std::to_string(least), std::to_string(most)}));
+    };
+    isWithin("fps", spec.output.fps, leastFps, mostFps);
+    isWithin("widthPx", spec.output.widthPx, leastSidePx, mostSidePx);
+    isWithin("heightPx", spec.output.heightPx, leastSidePx, mostSidePx);
+}
+
+void checkAccents(const CompositionSpec& spec, LintReport& report) {
+    const auto accents = std::count_if(spec.scenes.begin(), spec.scenes.end() - 1,
+        [](const CompositionScene& scene) { return scene.transition && isAccent(scene.transition->style); });
+    const KeyPath root;
+    if (accents >= 2)
+        report.warning(KeyPath(root, "scenes"),
+            worded("{} accent transitions (dreamyZoom/crosswarp/ripple) — one accent per composition.",
+                {static_cast<double>(accents)}));
+}
+
+void checkTotalLength(const CompositionTimeline& timeline, LintReport& report) {
+    const KeyPath root;
+    if (timeline.totalSec > longTotalSec)
+        report.warning(KeyPath(root, "scenes"),
+            worded("Total runs {}s — teasers read best under 60–90s.", {timeline.totalSec}));
+}
+
+void checkCutsOnBeat(const CompositionSpec& spec, const CompositionTimeline& timeline, LintReport& report) {
+    if (!spec.audio || !spec.audio->music) return;
+    const MusicBed& music = *spec.audio->music;
+    if (!(music.bpm > 0)) return;
+    const double beatSec = 60 / std::max(*music.bpm, 1.0);
+    const double offsetSec = music.firstBeatSec - music.startAtSec;
+    const KeyPath root, scenesAt(root, "scenes");
+    for (std::size_t i = 1; i < spec.scenes.size(); ++i) {
+        const double startSec = timeline.startSec[i];
+        const double nearestSec = offsetSec + beatSec * std::floor((startSec - offsetSec) / beatSec + 0.5);
+        const double offSec = std::abs(startSec - nearestSec);
+        if (!(offSec > onBeatSec)) continue;
+        report.warning(KeyPath(scenesAt, i),
+            worded("{} starts at {}s — {}s off the beat grid (nearest beat {}s at {} BPM).",
+                {spec.scenes[i].displayName(i), startSec, offSec, nearestSec, *music.bpm}),
+            worded("Set scenes[{}].durationSec to {} (or use durationBeats) to land the cut on the beat.",
+                {std::to_string(i - 1), spec.scenes[i - 1].durationSec + nearestSec - startSec}));
+    }
+}
+
+void checkAudio(const CompositionSpec& spec, const CompositionTimeline& timeline, LintReport& report) {
+    if (!spec.audio) return;
+    const KeyPath root, audioAt(root, "audio"), cuesAt(audioAt, "cues"), musicAt(audioAt, "music");
+    for (std::size_t i = 0; i < spec.audio->cues.size(); ++i)
+        cueIsSound(spec.audio->cues[i], KeyPath(cuesAt, i), timeline.totalSec, report);
+    if (spec.audio->music && spec.audio->music->path.empty())
+        report.error(KeyPath(musicAt, "path"), "Music bed has an empty path.");
+}
+
+}   // namespace tavix::CompositionLint

@@ -1,0 +1,81 @@
+#include "TavixCore/Judge/LintRules.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavix::CompositionLint {
+namespace {
+
+// What the layers of a scene add up to.
+struct SceneTally {
+    std::size_t bouncySprings = 0;
+    std::size_t models = 0;   // devices in space
+    std::vector<Interval> texts;
+    std::vector<Interval>
+        focalPoints;   // what draws the eye to itself: devices and films that fill the frame
+};
+
+std::size_t bouncySprings(const CompositionLayer& layer) {
+    std::size_t count = 0;
+    for (const PropertyTrack& track : layer.tracks)
+        for (const CompositionKeyframe& keyframe : track.keyframes)
+            count += bouncySpring(keyframe.ease) ? 1 : 0;
+    for (const std::optional<KineticPhase>* phase : {&layer.enter, &layer.exit})
+        count += *phase && bouncySpring((*phase)->curve) ? 1 : 0;
+    return count;
+}
+
+SceneTally tallyOf(const CompositionScene& scene) {
+    SceneTally tally;
+    for (const CompositionLayer& layer : scene.layers) {
+        tally.bouncySprings += bouncySprings(layer);
+        const auto* device = std::get_if<DeviceContent>(&layer.content);
+        const auto* video = std::get_if<VideoContent>(&layer.content);
+        if (device && device->scene3D) ++tally.models;
+        if (device || (video && !video->rect)) tally.focalPoints.push_back(windowOf(layer, scene));
+        if (std::holds_alternative<TextContent>(layer.content)) tally.texts.push_back(windowOf(layer, scene));
+    }
+    return tally;
+}
+
+// The most intervals that hold at one time; those that merely touch do not overlap.
+int maxConcurrent(const std::vector<Interval>& intervals) {
+    std::vector<std::pair<double, int>> changes;   // sorted, an end comes before a start at the same time
+    for (const Interval& interval : intervals)
+        if (interval.startSec < interval.endSec) {
+            changes.emplace_back(interval.startSec, 1);
+            changes.emplace_back(interval.endSec, -1);
+        }
+    std::ranges::sort(changes);
+    int running = 0, most = 0;
+    for (const auto& change : changes) most = std::max(most, running += change.second);
+    return most;
+}
+
+}   // namespace
+
+void checkSceneTotals(const SceneScope& scope, LintReport& report) {
+    const SceneTally tally = tallyOf(scope.scene());
+    const KeyPath layersAt(scope.at, "layers");
+    const auto models = static_cast<double>(tally.models);
+    const auto springs = static_cast<double>(tally.bouncySprings);
+    if (tally.models >= 2)
+        report.warning(layersAt,
+            worded("{} has {} 3D device layers — each one is a full RealityKit render per frame; expect "
+                   "roughly {}× frame cost.",
+                {scope.name(), models, models}));
+    if (maxConcurrent(tally.texts) > 2)
+        report.warning(layersAt,
+            worded("{} shows >2 text layers at once — give each message its own moment.", {scope.name()}));
+    if (maxConcurrent(tally.focalPoints) >= 2)
+        report.warning(layersAt,
+            worded("{} has two focal layers (device/full-bleed video) at once — one focal point per frame.",
+                {scope.name()}));
+    if (tally.bouncySprings >= 2)
+        report.warning(scope.at,
+            worded(
+                "{} has {} bouncy springs (damping < 0.7) — one accent per scene, damping ≥ 0.8 elsewhere.",
+                {scope.name(), springs}));
+}
+
+}   // namespace tavix::CompositionLint

@@ -1,0 +1,14 @@
+#include "TavixCore/Theme/BackgroundImage.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const Fields<BackgroundImage>& fieldsOf(std::type_identity<BackgroundImage>) {
+    static const Fields<BackgroundImage> table{"BackgroundImage",
+        {field<&BackgroundImage::path>("path", "A picture file, relative to the asset root."),
+            field<&BackgroundImage::bundledID>("bundledID", "A picture of the background catalog.")}};
+    return table;
+}
+
+}   // namespace tavix

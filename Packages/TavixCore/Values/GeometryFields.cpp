@@ -1,0 +1,81 @@
+// The field tables of the plain points, sizes and rectangles.
+#include "TavixCore/Support/FieldTables.h"
+#include "TavixCore/Values/LogicalRect.h"
+#include "TavixCore/Values/LogicalSize.h"
+#include "TavixCore/Values/NormalizedPoint.h"
+#include "TavixCore/Values/NormalizedRect.h"
+#include "TavixCore/Values/NormalizedVec2.h"
+#include "TavixCore/Values/PixelPoint.h"
+#include "TavixCore/Values/PixelRect.h"
+#include "TavixCore/Values/Vector3.h"
+
+namespace tavix {
+
+namespace {
+
+template <class R> Fields<R> pointFields(std::string_view name) {
+    return {
+        name, {field<&R::x>("x", "To the right.").required(), field<&R::y>("y", "Downwards.").required()}};
+}
+
+template <class R> Fields<R> rectFields(std::string_view name) {
+    Fields<R> fields = pointFields<R>(name);
+    fields.rows.push_back(field<&R::width>("width", "How wide it is.").required());
+    fields.rows.push_back(field<&R::height>("height", "How high it is.").required());
+    return fields;
+}
+
+}   // namespace
+
+const Fields<PixelPoint>& fieldsOf(std::type_identity<PixelPoint>) {
+    static const Fields<PixelPoint> table = pointFields<PixelPoint>("PixelPoint");
+    return table;
+}
+
+const Fields<PixelRect>& fieldsOf(std::type_identity<PixelRect>) {
+    static const Fields<PixelRect> table = [] {
+        Fields<PixelRect> fields = rectFields<PixelRect>("PixelRect");
+        fields.form = Fields<PixelRect>::Form::list;
+        return fields;
+    }();
+    return table;
+}
+
+const Fields<LogicalRect>& fieldsOf(std::type_identity<LogicalRect>) {
+    static const Fields<LogicalRect> table = rectFields<LogicalRect>("LogicalRect");
+    return table;
+}
+
+const Fields<LogicalSize>& fieldsOf(std::type_identity<LogicalSize>) {
+    static const Fields<LogicalSize> table{
+        "LogicalSize", {field<&LogicalSize::width>("width", "How wide it is.").required(),
+                           field<&LogicalSize::height>("height", "How high it is.").required()}};
+    return table;
+}
+
+const Fields<NormalizedPoint>& fieldsOf(std::type_identity<NormalizedPoint>) {
+    static const Fields<NormalizedPoint> table = pointFields<NormalizedPoint>("NormalizedPoint");
+    return table;
+}
+
+const Fields<NormalizedRect>& fieldsOf(std::type_identity<NormalizedRect>) {
+    static const Fields<NormalizedRect> table = rectFields<NormalizedRect>("NormalizedRect");
+    return table;
+}
+
+const Fields<NormalizedVec2>& fieldsOf(std::type_identity<NormalizedVec2>) {
+    static const Fields<NormalizedVec2> table{
+        "NormalizedVec2", {field<&NormalizedVec2::x>("x", "Along the width."),
+                              field<&NormalizedVec2::y>("y", "Along the height.")}};
+    return table;
+}
+
+const Fields<Vector3>& fieldsOf(std::type_identity<Vector3>) {
+    static const Fields<Vector3> table{
+        "Vector3", {field<&Vector3::x>("x", "Along the first axis.").required(),
+                       field<&Vector3::y>("y", "Along the second axis.").required(),
+                       field<&Vector3::z>("z", "Along the third axis.").required()}};
+    return table;
+}
+
+}   // namespace tavix

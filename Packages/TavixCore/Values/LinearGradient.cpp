@@ -1,0 +1,26 @@
+#include "TavixCore/Values/LinearGradient.h"
+
+#include "TavixCore/Support/FieldTables.h"
+
+namespace tavix {
+
+const LinearGradient& LinearGradient::standard() {
+    static const LinearGradient gradient{{{{0.12, 0.13, 0.2, 1}, 0}, {{0.03, 0.04, 0.09, 1}, 1}}, 0};
+    return gradient;
+}
+
+const Fields<GradientStop>& fieldsOf(std::type_identity<GradientStop>) {
+    static const Fields<GradientStop> table{"GradientStop",
+        {field<&GradientStop::color>("color", "The colour here.").required(),
+            field<&GradientStop::location>("location", "Where along the line, 0 to 1.").required()}};
+    return table;
+}
+
+const Fields<LinearGradient>& fieldsOf(std::type_identity<LinearGradient>) {
+    static const Fields<LinearGradient> table{"LinearGradient",
+        {field<&LinearGradient::stops>("stops", "The colours, in rising location.").required(),
+            field<&LinearGradient::angleDegrees>("angleDegrees", "The direction of the line.").required()}};
+    return table;
+}
+
+}   // namespace tavix
