@@ -28,6 +28,8 @@ void bake(CompositionScene& scene, const CompositionOutput& output) {
         const DeviceChoreographyRef& ref = *device->choreographyPreset;
         DeviceChoreography formation = *expand(ref.preset, layer, output, ref.params);
         lengthSec = std::max(lengthSec, layer.fromSec + formation.durationSec);
+        for (CompositionLayer& made : formation.layers)
+            made.origin = {layer.origin.writtenAs, LayerOrigin::Baked::formation};
         std::ranges::move(formation.layers, std::back_inserter(layers));
     }
     scene.layers = std::move(layers);

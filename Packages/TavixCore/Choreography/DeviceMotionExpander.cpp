@@ -36,6 +36,8 @@ void bake(CompositionSpec& spec) {
             if (!device || !device->motionPreset) continue;
             expand(device->motionPreset->preset, device->motionPreset->params).apply(scene, layer);
             device->motionPreset.reset();
+            if (layer.origin.baked == LayerOrigin::Baked::nothing)
+                layer.origin.baked = LayerOrigin::Baked::motion;
         }
 }
 

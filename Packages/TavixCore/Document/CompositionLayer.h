@@ -5,6 +5,7 @@
 #include "TavixCore/Animation/PropertyTrack.h"
 #include "TavixCore/Document/LayerContent.h"
 #include "TavixCore/Document/LayerEffect.h"
+#include "TavixCore/Document/LayerOrigin.h"
 #include "TavixCore/Support/Tables.h"
 #include "TavixCore/Typography/KineticStyle.h"
 #include "TavixCore/Values/PixelPoint.h"
@@ -28,6 +29,7 @@ struct CompositionLayer {
     std::vector<PropertyTrack> tracks;
     std::vector<LayerEffect> effects;
     LayerContent content;
+    LayerOrigin origin;   // not written
     bool operator==(const CompositionLayer&) const = default;
 };
 

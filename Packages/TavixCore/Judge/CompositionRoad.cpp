@@ -1,5 +1,6 @@
 #include "TavixCore/Judge/CompositionRoad.h"
 
+#include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Time/CompositionBeats.h"
@@ -30,6 +31,7 @@ CompositionResolution resolve(
         append(resolution.findings, marked.findings);
     }
     if (hasErrors(resolution.findings)) resolution.spec = std::move(spec);
+    resolution.findings = CompositionLint::atAuthoredPaths(std::move(resolution.findings), resolution.spec);
     return resolution;
 }
 
@@ -43,7 +45,7 @@ Arrival judge(
     CompositionSpec spec, const AssetRoot& assetRoot, const CompositionMarks::TimelineLoader& load) {
     CompositionResolution resolution = resolve(std::move(spec), assetRoot, load);
     Arrival arrival{std::move(resolution.spec), std::move(resolution.findings)};
-    arrival.linting = CompositionLint::lint(arrival.spec);
+    arrival.linting = CompositionLint::atAuthoredPaths(CompositionLint::lint(arrival.spec), arrival.spec);
     return arrival;
 }
 

@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
 
+#include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <map>
 #include <string>
+#include <utility>
 #include <variant>
 
 namespace tavix::CompositionFootageAudit {
@@ -96,7 +98,7 @@ std::vector<Finding> findings(const CompositionSpec& spec,
             all.push_back(findingOf(path, scene.displayName(i), footage->label, usableSec, windowSec));
         }
     }
-    return all;
+    return CompositionLint::atAuthoredPaths(std::move(all), spec);
 }
 
 }   // namespace tavix::CompositionFootageAudit
