@@ -1,12 +1,11 @@
 #include "TavixCore/Document/Background.h"
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
-#include "TestSupport/SourceTree.h"
+#include "TavixCore/Tests/FrozenDocument.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <set>
 #include <string>
 
 namespace tavix {
@@ -265,36 +264,15 @@ TEST(CompositionDocument, SeedsKeepAllTheirBits) {
     EXPECT_NE(encodedJson(spec).find("\"seed\" : -9223372036854775807"), std::string::npos);
 }
 
-// The keys of an object, and of all objects in it.
-void collectKeys(const Json& json, std::set<std::string>& into) {
-    if (const JsonArray* elements = json.array())
-        for (const Json& element : *elements) collectKeys(element, into);
-    if (const JsonObject* members = json.object())
-        for (const JsonMember& member : *members) {
-            into.insert(member.key);
-            collectKeys(member.value, into);
-        }
-}
-
 // Frozen: whoever renames a key, moves a default or changes a rule for writing sees it here.
 TEST(CompositionDocument, TheDocumentThatUsesEverythingStays) {
-    const std::string folder = testsupport::inSourceTree("Packages/TavixCore/Tests/Data").string();
-    const std::string frozen = readBytes(folder + "/everything.tavixcomp.json");
-    EXPECT_EQ(encodedJson(decodeJson<CompositionSpec>(frozen)) + "\n", frozen);
+    const std::string everything = frozen::document("everything.tavixcomp.json");
+    EXPECT_EQ(encodedJson(decodeJson<CompositionSpec>(everything)) + "\n", everything);
     // Names of device animations do not outlive the reading of a whole document.
-    const std::string named = readBytes(folder + "/named-device.json");
+    const std::string named = frozen::document("named-device.json");
     EXPECT_EQ(encodedJson(decodeJson<DeviceContent>(named)) + "\n", named);
-
-    std::set<std::string> used;
-    collectKeys(parseJson(frozen), used);
-    collectKeys(parseJson(named), used);
-    const Json schema = schemaOf<CompositionSpec>("composition");
-    for (const JsonMember& definition : *schema.find("$defs")->object()) {
-        const Json* properties = definition.value.find("properties");
-        if (!properties) continue;
-        for (const JsonMember& property : *properties->object())
-            EXPECT_TRUE(used.contains(property.key)) << definition.key << "." << property.key;
-    }
+    frozen::expectEveryKey(
+        schemaOf<CompositionSpec>("composition"), {parseJson(everything), parseJson(named)});
 }
 
 }   // namespace

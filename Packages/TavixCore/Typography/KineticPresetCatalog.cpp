@@ -27,7 +27,7 @@ struct Base {
     FarEnd in, out;
     KineticWeight weight;
     Extra extra = Extra::none;
-    BezierCurve outCurve{0.55, 0, 1, 0.45};
+    TimingCurve outCurve = BezierCurve{0.55, 0, 1, 0.45};
     ClipMask clip = ClipMask::none;
 };
 
@@ -42,7 +42,7 @@ constexpr std::array<Base, presets.size()> bases = [] {
         {word, 0.28, 0.22, 0.09, {.offset = {0, -0.014}, .scale = 0.62},
             {.offset = {0, 0.008}, .scale = 0.92}, punchy, Extra::accentTint},
         {line, 0.5, 0.38, 0.14, {.opacity = 1, .offset = {0, 0.042}}, {.opacity = 1, .offset = {0, -0.042}},
-            elegant, Extra::none, {0.7, 0, 0.84, 0}, ClipMask::line},
+            elegant, Extra::none, BezierCurve{0.7, 0, 0.84, 0}, ClipMask::line},
         {block, 0.6, 0.45, 0, {.scale = 1.04, .blurRadiusFraction = 0.022},
             {.scale = 1.02, .blurRadiusFraction = 0.014}, elegant, Extra::accentTint},
         {character, 0.22, 0.3, 0.055, {.blurRadiusFraction = 0.012}, {}, elegant, Extra::accentTint},
@@ -55,7 +55,7 @@ constexpr std::array<Base, presets.size()> bases = [] {
         slide({0, -0.05}, {0, 0.03}),
         slide({0.06, 0}, {-0.04, 0}),
         slide({-0.06, 0}, {0.04, 0}),
-        {block, 0, 0, 0, {.opacity = 1}, {.opacity = 1}, linear},
+        {block, 0, 0, 0, {.opacity = 1}, {.opacity = 1}, linear, Extra::none, LinearCurve{}},
     }};
 }();
 
