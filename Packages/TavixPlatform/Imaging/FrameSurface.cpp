@@ -5,6 +5,8 @@
 #include "TavixPlatform/Imaging/Workshop.h"
 
 #include <algorithm>
+#include <cstring>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -35,12 +37,13 @@ void forRuns(const std::vector<PixelRegion>& tiles, std::size_t first, std::size
 struct FrameSurface::Impl {
     Impl(Workshop& workshopToUse, Size size)
         : workshop(workshopToUse), bitmap(size), all{0, 0, size.width, size.height}, tiles(tilesOf(all)),
-          hashes(tiles.size(), 0), stamps(tiles.size(), 0),
+          hashes(tiles.size()), stamps(tiles.size(), 0),
           tilesAcross(std::size_t(size.width + tileWidthPx - 1) / tileWidthPx) {}
 
     // Notes what each tile is to show. Returns the changed tiles' bounds.
     PixelRegion noteChanges(const Node& node);
     int update(const Image& image, const Planes* planes);
+    void compareWithDrawnAnew(const Image& image) const;
     void drawStrip(std::size_t first, const Drawable* drawable, const Planes* planes, Scratch& scratch) const;
     bool isStale(std::size_t tile, std::size_t first, std::uint64_t stamp) const {
         // The first chroma sample of a tile looks one pixel to the left.
@@ -51,7 +54,7 @@ struct FrameSurface::Impl {
     Bitmap bitmap;
     PixelRegion all;
     std::vector<PixelRegion> tiles;      // row by row, from the bottom
-    std::vector<std::uint64_t> hashes;   // of what each tile shows; 0 is clear, as at the start
+    std::vector<Digest> hashes;          // of what each tile shows; nothing is clear, as at the start
     std::vector<std::uint64_t> stamps;   // the update that last changed it
     std::size_t tilesAcross;
     std::uint64_t updates = 1;
@@ -63,7 +66,7 @@ PixelRegion FrameSurface::Impl::noteChanges(const Node& node) {
     changedCount = 0;
     ++updates;
     for (std::size_t i = 0; i < tiles.size(); ++i) {
-        const std::uint64_t hash = node.contribution(tiles[i]);
+        const Digest hash = node.contribution(tiles[i]);
         if (hash == hashes[i]) continue;
         hashes[i] = hash;
         stamps[i] = updates;
@@ -102,8 +105,18 @@ int FrameSurface::Impl::update(const Image& image, const Planes* planes) {
     workshop.forEach(int(strips.size()),
         [&](int i, Scratch& scratch) { drawStrip(strips[std::size_t(i)], drawable.get(), planes, scratch); });
     if (planes) planes->stamp = updates;
+    if (workshop.comparesStructures()) compareWithDrawnAnew(image);
     if (drawable) workshop.cache().endFrame();
     return changedCount;
+}
+
+void FrameSurface::Impl::compareWithDrawnAnew(const Image& image) const {
+    Bitmap anew = Bitmap::uninitialised(bitmap.size());
+    if (anew.isEmpty()) return;
+    workshop.drawInto(image.node(), Tile::of(anew.view(), all));
+    for (int y = 0; y < all.height(); ++y)
+        if (std::memcmp(bitmap.view().row(y), anew.view().row(y), std::size_t(all.width()) * 4) != 0)
+            throw std::logic_error("A tile was kept though its picture had changed.");
 }
 
 FrameSurface::FrameSurface(Evaluator& evaluator, Size size)

@@ -1,36 +1,42 @@
-// A 64-bit hash of a node's structure, built field by field. Not for untrusted keys.
+// Digests of structures, built field by field: XXH3 (Collet) over all fields in their order. A field is
+// preceded by the mark of its type, and a list by its length, so fields that are swapped, shifted or repeated
+// give other digests. Not for untrusted keys.
 #pragma once
 
+#include "TavixPlatform/Imaging/Digest.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
-#include <bit>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string>
 
 namespace tavix::imaging {
 
 class Hash {
 public:
-    explicit constexpr Hash(std::uint64_t kind) : value_(kind) {}
-    // The finishing steps of SplitMix64 (Steele, Lea and Flood, 2014) over the value so far and the next
-    // word.
-    Hash& add(std::uint64_t word) {
-        std::uint64_t z = (value_ ^ word) + 0x9e3779b97f4a7c15u;
-        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9u;
-        z = (z ^ (z >> 27)) * 0x94d049bb133111ebu;
-        value_ = z ^ (z >> 31);
-        return *this;
-    }
-    Hash& add(double number) { return add(std::bit_cast<std::uint64_t>(number)); }
-    Hash& add(const Rect& r) { return add(r.x).add(r.y).add(r.width).add(r.height); }
-    Hash& add(const PixelRegion& r) {
-        return add(std::uint64_t(std::uint32_t(r.x0)) << 32 | std::uint32_t(r.y0))
-            .add(std::uint64_t(std::uint32_t(r.x1)) << 32 | std::uint32_t(r.y1));
-    }
-    Hash& add(const Affine& t) { return add(t.a).add(t.b).add(t.c).add(t.d).add(t.tx).add(t.ty); }
-    std::uint64_t value() const { return value_; }
+    // The fields are written to `record` too, when there is one; it must outlive the hash.
+    explicit Hash(std::string* record = nullptr) : record_(record) {}
+
+    Hash& add(std::uint64_t word);
+    Hash& add(double number);
+    Hash& add(bool flag);
+    Hash& add(const Digest& part);
+    Hash& add(const Rect& rect);
+    Hash& add(const PixelRegion& region);
+    Hash& add(const Affine& transform);
+    // What the fields after it are fields of.
+    template <class Enumeration> Hash& kind(Enumeration value) { return addKind(std::uint64_t(value)); }
+
+    Digest digest() const;
 
 private:
-    std::uint64_t value_;
+    Hash& addKind(std::uint64_t kind);
+    template <class Field> Hash& put(char mark, const Field& field);
+
+    std::array<char, 256> bytes_;   // the fields so far; what went before is one of them, as a digest
+    std::size_t used_ = 0;
+    std::string* record_;
 };
 
 }   // namespace tavix::imaging

@@ -46,7 +46,7 @@ Image Image::warped(
 }
 
 Rect Image::extent() const { return node_->extent(); }
-std::uint64_t Image::hash() const { return node_->hash(); }
+Digest Image::hash() const { return node_->hash(); }
 
 Image Image::cropped(const Rect& rect) const { return Image(makeCropped(node_, rect)); }
 Image Image::clampedToExtent() const { return Image(makeContinued(node_)); }

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Imaging/Digest.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
 #include <array>
@@ -17,6 +18,7 @@
 
 namespace tavix::imaging {
 
+class Hash;
 class Node;
 using NodeRef = std::shared_ptr<const Node>;
 
@@ -44,7 +46,7 @@ struct WarpSample {
 class Warp {
 public:
     virtual ~Warp() = default;
-    virtual std::uint64_t hash() const = 0;   // of the kind of warp and all its arguments
+    virtual void describe(Hash& hash) const = 0;   // the kind of warp and all its arguments
     // Fills `count` samples for the pixels (x + i, y), i = 0 ... count - 1.
     virtual void row(int x, int y, int count, WarpSample* out) const = 0;
 };
@@ -70,8 +72,8 @@ public:
 
     Rect extent() const;
     bool isEmpty() const { return extent().isEmpty(); }
-    // Equal hashes mean equal pixels (64 bits of the structure; bitmaps count by identity).
-    std::uint64_t hash() const;
+    // Equal hashes mean equal pixels: of the structure, in which bitmaps count by identity.
+    Digest hash() const;
 
     // Geometry.
     Image cropped(const Rect& rect) const;

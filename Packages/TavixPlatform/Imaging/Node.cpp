@@ -1,8 +1,42 @@
 #include "TavixPlatform/Imaging/Node.h"
 
 #include <algorithm>
+#include <set>
+#include <utility>
+#include <vector>
 
 namespace tavix::imaging {
+
+Structure& Structure::add(const NodeRef& input) {
+    hash_.add(input->hash());
+    if (!fields_.empty())
+        inputs_.push_back(input);   // a kind comes first, so there are some when they are kept
+    return *this;
+}
+
+void Node::takeHash() {
+    Structure structure(Structure::Keeping::digest);
+    describe(structure);
+    hash_ = structure.hash().digest();
+}
+
+bool haveSameStructure(const NodeRef& a, const NodeRef& b) {
+    using Pair = std::pair<NodeRef, NodeRef>;
+    std::vector<Pair> open{{a, b}};
+    std::set<Pair> known;   // inputs are shared; each pair is looked at once
+    while (!open.empty()) {
+        const Pair pair = std::move(open.back());
+        open.pop_back();
+        if (pair.first == pair.second || !known.insert(pair).second) continue;
+        Structure one(Structure::Keeping::everything), other(Structure::Keeping::everything);
+        pair.first->describe(one);
+        pair.second->describe(other);
+        if (one.fields() != other.fields() || one.inputs().size() != other.inputs().size()) return false;
+        for (std::size_t i = 0; i < one.inputs().size(); ++i)
+            open.emplace_back(one.inputs()[i], other.inputs()[i]);
+    }
+    return true;
+}
 
 Drawable::Drawable(NodeRef node) : node_(std::move(node)) {}
 Drawable::~Drawable() = default;

@@ -11,8 +11,10 @@
 #include "TavixPlatform/Imaging/Image.h"
 #include "TavixPlatform/Imaging/Tile.h"
 
-#include <cstdint>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tavix::imaging {
 
@@ -55,6 +57,35 @@ protected:
     virtual bool isDithered() const { return false; }
 };
 
+// What a node is made of: its fields and its inputs. All that its pixels follow from.
+class Structure {
+public:
+    enum class Keeping { digest, everything };
+    explicit Structure(Keeping keeping) : hash_(keeping == Keeping::everything ? &fields_ : nullptr) {}
+    Structure(const Structure&) = delete;
+    Structure& operator=(const Structure&) = delete;
+
+    template <class Field> Structure& add(const Field& field) {
+        hash_.add(field);
+        return *this;
+    }
+    Structure& add(const NodeRef& input);
+    template <class Enumeration> Structure& kind(Enumeration value) {
+        hash_.kind(value);
+        return *this;
+    }
+    Hash& hash() { return hash_; }   // for what adds its own fields
+
+    // Kept when everything is.
+    const std::string& fields() const { return fields_; }
+    const std::vector<NodeRef>& inputs() const { return inputs_; }
+
+private:
+    std::string fields_;
+    std::vector<NodeRef> inputs_;
+    Hash hash_;
+};
+
 class Node {
 public:
     virtual ~Node() = default;
@@ -65,23 +96,36 @@ public:
     const PixelRegion& support() const {
         return support_;
     }   // outside it is clear; never larger than the extent
-    std::uint64_t hash() const { return hash_; }
+    const Digest& hash() const { return hash_; }
+    virtual void describe(Structure& structure) const = 0;              // always the same way
     virtual bool isOpaque(const PixelRegion&) const { return false; }   // may say no when it does not know
-    // What the pixels of a region depend on: 0 where there are none.
-    virtual std::uint64_t contribution(const PixelRegion& region) const {
-        return intersection(support_, region).isEmpty() ? 0 : hash_;
+    // What the pixels of a region depend on: nothing where there are none.
+    virtual Digest contribution(const PixelRegion& region) const {
+        return intersection(support_, region).isEmpty() ? Digest{} : hash_;
     }
     // Something to draw tiles within `wanted` from. `self` is this node.
     virtual DrawableRef prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const = 0;
 
 protected:
-    Node(const Rect& extent, const PixelRegion& support, std::uint64_t hash)
-        : extent_(extent), support_(intersection(support, pixelsCovering(extent))), hash_(hash) {}
+    Node(const Rect& extent, const PixelRegion& support)
+        : extent_(extent), support_(intersection(support, pixelsCovering(extent))) {}
 
 private:
+    template <class Made, class... Arguments> friend NodeRef makeNode(Arguments&&... arguments);
+    void takeHash();   // once it is whole
+
     Rect extent_;
     PixelRegion support_;
-    std::uint64_t hash_;
+    Digest hash_;
 };
+
+template <class Made, class... Arguments> NodeRef makeNode(Arguments&&... arguments) {
+    auto node = std::make_shared<Made>(std::forward<Arguments>(arguments)...);
+    node->takeHash();
+    return node;
+}
+
+// Whether two graphs are the same in every field of every node, whatever their hashes say.
+bool haveSameStructure(const NodeRef& a, const NodeRef& b);
 
 }   // namespace tavix::imaging

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 namespace tavix::imaging {
 
@@ -22,20 +23,41 @@ std::int64_t areaOf(const PixelRegion& r) { return r.isEmpty() ? 0 : std::int64_
 
 }   // namespace
 
-std::shared_ptr<const void> ResultCache::find(const Key& key) {
-    const auto found = entries_.find(key);
+Digest ResultCache::Subject::key() const {
+    return Hash()
+        .kind(kind)
+        .add(node ? node->hash() : Digest{})
+        .add(region)
+        .add(bitmapId)
+        .add(std::uint64_t(halvings))
+        .digest();
+}
+
+bool ResultCache::Subject::isSameAs(const Subject& other) const {
+    if (kind != other.kind || region != other.region || bitmapId != other.bitmapId ||
+        halvings != other.halvings || !node != !other.node)
+        return false;
+    return !node || haveSameStructure(node, other.node);
+}
+
+std::shared_ptr<const void> ResultCache::find(const Subject& subject) {
+    const auto found = entries_.find(subject.key());
     if (found == entries_.end()) return nullptr;
+    const auto& kept = found->second->subject;
+    if (kept && !kept->isSameAs(subject)) throw std::logic_error("Two pictures met under one key.");
     byUse_.splice(byUse_.begin(), byUse_, found->second);
     found->second->lastFrame = frame_;
     return found->second->result;
 }
 
-void ResultCache::keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes) {
-    if (bytes > mostBytes_ || entries_.contains(key)) return;
-    byUse_.push_front({key, std::move(result), bytes, frame_});
+void ResultCache::keep(const Subject& subject, std::shared_ptr<const void> result, std::size_t bytes) {
+    const Digest key = subject.key();
+    if (bytes > limits_.mostBytes || entries_.contains(key)) return;
+    byUse_.push_front({key, std::move(result), bytes, frame_,
+        limits_.comparesStructures ? std::optional(subject) : std::nullopt});
     entries_[key] = byUse_.begin();
     bytes_ += bytes;
-    while (bytes_ > mostBytes_) dropLast();
+    while (bytes_ > limits_.mostBytes) dropLast();
 }
 
 void ResultCache::endFrame() {
@@ -50,7 +72,8 @@ void ResultCache::dropLast() {
 }
 
 Workshop::Workshop(const EvaluatorOptions& options)
-    : loop_(options.threadCount), cache_(options.cacheBytes),
+    : loop_(options.threadCount), comparesStructures_(options.comparesStructures),
+      cache_({options.cacheBytes, options.comparesStructures}),
       pool_(std::make_shared<BytePool>(mostIdleBytes)) {}
 Workshop::~Workshop() = default;
 
@@ -93,11 +116,11 @@ Picture Workshop::pictureOf(const NodeRef& node, const PixelRegion& needed) {
     if (part.isEmpty()) return {};
     if (const auto* bitmap = asBitmap(*node)) return *bitmap;
     const PixelRegion region = worthKeeping(node->support(), part);
-    const ResultCache::Key key{ResultCache::Kind::picture, node->hash(), region};
-    if (const auto kept = std::static_pointer_cast<const Bitmap>(cache_.find(key))) return {kept, region};
+    const ResultCache::Subject subject{ResultCache::Kind::picture, node, region};
+    if (const auto kept = std::static_pointer_cast<const Bitmap>(cache_.find(subject))) return {kept, region};
     auto bitmap = std::make_shared<Bitmap>(Bitmap::uninitialised({region.width(), region.height()}, pool_));
     drawInto(node, Tile::of(bitmap->view(), region));
-    cache_.keep(key, bitmap, bitmap->byteCount());
+    cache_.keep(subject, bitmap, bitmap->byteCount());
     return {bitmap, region};
 }
 

@@ -11,44 +11,53 @@
 #include <list>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
 namespace tavix::imaging {
 
-// Results by kind, structural hash and region. What a film's last frame did not use goes, since what moves
-// never comes back; and the least recently used go when there are more bytes than allowed.
+// Results by what they are of. What a film's last frame did not use goes, since what moves never comes back;
+// and the least recently used go when there are more bytes than allowed.
 class ResultCache {
 public:
-    explicit ResultCache(std::size_t mostBytes) : mostBytes_(mostBytes) {}
+    struct Limits {
+        std::size_t mostBytes;
+        bool comparesStructures = false;   // as in `EvaluatorOptions`
+    };
+    explicit ResultCache(const Limits& limits) : limits_(limits) {}
 
     enum class Kind { picture, halved, pyramid };   // a Bitmap, a Bitmap, a GaussianPyramid
-    struct Key {
+    struct Subject {
         Kind kind;
-        std::uint64_t hash;
-        PixelRegion region;
-        bool operator==(const Key&) const = default;
+        NodeRef node = nullptr;   // of a picture and a pyramid
+        PixelRegion region = {};
+        std::uint64_t bitmapId = 0;   // of what is halved
+        int halvings = 0;
+
+        Digest key() const;
+        bool isSameAs(const Subject& other) const;   // field by field and node by node
     };
-    std::shared_ptr<const void> find(const Key& key);
-    void keep(const Key& key, std::shared_ptr<const void> result, std::size_t bytes);
+    std::shared_ptr<const void> find(const Subject& subject);
+    void keep(const Subject& subject, std::shared_ptr<const void> result, std::size_t bytes);
     void endFrame();
 
 private:
     struct Entry {
-        Key key;
+        Digest key;
         std::shared_ptr<const void> result;
         std::size_t bytes;
         std::uint64_t lastFrame;
+        std::optional<Subject> subject;   // where structures are compared
     };
     void dropLast();
-    struct KeyHash {
-        std::size_t operator()(const Key& key) const {
-            return std::size_t(Hash(key.hash).add(std::uint64_t(key.kind)).add(key.region).value());
-        }
+    struct Bucket {
+        std::size_t operator()(const Digest& key) const { return std::size_t(key.low); }
     };
     std::list<Entry> byUse_;   // the latest first
-    std::unordered_map<Key, std::list<Entry>::iterator, KeyHash> entries_;
-    std::size_t bytes_ = 0, mostBytes_;
+    std::unordered_map<Digest, std::list<Entry>::iterator, Bucket> entries_;
+    Limits limits_;
+    std::size_t bytes_ = 0;
     std::uint64_t frame_ = 0;
 };
 
@@ -75,12 +84,14 @@ public:
     DrawableRef prepare(const NodeRef& node, const PixelRegion& wanted);
 
     ResultCache& cache() { return cache_; }
+    bool comparesStructures() const { return comparesStructures_; }
     const std::shared_ptr<BytePool>& pool() const { return pool_; }
 
 private:
     ParallelLoop loop_;
     std::mutex scratchMutex_;
     std::vector<std::unique_ptr<Scratch>> idleScratch_;
+    bool comparesStructures_;
     ResultCache cache_;
     std::shared_ptr<BytePool> pool_;
 };

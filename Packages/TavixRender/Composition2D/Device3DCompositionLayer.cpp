@@ -90,7 +90,7 @@ std::optional<Image> Device3DCompositionLayer::contentImageOnMain(double localSe
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
     const auto screen = screenAt(localSec);
     if (!screen) return std::nullopt;
-    const std::uint64_t hash = renderer_->frameHash(*screen, localSec);
+    const imaging::Digest hash = renderer_->frameHash(*screen, localSec);
     if (lastFrame_ && lastFrame_->hash == hash) return lastFrame_->image;
     Image image = renderer_->render(*screen, localSec, {evaluator_, log_});
     if (renderScale_ > 1) image = image.placedInto(bounds_);

@@ -41,7 +41,7 @@ private:
         double sec;
     };
     struct DrawnFrame {
-        std::uint64_t hash;
+        imaging::Digest hash;
         imaging::Image image;
     };
 

@@ -152,16 +152,18 @@ std::optional<DeviceMotionBlur> RealityDeviceSceneRenderer::blurAt(double output
     return motionBlurOf(moving, settings_.motionBlurGain, outputSec);
 }
 
-std::uint64_t RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
+imaging::Digest RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
     const DeviceStance stance = stanceAt(outputSec);
-    imaging::Hash hash(sceneVersion_);
+    imaging::Hash hash;
+    hash.add(sceneVersion_);
     hash.add(screenImage(transitionWindows_, deviceLayer, motion_, outputSec).hash());
     hash.add(stance.poseDegrees.x).add(stance.poseDegrees.y).add(stance.poseDegrees.z);
-    if (const auto& place = stance.placement)
-        hash.add(place->offset.x).add(place->offset.y).add(place->scale);
-    if (stance.depth) hash.add(*stance.depth);
-    if (const auto blur = blurAt(outputSec)) hash.add(blur->radiusPx).add(blur->angleRad);
-    return hash.value();
+    const auto& place = stance.placement;
+    if (hash.add(place.has_value()); place) hash.add(place->offset.x).add(place->offset.y).add(place->scale);
+    if (hash.add(stance.depth.has_value()); stance.depth) hash.add(*stance.depth);
+    const auto blur = blurAt(outputSec);
+    if (hash.add(blur.has_value()); blur) hash.add(blur->radiusPx).add(blur->angleRad);
+    return hash.digest();
 }
 
 Image RealityDeviceSceneRenderer::backdrop() const {

@@ -57,7 +57,7 @@ public:
 
     // Of the picture that `render` would give: equal hashes mean equal pictures, for as long as the renderer
     // lives.
-    std::uint64_t frameHash(const imaging::Image& deviceLayer, double outputSec) const;
+    imaging::Digest frameHash(const imaging::Image& deviceLayer, double outputSec) const;
 
     // Changes all of a scene but its finish. Without a placement the scene's own counts; an absent blur or
     // depth stays as it was.
@@ -91,9 +91,9 @@ private:
     scene3d::Renderer engine_;
     std::shared_ptr<imaging::BytePool> pool_;   // of pictures of the pass, which come and go with frames
     bool liveMode_ = false;
-    bool hasToldOfScreen_ = false;            // its failure is told once
-    std::optional<double> lastBlitSec_;       // when the screen was last brought up to date
-    std::optional<std::uint64_t> lastBlit_;   // and with what
+    bool hasToldOfScreen_ = false;              // its failure is told once
+    std::optional<double> lastBlitSec_;         // when the screen was last brought up to date
+    std::optional<imaging::Digest> lastBlit_;   // and with what
 };
 
 }   // namespace tavix

@@ -10,9 +10,11 @@ namespace {
 class BloomedNode final : public Node {
 public:
     BloomedNode(const NodeRef& in, const NodeRef& glow, double strength)
-        : Node(unionOf(in->extent(), glow->extent()), unionOf(in->support(), glow->support()),
-              hashOf(NodeKind::bloomed).add(in->hash()).add(glow->hash()).add(strength).value()),
-          input(in), light(glow), intensity(strength) {}
+        : Node(unionOf(in->extent(), glow->extent()), unionOf(in->support(), glow->support())), input(in),
+          light(glow), intensity(strength) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::bloomed).add(input).add(light).add(intensity);
+    }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(region); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input, light;
@@ -50,7 +52,7 @@ DrawableRef BloomedNode::prepare(Workshop& workshop, const NodeRef& self, const 
 
 NodeRef makeBloomed(const NodeRef& input, double intensity, double sigmaPx) {
     if (!(intensity > 0) || input->extent().isEmpty()) return input;
-    return std::make_shared<BloomedNode>(input, makeBlurred(input, sigmaPx), intensity);
+    return makeNode<BloomedNode>(input, makeBlurred(input, sigmaPx), intensity);
 }
 
 }   // namespace tavix::imaging

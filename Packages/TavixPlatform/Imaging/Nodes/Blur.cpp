@@ -15,15 +15,17 @@ constexpr double narrowestPx = 0.05;   // below it no 8-bit pixel changes
 class BlurredNode final : public Node {
 public:
     BlurredNode(const NodeRef& in, double sigma)
-        : Node(grownBy(in->extent(), std::ceil(3 * sigma)), grownBy(in->support(), int(std::ceil(3 * sigma))),
-              hashOf(NodeKind::blurred).add(in->hash()).add(sigma).value()),
+        : Node(
+              grownBy(in->extent(), std::ceil(3 * sigma)), grownBy(in->support(), int(std::ceil(3 * sigma)))),
           input(in), sigmaPx(sigma) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::blurred).add(input).add(sigmaPx); }
     bool isOpaque(const PixelRegion& region) const override {
         return input->isOpaque(grownBy(region, reachPx()));
     }
-    std::uint64_t contribution(const PixelRegion& region) const override {
+    Digest contribution(const PixelRegion& region) const override {
         const PixelRegion part = intersection(region, support());
-        return part.isEmpty() || input->contribution(grownBy(part, reachPx())) == 0 ? 0 : hash();
+        return part.isEmpty() || input->contribution(grownBy(part, reachPx())).isNothing() ? Digest{}
+                                                                                           : hash();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     // How far a pixel may look: the taps, and the width of the pyramid's coarsest filters beyond them.
@@ -92,12 +94,12 @@ DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const 
         rows = std::make_unique<NarrowBlur>(
             self, BlurSource::of(workshop, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
     } else {
-        const ResultCache::Key key{ResultCache::Kind::pyramid, hash(), region};
-        auto pyramid = std::static_pointer_cast<const GaussianPyramid>(workshop.cache().find(key));
+        const ResultCache::Subject subject{ResultCache::Kind::pyramid, self, region};
+        auto pyramid = std::static_pointer_cast<const GaussianPyramid>(workshop.cache().find(subject));
         if (!pyramid) {
             const BlurSource source = BlurSource::of(workshop, input, grownBy(region, reachPx()));
             pyramid = std::make_shared<const GaussianPyramid>(workshop, source, sigmaPx, region);
-            workshop.cache().keep(key, pyramid, pyramid->byteCount());
+            workshop.cache().keep(subject, pyramid, pyramid->byteCount());
         }
         rows = std::make_unique<WideBlur>(self, std::move(pyramid));
     }
@@ -108,7 +110,7 @@ DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const 
 
 NodeRef makeBlurred(const NodeRef& input, double sigmaPx) {
     if (!(sigmaPx > narrowestPx) || input->extent().isEmpty()) return input;
-    return std::make_shared<BlurredNode>(input, std::min(sigmaPx, 10000.0));
+    return makeNode<BlurredNode>(input, std::min(sigmaPx, 10000.0));
 }
 
 }   // namespace tavix::imaging

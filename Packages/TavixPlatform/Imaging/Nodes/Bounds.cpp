@@ -10,17 +10,17 @@ namespace {
 
 class CroppedNode final : public Node {
 public:
-    CroppedNode(const NodeRef& in, const Rect& extent)
-        : Node(extent, in->support(), hashOf(NodeKind::cropped).add(in->hash()).add(extent).value()),
-          input(in) {}
+    CroppedNode(const NodeRef& in, const Rect& extent) : Node(extent, in->support()), input(in) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::cropped).add(input).add(extent()); }
     bool isOpaque(const PixelRegion& region) const override {
         return support().contains(region) && input->isOpaque(region);
     }
-    std::uint64_t contribution(const PixelRegion& region) const override {
+    Digest contribution(const PixelRegion& region) const override {
         const PixelRegion part = intersection(region, support());
-        if (part.isEmpty()) return 0;
-        const std::uint64_t below = input->contribution(part);
-        return below == 0 ? 0 : part == region ? below : Hash(below).add(support()).value();
+        if (part.isEmpty()) return {};
+        const Digest below = input->contribution(part);
+        if (below.isNothing() || part == region) return below;
+        return hashOf(NodeKind::cropped).add(below).add(support()).digest();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
@@ -62,8 +62,8 @@ PixelRegion continuedSupport(const Node& input) {
 class ContinuedNode final : public Node {
 public:
     explicit ContinuedNode(const NodeRef& in)
-        : Node(Rect::infinite(), continuedSupport(*in), hashOf(NodeKind::continued).add(in->hash()).value()),
-          input(in), edge(pixelsCovering(in->extent())) {}
+        : Node(Rect::infinite(), continuedSupport(*in)), input(in), edge(pixelsCovering(in->extent())) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::continued).add(input); }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(nearest(region, edge)); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
@@ -99,9 +99,9 @@ DrawableRef ContinuedNode::prepare(Workshop& workshop, const NodeRef& self, cons
 class TiledNode final : public Node {
 public:
     explicit TiledNode(const NodeRef& in)
-        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
-              hashOf(NodeKind::tiled).add(in->hash()).value()),
-          input(in), cell(pixelsCovering(in->extent())) {}
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite())), input(in),
+          cell(pixelsCovering(in->extent())) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::tiled).add(input); }
     bool isOpaque(const PixelRegion&) const override { return input->isOpaque(cell); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
@@ -154,16 +154,16 @@ NodeRef makeCropped(const NodeRef& input, const Rect& rect) {
     if (extent == input->extent()) return input;
     if (const auto* inner = dynamic_cast<const CroppedNode*>(input.get()))
         return makeCropped(inner->input, extent);
-    return std::make_shared<CroppedNode>(input, extent);
+    return makeNode<CroppedNode>(input, extent);
 }
 
 NodeRef makeContinued(const NodeRef& input) {
     if (input->extent().isInfinite() || input->extent().isEmpty()) return input;
-    return std::make_shared<ContinuedNode>(input);
+    return makeNode<ContinuedNode>(input);
 }
 
 NodeRef makeTiled(const NodeRef& input) {
-    return canRepeat(input) ? std::make_shared<TiledNode>(input) : emptyNode();
+    return canRepeat(input) ? makeNode<TiledNode>(input) : emptyNode();
 }
 
 Behind behind(const NodeRef& node) {

@@ -8,23 +8,23 @@ namespace tavix::imaging {
 
 namespace {
 
-void addTo(Hash& hash, const ColorStep& step) {
-    hash.add(std::uint64_t(step.index()));
+void addTo(Structure& structure, const ColorStep& step) {
+    structure.add(std::uint64_t(step.index()));
     const auto all = [&](const float* values, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) hash.add(double(values[i]));
+        for (std::size_t i = 0; i < count; ++i) structure.add(double(values[i]));
     };
     if (const auto* m = std::get_if<MatrixRows>(&step)) {
         for (const float* row : {m->r, m->g, m->b, m->a}) all(row, 4);
     } else if (const auto* c = std::get_if<ControlValues>(&step)) {
-        hash.add(double(c->brightness)).add(double(c->contrast)).add(double(c->saturation));
+        structure.add(double(c->brightness)).add(double(c->contrast)).add(double(c->saturation));
     } else if (const auto* t = std::get_if<Monochrome>(&step)) {
         all(t->color, 3);
-        hash.add(double(t->intensity));
+        structure.add(double(t->intensity));
     } else if (const auto* p = std::get_if<ColorPair>(&step)) {
         all(p->dark, 4);
         all(p->light, 4);
     } else if (const auto* v = std::get_if<Vignette>(&step)) {
-        hash.add(v->center.x)
+        structure.add(v->center.x)
             .add(v->center.y)
             .add(v->halfDiagonalPx)
             .add(double(v->intensity))
@@ -39,16 +39,14 @@ bool keepsOpaque(const ColorStep& step) {
     return true;
 }
 
-std::uint64_t hashOfSteps(const NodeRef& input, const std::vector<ColorStep>& steps) {
-    Hash hash = hashOf(NodeKind::colored).add(input->hash());
-    for (const ColorStep& step : steps) addTo(hash, step);
-    return hash.value();
-}
-
 class ColoredNode final : public Node {
 public:
     ColoredNode(const NodeRef& in, std::vector<ColorStep> all)
-        : Node(in->extent(), in->support(), hashOfSteps(in, all)), input(in), steps(std::move(all)) {}
+        : Node(in->extent(), in->support()), input(in), steps(std::move(all)) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::colored).add(input).add(std::uint64_t(steps.size()));
+        for (const ColorStep& step : steps) addTo(s, step);
+    }
     bool isOpaque(const PixelRegion& region) const override {
         return std::all_of(steps.begin(), steps.end(), keepsOpaque) && input->isOpaque(region);
     }
@@ -114,11 +112,11 @@ DrawableRef ColoredNode::prepare(Workshop& workshop, const NodeRef& self, const 
 class FadedNode final : public Node {
 public:
     FadedNode(const NodeRef& in, double factor)
-        : Node(in->extent(), in->support(), hashOf(NodeKind::faded).add(in->hash()).add(factor).value()),
-          input(in), alpha(factor) {}
-    std::uint64_t contribution(const PixelRegion& region) const override {
-        const std::uint64_t below = input->contribution(region);
-        return below == 0 ? 0 : hashOf(NodeKind::faded).add(below).add(alpha).value();
+        : Node(in->extent(), in->support()), input(in), alpha(factor) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::faded).add(input).add(alpha); }
+    Digest contribution(const PixelRegion& region) const override {
+        const Digest below = input->contribution(region);
+        return below.isNothing() ? below : hashOf(NodeKind::faded).add(below).add(alpha).digest();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
@@ -161,7 +159,7 @@ NodeRef makeColored(const NodeRef& input, const ColorStep& step) {
     const auto* below = dynamic_cast<const ColoredNode*>(input.get());
     std::vector<ColorStep> steps = below ? below->steps : std::vector<ColorStep>{};
     steps.push_back(step);
-    return std::make_shared<ColoredNode>(below ? below->input : input, std::move(steps));
+    return makeNode<ColoredNode>(below ? below->input : input, std::move(steps));
 }
 
 NodeRef makeFaded(const NodeRef& input, double alpha) {
@@ -169,7 +167,7 @@ NodeRef makeFaded(const NodeRef& input, double alpha) {
     if (alpha >= 1 || input->extent().isEmpty()) return input;
     if (const auto* below = dynamic_cast<const FadedNode*>(input.get()))
         return makeFaded(below->input, below->alpha * alpha);
-    return std::make_shared<FadedNode>(input, alpha);
+    return makeNode<FadedNode>(input, alpha);
 }
 
 }   // namespace tavix::imaging

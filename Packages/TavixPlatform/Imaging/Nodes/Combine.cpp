@@ -8,9 +8,9 @@ namespace {
 class SumNode final : public Node {
 public:
     SumNode(const NodeRef& one, const NodeRef& other)
-        : Node(unionOf(one->extent(), other->extent()), unionOf(one->support(), other->support()),
-              hashOf(NodeKind::sum).add(one->hash()).add(other->hash()).value()),
-          a(one), b(other) {}
+        : Node(unionOf(one->extent(), other->extent()), unionOf(one->support(), other->support())), a(one),
+          b(other) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::sum).add(a).add(b); }
     bool isOpaque(const PixelRegion& region) const override {
         return a->isOpaque(region) || b->isOpaque(region);
     }
@@ -44,9 +44,9 @@ class MaskedNode final : public Node {
 public:
     MaskedNode(const NodeRef& before, const NodeRef& behind, const NodeRef& by)
         : Node(unionOf(before->extent(), behind->extent()),
-              unionOf(intersection(before->support(), by->support()), behind->support()),
-              hashOf(NodeKind::masked).add(before->hash()).add(behind->hash()).add(by->hash()).value()),
+              unionOf(intersection(before->support(), by->support()), behind->support())),
           front(before), back(behind), mask(by) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::masked).add(front).add(back).add(mask); }
     bool isOpaque(const PixelRegion& region) const override {
         return front->isOpaque(region) && back->isOpaque(region);
     }
@@ -86,12 +86,12 @@ DrawableRef MaskedNode::prepare(Workshop& workshop, const NodeRef& self, const P
 
 NodeRef makeSum(const NodeRef& a, const NodeRef& b) {
     if (a->extent().isEmpty()) return b;
-    return b->extent().isEmpty() ? a : std::make_shared<SumNode>(a, b);
+    return b->extent().isEmpty() ? a : makeNode<SumNode>(a, b);
 }
 
 NodeRef makeMasked(const NodeRef& front, const NodeRef& back, const NodeRef& mask) {
     if (front->extent().isEmpty() && back->extent().isEmpty()) return emptyNode();
-    return std::make_shared<MaskedNode>(front, back, mask);
+    return makeNode<MaskedNode>(front, back, mask);
 }
 
 }   // namespace tavix::imaging

@@ -30,12 +30,12 @@ BitmapRef halved(Workshop& workshop, const Bitmap& source) {
 BitmapRef mipmap(Workshop& workshop, const BitmapRef& source, int level) {
     BitmapRef result = source;
     for (int i = 1; i <= level; ++i) {
-        const ResultCache::Key key{
-            ResultCache::Kind::halved, Hash(source->id()).add(std::uint64_t(i)).value(), {}};
-        auto kept = std::static_pointer_cast<const Bitmap>(workshop.cache().find(key));
+        const ResultCache::Subject subject{
+            .kind = ResultCache::Kind::halved, .bitmapId = source->id(), .halvings = i};
+        auto kept = std::static_pointer_cast<const Bitmap>(workshop.cache().find(subject));
         if (!kept) {
             kept = halved(workshop, *result);
-            workshop.cache().keep(key, kept, kept->byteCount());
+            workshop.cache().keep(subject, kept, kept->byteCount());
         }
         result = kept;
     }

@@ -67,19 +67,23 @@ Rect grownBy(const Rect& r, const PixelRegion& reach) {
 // The line looks as far to one side as to the other, so `reach` serves for what it needs and what it smears.
 class MotionBlurredNode final : public Node {
 public:
-    MotionBlurredNode(const NodeRef& in, std::vector<LineTap> lineTaps, std::uint64_t hash)
-        : Node(grownBy(in->extent(), reachOf(lineTaps)), grownBy(in->support(), reachOf(lineTaps)), hash),
-          input(in), taps(std::move(lineTaps)), reach(reachOf(taps)) {}
+    MotionBlurredNode(const NodeRef& in, std::vector<LineTap> lineTaps, double radius, double angle)
+        : Node(grownBy(in->extent(), reachOf(lineTaps)), grownBy(in->support(), reachOf(lineTaps))),
+          input(in), radiusPx(radius), angleRad(angle), taps(std::move(lineTaps)), reach(reachOf(taps)) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::motionBlurred).add(input).add(radiusPx).add(angleRad);
+    }
     bool isOpaque(const PixelRegion& region) const override {
         return input->isOpaque(grownBy(region, reach));
     }
-    std::uint64_t contribution(const PixelRegion& region) const override {
+    Digest contribution(const PixelRegion& region) const override {
         const PixelRegion part = intersection(region, support());
-        return part.isEmpty() || input->contribution(grownBy(part, reach)) == 0 ? 0 : hash();
+        return part.isEmpty() || input->contribution(grownBy(part, reach)).isNothing() ? Digest{} : hash();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
 
     const NodeRef input;
+    const double radiusPx, angleRad;
     const std::vector<LineTap> taps;
     const PixelRegion reach;
 };
@@ -128,9 +132,7 @@ DrawableRef MotionBlurredNode::prepare(
 NodeRef makeMotionBlurred(const NodeRef& input, double radiusPx, double angleRad) {
     if (!(radiusPx > shortestPx) || !std::isfinite(angleRad) || input->extent().isEmpty()) return input;
     const double radius = std::min(radiusPx, longestPx);
-    const std::uint64_t hash =
-        hashOf(NodeKind::motionBlurred).add(input->hash()).add(radius).add(angleRad).value();
-    return std::make_shared<MotionBlurredNode>(input, tapsOf(radius, angleRad), hash);
+    return makeNode<MotionBlurredNode>(input, tapsOf(radius, angleRad), radius, angleRad);
 }
 
 }   // namespace tavix::imaging

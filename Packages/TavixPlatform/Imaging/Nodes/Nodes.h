@@ -65,7 +65,7 @@ NodeRef makeMotionBlurred(const NodeRef& input, double radiusPx, double angleRad
 NodeRef makeBloomed(const NodeRef& input, double intensity, double sigmaPx);
 NodeRef makePixellated(const NodeRef& input, Point center, double scalePx);
 
-// The kinds, as the first word of a node's hash.
+// The kinds, as the first field of a node's structure.
 enum class NodeKind : std::uint64_t {
     empty = 1,
     solid,
@@ -78,6 +78,7 @@ enum class NodeKind : std::uint64_t {
     transformed,
     placed,
     stack,
+    layersOfStack,
     sum,
     masked,
     warped,
@@ -89,7 +90,7 @@ enum class NodeKind : std::uint64_t {
     motionBlurred,
     perspective
 };
-inline Hash hashOf(NodeKind kind) { return Hash(std::uint64_t(kind)); }
+inline Hash hashOf(NodeKind kind) { return Hash().kind(kind); }
 
 // A straight colour as a premultiplied 8-bit pixel.
 std::uint32_t pixelOf(const Color& color);

@@ -77,26 +77,21 @@ class PerspectiveNode final : public Node {
 public:
     PerspectiveNode(const NodeRef& in, const Projective& onto)
         : Node(boundsOf(mapped(onto, in->extent())),
-              pixelsCovering(boundsOf(mapped(onto, intersection(in->support().rect(), in->extent())))),
-              hashed(in, onto)),
+              pixelsCovering(boundsOf(mapped(onto, intersection(in->support().rect(), in->extent()))))),
           input(in), map(onto) {}
-    std::uint64_t contribution(const PixelRegion& region) const override {
-        return intersection(region, support()).isEmpty() || input->contribution(input->support()) == 0
-                   ? 0
-                   : hash();
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::perspective).add(input);
+        for (const double value : map.m) s.add(value);
+    }
+    Digest contribution(const PixelRegion& region) const override {
+        const bool isClear =
+            intersection(region, support()).isEmpty() || input->contribution(input->support()).isNothing();
+        return isClear ? Digest{} : hash();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
 
     const NodeRef input;
     const Projective map;
-
-private:
-    static std::uint64_t hashed(const NodeRef& in, const Projective& map) {
-        Hash hash = hashOf(NodeKind::perspective);
-        hash.add(in->hash());
-        for (const double value : map.m) hash.add(value);
-        return hash.value();
-    }
 };
 
 // Source pixels per target pixel, across and up.
@@ -255,7 +250,7 @@ NodeRef makePerspective(const NodeRef& input, const Quad& onto) {
         return emptyNode();
     const Projective toSquare{{1 / extent.width, 0, -extent.x / extent.width, 0, 1 / extent.height,
         -extent.y / extent.height, 0, 0, 1}};
-    return std::make_shared<PerspectiveNode>(input, toSquare.then(*fromSquare));
+    return makeNode<PerspectiveNode>(input, toSquare.then(*fromSquare));
 }
 
 }   // namespace tavix::imaging

@@ -35,14 +35,12 @@ struct Squares {
 class PixellatedNode final : public Node {
 public:
     PixellatedNode(const NodeRef& in, const Squares& grid)
-        : Node(unionOf(in->extent(), grid.grown(in->support()).rect()), grid.grown(in->support()),
-              hashOf(NodeKind::pixellated)
-                  .add(in->hash())
-                  .add(grid.center.x)
-                  .add(grid.center.y)
-                  .add(grid.sidePx)
-                  .value()),
-          input(in), squares(grid) {}
+        : Node(unionOf(in->extent(), grid.grown(in->support()).rect()), grid.grown(in->support())), input(in),
+          squares(grid) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::pixellated).add(input);
+        s.add(squares.center.x).add(squares.center.y).add(squares.sidePx);
+    }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(squares.grown(region)); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
@@ -109,7 +107,7 @@ DrawableRef PixellatedNode::prepare(
 
 NodeRef makePixellated(const NodeRef& input, Point center, double scalePx) {
     if (!(scalePx > 1) || input->support().isEmpty()) return input;
-    return std::make_shared<PixellatedNode>(input, Squares{center, std::min(scalePx, 4096.0)});
+    return makeNode<PixellatedNode>(input, Squares{center, std::min(scalePx, 4096.0)});
 }
 
 }   // namespace tavix::imaging

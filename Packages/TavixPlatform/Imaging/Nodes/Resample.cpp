@@ -67,9 +67,8 @@ PixelRegion inkIn(const Rect& target, const Node& input) {
 
 class PlacedNode final : public Node {
 public:
-    PlacedNode(const NodeRef& in, const Rect& target)
-        : Node(target, inkIn(target, *in), hashOf(NodeKind::placed).add(in->hash()).add(target).value()),
-          input(in) {}
+    PlacedNode(const NodeRef& in, const Rect& target) : Node(target, inkIn(target, *in)), input(in) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::placed).add(input).add(extent()); }
     bool isOpaque(const PixelRegion& region) const override {
         const Rect& r = extent();
         const bool isInside =
@@ -180,7 +179,7 @@ NodeRef makePlaced(const NodeRef& input, const Rect& target) {
         map.isTranslation() && target.x == std::round(target.x) && target.y == std::round(target.y);
     // A huge target would need tables as long; its enlarged pixels look the same through the plain transform.
     if (isShift || isHuge) return makeTransformed(input, map);
-    return std::make_shared<PlacedNode>(input, target);
+    return makeNode<PlacedNode>(input, target);
 }
 
 }   // namespace tavix::imaging

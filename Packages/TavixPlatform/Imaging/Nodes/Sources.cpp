@@ -13,26 +13,26 @@ namespace {
 
 class EmptyNode final : public Node {
 public:
-    EmptyNode() : Node({}, {}, hashOf(NodeKind::empty).value()) {}
+    EmptyNode() : Node({}, {}) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::empty); }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override {
         return nullptr;
     }   // has no support
 };
 
-std::uint64_t hashOfColor(Hash hash, const Color& c) {
-    return hash.add(c.r).add(c.g).add(c.b).add(c.a).value();
-}
+void addTo(Structure& s, const Color& c) { s.add(c.r).add(c.g).add(c.b).add(c.a); }
 
 class SolidNode final : public Node {
 public:
     explicit SolidNode(const Color& color)
-        : Node(Rect::infinite(), pixelOf(color) ? pixelsCovering(Rect::infinite()) : PixelRegion{},
-              hashOfColor(hashOf(NodeKind::solid), color)),
-          pixel_(pixelOf(color)) {}
+        : Node(Rect::infinite(), pixelOf(color) ? pixelsCovering(Rect::infinite()) : PixelRegion{}),
+          color_(color), pixel_(pixelOf(color)) {}
+    void describe(Structure& s) const override { addTo(s.kind(NodeKind::solid), color_); }
     bool isOpaque(const PixelRegion&) const override { return pixel_ >> 24 == 255; }
     DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
 
 private:
+    Color color_;
     std::uint32_t pixel_;
 };
 
@@ -61,17 +61,19 @@ DrawableRef SolidNode::prepare(Workshop&, const NodeRef& self, const PixelRegion
 class BitmapNode final : public Node {
 public:
     BitmapNode(BitmapRef bitmap, int x0, int y0, const Rect& extent)
-        : Node(extent, inkOf(*bitmap, x0, y0),
-              hashOf(NodeKind::bitmap).add(bitmap->id()).add(double(x0)).add(double(y0)).add(extent).value()),
-          picture_{bitmap, {x0, y0, x0 + bitmap->size().width, y0 + bitmap->size().height}} {}
+        : Node(extent, inkOf(*bitmap, x0, y0)), picture_{bitmap, {x0, y0, x0 + bitmap->size().width,
+                                                                     y0 + bitmap->size().height}} {}
 
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::bitmap).add(picture_.bitmap->id()).add(picture_.region).add(extent());
+    }
     const Picture& picture() const { return picture_; }
     bool isOpaque(const PixelRegion& region) const override {
         return coverage(region) == Bitmap::Coverage::opaque;
     }
-    std::uint64_t contribution(const PixelRegion& region) const override {
+    Digest contribution(const PixelRegion& region) const override {
         const PixelRegion part = intersection(region, support());
-        return part.isEmpty() || coverage(part) == Bitmap::Coverage::empty ? 0 : hash();
+        return part.isEmpty() || coverage(part) == Bitmap::Coverage::empty ? Digest{} : hash();
     }
     DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
 
@@ -121,12 +123,13 @@ DrawableRef BitmapNode::prepare(Workshop&, const NodeRef& self, const PixelRegio
 class SmoothGradientNode final : public Node {
 public:
     SmoothGradientNode(Point start, const Color& startColor, Point p1, const Color& endColor)
-        : Node(Rect::infinite(), pixelsCovering(Rect::infinite()),
-              hashOfColor(Hash(hashOfColor(
-                              hashOf(NodeKind::smoothGradient).add(start.x).add(start.y).add(p1.x).add(p1.y),
-                              startColor)),
-                  endColor)),
+        : Node(Rect::infinite(), pixelsCovering(Rect::infinite())),
           p0(start), axis{p1.x - start.x, p1.y - start.y}, color0(startColor), color1(endColor) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::smoothGradient).add(p0.x).add(p0.y).add(axis.x).add(axis.y);
+        addTo(s, color0);
+        addTo(s, color1);
+    }
     bool isOpaque(const PixelRegion&) const override { return color0.a >= 1 && color1.a >= 1; }
     DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
 
@@ -171,9 +174,11 @@ DrawableRef SmoothGradientNode::prepare(Workshop&, const NodeRef& self, const Pi
 class RoundedRectangleNode final : public Node {
 public:
     RoundedRectangleNode(const Rect& box, double radius, const Color& color)
-        : Node(pixelsCovering(box).rect(), pixelsCovering(box),
-              hashOfColor(hashOf(NodeKind::roundedRectangle).add(box).add(radius), color)),
-          rect(box), radiusPx(radius), pixel(pixelOf(color)) {}
+        : Node(pixelsCovering(box).rect(), pixelsCovering(box)), rect(box), radiusPx(radius),
+          pixel(pixelOf(color)) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::roundedRectangle).add(rect).add(radiusPx).add(std::uint64_t(pixel));
+    }
     DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
 
     const Rect rect;
@@ -237,25 +242,25 @@ std::uint32_t pixelOf(const Color& color) {
 }
 
 const NodeRef& emptyNode() {
-    static const NodeRef node = std::make_shared<EmptyNode>();
+    static const NodeRef node = makeNode<EmptyNode>();
     return node;
 }
 
-NodeRef makeSolid(const Color& color) { return std::make_shared<SolidNode>(color); }
+NodeRef makeSolid(const Color& color) { return makeNode<SolidNode>(color); }
 
 NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent) {
     if (!bitmap || bitmap->isEmpty()) return emptyNode();
-    return std::make_shared<BitmapNode>(std::move(bitmap), x0, y0, extent);
+    return makeNode<BitmapNode>(std::move(bitmap), x0, y0, extent);
 }
 
 NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1) {
-    return std::make_shared<SmoothGradientNode>(p0, color0, p1, color1);
+    return makeNode<SmoothGradientNode>(p0, color0, p1, color1);
 }
 
 NodeRef makeRoundedRectangle(const Rect& rect, double radiusPx, const Color& color) {
     if (rect.isEmpty()) return emptyNode();
     const double mostRadius = std::min(rect.width, rect.height) / 2;
-    return std::make_shared<RoundedRectangleNode>(rect, std::clamp(radiusPx, 0.0, mostRadius), color);
+    return makeNode<RoundedRectangleNode>(rect, std::clamp(radiusPx, 0.0, mostRadius), color);
 }
 
 const Picture* asBitmap(const Node& node) {

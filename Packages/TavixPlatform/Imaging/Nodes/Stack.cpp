@@ -18,31 +18,29 @@ PixelRegion supportOf(const std::vector<NodeRef>& layers) {
     for (const NodeRef& layer : layers) support = unionOf(support, layer->support());
     return support;
 }
-std::uint64_t hashOfLayers(const std::vector<NodeRef>& layers) {
-    Hash hash = hashOf(NodeKind::stack);
-    for (const NodeRef& layer : layers) hash.add(layer->hash());
-    return hash.value();
-}
 
 class StackNode final : public Node {
 public:
     explicit StackNode(std::vector<NodeRef> bottomToTop)
-        : Node(extentOf(bottomToTop), supportOf(bottomToTop), hashOfLayers(bottomToTop)),
-          layers(std::move(bottomToTop)) {}
+        : Node(extentOf(bottomToTop), supportOf(bottomToTop)), layers(std::move(bottomToTop)) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::stack).add(std::uint64_t(layers.size()));
+        for (const NodeRef& layer : layers) s.add(layer);
+    }
     bool isOpaque(const PixelRegion& region) const override { return lowestSeen(region) > 0; }
-    std::uint64_t contribution(const PixelRegion& region) const override {
-        Hash hash = hashOf(NodeKind::stack);
-        std::uint64_t only = 0;   // one layer alone counts as itself
+    Digest contribution(const PixelRegion& region) const override {
+        Hash hash = hashOf(NodeKind::layersOfStack);
+        Digest only;   // one layer alone counts as itself
         int count = 0;
         for (std::size_t i = layers.size(); i-- > 0;) {
-            const std::uint64_t below = layers[i]->contribution(region);
-            if (below == 0) continue;
+            const Digest below = layers[i]->contribution(region);
+            if (below.isNothing()) continue;
             hash.add(below);
             only = below;
             ++count;
             if (layers[i]->isOpaque(region)) break;
         }
-        return count > 1 ? hash.value() : only;
+        return count > 1 ? hash.digest() : only;
     }
     // One more than the index of the topmost layer that hides all below it in a region; 0 when there is none.
     std::size_t lowestSeen(const PixelRegion& region) const {
@@ -109,7 +107,7 @@ NodeRef makeStack(std::vector<NodeRef> bottomToTop) {
     std::erase_if(bottomToTop, [](const NodeRef& layer) { return layer->extent().isEmpty(); });
     if (bottomToTop.empty()) return emptyNode();
     if (bottomToTop.size() == 1) return bottomToTop.front();
-    return std::make_shared<StackNode>(std::move(bottomToTop));
+    return makeNode<StackNode>(std::move(bottomToTop));
 }
 
 }   // namespace tavix::imaging

@@ -18,19 +18,19 @@ constexpr double mostReduction = 1.5;
 class TransformedNode final : public Node {
 public:
     TransformedNode(const NodeRef& in, const Affine& map)
-        : Node(map.boundsOf(in->extent()), pixelsCovering(map.boundsOf(in->support().rect())),
-              hashOf(NodeKind::transformed).add(in->hash()).add(map).value()),
-          input(in), transform(map), inverse(map.inverse()) {}
+        : Node(map.boundsOf(in->extent()), pixelsCovering(map.boundsOf(in->support().rect()))), input(in),
+          transform(map), inverse(map.inverse()) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::transformed).add(input).add(transform); }
     bool isOpaque(const PixelRegion& region) const override {
         // One pixel more all round: neighbours are mixed in.
         const PixelRegion seen = grownBy(pixelsCovering(inverse.boundsOf(region.rect())), 1);
         return input->support().contains(seen) && input->isOpaque(seen);
     }
-    std::uint64_t contribution(const PixelRegion& region) const override {
+    Digest contribution(const PixelRegion& region) const override {
         const PixelRegion part = intersection(region, support());
-        if (part.isEmpty()) return 0;
+        if (part.isEmpty()) return {};
         const PixelRegion seen = grownBy(pixelsCovering(inverse.boundsOf(part.rect())), 1);
-        return input->contribution(seen) == 0 ? 0 : hash();
+        return input->contribution(seen).isNothing() ? Digest{} : hash();
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
 
@@ -165,7 +165,7 @@ NodeRef makeTransformed(const NodeRef& input, const Affine& transform) {
     }
     const Rect extent = transform.boundsOf(input->extent());
     if (extent.isEmpty()) return emptyNode();
-    return std::make_shared<TransformedNode>(input, transform);
+    return makeNode<TransformedNode>(input, transform);
 }
 
 }   // namespace tavix::imaging

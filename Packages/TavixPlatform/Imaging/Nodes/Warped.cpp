@@ -12,14 +12,11 @@ class WarpedNode final : public Node {
 public:
     WarpedNode(
         const NodeRef& first, const NodeRef& second, std::shared_ptr<const Warp> through, const Rect& extent)
-        : Node(extent, pixelsCovering(extent),
-              hashOf(NodeKind::warped)
-                  .add(first->hash())
-                  .add(second->hash())
-                  .add(through->hash())
-                  .add(extent)
-                  .value()),
-          from(first), to(second), warp(std::move(through)) {}
+        : Node(extent, pixelsCovering(extent)), from(first), to(second), warp(std::move(through)) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::warped).add(from).add(to).add(extent());
+        warp->describe(s.hash());
+    }
     bool isOpaque(const PixelRegion& region) const override {
         return support().contains(region) && from->isOpaque(support()) && to->isOpaque(support());
     }
@@ -104,7 +101,7 @@ NodeRef makeWarped(
     const PixelRegion all = pixelsCovering(extent);
     if (all.isEmpty() || all.width() > Bitmap::maxSidePx || all.height() > Bitmap::maxSidePx)
         return emptyNode();
-    return std::make_shared<WarpedNode>(from, to, std::move(warp), all.rect());
+    return makeNode<WarpedNode>(from, to, std::move(warp), all.rect());
 }
 
 }   // namespace tavix::imaging

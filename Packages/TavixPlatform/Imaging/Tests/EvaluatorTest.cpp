@@ -2,6 +2,7 @@
 #include "TavixPlatform/Imaging/Evaluator.h"
 
 #include "TavixPlatform/Imaging/FrameSurface.h"
+#include "TavixPlatform/Imaging/Node.h"
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
 #include "TavixPlatform/Imaging/Workshop.h"
 
@@ -28,7 +29,7 @@ TEST(Evaluator, DrawsAPartAsThatPartOfTheWhole) {
     for (int round = 0; round < 300; ++round) {
         SCOPED_TRACE(round);
         const Image image = randomImage(random, 1 + round % 4);
-        Evaluator evaluator({.threadCount = 1});
+        Evaluator evaluator({.threadCount = 1, .comparesStructures = true});
         const Words whole = pixelsOf(evaluator, image, frame);
         const int x = frame.x0 + int(random() % 150), y = frame.y0 + int(random() % 100);
         const PixelRegion part{x, y, x + 1 + int(random() % 40), y + 1 + int(random() % 50)};
@@ -40,7 +41,7 @@ TEST(Evaluator, DrawsAPartAsThatPartOfTheWhole) {
 
 TEST(Evaluator, DoesNotDependOnThreadsOrOnWhatWasDrawnBefore) {
     std::mt19937 random(11);
-    Evaluator one({.threadCount = 1, .cacheBytes = 0}), two({.threadCount = 2}),
+    Evaluator one({.threadCount = 1, .cacheBytes = 0}), two({.threadCount = 2, .comparesStructures = true}),
         seven({.threadCount = 7, .cacheBytes = 1 << 18});
     for (int round = 0; round < 150; ++round) {
         SCOPED_TRACE(round);
@@ -50,6 +51,52 @@ TEST(Evaluator, DoesNotDependOnThreadsOrOnWhatWasDrawnBefore) {
         ASSERT_EQ(pixelsOf(seven, image, frame), expected);
         ASSERT_EQ(pixelsOf(two, image, frame), expected);   // now from the cache
     }
+}
+
+// Pictures of one colour each, shrunken by halves: in one frame, so that all that is halved meets in the
+// cache.
+TEST(Evaluator, ShowsEachOfManyShrunkenPicturesItsOwnColour) {
+    constexpr int side = 256, across = 12;
+    Evaluator evaluator({.comparesStructures = true});
+    std::vector<Image> pictures;
+    const auto colorOf = [](int i) { return 0xFF000000u | std::uint32_t(i * 1234567 + 89) % 0xFFFFFFu; };
+    const auto scaleOf = [](int i) { return 0.6 / (1 << i % 6); };
+    for (int i = 0; i < across * across; ++i)
+        pictures.push_back(Image::bitmap(filledBitmap({side, side}, colorOf(i)))
+                               .transformed(Affine::scaling(scaleOf(i), scaleOf(i)))
+                               .translated(i % across * 160, i / across * 160));
+    const Words words = pixelsOf(evaluator, Image::stacked(pictures), {0, 0, across * 160, across * 160});
+    for (int i = 0; i < across * across; ++i) {
+        const int middle = int(scaleOf(i) * side / 2), x = i % across * 160 + middle,
+                  y = i / across * 160 + middle;
+        ASSERT_EQ(words[std::size_t(y * across * 160 + x)], colorOf(i)) << "picture " << i;
+    }
+}
+
+// A node that tells other fields than it was hashed with stands for two that meet under one key.
+TEST(Evaluator, NoticesTwoPicturesThatMeetUnderOneKey) {
+    class TwoFaced final : public Node {
+    public:
+        explicit TwoFaced(double number) : Node({0, 0, 40, 40}, {0, 0, 40, 40}), number_(number) {}
+        void describe(Structure& s) const override {
+            s.kind(1000).add(isHashed_ ? number_ : 0.0), isHashed_ = true;
+        }
+        DrawableRef prepare(Workshop& workshop, const NodeRef&, const PixelRegion& wanted) const override {
+            return workshop.prepare(Image::solid(Color::white()).node(), wanted);
+        }
+
+    private:
+        double number_;
+        mutable bool isHashed_ = false;
+    };
+    const Image one{makeNode<TwoFaced>(1.0)}, other{makeNode<TwoFaced>(2.0)};
+    ASSERT_EQ(one.hash(), other.hash());
+    const auto blurred = [](const Image& image) { return image.gaussianBlurred(1); };
+    Evaluator comparing({.threadCount = 1, .comparesStructures = true}), trusting({.threadCount = 1});
+    for (Evaluator* evaluator : {&comparing, &trusting}) evaluator->draw(blurred(one), frame);
+    EXPECT_NO_THROW(comparing.draw(blurred(one), frame));
+    EXPECT_THROW(comparing.draw(blurred(other), frame), std::logic_error);
+    EXPECT_NO_THROW(trusting.draw(blurred(other), frame));
 }
 
 TEST(Evaluator, KeepsPremultipliedPixelsInOrder) {
@@ -103,7 +150,7 @@ TEST(Evaluator, SurvivesAStackOfAHundredThousand) {
 
 TEST(FrameSurface, ShowsWhatAFreshDrawingShows) {
     std::mt19937 random(23);
-    Evaluator evaluator, fresh({.cacheBytes = 0});
+    Evaluator evaluator({.comparesStructures = true}), fresh({.cacheBytes = 0});
     const Size size{300, 200};
     FrameSurface surface(evaluator, size);
     Image still = randomImage(random, 3).over(Image::solid({0.2, 0.3, 0.4, 1}));

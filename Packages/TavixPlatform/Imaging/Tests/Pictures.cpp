@@ -1,5 +1,7 @@
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
 
+#include "TavixPlatform/Imaging/Hash.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -12,7 +14,7 @@ namespace {
 class SwingWarp final : public Warp {
 public:
     explicit SwingWarp(float amount) : amount_(amount) {}
-    std::uint64_t hash() const override { return std::uint64_t(amount_ * 1000) + 77; }
+    void describe(Hash& hash) const override { hash.kind(77).add(double(amount_)); }
     void row(int x, int y, int count, WarpSample* out) const override {
         for (int i = 0; i < count; ++i) {
             const float px = float(x + i) + 0.5f, py = float(y) + 0.5f;

@@ -14,8 +14,8 @@ constexpr std::uint64_t crosswarpKind = 0x63726f7373776172;   // "crosswar" in A
 CrosswarpKernel::CrosswarpKernel(const imaging::Rect& rect, float progress)
     : rect_(rect), progress_(progress) {}
 
-std::uint64_t CrosswarpKernel::hash() const {
-    return imaging::Hash(crosswarpKind).add(rect_).add(double(progress_)).value();
+void CrosswarpKernel::describe(imaging::Hash& hash) const {
+    hash.kind(crosswarpKind).add(rect_).add(double(progress_));
 }
 
 void CrosswarpKernel::row(int x, int y, int count, imaging::WarpSample* out) const {

@@ -22,13 +22,9 @@ constexpr float dissolveSpread = 0.6f;       // how far the dissolve runs ahead 
 RippleKernel::RippleKernel(const imaging::Rect& rect, float progress, const Shape& shape)
     : rect_(rect), progress_(progress), shape_(shape) {}
 
-std::uint64_t RippleKernel::hash() const {
-    return imaging::Hash(rippleKind)
-        .add(rect_)
-        .add(double(progress_))
-        .add(double(shape_.amplitude))
-        .add(double(shape_.speed))
-        .value();
+void RippleKernel::describe(imaging::Hash& hash) const {
+    hash.kind(rippleKind).add(rect_);
+    hash.add(double(progress_)).add(double(shape_.amplitude)).add(double(shape_.speed));
 }
 
 void RippleKernel::row(int x, int y, int count, imaging::WarpSample* out) const {
