@@ -91,12 +91,21 @@ BENCHMARK(halve);
 void toYuv420(benchmark::State& state) {
     Rows rows(255);
     std::uint8_t* out = rows.bytes.data();
-    perPixel(state, rowPixels * 2, [&] {
-        kernels().toYuv420(out, out + rowPixels, out + 2 * rowPixels, out + 3 * rowPixels, rows.a.data(),
-            rows.b.data(), false, rowPixels);
-    });
+    const Yuv420Rows planes{out, out + rowPixels, out + 2 * rowPixels, out + 3 * rowPixels};
+    const std::vector<std::uint8_t> nearest(rowPixels + 64, 128);
+    const RoundingRows rounding{nearest.data(), nearest.data(), nearest.data()};
+    perPixel(state, rowPixels * 2,
+        [&] { kernels().toYuv420(planes, rows.a.data(), rows.b.data(), false, rounding, rowPixels); });
 }
 BENCHMARK(toYuv420);
+
+void findRamps(benchmark::State& state) {
+    Rows rows(255);
+    const std::uint32_t* all[8];
+    for (int i = 0; i < 8; ++i) all[i] = i % 2 ? rows.a.data() : rows.b.data();
+    perPixel(state, rowPixels * 8, [&] { kernels().findRamps(rows.bytes.data(), all, 8, 8, rowPixels / 8); });
+}
+BENCHMARK(findRamps);
 
 }   // namespace
 }   // namespace tavix::imaging

@@ -67,7 +67,7 @@ BENCHMARK_CAPTURE(frame, colorControls, [](const Image& i) {
     return i.withColorControls(0.1, 1.2, 0.7);
 })->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(frame, vignette, [](const Image& i) {
-    return i.withVignette(0.8, 1.5);
+    return i.withVignette(0.8, 1.5, i.extent());
 })->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(frame, pixellate, [](const Image& i) {
     return i.pixellated({540, 960}, 24);

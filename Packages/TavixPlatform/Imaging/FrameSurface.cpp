@@ -88,7 +88,7 @@ void FrameSurface::Impl::drawStrip(
     if (!planes) return;
     const auto isOld = [&](std::size_t i) { return isStale(i, first, planes->stamp); };
     forRuns(tiles, first, end, isOld, [&](const PixelRegion& r) {
-        writePlanes(planes->view, view, {r.x0, all.y1 - r.y1, r.x1, all.y1 - r.y0});
+        writePlanes(planes->view, view, {r.x0, all.y1 - r.y1, r.x1, all.y1 - r.y0}, scratch);
     });
 }
 

@@ -30,6 +30,10 @@ Image Image::smoothLinearGradient(Point p0, const Color& color0, Point p1, const
     return Image(makeSmoothGradient(p0, color0, p1, color1));
 }
 
+Image Image::linearGradient(Point p0, Point p1, std::vector<ColorStop> stops) {
+    return Image(makeLinearGradient(p0, p1, std::move(stops)));
+}
+
 Image Image::roundedRectangle(const Rect& rect, double radiusPx, const Color& color) {
     return Image(makeRoundedRectangle(rect, radiusPx, color));
 }
@@ -56,7 +60,14 @@ Image Image::placedInto(const Rect& target) const { return Image(makePlaced(node
 Image Image::tiled() const { return Image(makeTiled(node_)); }
 
 Image Image::over(const Image& background) const { return Image(makeStack({background.node_, node_})); }
-Image Image::adding(const Image& other) const { return Image(makeSum(node_, other.node_)); }
+Image Image::atop(const Image& background) const { return Image(makeAtop(node_, background.node_)); }
+Image Image::adding(const Image& other) const { return Image(makeJoined(node_, other.node_, Joining::sum)); }
+Image Image::lightestWith(const Image& other) const {
+    return Image(makeJoined(node_, other.node_, Joining::lightest));
+}
+Image Image::litBy(const Image& light, double intensity) const {
+    return Image(makeLit(node_, light.node_, intensity));
+}
 Image Image::blendedWithMask(const Image& background, const Image& mask) const {
     return Image(makeMasked(node_, background.node_, mask.node_));
 }
@@ -89,11 +100,10 @@ Image Image::withFalseColor(const Color& dark, const Color& light) const {
     return Image(makeColored(node_, colors));
 }
 
-Image Image::withVignette(double intensity, double radius) const {
-    const Rect r = extent();
-    if (r.isEmpty() || r.isInfinite() || intensity == 0) return *this;
-    return Image(makeColored(
-        node_, Vignette{r.center(), std::hypot(r.width, r.height) / 2, float(intensity), float(radius)}));
+Image Image::withVignette(double intensity, double radius, const Rect& about) const {
+    if (about.isEmpty() || about.isInfinite() || intensity == 0) return *this;
+    return Image(makeColored(node_, Vignette{about.center(), std::hypot(about.width, about.height) / 2,
+                                        float(intensity), float(radius)}));
 }
 
 Image Image::gaussianBlurred(double sigmaPx) const { return Image(makeBlurred(node_, sigmaPx)); }
@@ -101,7 +111,7 @@ Image Image::motionBlurred(double radiusPx, double angleRad) const {
     return Image(makeMotionBlurred(node_, radiusPx, angleRad));
 }
 Image Image::bloomed(double intensity, double sigmaPx) const {
-    return Image(makeBloomed(node_, intensity, sigmaPx));
+    return litBy(gaussianBlurred(sigmaPx), intensity);
 }
 Image Image::pixellated(Point center, double scalePx) const {
     return Image(makePixellated(node_, center, scalePx));

@@ -57,6 +57,12 @@ struct Quad {
     bool operator==(const Quad&) const = default;
 };
 
+// Of a gradient: what colour it has where, 0 at its start and 1 at its end.
+struct ColorStop {
+    double location = 0;
+    Color color;
+};
+
 class Image {
 public:
     Image();   // empty: transparent everywhere, with an empty extent
@@ -67,6 +73,9 @@ public:
         BitmapRef pixels, Point origin = {});   // `origin`: where its bottom-left corner stands
     // From one colour at p0 to another at p1, along the line between them, eased by 3t² - 2t³; infinite.
     static Image smoothLinearGradient(Point p0, const Color& color0, Point p1, const Color& color1);
+    // Through the colours of the stops, which are in order, along the line from p0 to p1, and past its ends
+    // the first and the last colour; infinite. Clear without stops.
+    static Image linearGradient(Point p0, Point p1, std::vector<ColorStop> stops);
     // An antialiased rounded rectangle; the radius is limited to half the smaller side.
     static Image roundedRectangle(const Rect& rect, double radiusPx, const Color& color);
 
@@ -91,7 +100,11 @@ public:
     // Combination.
     Image over(const Image& background) const;                     // source-over
     static Image stacked(const std::vector<Image>& bottomToTop);   // the same for many, as one flat node
-    Image adding(const Image& other) const;                        // per channel, limited to 1
+    Image atop(const Image& background) const;      // over it, but only where it is: its alpha stays
+    Image adding(const Image& other) const;         // per channel, limited to 1
+    Image lightestWith(const Image& other) const;   // per channel, the larger of the two
+    // Screened with a light, which shows beyond the picture too: light that never clips.
+    Image litBy(const Image& light, double intensity) const;
     // Where the mask's luminance (premultiplied, so clear is 0) is 1 this image shows, where 0 the
     // background.
     Image blendedWithMask(const Image& background, const Image& mask) const;
@@ -105,7 +118,8 @@ public:
     Image withColorControls(double brightness, double contrast, double saturation) const;
     Image withMonochrome(const Color& color, double intensity) const;
     Image withFalseColor(const Color& dark, const Color& light) const;   // by luminance
-    Image withVignette(double intensity, double radius) const;           // about the middle of the extent
+    // Darkens away from the middle of a rectangle, which is finite.
+    Image withVignette(double intensity, double radius, const Rect& about) const;
 
     // Neighbourhood.
     Image gaussianBlurred(
@@ -113,8 +127,8 @@ public:
     // The mean along a line of that length to both sides; the angle is counter-clockwise from the x axis.
     // Grows the extent by the line.
     Image motionBlurred(double radiusPx, double angleRad) const;
-    Image bloomed(double intensity, double sigmaPx) const;
-    Image pixellated(Point center, double scalePx) const;   // squares of that side, averaged
+    Image bloomed(double intensity, double sigmaPx) const;   // lit by its own blur
+    Image pixellated(Point center, double scalePx) const;    // squares of that side, averaged
 
     // For the evaluator and for node families.
     explicit Image(NodeRef node) : node_(std::move(node)) {}

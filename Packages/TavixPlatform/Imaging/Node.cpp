@@ -82,12 +82,12 @@ void Drawable::drawWithin(const Drawable& inner, const FloatTile& tile, Scratch&
             std::copy_n(own.row(y).plane[c], own.width(), tile.row(y).plane[c] + (part.x0 - tile.region.x0));
 }
 
-void FloatDrawable::draw(const Tile& tile, Scratch& scratch) const {
+void Drawable::drawRounded(const Tile& tile, Scratch& scratch) const {
     const Scratch::Mark mark(scratch);
     const FloatTile values = scratch.floatTile(tile.region);
     drawFloat(values, scratch);
     for (int y = tile.region.y0; y < tile.region.y1; ++y) {
-        const float* dither = isDithered() ? ditherOfPixels(tile.region.x0, y) : nullptr;
+        const float* dither = node_->isFine() ? ditherOfPixels(tile.region.x0, y) : nullptr;
         kernels().pack(tile.row(y), values.row(y), dither, tile.width());
     }
 }

@@ -40,6 +40,8 @@ protected:
     // For one that draws `inner` within its support, and nothing around it.
     void drawWithin(const Drawable& inner, const Tile& tile, Scratch& scratch) const;
     void drawWithin(const Drawable& inner, const FloatTile& tile, Scratch& scratch) const;
+    // Rounded from its floats.
+    void drawRounded(const Tile& tile, Scratch& scratch) const;
 
 private:
     NodeRef node_;
@@ -50,11 +52,8 @@ using DrawableRef = std::shared_ptr<const Drawable>;
 class FloatDrawable : public Drawable {
 public:
     using Drawable::Drawable;
-    void draw(const Tile& tile, Scratch& scratch) const override;
+    void draw(const Tile& tile, Scratch& scratch) const override { drawRounded(tile, scratch); }
     void drawFloat(const FloatTile& tile, Scratch& scratch) const override = 0;
-
-protected:
-    virtual bool isDithered() const { return false; }
 };
 
 // What a node is made of: its fields and its inputs. All that its pixels follow from.
@@ -99,6 +98,9 @@ public:
     const Digest& hash() const { return hash_; }
     virtual void describe(Structure& structure) const = 0;              // always the same way
     virtual bool isOpaque(const PixelRegion&) const { return false; }   // may say no when it does not know
+    // Whether its floats are finer than bytes, as those of ramps are. They are dithered when they are
+    // rounded.
+    virtual bool isFine() const { return false; }
     // What the pixels of a region depend on: nothing where there are none.
     virtual Digest contribution(const PixelRegion& region) const {
         return intersection(support_, region).isEmpty() ? Digest{} : hash_;

@@ -1,9 +1,11 @@
 #include "TavixPlatform/Imaging/PlaneWriter.h"
 
+#include "TavixPlatform/Imaging/Dither.h"
 #include "TavixPlatform/Imaging/Kernels/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace tavix::imaging {
 
@@ -43,11 +45,88 @@ std::uint16_t* wordRow(const PlanarView& planes, int plane, int y) {
     return reinterpret_cast<std::uint16_t*>(planes.planes[plane] + y * planes.strideBytes[plane]);
 }
 
-void write420(const PlanarView& p, const ConstBitmapView& source, const PixelRegion& r) {
+constexpr int squarePx = 8;
+// A gradient that rises by more within a square shows no bands.
+constexpr int steepestRamp = 8;
+
+// What is added before a sample is cut, for a row of the matrix that starts at a multiple of four.
+struct DitherMatrix {
+    std::uint8_t rows[squarePx][squarePx + 4];
+};
+constexpr DitherMatrix ditherMatrix = [] {
+    DitherMatrix matrix{};
+    for (unsigned y = 0; y < squarePx; ++y)
+        for (unsigned x = 0; x < squarePx + 4; ++x)
+            matrix.rows[y][x] = std::uint8_t(ditherRank(x & 7, y) * 4 + 2);
+    return matrix;
+}();
+
+// Squares of one row of them, and how the samples in each are rounded.
+class SquareRow {
+public:
+    // Of the rows y0 <= y < y1 of the picture, as many squares as cover its columns x0 <= x < x1.
+    SquareRow(const ConstBitmapView& source, const PixelRegion& part, Scratch& scratch)
+        : firstX_(part.x0 / squarePx * squarePx), count_((part.x1 - firstX_ + squarePx - 1) / squarePx),
+          isRamp_(scratch.take<std::uint8_t>(count_)), luma_{scratch.take<std::uint8_t>(count_ * squarePx),
+                                                           scratch.take<std::uint8_t>(count_ * squarePx)},
+          chroma_(scratch.take<std::uint8_t>(count_ * squarePx / 2)) {
+        const std::uint32_t* rows[squarePx];
+        const int rowCount = part.y1 - part.y0;
+        for (int i = 0; i < rowCount; ++i) rows[i] = sourceRow(source, part.y0 + i) + firstX_;
+        const auto whole = std::size_t((source.size.width - firstX_) / squarePx);
+        kernels().findRamps(isRamp_, rows, rowCount, steepestRamp, std::min(count_, whole));
+        if (whole < count_) findLastRamp(rows, rowCount, source.size.width - firstX_);
+    }
+    // Of the rows y and y + 1, from the part's first column on.
+    RoundingRows of(int y, int x0) const {
+        const auto columns = std::size_t(x0 - firstX_), firstSquare = std::size_t(firstX_ / squarePx);
+        for (std::size_t i = 0; i < count_; ++i) {
+            fill(luma_[0] + i * 8, isRamp_[i], ditherMatrix.rows[y & 7], 8);
+            fill(luma_[1] + i * 8, isRamp_[i], ditherMatrix.rows[(y + 1) & 7], 8);
+            fill(chroma_ + i * 4, isRamp_[i], ditherMatrix.rows[(y / 2) & 7] + (firstSquare + i) % 2 * 4, 4);
+        }
+        return {luma_[0] + columns, luma_[1] + columns, chroma_ + columns / 2};
+    }
+
+private:
+    static void fill(std::uint8_t* out, std::uint8_t isRamp, const std::uint8_t* matrix, std::size_t count) {
+        if (isRamp)
+            std::memcpy(out, matrix, count);
+        else
+            std::memset(out, 128, count);
+    }
+    // Of a square that the picture's right edge cuts: its last pixel goes on.
+    void findLastRamp(const std::uint32_t* const* rows, int rowCount, int width) const {
+        std::uint32_t pixels[squarePx][squarePx];
+        const std::uint32_t* own[squarePx];
+        const int first = int(count_ - 1) * squarePx;
+        for (int y = 0; y < rowCount; ++y) {
+            for (int x = 0; x < squarePx; ++x) pixels[y][x] = rows[y][std::min(first + x, width - 1)];
+            own[y] = pixels[y];
+        }
+        kernels().findRamps(isRamp_ + (count_ - 1), own, rowCount, steepestRamp, 1);
+    }
+
+    int firstX_;
+    std::size_t count_;
+    std::uint8_t *isRamp_, *luma_[2], *chroma_;
+};
+
+void write420(const PlanarView& p, const ConstBitmapView& source, const PixelRegion& r, Scratch& scratch) {
     const auto at = [&](int plane, int x, int y) { return p.planes[plane] + y * p.strideBytes[plane] + x; };
-    for (int y = r.y0; y < r.y1; y += 2)
-        kernels().toYuv420(at(0, r.x0, y), at(0, r.x0, y + 1), at(1, r.x0 / 2, y / 2), at(2, r.x0 / 2, y / 2),
-            sourceRow(source, y) + r.x0, sourceRow(source, y + 1) + r.x0, r.x0 > 0, std::size_t(r.width()));
+    const int height = source.size.height;
+    const auto squaresEnd = [&](int y) { return height - (height - 1 - y) / squarePx * squarePx; };
+    for (int y = r.y0; y < r.y1;) {
+        const Scratch::Mark mark(scratch);
+        const int end = squaresEnd(y);   // squares are counted from the bottom
+        const SquareRow squares(source, {r.x0, std::max(end - squarePx, 0), r.x1, end}, scratch);
+        for (; y < std::min(end, r.y1); y += 2) {
+            const Yuv420Rows out{
+                at(0, r.x0, y), at(0, r.x0, y + 1), at(1, r.x0 / 2, y / 2), at(2, r.x0 / 2, y / 2)};
+            kernels().toYuv420(out, sourceRow(source, y) + r.x0, sourceRow(source, y + 1) + r.x0, r.x0 > 0,
+                squares.of(y, r.x0), std::size_t(r.width()));
+        }
+    }
 }
 
 void write422(const PlanarView& p, const ConstBitmapView& source, const PixelRegion& r) {
@@ -82,9 +161,10 @@ void write444(const PlanarView& p, const ConstBitmapView& source, const PixelReg
 
 }   // namespace
 
-void writePlanes(const PlanarView& planes, const ConstBitmapView& source, const PixelRegion& fromTopLeft) {
+void writePlanes(const PlanarView& planes, const ConstBitmapView& source, const PixelRegion& fromTopLeft,
+    Scratch& scratch) {
     switch (planes.format) {
-    case PlanarFormat::yuv420p8: return write420(planes, source, fromTopLeft);
+    case PlanarFormat::yuv420p8: return write420(planes, source, fromTopLeft, scratch);
     case PlanarFormat::yuv422p10: return write422(planes, source, fromTopLeft);
     case PlanarFormat::yuva444p10: return write444(planes, source, fromTopLeft);
     }

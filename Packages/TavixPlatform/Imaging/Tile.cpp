@@ -1,5 +1,7 @@
 #include "TavixPlatform/Imaging/Tile.h"
 
+#include "TavixPlatform/Imaging/Dither.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -10,13 +12,9 @@ namespace {
 
 constexpr std::size_t chunkBytes = 1 << 20;
 
-// The rank of a place in the 8 x 8 matrix, as an offset: the bits of x ^ y and y, interleaved, in reverse
-// order.
-float bayerOffset(unsigned x, unsigned y) {
-    unsigned rank = 0;
-    for (unsigned bit = 0; bit < 3; ++bit)
-        rank |= (((x ^ y) >> bit & 1) << 1 | (y >> bit & 1)) << (2 * (2 - bit));
-    return (float(rank) + 0.5f) / 64 * 0.96f - 0.48f;
+// The rank of a place as an offset.
+float offsetAt(unsigned x, unsigned y) {
+    return (float(ditherRank(x & 7, y & 7)) + 0.5f) / 64 * 0.96f - 0.48f;
 }
 
 // Rows long enough to start anywhere in the matrix and serve the widest tile, whole vectors included.
@@ -25,7 +23,7 @@ template <std::size_t channels> struct DitherRows {
     DitherRows() {
         for (std::size_t y = 0; y < 8; ++y)
             for (std::size_t i = 0; i < pixels * channels; ++i)
-                rows[y][i] = bayerOffset(unsigned(i / channels) & 7, unsigned(y));
+                rows[y][i] = offsetAt(unsigned(i / channels), unsigned(y));
     }
     const float* at(int x, int y) const {
         return rows[std::size_t(y & 7)].data() + std::size_t(x & 7) * channels;

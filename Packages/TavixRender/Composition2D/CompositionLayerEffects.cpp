@@ -1,6 +1,7 @@
 #include "TavixRender/Composition2D/CompositionLayerEffects.h"
 
 #include "TavixCore/Typography/KineticNoise.h"
+#include "TavixRender/Composition2D/CanvasEdge.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 #include "TavixRender/KineticText/KineticImageFX.h"
 
@@ -27,7 +28,8 @@ constexpr double visibleOffsetPx = 0.01;
 struct Application {
     const Image& image;
     const Image& grain;
-    const Rect& bounds;
+    const Rect& bounds;   // of the canvas
+    const Rect& vignetted;
 
     double held(double value, std::string_view kind, std::string_view param) const {
         return CompositionLayerEffects::clamp(value, kind, param);
@@ -36,7 +38,7 @@ struct Application {
     Image operator()(const BlurEffect& effect) const {
         const double radiusPx = bounds.height * held(effect.radiusFraction, "blur", "radiusFraction");
         if (radiusPx <= visibleRadiusPx) return image;
-        return image.clampedToExtent().gaussianBlurred(radiusPx).cropped(bounds);
+        return CanvasEdge::blurred(image, bounds, radiusPx);
     }
     Image operator()(const ColorControlsEffect& effect) const {
         return image.withColorControls(held(effect.brightness, "colorControls", "brightness"),
@@ -52,29 +54,33 @@ struct Application {
             CameraRenderer::colorOf(effect.shadow), CameraRenderer::colorOf(effect.highlight));
     }
     Image operator()(const VignetteEffect& effect) const {
-        return image.withVignette(
-            held(effect.intensity, "vignette", "intensity"), held(effect.radius, "vignette", "radius"));
+        return image.withVignette(held(effect.intensity, "vignette", "intensity"),
+            held(effect.radius, "vignette", "radius"), vignetted);
     }
     Image operator()(const GlowEffect& effect) const {
         const double radiusPx = bounds.height * held(effect.radiusFraction, "glow", "radiusFraction");
-        return image.bloomed(held(effect.intensity, "glow", "intensity"), radiusPx).cropped(image.extent());
+        return image.litBy(
+            CanvasEdge::blurred(image, bounds, radiusPx), held(effect.intensity, "glow", "intensity"));
     }
     Image operator()(const NoiseEffect& effect) const {
         if (held(effect.amount, "noise", "amount") <= visibleGrain) return image;
-        return grain.over(image).cropped(image.extent());
+        return grain.atop(image);
     }
     Image operator()(const PixelateEffect& effect) const {
         const double scalePx = bounds.height * held(effect.scaleFraction, "pixelate", "scaleFraction");
-        return image.pixellated(bounds.center(), std::max(scalePx, 1.0)).cropped(image.extent());
+        if (scalePx <= 1) return image;
+        return CanvasEdge::continued(image, bounds, scalePx).pixellated(bounds.center(), scalePx);
     }
     Image operator()(const ChromaticAberrationEffect& effect) const {
         const double offsetPx =
             bounds.height * held(effect.offsetFraction, "chromaticAberration", "offsetFraction");
         if (offsetPx <= visibleOffsetPx) return image;
-        const Image red = image.withColorMatrix({.g = {}, .b = {}}).translated(offsetPx, 0);
-        const Image green = image.withColorMatrix({.r = {}, .b = {}});
-        const Image blue = image.withColorMatrix({.r = {}, .g = {}}).translated(-offsetPx, 0);
-        return blue.adding(red.adding(green)).cropped(image.extent());
+        const Image all = CanvasEdge::continued(image, bounds, offsetPx);
+        const Image red = all.withColorMatrix({.g = {}, .b = {}}).translated(offsetPx, 0);
+        const Image green = all.withColorMatrix({.r = {}, .b = {}});
+        const Image blue = all.withColorMatrix({.r = {}, .g = {}}).translated(-offsetPx, 0);
+        // Their alphas are not added, which would darken every soft edge.
+        return blue.lightestWith(red.lightestWith(green));
     }
     Image operator()(const UnknownEffect&) const { return image; }
 };
@@ -96,23 +102,22 @@ imaging::BitmapRef grainBitmap(std::int64_t seed) {
 
 }   // namespace
 
-CompositionLayerEffects::CompositionLayerEffects(const std::vector<LayerEffect>& effects, const Rect& bounds)
-    : bounds_(bounds) {
+CompositionLayerEffects::CompositionLayerEffects(
+    const std::vector<LayerEffect>& effects, const Rect& bounds, Vignetted vignetted)
+    : bounds_(bounds), vignetted_(vignetted) {
     for (const LayerEffect& effect : effects) {
         const auto* noise = std::get_if<NoiseEffect>(&effect);
-        steps_.push_back({effect,
-            noise ? noiseTile(noise->seed, clamp(noise->amount, "noise", "amount"), bounds) : Image()});
+        steps_.push_back(
+            {effect, noise ? noiseTile(noise->seed, clamp(noise->amount, "noise", "amount")) : Image()});
     }
 }
 
 Image CompositionLayerEffects::apply(const Image& image) const {
+    const Rect vignetted = vignetted_ == Vignetted::canvas ? bounds_ : image.extent();
     Image result = image;
-    for (const Step& step : steps_) result = applied(step, result);
+    for (const Step& step : steps_)
+        result = std::visit(Application{result, step.grain, bounds_, vignetted}, step.effect);
     return result;
-}
-
-Image CompositionLayerEffects::applied(const Step& step, const Image& image) const {
-    return std::visit(Application{image, step.grain, bounds_}, step.effect);
 }
 
 double CompositionLayerEffects::clamp(double value, std::string_view kind, std::string_view param) {
@@ -121,8 +126,8 @@ double CompositionLayerEffects::clamp(double value, std::string_view kind, std::
     return value;
 }
 
-Image CompositionLayerEffects::noiseTile(std::int64_t seed, double alpha, const Rect& bounds) {
-    return KineticImageFX::alphaMul(Image::bitmap(grainBitmap(seed)).tiled().cropped(bounds), alpha);
+Image CompositionLayerEffects::noiseTile(std::int64_t seed, double alpha) {
+    return KineticImageFX::alphaMul(Image::bitmap(grainBitmap(seed)).tiled(), alpha);
 }
 
 }   // namespace tavix

@@ -3,6 +3,7 @@
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 
+#include <algorithm>
 #include <variant>
 
 namespace tavix {
@@ -13,8 +14,8 @@ FillCompositionLayer::FillCompositionLayer(const BackgroundFill& fill, const Lay
 imaging::Image FillCompositionLayer::drawn(const BackgroundFill& fill, const LayerBuild& build) {
     const BackgroundFill absolute = CompositionAssets::absolutized(fill, build.assetRoot);
     const imaging::Image image = CameraRenderer::resolveBackgroundFill(absolute, build.bounds, build.images);
-    // A colour needs no pixels and a gradient has its own; only a picture is scaled.
-    if (!std::holds_alternative<BackgroundImage>(absolute)) return image;
+    if (std::holds_alternative<RGBAColor>(absolute)) return image;   // needs no pixels
+    if (std::max(build.bounds.width, build.bounds.height) > imaging::Bitmap::maxSidePx) return image;
     return build.evaluator.baked(image, imaging::pixelsCovering(build.bounds));
 }
 

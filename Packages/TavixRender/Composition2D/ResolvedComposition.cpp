@@ -70,6 +70,14 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
     return makeDeviceRenderer(std::get<DeviceContent>(layer.content), layer, build, place.poolKey);
 }
 
+// Where a picture ends can be seen; where the box of letters or of a device ends cannot.
+CompositionLayerEffects::Vignetted vignettedOf(const CompositionLayer& layer) {
+    const bool isPicture = std::holds_alternative<ImageContent>(layer.content) ||
+                           std::holds_alternative<VideoContent>(layer.content) ||
+                           std::holds_alternative<BackgroundFill>(layer.content);
+    return isPicture ? CompositionLayerEffects::Vignetted::layer : CompositionLayerEffects::Vignetted::canvas;
+}
+
 LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
     const double start = std::max(layer.fromSec, 0.0);
     return {start, layer.durationSec ? start + *layer.durationSec : scene.durationSec};
@@ -128,8 +136,8 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
             const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j),
                 Composition3DRendererPool::key(i, j, layer.id)};
-            resolved.push_back(
-                {layer, makeRenderer(layer, place, build), window, anchor, {layer.effects, bounds_}});
+            resolved.push_back({layer, makeRenderer(layer, place, build), window, anchor,
+                {layer.effects, bounds_, vignettedOf(layer)}});
             needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
         }
     }

@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
 
+#include "TavixRender/Composition2D/CanvasEdge.h"
 #include "TavixRender/KineticText/KineticImageFX.h"
 
 namespace tavix {
@@ -10,11 +11,6 @@ constexpr double visibleOpacity = 0.001;
 constexpr double fullOpacity = 0.999;
 constexpr double visibleBlurFraction = 0.0005;
 
-imaging::Image blurred(const imaging::Image& image, double sigmaPx) {
-    return image.clampedToExtent().gaussianBlurred(sigmaPx).cropped(
-        imaging::grownBy(image.extent(), 3 * sigmaPx));
-}
-
 }   // namespace
 
 std::optional<imaging::Image> ResolvedCompositionLayer::finish(
@@ -24,7 +20,7 @@ std::optional<imaging::Image> ResolvedCompositionLayer::finish(
     imaging::Image result = effects.apply(image);
     if (!motion.movesNothing()) result = result.transformed(motion.transform(anchor, outputHeight));
     if (motion.blurFraction > visibleBlurFraction)
-        result = blurred(result, motion.blurFraction * outputHeight);
+        result = CanvasEdge::blurredInPlace(result, bounds, motion.blurFraction * outputHeight);
     if (motion.opacity < fullOpacity) result = KineticImageFX::alphaMul(result, motion.opacity);
     return result.cropped(bounds);
 }

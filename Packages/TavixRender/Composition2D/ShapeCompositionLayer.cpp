@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
 
+#include "TavixRender/Composition2D/CanvasEdge.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 
 #include <algorithm>
@@ -14,11 +15,14 @@ using imaging::Rect;
 
 constexpr double ellipseCornerFraction = 0.5;
 
-// The gradient of a shape spans the canvas.
-Image colourSource(const ShapeFill& fill, const Rect& canvas) {
-    if (const auto* gradient = std::get_if<LinearGradient>(&fill))
-        return CameraRenderer::renderGradient(*gradient, canvas);
-    return Image::solid(CameraRenderer::colorOf(std::get<RGBAColor>(fill))).cropped(canvas);
+// The gradient of a shape spans the canvas. The shape itself may be larger, and is not cut: it may yet move.
+Image filled(const ShapeFill& fill, const PixelRect& rect, double radiusPx, const Rect& canvas) {
+    if (const auto* color = std::get_if<RGBAColor>(&fill))
+        return Image::roundedRectangle(
+            CameraRenderer::flipped(rect, canvas), radiusPx, CameraRenderer::colorOf(*color));
+    const Image mask = CameraRenderer::makeRoundedRectMask(rect, radiusPx, canvas);
+    const Image colors = CameraRenderer::gradientAcross(std::get<LinearGradient>(fill), canvas);
+    return CameraRenderer::masked(colors.cropped(mask.extent()), mask);
 }
 
 Image drawn(const ShapeContent& shape, const PixelPoint& center, const Rect& canvas) {
@@ -26,11 +30,9 @@ Image drawn(const ShapeContent& shape, const PixelPoint& center, const Rect& can
     const PixelRect rect{center.x - width / 2, center.y - height / 2, width, height};
     const bool isEllipse = shape.shape == ShapeKind::ellipse;
     const double cornerFraction = isEllipse ? ellipseCornerFraction : shape.cornerRadiusFraction;
-    const Image mask =
-        CameraRenderer::makeRoundedRectMask(rect, std::min(width, height) * cornerFraction, canvas);
-    const Image cut = CameraRenderer::masked(colourSource(shape.fill, canvas), mask);
-    if (!(shape.blurRadiusFraction > 0)) return cut;
-    return cut.clampedToExtent().gaussianBlurred(canvas.height * shape.blurRadiusFraction).cropped(canvas);
+    const Image sharp = filled(shape.fill, rect, std::min(width, height) * cornerFraction, canvas);
+    if (!(shape.blurRadiusFraction > 0)) return sharp;
+    return CanvasEdge::blurred(sharp, canvas, canvas.height * shape.blurRadiusFraction);
 }
 
 }   // namespace

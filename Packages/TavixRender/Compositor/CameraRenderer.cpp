@@ -41,7 +41,8 @@ Color colorOf(const RGBAColor& color) { return {color.r, color.g, color.b, color
 Image resolveBackgroundFill(const BackgroundFill& fill, const Rect& bounds, StillImageCache& images) {
     if (const auto* color = std::get_if<RGBAColor>(&fill))
         return Image::solid(colorOf(*color)).cropped(bounds);
-    if (const auto* gradient = std::get_if<LinearGradient>(&fill)) return renderGradient(*gradient, bounds);
+    if (const auto* gradient = std::get_if<LinearGradient>(&fill))
+        return gradientAcross(*gradient, bounds).cropped(bounds);
     return aspectFilled(resolveBackgroundImage(std::get<BackgroundImage>(fill), images), bounds);
 }
 
@@ -77,9 +78,7 @@ Image place(const Image& image, const PixelRect& rect, const Rect& bounds, Resam
 
 Image makeRoundedRectMask(const PixelRect& rect, double cornerRadiusPx, const Rect& bounds) {
     const double radius = std::min(std::min(rect.width, rect.height) / 2, cornerRadiusPx);
-    return Image::roundedRectangle(flipped(rect, bounds), radius, Color::white())
-        .over(Image::solid(Color::clear()))
-        .cropped(bounds);
+    return Image::roundedRectangle(flipped(rect, bounds), radius, Color::white());
 }
 
 Image masked(const Image& image, const Image& mask) { return image.blendedWithMask(Image(), mask); }

@@ -23,9 +23,9 @@ imaging::Image resolveBackgroundFill(
 imaging::Image resolveBackgroundImage(const BackgroundImage& background, StillImageCache& images);
 std::optional<imaging::Image> loadBundled(const BundledBackground& background, StillImageCache& images);
 
-// An eight-bit sRGB bitmap of the rounded bounds. Angle 0 runs from bottom to top, 90 from left to right; the
-// axis is as long as it must be to reach the corners.
-imaging::Image renderGradient(const LinearGradient& gradient, const imaging::Rect& bounds);
+// Angle 0 runs from bottom to top, 90 from left to right; the axis is as long as it must be to reach the
+// corners of the bounds, and past its ends the first and the last colour go on.
+imaging::Image gradientAcross(const LinearGradient& gradient, const imaging::Rect& bounds);
 
 // `live` follows motion cheaply; `still` takes its time over a picture that is scaled once and kept.
 enum class Resampling { live, still };
@@ -36,7 +36,7 @@ imaging::Image place(
 
 imaging::Rect flipped(const PixelRect& rect, const imaging::Rect& bounds);
 
-// White where the picture shall show, clear elsewhere, of the extent `bounds`.
+// White where the picture shall show, clear elsewhere.
 imaging::Image makeRoundedRectMask(const PixelRect& rect, double cornerRadiusPx, const imaging::Rect& bounds);
 imaging::Image masked(const imaging::Image& image, const imaging::Image& mask);
 

@@ -1,6 +1,8 @@
 #include "TavixRender/Compositor/Kernels/CrosswarpKernel.h"
 #include "TavixRender/Compositor/Kernels/RippleKernel.h"
 
+#include "TavixPlatform/Imaging/Hash.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -115,15 +117,20 @@ TEST(WarpKernels, RunTheWayTheyShould) {
     }
 }
 
-TEST(WarpKernels, HashEveryArgument) {
-    const CrosswarpKernel crosswarp(rect, 0.5f);
-    EXPECT_EQ(crosswarp.hash(), CrosswarpKernel(rect, 0.5f).hash());
-    EXPECT_NE(crosswarp.hash(), CrosswarpKernel(rect, 0.25f).hash());
-    EXPECT_NE(crosswarp.hash(), CrosswarpKernel({0, 0, 96, 55}, 0.5f).hash());
-    const RippleKernel ripple(rect, 0.5f, {});
-    EXPECT_NE(ripple.hash(), crosswarp.hash());
-    EXPECT_NE(ripple.hash(), RippleKernel(rect, 0.5f, {.amplitude = 31}).hash());
-    EXPECT_NE(ripple.hash(), RippleKernel(rect, 0.5f, {.speed = 31}).hash());
+TEST(WarpKernels, DescribeEveryArgument) {
+    const auto digestOf = [](const imaging::Warp& warp) {
+        imaging::Hash hash;
+        warp.describe(hash);
+        return hash.digest();
+    };
+    const imaging::Digest crosswarp = digestOf(CrosswarpKernel(rect, 0.5f));
+    EXPECT_EQ(crosswarp, digestOf(CrosswarpKernel(rect, 0.5f)));
+    EXPECT_NE(crosswarp, digestOf(CrosswarpKernel(rect, 0.25f)));
+    EXPECT_NE(crosswarp, digestOf(CrosswarpKernel({0, 0, 96, 55}, 0.5f)));
+    const imaging::Digest ripple = digestOf(RippleKernel(rect, 0.5f, {}));
+    EXPECT_NE(ripple, crosswarp);
+    EXPECT_NE(ripple, digestOf(RippleKernel(rect, 0.5f, {.amplitude = 31})));
+    EXPECT_NE(ripple, digestOf(RippleKernel(rect, 0.5f, {.speed = 31})));
 }
 
 }   // namespace

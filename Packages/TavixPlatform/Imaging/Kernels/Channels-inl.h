@@ -44,6 +44,12 @@ HWY_INLINE HalfVector doubled(WordVector byteInWord) {
     return hn::BitCast(Halves(), hn::Or(byteInWord, hn::ShiftLeft<16>(byteInWord)));
 }
 
+// The alpha of each pixel in all its bytes.
+HWY_INLINE WordVector joinedAlphas(WordVector pixels) {
+    const HalfVector twice = doubled(hn::ShiftRight<24>(pixels));
+    return hn::BitCast(Words(), hn::Or(twice, hn::ShiftLeft<8>(twice)));
+}
+
 HWY_INLINE HalfVector alphas(WordVector pixels) { return doubled(hn::ShiftRight<24>(pixels)); }
 
 // A product of two bytes divided by 255, rounded to nearest.

@@ -42,6 +42,24 @@ void add(std::uint32_t* dst, const std::uint32_t* src, std::size_t count) {
     forRow(dst, src, count, [&](WordVector d, WordVector s) HWY_ATTR { return sum(d, s); });
 }
 
+void lighten(std::uint32_t* dst, const std::uint32_t* src, std::size_t count) {
+    forRow(dst, src, count, [&](WordVector d, WordVector s) HWY_ATTR {
+        return hn::BitCast(Words(), hn::Max(hn::BitCast(Bytes(), d), hn::BitCast(Bytes(), s)));
+    });
+}
+
+void atop(std::uint32_t* dst, const std::uint32_t* src, std::size_t count) {
+    forRow(dst, src, count, [&](WordVector d, WordVector s) HWY_ATTR {
+        const HalfVector rest = hn::Sub(hn::Set(Halves(), std::uint16_t(255)), alphas(s));
+        const WordVector alphaBits = hn::Set(Words(), 0xFF000000u);
+        const WordVector mixed = sum(scaled(s, alphas(d)), scaled(d, rest));
+        // Rounded twice, colour could pass the alpha by a step.
+        const auto limit = hn::BitCast(Bytes(), joinedAlphas(d));
+        const auto colors = hn::Min(hn::BitCast(Bytes(), mixed), limit);
+        return hn::Or(hn::AndNot(alphaBits, hn::BitCast(Words(), colors)), hn::And(alphaBits, d));
+    });
+}
+
 // Both sides are weighted before they are added, so equal pixels stay as they are to within a step.
 void mix(std::uint32_t* dst, const std::uint32_t* from, const std::uint32_t* to, const std::uint32_t* weight,
     std::size_t count) {
@@ -84,6 +102,8 @@ void fillComposite(Kernels& table) {
     table.overSolid = overSolid;
     table.fade = fade;
     table.add = add;
+    table.lighten = lighten;
+    table.atop = atop;
     table.mix = mix;
     table.luminance = luminance;
 }

@@ -64,12 +64,26 @@ struct VideoRule {
     std::int16_t lumaGain, redOfCr, greenOfCb, greenOfCr, blueOfCb;   // green is what they take away
 };
 
+// Where the samples of a pair of rows go.
+struct Yuv420Rows {
+    std::uint8_t *luma0, *luma1, *cb, *cr;
+};
+// What is added before a sample is cut to whole steps, in 1/256: 128 rounds to nearest. Rows of scratch
+// memory.
+struct RoundingRows {
+    const std::uint8_t *luma0, *luma1, *chroma;
+};
+
 struct Kernels {
     // dst = src * opacity / 255 over dst.
     void (*over)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count, unsigned opacity);
     void (*overSolid)(std::uint32_t* dst, std::uint32_t color, std::size_t count);
     void (*fade)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count, unsigned opacity);
     void (*add)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);   // limited to 255
+    // The larger value of each channel.
+    void (*lighten)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);
+    // src over dst where dst is; the alpha of dst stays.
+    void (*atop)(std::uint32_t* dst, const std::uint32_t* src, std::size_t count);
     // dst = `to` where the weight is 255, `from` where it is 0. Weights are words, as `luminance` leaves
     // them.
     void (*mix)(std::uint32_t* dst, const std::uint32_t* from, const std::uint32_t* to,
@@ -119,8 +133,13 @@ struct Kernels {
         float* dst, const float* src, const int* first, const float* weights, int taps, std::size_t count);
 
     // A pair of rows to 4:2:0, BT.709 limited. `count` is even; pixel -1 of both rows is read when `hasLeft`.
-    void (*toYuv420)(std::uint8_t* luma0, std::uint8_t* luma1, std::uint8_t* cb, std::uint8_t* cr,
-        const std::uint32_t* row0, const std::uint32_t* row1, bool hasLeft, std::size_t count);
+    // Values between two steps are rounded by the `rounding` of the sample.
+    void (*toYuv420)(const Yuv420Rows& out, const std::uint32_t* row0, const std::uint32_t* row1,
+        bool hasLeft, const RoundingRows& rounding, std::size_t count);
+    // Blocks of eight columns of the rows: whether one of their channels differs within the block, and none
+    // by more than `most` steps, as where a gradient is. Sets a byte for each, 255 or 0.
+    void (*findRamps)(
+        std::uint8_t* isRamp, const std::uint32_t* const* rows, int rowCount, int most, std::size_t blocks);
     // A row of video to opaque pixels, to within a step of the exact value. Writes `row.width` pixels.
     void (*videoToPixels)(std::uint32_t* dst, const VideoRow& row, const VideoRule& rule);
     // Straight colour to premultiplied; `dst` may be `src`.

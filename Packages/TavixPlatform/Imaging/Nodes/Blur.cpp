@@ -19,6 +19,7 @@ public:
               grownBy(in->extent(), std::ceil(3 * sigma)), grownBy(in->support(), int(std::ceil(3 * sigma)))),
           input(in), sigmaPx(sigma) {}
     void describe(Structure& s) const override { s.kind(NodeKind::blurred).add(input).add(sigmaPx); }
+    bool isFine() const override { return true; }
     bool isOpaque(const PixelRegion& region) const override {
         return input->isOpaque(grownBy(region, reachPx()));
     }

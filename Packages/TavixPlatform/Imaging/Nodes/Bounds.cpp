@@ -12,6 +12,7 @@ class CroppedNode final : public Node {
 public:
     CroppedNode(const NodeRef& in, const Rect& extent) : Node(extent, in->support()), input(in) {}
     void describe(Structure& s) const override { s.kind(NodeKind::cropped).add(input).add(extent()); }
+    bool isFine() const override { return input->isFine(); }
     bool isOpaque(const PixelRegion& region) const override {
         return support().contains(region) && input->isOpaque(region);
     }

@@ -47,6 +47,11 @@ public:
         s.kind(NodeKind::colored).add(input).add(std::uint64_t(steps.size()));
         for (const ColorStep& step : steps) addTo(s, step);
     }
+    bool isFine() const override {
+        return input->isFine() || std::any_of(steps.begin(), steps.end(), [](const ColorStep& step) {
+            return std::holds_alternative<Vignette>(step);
+        });
+    }
     bool isOpaque(const PixelRegion& region) const override {
         return std::all_of(steps.begin(), steps.end(), keepsOpaque) && input->isOpaque(region);
     }
@@ -94,12 +99,6 @@ public:
         }
     }
 
-protected:
-    bool isDithered() const override {
-        return std::any_of(steps_.begin(), steps_.end(),
-            [](const ColorStep& s) { return std::holds_alternative<Vignette>(s); });
-    }
-
 private:
     const std::vector<ColorStep>& steps_;
     DrawableRef input_;
@@ -114,6 +113,7 @@ public:
     FadedNode(const NodeRef& in, double factor)
         : Node(in->extent(), in->support()), input(in), alpha(factor) {}
     void describe(Structure& s) const override { s.kind(NodeKind::faded).add(input).add(alpha); }
+    bool isFine() const override { return input->isFine(); }
     Digest contribution(const PixelRegion& region) const override {
         const Digest below = input->contribution(region);
         return below.isNothing() ? below : hashOf(NodeKind::faded).add(below).add(alpha).digest();
@@ -129,6 +129,7 @@ public:
         : Drawable(node), alpha_(alpha), opacity_(unsigned(std::lround(alpha * 255))),
           input_(std::move(input)) {}
     void draw(const Tile& tile, Scratch& scratch) const override {
+        if (node().isFine()) return drawRounded(tile, scratch);
         input_->draw(tile, scratch);
         for (int y = tile.region.y0; y < tile.region.y1; ++y)
             kernels().fade(tile.row(y), tile.row(y), tile.width(), opacity_);

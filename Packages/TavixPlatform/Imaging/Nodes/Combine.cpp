@@ -1,27 +1,30 @@
-// Pictures joined pixel by pixel: added, and mixed by a mask.
+// Pictures joined pixel by pixel: channel by channel, one atop the other, and mixed by a mask.
 #include "TavixPlatform/Imaging/Nodes/Nodes.h"
 
 namespace tavix::imaging {
 
 namespace {
 
-class SumNode final : public Node {
+class JoinedNode final : public Node {
 public:
-    SumNode(const NodeRef& one, const NodeRef& other)
+    JoinedNode(const NodeRef& one, const NodeRef& other, Joining how)
         : Node(unionOf(one->extent(), other->extent()), unionOf(one->support(), other->support())), a(one),
-          b(other) {}
-    void describe(Structure& s) const override { s.kind(NodeKind::sum).add(a).add(b); }
+          b(other), joining(how) {}
+    void describe(Structure& s) const override {
+        s.kind(NodeKind::joined).add(a).add(b).add(std::uint64_t(joining));
+    }
     bool isOpaque(const PixelRegion& region) const override {
         return a->isOpaque(region) || b->isOpaque(region);
     }
     DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef a, b;
+    const Joining joining;
 };
 
-class SumDrawable final : public Drawable {
+class JoinedDrawable final : public Drawable {
 public:
-    SumDrawable(const NodeRef& node, DrawableRef a, DrawableRef b)
-        : Drawable(node), a_(std::move(a)), b_(std::move(b)) {}
+    JoinedDrawable(const NodeRef& node, DrawableRef a, DrawableRef b, Joining joining)
+        : Drawable(node), a_(std::move(a)), b_(std::move(b)), joining_(joining) {}
     void draw(const Tile& tile, Scratch& scratch) const override {
         a_->draw(tile, scratch);
         const PixelRegion part = intersection(tile.region, b_->node().support());
@@ -29,15 +32,55 @@ public:
         const Scratch::Mark mark(scratch);
         const Tile own = scratch.tile(part);
         b_->draw(own, scratch);
-        for (int y = part.y0; y < part.y1; ++y) kernels().add(tile.at(part.x0, y), own.row(y), own.width());
+        const auto join = joining_ == Joining::sum ? kernels().add : kernels().lighten;
+        for (int y = part.y0; y < part.y1; ++y) join(tile.at(part.x0, y), own.row(y), own.width());
     }
 
 private:
     DrawableRef a_, b_;
+    Joining joining_;
 };
 
-DrawableRef SumNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<SumDrawable>(self, workshop.prepare(a, wanted), workshop.prepare(b, wanted));
+DrawableRef JoinedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<JoinedDrawable>(
+        self, workshop.prepare(a, wanted), workshop.prepare(b, wanted), joining);
+}
+
+class AtopNode final : public Node {
+public:
+    AtopNode(const NodeRef& before, const NodeRef& behind)
+        : Node(behind->extent(), behind->support()), front(before), back(behind) {}
+    void describe(Structure& s) const override { s.kind(NodeKind::atop).add(front).add(back); }
+    bool isOpaque(const PixelRegion& region) const override { return back->isOpaque(region); }
+    Digest contribution(const PixelRegion& region) const override {
+        return back->contribution(region).isNothing() ? Digest{} : hash();
+    }
+    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    const NodeRef front, back;
+};
+
+class AtopDrawable final : public Drawable {
+public:
+    AtopDrawable(const NodeRef& node, DrawableRef front, DrawableRef back)
+        : Drawable(node), front_(std::move(front)), back_(std::move(back)) {}
+    void draw(const Tile& tile, Scratch& scratch) const override {
+        back_->draw(tile, scratch);
+        const PixelRegion part = intersection(tile.region, back_->node().support());
+        if (part.isEmpty()) return;
+        const Scratch::Mark mark(scratch);
+        const Tile front = scratch.tile(part);
+        front_->draw(front, scratch);
+        for (int y = part.y0; y < part.y1; ++y)
+            kernels().atop(tile.at(part.x0, y), front.row(y), front.width());
+    }
+
+private:
+    DrawableRef front_, back_;
+};
+
+DrawableRef AtopNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<AtopDrawable>(
+        self, workshop.prepare(front, wanted), workshop.prepare(back, wanted));
 }
 
 class MaskedNode final : public Node {
@@ -84,9 +127,13 @@ DrawableRef MaskedNode::prepare(Workshop& workshop, const NodeRef& self, const P
 
 }   // namespace
 
-NodeRef makeSum(const NodeRef& a, const NodeRef& b) {
+NodeRef makeJoined(const NodeRef& a, const NodeRef& b, Joining joining) {
     if (a->extent().isEmpty()) return b;
-    return b->extent().isEmpty() ? a : makeNode<SumNode>(a, b);
+    return b->extent().isEmpty() ? a : makeNode<JoinedNode>(a, b, joining);
+}
+
+NodeRef makeAtop(const NodeRef& front, const NodeRef& back) {
+    return front->extent().isEmpty() ? back : makeNode<AtopNode>(front, back);
 }
 
 NodeRef makeMasked(const NodeRef& front, const NodeRef& back, const NodeRef& mask) {

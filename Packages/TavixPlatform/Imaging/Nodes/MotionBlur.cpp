@@ -73,6 +73,7 @@ public:
     void describe(Structure& s) const override {
         s.kind(NodeKind::motionBlurred).add(input).add(radiusPx).add(angleRad);
     }
+    bool isFine() const override { return true; }
     bool isOpaque(const PixelRegion& region) const override {
         return input->isOpaque(grownBy(region, reach));
     }

@@ -18,6 +18,8 @@ NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent);
 NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1);
 NodeRef makeRoundedRectangle(const Rect& rect, double radiusPx, const Color& color);
 const Picture* asBitmap(const Node& node);   // null when it is none
+// LinearGradient.cpp
+NodeRef makeLinearGradient(Point p0, Point p1, std::vector<ColorStop> stops);
 
 // Bounds.cpp
 NodeRef makeCropped(const NodeRef& input, const Rect& rect);
@@ -40,7 +42,9 @@ NodeRef makePlaced(const NodeRef& input, const Rect& target);
 // Stack.cpp
 NodeRef makeStack(std::vector<NodeRef> bottomToTop);
 // Combine.cpp
-NodeRef makeSum(const NodeRef& a, const NodeRef& b);
+enum class Joining : std::uint64_t { sum, lightest };   // channel by channel
+NodeRef makeJoined(const NodeRef& a, const NodeRef& b, Joining joining);
+NodeRef makeAtop(const NodeRef& front, const NodeRef& back);
 NodeRef makeMasked(const NodeRef& front, const NodeRef& back, const NodeRef& mask);
 // Warped.cpp
 NodeRef makeWarped(
@@ -59,10 +63,11 @@ using ColorStep = std::variant<MatrixRows, ControlValues, Monochrome, ColorPair,
 NodeRef makeColored(const NodeRef& input, const ColorStep& step);
 NodeRef makeFaded(const NodeRef& input, double alpha);
 
-// Blur.cpp, MotionBlur.cpp, Bloom.cpp, Pixellate.cpp
+// Lit.cpp
+NodeRef makeLit(const NodeRef& input, const NodeRef& light, double intensity);
+// Blur.cpp, MotionBlur.cpp, Pixellate.cpp
 NodeRef makeBlurred(const NodeRef& input, double sigmaPx);
 NodeRef makeMotionBlurred(const NodeRef& input, double radiusPx, double angleRad);
-NodeRef makeBloomed(const NodeRef& input, double intensity, double sigmaPx);
 NodeRef makePixellated(const NodeRef& input, Point center, double scalePx);
 
 // The kinds, as the first field of a node's structure.
@@ -71,6 +76,7 @@ enum class NodeKind : std::uint64_t {
     solid,
     bitmap,
     smoothGradient,
+    linearGradient,
     roundedRectangle,
     cropped,
     continued,
@@ -79,13 +85,14 @@ enum class NodeKind : std::uint64_t {
     placed,
     stack,
     layersOfStack,
-    sum,
+    joined,
+    atop,
     masked,
     warped,
     colored,
     faded,
     blurred,
-    bloomed,
+    lit,
     pixellated,
     motionBlurred,
     perspective

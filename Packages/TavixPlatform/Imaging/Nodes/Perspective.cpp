@@ -211,7 +211,7 @@ private:
         }
         auto* mean = scratch.take<float>(count * 4);
         kernels().weightedSum(mean, rows.data(), weights.data(), samples, count * 4);
-        kernels().packInterleaved(out, mean, nullptr, count);
+        kernels().packInterleaved(out, mean, ditherOfChannels(span.lo, y), count);
     }
 
     BitmapRef bitmap_;

@@ -136,7 +136,8 @@ private:
                 if (covered < 1)
                     for (std::size_t c = 0; c < 4; ++c) mixed[x * 4 + c] *= covered;
             }
-            kernels().packInterleaved(tile.row(tile.region.y0 + int(y)), mixed, nullptr, width);
+            const int top = tile.region.y0 + int(y);
+            kernels().packInterleaved(tile.row(top), mixed, ditherOfChannels(tile.region.x0, top), width);
         }
     }
 

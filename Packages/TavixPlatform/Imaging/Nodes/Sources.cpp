@@ -131,6 +131,7 @@ public:
         addTo(s, color1);
     }
     bool isOpaque(const PixelRegion&) const override { return color0.a >= 1 && color1.a >= 1; }
+    bool isFine() const override { return true; }
     DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
 
     const Point p0, axis;
@@ -159,9 +160,6 @@ public:
             }
         }
     }
-
-protected:
-    bool isDithered() const override { return true; }
 
 private:
     const SmoothGradientNode& gradient_;

@@ -27,6 +27,9 @@ public:
         s.kind(NodeKind::stack).add(std::uint64_t(layers.size()));
         for (const NodeRef& layer : layers) s.add(layer);
     }
+    bool isFine() const override {
+        return std::ranges::all_of(layers, [](const NodeRef& layer) { return layer->isFine(); });
+    }
     bool isOpaque(const PixelRegion& region) const override { return lowestSeen(region) > 0; }
     Digest contribution(const PixelRegion& region) const override {
         Hash hash = hashOf(NodeKind::layersOfStack);

@@ -69,6 +69,8 @@ Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
     }
     keep([&](std::uint32_t* out) { k.overSolid(out, rows.a[0], n); });
     keep([&](std::uint32_t* out) { k.add(out, rows.a.data(), n); });
+    keep([&](std::uint32_t* out) { k.lighten(out, rows.a.data(), n); });
+    keep([&](std::uint32_t* out) { k.atop(out, rows.a.data(), n); });
     keep([&](std::uint32_t* out) { k.mix(out, rows.a.data(), rows.b.data(), rows.weights.data(), n); });
     keep([&](std::uint32_t* out) { k.luminance(out, rows.a.data(), n); });
     const std::int64_t one = std::int64_t(1) << 32;
@@ -246,6 +248,72 @@ TEST(Kernels, SampleWithinAStepOfTheBilinearFormula) {
     }
 }
 
+TEST(Kernels, LayAtopOnlyWhereThereIsSomething) {
+    for (const Kernels& k : everyTable()) {
+        const Rows rows(3);
+        std::vector<std::uint32_t> out = rows.b;
+        k.atop(out.data(), rows.a.data(), room);
+        for (std::size_t i = 0; i < room; ++i) {
+            const std::uint32_t front = rows.a[i], back = rows.b[i];
+            const auto at = [](std::uint32_t p, int c) { return double(p >> (8 * c) & 255); };
+            ASSERT_EQ(out[i] >> 24, back >> 24);
+            for (int c = 0; c < 3; ++c)
+                ASSERT_NEAR(at(out[i], c),
+                    at(front, c) * at(back, 3) / 255 + at(back, c) * (255 - at(front, 3)) / 255, 1.01);
+        }
+    }
+}
+
+TEST(Kernels, FindGradientsAndNeitherFlatsNorEdges) {
+    std::mt19937 random(5);
+    for (const Kernels& k : everyTable())
+        for (int round = 0; round < 400; ++round) {
+            constexpr int columns = 40;
+            const int rowCount = 1 + int(random() % 8), most = 1 + int(random() % 40);
+            const unsigned spread = unsigned(random() % 60) + 1;
+            std::vector<std::uint32_t> pixels(columns * 8, 0xFF204060u);
+            for (std::uint32_t& p : pixels)
+                if (random() % 40 == 0) p += std::uint32_t(random() % spread) << (8 * (random() % 3));
+            const std::uint32_t* rows[8];
+            for (int y = 0; y < 8; ++y) rows[y] = pixels.data() + y * columns;
+            std::uint8_t found[columns / 8 + 1] = {1, 1, 1, 1, 1, 1};
+            k.findRamps(found, rows, rowCount, most, columns / 8);
+            EXPECT_EQ(found[columns / 8], 1);
+            for (int block = 0; block < columns / 8; ++block) {
+                int largest = 0;
+                for (int c = 0; c < 4; ++c) {
+                    int low = 255, high = 0;
+                    for (int i = 0; i < 8 * rowCount; ++i) {
+                        const int v = int(rows[i / 8][block * 8 + i % 8] >> (8 * c) & 255);
+                        low = std::min(low, v);
+                        high = std::max(high, v);
+                    }
+                    largest = std::max(largest, high - low);
+                }
+                ASSERT_EQ(found[block] != 0, largest > 0 && largest <= most) << largest << " of " << most;
+            }
+        }
+}
+
+TEST(Kernels, RoundSamplesAsTheyAreTold) {
+    for (const Kernels& k : everyTable())
+        for (const std::size_t n : {2u, 32u, 62u, 256u, 300u}) {
+            const std::vector<std::uint32_t> row(n, 0xFF7B3C21u);
+            std::vector<std::uint8_t> rounding(n + 64);
+            for (std::size_t i = 0; i < n; ++i) rounding[i] = std::uint8_t(i * 37);
+            std::vector<std::uint8_t> luma0(n), luma1(n), cb(n / 2), cr(n / 2);
+            k.toYuv420({luma0.data(), luma1.data(), cb.data(), cr.data()}, row.data(), row.data(), false,
+                {rounding.data(), rounding.data(), rounding.data()}, n);
+            const double exact = 0.2126 * 0x7B + 0.7152 * 0x3C + 0.0722 * 0x21, luma = 16 + exact * 219 / 255;
+            const double blue = 128 + (0x21 - exact) / 1.8556 * 224 / 255;
+            for (std::size_t i = 0; i < n; ++i) {
+                ASSERT_EQ(luma0[i], luma1[i]);
+                ASSERT_NEAR(luma0[i] + 0.5, luma + rounding[i] / 256.0, 0.53);
+                ASSERT_NEAR(cb[i / 2] + 0.5, blue + rounding[i / 2] / 256.0, 0.53);
+            }
+        }
+}
+
 TEST(Kernels, ConvertToBt709WithinAStep) {
     for (const Kernels& k : everyTable()) {
         std::vector<std::uint32_t> rows[2];
@@ -254,8 +322,9 @@ TEST(Kernels, ConvertToBt709WithinAStep) {
             for (int i = 0; i < 641; ++i) row.push_back(std::uint32_t(random()) | 0xFF000000u);
         for (const std::size_t n : {2u, 30u, 256u, 258u, 640u}) {
             std::vector<std::uint8_t> luma0(n + 1, 7), luma1 = luma0, cb(n / 2 + 1, 7), cr = cb;
-            k.toYuv420(luma0.data(), luma1.data(), cb.data(), cr.data(), rows[0].data() + 1,
-                rows[1].data() + 1, true, n);
+            const std::vector<std::uint8_t> nearest(n + 64, 128);
+            k.toYuv420({luma0.data(), luma1.data(), cb.data(), cr.data()}, rows[0].data() + 1,
+                rows[1].data() + 1, true, {nearest.data(), nearest.data(), nearest.data()}, n);
             EXPECT_EQ(luma0[n] + luma1[n] + cb[n / 2] + cr[n / 2], 28);
             const auto color = [&](int row, std::size_t x, int c) {
                 return double(rows[row][x + 1] >> (8 * c) & 255);

@@ -271,7 +271,7 @@ TEST(Colors, LeaveAPictureAloneWhenNeutral) {
     EXPECT_LE(largestDifference(drawn(image.withColorMatrix(nearly), all).words, before), 0);
     EXPECT_LE(largestDifference(drawn(image.withColorControls(0, 1.0000001, 1), all).words, before), 0);
     EXPECT_LE(largestDifference(drawn(image.withMonochrome({1, 0, 0, 1}, 0), all).words, before), 0);
-    EXPECT_EQ(drawn(image.withVignette(0, 1), all).words, before);
+    EXPECT_EQ(drawn(image.withVignette(0, 1, image.extent()), all).words, before);
     EXPECT_EQ(drawn(image.bloomed(0, 4), all).words, before);
     EXPECT_EQ(drawn(image.pixellated({0, 0}, 1), all).words, before);
 }
@@ -285,8 +285,8 @@ TEST(Colors, MeanWhatTheyAreNamed) {
     EXPECT_NEAR(channel(of(red.withColorControls(0, 1, 0)), 1), 54, 1);     // no saturation leaves the luma
     EXPECT_NEAR(channel(of(red.withMonochrome({0, 1, 0, 1}, 1)), 1), 54, 1);
     EXPECT_NEAR(channel(of(grey.withFalseColor({0, 0, 0, 1}, {1, 0, 0, 1})), 2), 128, 1);
-    EXPECT_NEAR(channel(of(red.withVignette(1, 1)), 2), 255, 1);   // the middle stays
-    EXPECT_LT(channel(drawn(red.withVignette(1, 1), {0, 0, 1, 1}).at(0, 0), 2), 10);
+    EXPECT_NEAR(channel(of(red.withVignette(1, 1, red.extent())), 2), 255, 1);   // the middle stays
+    EXPECT_LT(channel(drawn(red.withVignette(1, 1, red.extent()), {0, 0, 1, 1}).at(0, 0), 2), 10);
 }
 
 TEST(Pixellate, ShowsTheMeanOfEachSquare) {

@@ -34,7 +34,11 @@ Image source(std::mt19937& random) {
     const Size size{int(real(1, 90)), int(real(1, 70))};
     const Point at{std::floor(real(-40, 60)), std::floor(real(-40, 60))};
     const Color color{real(0, 1), real(0, 1), real(0, 1), real(0, 1.3)};
-    switch (random() % 5) {
+    switch (random() % 6) {
+    case 3:
+        return Image::linearGradient(at, {at.x + 60, at.y - 30},
+            {{0, color}, {0.4, Color::white()}, {1, {0.1, color.g, color.r, 0.6}}})
+            .cropped({-20, -20, 100, 90});
     case 0: return Image::solid(color).cropped({at.x, at.y, real(5, 100), real(5, 100)});
     case 1: return Image::roundedRectangle({at.x + 0.3, at.y, real(3, 90), real(3, 90)}, real(0, 30), color);
     case 2:
@@ -74,7 +78,7 @@ Image randomImage(std::mt19937& random, int depth) {
         return std::uniform_real_distribution(low, high)(random);
     };
     const Rect frame{-30, -30, 150, 130};
-    switch (random() % 20) {
+    switch (random() % 23) {
     case 0: return below.cropped({real(-20, 30), real(-20, 30), real(10, 90), real(10, 90)});
     case 1: return below.clampedToExtent().cropped(frame);
     case 2:
@@ -99,13 +103,16 @@ Image randomImage(std::mt19937& random, int depth) {
         return below.withColorControls(real(-0.4, 0.4), real(0.3, 3), real(0, 3))
             .withMonochrome({1, 0.5, 0.2, 1}, real(0, 1));
     case 13: return below.withFalseColor({0.1, 0, 0.3, real(0, 1)}, {1, 0.9, 0.5, 1});
-    case 14: return below.withVignette(real(0, 2), real(0, 3));
+    case 14: return below.withVignette(real(0, 2), real(0, 3), below.extent());
     case 15: return below.gaussianBlurred(real(0, 14));
     case 16: return below.bloomed(real(0, 1.5), real(0, 8));
     case 17: return below.motionBlurred(real(0, 9), real(-4, 4));
     case 18:
         return below.inPerspective({{real(-30, 10), real(60, 110)}, {real(50, 120), real(60, 110)},
             {real(-30, 10), real(-20, 20)}, {real(50, 120), real(-20, 20)}});
+    case 19: return randomImage(random, 0).atop(below);
+    case 20: return below.lightestWith(randomImage(random, 0));
+    case 21: return below.litBy(randomImage(random, 0), real(0, 1.5));
     default: return below.pixellated({40, 40}, real(1, 17));
     }
 }
