@@ -4,7 +4,9 @@
 #include "TavixCore/Support/Document.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TestAssets.h"
 #include "TestSupport/SourceTree.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -41,12 +43,11 @@ std::vector<GoldenFrame> goldenFrames() {
     return frames;
 }
 
-imaging::Bitmap drawn(const GoldenFrame& frame) {
-    const fs::path documents = goldenFolder() / "Documents";
-    const auto spec = decodeFile<CompositionSpec>(documents / (frame.document + ".json"));
-    imaging::Evaluator evaluator;
+imaging::Bitmap drawn(const GoldenFrame& frame, const fs::path& assets) {
+    const auto spec = decodeFile<CompositionSpec>(goldenFolder() / "Documents" / (frame.document + ".json"));
+    imaging::Evaluator evaluator({.comparesStructures = true});
     ResolvedComposition composition(
-        spec, documents, evaluator, [](const std::string& line) { ADD_FAILURE() << line; });
+        spec, assets, evaluator, [](const std::string& line) { ADD_FAILURE() << line; });
     const imaging::Size size = canvasSize(spec);
     return evaluator.draw(composition.frameOnMain(std::stod(frame.seconds)), {0, 0, size.width, size.height});
 }
@@ -80,9 +81,12 @@ void compare(const GoldenFrame& frame, const imaging::Bitmap& actual) {
 TEST(GoldenFrames, LookAsTheyDid) {
     const std::vector<GoldenFrame> frames = goldenFrames();
     ASSERT_FALSE(frames.empty());
+    const testsupport::TemporaryFolder assets;
+    testing::writeTestAssets(assets.path(), 24, 8);
+    fs::copy_file(goldenFolder() / "Documents" / "card.png", assets / "card.png");
     for (const GoldenFrame& frame : frames) {
         SCOPED_TRACE(frame.name());
-        const imaging::Bitmap actual = drawn(frame);
+        const imaging::Bitmap actual = drawn(frame, assets.path());
         if (std::getenv("TAVIX_ACCEPT_GOLDEN") != nullptr)
             media::writePng(goldenFolder() / frame.name(), actual.view());
         else
