@@ -37,9 +37,9 @@ std::vector<Preset> backgrounds() {
 
 std::string spanOf(const EffectRange& range) { return writeJson(range.min) + " to " + writeJson(range.max); }
 
-Preset effect(const Alternative<LayerEffect>& row) {
+Preset effect(const Alternative& row) {
     LayerEffect made;
-    row.makeDefault(made);
+    row.emplace(&made);
     Preset preset{std::string(row.tag), {}, {}};
     JsonArray described;
     const std::vector<EffectRange> ranges = legalRanges(row.tag);
@@ -62,7 +62,7 @@ Preset effect(const Alternative<LayerEffect>& row) {
 
 std::vector<Preset> effects() {
     std::vector<Preset> presets;
-    for (const Alternative<LayerEffect>& row : alternativesOf(std::type_identity<LayerEffect>{}).rows)
+    for (const Alternative& row : alternativesOf(std::type_identity<LayerEffect>{}).rows)
         if (!row.tag.empty()) presets.push_back(effect(row));
     return presets;
 }
@@ -77,9 +77,9 @@ std::vector<Preset> transitions() {
 // With the parameters that a curve of that kind has by default.
 std::vector<Preset> curves() {
     std::vector<Preset> presets;
-    for (const Alternative<TimingCurve>& row : alternativesOf(std::type_identity<TimingCurve>{}).rows) {
+    for (const Alternative& row : alternativesOf(std::type_identity<TimingCurve>{}).rows) {
         TimingCurve curve;
-        row.makeDefault(curve);
+        row.emplace(&curve);
         const Json example = Codec<TimingCurve>::write(curve);
         std::string about;
         for (const JsonMember& member : *example.object())

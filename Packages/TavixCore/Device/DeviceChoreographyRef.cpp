@@ -2,7 +2,6 @@
 
 #include "TavixCore/Support/FieldTables.h"
 
-#include <algorithm>
 #include <array>
 
 namespace tavix {
@@ -48,14 +47,11 @@ const Fields<DeviceChoreographyParams>& fieldsOf(std::type_identity<DeviceChoreo
                 .unlessDefault(),
             field<&P::direction>("direction", "Which way round.").unlessDefault(),
             field<&P::count>("count", "How many devices; the formation's own number when absent.")
-                .legal(leastCount, mostCount),
+                .clamped(leastCount, mostCount),
             field<&P::spread>("spread", "How far apart; 1 is usual.").clamped(0.3, 1.6).unlessDefault(),
             field<&P::staggerSec>("staggerSec", "Seconds between one device and the next.")
                 .clamped(0, 0.5)
-                .unlessDefault()},
-        .afterRead = [](P& params) {
-            if (params.count) params.count = std::clamp(*params.count, leastCount, mostCount);
-        }};
+                .unlessDefault()}};
     return table;
 }
 

@@ -19,19 +19,24 @@ const std::vector<std::string_view>& motionNames() {
 
 }   // namespace
 
-template <> struct Codec<DeviceMotionPreset> {
-    static void read(const Json& json, DeviceMotionPreset& into, const KeyPath& at) {
-        const std::string& name = textAt(json, at);
-        const auto known = DeviceMotionPreset::fromRawValue(name);
-        if (!known) failWithData(at, "Unknown device motion preset \"" + name + "\".");
-        into = *known;
-    }
-    static Json write(const DeviceMotionPreset& from) { return from.rawValue(); }
-    static Json schema(SchemaBook&) {
-        const auto& names = motionNames();
-        return JsonObject{{"enum", JsonArray(names.begin(), names.end())}, {"type", "string"}};
-    }
-};
+// Stored as the word that it holds. The names are too many for a message.
+const Type& typeOf(std::type_identity<DeviceMotionPreset>) {
+    static const std::vector<Word> words = [] {
+        std::vector<Word> known;
+        for (const std::string_view name : motionNames())
+            known.push_back({static_cast<std::int64_t>(known.size()), name});
+        return known;
+    }();
+    static const WordType type{{Type::Kind::word}, "device motion preset", words, std::nullopt, false,
+        [](const void* value) {
+            return type.find(static_cast<const DeviceMotionPreset*>(value)->rawValue())->value;
+        },
+        [](void* value, std::int64_t word) {
+            *static_cast<DeviceMotionPreset*>(value) =
+                *DeviceMotionPreset::fromRawValue(words[static_cast<std::size_t>(word)].name);
+        }};
+    return type;
+}
 
 std::optional<DeviceMotionPreset> DeviceMotionPreset::fromRawValue(std::string_view name) {
     if (!deviceMotionRow(name)) return std::nullopt;

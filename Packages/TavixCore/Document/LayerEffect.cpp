@@ -103,27 +103,20 @@ std::string_view kindName(const LayerEffect& effect) {
 
 std::vector<EffectParam> params(const LayerEffect& effect) {
     std::vector<EffectParam> numbers;
-    std::visit(
-        [&]<class E>(const E& held) {
-            for (const Field<E>& row : fieldsOf(std::type_identity<E>{}).rows)
-                if (const auto number = row.number(held)) numbers.push_back({row.key, *number});
-        },
-        effect);
+    const Alternative& held = alternativeOf(effect);
+    const auto& type = static_cast<const RecordType&>(held.type());
+    const void* const record = held.held(const_cast<LayerEffect*>(&effect));
+    for (const Field& row : type.rows)
+        if (const auto number = numberIn(row.type(), row.in(record))) numbers.push_back({row.key, *number});
     return numbers;
 }
 
 std::vector<EffectRange> legalRanges(std::string_view kind) {
     std::vector<EffectRange> ranges;
-    const auto collect = [&]<class E>(const E&) {
-        for (const Field<E>& row : fieldsOf(std::type_identity<E>{}).rows)
-            if (row.bounds) ranges.push_back({row.key, row.bounds->least, row.bounds->most});
-    };
-    for (const Alternative<LayerEffect>& row : alternativesOf(std::type_identity<LayerEffect>{}).rows) {
-        if (row.tag != kind) continue;
-        LayerEffect effect;
-        row.makeDefault(effect);
-        std::visit(collect, effect);
-    }
+    const Alternative* const known = alternativesOf(std::type_identity<LayerEffect>{}).type.find(kind);
+    if (!known) return ranges;
+    for (const Field& row : static_cast<const RecordType&>(known->type()).rows)
+        if (row.bounds) ranges.push_back({row.key, row.bounds->least, row.bounds->most});
     return ranges;
 }
 

@@ -1,10 +1,12 @@
 // Documents in and out: JSON text or a file to a record, and back by the standard writer.
 #pragma once
 
+#include "TavixCore/Support/DecodingError.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixCore/Support/JsonWriter.h"
+#include "TavixCore/Support/Schema.h"
 
 #include <filesystem>
 #include <string>
@@ -15,7 +17,7 @@ namespace tavix {
 // Reading throws a `DecodingError`, or a `Failure` when the file cannot be read.
 template <class T> T decodeValue(const Json& json) {
     T value{};
-    Codec<T>::read(json, value, KeyPath());
+    readValue(typeOf<T>(), json, &value, KeyPath());
     return value;
 }
 
@@ -26,17 +28,15 @@ template <class T> T decodeFile(const std::filesystem::path& file) {
 }
 
 // Writing throws a `Failure` for a number that is not finite, or when the file cannot be written.
-template <class T> std::string encodedJson(const T& value) { return writeJson(Codec<T>::write(value)); }
+template <class T> std::string encodedJson(const T& value) {
+    return writeJson(writeValue(typeOf<T>(), &value));
+}
 
 template <class T> void writeFile(const T& value, const std::filesystem::path& file) {
     writeBytesAtomically(encodedJson(value), file);
 }
 
 // The JSON Schema of a record, an enumeration or a union, as a document of its own.
-template <class T> Json schemaOf(std::string_view title) {
-    SchemaBook book;
-    Json root = Codec<T>::schema(book);
-    return std::move(book).document(std::move(root), title);
-}
+template <class T> Json schemaOf(std::string_view title) { return schemaOf(typeOf<T>(), title); }
 
 }   // namespace tavix

@@ -4,4 +4,3 @@
 #include "TavixCore/Support/Alternatives.h"
 #include "TavixCore/Support/Fields.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Support/RecordCodec.h"

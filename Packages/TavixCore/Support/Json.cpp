@@ -15,6 +15,13 @@ bool isBefore(const JsonMember& a, const JsonMember& b) { return a.key < b.key; 
 
 }   // namespace
 
+JsonObject::JsonObject() = default;
+JsonObject::JsonObject(const JsonObject& other) = default;
+JsonObject::JsonObject(JsonObject&& other) noexcept = default;
+JsonObject& JsonObject::operator=(const JsonObject& other) = default;
+JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
+JsonObject::~JsonObject() = default;
+
 JsonObject::JsonObject(std::initializer_list<JsonMember> members) : JsonObject(of(members)) {}
 
 JsonObject JsonObject::of(Members members) {
@@ -45,11 +52,24 @@ void JsonObject::set(std::string_view key, Json value) {
         members_.insert(at, {std::string(key), std::move(value)});
 }
 
+void JsonObject::remove(std::string_view key) {
+    std::erase_if(members_, [key](const JsonMember& member) { return member.key == key; });
+}
+
 void JsonObject::merge(JsonObject other) {
     for (JsonMember& member : other.members_) set(member.key, std::move(member.value));
 }
 
 bool JsonObject::operator==(const JsonObject& other) const { return members_ == other.members_; }
+
+Json::Json() = default;
+Json::Json(const Json& other) = default;
+Json::Json(Json&& other) noexcept = default;
+Json& Json::operator=(const Json& other) = default;
+Json& Json::operator=(Json&& other) noexcept = default;
+Json::~Json() = default;
+
+bool Json::operator==(const Json& other) const = default;
 
 Json::Json(double value) : value_(value) {
     const bool isNegativeZero = value == 0 && std::signbit(value);

@@ -36,6 +36,7 @@ public:
 
     const Json* find(std::string_view key) const;   // nothing when there is no such key
     void set(std::string_view key, Json value);
+    void remove(std::string_view key);
     void merge(JsonObject other);   // its members replace ours of the same key
 
     bool empty() const;
@@ -52,7 +53,7 @@ private:
 // whole number of at most 2^53 is held as that integer, so a number has one form only.
 class Json {
 public:
-    Json() = default;   // null
+    Json();   // null
     Json(std::nullptr_t) {}
     Json(bool value) : value_(value) {}
     Json(double value);
@@ -63,12 +64,19 @@ public:
     Json(JsonArray value) : value_(std::move(value)) {}
     Json(JsonObject value) : value_(std::move(value)) {}
 
+    Json(const Json& other);
+    Json(Json&& other) noexcept;
+    Json& operator=(const Json& other);
+    Json& operator=(Json&& other) noexcept;
+    ~Json();
+
     bool isNull() const { return value_.index() == 0; }
     bool isNumber() const { return value_.index() == 2 || value_.index() == 3; }
     const bool* boolean() const { return std::get_if<bool>(&value_); }
     const std::string* text() const { return std::get_if<std::string>(&value_); }
     const JsonArray* array() const { return std::get_if<JsonArray>(&value_); }
     const JsonObject* object() const { return std::get_if<JsonObject>(&value_); }
+    JsonArray* array() { return std::get_if<JsonArray>(&value_); }
     JsonObject* object() { return std::get_if<JsonObject>(&value_); }
     std::optional<double> doubleValue() const;          // of a number
     std::optional<std::int64_t> integerValue() const;   // of a number that is a whole one and fits
@@ -77,7 +85,7 @@ public:
     const Json* find(std::string_view key) const;   // nothing when this is no object or has no such key
     std::string_view kindName() const;              // as in "a number", for messages
 
-    bool operator==(const Json&) const = default;
+    bool operator==(const Json& other) const;
 
 private:
     std::variant<std::nullptr_t, bool, std::int64_t, double, std::string, JsonArray, JsonObject> value_;
@@ -90,12 +98,6 @@ struct JsonMember {
 };
 
 // A member holds a `Json`, which holds an object: only here are all of them known.
-inline JsonObject::JsonObject() = default;
-inline JsonObject::JsonObject(const JsonObject& other) = default;
-inline JsonObject::JsonObject(JsonObject&& other) noexcept = default;
-inline JsonObject& JsonObject::operator=(const JsonObject& other) = default;
-inline JsonObject& JsonObject::operator=(JsonObject&& other) noexcept = default;
-inline JsonObject::~JsonObject() = default;
 inline bool JsonObject::empty() const { return members_.empty(); }
 inline std::size_t JsonObject::size() const { return members_.size(); }
 inline JsonObject::Members::const_iterator JsonObject::begin() const { return members_.begin(); }

@@ -1,24 +1,42 @@
 // Enumerations stored as words.
 #pragma once
 
-#include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Tables.h"
+#include "TavixCore/Support/Type.h"
 
+#include <initializer_list>
 #include <optional>
-#include <stdexcept>
 #include <string_view>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace tavix {
 
+void addWord(std::vector<Word>& words, std::int64_t value, std::string_view name);
+
 // The words of an enumeration, in its order. With a fallback an unknown word reads as that case, in silence;
 // without one it fails with: Unknown <noun> "x" — must be one of ...
 template <class E> struct Names {
-    std::string_view noun;
-    std::vector<std::pair<E, std::string_view>> words;
-    std::optional<E> fallback = {};
+    struct Case {
+        E value;
+        std::string_view name;
+    };
+
+    Names(std::string_view noun, std::initializer_list<Case> cases, std::optional<E> fallback = {}) {
+        for (const Case& each : cases) addWord(words, static_cast<std::int64_t>(each.value), each.name);
+        type.noun = noun;
+        type.words = words;
+        if (fallback) type.fallback = static_cast<std::int64_t>(*fallback);
+        type.load = [](const void* value) {
+            return static_cast<std::int64_t>(*static_cast<const E*>(value));
+        };
+        type.store = [](void* value, std::int64_t word) { *static_cast<E*>(value) = static_cast<E>(word); };
+    }
+    Names(const Names&) = delete;
+    Names& operator=(const Names&) = delete;
+
+    std::vector<Word> words;
+    WordType type{{Type::Kind::word}, {}, {}, {}, true, nullptr, nullptr};
 };
 
 template <class E>
@@ -26,45 +44,24 @@ concept NamedEnum = std::is_enum_v<E> && requires {
     namesOf(std::type_identity<E>{});
 };
 
+template <NamedEnum E> const WordType& wordTypeOf() { return namesOf(std::type_identity<E>{}).type; }
+
 template <NamedEnum E> std::string_view nameOf(E value) {
-    for (const auto& [named, word] : namesOf(std::type_identity<E>{}).words)
-        if (named == value) return word;
-    throw std::logic_error("An enumerator has no word in its table.");
+    return wordTypeOf<E>().name(static_cast<std::int64_t>(value));
 }
 
 // The case that bears this name, or nothing.
 template <NamedEnum E> std::optional<E> named(std::string_view name) {
-    for (const auto& [value, word] : namesOf(std::type_identity<E>{}).words)
-        if (word == name) return value;
-    return std::nullopt;
+    const Word* word = wordTypeOf<E>().find(name);
+    return word ? std::optional(static_cast<E>(word->value)) : std::nullopt;
 }
 
 template <NamedEnum E> std::vector<E> allCases() {
     std::vector<E> cases;
-    for (const auto& entry : namesOf(std::type_identity<E>{}).words) cases.push_back(entry.first);
+    for (const Word& word : wordTypeOf<E>().words) cases.push_back(static_cast<E>(word.value));
     return cases;
 }
 
-template <NamedEnum E> std::vector<std::string_view> allNames() {
-    std::vector<std::string_view> names;
-    for (const auto& entry : namesOf(std::type_identity<E>{}).words) names.push_back(entry.second);
-    return names;
-}
-
-template <NamedEnum E> struct Codec<E> {
-    static void read(const Json& json, E& into, const KeyPath& at) {
-        const std::string& word = textAt(json, at);
-        const Names<E>& table = namesOf(std::type_identity<E>{});
-        const std::optional<E> known = named<E>(word);
-        if (!known && !table.fallback) failWithWord(at, table.noun, word, allNames<E>());
-        into = known ? *known : *table.fallback;
-    }
-    static Json write(E from) { return nameOf(from); }
-    static Json schema(SchemaBook&) {
-        JsonArray words;
-        for (const std::string_view name : allNames<E>()) words.emplace_back(name);
-        return JsonObject{{"enum", std::move(words)}, {"type", "string"}};
-    }
-};
+template <NamedEnum E> std::vector<std::string_view> allNames() { return wordTypeOf<E>().names(); }
 
 }   // namespace tavix

@@ -18,11 +18,13 @@ template <class R> Fields<R> pointFields(std::string_view name) {
         name, {field<&R::x>("x", "To the right.").required(), field<&R::y>("y", "Downwards.").required()}};
 }
 
-template <class R> Fields<R> rectFields(std::string_view name) {
-    Fields<R> fields = pointFields<R>(name);
-    fields.rows.push_back(field<&R::width>("width", "How wide it is.").required());
-    fields.rows.push_back(field<&R::height>("height", "How high it is.").required());
-    return fields;
+template <class R>
+Fields<R> rectFields(std::string_view name, RecordType::Form form = RecordType::Form::object) {
+    return {name,
+        {field<&R::x>("x", "To the right.").required(), field<&R::y>("y", "Downwards.").required(),
+            field<&R::width>("width", "How wide it is.").required(),
+            field<&R::height>("height", "How high it is.").required()},
+        form};
 }
 
 }   // namespace
@@ -33,11 +35,7 @@ const Fields<PixelPoint>& fieldsOf(std::type_identity<PixelPoint>) {
 }
 
 const Fields<PixelRect>& fieldsOf(std::type_identity<PixelRect>) {
-    static const Fields<PixelRect> table = [] {
-        Fields<PixelRect> fields = rectFields<PixelRect>("PixelRect");
-        fields.form = Fields<PixelRect>::Form::list;
-        return fields;
-    }();
+    static const Fields<PixelRect> table = rectFields<PixelRect>("PixelRect", RecordType::Form::list);
     return table;
 }
 

@@ -1,4 +1,4 @@
-#include "TavixCore/Support/Codec.h"
+#include "TavixCore/Support/ReadingErrors.h"
 
 #include "TavixCore/Support/JsonWriter.h"
 
