@@ -37,22 +37,28 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return distanceBetween(KineticMath::characters(a), KineticMath::characters(b));
 }
 
-std::optional<std::string> didYouMean(std::string_view word, std::span<const std::string_view> candidates) {
+std::optional<std::string_view> nearestOf(
+    std::string_view word, std::span<const std::string_view> candidates) {
     constexpr std::size_t longestName = 200;   // bytes; what is longer is no slip of the fingers
     constexpr std::size_t shortWord = 6, shortWordLimit = 2;
     if (word.size() > longestName) return std::nullopt;
     const std::string typed = lowered(word);
     const std::size_t length = KineticMath::characters(typed).size();
     std::size_t nearest = (length < shortWord ? shortWordLimit : length / 3) + 1;
-    std::optional<std::string> suggestion;
+    std::optional<std::string_view> found;
     for (const std::string_view candidate : candidates) {
         if (candidate.size() > longestName) continue;
         const std::size_t distance = editDistance(typed, lowered(candidate));
         if (distance >= nearest) continue;
         nearest = distance;
-        suggestion = "Did you mean \"" + std::string(candidate) + "\"?";
+        found = candidate;
     }
-    return suggestion;
+    return found;
+}
+
+std::optional<std::string> didYouMean(std::string_view word, std::span<const std::string_view> candidates) {
+    const auto nearest = nearestOf(word, candidates);
+    return nearest ? std::optional("Did you mean \"" + std::string(*nearest) + "\"?") : std::nullopt;
 }
 
 }   // namespace tavix::CompositionLint
