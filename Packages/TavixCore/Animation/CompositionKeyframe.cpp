@@ -10,8 +10,10 @@ const Fields<CompositionKeyframe>& fieldsOf(std::type_identity<CompositionKeyfra
             field<&CompositionKeyframe::value>("value", "The value then."),
             field<&CompositionKeyframe::ease>("ease", "How the value gets here from the keyframe before.")
                 .unlessDefault(),
-            field<&CompositionKeyframe::atMark>("atMark", "When, by a mark of a recording; wins over t."),
-            field<&CompositionKeyframe::atBeat>("atBeat", "When, by a beat of the music; wins over t.")}};
+            field<&CompositionKeyframe::atMark>("atMark", "When, by a mark of a recording; wins over t.")
+                .as(Role::markMoment, "t"),
+            field<&CompositionKeyframe::atBeat>("atBeat", "When, by a beat of the music; wins over t.")
+                .as(Role::beatMoment, "t")}};
     return table;
 }
 

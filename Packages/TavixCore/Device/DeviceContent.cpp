@@ -7,11 +7,12 @@ namespace tavix {
 const Fields<DeviceContent>& fieldsOf(std::type_identity<DeviceContent>) {
     using D = DeviceContent;
     static const Fields<D> table{"DeviceContent",
-        {field<&D::mockup>("mockup", "The frame of a flat device."),
-            field<&D::screen>("screen", "What the screen shows."),
-            field<&D::basePaddingPx>("basePaddingPx", "Space around a flat device at scale 1, in pixels."),
-            field<&D::placement>("placement", "Where the device sits, in time."),
+        {field<&D::screen>("screen", "What the screen shows."),
+            field<&D::mockup>("mockup", "The frame of a flat device."),
+            field<&D::basePaddingPx>("basePaddingPx", "Space around a flat device at scale 1, in pixels.")
+                .as(Role::pixelLength),
             field<&D::screenOpacity>("screenOpacity", "Opacity of the screen, in time.").unlessDefault(),
+            field<&D::placement>("placement", "Where the device sits, in time."),
             field<&D::scene3D>("scene3D", "Makes the device a model in space."),
             field<&D::motionPreset>("motionPreset", "A named motion; reading turns it into tracks.")
                 .tolerant(),

@@ -15,7 +15,8 @@ DeviceMockup DeviceMockup::bundled(const BundledDevice& device) {
 const Fields<DeviceMockup>& fieldsOf(std::type_identity<DeviceMockup>) {
     using M = DeviceMockup;
     static const Fields<M> table{"DeviceMockup",
-        {field<&M::framePath>("framePath", "A picture of the device with a hole for its screen."),
+        {field<&M::framePath>("framePath", "A picture of the device with a hole for its screen.")
+                .as(Role::picture),
             field<&M::screen>("screen", "The screen's place, in fractions of the frame picture."),
             field<&M::screenCornerRadiusFraction>("screenCornerRadiusFraction",
                 "Corner radius of the screen, as a fraction of its smaller side."),

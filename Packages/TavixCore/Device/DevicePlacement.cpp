@@ -63,7 +63,8 @@ const Fields<DevicePlacementKeyframe>& fieldsOf(std::type_identity<DevicePlaceme
                 "offset", "From the middle, in fractions of the canvas height; x right, y down."),
             field<&K::scale>("scale", "Size; 1 is the device's own.").atLeast(leastPlacementScale),
             field<&K::move>("move", "A named place; it wins over offset and scale."),
-            field<&K::atMark>("atMark", "The mark of the recording that gives the time.")}};
+            field<&K::atMark>("atMark", "The mark of the recording that gives the time.")
+                .as(Role::markMoment, "tSec")}};
     return table;
 }
 

@@ -6,17 +6,18 @@ namespace tavix {
 
 const Fields<StillScreen>& fieldsOf(std::type_identity<StillScreen>) {
     static const Fields<StillScreen> table{
-        "StillScreen", {field<&StillScreen::path>("path", "The picture file.")}};
+        "StillScreen", {field<&StillScreen::path>("path", "The picture file.").as(Role::picture)}};
     return table;
 }
 
 const Fields<VideoClip>& fieldsOf(std::type_identity<VideoClip>) {
     using V = VideoClip;
     static const Fields<V> table{"VideoClip",
-        {field<&V::path>("path", "The video file."),
+        {field<&V::path>("path", "The video file.").as(Role::recording),
             field<&V::trimStartSec>("trimStartSec", "Where in the file it starts, in seconds.")
                 .unlessDefault(),
-            field<&V::trimStartMark>("trimStartMark", "The mark of the recording at which it starts."),
+            field<&V::trimStartMark>("trimStartMark", "The mark of the recording at which it starts.")
+                .as(Role::markTrim, "trimStartSec"),
             field<&V::trimEndSec>("trimEndSec", "Where in the file it ends, in seconds.")}};
     return table;
 }

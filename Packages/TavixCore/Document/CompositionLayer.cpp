@@ -11,11 +11,16 @@ const Fields<CompositionLayer>& fieldsOf(std::type_identity<CompositionLayer>) {
                 .unlessDefault(),
             field<&CompositionLayer::durationSec>(
                 "durationSec", "How long it stays; without it, to the end."),
-            field<&CompositionLayer::fromMark>("fromMark", "When it appears, by a mark of a recording."),
-            field<&CompositionLayer::toMark>("toMark", "When it goes, by a mark of a recording."),
-            field<&CompositionLayer::fromBeat>("fromBeat", "When it appears, by a beat of the music."),
-            field<&CompositionLayer::toBeat>("toBeat", "When it goes, by a beat of the music."),
-            field<&CompositionLayer::position>("position", "Where its middle stands, in output pixels."),
+            field<&CompositionLayer::fromMark>("fromMark", "When it appears, by a mark of a recording.")
+                .as(Role::markStart, "fromSec"),
+            field<&CompositionLayer::toMark>("toMark", "When it goes, by a mark of a recording.")
+                .as(Role::markEnd, "durationSec"),
+            field<&CompositionLayer::fromBeat>("fromBeat", "When it appears, by a beat of the music.")
+                .as(Role::beatStart, "fromSec"),
+            field<&CompositionLayer::toBeat>("toBeat", "When it goes, by a beat of the music.")
+                .as(Role::beatEnd, "durationSec"),
+            field<&CompositionLayer::position>("position", "Where its middle stands, in output pixels.")
+                .as(Role::pixelPoint),
             field<&CompositionLayer::opacity>("opacity", "0 clear, 1 solid.").unlessDefault(),
             field<&CompositionLayer::enter>("enter", "Where it comes from as it appears."),
             field<&CompositionLayer::exit>("exit", "Where it goes as it disappears."),

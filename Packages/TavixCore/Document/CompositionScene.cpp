@@ -8,8 +8,8 @@ const Fields<CompositionScene>& fieldsOf(std::type_identity<CompositionScene>) {
     static const Fields<CompositionScene> table{"CompositionScene",
         {field<&CompositionScene::id>("id", "A name to speak of it."),
             field<&CompositionScene::durationSec>("durationSec", "How long it is, in seconds."),
-            field<&CompositionScene::durationBeats>(
-                "durationBeats", "How long it is, in beats of the music."),
+            field<&CompositionScene::durationBeats>("durationBeats", "How long it is, in beats of the music.")
+                .as(Role::beatLength, "durationSec"),
             field<&CompositionScene::background>("background", "What is behind its layers."),
             field<&CompositionScene::layers>("layers", "Its layers, from back to front."),
             field<&CompositionScene::transition>("transition", "How it gives way to the next scene.")}};

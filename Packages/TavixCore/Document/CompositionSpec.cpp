@@ -11,6 +11,7 @@ const Fields<CompositionSpec>& fieldsOf(std::type_identity<CompositionSpec>) {
             field<&CompositionSpec::output>("output", "The frames that are rendered."),
             field<&CompositionSpec::assetRoot>("assetRoot", "The folder that relative paths hang from."),
             field<&CompositionSpec::fonts>("fonts", "Fonts by a key of your own: a name or a font file.")
+                .as(Role::fontFile)
                 .unlessDefault(),
             field<&CompositionSpec::background>("background", "What is behind everything."),
             field<&CompositionSpec::scenes>("scenes", "The scenes, in order."),

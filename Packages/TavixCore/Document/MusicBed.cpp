@@ -6,7 +6,7 @@ namespace tavix {
 
 const Fields<MusicBed>& fieldsOf(std::type_identity<MusicBed>) {
     static const Fields<MusicBed> table{"MusicBed",
-        {field<&MusicBed::path>("path", "The sound file, relative to the asset root."),
+        {field<&MusicBed::path>("path", "The sound file, relative to the asset root.").as(Role::soundFile),
             field<&MusicBed::gain>("gain", "Loudness; 1 is as recorded.").atLeast(0),
             field<&MusicBed::startAtSec>("startAtSec", "Where in the file it begins.").atLeast(0),
             field<&MusicBed::fadeInSec>("fadeInSec", "How long it takes to come in.").atLeast(0),

@@ -13,11 +13,11 @@ SoundCue SoundCue::of(double atSec, SFXCatalog::Sound sound, double gain) {
 std::optional<SFXCatalog::Sound> SoundCue::resolvedSound() const { return named<SFXCatalog::Sound>(sound); }
 
 const Fields<SoundCue>& fieldsOf(std::type_identity<SoundCue>) {
-    static const Fields<SoundCue> table{
-        "SoundCue", {field<&SoundCue::atSec>("atSec", "When, in seconds of the composition."),
-                        field<&SoundCue::atBeat>("atBeat", "When, by a beat of the music."),
-                        field<&SoundCue::sound>("sound", "whoosh, whip, ding, or a sound file."),
-                        field<&SoundCue::gain>("gain", "Loudness; 1 is as recorded.").atLeast(0)}};
+    static const Fields<SoundCue> table{"SoundCue",
+        {field<&SoundCue::atSec>("atSec", "When, in seconds of the composition."),
+            field<&SoundCue::atBeat>("atBeat", "When, by a beat of the music.").as(Role::beatMoment, "atSec"),
+            field<&SoundCue::sound>("sound", "whoosh, whip, ding, or a sound file.").as(Role::sound),
+            field<&SoundCue::gain>("gain", "Loudness; 1 is as recorded.").atLeast(0)}};
     return table;
 }
 

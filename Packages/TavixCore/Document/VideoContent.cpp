@@ -12,7 +12,8 @@ const Names<VideoFit>& namesOf(std::type_identity<VideoFit>) {
 
 const Fields<VideoContent>& fieldsOf(std::type_identity<VideoContent>) {
     static const Fields<VideoContent> table{"VideoContent",
-        {field<&VideoContent::clip, &VideoClip::path>("path", "The movie file, relative to the asset root."),
+        {field<&VideoContent::clip, &VideoClip::path>("path", "The movie file, relative to the asset root.")
+                .as(Role::clip),
             field<&VideoContent::clip, &VideoClip::trimStartSec>("trimStartSec", "Where the clip begins.")
                 .unlessDefault(),
             field<&VideoContent::clip, &VideoClip::trimEndSec>("trimEndSec", "Where the clip ends."),

@@ -1,6 +1,9 @@
 #include "TavixCore/Findings/Suggestion.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Judge/LintRules.h"
+#include "TavixCore/Paths/RowFilter.h"
+#include "TavixCore/Paths/Walk.h"
+#include "TavixCore/Support/FieldTables.h"
 
 namespace tavix::CompositionLint {
 namespace {
@@ -25,19 +28,41 @@ class MarkCheck {
 public:
     MarkCheck(const SceneDevices& devices, LintReport& report) : devices_(devices), report_(report) {}
 
-    // `ownClip` is what the reference means when it names no clip.
-    void operator()(const std::optional<MarkRef>& reference, const KeyPath& owner, std::string_view key,
-        const std::optional<std::string>& ownClip = {}) const {
-        if (!reference) return;
-        const KeyPath at(owner, key);
-        if (reference->mark.empty()) report_.error(at, "Mark reference has an empty mark name.");
-        if (const auto& clip = reference->clip ? reference->clip : ownClip)
-            clipIsADevice(*clip, at);
+    void check(const CompositionScene& scene, const KeyPath& at) {
+        walkValue(typeOf<CompositionScene>(), &scene, at, Visitor<Place>(*this), &rowsByMark());
+    }
+
+    // What is in a device means the device's own clip when it names none.
+    Walk operator()(const Place& place) {
+        if (const auto* layer = place.as<CompositionLayer>()) layerId_ = &layer->id;
+        if (place.as<DeviceContent>() && !ownClip_) {
+            ownClip_ = layerId_;
+            walkValue(place.type, place.value, place.at, Visitor<Place>(*this), &rowsByMark());
+            ownClip_ = nullptr;
+            return Walk::over;
+        }
+        const auto* const reference = place.as<MarkRef>();
+        if (!reference || !place.row || !isByMark(place.row->role)) return Walk::into;
+        check(*reference, place.at);
+        return Walk::over;
+    }
+
+private:
+    static const RowFilter& rowsByMark() {
+        static const RowFilter filter(typeOf<CompositionScene>(), isByMark);
+        return filter;
+    }
+
+    void check(const MarkRef& reference, const KeyPath& at) const {
+        if (reference.mark.empty()) report_.error(at, "Mark reference has an empty mark name.");
+        if (reference.clip)
+            clipIsADevice(*reference.clip, at);
+        else if (ownClip_ && *ownClip_)
+            clipIsADevice(**ownClip_, at);
         else
             deviceIsPlain(at);
     }
 
-private:
     void clipIsADevice(std::string_view clip, const KeyPath& at) const {
         for (const std::string_view id : devices_.ids)
             if (id == clip) return;
@@ -61,43 +86,16 @@ private:
     }
 
     const SceneDevices& devices_;
+    const std::optional<std::string>* layerId_ = nullptr;   // of the layer that the walk is in
+    const std::optional<std::string>* ownClip_ = nullptr;   // of the device that it is in
     LintReport& report_;
 };
-
-void checkDeviceMarks(const DeviceContent& device, const std::optional<std::string>& ownClip,
-    const KeyPath& layerAt, const MarkCheck& check) {
-    const KeyPath at(layerAt, "device"), screenAt(at, "screen"), opacityAt(at, "screenOpacity"),
-        placementAt(at, "placement"), trackAt(placementAt, "track");
-    if (const auto* clip = std::get_if<VideoClip>(&device.screen))
-        check(clip->trimStartMark, screenAt, "trimStartMark", ownClip);
-    for (std::size_t k = 0; k < device.screenOpacity.size(); ++k)
-        check(device.screenOpacity[k].atMark, KeyPath(opacityAt, k), "atMark", ownClip);
-    if (!device.placement) return;
-    for (std::size_t k = 0; k < device.placement->track.size(); ++k)
-        check(device.placement->track[k].atMark, KeyPath(trackAt, k), "atMark", ownClip);
-}
-
-void checkLayerMarks(const CompositionLayer& layer, const KeyPath& at, const MarkCheck& check) {
-    check(layer.fromMark, at, "fromMark");
-    check(layer.toMark, at, "toMark");
-    const KeyPath tracksAt(at, "tracks");
-    for (std::size_t t = 0; t < layer.tracks.size(); ++t) {
-        const KeyPath trackAt(tracksAt, t), keyframesAt(trackAt, "keyframes");
-        for (std::size_t k = 0; k < layer.tracks[t].keyframes.size(); ++k)
-            check(layer.tracks[t].keyframes[k].atMark, KeyPath(keyframesAt, k), "atMark");
-    }
-    if (const auto* device = std::get_if<DeviceContent>(&layer.content))
-        checkDeviceMarks(*device, layer.id, at, check);
-}
 
 }   // namespace
 
 void checkMarks(const SceneScope& scope, LintReport& report) {
     const SceneDevices devices = devicesOf(scope.scene());
-    const MarkCheck check(devices, report);
-    const KeyPath layersAt(scope.at, "layers");
-    for (std::size_t l = 0; l < scope.scene().layers.size(); ++l)
-        checkLayerMarks(scope.scene().layers[l], KeyPath(layersAt, l), check);
+    MarkCheck(devices, report).check(scope.scene(), scope.at);
 }
 
 }   // namespace tavix::CompositionLint

@@ -3,6 +3,7 @@
 #include "TavixCore/Support/Decimals.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Time/CompositionMarksFinder.h"
+#include "TavixCore/Time/TimedRows.h"
 
 #include <algorithm>
 #include <system_error>
@@ -14,24 +15,9 @@ namespace {
 
 using CompositionLint::worded;
 
-const auto isByMark = [](const auto& keyframe) { return keyframe.atMark.has_value(); };
-
-bool hasMarks(const DeviceContent& device) {
-    const auto* const clip = std::get_if<VideoClip>(&device.screen);
-    return (clip && clip->trimStartMark) || std::ranges::any_of(device.screenOpacity, isByMark) ||
-           (device.placement && std::ranges::any_of(device.placement->track, isByMark));
-}
-
-bool hasMarks(const CompositionLayer& layer) {
-    if (layer.fromMark || layer.toMark) return true;
-    const auto* const device = std::get_if<DeviceContent>(&layer.content);
-    return (device && hasMarks(*device)) || std::ranges::any_of(layer.tracks, [](const PropertyTrack& track) {
-        return std::ranges::any_of(track.keyframes, isByMark);
-    });
-}
-
-bool hasMarks(const CompositionScene& scene) {
-    return std::ranges::any_of(scene.layers, [](const CompositionLayer& layer) { return hasMarks(layer); });
+const RowFilter& rowsByMark() {
+    static const RowFilter filter(typeOf<CompositionSpec>(), isByMark);
+    return filter;
 }
 
 std::vector<DeviceEntry> entriesOf(const CompositionScene& scene) {
@@ -68,9 +54,7 @@ public:
     }
 
 private:
-    DeviceContent& deviceOf(const DeviceEntry& entry) {
-        return std::get<DeviceContent>(scene_.layers[entry.layerIndex].content);
-    }
+    using Seconds = std::optional<double>;
 
     // On a device a reference without a clip means the device's own.
     std::optional<MarkFinder::Moment> findOnDevice(
@@ -79,66 +63,45 @@ private:
     }
 
     void resolveTrim(DeviceEntry& entry, const KeyPath& layerAt) {
-        auto* const clip = std::get_if<VideoClip>(&deviceOf(entry).screen);
-        if (!clip || !clip->trimStartMark) return;
-        const KeyPath deviceAt(layerAt, "device"), screenAt(deviceAt, "screen"),
-            at(screenAt, "trimStartMark");
-        const auto moment = findOnDevice(*clip->trimStartMark, entry, at);
-        if (!moment) return;
-        if (moment->entry != &entry)
-            return report_.error(at, "trimStartMark must reference the SAME device layer's clip.");
-        entry.trimStartSec = clip->trimStartSec = std::max(moment->clipSec, 0.0);
-        clip->trimStartMark.reset();
+        const auto trimOf = [&](const MutablePlace& place) {
+            const auto moment = findOnDevice(*place.as<MarkRef>(), entry, place.at);
+            if (!moment) return Seconds();
+            if (moment->entry != &entry) {
+                report_.error(
+                    place.at, worded("{} must reference the SAME device layer's clip.", {place.row->key}));
+                return Seconds();
+            }
+            entry.trimStartSec = std::max(moment->clipSec, 0.0);
+            return Seconds(entry.trimStartSec);
+        };
+        resolveContent(scene_.layers[entry.layerIndex], layerAt, Role::markTrim, trimOf);
     }
 
     void resolveDevice(const DeviceEntry& entry, const KeyPath& at) {
-        DeviceContent& device = deviceOf(entry);
-        const KeyPath deviceAt(at, "device"), placementAt(deviceAt, "placement");
-        if (device.placement) resolvePlacement(device.placement->track, entry, KeyPath(placementAt, "track"));
-        const auto sinceLayerStart = [&](const MarkRef& ref, const KeyPath& here) {
-            const auto moment = findOnDevice(ref, entry, here);
-            return moment ? std::optional(moment->clipSec - entry.trimStartSec) : std::nullopt;
+        const auto sinceLayerStart = [&](const MutablePlace& place) {
+            const auto* const ref = place.as<MarkRef>();
+            const auto moment = findOnDevice(*ref, entry, place.at);
+            if (!moment) return Seconds();
+            const double atSec = moment->clipSec - entry.trimStartSec;
+            if (atSec < 0 && place.ownerAs<DevicePlacementKeyframe>())
+                report_.error(*place.ownerAt,
+                    worded("Mark \"{}\" resolves to {}s — before the clip's trimStartSec ({}s).",
+                        {ref->mark, twoDecimals(atSec), twoDecimals(entry.trimStartSec)}));
+            return Seconds(atSec);
         };
-        resolveKeyframes(device.screenOpacity, KeyPath(deviceAt, "screenOpacity"), sinceLayerStart);
-        resolveTracks(scene_.layers[entry.layerIndex], at, sinceLayerStart);
+        CompositionLayer& layer = scene_.layers[entry.layerIndex];
+        resolveContent(layer, at, Role::markMoment, sinceLayerStart);
+        resolveTracks(layer, at, sinceLayerStart);
     }
 
-    void resolvePlacement(
-        std::vector<DevicePlacementKeyframe>& track, const DeviceEntry& entry, const KeyPath& trackAt) {
-        for (std::size_t k = 0; k < track.size(); ++k) {
-            if (!track[k].atMark) continue;
-            const KeyPath at(trackAt, k);
-            const auto moment = findOnDevice(*track[k].atMark, entry, KeyPath(at, "atMark"));
-            if (!moment) continue;
-            const MarkRef ref = *std::exchange(track[k].atMark, std::nullopt);
-            track[k].tSec = moment->clipSec - entry.trimStartSec;
-            if (track[k].tSec < 0)
-                report_.error(
-                    at, worded("Mark \"{}\" resolves to {}s — before the clip's trimStartSec ({}s).",
-                            {ref.mark, twoDecimals(track[k].tSec), twoDecimals(entry.trimStartSec)}));
-        }
+    static void resolveContent(
+        CompositionLayer& layer, const KeyPath& at, Role role, const SecondsOf& secondsOf) {
+        resolveRows(typeOf<LayerContent>(), &layer.content, at, role, secondsOf, &rowsByMark());
     }
 
-    template <class Time> void resolveTracks(CompositionLayer& layer, const KeyPath& at, const Time& timeOf) {
-        const KeyPath tracksAt(at, "tracks");
-        for (std::size_t j = 0; j < layer.tracks.size(); ++j) {
-            const KeyPath trackAt(tracksAt, j);
-            resolveKeyframes(layer.tracks[j].keyframes, KeyPath(trackAt, "keyframes"), timeOf);
-        }
-    }
-
-    // `timeOf`: the layer's time of a reference that stands somewhere, or nothing.
-    template <class Time>
-    void resolveKeyframes(
-        std::vector<CompositionKeyframe>& keyframes, const KeyPath& keyframesAt, const Time& timeOf) {
-        for (std::size_t k = 0; k < keyframes.size(); ++k) {
-            if (!keyframes[k].atMark) continue;
-            const KeyPath at(keyframesAt, k);
-            const std::optional<double> atSec = timeOf(*keyframes[k].atMark, KeyPath(at, "atMark"));
-            if (!atSec) continue;
-            keyframes[k].t = *atSec;
-            keyframes[k].atMark.reset();
-        }
+    static void resolveTracks(CompositionLayer& layer, const KeyPath& at, const SecondsOf& secondsOf) {
+        resolveRows(typeOf<std::vector<PropertyTrack>>(), &layer.tracks, KeyPath(at, "tracks"),
+            Role::markMoment, secondsOf, &rowsByMark());
     }
 
     // The scene's time at which that frame of the clip shows.
@@ -152,10 +115,12 @@ private:
         if (layer.fromMark) resolveStart(layer, KeyPath(at, "fromMark"));
         if (layer.toMark) resolveEnd(layer, KeyPath(at, "toMark"));
         if (std::holds_alternative<DeviceContent>(layer.content)) return;   // its keyframes are done
-        resolveTracks(layer, at, [&](const MarkRef& ref, const KeyPath& here) {
-            const auto atSec = sceneTime(ref, here);
-            return atSec ? std::optional(*atSec - layer.fromSec) : std::nullopt;
-        });
+        const auto sinceLayerStart = [&](const MutablePlace& place) {
+            const auto atSec = sceneTime(*place.as<MarkRef>(), place.at);
+            return atSec ? Seconds(*atSec - layer.fromSec) : Seconds();
+        };
+        resolveTracks(layer, at, sinceLayerStart);
+        resolveContent(layer, at, Role::markMoment, sinceLayerStart);
     }
 
     void resolveStart(CompositionLayer& layer, const KeyPath& at) {
@@ -202,7 +167,7 @@ std::filesystem::path sidecarFile(const std::filesystem::path& clip) {
 }
 
 bool containsMarkRefs(const CompositionSpec& spec) {
-    return std::ranges::any_of(spec.scenes, [](const CompositionScene& scene) { return hasMarks(scene); });
+    return containsRow(typeOf<CompositionSpec>(), &spec, rowsByMark());
 }
 
 CompositionResolution resolve(
@@ -212,7 +177,8 @@ CompositionResolution resolve(
     const KeyPath root, scenes(root, "scenes");
     for (std::size_t i = 0; i < spec.scenes.size(); ++i) {
         const KeyPath at(scenes, i);
-        if (hasMarks(spec.scenes[i])) SceneResolver(spec.scenes[i], at, sidecars, report).resolve();
+        if (containsRow(typeOf<CompositionScene>(), &spec.scenes[i], rowsByMark()))
+            SceneResolver(spec.scenes[i], at, sidecars, report).resolve();
     }
     return {std::move(spec), std::move(report).findings()};
 }

@@ -10,7 +10,7 @@ const Fields<TextContent>& fieldsOf(std::type_identity<TextContent>) {
         {field<&T::text>("text", "What is written; a line break starts a new line."),
             field<&T::emphasis>("emphasis", "Words with a look of their own.").unlessDefault(),
             field<&T::sizeFraction>("sizeFraction", "Text size as a fraction of the canvas height."),
-            field<&T::font>("font", "Which font; the theme's when absent."),
+            field<&T::font>("font", "Which font; the theme's when absent.").as(Role::font),
             field<&T::fontWeight>("fontWeight", "How heavy the letters are."),
             field<&T::color>("color", "Colour of the letters."),
             field<&T::shadow>("shadow", "A shadow behind the letters."),

@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/CompositionLayerEffects.h"
 
+#include "TavixCore/Paths/Limits.h"
 #include "TavixCore/Typography/KineticNoise.h"
 #include "TavixRender/Composition2D/CanvasEdge.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
@@ -24,56 +25,51 @@ constexpr double visibleGrain = 0.001;
 constexpr double visibleRadiusPx = 0.01;
 constexpr double visibleOffsetPx = 0.01;
 
-// One overload for each kind of effect; fractions are of the canvas height.
+// One overload for each kind of effect; fractions are of the canvas height. Every number is held inside the
+// limits of its table.
 struct Application {
     const Image& image;
     const Image& grain;
     const Rect& bounds;   // of the canvas
     const Rect& vignetted;
 
-    double held(double value, std::string_view kind, std::string_view param) const {
-        return CompositionLayerEffects::clamp(value, kind, param);
-    }
-
     Image operator()(const BlurEffect& effect) const {
-        const double radiusPx = bounds.height * held(effect.radiusFraction, "blur", "radiusFraction");
+        const double radiusPx = bounds.height * withinLimits(effect, effect.radiusFraction);
         if (radiusPx <= visibleRadiusPx) return image;
         return CanvasEdge::blurred(image, bounds, radiusPx);
     }
     Image operator()(const ColorControlsEffect& effect) const {
-        return image.withColorControls(held(effect.brightness, "colorControls", "brightness"),
-            held(effect.contrast, "colorControls", "contrast"),
-            held(effect.saturation, "colorControls", "saturation"));
+        return image.withColorControls(withinLimits(effect, effect.brightness),
+            withinLimits(effect, effect.contrast), withinLimits(effect, effect.saturation));
     }
     Image operator()(const TintEffect& effect) const {
         const imaging::Color opaque{effect.color.r, effect.color.g, effect.color.b, 1};
-        return image.withMonochrome(opaque, held(effect.intensity, "tint", "intensity"));
+        return image.withMonochrome(opaque, withinLimits(effect, effect.intensity));
     }
     Image operator()(const DuotoneEffect& effect) const {
         return image.withFalseColor(
             CameraRenderer::colorOf(effect.shadow), CameraRenderer::colorOf(effect.highlight));
     }
     Image operator()(const VignetteEffect& effect) const {
-        return image.withVignette(held(effect.intensity, "vignette", "intensity"),
-            held(effect.radius, "vignette", "radius"), vignetted);
+        return image.withVignette(
+            withinLimits(effect, effect.intensity), withinLimits(effect, effect.radius), vignetted);
     }
     Image operator()(const GlowEffect& effect) const {
-        const double radiusPx = bounds.height * held(effect.radiusFraction, "glow", "radiusFraction");
+        const double radiusPx = bounds.height * withinLimits(effect, effect.radiusFraction);
         return image.litBy(
-            CanvasEdge::blurred(image, bounds, radiusPx), held(effect.intensity, "glow", "intensity"));
+            CanvasEdge::blurred(image, bounds, radiusPx), withinLimits(effect, effect.intensity));
     }
     Image operator()(const NoiseEffect& effect) const {
-        if (held(effect.amount, "noise", "amount") <= visibleGrain) return image;
+        if (withinLimits(effect, effect.amount) <= visibleGrain) return image;
         return grain.atop(image);
     }
     Image operator()(const PixelateEffect& effect) const {
-        const double scalePx = bounds.height * held(effect.scaleFraction, "pixelate", "scaleFraction");
+        const double scalePx = bounds.height * withinLimits(effect, effect.scaleFraction);
         if (scalePx <= 1) return image;
         return CanvasEdge::continued(image, bounds, scalePx).pixellated(bounds.center(), scalePx);
     }
     Image operator()(const ChromaticAberrationEffect& effect) const {
-        const double offsetPx =
-            bounds.height * held(effect.offsetFraction, "chromaticAberration", "offsetFraction");
+        const double offsetPx = bounds.height * withinLimits(effect, effect.offsetFraction);
         if (offsetPx <= visibleOffsetPx) return image;
         const Image all = CanvasEdge::continued(image, bounds, offsetPx);
         const Image red = all.withColorMatrix({.g = {}, .b = {}}).translated(offsetPx, 0);
@@ -108,7 +104,7 @@ CompositionLayerEffects::CompositionLayerEffects(
     for (const LayerEffect& effect : effects) {
         const auto* noise = std::get_if<NoiseEffect>(&effect);
         steps_.push_back(
-            {effect, noise ? noiseTile(noise->seed, clamp(noise->amount, "noise", "amount")) : Image()});
+            {effect, noise ? noiseTile(noise->seed, withinLimits(*noise, noise->amount)) : Image()});
     }
 }
 
@@ -118,12 +114,6 @@ Image CompositionLayerEffects::apply(const Image& image) const {
     for (const Step& step : steps_)
         result = std::visit(Application{result, step.grain, bounds_, vignetted}, step.effect);
     return result;
-}
-
-double CompositionLayerEffects::clamp(double value, std::string_view kind, std::string_view param) {
-    for (const auto& range : legalRanges(kind))
-        if (range.param == param) return std::min(std::max(value, range.min), range.max);
-    return value;
 }
 
 Image CompositionLayerEffects::noiseTile(std::int64_t seed, double alpha) {

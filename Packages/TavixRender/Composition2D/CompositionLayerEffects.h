@@ -5,7 +5,6 @@
 #include "TavixPlatform/Imaging/Image.h"
 
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 namespace tavix {
@@ -26,8 +25,6 @@ public:
     // In their order, each on the result of the one before.
     imaging::Image apply(const imaging::Image& image) const;
 
-    // Holds a parameter inside the legal range of its kind; one without a range stays as it is.
-    static double clamp(double value, std::string_view kind, std::string_view param);
     // A grain of grey, the same for the same seed, repeated over the plane.
     static imaging::Image noiseTile(std::int64_t seed, double alpha);
 

@@ -1,8 +1,10 @@
 #include "TavixRender/Export/ExportGeometry.h"
 
+#include "TavixCore/Document/PixelScaling.h"
+#include "TavixCore/Support/FieldTables.h"
+
 #include <algorithm>
 #include <cmath>
-#include <variant>
 
 namespace tavix {
 
@@ -37,13 +39,7 @@ CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size
     scaled.output.widthPx = size.width;
     scaled.output.heightPx = size.height;
     scaled.output.fps = fps;
-    for (CompositionScene& scene : scaled.scenes)
-        for (CompositionLayer& layer : scene.layers) {
-            layer.position.x *= across;
-            layer.position.y *= down;
-            if (auto* device = std::get_if<DeviceContent>(&layer.content))
-                device->basePaddingPx *= std::max(across, down);
-        }
+    scalePixels(typeOf<CompositionSpec>(), &scaled, across, down);
     return scaled;
 }
 
