@@ -1,5 +1,5 @@
-// Any bytes are a patch or a failure with a sentence; a patch can be run or fails with a sentence; and what it
-// makes of a document is also what the difference makes of it.
+// Any bytes are a patch or a failure with a sentence; a patch can be run or fails with a sentence; and what
+// it makes of a document is also what the difference makes of it.
 #include "TavixCore/Paths/Difference.h"
 #include "TavixCore/Paths/Merge.h"
 #include "TavixCore/Support/JsonParser.h"

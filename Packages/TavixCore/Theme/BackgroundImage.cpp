@@ -6,7 +6,8 @@ namespace tavix {
 
 const Fields<BackgroundImage>& fieldsOf(std::type_identity<BackgroundImage>) {
     static const Fields<BackgroundImage> table{"BackgroundImage",
-        {field<&BackgroundImage::path>("path", "A picture file, relative to the asset root.").as(Role::picture),
+        {field<&BackgroundImage::path>("path", "A picture file, relative to the asset root.")
+                .as(Role::picture),
             field<&BackgroundImage::bundledID>("bundledID", "A picture of the background catalog.")}};
     return table;
 }
