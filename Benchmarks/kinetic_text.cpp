@@ -37,7 +37,7 @@ struct Scene {
         request.colorAnimated = style.inPhase.color.has_value();
         request.width = frameSize.width;
         request.height = frameSize.height;
-        layout = KineticTextLayout::build(request, text::FontBook::ofThisMachine());
+        layout = KineticTextLayout::build(request, text::FontBook());
         block = KineticTextBlock(*layout, style, {windowSec, framesPerSec}, evaluator);
     }
     imaging::Image frame(double sec) const {

@@ -10,7 +10,10 @@ namespace {
 
 using namespace tavix;
 
-text::FontBook& book() { return text::FontBook::ofThisMachine(); }
+const text::FontBook& book() {
+    static const text::FontBook fonts;
+    return fonts;
+}
 
 KineticTextLayout::Request requestOf(std::string text, AnimationScope scope) {
     KineticTextLayout::Request request;

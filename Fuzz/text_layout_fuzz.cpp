@@ -31,7 +31,6 @@ void setAndDraw(const text::StyledText& text, double maxWidthPx) {
     require(at == text.text.size());
 }
 
-// A book of its own: fonts cannot be taken out of one again.
 void setInFontOf(const std::string& bytes) {
     const std::filesystem::path file =
         std::filesystem::temp_directory_path() / ("tavix-fuzz-" + std::to_string(::getpid()) + ".ttf");
@@ -39,9 +38,9 @@ void setInFontOf(const std::string& bytes) {
         std::fwrite(bytes.data(), 1, bytes.size(), out);
         std::fclose(out);
     }
-    text::FontBook book({std::filesystem::temp_directory_path() / "tavix-no-fonts"});
-    if (const auto name = book.addFile(file))
-        setAndDraw({"Wolf abc 123 \u00e9 \u0627\u0644", book.named(*name, 24).font}, 100);
+    const text::FontBook book({std::filesystem::temp_directory_path() / "tavix-no-fonts"});
+    if (const text::FontBook* with = book.withFile(file))
+        setAndDraw({"Wolf abc 123 \u00e9 \u0627\u0644", with->named(with->nameOfFile(), 24).font}, 100);
     std::filesystem::remove(file);
 }
 
@@ -54,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (data[0] & isFont) {
         setInFontOf(bytes);
     } else {
-        static const text::Font font = text::FontBook::ofThisMachine().interfaceFont(24);
+        static const text::Font font = text::FontBook().interfaceFont(24);
         setAndDraw({bytes, font}, 8.0 * data[0]);
     }
     return 0;

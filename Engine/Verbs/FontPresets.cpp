@@ -10,7 +10,7 @@ namespace {
 constexpr double anySizePx = 16;
 
 text::FoundFont faceOf(const FontOption& option) {
-    const text::FontBook& fonts = text::FontBook::ofThisMachine();
+    const text::FontBook fonts;
     return option.postScriptName ? fonts.named(*option.postScriptName, anySizePx)
                                  : text::FoundFont{fonts.interfaceFont(anySizePx), false};
 }

@@ -3,21 +3,35 @@
 #include "TavixPlatform/Text/FontCore.h"
 #include "TavixPlatform/Text/FontStandIns.h"
 
+#include <utility>
+
 namespace tavix::text {
 
-FontBook::FontBook() : core_(std::make_shared<FontCore>(nullptr)) {}
+namespace {
+
+const std::shared_ptr<FontCore>& coreOfThisMachine() {
+    static const auto core = std::make_shared<FontCore>(FontPlaces::ofThisMachine());
+    return core;
+}
+
+}   // namespace
+
+FontBook::FontBook() : FontBook(coreOfThisMachine()) {}
 FontBook::FontBook(const std::vector<std::filesystem::path>& folders)
-    : core_(std::make_shared<FontCore>(&folders)) {}
+    : FontBook(std::make_shared<FontCore>(FontPlaces::of(folders))) {}
+FontBook::FontBook(std::shared_ptr<FontCore> core) : core_(std::move(core)) {}
 FontBook::~FontBook() = default;
 
-FontBook& FontBook::ofThisMachine() {
-    static FontBook book;
-    return book;
+const FontBook* FontBook::withFile(const std::filesystem::path& file) const {
+    const std::lock_guard lock(mutex_);
+    const auto [entry, isNew] = filesRead_.try_emplace(file);
+    if (isNew)
+        if (auto core = FontCore::withFile(core_->places(), file))
+            entry->second.reset(new FontBook(std::move(core)));
+    return entry->second.get();
 }
 
-std::optional<std::string> FontBook::addFile(const std::filesystem::path& file) {
-    return core_->addFile(file);
-}
+const std::string& FontBook::nameOfFile() const { return core_->nameOfFile(); }
 
 FoundFont FontBook::named(std::string_view name, double sizePx) const {
     if (auto font = core_->find(name, sizePx)) return {std::move(*font), false};

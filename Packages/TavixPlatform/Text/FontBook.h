@@ -5,8 +5,9 @@
 #include "TavixPlatform/Text/Font.h"
 
 #include <filesystem>
+#include <map>
 #include <memory>
-#include <optional>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,28 +23,29 @@ struct FoundFont {
 };
 
 // Nothing of the machine's own configuration of fonts but where they lie: sizes, hinting, colours of
-// subpixels and aliases are settled here, so the same fonts give the same pixels everywhere.
+// subpixels and aliases are settled here, so the same fonts give the same pixels everywhere. What one book is
+// asked changes no other and not what it answers later.
 //
-// Safe on every thread: a lock of its own guards it, and setting text takes that lock for its length. Drawing
-// takes none.
+// Safe on every thread: locks of its own guard it, and setting text takes one for its length. Drawing takes
+// none.
 class FontBook {
 public:
     // The family of user interfaces. Where even it is missing, whatever the machine has stands in.
     static constexpr std::string_view interfaceFamily = "Inter";
 
-    FontBook();                                                             // of the machine's font folders
+    // Of the machine's font folders, which are read once for all books of the process: a book is cheap.
+    FontBook();
     explicit FontBook(const std::vector<std::filesystem::path>& folders);   // of these folders alone
     ~FontBook();
     FontBook(const FontBook&) = delete;
     FontBook& operator=(const FontBook&) = delete;
 
-    // One book for all who render in this process, made when first asked for.
-    static FontBook& ofThisMachine();
-
-    // Adds the faces of a file for this process and leaves the machine as it was. Returns the PostScript name
-    // of its first face, or nothing for what is no usable font. A file that was added before is not read
-    // again.
-    std::optional<std::string> addFile(const std::filesystem::path& file);
+    // The fonts of these folders and the faces of one file, which only text set in them sees: they fill in
+    // for no other font, and no other file for them. Null for what is no usable font. The file is read once,
+    // and its book lives as long as this one.
+    const FontBook* withFile(const std::filesystem::path& file) const;
+    // Of a book with a file, the PostScript name of the file's first face.
+    const std::string& nameOfFile() const;
 
     // By PostScript name, full name or family, whatever its case; then by the table of stand-ins
     // (FontStandIns.h); then the interface font. The size is held between 1 and 4096 pixels.
@@ -51,7 +53,11 @@ public:
     Font interfaceFont(double sizePx) const;
 
 private:
-    std::shared_ptr<FontCore> core_;
+    explicit FontBook(std::shared_ptr<FontCore> core);
+
+    std::shared_ptr<FontCore> core_;   // of the machine's folders, shared with other books; never changes
+    mutable std::mutex mutex_;
+    mutable std::map<std::filesystem::path, std::unique_ptr<const FontBook>> filesRead_;   // null: no font
 };
 
 }   // namespace tavix::text

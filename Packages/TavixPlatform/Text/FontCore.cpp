@@ -74,17 +74,9 @@ constexpr std::string_view scalingRule = R"(<match target="font">
 <name>tavixscale</name><double>0</double><double>0</double><name>tavixscale</name></matrix></times></edit>
 <edit name="size" mode="assign"><divide><name>size</name><name>tavixscale</name></divide></edit></match>)";
 
-// Of the machine's configuration only where fonts lie, and where what was read of them is kept.
-Owned<FcConfig> makeConfig(const std::vector<std::filesystem::path>* folders) {
+Owned<FcConfig> makeConfig(const FontPlaces& places) {
     std::string xml = "<?xml version=\"1.0\"?><fontconfig>";
-    const Owned<FcConfig> machine(FcInitLoadConfig());
-    if (machine) xml += elements("cachedir", FcConfigGetCacheDirs(machine.get()));
-    if (folders) {
-        for (const auto& folder : *folders) xml += "<dir>" + escaped(folder.string()) + "</dir>";
-    } else if (machine) {
-        xml += elements("dir", FcConfigGetFontDirs(machine.get()));
-    }
-    xml.append(scalingRule).append("</fontconfig>");
+    xml.append(places.caches).append(places.folders).append(scalingRule).append("</fontconfig>");
     Owned<FcConfig> config(FcConfigCreate());
     if (!config) throw std::bad_alloc();
     FcConfigParseAndLoadFromMemory(config.get(), chars(xml), FcTrue);
@@ -122,7 +114,24 @@ std::string loweredAscii(std::string_view text) {
     return result;
 }
 
-FontCore::FontCore(const std::vector<std::filesystem::path>* folders) : config_(makeConfig(folders)) {
+// Of the machine's configuration only where fonts lie, and where what was read of them is kept.
+const FontPlaces& FontPlaces::ofThisMachine() {
+    static const FontPlaces places = [] {
+        const Owned<FcConfig> machine(FcInitLoadConfig());
+        if (!machine) return FontPlaces();
+        return FontPlaces{elements("dir", FcConfigGetFontDirs(machine.get())),
+            elements("cachedir", FcConfigGetCacheDirs(machine.get()))};
+    }();
+    return places;
+}
+
+FontPlaces FontPlaces::of(const std::vector<std::filesystem::path>& folders) {
+    FontPlaces places{{}, ofThisMachine().caches};
+    for (const auto& folder : folders) places.folders += "<dir>" + escaped(folder.string()) + "</dir>";
+    return places;
+}
+
+FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(makeConfig(places_)) {
     if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
     map_.reset(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
     auto* map = PANGO_FC_FONT_MAP(map_.get());
@@ -162,15 +171,16 @@ void FontCore::takeFaces(const FcFontSet& set) {
         return std::tie(a->family, a->weight, a->file, a->index) <
                std::tie(b->family, b->weight, b->file, b->index);
     });
+    std::unordered_map<std::string, std::size_t> names;   // a PostScript name goes before a full one
     for (FaceRef& face : found) {
-        const std::size_t number = faces_.size();
-        byFamily_[loweredAscii(face->family)].push_back(number);
-        byName_.try_emplace(loweredAscii(face->fullName), number);
+        byFamily_[loweredAscii(face->family)].push_back(faces_.size());
+        names.try_emplace(loweredAscii(face->fullName), faces_.size());
         faces_.push_back(std::move(face));
     }
     for (std::size_t number = faces_.size() - found.size(); number < faces_.size(); ++number)
         if (!faces_[number]->postScriptName.empty())
-            byName_.insert_or_assign(loweredAscii(faces_[number]->postScriptName), number);
+            names.insert_or_assign(loweredAscii(faces_[number]->postScriptName), number);
+    for (auto& [name, number] : names) byName_.insert_or_assign(name, number);
     std::vector<std::string> families;
     for (const FaceRef& face : faces_)
         if (families.empty() || families.back() != face->family) families.push_back(face->family);
@@ -205,23 +215,25 @@ void FontCore::settle(FcPattern* pattern) const {
     FcPatternAddInteger(pattern, FC_RGBA, FC_RGBA_NONE);
 }
 
-std::optional<std::string> FontCore::addFile(const std::filesystem::path& file) {
-    const std::lock_guard lock(mutex);
-    if (const auto known = addedFiles_.find(file); known != addedFiles_.end()) return known->second;
-    std::optional<std::string> name;
-    const Owned<FcFontSet> set(FcFontSetCreate());
+std::shared_ptr<FontCore> FontCore::withFile(const FontPlaces& places, const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return nullptr;   // a pipe would keep us waiting
+    const Owned<FcFontSet> faces(FcFontSetCreate());
     const std::string path = file.string();
     int count = 0;
-    std::error_code error;
-    if (std::filesystem::is_regular_file(file, error))   // a pipe would keep us waiting
-        FcFreeTypeQueryAll(chars(path), static_cast<unsigned>(-1), nullptr, &count, set.get());
-    if (set->nfont > 0 && FcConfigAppFontAddFile(config_.get(), chars(path))) {
-        takeFaces(*set);
-        name = stringOf(set->fonts[0], FC_POSTSCRIPT_NAME);
-        if (name->empty()) name = stringOf(set->fonts[0], FC_FAMILY);
-        pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map_.get()));
-    }
-    return addedFiles_[file] = name;
+    FcFreeTypeQueryAll(chars(path), static_cast<unsigned>(-1), nullptr, &count, faces.get());
+    if (faces->nfont == 0) return nullptr;
+    auto core = std::make_shared<FontCore>(places);
+    core->takeFile(path, *faces);
+    return core->nameOfFile_.empty() ? nullptr : core;
+}
+
+void FontCore::takeFile(const std::string& path, const FcFontSet& faces) {
+    if (!FcConfigAppFontAddFile(config_.get(), chars(path))) return;
+    takeFaces(faces);
+    nameOfFile_ = stringOf(faces.fonts[0], FC_POSTSCRIPT_NAME);
+    if (nameOfFile_.empty()) nameOfFile_ = stringOf(faces.fonts[0], FC_FAMILY);
+    pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map_.get()));
 }
 
 Owned<PangoFontDescription> FontCore::description(const FontData& font) {

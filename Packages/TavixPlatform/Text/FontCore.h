@@ -54,14 +54,29 @@ struct FontData {
     FontMetrics metrics;
 };
 
-// Guarded by its `mutex`: whoever calls a member holds it, but for those that say they take it.
+// Where fonts lie, for fontconfig to read: folders, and where what was read of them is kept.
+struct FontPlaces {
+    std::string folders, caches;   // elements of its XML
+
+    static const FontPlaces& ofThisMachine();   // read once for the whole process
+    static FontPlaces of(const std::vector<std::filesystem::path>& folders);
+};
+
+// The faces of some folders, and of at most one file besides; they never change. What is asked of them is
+// guarded by `mutex`: whoever calls a member holds it, but for those that say they take it.
 class FontCore : public std::enable_shared_from_this<FontCore> {
 public:
-    explicit FontCore(const std::vector<std::filesystem::path>* folders);   // null: those of the machine
+    explicit FontCore(FontPlaces places);
+    // The faces of these folders and of a file, whose faces go before those of the same name. Nothing for
+    // what is no usable font.
+    static std::shared_ptr<FontCore> withFile(const FontPlaces& places, const std::filesystem::path& file);
     ~FontCore();
 
+    const FontPlaces& places() const { return places_; }
+    // Of the first face of the file; empty where there is none.
+    const std::string& nameOfFile() const { return nameOfFile_; }
+
     // These take the lock.
-    std::optional<std::string> addFile(const std::filesystem::path& file);
     std::optional<Font> find(std::string_view name, double sizePx);
     std::optional<Font> anyInFamily(std::string_view family, double weight, double sizePx);
     // The first of all; a font without glyphs where the machine has none at all.
@@ -80,16 +95,18 @@ public:
     std::mutex mutex;
 
 private:
+    void takeFile(const std::string& path, const FcFontSet& faces);
     void takeFaces(const FcFontSet& set);
     void settle(FcPattern* pattern) const;
 
+    FontPlaces places_;
+    std::string nameOfFile_;
     Owned<FcConfig> config_;
     Owned<PangoFontMap> map_;
     Owned<PangoContext> context_;
     std::vector<FaceRef> faces_;
     std::unordered_map<std::string, std::size_t> byName_;   // PostScript and full names, lowered
-    std::unordered_map<std::string, std::vector<std::size_t>> byFamily_;       // lowered
-    std::map<std::filesystem::path, std::optional<std::string>> addedFiles_;   // with what adding them gave
+    std::unordered_map<std::string, std::vector<std::size_t>> byFamily_;   // lowered
     std::vector<std::string> fallbackFamilies_;
 };
 

@@ -18,12 +18,20 @@ std::string standInNote(const std::string& name, const std::string& standIn) {
            "\" stands in for it. Bring its file in the bundle and name that as the font.";
 }
 
+// The book in which a style's font is looked up: that of its own file, where it has one that can be read.
+const text::FontBook& bookOf(const CaptionStyle& style, const text::FontBook& fonts) {
+    if (!style.fontPath || style.fontPath->empty()) return fonts;
+    const text::FontBook* book = fonts.withFile(CompositionAssets::tildeExpanded(*style.fontPath));
+    return book ? *book : fonts;
+}
+
 }   // namespace
 
 CaptionLayout::ResolvedCaptionFont CaptionLayout::resolveFont(
     const CaptionStyle& style, double pointSize, const text::FontBook& fonts) {
-    if (!style.fontName || style.fontName->empty()) return {fonts.interfaceFont(pointSize), std::nullopt};
-    text::FoundFont found = fonts.named(*style.fontName, pointSize);
+    const text::FontBook& book = bookOf(style, fonts);
+    if (!style.fontName || style.fontName->empty()) return {book.interfaceFont(pointSize), std::nullopt};
+    text::FoundFont found = book.named(*style.fontName, pointSize);
     std::optional<std::string> note;
     if (found.isStandIn) note = standInNote(*style.fontName, found.font.familyName());
     return {std::move(found.font), std::move(note)};
@@ -31,10 +39,6 @@ CaptionLayout::ResolvedCaptionFont CaptionLayout::resolveFont(
 
 std::vector<text::TypesetLine> CaptionLayout::wrapLines(const text::StyledText& text, double maxWidth) {
     return text::wrappedLines(text, std::max(maxWidth, 1.0));
-}
-
-void CaptionOverlay::registerFontIfNeeded(const std::string& path, text::FontBook& fonts) {
-    if (!path.empty()) fonts.addFile(CompositionAssets::tildeExpanded(path));
 }
 
 }   // namespace tavix

@@ -19,7 +19,8 @@ struct ResolvedCaptionFont {
     std::optional<std::string> note;   // a finished sentence where another font had to stand in
 };
 
-// The font of a style, by name, or else that of user interfaces. Its weight is left to the caller.
+// The font of a style, by name, or else that of user interfaces; a name is sought in the style's own file
+// first. Its weight is left to the caller.
 ResolvedCaptionFont resolveFont(const CaptionStyle& style, double pointSize, const text::FontBook& fonts);
 
 // Lines of at most that width in pixels: broken at each newline, and where the script of the text suggests
@@ -27,13 +28,5 @@ ResolvedCaptionFont resolveFont(const CaptionStyle& style, double pointSize, con
 std::vector<text::TypesetLine> wrapLines(const text::StyledText& text, double maxWidth);
 
 }   // namespace CaptionLayout
-
-// Brings the fonts of documents into the process.
-namespace CaptionOverlay {
-
-// A leading "~/" is the home folder. A file that is no usable font is passed over.
-void registerFontIfNeeded(const std::string& path, text::FontBook& fonts);
-
-}   // namespace CaptionOverlay
 
 }   // namespace tavix

@@ -17,8 +17,8 @@ struct Measure {
     CanvasSize operator()(const TextContent& text) const {
         KineticStyle style = TextCompositionLayer::styleOf(text, 0);
         style.inPhase.color = style.outPhase.color = std::nullopt;   // at rest, colours do not matter
-        const auto layout =
-            TextCompositionLayer::layout(text, {canvas, {0.5, 0.5}, spec.fonts, assetRoot}, style);
+        const auto layout = TextCompositionLayer::layout(
+            text, {canvas, {0.5, 0.5}, spec.fonts, assetRoot}, style, text::FontBook());
         if (!layout) return {};
         const imaging::Rect all = KineticTextBlock::unionRect(*layout);
         return {all.width, all.height};

@@ -3,6 +3,7 @@
 
 #include "TavixCore/Document/CompositionLayer.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"
 
@@ -20,6 +21,7 @@ struct LayerBuild {
     std::optional<std::filesystem::path> assetRoot;
     imaging::Evaluator& evaluator;
     StillImageCache& images;
+    const text::FontBook& fonts;                         // of this build alone
     RenderLog log = {};                                  // told while frames are drawn too
     Composition3DRendererPool* rendererPool = nullptr;   // without one each 3D layer has its own stage
 };

@@ -106,10 +106,11 @@ ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const RenderLog told = onceEach(log);
     StillImageCache images(told);
+    const text::FontBook fonts;
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
     const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
-        images, told, rendererPool};
+        images, fonts, told, rendererPool};
     buildBackgrounds(build);
     buildLayers(build);
 }

@@ -3,8 +3,6 @@
 #include "TavixCore/Typography/EmphasisResolver.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"
 #include "TavixCore/Values/TextWords.h"
-#include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/KineticText/CompositionFontResolver.h"
 
 #include <algorithm>
@@ -85,12 +83,10 @@ KineticStyle TextCompositionLayer::styleOf(const TextContent& content, std::int6
         .style;
 }
 
-std::optional<KineticTextLayout::Result> TextCompositionLayer::layout(
-    const TextContent& content, const Setting& setting, const KineticStyle& style) {
-    text::FontBook& book = text::FontBook::ofThisMachine();
+std::optional<KineticTextLayout::Result> TextCompositionLayer::layout(const TextContent& content,
+    const Setting& setting, const KineticStyle& style, const text::FontBook& book) {
     const ResolvedFont font =
         CompositionFontResolver::resolve(content.font, setting.fonts, setting.assetRoot, book);
-    if (font.path) CaptionOverlay::registerFontIfNeeded(*font.path, book);
     KineticTextLayout::Request request;
     request.text = tracked(content.text, content.trackingEm);
     request.style = captionStyle(content, font);
@@ -108,7 +104,7 @@ std::optional<KineticTextLayout::Result> TextCompositionLayer::layout(
 TextCompositionLayer::TextCompositionLayer(const TextContent& content, const Setting& setting,
     std::int64_t presetSeed, const KineticElementGroup::Window& window, const LayerBuild& build) {
     const KineticStyle style = styleOf(content, presetSeed);
-    const auto laidOut = layout(content, setting, style);
+    const auto laidOut = layout(content, setting, style, build.fonts);
     if (!laidOut) return;
     if (laidOut->note && build.log) build.log("⚠️ " + *laidOut->note);
     block_ = KineticTextBlock(*laidOut, style, window, build.evaluator);

@@ -30,8 +30,8 @@ public:
     const KineticTextBlock& block() const { return block_; }
 
     // The text laid out at rest; nothing for an empty one.
-    static std::optional<KineticTextLayout::Result> layout(
-        const TextContent& content, const Setting& setting, const KineticStyle& style);
+    static std::optional<KineticTextLayout::Result> layout(const TextContent& content, const Setting& setting,
+        const KineticStyle& style, const text::FontBook& book);
     // The animation as it stands, or what its preset comes to for this text.
     static KineticStyle styleOf(const TextContent& content, std::int64_t presetSeed);
 

@@ -3,6 +3,7 @@
 #include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
 #include "TavixRender/Assets/BundledFrames.h"
+#include "TavixRender/Assets/FileIdentity.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 
@@ -10,7 +11,6 @@
 #include <deque>
 #include <mutex>
 #include <string>
-#include <system_error>
 
 namespace tavix::CameraRenderer {
 
@@ -19,32 +19,29 @@ namespace {
 namespace fs = std::filesystem;
 using imaging::Image;
 
-// Decoded frames of the whole program, since every preview of every edit asks for the same few. A file that
-// has changed is another one.
+// Decoded frames of the whole program, since every preview of every edit asks for the same few. They are what
+// decoding gives anew: a file that has changed is another one.
 class FramePictures {
 public:
     std::optional<Image> image(const fs::path& file, StillImageCache& images) {
-        std::error_code unknown;
-        const fs::file_time_type changed = fs::last_write_time(file, unknown);
-        if (unknown) return images.image(file);   // which says what is wrong with it
-        if (const auto known = find(file, changed)) return known;
+        const auto identity = FileIdentity::of(file);
+        if (!identity) return images.image(file);   // which says what is wrong with it
+        if (const auto known = find(*identity)) return known;
         const auto decoded = images.image(file);
-        if (decoded) keep({file, changed, *decoded});
+        if (decoded) keep({*identity, *decoded});
         return decoded;
     }
 
 private:
     struct Entry {
-        fs::path file;
-        fs::file_time_type changed;
+        FileIdentity file;
         Image picture;
     };
     static constexpr std::size_t mostEntries = 8;   // of some 16 MiB each
 
-    std::optional<Image> find(const fs::path& file, fs::file_time_type changed) {
+    std::optional<Image> find(const FileIdentity& file) {
         const std::lock_guard lock(mutex_);
-        const auto known = std::ranges::find_if(
-            entries_, [&](const Entry& e) { return e.file == file && e.changed == changed; });
+        const auto known = std::ranges::find(entries_, file, &Entry::file);
         if (known == entries_.end()) return std::nullopt;
         return known->picture;
     }

@@ -24,7 +24,7 @@ FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const i
     const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
 
 // The mockup's own picture, or that of its catalog device, or of the default one: the first that can be read;
-// empty when none can. Frames stay decoded while the program runs.
+// empty when none can. Frames stay decoded while the program runs and their files stay.
 imaging::Image resolveFrameImage(const DeviceMockup& mockup,
     const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
 

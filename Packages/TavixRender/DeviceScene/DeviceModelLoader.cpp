@@ -1,6 +1,7 @@
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
 
 #include "TavixPlatform/Scene3D/ModelFile.h"
+#include "TavixRender/Assets/FileIdentity.h"
 #include "TavixRender/Assets/ResourceFolders.h"
 
 #include <mutex>
@@ -9,10 +10,11 @@ namespace tavix::DeviceModelLoader {
 
 namespace {
 
-// Shared by all scenes of the process, so that the file is read once. The tree is never drawn or changed.
+// Shared by all scenes of the process, so that the file is read once while it stays. The tree is never drawn
+// or changed.
 struct CachedMaster {
     std::mutex lock;
-    std::filesystem::path path;
+    std::optional<FileIdentity> file;
     scene3d::EntityRef tree;
 };
 
@@ -30,9 +32,10 @@ scene3d::EntityRef freshModelInstance() {
     if (!url) return nullptr;
     CachedMaster& master = cachedMaster();
     const std::lock_guard guard(master.lock);
-    if (!master.tree || master.path != *url) {
+    const auto file = FileIdentity::of(*url);
+    if (!master.tree || master.file != file) {
         master.tree = scene3d::loadModel(*url);
-        master.path = *url;
+        master.file = file;
     }
     return master.tree->clone();
 }

@@ -11,7 +11,8 @@ namespace tavix::DeviceModelLoader {
 // "models/device-phone.glb" of the resource folders, or nothing when the program was installed without it.
 std::optional<std::filesystem::path> modelURL();
 
-// A tree of one's own over shared meshes: the file is read once per process and cloned from then on. Empty
+// A tree of one's own over shared meshes: the file is read once per process, while it stays what it is, and
+// cloned from then on. Empty
 // when there is no file. Throws scene3d::SceneError when the file cannot be read; the next call tries again.
 scene3d::EntityRef freshModelInstance();
 

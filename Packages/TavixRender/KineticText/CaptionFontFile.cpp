@@ -24,20 +24,17 @@ bool looksLikePath(std::string_view string) {
 }
 
 std::optional<FontOption> option(std::string_view string,
-    const std::optional<std::filesystem::path>& baseDirectory, text::FontBook& fonts) {
+    const std::optional<std::filesystem::path>& baseDirectory, const text::FontBook& fonts) {
     if (!looksLikePath(string)) return std::nullopt;
     std::error_code error;
     std::filesystem::path file = CompositionAssets::tildeExpanded(std::string(trimmed(string)));
     if (file.is_relative() && baseDirectory) file = *baseDirectory / file;
     file = std::filesystem::absolute(file, error).lexically_normal();
     if (error || !std::filesystem::is_regular_file(file, error)) return std::nullopt;
-    const std::optional<std::string> name = registerAndName(file, fonts);
-    if (!name) return std::nullopt;
-    return FontOption{file.filename().string(), "File (" + *name + ")", *name, file.string()};
-}
-
-std::optional<std::string> registerAndName(const std::filesystem::path& file, text::FontBook& fonts) {
-    return fonts.addFile(file);
+    const text::FontBook* book = fonts.withFile(file);
+    if (book == nullptr) return std::nullopt;
+    const std::string& name = book->nameOfFile();
+    return FontOption{file.filename().string(), "File (" + name + ")", name, file.string()};
 }
 
 }   // namespace tavix::CaptionFontFile

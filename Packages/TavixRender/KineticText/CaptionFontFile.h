@@ -20,13 +20,9 @@ namespace CaptionFontFile {
 bool looksLikePath(std::string_view string);
 
 // The font of an existing file, below the base directory (or the current one) unless its path is absolute; a
-// leading "~/" is the home folder. Adds it to the fonts. Nothing for any other string, and for a file that is
-// no usable font.
+// leading "~/" is the home folder. Nothing for any other string, and for a file that is no usable font.
 std::optional<FontOption> option(std::string_view string,
-    const std::optional<std::filesystem::path>& baseDirectory, text::FontBook& fonts);
-
-// The PostScript name of the first face of a file.
-std::optional<std::string> registerAndName(const std::filesystem::path& file, text::FontBook& fonts);
+    const std::optional<std::filesystem::path>& baseDirectory, const text::FontBook& fonts);
 
 }   // namespace CaptionFontFile
 

@@ -6,7 +6,7 @@
 namespace tavix::CompositionFontResolver {
 
 ResolvedFont resolve(const std::optional<std::string>& font, const std::map<std::string, std::string>& fonts,
-    const std::optional<std::filesystem::path>& assetRoot, text::FontBook& book) {
+    const std::optional<std::filesystem::path>& assetRoot, const text::FontBook& book) {
     if (!font || font->empty()) return {};
     const auto alias = fonts.find(*font);
     const std::string& value = alias == fonts.end() ? *font : alias->second;

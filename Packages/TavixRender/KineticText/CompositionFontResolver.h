@@ -22,7 +22,7 @@ namespace CompositionFontResolver {
 // A key of the document's `fonts` stands for its value. Then, in this order: a font file below the asset
 // root, a short name of the font catalog, the name of a font as it stands. Never fails.
 ResolvedFont resolve(const std::optional<std::string>& font, const std::map<std::string, std::string>& fonts,
-    const std::optional<std::filesystem::path>& assetRoot, text::FontBook& book);
+    const std::optional<std::filesystem::path>& assetRoot, const text::FontBook& book);
 
 }   // namespace CompositionFontResolver
 

@@ -1,5 +1,6 @@
 #include "TavixRender/KineticText/CompositionFontResolver.h"
 
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/KineticText/CaptionFontFile.h"
@@ -18,7 +19,7 @@ const std::filesystem::path fontFolder = testsupport::inSourceTree("Packages/Tav
 constexpr const char* fileName = "TavixSwash-Regular.ttf";
 
 TEST(CompositionFontResolver, FindsFilesShortNamesAndNamesInThisOrder) {
-    text::FontBook fonts;
+    const text::FontBook fonts;
     const std::string full = (fontFolder / fileName).string();
     const std::map<std::string, std::string> aliases{
         {"title", fileName}, {"body", "optima"}, {"futura", "Mine"}};
@@ -43,7 +44,6 @@ TEST(CompositionFontResolver, FindsFilesShortNamesAndNamesInThisOrder) {
         SCOPED_TRACE(c.font.value_or("absent"));
         EXPECT_EQ(CompositionFontResolver::resolve(c.font, aliases, fontFolder, fonts), c.resolved);
     }
-    EXPECT_FALSE(fonts.named("TavixSwash-Regular", 10).isStandIn);
 }
 
 TEST(CaptionFontFile, KnowsFontFilesByTheirEnding) {
@@ -54,7 +54,7 @@ TEST(CaptionFontFile, KnowsFontFilesByTheirEnding) {
 }
 
 TEST(CaptionFontFile, WhatIsNoFontIsNoOption) {
-    text::FontBook fonts;
+    const text::FontBook fonts;
     const std::filesystem::path broken = std::filesystem::path(testing::TempDir()) / "tavix-broken.ttf";
     std::ofstream(broken) << "no font";
     EXPECT_FALSE(CaptionFontFile::option(broken.string(), std::nullopt, fonts));
@@ -66,12 +66,19 @@ TEST(CaptionFontFile, WhatIsNoFontIsNoOption) {
     std::filesystem::remove(broken);
 }
 
-TEST(CaptionOverlay, BringsAFileIntoTheBook) {
-    text::FontBook fonts;
-    CaptionOverlay::registerFontIfNeeded("", fonts);
-    CaptionOverlay::registerFontIfNeeded("missing.ttf", fonts);
-    CaptionOverlay::registerFontIfNeeded((fontFolder / fileName).string(), fonts);
-    EXPECT_FALSE(fonts.named("Tavix Swash", 10).isStandIn);
+TEST(CaptionLayout, SeeksANameInTheFileOfTheStyleFirst) {
+    const text::FontBook fonts;
+    const auto found = [&](const char* name, const std::string& path) {
+        CaptionStyle style;
+        style.fontName = name;
+        style.fontPath = path;
+        return CaptionLayout::resolveFont(style, 10, fonts).font.familyName();
+    };
+    const std::string file = (fontFolder / fileName).string();
+    EXPECT_EQ(found("Tavix Swash", file), "Tavix Swash");
+    EXPECT_EQ(found("DejaVu Sans", file), "DejaVu Sans");
+    EXPECT_NE(found("Tavix Swash", "missing.ttf"), "Tavix Swash");
+    EXPECT_NE(found("Tavix Swash", ""), "Tavix Swash");
 }
 
 }   // namespace

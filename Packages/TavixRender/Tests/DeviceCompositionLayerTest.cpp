@@ -207,6 +207,18 @@ TEST_F(FlatDevice, TakesTheFirstFrameThatCanBeRead) {
     EXPECT_EQ(colorOf(), (Pixel{255, 255, 255, 255}));
 }
 
+TEST_F(FlatDevice, AFrameThatWasReplacedIsReadAgain) {
+    const auto colorAfterWriting = [&](const Color& color) {
+        write("frame.png", Image::solid(color), {100, 200});
+        std::filesystem::last_write_time(folder.path() / "frame.png", std::filesystem::file_time_type{});
+        StillImageCache images({});
+        return Picture(CameraRenderer::resolveFrameImage(device.mockup, folder.path(), images), {2, 2})
+            .at(0, 0);
+    };
+    EXPECT_EQ(colorAfterWriting({1, 0, 0, 1}), red);
+    EXPECT_EQ(colorAfterWriting({0, 1, 0, 1}), green);
+}
+
 TEST_F(FlatDevice, FitsItsFrameIntoThePaddedCanvas) {
     const auto fitted = [&](double padding, imaging::Size size) {
         StillImageCache images({});

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <variant>
 
 namespace tavix {
 
@@ -50,6 +51,25 @@ TEST(DeviceModelLoader, GivesNothingWithoutAFileAndFailsAtABrokenOne) {
     EXPECT_TRUE(DeviceModelLoader::modelURL());
     for (int attempt = 0; attempt < 2; ++attempt)
         EXPECT_THROW(DeviceModelLoader::freshModelInstance(), scene3d::SceneError);
+}
+
+TEST(DeviceModelLoader, ReadsAFileThatWasReplaced) {
+    const testing::TemporaryFolder folder;
+    const NamedResources resources(folder.path());
+    const auto file = folder.path() / "models/device-phone.glb";
+    std::filesystem::create_directories(file.parent_path());
+    const auto nameAfterWriting = [&](const char* materialName) {
+        std::ofstream(file, std::ios::binary) << testing::triangleModel(materialName);
+        std::filesystem::last_write_time(file, std::filesystem::file_time_type{});
+        std::string name;
+        DeviceModelLoader::freshModelInstance()->walk([&](scene3d::Entity& entity) {
+            if (entity.model)
+                name = std::visit([](const auto& one) { return one.name; }, entity.model->materials.at(0));
+        });
+        return name;
+    };
+    EXPECT_EQ(nameAfterWriting("one"), "one");
+    EXPECT_EQ(nameAfterWriting("two"), "two");
 }
 
 // The model that the product is built with.

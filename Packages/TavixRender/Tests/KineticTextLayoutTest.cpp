@@ -17,7 +17,10 @@ using KineticTextLayout::Fragment;
 using KineticTextLayout::Request;
 using KineticTextLayout::Result;
 
-text::FontBook& book() { return text::FontBook::ofThisMachine(); }
+const text::FontBook& book() {
+    static const text::FontBook fonts;
+    return fonts;
+}
 
 Request requestFor(std::string text, AnimationScope scope = AnimationScope::word) {
     Request request;

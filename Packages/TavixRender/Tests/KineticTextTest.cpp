@@ -35,9 +35,10 @@ KineticPresetRef preset(std::string_view id, KineticIntensity intensity = Kineti
 struct Block {
     explicit Block(const TextContent& content) {
         StillImageCache images{RenderLog()};
-        const LayerBuild build{bounds, 30, {}, evaluator, images, {}};
+        const LayerBuild build{bounds, 30, {}, evaluator, images, book, {}};
         const TextCompositionLayer::Setting setting{bounds, {0.5, 0.5}, fonts, {}};
-        layout = TextCompositionLayer::layout(content, setting, TextCompositionLayer::styleOf(content, 0));
+        layout =
+            TextCompositionLayer::layout(content, setting, TextCompositionLayer::styleOf(content, 0), book);
         layer.emplace(content, setting, 0, KineticElementGroup::Window{windowSec, 30}, build);
     }
     std::optional<Image> at(double sec) { return layer->contentImage(sec); }
@@ -46,6 +47,7 @@ struct Block {
 
     imaging::Rect bounds{0, 0, double(canvas.width), double(canvas.height)};
     std::map<std::string, std::string> fonts;
+    text::FontBook book;
     imaging::Evaluator evaluator;
     std::optional<KineticTextLayout::Result> layout;
     std::optional<TextCompositionLayer> layer;

@@ -129,7 +129,8 @@ TEST_F(VideoCompositionLayerTest, FitsCropsAndRounds) {
         content.clip.path = path;
         imaging::Evaluator evaluator;
         StillImageCache images({});
-        const LayerBuild build{{0, 0, 100, 100}, 30, {}, evaluator, images, {}};
+        const text::FontBook fonts;
+        const LayerBuild build{{0, 0, 100, 100}, 30, {}, evaluator, images, fonts, {}};
         return Picture(VideoCompositionLayer(content, build).contentImage(0).value(), {100, 100});
     };
     const Picture cover = drawn({});

@@ -19,8 +19,7 @@ struct DrawnLine {
 };
 
 DrawnLine drawnLine(const std::string& words, const TextStyle& style, double pxPerPt) {
-    const text::Font font =
-        text::FontBook::ofThisMachine().interfaceFont(style.sizePt).withWeightTrait(style.weight);
+    const text::Font font = text::FontBook().interfaceFont(style.sizePt).withWeightTrait(style.weight);
     const auto lines = text::wrappedLines({words, font, style.color}, 1e5);
     const text::TypesetLine& line = lines.front();
     const text::LinePart part{line.range(), {0, line.widthPx()}};

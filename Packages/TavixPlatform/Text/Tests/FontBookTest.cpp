@@ -7,16 +7,22 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace tavix::text {
 namespace {
 
 const std::filesystem::path dataFolder = testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data");
 const std::filesystem::path barsFile = dataFolder / "TavixBars-Variable.ttf";
+const std::filesystem::path swashFile = dataFolder / "TavixSwash-Regular.ttf";
 
-FontBook& book() { return FontBook::ofThisMachine(); }
+const FontBook& book() {
+    static const FontBook fonts;
+    return fonts;
+}
 
 // How much ink a line of that font leaves.
 double inkOfText(const Font& font, const std::string& text) {
@@ -61,14 +67,58 @@ TEST(FontBook, StandsInForWhatTheMachineLacksAndSaysSo) {
     }
 }
 
-TEST(FontBook, AFileIsKnownOnlyToTheBookItWasAddedTo) {
-    FontBook mine;
+TEST(FontBook, AFileIsKnownOnlyToItsOwnBook) {
+    const FontBook mine;
+    const FontBook* withBars = mine.withFile(barsFile);
+    ASSERT_TRUE(withBars);
+    EXPECT_EQ(mine.withFile(barsFile), withBars);
+    EXPECT_EQ(withBars->nameOfFile(), "TavixBars-Variable");
+    EXPECT_FALSE(withBars->named("TavixBars-Variable", 20).isStandIn);
+    EXPECT_FALSE(withBars->named("tavix bars", 20).isStandIn);
+    EXPECT_FALSE(withBars->named("Inter", 20).isStandIn);
     EXPECT_TRUE(mine.named("TavixBars-Variable", 20).isStandIn);
-    EXPECT_EQ(mine.addFile(barsFile), "TavixBars-Variable");
-    EXPECT_EQ(mine.addFile(barsFile), "TavixBars-Variable");
-    EXPECT_FALSE(mine.named("TavixBars-Variable", 20).isStandIn);
-    EXPECT_FALSE(mine.named("tavix bars", 20).isStandIn);
-    EXPECT_TRUE(FontBook().named("TavixBars-Variable", 20).isStandIn);
+    EXPECT_TRUE(mine.withFile(swashFile)->named("TavixBars-Variable", 20).isStandIn);
+    EXPECT_EQ(mine.nameOfFile(), "");
+}
+
+// How a sign looks that only TavixSigns has, in the interface font of a book.
+double inkOfSign(const FontBook& fonts) { return inkOfText(fonts.interfaceFont(100), "\uE7A0"); }
+
+TEST(FontBook, AFileFillsInForNoOtherFontAndOthersFillInForIt) {
+    const FontBook mine;
+    const double box = inkOfSign(mine);
+    const FontBook& signs = *mine.withFile(dataFolder / "TavixSigns-Wide.ttf");
+    const Font font = signs.named("Tavix Signs", 100).font;
+    EXPECT_NEAR(inkOfText(font, "\uE7A0"), 50 * 70, 10);
+    EXPECT_NEAR(inkOfText(mine.withFile(dataFolder / "TavixSigns-Narrow.ttf")->named("Tavix Signs", 100).font,
+                    "\uE7A0"),
+        10 * 70, 10);
+    EXPECT_EQ(inkOfSign(mine), box);
+    EXPECT_EQ(inkOfSign(FontBook()), box);
+    EXPECT_EQ(inkOfSign(*mine.withFile(swashFile)), box);
+    EXPECT_EQ(inkOfText(font, "Wolf"), inkOfText(mine.interfaceFont(100), "Wolf"));
+}
+
+TEST(FontBook, ManyThreadsMayAskOneBookForFiles) {
+    const FontBook mine;
+    const double box = inkOfSign(mine);
+    std::vector<std::array<double, 3>> inks(4);
+    {
+        std::vector<std::jthread> threads;
+        for (auto& ink : inks)
+            threads.emplace_back([&] {
+                ink[0] = inkOfText(
+                    mine.withFile(dataFolder / "TavixSigns-Wide.ttf")->named("Tavix Signs", 100).font,
+                    "\uE7A0");
+                ink[1] = inkOfSign(mine);
+                ink[2] = inkOfSign(FontBook());
+            });
+    }
+    for (const auto& ink : inks) {
+        EXPECT_NEAR(ink[0], 50 * 70, 10);
+        EXPECT_EQ(ink[1], box);
+        EXPECT_EQ(ink[2], box);
+    }
 }
 
 TEST(FontBook, WhatIsNoFontIsPassedOver) {
@@ -79,10 +129,10 @@ TEST(FontBook, WhatIsNoFontIsPassedOver) {
     std::ofstream(folder / "empty.ttf");
     std::ofstream(folder / "text.otf") << "This is no font.";
     std::ofstream(folder / "short.ttf", std::ios::binary) << good.substr(0, 200);
-    FontBook mine;
+    const FontBook mine;
     for (const char* name : {"empty.ttf", "text.otf", "short.ttf", "missing.ttf", "."}) {
         SCOPED_TRACE(name);
-        EXPECT_EQ(mine.addFile(folder / name), std::nullopt);
+        EXPECT_EQ(mine.withFile(folder / name), nullptr);
     }
     // Damage behind the tables' list may leave a font; whatever it is, text is set in it.
     for (std::size_t at = 200; at < good.size(); at += 97) {
@@ -91,7 +141,8 @@ TEST(FontBook, WhatIsNoFontIsPassedOver) {
             damaged[i] = static_cast<char>(0xA5);
         const std::filesystem::path file = folder / ("damaged-" + std::to_string(at) + ".ttf");
         std::ofstream(file, std::ios::binary) << damaged;
-        if (const auto name = mine.addFile(file)) inkOfText(mine.named(*name, 30).font, "Wolf 12 ﬁ");
+        if (const FontBook* with = mine.withFile(file))
+            inkOfText(with->named(with->nameOfFile(), 30).font, "Wolf 12 ﬁ");
     }
     std::filesystem::remove_all(folder);
 }
@@ -111,9 +162,8 @@ TEST(Font, AFamilyGivesTheFaceOfTheNearestWeight) {
 }
 
 TEST(Font, AVariableAxisMovesTheInkAndIsHeldWithinItsLimits) {
-    FontBook mine;
-    mine.addFile(barsFile);
-    const Font font = mine.named("TavixBars-Variable", 100).font;
+    const FontBook mine;
+    const Font font = mine.withFile(barsFile)->named("TavixBars-Variable", 100).font;
     ASSERT_EQ(font.variationAxes(), (std::vector<VariationAxis>{{weightAxis, 100, 100, 900}}));
     // A bar is 70 high, and from 10 to 50 wide.
     for (const auto& [value, width] :
@@ -128,10 +178,10 @@ TEST(Font, AVariableAxisMovesTheInkAndIsHeldWithinItsLimits) {
 }
 
 TEST(Font, MetricsGrowWithTheSize) {
-    FontBook mine;
-    mine.addFile(barsFile);
-    EXPECT_EQ(mine.named("Tavix Bars", 100).font.metrics(), (FontMetrics{80, 20, 10}));
-    EXPECT_EQ(mine.named("Tavix Bars", 50).font.metrics(), (FontMetrics{40, 10, 5}));
+    const FontBook mine;
+    const FontBook& bars = *mine.withFile(barsFile);
+    EXPECT_EQ(bars.named("Tavix Bars", 100).font.metrics(), (FontMetrics{80, 20, 10}));
+    EXPECT_EQ(bars.named("Tavix Bars", 50).font.metrics(), (FontMetrics{40, 10, 5}));
 }
 
 TEST(FontBook, WithoutAnyFontTextIsSetAllTheSame) {

@@ -12,7 +12,10 @@
 namespace tavix::text {
 namespace {
 
-FontBook& book() { return FontBook::ofThisMachine(); }
+const FontBook& book() {
+    static const FontBook fonts;
+    return fonts;
+}
 
 std::vector<TypesetLine> set(std::string_view text, double maxWidth, bool hasLigatures = true) {
     StyledText styled{std::string(text), book().interfaceFont(40)};

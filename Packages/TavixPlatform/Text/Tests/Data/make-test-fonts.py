@@ -3,6 +3,8 @@
 by heart. One em is 1000 units; every letter has an advance of 600.
 
 TavixBars-Variable.ttf: the axis wght makes the bar of each letter from 100 units wide (100) to 500 (900).
+TavixSigns-Wide.ttf and TavixSigns-Narrow.ttf: fonts of one name that have a sign of the private use area, U+E7A0,
+which no other font has; a bar 500 or 100 units wide.
 TavixSwash-Regular.ttf: the ink of each letter reaches 300 units past both ends of its advance, high or low, by turns.
 """
 import sys
@@ -25,13 +27,13 @@ def bar(x0, y0, x1, y1):
     return pen.glyph()
 
 
-def build(family, style, glyph_of):
-    names = [".notdef", "space"] + [f"u{ord(c):04X}" for c in LETTERS]
+def build(family, style, glyph_of, letters=LETTERS):
+    names = [".notdef", "space"] + [f"u{ord(c):04X}" for c in letters]
     font = FontBuilder(1000, isTTF=True)
     font.setupGlyphOrder(names)
-    font.setupCharacterMap({32: "space", **{ord(c): f"u{ord(c):04X}" for c in LETTERS}})
+    font.setupCharacterMap({32: "space", **{ord(c): f"u{ord(c):04X}" for c in letters}})
     glyphs = {".notdef": bar(50, 0, 550, 700), "space": TTGlyphPen(None).glyph()}
-    for number, letter in enumerate(LETTERS):
+    for number, letter in enumerate(letters):
         glyphs[f"u{ord(letter):04X}"] = glyph_of(number)
     font.setupGlyf(glyphs)
     font.setupHorizontalMetrics({name: (ADVANCE, getattr(glyphs[name], "xMin", 0)) for name in names})
@@ -63,8 +65,13 @@ def swash():
     return build("Tavix Swash", "Regular", glyph)
 
 
+def signs(width):
+    return build("Tavix Signs", "Regular", lambda number: bar(300 - width / 2, 0, 300 + width / 2, 700), "\uE7A0")
+
+
 folder = sys.argv[1] if len(sys.argv) > 1 else "."
-for name, font in (("TavixBars-Variable.ttf", variable()), ("TavixSwash-Regular.ttf", swash())):
+for name, font in (("TavixBars-Variable.ttf", variable()), ("TavixSwash-Regular.ttf", swash()),
+                   ("TavixSigns-Wide.ttf", signs(500)), ("TavixSigns-Narrow.ttf", signs(100))):
     font.font["head"].created = font.font["head"].modified = 3800000000
     font.font.recalcTimestamp = False
     font.save(f"{folder}/{name}")
