@@ -84,6 +84,13 @@ Owned<FcConfig> makeConfig(const FontPlaces& places) {
     return config;
 }
 
+// Pango has fontconfig load its default configuration, whoever gives its maps another one, and so would read
+// the machine's fonts twice. An empty configuration in the place of the default keeps it from that.
+void forgoDefaultConfig() {
+    static const bool isForgone = FcConfigSetCurrent(Owned<FcConfig>(FcConfigCreate()).get());
+    if (!isForgone) throw std::bad_alloc();
+}
+
 FontMetrics metricsOf(hb_font_t* font, double sizePx) {
     int scaleX = 0, scaleY = 0;
     hb_font_get_scale(font, &scaleX, &scaleY);
@@ -133,6 +140,7 @@ FontPlaces FontPlaces::of(const std::vector<std::filesystem::path>& folders) {
 
 FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(makeConfig(places_)) {
     if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
+    forgoDefaultConfig();
     map_.reset(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
     auto* map = PANGO_FC_FONT_MAP(map_.get());
     pango_fc_font_map_set_config(map, config_.get());

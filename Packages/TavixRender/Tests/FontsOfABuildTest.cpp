@@ -96,6 +96,10 @@ TEST(FontsOfABuild, TwoFilesOfOneNameKeepTheirOwnGlyphs) {
     EXPECT_NEAR(inkOf(picture, Half::left), wideInk, inkTolerance);
     EXPECT_NEAR(inkOf(picture, Half::right), narrowInk, inkTolerance);
     EXPECT_EQ(pictureOf(documentOf({narrow, wide})), picture);
+    // Of a font that was asked for before the other came, too.
+    const Picture thrice = pictureOf(documentOf({wide, narrow, wide}));
+    EXPECT_NEAR(inkOf(thrice, Half::left), wideInk, inkTolerance);
+    EXPECT_NEAR(inkOf(thrice, Half::right), narrowInk, inkTolerance);
 }
 
 TEST(FontsOfABuild, BuildsAtTheSameTimeSeeTheirOwnFontsAlone) {
