@@ -47,7 +47,7 @@ std::uint16_t* wordRow(const PlanarView& planes, int plane, int y) {
 
 constexpr int squarePx = 8;
 // A gradient that rises by more within a square shows no bands.
-constexpr int steepestRamp = 8;
+constexpr int steepestRamp = 4;
 
 // What is added before a sample is cut, for a row of the matrix that starts at a multiple of four.
 struct DitherMatrix {
