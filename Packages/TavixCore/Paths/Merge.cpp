@@ -26,43 +26,44 @@ struct Element {
     std::size_t base = none, ours = none, theirs = none;
 };
 
+using Place = std::size_t Element::*;
+
+// Tells the elements of the base where they are in a list of one side, and returns the places of its new
+// ones.
+std::vector<std::size_t> place(
+    std::vector<Element>& elements, Place side, const JsonArray& base, const JsonArray& list) {
+    std::vector<std::size_t> added;
+    const auto from = matched(base, list);
+    for (std::size_t i = 0; i < list.size(); ++i)
+        if (from[i])
+            elements[*from[i]].*side = i;
+        else
+            added.push_back(i);
+    return added;
+}
+
+// What both sides added is one element where it is equal or has the same id.
+bool isSameAddition(const Json& ours, const Json& theirs) {
+    const Json *a = ours.find("id"), *b = theirs.find("id");
+    return ours == theirs || (a && b && a->text() && *a == *b);
+}
+
 // All elements of the three lists, those of the base first.
 std::vector<Element> elementsOf(const JsonArray& base, const JsonArray& ours, const JsonArray& theirs) {
     std::vector<Element> elements(base.size());
     for (std::size_t i = 0; i < base.size(); ++i) elements[i].base = i;
-    const auto fromOurs = matched(base, ours), fromTheirs = matched(base, theirs);
-    JsonArray newOurs, newTheirs;
-    std::vector<std::size_t> placesOfOurs, placesOfTheirs;
-    for (std::size_t j = 0; j < ours.size(); ++j) {
-        if (fromOurs[j]) {
-            elements[*fromOurs[j]].ours = j;
-            continue;
-        }
-        newOurs.push_back(ours[j]);
-        placesOfOurs.push_back(j);
-    }
-    for (std::size_t j = 0; j < theirs.size(); ++j) {
-        if (fromTheirs[j]) {
-            elements[*fromTheirs[j]].theirs = j;
-            continue;
-        }
-        newTheirs.push_back(theirs[j]);
-        placesOfTheirs.push_back(j);
-    }
-    // What both added is one element where it is equal or has the same id.
-    std::vector<bool> isShared(newOurs.size());
-    for (std::size_t j = 0; j < newTheirs.size(); ++j) {
-        Element element{none, none, placesOfTheirs[j]};
-        for (std::size_t i = 0; i < newOurs.size() && element.ours == none; ++i) {
-            const Json *a = newOurs[i].find("id"), *b = newTheirs[j].find("id");
-            if (isShared[i] || !(newOurs[i] == newTheirs[j] || (a && b && a->text() && *a == *b))) continue;
-            element.ours = placesOfOurs[i];
-            isShared[i] = true;
+    std::vector<std::size_t> newOurs = place(elements, &Element::ours, base, ours);
+    for (const std::size_t j : place(elements, &Element::theirs, base, theirs)) {
+        Element element{none, none, j};
+        const auto shared =
+            std::ranges::find_if(newOurs, [&](std::size_t i) { return isSameAddition(ours[i], theirs[j]); });
+        if (shared != newOurs.end()) {
+            element.ours = *shared;
+            newOurs.erase(shared);
         }
         elements.push_back(element);
     }
-    for (std::size_t i = 0; i < newOurs.size(); ++i)
-        if (!isShared[i]) elements.push_back({none, placesOfOurs[i], none});
+    for (const std::size_t i : newOurs) elements.push_back({none, i, none});
     return elements;
 }
 
@@ -120,8 +121,6 @@ private:
         return (e.ours == none || ours[e.ours] == base[e.base]) &&
                (e.theirs == none || theirs[e.theirs] == base[e.base]);
     }
-
-    using Place = std::size_t Element::*;
 
     static bool isReordered(const std::vector<Element>& elements, Place side) {
         std::size_t last = 0;

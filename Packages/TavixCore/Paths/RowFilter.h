@@ -3,7 +3,7 @@
 
 #include "TavixCore/Support/Field.h"
 
-#include <map>
+#include <unordered_map>
 #include <vector>
 
 namespace tavix {
@@ -16,12 +16,17 @@ public:
     bool wants(const Field& row) const { return isWanted_(row.role); }
     // Whether a value of the type, which the root leads to, may hold a wanted row.
     bool leads(const Type& type) const { return leading_.contains(&type); }
-    // The rows of a record that are wanted or lead to such, in the order of the table.
-    const std::vector<const Field*>& rowsOf(const RecordType& type) const { return leading_.at(&type); }
+    // The rows of a record that are wanted or lead to such, in the order of the table; null if there are
+    // none.
+    const std::vector<const Field*>* rowsOf(const RecordType& type) const {
+        const auto rows = leading_.find(&type);
+        return rows == leading_.end() ? nullptr : &rows->second;
+    }
 
 private:
     bool (*isWanted_)(Role);
-    std::map<const Type*, std::vector<const Field*>> leading_;   // of a type that is no record, without rows
+    // The types that lead to wanted rows; one that is no record is without rows.
+    std::unordered_map<const Type*, std::vector<const Field*>> leading_;
 };
 
 }   // namespace tavix

@@ -55,8 +55,8 @@ private:
         if (!filter_) {
             for (const Field& row : type.rows)
                 if (row.reach) member(type, row, place);   // else no member stands behind it
-        } else if (filter_->leads(type)) {
-            for (const Field* row : filter_->rowsOf(type)) member(type, *row, place);
+        } else if (const auto* rows = filter_->rowsOf(type)) {
+            for (const Field* row : *rows) member(type, *row, place);
         }
     }
 
