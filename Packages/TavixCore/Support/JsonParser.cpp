@@ -73,22 +73,28 @@ private:
         }
     }
 
+    // Lists and objects get room for as many at once. What needs less gives it back, for there may be many.
+    static constexpr std::size_t usualSize = 4;
+
     Json object(std::size_t depth) {
         std::vector<JsonMember> members;
         ++at_;
         skipSpace();
         if (accept('}')) return JsonObject();
+        members.reserve(usualSize);
         do {
             skipSpace();
             if (peek() != '"') failHere("a key in quotes");
-            std::string key = string();
+            JsonMember& member = members.emplace_back();
+            member.key = string();
             skipSpace();
             if (!accept(':')) failHere("\":\" after a key");
             skipSpace();
-            members.push_back({std::move(key), value(depth + 1)});
+            member.value = value(depth + 1);
             skipSpace();
         } while (accept(','));
         if (!accept('}')) failHere("\",\" or \"}\" after a value");
+        if (members.size() < usualSize) members.shrink_to_fit();
         return JsonObject::of(std::move(members));
     }
 
@@ -97,12 +103,14 @@ private:
         ++at_;
         skipSpace();
         if (accept(']')) return elements;
+        elements.reserve(usualSize);
         do {
             skipSpace();
             elements.push_back(value(depth + 1));
             skipSpace();
         } while (accept(','));
         if (!accept(']')) failHere("\",\" or \"]\" after a value");
+        if (elements.size() < usualSize) elements.shrink_to_fit();
         return elements;
     }
 

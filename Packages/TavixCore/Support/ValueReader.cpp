@@ -4,6 +4,8 @@
 #include "TavixCore/Support/Field.h"
 #include "TavixCore/Support/ReadingErrors.h"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 namespace tavix {
@@ -57,20 +59,29 @@ void readMember(const Field& row, const Json& json, void* record, const KeyPath&
     if (row.clamps) clampNumber(row, record);
 }
 
+void readRow(const RecordType& type, const Field& row, const Json* value, void* into, const KeyPath& at) {
+    if (!value || value->isNull()) {
+        if (row.isRequired) failWithMissing(at, value);
+    } else if (!row.isTolerant || !whyUnreadable(type, row, *value, at)) {
+        readMember(row, *value, into, at);
+    }
+}
+
+// Rows are read in their own order. Which key each has is found from the few keys that are there.
 void readObject(const RecordType& type, const Json& json, void* into, const KeyPath& at) {
+    constexpr std::size_t mostAtOnce = 32;
     const JsonObject& object = objectAt(json, at);
-    for (const Field& row : type.rows) {
-        if (row.key.empty()) {
-            readMember(row, json, into, at);
-            continue;
-        }
-        const Json* value = object.find(row.key);
-        const KeyPath here(at, row.key);
-        if (!value || value->isNull()) {
-            if (row.isRequired) failWithMissing(here, value);
-        } else if (!row.isTolerant || !whyUnreadable(type, row, *value, here)) {
-            readMember(row, *value, into, here);
-        }
+    for (std::size_t start = 0; start < type.rows.size(); start += mostAtOnce) {
+        const auto rows = type.rows.subspan(start, std::min(mostAtOnce, type.rows.size() - start));
+        std::array<const Json*, mostAtOnce> values{};
+        for (const JsonMember& member : object)
+            for (std::size_t i = 0; i < rows.size(); ++i)
+                if (rows[i].key == member.key) values[i] = &member.value;
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (rows[i].key.empty())
+                readMember(rows[i], json, into, at);
+            else
+                readRow(type, rows[i], values[i], into, KeyPath(at, rows[i].key));
     }
 }
 
