@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <variant>
 
 namespace tavix {
 
@@ -27,16 +28,28 @@ void addPhase(LayerMotion& motion, const KineticPhase& phase, double remaining) 
     motion.blurFraction += remaining * std::max(phase.blurRadiusFraction, 0.0);
 }
 
-double remainingOf(const KineticPhase& phase, double elapsedSec) {
+// An even way that ends softly: in its last quarter of a second it loses its speed evenly.
+double landing(double elapsedSec, double durationSec) {
+    const double lastSec = std::min(0.25, durationSec), leftSec = std::max(durationSec - elapsedSec, 0.0);
+    const double speed = 1 / (durationSec - lastSec / 2);
+    return leftSec < lastSec ? 1 - speed * leftSec * leftSec / (2 * lastSec)
+                             : speed * std::max(elapsedSec, 0.0);
+}
+
+// A device that comes in evenly is a thing with weight, and would stop dead in one frame.
+double remainingOf(const CompositionLayer& layer, const KineticPhase& phase, double elapsedSec) {
+    if (std::holds_alternative<LinearCurve>(phase.curve) &&
+        std::holds_alternative<DeviceContent>(layer.content))
+        return 1 - landing(elapsedSec, phase.durationSec);
     return 1 - KineticMath::evaluate(phase.curve, elapsedSec, phase.durationSec).value;
 }
 
 void addPhases(LayerMotion& motion, const CompositionLayer& layer, double localSec, double windowSec) {
     if (layer.enter && layer.enter->durationSec > 0 && localSec < layer.enter->durationSec)
-        addPhase(motion, *layer.enter, remainingOf(*layer.enter, localSec));
+        addPhase(motion, *layer.enter, remainingOf(layer, *layer.enter, localSec));
     if (layer.exit && layer.exit->durationSec > 0 && std::isfinite(windowSec) &&
         windowSec - layer.exit->durationSec < localSec)
-        addPhase(motion, *layer.exit, remainingOf(*layer.exit, windowSec - localSec));
+        addPhase(motion, *layer.exit, remainingOf(layer, *layer.exit, windowSec - localSec));
 }
 
 void addTracks(LayerMotion& motion, const CompositionLayer& layer, double localSec) {
