@@ -1,6 +1,7 @@
 #include "TavixPlatform/Scene3D/LightStage.h"
 
 #include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Scene3D/TileStage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -91,9 +92,12 @@ View shadowView(const Lamp& lamp, const Sphere& sphere) {
     const float distance = length(sphere.center - lamp.position);
     const Vec3 target = distance > 1e-4f ? sphere.center : lamp.position + lamp.axis;
     Transform placed;
-    // The same up whatever the lamp looks at, unless it looks along it.
+    // The same up whatever the lamp looks at, unless it looks along it: leaning by 32 degrees, the golden
+    // section's. Things stand upright or lie level, and an edge that nearly follows the rows of the map would
+    // have steps in its shadow longer than what the filter evens out.
     const Vec3 towards = normalized(target - lamp.position);
-    placed.lookAt(target, lamp.position, std::abs(towards.y) < 0.99f ? Vec3{0, 1, 0} : Vec3{0, 0, 1});
+    const bool looksAlong = std::abs(towards.x * 0.5257f + towards.y * 0.8507f) > 0.99f;
+    placed.lookAt(target, lamp.position, looksAlong ? Vec3{0, 0, 1} : Vec3{0.5257f, 0.8507f, 0});
     const Affine3 matrix = placed.matrix();
     view.eye = lamp.position;
     view.right = matrix.axis(0);
@@ -170,29 +174,30 @@ void LightStage::drawShadow(
         const SceneKernels& kernels;
         const SamplePattern& pattern;
     } job{geometry_, map, kernels, pattern};
-    workshop.forEach(geometry_.tilesAcross() * geometry_.tilesUp(), [&job](int index,
-                                                                        imaging::Scratch& scratch) {
-        const int x0 = index % job.geometry.tilesAcross() * tilePx,
-                  y0 = index / job.geometry.tilesAcross() * tilePx;
-        const auto row = [&](int y) {
-            return job.map.inverseDepths.data() +
-                   std::size_t(y0 + y + ShadowMap::marginPx) * ShadowMap::stridePx +
-                   std::size_t(x0 + ShadowMap::marginPx);
-        };
-        const auto triangles = job.geometry.trianglesIn(index);
-        if (triangles.empty()) {
-            for (int y = 0; y < tilePx; ++y) std::fill_n(row(y), tilePx, 0.0f);
-            return;
-        }
-        auto* depths = scratch.take<float>(tilePx * tilePx);
-        std::fill_n(depths, tilePx * tilePx, 0.0f);
-        job.kernels.rasterise({x0, y0, depths, nullptr}, job.pattern, triangles.data(), triangles.size());
-        constexpr int across = tilePx / 4;   // blocks of 4 by 4
-        for (int y = 0; y < tilePx; ++y)
-            for (int block = 0; block < across; ++block)
-                std::memcpy(row(y) + 4 * block,
-                    depths + ((y / 4) * across + block) * samplesPerVector + y % 4 * 4, 4 * sizeof(float));
-    });
+    workshop.forEach(
+        geometry_.tilesAcross() * geometry_.tilesUp(), [&job](int index, imaging::Scratch& scratch) {
+            const int x0 = index % job.geometry.tilesAcross() * tilePx,
+                      y0 = index / job.geometry.tilesAcross() * tilePx;
+            const auto row = [&](int y) {
+                return job.map.inverseDepths.data() +
+                       std::size_t(y0 + y + ShadowMap::marginPx) * ShadowMap::stridePx +
+                       std::size_t(x0 + ShadowMap::marginPx);
+            };
+            const auto triangles = job.geometry.trianglesIn(index);
+            if (triangles.empty()) {
+                for (int y = 0; y < tilePx; ++y) std::fill_n(row(y), tilePx, 0.0f);
+                return;
+            }
+            const CellGrid grid = clearedGrid(x0, y0, job.pattern, scratch);
+            job.kernels.rasterise(grid, job.pattern, triangles.data(), triangles.size());
+            job.kernels.spread(grid, job.pattern, triangles.data());
+            constexpr int across = tilePx / 4;   // cells of 4 by 4
+            for (int y = 0; y < tilePx; ++y)
+                for (int cell = 0; cell < across; ++cell)
+                    std::memcpy(row(y) + 4 * cell,
+                        grid.inverseDepths + ((y / 4) * across + cell) * samplesPerCell + y % 4 * 4,
+                        4 * sizeof(float));
+        });
 }
 
 }   // namespace tavix::scene3d

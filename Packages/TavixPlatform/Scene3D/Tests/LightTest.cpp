@@ -140,6 +140,43 @@ TEST(Light, ThingsCastASoftShadowWhereTheyStandInTheWay) {
     EXPECT_GE(between, 1);
 }
 
+// A slab over a floor, a little askew: the rim of its shadow has no teeth.
+TEST(Light, TheShadowOfAStraightEdgeIsStraight) {
+    constexpr int side = 400;
+    Renderer renderer;
+    for (const double askewDeg : {1.0, 3.0, 6.0}) {
+        Picture pictures[2];
+        for (const bool castsShadow : {false, true}) {
+            Scene scene{Entity::make(), cameraAt(3, 20), {}};
+            PhysicallyBased matte = white(0, 1, 0);
+            matte.specularFraction = 0;
+            scene.root->add(entityOf(quad(1, 1), matte));
+            EntityRef slab = entityOf(quad(0.4f, 0.8f), Unlit{}, {-0.2f, 0, 0.2f});
+            slab->transform.orientation = Rotation::about({0, 0, 1}, askewDeg);
+            scene.root->add(slab);
+            EntityRef lamp = Entity::make();
+            lamp->light = SpotLight{{}, 20000, 60, 70, {100, 2}, castsShadow};
+            lamp->transform.lookAt({}, {-1, 0.1f, 1.2f});
+            scene.root->add(lamp);
+            pictures[castsShadow] = linear(renderer, scene, {{side, side}});
+        }
+        std::vector<double> widths;   // of the shadow in each row, from a column within it, in pixels
+        for (int y = 100; y < 300; ++y) {
+            double width = 0;
+            for (int x = 225; x < 340; ++x)
+                width += 1 - double(pictures[1].at(x, y)[1]) / double(pictures[0].at(x, y)[1]);
+            widths.push_back(width);
+        }
+        constexpr std::size_t reach = 10;
+        for (std::size_t i = reach; i + reach < widths.size(); ++i) {
+            double mean = 0;
+            for (std::size_t k = i - reach; k <= i + reach; ++k) mean += widths[k] / (2 * reach + 1);
+            ASSERT_GT(mean, 2);
+            EXPECT_NEAR(widths[i], mean, 0.26) << askewDeg << " degrees, row " << i;
+        }
+    }
+}
+
 TEST(Light, SurroundingsLightFromTheirOwnSide) {
     EquirectangularImage picture = evenPicture(0);
     // One bright patch to the right (+x), above the horizon.
