@@ -89,7 +89,7 @@ struct Stages {
                 surfaces.emplace_back(surfaceOf(*lit));
             else
                 surfaces.emplace_back(TexturedSurface{
-                    &subject().device.texture->levels(), {1, 1, 1}, geometry.texcoordsOfGroups(), 1});
+                    &subject().device.texture->levels(), {1, 1, 1}, geometry.texcoordsOfGroups(), {1, 1, 1.41421356f}});
         }
     }
     imaging::Workshop workshop{{.threadCount = 1, .cacheBytes = 0}};
@@ -117,18 +117,18 @@ void lampsAndShadow(benchmark::State& state) {
 }
 
 void visibility(benchmark::State& state) {
+    const SamplePattern& pattern = fourPerPixel();
     Stages s(state);
-    alignas(64) static float depths[mostTileSamples];
-    alignas(64) static std::uint32_t ids[mostTileSamples];
+    imaging::Scratch scratch;
     for (auto _ : state) {
         for (int tile = 0; tile < s.geometry.tilesAcross() * s.geometry.tilesUp(); ++tile) {
             const auto triangles = s.geometry.trianglesIn(tile);
             if (triangles.empty()) continue;
-            std::fill_n(depths, mostTileSamples, 0.0f);
-            std::fill_n(ids, mostTileSamples, 0u);
+            const imaging::Scratch::Mark mark(scratch);
             const int x0 = tile % s.geometry.tilesAcross() * tilePx,
                       y0 = tile / s.geometry.tilesAcross() * tilePx;
-            s.kernels.rasterise({x0, y0, depths, ids}, fourPerPixel(), triangles.data(), triangles.size());
+            s.kernels.rasterise(
+                clearedGrid(x0, y0, pattern, scratch), pattern, triangles.data(), triangles.size());
         }
     }
 }

@@ -1,58 +1,76 @@
 #include "TavixPlatform/Scene3D/Frame.h"
 
-#include <bit>
+#include <cstddef>
 
 namespace tavix::scene3d {
 
-const SamplePattern& onePerPixel() {
-    static const auto pattern = [] {
-        SamplePattern p{2, {}, {}};
-        for (int i = 0; i < samplesPerVector; ++i) {
-            p.x[std::size_t(i)] = i % 4 * 8 + 4;
-            p.y[std::size_t(i)] = i / 4 * 8 + 4;
-        }
-        return p;
-    }();
-    return pattern;
-}
-
-// Four samples that share no row and no column, so that a nearly level or upright edge has five steps.
-const SamplePattern& fourPerPixel() {
-    static const auto pattern = [] {
-        constexpr int offsetX[4] = {3, 7, 1, 5}, offsetY[4] = {1, 3, 5, 7};
-        SamplePattern p{1, {}, {}};
-        for (int i = 0; i < samplesPerVector; ++i) {
-            p.x[std::size_t(i)] = i / 4 % 2 * 8 + offsetX[i % 4];
-            p.y[std::size_t(i)] = i / 8 * 8 + offsetY[i % 4];
-        }
-        return p;
-    }();
-    return pattern;
-}
-
 namespace {
 
-std::array<MaskPoint, 16> pointsOf(const SamplePattern& pattern) {
-    std::array<MaskPoint, 16> points{};
-    const int samples = pattern.samplesPerPixel();
-    for (unsigned mask = 1; mask < 1u << samples; ++mask) {
-        int x = 0, y = 0;
-        for (int s = 0; s < samples; ++s) {
-            if (!(mask >> s & 1)) continue;
-            x += pattern.x[std::size_t(s)];
-            y += pattern.y[std::size_t(s)];
-        }
-        const auto count = float(std::popcount(mask));
-        points[mask] = {float(x) / (8 * count), float(y) / (8 * count), count};
+std::array<SamplePattern::Sum, 256> sumsOf(const SamplePattern& pattern, std::size_t first) {
+    std::array<SamplePattern::Sum, 256> sums{};
+    for (std::size_t mask = 0; mask < 256; ++mask)
+        for (std::size_t i = 0; i < 8; ++i)
+            if (mask >> i & 1) {
+                sums[mask].x = std::uint16_t(sums[mask].x + pattern.x[first + i]);
+                sums[mask].y = std::uint16_t(sums[mask].y + pattern.y[first + i]);
+            }
+    return sums;
+}
+
+template <class Place>
+SamplePattern patternOf(int samplesPerPixel, int unitBits, int cellUnitBits, const Place& place) {
+    SamplePattern p{};
+    p.samplesPerPixel = samplesPerPixel;
+    p.unitBits = unitBits;
+    p.cellUnitBits = cellUnitBits;
+    const float unitPx = float(1 << unitBits) / (1 << subpixelBits);
+    p.leastPx = unitPx;
+    p.mostPx = float((1 << cellUnitBits) - 1) * unitPx;
+    for (int i = 0; i < samplesPerCell; ++i) {
+        const auto [x, y] = place(i % 4, i / 4);
+        p.x[std::size_t(i)] = 2 * x + 1;
+        p.y[std::size_t(i)] = 2 * y + 1;
+        p.xPx[std::size_t(i)] = float(2 * x + 1) * unitPx;
+        p.yPx[std::size_t(i)] = float(2 * y + 1) * unitPx;
     }
-    return points;
+    p.lowSums = sumsOf(p, 0);
+    p.highSums = sumsOf(p, 8);
+    return p;
+}
+
+struct Place {
+    int x, y;
+};
+
+// One sample in each of 4 x 4 squares, in columns and rows of its own.
+Place scattered(int x, int y) {
+    constexpr int column[4] = {2, 0, 3, 1}, row[4] = {1, 3, 0, 2};
+    return {4 * x + column[y], 4 * y + row[x]};
 }
 
 }   // namespace
 
-const std::array<MaskPoint, 16>& maskPoints(const SamplePattern& pattern) {
-    static const std::array<MaskPoint, 16> one = pointsOf(onePerPixel()), four = pointsOf(fourPerPixel());
-    return pattern.samplesPerPixel() == 1 ? one : four;
+const SamplePattern& onePerPixel() {
+    static const SamplePattern pattern = patternOf(1, 7, 3, [](int x, int y) { return Place{x, y}; });
+    return pattern;
+}
+
+const SamplePattern& fourPerPixel() {
+    static const SamplePattern pattern = patternOf(4, 5, 4, [](int sample, int pixel) {
+        constexpr int column[4] = {1, 3, 0, 2};
+        return Place{pixel % 2 * 4 + column[sample], pixel / 2 * 4 + sample};
+    });
+    return pattern;
+}
+
+const SamplePattern& sixteenPerPixel() {
+    static const SamplePattern pattern = patternOf(16, 3, 5, scattered);
+    return pattern;
+}
+
+const SamplePattern& sixtyFourPerPixel() {
+    static const SamplePattern pattern = patternOf(64, 2, 5, scattered);
+    return pattern;
 }
 
 }   // namespace tavix::scene3d

@@ -25,8 +25,6 @@ constexpr int guardPx = 5120;
 constexpr std::int32_t clippedMark = INT32_MIN;   // stands for the x of a vertex that must be clipped
 
 constexpr int tilePx = 32;
-constexpr int samplesPerVector = 16;   // the samples of one block, tested together
-constexpr int mostTileSamples = tilePx * tilePx * 4;
 
 // Normal and 1 over depth along the axis, each divided by that depth, so that they are linear on the screen.
 struct Attributes {
@@ -48,28 +46,54 @@ struct TexcoordPlanes {
     Vec2 perX, perY, atAnchor;   // divided by depth
 };
 
-// The samples of one block of pixels. Entry i of a block stands at (x[i], y[i]) eighths of a pixel.
+// Samples are tested together in cells of sixteen. A cell is a square of whole pixels or a part of one; every
+// cell has the same samples. They share no row and no column of a pixel, or of a quarter of one.
+constexpr int samplesPerCell = 16;
 struct SamplePattern {
-    int blockBits;   // of the side of a block
-    std::array<std::int32_t, samplesPerVector> x, y;
-    int blockPx() const { return 1 << blockBits; }
-    int samplesPerPixel() const { return samplesPerVector >> (2 * blockBits); }
-    int blocksAcross() const { return tilePx >> blockBits; }
-    int entryCount() const { return tilePx * tilePx * samplesPerPixel(); }
+    int samplesPerPixel;
+    int unitBits;                                    // of the unit of positions, in subpixels
+    int cellUnitBits;                                // of a cell's side, in units
+    std::array<std::int32_t, samplesPerCell> x, y;   // units from the cell's corner; every odd one is taken
+    std::array<float, samplesPerCell> xPx, yPx;      // the same in pixels
+    float leastPx, mostPx;                           // of them
+    // What the positions of the lower and the upper eight samples of a mask add up to.
+    struct Sum {
+        std::uint16_t x, y;
+    };
+    std::array<Sum, 256> lowSums, highSums;
+    int cellBits() const { return unitBits + cellUnitBits; }   // of a cell's side, in subpixels
+    int cellsAcross() const { return (tilePx << subpixelBits) >> cellBits(); }
+    int cellCount() const { return cellsAcross() * cellsAcross(); }
 };
-const SamplePattern& onePerPixel();    // blocks of 4 x 4 pixels, row by row
-const SamplePattern& fourPerPixel();   // blocks of 2 x 2 pixels, the samples of a pixel together
+const SamplePattern& onePerPixel();         // cells of 4 x 4 pixels, row by row
+const SamplePattern& fourPerPixel();        // cells of 2 x 2 pixels, the samples of a pixel together
+const SamplePattern& sixteenPerPixel();     // cells of a pixel
+const SamplePattern& sixtyFourPerPixel();   // four cells to a pixel
 
-// A surface to be shaded: a triangle at the middle of the samples of a pixel that it covers.
+// Cells of a tile, row by row from the bottom left. Most of them belong to one triangle, and their samples
+// are not looked at.
+struct CellGrid {
+    static constexpr std::uint32_t isMixed = UINT32_MAX;
+    int x0, y0;              // the tile's origin, in pixels
+    std::uint32_t* owners;   // 0: nothing, i + 1: triangle i at all samples, or isMixed
+    // Bounds of the 1 / depth of a cell's samples: none is more than `nearest` and none less than `farthest`.
+    float *nearest, *farthest;
+    // Of the samples, cell by cell; they hold only where a cell is mixed. Aligned to 64 bytes.
+    float* inverseDepths;
+    std::uint32_t* ids;   // 0: nothing, i + 1: triangle i
+};
+
+// Surfaces to be shaded. Whole pixels of a row, each at its middle: most of a picture is that.
+struct PixelRun {
+    const Triangle* triangle;
+    std::int32_t x, y, length;   // pixels of the tile
+};
+// A triangle at the middle of the samples of a pixel that it covers.
 struct Request {
     const Triangle* triangle;
-    std::uint16_t pixel;   // y * tilePx + x
-    std::uint8_t mask;     // bit per sample of the pixel
+    float x, y;            // pixels from the tile's corner
+    float count;           // of samples
+    std::uint32_t pixel;   // y * tilePx + x
 };
-// The middle of the samples of each mask, in pixels from the pixel's corner, and how many there are.
-struct MaskPoint {
-    float x, y, count;
-};
-const std::array<MaskPoint, 16>& maskPoints(const SamplePattern& pattern);
 
 }   // namespace tavix::scene3d

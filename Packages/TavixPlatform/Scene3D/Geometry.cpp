@@ -95,7 +95,7 @@ void ScreenGeometry::assemblePart(
     const MeshData& data = instance.mesh->data();
     const VertexTransform& transform = transforms_[part.instance];
     TriangleMaker maker(
-        group, {view_.widthPx, view_.heightPx, tilesAcross_, pattern_->samplesPerPixel() == 4,
+        group, {view_.widthPx, view_.heightPx, tilesAcross_, pattern_->unitBits,
                    std::uint32_t(&group - groups_.data()), part.material, part.sides, part.isTextured});
     const auto corner = [&](std::uint32_t index) {
         const std::size_t v = instance.firstVertex + index;

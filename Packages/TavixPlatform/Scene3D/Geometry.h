@@ -83,7 +83,7 @@ class TriangleMaker {
 public:
     struct Settings {
         int widthPx, heightPx, tilesAcross;
-        bool hasFourSamples;
+        int unitBits;   // of the sample pattern
         std::uint32_t group, material;
         Sides sides;
         bool isTextured;

@@ -40,6 +40,13 @@ struct Unlit {
     bool operator==(const Unlit&) const = default;
 };
 
-using Material = std::variant<PhysicallyBased, Unlit>;
+// Shows nothing and hides what is behind it: the picture is clear where it is nearest.
+struct Cutout {
+    std::string name;
+    Sides sides = Sides::front;
+    bool operator==(const Cutout&) const = default;
+};
+
+using Material = std::variant<PhysicallyBased, Unlit, Cutout>;
 
 }   // namespace tavix::scene3d

@@ -34,6 +34,27 @@ View viewOf(const Scene& scene, imaging::Size size) {
     return view;
 }
 
+const SamplePattern& patternOf(Samples samples) {
+    switch (samples) {
+    case Samples::one: return onePerPixel();
+    case Samples::four: return fourPerPixel();
+    case Samples::sixteen: return sixteenPerPixel();
+    case Samples::sixtyFour: break;
+    }
+    return sixtyFourPerPixel();
+}
+
+TextureFilter filterOf(TextureDetail detail) {
+    constexpr float rootOfTwo = 1.41421356f;
+    switch (detail) {
+    case TextureDetail::fine: return {8, 1, rootOfTwo};
+    case TextureDetail::coarse: return {1, 1, rootOfTwo};
+    case TextureDetail::halved: break;
+    }
+    // One probe serves up to a texel and a half, where the reduction takes what it leaves of finer stripes.
+    return {8, 2.0f / 3, 0.75f};
+}
+
 }   // namespace
 
 HalfPicture::HalfPicture(imaging::Size size, const std::shared_ptr<imaging::BytePool>& pool)
@@ -69,11 +90,14 @@ imaging::PixelRegion Renderer::Impl::prepare(const Scene& scene, const Pass& pas
                          " on a side.");
     const View view = viewOf(scene, size);
     if (!scene.root) return {};
-    pattern = pass.samples == Samples::four ? &fourPerPixel() : &onePerPixel();
+    pattern = &patternOf(pass.samples);
     list.gather(*scene.root);
     geometry.build(list, view, *pattern, kernels, workshop);
     if (geometry.region().isEmpty()) return {};
     makeSurfaces(pass.textures);
+    const bool isLit = std::ranges::any_of(
+        surfaces, [](const FrameSurface& surface) { return std::holds_alternative<Surface>(surface); });
+    if (!isLit) list.lamps.clear();   // nobody asks for their shadows
     light = &lightStage.prepare(list, view, scene.environment, kernels, workshop);
     return geometry.region();
 }
@@ -85,14 +109,18 @@ void Renderer::Impl::makeSurfaces(TextureDetail detail) {
             surfaces.emplace_back(surfaceOf(*lit));
             continue;
         }
+        if (std::holds_alternative<Cutout>(*material)) {
+            surfaces.emplace_back(NoSurface{});
+            continue;
+        }
         const auto& unlit = std::get<Unlit>(*material);
         TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
         if (texture) makeLevels(*texture, kernels, workshop);
         // A texture without a picture is black.
         const bool isBlack = texture && texture->count == 0;
         const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
-        surfaces.emplace_back(TexturedSurface{isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups(),
-            detail == TextureDetail::fine ? 8.0f : 1.0f});
+        surfaces.emplace_back(TexturedSurface{
+            isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups(), filterOf(detail)});
     }
 }
 
@@ -129,7 +157,7 @@ LinearFrame Renderer::renderLinear(const Scene& scene, const Pass& pass) {
     frame.region = impl_->prepare(scene, pass);
     if (frame.region.isEmpty()) return frame;
     frame.pixels = HalfPicture({frame.region.width(), frame.region.height()}, impl_->pool);
-    const float perSample = 1 / float(impl_->pattern->samplesPerPixel());
+    const float perSample = 1 / float(impl_->pattern->samplesPerPixel);
     impl_->drawTiles(frame.region, [&](int x, int y, const float* sums, const std::uint8_t* covered,
                                        std::size_t count) {
         std::uint16_t* row = frame.pixels.row(frame.region.y1 - 1 - y) + std::size_t(x - frame.region.x0) * 4;
@@ -144,7 +172,7 @@ EncodedFrame Renderer::renderEncoded(const Scene& scene, const Pass& pass) {
     if (frame.region.isEmpty()) return frame;
     frame.pixels = imaging::Bitmap::uninitialised({frame.region.width(), frame.region.height()}, impl_->pool);
     const imaging::BitmapView view = frame.pixels.view();
-    const float perSample = 1 / float(impl_->pattern->samplesPerPixel());
+    const float perSample = 1 / float(impl_->pattern->samplesPerPixel);
     impl_->drawTiles(
         frame.region, [&](int x, int y, const float* sums, const std::uint8_t* covered, std::size_t count) {
             auto* row =

@@ -43,11 +43,12 @@ struct EncodedFrame {
     imaging::Bitmap pixels;
 };
 
-enum class Samples { one, four };   // of coverage per pixel
+enum class Samples { one, four, sixteen, sixtyFour };   // of coverage per pixel
 
-// How textures are filtered. Coarse takes a quarter of the time: for a picture whose textured surfaces
+// How textures are filtered. Halved is for a picture that will be reduced to half its size, and as sharp
+// after that as fine ones are. Coarse takes a quarter of the time: for a picture whose textured surfaces
 // another one will cover, so that only their edges are seen.
-enum class TextureDetail { fine, coarse };
+enum class TextureDetail { fine, halved, coarse };
 
 struct Pass {
     static constexpr int mostSidePx = 8192;

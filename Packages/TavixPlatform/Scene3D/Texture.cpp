@@ -8,21 +8,22 @@ Texture::Texture() : levels_(std::make_unique<TextureLevels>()) {}
 Texture::Texture(imaging::BitmapRef pixels) : Texture() { replace(std::move(pixels)); }
 Texture::~Texture() = default;
 
-imaging::Size Texture::size() const { return levels_->bitmap ? levels_->bitmap->size() : imaging::Size{}; }
+imaging::Size Texture::size() const { return {levels_->width[0], levels_->height[0]}; }
 
 void Texture::replace(imaging::BitmapRef pixels) {
     TextureLevels& levels = *levels_;
     if (pixels && pixels->isEmpty()) pixels = nullptr;
     levels.bitmap = std::move(pixels);
     levels.isMade = false;
-    levels.count = 0;
+    levels.count = levels.width[0] = levels.height[0] = 0;
     if (!levels.bitmap) return;
     imaging::Size size = levels.bitmap->size();
     std::size_t texels = 0;
     for (;;) {
-        auto& level = levels.level[levels.count];
-        level = {size, texels};
-        ++levels.count;
+        const int level = levels.count++;
+        levels.firstTexel[level] = std::int32_t(texels);
+        levels.width[level] = size.width;
+        levels.height[level] = size.height;
         texels += std::size_t(size.width) * std::size_t(size.height);
         if ((size.width == 1 && size.height == 1) || levels.count == TextureLevels::mostLevels) break;
         size = {(size.width + 1) / 2, (size.height + 1) / 2};

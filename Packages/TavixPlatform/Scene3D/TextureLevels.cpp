@@ -34,21 +34,20 @@ const RootsOfBytes& rootsOfBytes() {
 }
 
 std::uint32_t* rowOf(TextureLevels& texture, int level, int y) {
-    const TextureLevels::Level& place = texture.level[level];
-    return texture.texels.data() + place.firstTexel + std::size_t(y) * std::size_t(place.size.width);
+    return texture.texels.data() + texture.firstTexel[level] + std::ptrdiff_t(y) * texture.width[level];
 }
 
 void decodeRow(TextureLevels& texture, int y) {
     const RootsOfBytes& roots = rootsOfBytes();
     const std::uint8_t* from = std::as_const(*texture.bitmap).view().row(y);
     std::uint32_t* to = rowOf(texture, 0, y);
-    for (int x = 0; x < texture.level[0].size.width; ++x, from += 4)
+    for (int x = 0; x < texture.width[0]; ++x, from += 4)
         to[x] = roots.blue[from[0]] | roots.green[from[1]] | roots.red[from[2]];
 }
 
 // Where a side is odd its last column or row counts twice.
 void halveRow(TextureLevels& texture, int level, int y, const SceneKernels& kernels) {
-    const imaging::Size from = texture.level[level - 1].size;
+    const imaging::Size from{texture.width[level - 1], texture.height[level - 1]};
     const std::uint32_t* row0 = rowOf(texture, level - 1, 2 * y);
     const std::uint32_t* row1 = rowOf(texture, level - 1, std::min(2 * y + 1, from.height - 1));
     std::uint32_t* to = rowOf(texture, level, y);
@@ -64,9 +63,9 @@ void halveRow(TextureLevels& texture, int level, int y, const SceneKernels& kern
 void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Workshop& workshop) {
     if (texture.isMade || texture.count == 0) return;
     for (int level = 0; level < texture.count; ++level) {
-        const int rows = texture.level[level].size.height;
+        const int rows = texture.height[level];
         const auto job = [&texture, &kernels, level](int index) {
-            const int end = std::min((index + 1) * rowsPerJob, texture.level[level].size.height);
+            const int end = std::min((index + 1) * rowsPerJob, texture.height[level]);
             for (int y = index * rowsPerJob; y < end; ++y)
                 level == 0 ? decodeRow(texture, y) : halveRow(texture, level, y, kernels);
         };
@@ -74,6 +73,7 @@ void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Wo
             (rows + rowsPerJob - 1) / rowsPerJob, [&job](int index, imaging::Scratch&) { job(index); });
     }
     texture.isMade = true;
+    texture.bitmap.reset();   // the levels hold all of it
 }
 
 }   // namespace tavix::scene3d

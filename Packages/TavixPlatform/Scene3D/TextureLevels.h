@@ -19,13 +19,10 @@ struct SceneKernels;
 // one product to become light again. Each level is half the size of the one before, rounded up.
 struct TextureLevels {
     static constexpr int mostLevels = 16;
-    struct Level {
-        imaging::Size size;
-        std::size_t firstTexel = 0;
-    };
-    imaging::BitmapRef bitmap;
+    imaging::BitmapRef bitmap;   // until the levels are made
     int count = 0;   // with level 0; 0 without a picture
-    Level level[mostLevels];
+    // By level.
+    std::int32_t firstTexel[mostLevels] = {}, width[mostLevels] = {}, height[mostLevels] = {};
     static constexpr int rootBits = 10, mostRoot = (1 << rootBits) - 1;
     std::vector<std::uint32_t> texels;
     bool isMade = false;   // the texels are those of the bitmap

@@ -1,7 +1,7 @@
 #include "TavixPlatform/Scene3D/TileStage.h"
 
 #include <algorithm>
-#include <bit>
+#include <span>
 
 namespace tavix::scene3d {
 
@@ -9,71 +9,39 @@ namespace {
 
 constexpr std::size_t tilePixels = std::size_t(tilePx) * tilePx;
 
-// Requests of one tile, first as they are found, then sorted by material.
-struct RequestList {
-    Request* found;
-    Request* sorted;
-    std::uint32_t* endOfMaterial;
-    std::size_t count = 0;
-    std::uint8_t* covered;
-    const FrameSurface* surfaces;
+// Things that stand together by material.
+template <class T> struct Sorted {
+    const T* things;
+    const std::uint32_t* endOfMaterial;
+    std::span<const T> of(std::size_t material) const {
+        const std::size_t begin = material > 0 ? endOfMaterial[material - 1] : 0;
+        return {things + begin, things + endOfMaterial[material]};
+    }
 };
 
-void addRequest(RequestList& list, const Triangle* triangle, std::size_t pixel, unsigned mask) {
-    ++list.endOfMaterial[triangle->material + 1];
-    list.found[list.count++] = {triangle, std::uint16_t(pixel), std::uint8_t(mask)};
-}
-
-// One request for each triangle that owns samples of the pixel. Triangles that show a texture are one: a seam
-// in the middle of a screen is no edge, and its pixels are looked up at their middle like all others.
-void addPixel(RequestList& list, const std::uint32_t* ids, int samples, std::size_t pixel,
-    const Triangle* const* triangles) {
-    unsigned left = 0;
-    for (int s = 0; s < samples; ++s) left |= unsigned(ids[s] != 0) << s;
-    list.covered[pixel] = std::uint8_t(std::popcount(left));
-    while (left) {
-        const std::uint32_t id = ids[std::countr_zero(left)];
-        const Triangle* triangle = triangles[id - 1];
-        const bool isTextured = std::holds_alternative<TexturedSurface>(list.surfaces[triangle->material]);
-        unsigned mask = 0;
-        for (int s = 0; s < samples; ++s) {
-            const bool isSame = ids[s] == id || (isTextured && ids[s] &&
-                                                    triangles[ids[s] - 1]->material == triangle->material);
-            mask |= unsigned(isSame) << s;
-        }
-        addRequest(list, triangle, pixel, mask);
-        left &= ~mask;
-    }
-}
-
-bool areEqual(const std::uint32_t* ids) {
-    std::uint32_t difference = 0;
-    for (int i = 1; i < samplesPerVector; ++i) difference |= ids[i] ^ ids[0];
-    return difference == 0;
-}
-
-// The pixels of one block that lie within `inside`, which is in pixels of the tile.
-void addBlock(RequestList& list, const std::uint32_t* ids, const SamplePattern& pattern, int x0, int y0,
-    const imaging::PixelRegion& inside, const Triangle* const* triangles) {
-    const int side = pattern.blockPx(), samples = pattern.samplesPerPixel();
-    const bool isOne = areEqual(ids);
-    if (isOne && ids[0] == 0) return;
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x, ids += samples) {
-            if (x0 + x < inside.x0 || x0 + x >= inside.x1 || y0 + y < inside.y0 || y0 + y >= inside.y1)
-                continue;
-            const auto pixel = std::size_t((y0 + y) * tilePx + x0 + x);
-            if (!isOne) {
-                addPixel(list, ids, samples, pixel, triangles);
-                continue;
-            }
-            list.covered[pixel] = std::uint8_t(samples);
-            addRequest(list, triangles[ids[0] - 1], pixel, (1u << samples) - 1);
-        }
-    }
+template <class T>
+Sorted<T> sortedByMaterial(std::span<const T> found, std::size_t materialCount, imaging::Scratch& scratch) {
+    auto* sorted = scratch.take<T>(found.size());
+    auto* ends = scratch.take<std::uint32_t>(materialCount + 1);
+    std::fill_n(ends, materialCount + 1, 0u);
+    for (const T& thing : found) ++ends[thing.triangle->material + 1];
+    for (std::size_t m = 0; m < materialCount; ++m) ends[m + 1] += ends[m];
+    // While things are placed, each material's start moves to its end.
+    for (const T& thing : found) sorted[ends[thing.triangle->material]++] = thing;
+    return {sorted, ends};
 }
 
 }   // namespace
+
+CellGrid clearedGrid(int x0, int y0, const SamplePattern& pattern, imaging::Scratch& scratch) {
+    const auto cells = std::size_t(pattern.cellCount()), samples = cells * samplesPerCell;
+    CellGrid grid{x0, y0, scratch.take<std::uint32_t>(cells), scratch.take<float>(cells),
+        scratch.take<float>(cells), scratch.take<float>(samples), scratch.take<std::uint32_t>(samples)};
+    std::fill_n(grid.owners, cells, 0u);
+    std::fill_n(grid.nearest, cells, 0.0f);
+    std::fill_n(grid.farthest, cells, 0.0f);
+    return grid;
+}
 
 imaging::PixelRegion TileStage::pixelsOf(int tile) const {
     const int x0 = tile % geometry.tilesAcross() * tilePx, y0 = tile / geometry.tilesAcross() * tilePx;
@@ -83,49 +51,37 @@ imaging::PixelRegion TileStage::pixelsOf(int tile) const {
 TileStage::Sums TileStage::draw(int tile, imaging::Scratch& scratch) const {
     auto* sums = scratch.take<float>(tilePixels * 4);
     auto* covered = scratch.take<std::uint8_t>(tilePixels);
-    const auto triangles = geometry.trianglesIn(tile);
-    if (triangles.empty()) {
-        std::fill_n(sums, tilePixels * 4, 0.0f);
-        std::fill_n(covered, tilePixels, std::uint8_t(0));
-        return {sums, covered};
-    }
-    const auto entries = std::size_t(pattern.entryCount());
-    auto* depths = scratch.take<float>(entries);
-    auto* ids = scratch.take<std::uint32_t>(entries);
-    std::fill_n(depths, entries, 0.0f);
-    std::fill_n(ids, entries, 0u);
-    const int x0 = tile % geometry.tilesAcross() * tilePx, y0 = tile / geometry.tilesAcross() * tilePx;
-    kernels.rasterise({x0, y0, depths, ids}, pattern, triangles.data(), triangles.size());
-
-    RequestList list{scratch.take<Request>(entries), scratch.take<Request>(entries),
-        scratch.take<std::uint32_t>(surfaces.size() + 1), 0, covered, surfaces.data()};
-    std::fill_n(list.endOfMaterial, surfaces.size() + 1, 0u);
-    std::fill_n(covered, tilePixels, std::uint8_t(0));
-    const imaging::PixelRegion pixels = pixelsOf(tile);
-    const imaging::PixelRegion inside{pixels.x0 - x0, pixels.y0 - y0, pixels.x1 - x0, pixels.y1 - y0};
-    const std::uint32_t* block = ids;
-    for (int y = 0; y < tilePx; y += pattern.blockPx())
-        for (int x = 0; x < tilePx; x += pattern.blockPx(), block += samplesPerVector)
-            addBlock(list, block, pattern, x, y, inside, triangles.data());
-    for (std::size_t m = 0; m < surfaces.size(); ++m) list.endOfMaterial[m + 1] += list.endOfMaterial[m];
-    for (std::size_t i = 0; i < list.count; ++i)
-        list.sorted[list.endOfMaterial[list.found[i].triangle->material]++] = list.found[i];
-
     std::fill_n(sums, tilePixels * 4, 0.0f);
-    const Shades shades{sums, x0, y0, maskPoints(pattern).data()};
-    std::size_t begin = 0;
-    for (std::size_t m = 0; m < surfaces.size(); ++m) {
-        const std::size_t end = list.endOfMaterial[m], count = end - begin;
-        if (count > 0) {
-            if (const auto* lit = std::get_if<Surface>(&surfaces[m]))
-                kernels.shadeLit(shades, light, *lit, list.sorted + begin, count);
-            else
-                kernels.shadeUnlit(
-                    shades, std::get<TexturedSurface>(surfaces[m]), list.sorted + begin, count);
-        }
-        begin = end;
-    }
+    std::fill_n(covered, tilePixels, std::uint8_t(0));
+    const auto triangles = geometry.trianglesIn(tile);
+    if (triangles.empty()) return {sums, covered};
+    const int x0 = tile % geometry.tilesAcross() * tilePx, y0 = tile / geometry.tilesAcross() * tilePx;
+    const CellGrid grid = clearedGrid(x0, y0, pattern, scratch);
+    kernels.rasterise(grid, pattern, triangles.data(), triangles.size());
+
+    auto* kinds = scratch.take<SurfaceKind>(surfaces.size());
+    for (std::size_t m = 0; m < surfaces.size(); ++m) kinds[m] = SurfaceKind(surfaces[m].index());
+    RequestList list{triangles.data(), kinds,
+        scratch.take<Request>(std::size_t(pattern.cellCount()) * samplesPerCell),
+        scratch.take<PixelRun>(tilePixels), covered};
+    const imaging::PixelRegion pixels = pixelsOf(tile);
+    kernels.findRequests(
+        grid, pattern, {pixels.x0 - x0, pixels.y0 - y0, pixels.x1 - x0, pixels.y1 - y0}, list);
+    const auto requests =
+        sortedByMaterial<Request>({list.requests, list.requestCount}, surfaces.size(), scratch);
+    const auto runs = sortedByMaterial<PixelRun>({list.runs, list.runCount}, surfaces.size(), scratch);
+    const Shades shades{sums, x0, y0, float(pattern.samplesPerPixel)};
+    for (std::size_t m = 0; m < surfaces.size(); ++m)
+        shade(shades, surfaces[m], {requests.of(m), runs.of(m)});
     return {sums, covered};
+}
+
+void TileStage::shade(const Shades& shades, const FrameSurface& surface, const ShadingJob& job) const {
+    if (job.requests.empty() && job.runs.empty()) return;
+    if (const auto* lit = std::get_if<Surface>(&surface))
+        kernels.shadeLit(shades, light, *lit, job);
+    else if (const auto* textured = std::get_if<TexturedSurface>(&surface))
+        kernels.shadeUnlit(shades, *textured, job);
 }
 
 }   // namespace tavix::scene3d

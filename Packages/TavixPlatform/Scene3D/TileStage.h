@@ -11,7 +11,8 @@
 
 namespace tavix::scene3d {
 
-using FrameSurface = std::variant<Surface, TexturedSurface>;   // of a material
+struct NoSurface {};
+using FrameSurface = std::variant<Surface, TexturedSurface, NoSurface>;   // of a material
 
 struct TileStage {
     const SceneKernels& kernels;
@@ -30,6 +31,11 @@ struct TileStage {
     imaging::PixelRegion pixelsOf(int tile) const;
     // In memory of the scratch. Nothing is covered where no triangle is.
     Sums draw(int tile, imaging::Scratch& scratch) const;
+
+    void shade(const Shades& shades, const FrameSurface& surface, const ShadingJob& job) const;
 };
+
+// In memory of the scratch, with nothing in sight.
+CellGrid clearedGrid(int x0, int y0, const SamplePattern& pattern, imaging::Scratch& scratch);
 
 }   // namespace tavix::scene3d

@@ -22,11 +22,10 @@ Gradients gradientsOf(const Corner* const (&c)[3], std::int64_t area) {
         1 / (float(area) * (pixelsPerSubpixel * pixelsPerSubpixel))};
 }
 
-// Samples stand at odd eighths of a pixel, in x and in y.
-bool missesAllSamples(std::int32_t least, std::int32_t most) {
-    constexpr std::int32_t first = 32;
-    constexpr int stepBits = 6;
-    return (most - first) >> stepBits == (least - first - 1) >> stepBits;
+// Samples stand at odd units, in x and in y.
+bool missesAllSamples(std::int32_t least, std::int32_t most, int unitBits) {
+    const std::int32_t first = 1 << unitBits;
+    return (most - first) >> (unitBits + 1) == (least - first - 1) >> (unitBits + 1);
 }
 
 // How much the unit normal turns from a pixel to the next, squared and averaged over a pixel's filter
@@ -74,7 +73,8 @@ void TriangleMaker::add(Corner a, Corner b, Corner c) {
         std::max(leastY >> subpixelBits, 0), std::min((mostX >> subpixelBits) + 1, settings_.widthPx),
         std::min((mostY >> subpixelBits) + 1, settings_.heightPx)};
     if (pixels.isEmpty()) return;
-    if (settings_.hasFourSamples && (missesAllSamples(leastX, mostX) || missesAllSamples(leastY, mostY)))
+    if (missesAllSamples(leastX, mostX, settings_.unitBits) ||
+        missesAllSamples(leastY, mostY, settings_.unitBits))
         return;
 
     Triangle& t = group_.triangles.emplace_back();

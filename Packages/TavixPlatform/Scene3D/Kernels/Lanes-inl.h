@@ -6,7 +6,7 @@
 #define TAVIX_SCENE3D_LANES_INL_H
 #endif
 
-#include "TavixPlatform/Scene3D/Vectors.h"
+#include "TavixPlatform/Scene3D/Frame.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -25,6 +25,9 @@ using FloatMask = hn::Mask<Floats>;
 using Four = hn::FixedTag<float, 4>;
 using FourVector = hn::Vec<Four>;
 constexpr std::size_t mostLanes = 16;
+// The samples of a cell in vectors.
+constexpr int cellVectors = int(samplesPerCell / HWY_MIN(HWY_LANES(float), std::size_t(samplesPerCell)));
+constexpr std::size_t cellLanes = samplesPerCell / cellVectors;
 
 HWY_INLINE FloatVector constant(float v) { return hn::Set(Floats(), v); }
 HWY_INLINE IntVector constantInt(std::int32_t v) { return hn::Set(Ints(), v); }

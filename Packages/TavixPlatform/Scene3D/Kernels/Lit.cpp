@@ -22,14 +22,32 @@ struct Points {
     FloatVector variance;           // of the normal
 };
 
-// Interpolates what triangles give, and follows the rays back into the world.
-HWY_INLINE Points pointsOf(
-    const Shades& shades, const View& camera, const Request* requests, std::size_t count) {
+// What triangles give at their points: the normal and 1 / depth, each divided by depth.
+struct Given {
+    Places place;
+    Lanes3 normal;
+    FloatVector inverseDepth, variance;
+};
+HWY_INLINE Given givenByOne(const Shades& shades, const Batch& batch) {
+    const Triangle& t = *batch.run->triangle;
+    Given g;
+    g.place = placesOfRun(shades, batch);
+    const Places at = fromAnchor(t, g.place);
+    const auto plane = [&](float perX, float perY, float atAnchor) HWY_ATTR {
+        return plus(plus(times(constant(perX), at.x), times(constant(perY), at.y)), constant(atAnchor));
+    };
+    g.normal = {plane(t.perX.nx, t.perY.nx, t.atAnchor.nx), plane(t.perX.ny, t.perY.ny, t.atAnchor.ny),
+        plane(t.perX.nz, t.perY.nz, t.atAnchor.nz)};
+    g.inverseDepth = plane(t.perX.inverseDepth, t.perY.inverseDepth, t.atAnchor.inverseDepth);
+    g.variance = constant(t.normalVariance);
+    return g;
+}
+HWY_INLINE Given givenByEach(const Shades& shades, const Batch& batch) {
     const Floats d;
     const Four four;
     HWY_ALIGN float attributes[mostLanes * 4], x[mostLanes], y[mostLanes], variance[mostLanes];
     for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
-        const Request& r = requests[i < count ? i : 0];   // lanes without a request repeat the first
+        const Request& r = batch.requests[i < batch.count ? i : 0];   // lanes without one repeat the first
         const Triangle& t = *r.triangle;
         const Vec2 place = placeOf(shades, r), offset = fromAnchor(t, place);
         x[i] = place.x;
@@ -40,20 +58,28 @@ HWY_INLINE Points pointsOf(
             hn::Load(four, &t.atAnchor.nx));
         hn::Store(value, four, attributes + i * 4);
     }
-    Points p;
-    FloatVector inverseDepth;
-    hn::LoadInterleaved4(d, attributes, p.normal.x, p.normal.y, p.normal.z, inverseDepth);
+    Given g;
+    hn::LoadInterleaved4(d, attributes, g.normal.x, g.normal.y, g.normal.z, g.inverseDepth);
+    g.place = {hn::Load(d, x), hn::Load(d, y)};
+    g.variance = hn::Load(d, variance);
+    return g;
+}
+
+// Follows the rays of the eye back into the world.
+HWY_INLINE Points pointsOf(const Shades& shades, const View& camera, const Batch& batch) {
+    const Given given = batch.run ? givenByOne(shades, batch) : givenByEach(shades, batch);
     const FloatVector perPixel = constant(1 / camera.focalPx);
-    const FloatVector rayX = times(minus(hn::Load(d, x), constant(0.5f * float(camera.widthPx))), perPixel);
-    const FloatVector rayY = times(minus(hn::Load(d, y), constant(0.5f * float(camera.heightPx))), perPixel);
+    const FloatVector rayX = times(minus(given.place.x, constant(0.5f * float(camera.widthPx))), perPixel);
+    const FloatVector rayY = times(minus(given.place.y, constant(0.5f * float(camera.heightPx))), perPixel);
     const Lanes3 ray = plus(constant(camera.forward),
         plus(times(constant(camera.right), rayX), times(constant(camera.up), rayY)));
-    const FloatVector depth = inverse(hn::Max(inverseDepth, constant(1e-9f)));
+    const FloatVector depth = inverse(hn::Max(given.inverseDepth, constant(1e-9f)));
+    Points p;
     p.position = plus(constant(camera.eye), times(ray, depth));
     p.eye = normalized(times(ray, constant(-1)));
-    p.normal = normalized(p.normal);
+    p.normal = normalized(given.normal);
     p.facing = hn::Max(dot(p.normal, p.eye), constant(1e-3f));
-    p.variance = hn::Load(d, variance);
+    p.variance = given.variance;
     return p;
 }
 
@@ -197,18 +223,16 @@ HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Point
     return times(times(sum, constant(lamp.power)), strength);
 }
 
-void shadeLit(const Shades& shades, const Illumination& light, const Surface& surface,
-    const Request* requests, std::size_t count) {
-    const std::size_t lanes = hn::Lanes(Floats());
-    for (std::size_t i = 0; i < count; i += lanes) {
-        const std::size_t rest = std::min(lanes, count - i);
-        const Points points = pointsOf(shades, light.camera, requests + i, rest);
+void shadeLit(
+    const Shades& shades, const Illumination& light, const Surface& surface, const ShadingJob& job) {
+    forEachBatch(job, [&](const Batch& batch) HWY_ATTR {
+        const Points points = pointsOf(shades, light.camera, batch);
         const Layers layers = layersOf(light, surface, points);
         Lanes3 sum = {constant(0), constant(0), constant(0)};
         if (light.surroundings.environment) sum = fromSurroundings(light, surface, points, layers);
         for (const Lamp& lamp : light.lamps) sum = plus(sum, fromLamp(lamp, surface, points, layers));
-        addLight(shades, requests + i, rest, sum);
-    }
+        addLight(shades, batch, sum);
+    });
 }
 
 void fillLit(SceneKernels& table) { table.shadeLit = shadeLit; }

@@ -6,6 +6,7 @@ SceneKernels bestSceneKernels() {
     SceneKernels table{};
     fillVertexKernels(table);
     fillVisibilityKernels(table);
+    fillRequestKernels(table);
     fillLitKernels(table);
     fillTextureKernels(table);
     fillResolveKernels(table);

@@ -3,12 +3,14 @@
 // no result depends on which neighbours shared a vector.
 #pragma once
 
+#include "TavixPlatform/Imaging/Geometry.h"
 #include "TavixPlatform/Scene3D/Frame.h"
 #include "TavixPlatform/Scene3D/Lighting.h"
 #include "TavixPlatform/Scene3D/TextureLevels.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace tavix::scene3d {
 
@@ -26,36 +28,56 @@ struct VertexRun {
     Attributes* attributes;
 };
 
-// One tile: its origin in pixels, and its samples block by block.
-struct SampleTile {
-    int x0, y0;
-    float* inverseDepths;   // aligned to 64 bytes, cleared to 0 before
-    std::uint32_t* ids;     // 1 + the index in the list; 0 for none; may be null
+enum class SurfaceKind : std::uint8_t { lit, textured, nothing };
+
+// What a tile wants shaded, in the order in which it is found.
+struct RequestList {
+    const Triangle* const* triangles;   // of the tile
+    const SurfaceKind* kinds;           // by material
+    Request* requests;
+    PixelRun* runs;
+    std::uint8_t* covered;   // samples of each pixel; cleared to 0 before
+    std::size_t requestCount = 0, runCount = 0;
+};
+// What one surface is asked for.
+struct ShadingJob {
+    std::span<const Request> requests;
+    std::span<const PixelRun> runs;
 };
 
 // Sums of one tile's pixels: colour times weight, and weight.
 struct Shades {
     float* sums;   // four floats a pixel, cleared to 0 before
     int x0, y0;
-    const MaskPoint* points;
+    float samplesPerPixel;
 };
 
+struct TextureFilter {
+    float mostProbes;       // along a side of a pixel's footprint: 1 to 8
+    float footprint;        // its size, in pixels
+    float texelsOfLevel0;   // the narrow side of a pixel spans up to twice as many, or a coarser level serves
+};
 struct TexturedSurface {
     const TextureLevels* texture;   // null: the tint alone
     Vec3 tint;
     const TexcoordPlanes* const* texcoordsOfGroups;
-    float mostProbes;   // along a side of a pixel's footprint: 1 to 8
+    TextureFilter filter;
 };
 
 struct SceneKernels {
     void (*project)(const VertexTransform& transform, const VertexRun& run);
-    // Keeps the nearest triangle of each sample; of equals the first of the list.
-    void (*rasterise)(const SampleTile& tile, const SamplePattern& pattern, const Triangle* const* triangles,
+    // Keeps the nearest triangle of each sample; of equals the first of the list. Owners and depths of the
+    // cells are cleared to 0 before.
+    void (*rasterise)(const CellGrid& grid, const SamplePattern& pattern, const Triangle* const* triangles,
         std::size_t count);
-    void (*shadeLit)(const Shades& shades, const Illumination& light, const Surface& surface,
-        const Request* requests, std::size_t count);
-    void (*shadeUnlit)(
-        const Shades& shades, const TexturedSurface& surface, const Request* requests, std::size_t count);
+    // Fills in the samples of all cells that are not mixed.
+    void (*spread)(const CellGrid& grid, const SamplePattern& pattern, const Triangle* const* triangles);
+    // For the pixels of the tile within `inside`, row by row.
+    void (*findRequests)(const CellGrid& grid, const SamplePattern& pattern,
+        const imaging::PixelRegion& inside, RequestList& list);
+    void (*shadeLit)(
+        const Shades& shades, const Illumination& light, const Surface& surface, const ShadingJob& job);
+    void (*shadeUnlit)(const Shades& shades, const TexturedSurface& surface, const ShadingJob& job);
     // `count` texels, each the mean light of two by two.
     void (*halveTexels)(
         std::uint32_t* dst, const std::uint32_t* row0, const std::uint32_t* row1, std::size_t count);
@@ -70,6 +92,7 @@ struct SceneKernels {
 SceneKernels bestSceneKernels();
 void fillVertexKernels(SceneKernels& table);
 void fillVisibilityKernels(SceneKernels& table);
+void fillRequestKernels(SceneKernels& table);
 void fillLitKernels(SceneKernels& table);
 void fillTextureKernels(SceneKernels& table);
 void fillResolveKernels(SceneKernels& table);

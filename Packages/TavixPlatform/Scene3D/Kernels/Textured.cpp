@@ -16,28 +16,44 @@ namespace tavix::scene3d::HWY_NAMESPACE {
 
 using Words = hn::Rebind<std::uint32_t, Floats>;
 
-// The planes of texture coordinates and of 1 / depth, lane by lane.
+// Texture coordinates and 1 / depth at points, and their planes.
 struct PlaneLanes {
-    HWY_ALIGN float u[mostLanes], v[mostLanes], perXu[mostLanes], perXv[mostLanes], perYu[mostLanes],
-        perYv[mostLanes], depth[mostLanes], perXdepth[mostLanes], perYdepth[mostLanes];
+    FloatVector u, v, perXu, perXv, perYu, perYv, depth, perXdepth, perYdepth;
 };
-HWY_INLINE void gatherPlanes(const Shades& shades, const TexturedSurface& surface, const Request* requests,
-    std::size_t count, PlaneLanes& p) {
-    for (std::size_t i = 0; i < hn::Lanes(Floats()); ++i) {
-        const Request& r = requests[i < count ? i : 0];
+HWY_INLINE PlaneLanes planesOfEach(const Shades& shades, const TexturedSurface& surface, const Batch& batch) {
+    const Floats d;
+    HWY_ALIGN float values[9][mostLanes];
+    for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
+        const Request& r = batch.requests[i < batch.count ? i : 0];
         const Triangle& t = *r.triangle;
         const TexcoordPlanes& planes = surface.texcoordsOfGroups[t.group][t.texcoords];
         const Vec2 at = fromAnchor(t, placeOf(shades, r));
-        p.u[i] = planes.atAnchor.x + (planes.perX.x * at.x + planes.perY.x * at.y);
-        p.v[i] = planes.atAnchor.y + (planes.perX.y * at.x + planes.perY.y * at.y);
-        p.depth[i] = t.atAnchor.inverseDepth + (t.perX.inverseDepth * at.x + t.perY.inverseDepth * at.y);
-        p.perXu[i] = planes.perX.x;
-        p.perXv[i] = planes.perX.y;
-        p.perYu[i] = planes.perY.x;
-        p.perYv[i] = planes.perY.y;
-        p.perXdepth[i] = t.perX.inverseDepth;
-        p.perYdepth[i] = t.perY.inverseDepth;
+        values[0][i] = planes.atAnchor.x + (planes.perX.x * at.x + planes.perY.x * at.y);
+        values[1][i] = planes.atAnchor.y + (planes.perX.y * at.x + planes.perY.y * at.y);
+        values[2][i] = planes.perX.x;
+        values[3][i] = planes.perX.y;
+        values[4][i] = planes.perY.x;
+        values[5][i] = planes.perY.y;
+        values[6][i] = t.atAnchor.inverseDepth + (t.perX.inverseDepth * at.x + t.perY.inverseDepth * at.y);
+        values[7][i] = t.perX.inverseDepth;
+        values[8][i] = t.perY.inverseDepth;
     }
+    const auto lane = [&](int i) HWY_ATTR { return hn::Load(d, values[i]); };
+    return {lane(0), lane(1), lane(2), lane(3), lane(4), lane(5), lane(6), lane(7), lane(8)};
+}
+
+HWY_INLINE PlaneLanes planesOfRun(const Shades& shades, const TexturedSurface& surface, const Batch& batch) {
+    const Triangle& t = *batch.run->triangle;
+    const TexcoordPlanes& planes = surface.texcoordsOfGroups[t.group][t.texcoords];
+    const Places at = fromAnchor(t, placesOfRun(shades, batch));
+    const auto plane = [&](float atAnchor, float perX, float perY) HWY_ATTR {
+        return plus(constant(atAnchor), plus(times(constant(perX), at.x), times(constant(perY), at.y)));
+    };
+    return {plane(planes.atAnchor.x, planes.perX.x, planes.perY.x),
+        plane(planes.atAnchor.y, planes.perX.y, planes.perY.y), constant(planes.perX.x),
+        constant(planes.perX.y), constant(planes.perY.x), constant(planes.perY.y),
+        plane(t.atAnchor.inverseDepth, t.perX.inverseDepth, t.perY.inverseDepth),
+        constant(t.perX.inverseDepth), constant(t.perY.inverseDepth)};
 }
 
 // The levels of a texture, and the footprints of a vector of pixels on the level of each, in its texels.
@@ -60,49 +76,46 @@ HWY_INLINE IntVector exponentOf(FloatVector v) {
     return hn::Sub(hn::ShiftRight<23>(hn::BitCast(Ints(), v)), constantInt(127));
 }
 
-// The narrow side of a footprint shall span 1.4 to 2.8 texels, unless the wide one would then need too many
-// probes.
+// The narrow side of a footprint shall span some texels, unless the wide one would then need too many probes.
 HWY_INLINE IntVector levelFor(FloatVector across, FloatVector up, const TexturedSurface& surface) {
     const FloatVector tiny = constant(1e-6f), huge = constant(1e6f);
     const FloatVector minor = hn::Min(hn::Max(hn::Min(across, up), tiny), huge);
     const FloatVector major = hn::Min(hn::Max(hn::Max(across, up), tiny), huge);
-    const IntVector fine = exponentOf(hn::Mul(minor, constant(0.70710678f)));
+    const IntVector fine = exponentOf(hn::Mul(minor, constant(1 / surface.filter.texelsOfLevel0)));
     const IntVector coarse =
-        hn::Add(exponentOf(hn::Mul(major, constant(1 / surface.mostProbes))), constantInt(1));
+        hn::Add(exponentOf(hn::Mul(major, constant(surface.filter.footprint / surface.filter.mostProbes))),
+            constantInt(1));
     return hn::Min(hn::Max(hn::Max(fine, coarse), constantInt(0)), constantInt(surface.texture->count - 1));
 }
 
 HWY_INLINE Level levelAt(const TextureLevels& texture, IntVector index) {
     const Ints di;
     const Floats d;
-    HWY_ALIGN std::int32_t first[TextureLevels::mostLevels] = {}, width[TextureLevels::mostLevels] = {},
-                           height[TextureLevels::mostLevels] = {};
-    for (int i = 0; i < texture.count; ++i) {
-        first[i] = std::int32_t(texture.level[i].firstTexel);
-        width[i] = texture.level[i].size.width;
-        height[i] = texture.level[i].size.height;
-    }
     Level level;
-    level.first = hn::GatherIndex(di, first, index);
-    level.width = hn::GatherIndex(di, width, index);
+    const std::int32_t only = hn::GetLane(index);
+    if (hn::AllTrue(di, hn::Eq(index, constantInt(only))))   // nearly always
+        return {constantInt(texture.firstTexel[only]), constantInt(texture.width[only]),
+            constant(float(texture.width[only] - 1)), constant(float(texture.height[only] - 1))};
+    level.first = hn::GatherIndex(di, texture.firstTexel, index);
+    level.width = hn::GatherIndex(di, texture.width, index);
     level.lastX = hn::ConvertTo(d, hn::Sub(level.width, constantInt(1)));
-    level.lastY = hn::ConvertTo(d, hn::Sub(hn::GatherIndex(di, height, index), constantInt(1)));
+    level.lastY = hn::ConvertTo(d, hn::Sub(hn::GatherIndex(di, texture.height, index), constantInt(1)));
     return level;
 }
 
 HWY_INLINE Footprints findFootprints(const PlaneLanes& p, const TexturedSurface& surface) {
     const Floats d;
     const TextureLevels& texture = *surface.texture;
-    const FloatVector depth = inverse(hn::Max(hn::Load(d, p.depth), constant(1e-9f)));
-    const FloatVector width = constant(float(texture.level[0].size.width));
-    const FloatVector height = constant(float(texture.level[0].size.height));
-    const FloatVector u = hn::Mul(hn::Load(d, p.u), depth), v = hn::Mul(hn::Load(d, p.v), depth);
+    const FloatVector depth = inverse(hn::Max(p.depth, constant(1e-9f)));
+    const FloatVector width = constant(float(texture.width[0]));
+    const FloatVector height = constant(float(texture.height[0]));
+    const FloatVector u = hn::Mul(p.u, depth), v = hn::Mul(p.v, depth);
     // The quotient rule, on planes divided by depth.
-    const auto change = [&](const float* perPixel, const float* depthPerPixel, FloatVector at,
-                            FloatVector size) HWY_ATTR {
-        const FloatVector top = hn::Sub(hn::Load(d, perPixel), hn::Mul(at, hn::Load(d, depthPerPixel)));
-        return hn::Mul(hn::Mul(top, depth), size);
-    };
+    const auto change = [&](FloatVector perPixel, FloatVector depthPerPixel, FloatVector at, FloatVector size)
+                            HWY_ATTR {
+                                const FloatVector top = hn::Sub(perPixel, hn::Mul(at, depthPerPixel));
+                                return hn::Mul(hn::Mul(top, depth), size);
+                            };
     Footprints f;
     f.acrossU = change(p.perXu, p.perXdepth, u, width);
     f.acrossV = change(p.perXv, p.perXdepth, v, height);
@@ -114,10 +127,11 @@ HWY_INLINE Footprints findFootprints(const PlaneLanes& p, const TexturedSurface&
     f.level = levelAt(texture, level);
     // 2 to the power of minus the level.
     const FloatVector scale = hn::BitCast(d, hn::ShiftLeft<23>(hn::Sub(constantInt(127), level)));
+    const FloatVector widened = hn::Mul(scale, constant(surface.filter.footprint));
     f.u = hn::Mul(hn::Mul(u, width), scale);
     f.v = hn::Mul(hn::Mul(v, height), scale);
     for (FloatVector* length : {&f.acrossU, &f.acrossV, &f.upU, &f.upV, &f.across, &f.up})
-        *length = hn::Mul(*length, scale);
+        *length = hn::Mul(*length, widened);
     return f;
 }
 
@@ -181,7 +195,7 @@ HWY_INLINE float largest(FloatVector v) { return hn::GetLane(hn::MaxOfLanes(Floa
 
 HWY_INLINE Lanes3 sampleTexture(const TexturedSurface& surface, const Footprints& f) {
     const auto* texels = reinterpret_cast<const std::int32_t*>(surface.texture->texels.data());
-    const float most = surface.mostProbes;
+    const float most = surface.filter.mostProbes;
     const Probes across = probesFor(f.across, most), up = probesFor(f.up, most);
     const float mostAcross = largest(across.count), mostUp = largest(up.count);
     Lanes3 sum = {constant(0), constant(0), constant(0)};
@@ -202,19 +216,16 @@ HWY_INLINE Lanes3 sampleTexture(const TexturedSurface& surface, const Footprints
     return times(sum, inverse(hn::Mul(hn::Mul(across.count, up.count), constant(full))));
 }
 
-void shadeUnlit(
-    const Shades& shades, const TexturedSurface& surface, const Request* requests, std::size_t count) {
-    const std::size_t lanes = hn::Lanes(Floats());
-    for (std::size_t i = 0; i < count; i += lanes) {
-        const std::size_t rest = std::min(lanes, count - i);
+void shadeUnlit(const Shades& shades, const TexturedSurface& surface, const ShadingJob& job) {
+    forEachBatch(job, [&](const Batch& batch) HWY_ATTR {
         Lanes3 light = constant(surface.tint);
         if (surface.texture) {
-            PlaneLanes planes;
-            gatherPlanes(shades, surface, requests + i, rest, planes);
+            const PlaneLanes planes =
+                batch.run ? planesOfRun(shades, surface, batch) : planesOfEach(shades, surface, batch);
             light = times(light, sampleTexture(surface, findFootprints(planes, surface)));
         }
-        addLight(shades, requests + i, rest, light);
-    }
+        addLight(shades, batch, light);
+    });
 }
 
 void halveTexels(
