@@ -1,5 +1,5 @@
-// The passes of a device in space, one by one: milliseconds of all threads together. The phone covers a third
-// of the frame, at 1080 x 1920 (argument 1, a preview) and at 2160 x 3840 (argument 2, an export).
+// The passes of a device in space, one by one, and a whole frame: milliseconds of all threads together. The
+// phone covers a third of 1080 x 1920, for a preview (argument 0) and for an export (argument 1).
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
@@ -30,10 +30,20 @@ imaging::BitmapRef screenPicture(int seed) {
     return bitmap;
 }
 
+constexpr imaging::Size frameSize{1080, 1920};
+constexpr imaging::PixelRegion wholeFrame{0, 0, frameSize.width, frameSize.height};
+
+DeviceQuality qualityOf(const benchmark::State& state) {
+    return state.range(0) ? DeviceQuality::full : DeviceQuality::preview;
+}
+
 class Shoot {
 public:
-    explicit Shoot(benchmark::State& state)
-        : pass{{1080 * int(state.range(0)), 1920 * int(state.range(0))}, scene3d::Samples::four} {
+    explicit Shoot(benchmark::State& state) {
+        const DevicePassPlan plan = devicePassPlan(frameSize, qualityOf(state));
+        bodyPass = {frameSize, plan.body};
+        screenPass = {{frameSize.width * plan.screenScale, frameSize.height * plan.screenScale}, plan.screen,
+            plan.screenScale > 1 ? scene3d::TextureDetail::halved : scene3d::TextureDetail::fine};
         const scene3d::EntityRef model = DeviceModelLoader::freshModelInstance();
         if (!model) {
             state.SkipWithError("There is no phone model; build the target tavix_phone_file.");
@@ -43,11 +53,12 @@ public:
         stage->setUp(DeviceScene::disabled, deviceHeightFraction);
         stage->stand({threeQuarterView, {}, {}});
         stage->screen().replace(screenPicture(0));
-        engine.renderLinear(stage->bodyScene(), pass);   // what is made once: surroundings, levels, memory
-        engine.renderEncoded(stage->screenScene(), pass);
+        engine.renderLinear(
+            stage->bodyScene(), bodyPass);   // what is made once: surroundings, levels, memory
+        engine.renderEncoded(stage->screenScene(), screenPass);
     }
 
-    scene3d::Pass pass;
+    scene3d::Pass bodyPass, screenPass;
     std::optional<DeviceStage> stage;
     scene3d::Renderer engine;
 };
@@ -55,13 +66,21 @@ public:
 void body(benchmark::State& state) {
     Shoot shoot(state);
     for (auto _ : state)
-        benchmark::DoNotOptimize(shoot.engine.renderLinear(shoot.stage->bodyScene(), shoot.pass));
+        benchmark::DoNotOptimize(shoot.engine.renderLinear(shoot.stage->bodyScene(), shoot.bodyPass));
+}
+
+// The body seen from behind, where all of it is lit.
+void bodyFromBehind(benchmark::State& state) {
+    Shoot shoot(state);
+    shoot.stage->stand({{8, 152, 0}, {}, {}});
+    for (auto _ : state)
+        benchmark::DoNotOptimize(shoot.engine.renderLinear(shoot.stage->bodyScene(), shoot.bodyPass));
 }
 
 void screen(benchmark::State& state) {
     Shoot shoot(state);
     for (auto _ : state)
-        benchmark::DoNotOptimize(shoot.engine.renderEncoded(shoot.stage->screenScene(), shoot.pass));
+        benchmark::DoNotOptimize(shoot.engine.renderEncoded(shoot.stage->screenScene(), shoot.screenPass));
 }
 
 // As `screen`, with a new picture on it every time.
@@ -71,57 +90,59 @@ void screenOfAFilm(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state) {
         shoot.stage->screen().replace(pictures[i++ % 2]);
-        benchmark::DoNotOptimize(shoot.engine.renderEncoded(shoot.stage->screenScene(), shoot.pass));
+        benchmark::DoNotOptimize(shoot.engine.renderEncoded(shoot.stage->screenScene(), shoot.screenPass));
     }
 }
 
 void toneCurve(benchmark::State& state) {
     Shoot shoot(state);
     const auto pool = std::make_shared<imaging::BytePool>(64u << 20);
-    const scene3d::LinearFrame frame = shoot.engine.renderLinear(shoot.stage->bodyScene(), shoot.pass);
+    const scene3d::LinearFrame frame = shoot.engine.renderLinear(shoot.stage->bodyScene(), shoot.bodyPass);
     for (auto _ : state) benchmark::DoNotOptimize(DeviceStudio::applyACES(frame, pool));
 }
 
-// A picture of the whole device at the size of the pass.
-Image photograph(imaging::Size size, imaging::Evaluator& evaluator, bool isFlat) {
+RealityDeviceSceneRenderer::Settings settingsOf(const benchmark::State& state) {
     RealityDeviceSceneRenderer::Settings settings;
     settings.initialScene.tiltDegrees = threeQuarterView;
     settings.initialScene.driftDegrees = 0;
-    settings.output = size;
-    settings.deviceRect = {0, 0, double(size.width), size.height * deviceHeightFraction};
+    settings.output = frameSize;
+    settings.quality = qualityOf(state);
+    settings.deviceRect = {0, 0, double(frameSize.width), frameSize.height * deviceHeightFraction};
     settings.backdrop = Image::solid(imaging::Color::clear());
-    RealityDeviceSceneRenderer renderer(std::move(settings));
-    const Image device = renderer.render(Image::bitmap(screenPicture(0)), 0, {evaluator, {}});
-    return isFlat ? evaluator.drawnForFrame(device, {0, 0, size.width, size.height}) : device;
+    return settings;
 }
 
+// One picture over the other, with the screen brought to its size.
 void compose(benchmark::State& state) {
-    const Shoot shoot(state);
     imaging::Evaluator evaluator;
-    const imaging::PixelRegion all{0, 0, shoot.pass.size.width, shoot.pass.size.height};
-    const Image device = photograph(shoot.pass.size, evaluator, false);
-    for (auto _ : state) benchmark::DoNotOptimize(evaluator.drawnForFrame(device, all));
+    RealityDeviceSceneRenderer renderer(settingsOf(state));
+    const Image device = renderer.render(Image::bitmap(screenPicture(0)), 0, {evaluator, {}});
+    for (auto _ : state) benchmark::DoNotOptimize(evaluator.drawnForFrame(device, wholeFrame));
 }
 
-// To half the size.
-void downsample(benchmark::State& state) {
-    const Shoot shoot(state);
+// All of it, with a new picture on the screen every time.
+void frame(benchmark::State& state) {
     imaging::Evaluator evaluator;
-    const imaging::PixelRegion half{0, 0, shoot.pass.size.width / 2, shoot.pass.size.height / 2};
-    const Image device = photograph(shoot.pass.size, evaluator, true);
-    for (auto _ : state)
-        benchmark::DoNotOptimize(evaluator.drawnForFrame(device.placedInto(half.rect()), half));
+    RealityDeviceSceneRenderer renderer(settingsOf(state));
+    const Image pictures[] = {Image::bitmap(screenPicture(1)), Image::bitmap(screenPicture(2))};
+    std::size_t i = 0;
+    const auto drawn = [&] {
+        return evaluator.drawnForFrame(renderer.render(pictures[i++ % 2], 0, {evaluator, {}}), wholeFrame);
+    };
+    drawn();
+    for (auto _ : state) benchmark::DoNotOptimize(drawn());
 }
 
 void measureBoth(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    benchmark->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 }
 BENCHMARK(body)->Apply(measureBoth);
+BENCHMARK(bodyFromBehind)->Apply(measureBoth);
 BENCHMARK(screen)->Apply(measureBoth);
 BENCHMARK(screenOfAFilm)->Apply(measureBoth);
 BENCHMARK(toneCurve)->Apply(measureBoth);
 BENCHMARK(compose)->Apply(measureBoth);
-BENCHMARK(downsample)->Apply(measureBoth);
+BENCHMARK(frame)->Apply(measureBoth);
 
 }   // namespace
 }   // namespace tavix

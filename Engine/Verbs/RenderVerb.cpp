@@ -8,7 +8,6 @@
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/Export/FrameSequenceEncoder.h"
@@ -116,9 +115,6 @@ void RenderVerb::run(Terminal& terminal) {
     requireRenderable(document);
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);
-    // Stages in a pool draw with a quarter of the pixels, which only the most patient would notice.
-    Composition3DRendererPool stages;
-    if (config.effort != media::EncodingEffort::best) config.rendererPool = &stages;
     RenderNotes notes(terminal);
     if (choice.format == ExportFormat::video) warnOfHaste(static_cast<int>(config.spec.output.fps), notes);
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {

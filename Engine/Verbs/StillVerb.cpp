@@ -9,7 +9,6 @@
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Time/CompositionTimeline.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
 #include <cstdio>
@@ -73,8 +72,6 @@ void StillVerb::run(Terminal& terminal) {
     CompositionRenderer::Config config;
     config.spec = document.spec;
     config.assetRoot = document.assetRoot;
-    Composition3DRendererPool stages;
-    config.rendererPool = &stages;
     RenderNotes notes(terminal);
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         CompositionRenderer::renderStill(config, atSec, unfinished, notes.log());

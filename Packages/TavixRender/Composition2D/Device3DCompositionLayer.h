@@ -5,11 +5,11 @@
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/SequentialClipReader.h"
+#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 
 namespace tavix {
 
@@ -18,19 +18,14 @@ class RealityDeviceSceneRenderer;
 class Device3DCompositionLayer final : public CompositionLayerContentRenderer {
 public:
     // Nothing when there is no model to draw. The stage is that of the build's pool under the key, when there
-    // is one that fits; without a pool the layer has its own, which draws twice as finely.
+    // is one that fits, and draws for a preview; without a pool the layer has its own, which draws fully.
     static std::unique_ptr<Device3DCompositionLayer> make(
-        const DeviceContent& content, const LayerBuild& build, const std::string& poolKey);
-    // How much finer than the canvas a layer is drawn before it is reduced to it.
-    static int renderScaleFor(const imaging::Rect& bounds);
-
+        const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey);
     // Drawn by the main executor alone.
     bool needsMainActorRender() const override { return true; }
     std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
     std::optional<imaging::Image> contentImageOnMain(double localSec) override;
-    void rest() override {
-        if (clip_) clip_->rest();
-    }
+    void rest() override;
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
     void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }
@@ -53,7 +48,6 @@ private:
     imaging::Rect bounds_;   // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
-    int renderScale_;
     double screenAspect_ = 1;                                // width by height
     std::shared_ptr<RealityDeviceSceneRenderer> renderer_;   // shared with the pool
     bool needsApplyScene_ = false;   // it came from the pool and holds another document's values

@@ -9,11 +9,13 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tavix {
 
 class Composition3DRendererPool;
+struct DeviceDarkroom;
 
 struct LayerBuild {
     imaging::Rect bounds;   // of the canvas
@@ -24,6 +26,7 @@ struct LayerBuild {
     const text::FontBook& fonts;                         // of this build alone
     RenderLog log = {};                                  // told while frames are drawn too
     Composition3DRendererPool* rendererPool = nullptr;   // without one each 3D layer has its own stage
+    std::shared_ptr<DeviceDarkroom> darkroom = {};       // that 3D layers share; without one each has its own
 };
 
 // The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.

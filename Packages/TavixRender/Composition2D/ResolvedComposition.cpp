@@ -11,6 +11,7 @@
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
+#include "TavixRender/DeviceScene/DeviceDarkroom.h"
 
 #include <algorithm>
 #include <limits>
@@ -30,8 +31,8 @@ constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
 struct LayerPlace {
     const CompositionSpec& spec;
     double windowSec;
-    std::int64_t presetSeed;   // of a text
-    std::string poolKey;       // of a device in space
+    std::int64_t presetSeed;                  // of a text
+    Composition3DRendererPool::Key poolKey;   // of a device in space
 };
 
 std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(const TextContent& text,
@@ -44,7 +45,7 @@ std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(const TextCont
 }
 
 std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const DeviceContent& device,
-    const CompositionLayer& layer, const LayerBuild& build, const std::string& poolKey) {
+    const CompositionLayer& layer, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
     if (device.scene3D) {
         if (auto inSpace = Device3DCompositionLayer::make(device, build, poolKey)) return inSpace;
         if (build.log)
@@ -110,7 +111,7 @@ ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
     const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
-        images, fonts, told, rendererPool};
+        images, fonts, told, rendererPool, std::make_shared<DeviceDarkroom>()};
     buildBackgrounds(build);
     buildLayers(build);
 }
@@ -135,8 +136,7 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
             const LayerWindow window = windowOf(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j),
-                Composition3DRendererPool::key(i, j, layer.id)};
+            const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
             resolved.push_back({layer, makeRenderer(layer, place, build), window, anchor,
                 {layer.effects, bounds_, vignettedOf(layer)}});
             needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();

@@ -8,13 +8,8 @@
 
 namespace tavix {
 
-std::string Composition3DRendererPool::key(
-    std::size_t scene, std::size_t layer, const std::optional<std::string>& id) {
-    return std::to_string(scene) + "." + id.value_or(std::to_string(layer));
-}
-
 Composition3DRendererPool::Renderer Composition3DRendererPool::checkout(
-    const std::string& key, const Invariants& invariants) {
+    const Key& key, const Invariants& invariants) {
     const std::lock_guard lock(mutex_);
     const auto entry = entries_.find(key);
     if (entry == entries_.end()) return nullptr;
@@ -23,8 +18,7 @@ Composition3DRendererPool::Renderer Composition3DRendererPool::checkout(
     return nullptr;
 }
 
-void Composition3DRendererPool::store(
-    const std::string& key, const Invariants& invariants, Renderer renderer) {
+void Composition3DRendererPool::store(const Key& key, const Invariants& invariants, Renderer renderer) {
     const std::lock_guard lock(mutex_);
     entries_.insert_or_assign(key, Entry{invariants, std::move(renderer)});
 }
@@ -34,8 +28,8 @@ void Composition3DRendererPool::removeAll() {
     entries_.clear();
 }
 
-void Composition3DRendererPool::liveApply(const std::string& key, const DeviceScene3D& scene3D,
-    const std::optional<DevicePlacementSpec>& placement) {
+void Composition3DRendererPool::liveApply(
+    const Key& key, const DeviceScene3D& scene3D, const std::optional<DevicePlacementSpec>& placement) {
     Renderer renderer;
     {
         const std::lock_guard lock(mutex_);

@@ -5,12 +5,12 @@
 #include "TavixCore/Device/DevicePlacement.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
+#include <compare>
 #include <cstddef>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
-#include <string>
 
 namespace tavix {
 
@@ -24,6 +24,12 @@ public:
     // A layer's stage, shared with the layer that draws through it.
     using Renderer = std::shared_ptr<RealityDeviceSceneRenderer>;
 
+    // The place of a layer in its document: the indices of its scene and of the layer within it. An id would
+    // not do, since nothing keeps two layers from having the same one.
+    struct Key {
+        std::size_t scene = 0, layer = 0;
+        auto operator<=>(const Key&) const = default;
+    };
     // All that the building of a stage fixes for good; everything else can be applied to it later.
     struct Invariants {
         double canvasW = 0, canvasH = 0;   // pixels of the pass
@@ -33,17 +39,14 @@ public:
         bool operator==(const Invariants&) const = default;
     };
 
-    // Under which the layer of a scene is kept: its id, or its index in the document.
-    static std::string key(std::size_t scene, std::size_t layer, const std::optional<std::string>& id);
-
     // Nothing when there is none that fits; one that does not fit any more is given up.
-    Renderer checkout(const std::string& key, const Invariants& invariants);
-    void store(const std::string& key, const Invariants& invariants, Renderer renderer);
+    Renderer checkout(const Key& key, const Invariants& invariants);
+    void store(const Key& key, const Invariants& invariants, Renderer renderer);
     void removeAll();
 
     // Shows a change at once, without building anything. Does nothing when the key is not known.
-    void liveApply(const std::string& key, const DeviceScene3D& scene3D,
-        const std::optional<DevicePlacementSpec>& placement);
+    void liveApply(
+        const Key& key, const DeviceScene3D& scene3D, const std::optional<DevicePlacementSpec>& placement);
     // While it is on, screens are not brought up to date at a time that they have been shown at already.
     void setLiveMode(bool isOn);
 
@@ -53,7 +56,7 @@ private:
         Renderer renderer;
     };
     std::mutex mutex_;
-    std::map<std::string, Entry> entries_;
+    std::map<Key, Entry> entries_;
 };
 
 }   // namespace tavix

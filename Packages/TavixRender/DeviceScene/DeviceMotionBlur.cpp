@@ -20,12 +20,12 @@ std::optional<DeviceMotionBlur> motionBlurOf(const BlurredDevice& device, double
     if (!(gain > 0)) return std::nullopt;
     const double beforeSec = std::max(atSec - 1 / std::max(device.fps, 1.0), 0.0);
     const Vector3 now = device.motion.posed(atSec), before = device.motion.posed(beforeSec);
-    double vx = sineOfDegrees(now.y - before.y) * device.deviceRect.width / 2;
-    double vy = sineOfDegrees(now.x - before.x) * device.deviceRect.height / 2;
+    double vx = sineOfDegrees(now.y - before.y) * device.deviceWidth / 2;
+    double vy = sineOfDegrees(now.x - before.x) * device.deviceHeight / 2;
     const auto to = device.motion.placement(atSec), from = device.motion.placement(beforeSec);
     if (to && from) {
-        vx += (to->offset.x - from->offset.x) * device.output.height;
-        vy += (to->offset.y - from->offset.y) * device.output.height;
+        vx += (to->offset.x - from->offset.x) * device.outputHeight;
+        vy += (to->offset.y - from->offset.y) * device.outputHeight;
     }
     const double speedPx = std::sqrt(vx * vx + vy * vy);
     if (!(speedPx > slowestPx)) return std::nullopt;

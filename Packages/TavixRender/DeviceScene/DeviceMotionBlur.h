@@ -1,7 +1,6 @@
 // The smear that a device's motion leaves on a picture.
 #pragma once
 
-#include "TavixPlatform/Imaging/Bitmap.h"
 #include "TavixRender/DeviceScene/DeviceSceneMotion.h"
 
 #include <optional>
@@ -15,8 +14,8 @@ struct DeviceMotionBlur {
 
 struct BlurredDevice {
     const DeviceSceneMotion& motion;
-    imaging::Size output;
-    imaging::Rect deviceRect;   // the frame of the device, in output pixels
+    // In pixels as motion is judged: the height of the output, and the frame of the device on it.
+    double outputHeight, deviceWidth, deviceHeight;
     double fps;
 };
 

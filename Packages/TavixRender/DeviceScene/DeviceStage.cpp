@@ -30,8 +30,15 @@ EntityRef added(Entity& parent, const char* name) {
     return entity;
 }
 
+scene3d::Sides sidesOf(const std::vector<scene3d::Material>& materials) {
+    const auto isOpen = [](const scene3d::Material& material) {
+        return std::visit([](const auto& m) { return m.sides == scene3d::Sides::both; }, material);
+    };
+    return std::ranges::any_of(materials, isOpen) ? scene3d::Sides::both : scene3d::Sides::front;
+}
+
 // One material for all of a mesh.
-void cover(Entity& entity, const scene3d::Unlit& material) {
+void cover(Entity& entity, const scene3d::Material& material) {
     entity.model->materials.assign(std::max<std::size_t>(entity.model->materials.size(), 1), material);
 }
 
@@ -48,6 +55,8 @@ std::optional<DeviceStage> DeviceStage::build(EntityRef model, DeviceFinish fini
     stage.modelCenter_ = bounds.center();
     stage.hangUp();
     stage.screenTexture_ = std::make_shared<scene3d::Texture>();
+    for (const EntityRef& entity : stage.prepared_.screenOccluders)
+        stage.occluders_.push_back({entity, entity->model->materials});
     return stage;
 }
 
@@ -94,7 +103,8 @@ void DeviceStage::stand(const DeviceStance& stance) {
 
 // Dark, the screen takes no time here; its own pass lies over all of it.
 const scene3d::Scene& DeviceStage::bodyScene() {
-    cover(*prepared_.screen, {.name = "dark screen", .tint = {0, 0, 0}});
+    cover(*prepared_.screen, scene3d::Unlit{.name = "dark screen", .tint = {0, 0, 0}, .texture = nullptr});
+    for (const Occluder& occluder : occluders_) occluder.entity->model->materials = occluder.materials;
     showRearCamera(showsItsBack_);
     for (const EntityRef& entity : prepared_.body) entity->isEnabled = true;
     prepared_.screen->isEnabled = true;
@@ -102,8 +112,10 @@ const scene3d::Scene& DeviceStage::bodyScene() {
 }
 
 const scene3d::Scene& DeviceStage::screenScene() {
-    cover(*prepared_.screen, {.name = "screen", .tint = {1, 1, 1}, .texture = screenTexture_});
+    cover(*prepared_.screen, scene3d::Unlit{.name = "screen", .tint = {1, 1, 1}, .texture = screenTexture_});
     showRearCamera(false);
+    for (const Occluder& occluder : occluders_)
+        cover(*occluder.entity, scene3d::Cutout{"bezel", sidesOf(occluder.materials)});
     for (const EntityRef& entity : prepared_.body) entity->isEnabled = false;
     for (const EntityRef& entity : prepared_.screenOccluders) entity->isEnabled = true;
     prepared_.screen->isEnabled = true;

@@ -8,6 +8,7 @@
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 
 #include <optional>
+#include <vector>
 
 namespace tavix {
 
@@ -16,6 +17,7 @@ struct DeviceStance {
     Vector3 poseDegrees;   // pitch, yaw, roll
     std::optional<DeviceSceneMotion::Placement> placement;
     std::optional<double> depth;   // 0.5 is the usual distance, more is nearer
+    bool operator==(const DeviceStance&) const = default;
 };
 
 // Used by one thread at a time.
@@ -30,14 +32,20 @@ public:
     void setUp(const DeviceScene& scene, std::optional<double> heightFraction);
     void stand(const DeviceStance& stance);
 
-    // What the two passes of a frame see. The lit body comes with everything on it; the screen comes with
-    // the bezel in front of it, which cuts it as the body would.
+    // What the two passes of a frame see. The lit body comes with everything on it, and a dark screen; the
+    // screen comes alone, cut by the bezel in front of it as the body would cut it.
     const scene3d::Scene& bodyScene();
     const scene3d::Scene& screenScene();
 
     scene3d::Texture& screen() { return *screenTexture_; }
 
 private:
+    // A mesh in front of the screen, with what it looks like in the body pass.
+    struct Occluder {
+        scene3d::EntityRef entity;
+        std::vector<scene3d::Material> materials;
+    };
+
     DeviceStage() = default;
     void hangUp();
     void showRearCamera(bool isVisible);
@@ -46,6 +54,7 @@ private:
     scene3d::EntityRef rig_, phone_, model_, camera_;
     DeviceStudio::Lights lights_;
     DeviceStudio::PreparedModel prepared_;
+    std::vector<Occluder> occluders_;
     scene3d::TextureRef screenTexture_;
     double modelUnit_ = 1;   // 1 / height of the model as it came
     scene3d::Vec3 modelCenter_;

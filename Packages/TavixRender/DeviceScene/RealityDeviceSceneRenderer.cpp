@@ -23,10 +23,9 @@ using imaging::Image;
 using imaging::PixelRegion;
 using imaging::Rect;
 
-// What two passes of 4320 x 7680 with a device over a quarter of them take.
-constexpr std::size_t mostIdleBytes = 64u << 20;
-
 Rect boundsOf(imaging::Size size) { return {0, 0, double(size.width), double(size.height)}; }
+
+Image clearIn(const Rect& rect) { return Image::solid(imaging::Color::clear()).cropped(rect); }
 
 void tell(const RenderLog& log, const std::string& line) {
     if (log) log(line);
@@ -44,13 +43,25 @@ Image imageOf(scene3d::EncodedFrame frame) {
         {double(frame.region.x0), double(frame.region.y0)});
 }
 
+// Reduced to half its size: the region of the frame alone, with room around it for the filter.
+Image halved(scene3d::EncodedFrame frame, imaging::Size whole) {
+    if (frame.region.isEmpty()) return {};
+    constexpr int roomPx = 8;
+    const auto even = [](int px) { return px - px % 2; };
+    const PixelRegion& r = frame.region;
+    const PixelRegion around = imaging::intersection(PixelRegion{0, 0, whole.width, whole.height},
+        PixelRegion{even(r.x0 - roomPx), even(r.y0 - roomPx), even(r.x1 + roomPx), even(r.y1 + roomPx)});
+    const Rect rect = around.rect();
+    return Image::stacked({clearIn(rect), imageOf(std::move(frame))})
+        .placedInto({rect.x / 2, rect.y / 2, rect.width / 2, rect.height / 2});
+}
+
 }   // namespace
 
 RealityDeviceSceneRenderer::RealityDeviceSceneRenderer(Settings settings)
     : settings_(std::move(settings)), scene_(settings_.initialScene), placement_(settings_.placementSpec),
-      motion_(scene_, placement_, rules()), engine_(settings_.drawing),
-      pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {
-    settings_.renderScale = std::clamp(settings_.renderScale, 1, mostRenderScale);
+      motion_(scene_, placement_, rules()) {
+    if (!settings_.darkroom) settings_.darkroom = std::make_shared<DeviceDarkroom>();
     settings_.motionBlurGain = std::max(settings_.motionBlurGain, 0.0);
     settings_.depthTrack = inOrder(std::move(settings_.depthTrack));
     deriveMotion();
@@ -62,10 +73,11 @@ Image RealityDeviceSceneRenderer::render(const Image& deviceLayer, double output
     if (state_ == State::fresh) build(context);
     if (state_ == State::failed) return backdrop();
     const Image screen = screenImage(transitionWindows_, deviceLayer, motion_, outputSec);
-    stage_->stand(stanceAt(outputSec));
+    const DeviceStance stance = stanceAt(outputSec);
+    stage_->stand(stance);
     updateScreen(screen, outputSec, context);
     try {
-        Image device = photographed();
+        Image device = photographed(stance);
         if (const auto blur = blurAt(outputSec))
             device = device.clampedToExtent().motionBlurred(blur->radiusPx, blur->angleRad);
         return device.over(backdrop()).cropped(boundsOf(settings_.output));
@@ -101,6 +113,7 @@ void RealityDeviceSceneRenderer::setUpStage() {
 void RealityDeviceSceneRenderer::deriveMotion() {
     motion_ = DeviceSceneMotion(scene_, placement_, rules());
     ++sceneVersion_;
+    lastBody_.reset();
     transitionWindows_ =
         transitionWindows(settings_.transitionInputs, motion_, scene_.tiltDegrees.y, settings_.timeRemap);
 }
@@ -127,19 +140,34 @@ void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double output
 }
 
 // Both passes, one over the other. The lit body goes through the tone curve and the screen does not: its
-// pixels are those of its picture. The curve comes before the reduction of larger passes, so that bright
-// edges stay smooth in what is seen and not in the light that nobody sees.
-Image RealityDeviceSceneRenderer::photographed() {
+// pixels are those of its picture.
+Image RealityDeviceSceneRenderer::photographed(const DeviceStance& stance) {
+    const DevicePassPlan plan = devicePassPlan(settings_.output, settings_.quality);
+    return Image::stacked({clearIn(boundsOf(settings_.output)), bodyPass(plan, stance), screenPass(plan)});
+}
+
+struct RealityDeviceSceneRenderer::BodyPicture {
+    DeviceStance stance;
+    Image image;
+};
+
+Image RealityDeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const DeviceStance& stance) {
+    if (lastBody_ && lastBody_->stance == stance) return lastBody_->image;
+    lastBody_.reset();   // its memory serves the next one
+    const scene3d::LinearFrame light =
+        settings_.darkroom->engine.renderLinear(stage_->bodyScene(), {settings_.output, plan.body});
+    const Image image = imageOf(DeviceStudio::applyACES(light, settings_.darkroom->pictures));
+    lastBody_ = std::make_unique<BodyPicture>(BodyPicture{stance, image});
+    return image;
+}
+
+Image RealityDeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
+    const imaging::Size output = settings_.output;
+    const auto detail = plan.screenScale > 1 ? scene3d::TextureDetail::halved : scene3d::TextureDetail::fine;
     const scene3d::Pass pass{
-        {settings_.output.width * settings_.renderScale, settings_.output.height * settings_.renderScale},
-        scene3d::Samples::four};
-    // Of the body pass's screen only the edge is seen.
-    const scene3d::Pass under{pass.size, pass.samples, scene3d::TextureDetail::coarse};
-    const scene3d::LinearFrame body = engine_.renderLinear(stage_->bodyScene(), under);
-    const Image device = Image::stacked({Image::solid(imaging::Color::clear()).cropped(boundsOf(pass.size)),
-        imageOf(DeviceStudio::applyACES(body, pool_)),
-        imageOf(engine_.renderEncoded(stage_->screenScene(), pass))});
-    return settings_.renderScale == 1 ? device : device.placedInto(boundsOf(settings_.output));
+        {output.width * plan.screenScale, output.height * plan.screenScale}, plan.screen, detail};
+    scene3d::EncodedFrame frame = settings_.darkroom->engine.renderEncoded(stage_->screenScene(), pass);
+    return plan.screenScale > 1 ? halved(std::move(frame), pass.size) : imageOf(std::move(frame));
 }
 
 DeviceStance RealityDeviceSceneRenderer::stanceAt(double outputSec) const {
@@ -148,8 +176,12 @@ DeviceStance RealityDeviceSceneRenderer::stanceAt(double outputSec) const {
 }
 
 std::optional<DeviceMotionBlur> RealityDeviceSceneRenderer::blurAt(double outputSec) const {
-    const BlurredDevice moving{motion_, settings_.output, settings_.deviceRect, settings_.fps};
-    return motionBlurOf(moving, settings_.motionBlurGain, outputSec);
+    const double scale = settings_.blurScale;
+    const BlurredDevice moving{motion_, settings_.output.height * scale, settings_.deviceRect.width * scale,
+        settings_.deviceRect.height * scale, settings_.fps};
+    auto blur = motionBlurOf(moving, settings_.motionBlurGain, outputSec);
+    if (blur) blur->radiusPx /= scale;
+    return blur;
 }
 
 imaging::Digest RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
@@ -184,6 +216,15 @@ void RealityDeviceSceneRenderer::applyScene(const DeviceScene& scene,
 void RealityDeviceSceneRenderer::liveUpdateTilt(const Vector3& tiltDegrees) {
     scene_.setBaseTilt(tiltDegrees);
     deriveMotion();
+}
+
+void RealityDeviceSceneRenderer::rest() {
+    if (state_ != State::built) return;
+    state_ = State::fresh;
+    stage_.reset();
+    lastBody_.reset();
+    lastBlitSec_.reset();
+    lastBlit_.reset();
 }
 
 void RealityDeviceSceneRenderer::setLiveMode(bool isOn) {

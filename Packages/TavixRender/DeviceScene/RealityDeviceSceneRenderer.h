@@ -4,8 +4,9 @@
 #include "TavixCore/Device/DeviceKeyframes.h"
 #include "TavixCore/Device/DeviceScene.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
-#include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/DeviceScene/DeviceDarkroom.h"
+#include "TavixRender/DeviceScene/DevicePassPlan.h"
 #include "TavixRender/DeviceScene/DeviceSceneMotion.h"
 #include "TavixRender/DeviceScene/ScreenTransitionWindow.h"
 
@@ -24,12 +25,10 @@ struct DeviceStance;
 // must be called from: in an export the main executor is the thread of the render loop.
 class RealityDeviceSceneRenderer {
 public:
-    static constexpr int mostRenderScale = 3;
-
     struct Settings {
         DeviceScene initialScene;
-        imaging::Size output;       // of the pictures it gives, in pixels
-        int renderScale = 1;        // the passes are that many times larger; counted within 1 to 3
+        imaging::Size output;   // of the pictures it gives, in pixels
+        DeviceQuality quality = DeviceQuality::full;
         imaging::Rect deviceRect;   // the frame of the device, in output pixels
         double fps = 30;
         imaging::Image backdrop;   // what lies behind the device
@@ -37,10 +36,11 @@ public:
         DevicePlacementSpec placementSpec;
         bool parkPoseTurn = false;   // see `DeviceMotionRules`, as for the next but two
         double motionBlurGain = 0;   // at least 0
+        double blurScale = 1;        // pixels of the output are counted as that many when motion is judged
         std::vector<DeviceScalarKeyframe> depthTrack;
         bool smoothPose = false;
         TimeRemap timeRemap;
-        scene3d::RendererOptions drawing = {};
+        std::shared_ptr<DeviceDarkroom> darkroom = {};   // absent: one of its own
     };
     // What a frame is drawn with. Both belong to the caller.
     struct Context {
@@ -65,16 +65,21 @@ public:
         std::optional<double> motionBlur = {},
         const std::optional<std::vector<DeviceScalarKeyframe>>& depthTrack = {});
     void liveUpdateTilt(const Vector3& tiltDegrees);
+    // Gives up the stage and what is on its screen; the next frame sets them up again.
+    void rest();
     void setLiveMode(bool isOn);
 
 private:
     enum class State { fresh, built, failed };
+    struct BodyPicture;
 
     void build(const Context& context);
     void deriveMotion();
     void setUpStage();
     void updateScreen(const imaging::Image& screen, double outputSec, const Context& context);
-    imaging::Image photographed();
+    imaging::Image photographed(const DeviceStance& stance);
+    imaging::Image bodyPass(const DevicePassPlan& plan, const DeviceStance& stance);
+    imaging::Image screenPass(const DevicePassPlan& plan);
     imaging::Image backdrop() const;
     DeviceMotionRules rules() const;
     DeviceStance stanceAt(double outputSec) const;
@@ -88,12 +93,11 @@ private:
     std::uint64_t sceneVersion_ = 0;   // counts what was applied
     State state_ = State::fresh;
     std::unique_ptr<DeviceStage> stage_;
-    scene3d::Renderer engine_;
-    std::shared_ptr<imaging::BytePool> pool_;   // of pictures of the pass, which come and go with frames
     bool liveMode_ = false;
     bool hasToldOfScreen_ = false;              // its failure is told once
     std::optional<double> lastBlitSec_;         // when the screen was last brought up to date
     std::optional<imaging::Digest> lastBlit_;   // and with what
+    std::unique_ptr<BodyPicture> lastBody_;     // a device that stands still keeps it while a film runs on it
 };
 
 }   // namespace tavix

@@ -64,7 +64,7 @@ void render(const Config& config, const RenderLog& log, const Progress& onProgre
     const imaging::Size size = canvasSize(config.spec);
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
-    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log, config.rendererPool);
+    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
     tell(log, headline(config.spec, resolved.timeline().totalSec, count));
     const Run run{resolved, count, log, onProgress, std::move(stop)};
     const int fps = encoderRate(config.spec);
@@ -85,7 +85,7 @@ void renderStill(
     const imaging::Size size = canvasSize(config.spec);
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
-    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log, config.rendererPool);
+    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
     FrameSequenceEncoder::writeStill(resolved.frameOnMain(atSec), size, file, evaluator);
 }
 

@@ -16,8 +16,6 @@
 
 namespace tavix {
 
-class Composition3DRendererPool;
-
 // The render was asked to stop before it was done.
 class RenderStopped : public Failure {
 public:
@@ -35,7 +33,6 @@ struct Config {
     ExportContainer container = ExportContainer::mp4;
     media::EncodingEffort effort = media::EncodingEffort::fast;
     imaging::EvaluatorOptions evaluation = {};
-    Composition3DRendererPool* rendererPool = nullptr;   // of the caller; absent: none is kept
 };
 
 using Progress = std::function<void(double fraction)>;   // 0 to 1

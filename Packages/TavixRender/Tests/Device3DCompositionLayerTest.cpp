@@ -86,13 +86,6 @@ TEST_F(DeviceInSpace, IsLeftOutWhileItsModelIsBrokenOrItsScreenHasNoPicture) {
     EXPECT_EQ(drawn().at(60, 107), blue);
 }
 
-TEST_F(DeviceInSpace, IsDrawnTwiceAsFinelyUpToACanvasOf2048Pixels) {
-    const std::pair<Rect, int> cases[] = {
-        {{0, 0, 2048, 2048}, 2}, {{0, 0, 2049, 1000}, 1}, {{0, 0, 1080, 1920}, 2}, {{0, 0, 100, 3840}, 1}};
-    for (const auto& [bounds, scale] : cases)
-        EXPECT_EQ(Device3DCompositionLayer::renderScaleFor(bounds), scale);
-}
-
 TEST_F(DeviceInSpace, TakesTheStageOfItsPoolAndBringsItUpToDate) {
     Composition3DRendererPool kept;
     pool = &kept;
@@ -105,6 +98,38 @@ TEST_F(DeviceInSpace, TakesTheStageOfItsPoolAndBringsItUpToDate) {
     device.scene3D->tiltDegrees = {};
     device.placement.reset();
     EXPECT_EQ(drawn(), front);
+}
+
+// Two phones side by side that turn apart. Nothing in their names keeps them from sharing a stage.
+TEST_F(DeviceInSpace, ShowsEveryPhoneOfAFilmAsAStillDoesWhateverTheyAreCalled) {
+    const std::pair<std::optional<std::string>, std::optional<std::string>> names[] = {
+        {"hero", "hero"}, {"1", std::nullopt}, {std::nullopt, "0"}, {"", ""}};
+    for (const auto& [left, right] : names) {
+        const auto phone = [&](const std::optional<std::string>& id, double side) {
+            CompositionLayer layer;
+            layer.id = id;
+            DeviceContent content = device;
+            content.placement =
+                DevicePlacementSpec{.track = {{.tSec = 0, .offset = {0.14 * side, 0}, .scale = 0.5}}};
+            content.scene3D->poseTrack = {{0, {0, 20 * side, 0}}, {1, {0, 75 * side, 0}}};
+            layer.content = content;
+            return layer;
+        };
+        const CompositionSpec spec =
+            testing::specOf(canvas, 30, {testing::sceneOf(2, {phone(left, -1), phone(right, 1)})});
+        for (const bool isPooled : {true, false}) {
+            Composition3DRendererPool kept;
+            ResolvedComposition film(spec, folder.path(), evaluator, {}, isPooled ? &kept : nullptr);
+            for (const double sec : {0.0, 0.3, 0.6, 0.9}) {
+                Composition3DRendererPool own;
+                ResolvedComposition alone(spec, folder.path(), evaluator, {}, isPooled ? &own : nullptr);
+                const Picture still(alone.frameOnMain(sec), canvas);
+                EXPECT_EQ(Picture(film.frameOnMain(sec), canvas), still) << sec;
+                EXPECT_GT(still.at(27, 107).r, 100) << sec << " the left one";
+                EXPECT_GT(still.at(93, 107).r, 100) << sec << " the right one";
+            }
+        }
+    }
 }
 
 TEST(CoverCrop, KeepsTheMiddleInTheAspectOfTheScreen) {

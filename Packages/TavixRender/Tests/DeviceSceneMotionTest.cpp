@@ -95,12 +95,10 @@ DeviceScene turningScene(double degrees) {
 }
 
 TEST(DeviceMotionBlur, BeginsPastSixPixelsAndEndsAtThirtyTwo) {
-    const imaging::Size output{1080, 1920};
-    const imaging::Rect rect{100, 100, 880, 1720};
     const auto radiusFor = [&](double speedPx, double gain) {
         const double degrees = std::asin(speedPx / 440) * 180 / pi;
         const DeviceSceneMotion motion(turningScene(degrees), {}, portrait());
-        const auto blur = motionBlurOf({motion, output, rect, 60}, gain, 1);
+        const auto blur = motionBlurOf({motion, 1920, 880, 1720, 60}, gain, 1);
         return blur ? blur->radiusPx : 0;
     };
     const struct {
@@ -118,7 +116,7 @@ TEST(DeviceMotionBlur, SmearsAlongTheWayOnThePicture) {
     for (const auto& c : cases) {
         DevicePlacementSpec placement{{{0, {}, 1, {}, {}}, {1, c.way, 1, {}, {}}}};
         const DeviceSceneMotion motion(restingScene(), placement, portrait());
-        const auto blur = motionBlurOf({motion, {1080, 1920}, {0, 0, 500, 1000}, 60}, 0.35, 0.5);
+        const auto blur = motionBlurOf({motion, 1920, 500, 1000, 60}, 0.35, 0.5);
         ASSERT_TRUE(blur.has_value());
         EXPECT_NEAR(std::remainder(blur->angleRad * 180 / pi - c.angleDegrees, 360), 0, 1e-6);
     }

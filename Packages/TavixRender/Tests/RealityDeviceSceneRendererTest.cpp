@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <random>
+#include <set>
 
 namespace tavix {
 namespace {
@@ -82,11 +83,11 @@ TEST_F(DeviceRenderer, GivesTheSameFramesInAnyOrderOnAnyNumberOfThreads) {
     const std::vector<double> times{0, 0.4, 0.9, 1.3, 2};
     std::vector<Picture> forward;
     Settings settings = movingSettings();
-    settings.drawing.threadCount = 1;
+    settings.darkroom = std::make_shared<DeviceDarkroom>(scene3d::RendererOptions{1});
     RealityDeviceSceneRenderer one(settings);
     for (const double sec : times) forward.push_back(drawn(one, sec, card));
     for (const int threads : {2, 5}) {
-        settings.drawing.threadCount = threads;
+        settings.darkroom = std::make_shared<DeviceDarkroom>(scene3d::RendererOptions{threads});
         RealityDeviceSceneRenderer several(settings);
         for (std::size_t i = times.size(); i-- > 0;)
             EXPECT_EQ(drawn(several, times[i], card), forward[i]) << threads << " threads, " << times[i];
@@ -234,10 +235,26 @@ TEST_F(DeviceRenderer, LiesOverItsBackdrop) {
 TEST_F(DeviceRenderer, DrawsMoreFinelyWithoutMovingAnything) {
     Settings settings = movingSettings();
     settings.motionBlurGain = 0;
+    settings.quality = DeviceQuality::preview;
     const Picture plain = drawn(settings, 0.2);
-    settings.renderScale = 2;
+    settings.quality = DeviceQuality::full;
     const Picture fine = drawn(settings, 0.2);
     EXPECT_LT(plain.countBeyond(fine, 48), size.width * size.height / 25) << "edges alone differ";
+}
+
+// What an edge has of steps between nothing and all. Four samples a pixel give five.
+TEST_F(DeviceRenderer, HasSmoothEdgesOnLargeCanvasesToo) {
+    for (const imaging::Size canvas : {size, imaging::Size{2060, 214}}) {
+        Settings settings = restingSettings();
+        settings.output = canvas;
+        settings.initialScene.tiltDegrees = {10, 35, 8};
+        RealityDeviceSceneRenderer renderer(settings);
+        const Picture picture(renderer.render(card, 0, {evaluator, log}), canvas);
+        std::set<int> coverages;
+        for (int y = 0; y < canvas.height; ++y)
+            for (int x = 0; x < canvas.width; ++x) coverages.insert(picture.at(x, y).a);
+        EXPECT_GE(coverages.size(), 16u) << canvas.width;
+    }
 }
 
 class DeviceModels : public DeviceRenderer {
@@ -286,36 +303,32 @@ TEST(RendererPool, HandsOutOnlyWhatFitsAndGivesUpTheRest) {
     for (const Pool::Invariants& other : others) {
         Pool pool;
         const Pool::Renderer kept = someRenderer();
-        pool.store("0.hero", fitting, kept);
-        EXPECT_EQ(pool.checkout("0.other", fitting), nullptr);
-        EXPECT_EQ(pool.checkout("0.hero", fitting), kept);
-        EXPECT_EQ(pool.checkout("0.hero", fitting), kept) << "it stays";
-        EXPECT_EQ(pool.checkout("0.hero", other), nullptr);
-        EXPECT_EQ(pool.checkout("0.hero", fitting), nullptr) << "it is gone";
+        constexpr Pool::Key place{1, 11}, neighbour{11, 1};
+        pool.store(place, fitting, kept);
+        EXPECT_EQ(pool.checkout(neighbour, fitting), nullptr);
+        EXPECT_EQ(pool.checkout(place, fitting), kept);
+        EXPECT_EQ(pool.checkout(place, fitting), kept) << "it stays";
+        EXPECT_EQ(pool.checkout(place, other), nullptr);
+        EXPECT_EQ(pool.checkout(place, fitting), nullptr) << "it is gone";
     }
-}
-
-TEST(RendererPool, NamesALayerByItsIdOrItsPlace) {
-    EXPECT_EQ(Pool::key(2, 5, "hero"), "2.hero");
-    EXPECT_EQ(Pool::key(0, 3, std::nullopt), "0.3");
 }
 
 TEST(RendererPool, AppliesLiveToTheLayerOfThatKey) {
     Pool pool;
     const Pool::Renderer one = someRenderer(), other = someRenderer();
-    pool.store("0.one", {}, one);
-    pool.store("0.other", {}, other);
+    pool.store({0, 1}, {}, one);
+    pool.store({0, 2}, {}, other);
     const Image card = testing::testCard({60, 130}, 3);
     const auto before = one->frameHash(card, 0), otherBefore = other->frameHash(card, 0);
     DeviceScene3D turned;
     turned.tiltDegrees = {0, 77, 0};
-    pool.liveApply("0.nobody", turned, {});
+    pool.liveApply({2, 0}, turned, {});
     EXPECT_EQ(one->frameHash(card, 0), before);
-    pool.liveApply("0.one", turned, {});
+    pool.liveApply({0, 1}, turned, {});
     EXPECT_NE(one->frameHash(card, 0), before);
     EXPECT_EQ(other->frameHash(card, 0), otherBefore);
     pool.removeAll();
-    EXPECT_EQ(pool.checkout("0.one", {}), nullptr);
+    EXPECT_EQ(pool.checkout({0, 1}, {}), nullptr);
 }
 
 }   // namespace

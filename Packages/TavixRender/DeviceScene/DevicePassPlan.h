@@ -1,0 +1,23 @@
+// How finely the passes of a frame are drawn.
+#pragma once
+
+#include "TavixPlatform/Scene3D/Renderer.h"
+
+namespace tavix {
+
+// `preview` is for a film that is played while it is made.
+enum class DeviceQuality { preview, full };
+
+// The body is drawn at the size of the picture, and lit once in each pixel of a surface. The screen is drawn
+// up to twice as large: its picture is the one thing with detail finer than a pixel.
+struct DevicePassPlan {
+    scene3d::Samples body = scene3d::Samples::sixtyFour;
+    int screenScale = 2;
+    scene3d::Samples screen = scene3d::Samples::sixteen;
+};
+
+// For a picture of that size. One with a side above 2048 pixels has pixels enough, and takes a quarter of the
+// samples that a smaller one does; a preview takes four a pixel.
+DevicePassPlan devicePassPlan(imaging::Size output, DeviceQuality quality);
+
+}   // namespace tavix
