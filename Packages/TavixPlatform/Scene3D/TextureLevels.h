@@ -20,7 +20,7 @@ struct SceneKernels;
 struct TextureLevels {
     static constexpr int mostLevels = 16;
     imaging::BitmapRef bitmap;   // until the levels are made
-    int count = 0;   // with level 0; 0 without a picture
+    int count = 0;               // with level 0; 0 without a picture
     // By level.
     std::int32_t firstTexel[mostLevels] = {}, width[mostLevels] = {}, height[mostLevels] = {};
     static constexpr int rootBits = 10, mostRoot = (1 << rootBits) - 1;
