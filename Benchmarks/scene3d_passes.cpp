@@ -88,8 +88,8 @@ struct Stages {
             if (const auto* lit = std::get_if<PhysicallyBased>(material))
                 surfaces.emplace_back(surfaceOf(*lit));
             else
-                surfaces.emplace_back(TexturedSurface{
-                    &subject().device.texture->levels(), {1, 1, 1}, geometry.texcoordsOfGroups(), {1, 1, 1.41421356f}});
+                surfaces.emplace_back(TexturedSurface{&subject().device.texture->levels(), {1, 1, 1},
+                    geometry.texcoordsOfGroups(), {1, 1, 1.41421356f}});
         }
     }
     imaging::Workshop workshop{{.threadCount = 1, .cacheBytes = 0}};
