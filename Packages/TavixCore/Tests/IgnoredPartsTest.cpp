@@ -48,6 +48,8 @@ TEST(IgnoredParts, AreNamedWithTheirPathAndWhatWasMeant) {
         {layered(R"({"kind": "shape", "effects": [{"kind": "glitter", "amount": 3}]})"), ""},
         {layered(R"({"kind": "shape", "effects": [{"kind": "blur", "radius": 3}]})"),
             "key scenes[0].layers[0].effects[0].radius near ''"},
+        // A limit that reading leaves alone is the linter's.
+        {layered(R"({"kind": "shape", "effects": [{"kind": "blur", "radiusFraction": 3}]})"), ""},
         {layered(R"({"kind": "text", "text": {"fontWeight": "bolt"}})"),
             "word scenes[0].layers[0].text.fontWeight 'bolt' read as 'regular' near 'bold'"},
         {layered(R"({"kind": "text", "text": {"kinetic": {"preset": "rise", "speed": "fast"}}})"),
