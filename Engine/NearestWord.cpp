@@ -1,5 +1,7 @@
 #include "Engine/NearestWord.h"
 
+#include "TavixCore/Support/TextTrimming.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <vector>
@@ -8,8 +10,6 @@ namespace tavix::engine {
 
 namespace {
 
-char lower(char letter) { return letter >= 'A' && letter <= 'Z' ? char(letter - 'A' + 'a') : letter; }
-
 // Letters added, dropped or replaced, and neighbours swapped (optimal string alignment).
 std::size_t slips(std::string_view a, std::string_view b) {
     std::vector<std::size_t> before(b.size() + 1), previous(b.size() + 1), current(b.size() + 1);
@@ -17,10 +17,9 @@ std::size_t slips(std::string_view a, std::string_view b) {
     for (std::size_t i = 1; i <= a.size(); ++i) {
         current[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const bool same = lower(a[i - 1]) == lower(b[j - 1]);
+            const bool same = a[i - 1] == b[j - 1];
             current[j] = std::min({previous[j] + 1, current[j - 1] + 1, previous[j - 1] + (same ? 0 : 1)});
-            const bool swapped =
-                i > 1 && j > 1 && lower(a[i - 1]) == lower(b[j - 2]) && lower(a[i - 2]) == lower(b[j - 1]);
+            const bool swapped = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
             if (swapped) current[j] = std::min(current[j], before[j - 2] + 1);
         }
         before.swap(previous);
@@ -32,11 +31,13 @@ std::size_t slips(std::string_view a, std::string_view b) {
 }   // namespace
 
 std::string_view nearestWord(std::string_view word, std::span<const std::string_view> known) {
+    const std::string typed = lowered(word);
     std::string_view nearest;
     std::size_t fewest = 1 + std::max<std::size_t>(word.size() / 3, 1);   // more is another word
     for (const std::string_view candidate : known) {
-        const bool begins = word.size() >= 2 && equalIgnoringCase(candidate.substr(0, word.size()), word);
-        const std::size_t count = begins ? 1 : slips(word, candidate);
+        const std::string name = lowered(candidate);
+        const bool begins = typed.size() >= 2 && name.starts_with(typed);
+        const std::size_t count = begins ? 1 : slips(typed, name);
         if (count < fewest) nearest = candidate, fewest = count;
     }
     return nearest;
@@ -54,9 +55,6 @@ std::string listed(std::span<const std::string_view> words) {
     return text;
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(
-        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
-}
+bool equalIgnoringCase(std::string_view a, std::string_view b) { return lowered(a) == lowered(b); }
 
 }   // namespace tavix::engine

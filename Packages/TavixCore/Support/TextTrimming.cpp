@@ -1,20 +1,33 @@
 #include "TavixCore/Support/TextTrimming.h"
 
-#include <algorithm>
+#include "TavixCore/Support/Utf8.h"
 
 namespace tavix {
 
 std::string_view trimmed(std::string_view text) {
-    static constexpr std::string_view space = " \t\n\v\f\r";
-    const std::size_t first = text.find_first_not_of(space);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(space) - first + 1);
+    std::size_t begin = text.size(), end = 0;   // of what is not white
+    for (std::size_t at = 0; at < text.size();) {
+        const utf8::CodePoint point = utf8::codePointAt(text, at);
+        if (!utf8::isWhiteSpace(point.value)) {
+            if (end == 0) begin = at;
+            end = at + point.lengthBytes;
+        }
+        at += point.lengthBytes;
+    }
+    return begin < end ? text.substr(begin, end - begin) : std::string_view();
 }
 
 std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-        [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const utf8::CodePoint point = utf8::codePointAt(text, at);
+        if (point.isValid)
+            utf8::append(result, utf8::lowerCase(point.value));
+        else
+            result += text[at];
+        at += point.lengthBytes;
+    }
     return result;
 }
 

@@ -6,9 +6,9 @@
 
 namespace tavix {
 
-// Without spaces, tabs and line ends at both ends.
+// Without what is white space to Unicode at both ends.
 std::string_view trimmed(std::string_view text);
-// With the letters A to Z in lower case; all else as it is.
+// In lower case, code point by code point; a byte that is no UTF-8 stays as it is.
 std::string lowered(std::string_view text);
 
 }   // namespace tavix

@@ -1,5 +1,7 @@
 #include "TavixCore/Support/Utf8.h"
 
+#include <utf8proc.h>
+
 namespace tavix::utf8 {
 
 std::size_t lengthAt(std::string_view text, std::size_t at) {
@@ -38,6 +40,30 @@ void append(std::string& text, char32_t codePoint) {
         put(0x80 | ((codePoint >> 6) & 0x3F));
     }
     put(0x80 | (codePoint & 0x3F));
+}
+
+CodePoint codePointAt(std::string_view text, std::size_t at) {
+    const std::size_t length = lengthAt(text, at);
+    if (length == 0) return {};
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[at + i]); };
+    char32_t value = length == 1 ? byte(0) : byte(0) & (0x7Fu >> length);
+    for (std::size_t i = 1; i < length; ++i) value = (value << 6) | (byte(i) & 0x3Fu);
+    return {value, length, true};
+}
+
+bool isWhiteSpace(char32_t codePoint) {
+    if ((codePoint >= 0x09 && codePoint <= 0x0D) || codePoint == 0x85)
+        return true;   // white by property, controls by category
+    switch (utf8proc_category(static_cast<utf8proc_int32_t>(codePoint))) {
+    case UTF8PROC_CATEGORY_ZS:
+    case UTF8PROC_CATEGORY_ZL:
+    case UTF8PROC_CATEGORY_ZP: return true;
+    default: return false;
+    }
+}
+
+char32_t lowerCase(char32_t codePoint) {
+    return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(codePoint)));
 }
 
 }   // namespace tavix::utf8

@@ -14,4 +14,14 @@ inline constexpr std::string_view replacement = "\xEF\xBF\xBD";   // U+FFFD
 std::size_t lengthAt(std::string_view text, std::size_t at);
 void append(std::string& text, char32_t codePoint);
 
+struct CodePoint {
+    char32_t value = 0xFFFD;
+    std::size_t lengthBytes = 1;
+    bool isValid = false;   // a byte that begins no character stands for itself
+};
+CodePoint codePointAt(std::string_view text, std::size_t at);
+
+bool isWhiteSpace(char32_t codePoint);   // has the Unicode property White_Space
+char32_t lowerCase(char32_t codePoint);
+
 }   // namespace tavix::utf8

@@ -1,5 +1,6 @@
 #include "TavixCore/Typography/WordMatch.h"
 
+#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ std::string normalize(std::string_view word) {
     auto last = characters.end() - 1;
     while (!KineticMath::isLetterOrNumber(*last)) --last;
     const char* begin = first->data();
-    return KineticMath::lowercased({begin, std::size_t(last->data() + last->size() - begin)});
+    return lowered({begin, std::size_t(last->data() + last->size() - begin)});
 }
 
 Result indices(std::span<const std::string> phrases, std::string_view text) {

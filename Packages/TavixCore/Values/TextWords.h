@@ -19,8 +19,6 @@ bool isWhitespace(std::string_view character);
 bool isLineBreak(std::string_view character);
 // Whether its first code point is of the general categories L (letters) or N (numbers).
 bool isLetterOrNumber(std::string_view character);
-// In lower case, code point by code point.
-std::string lowercased(std::string_view text);
 
 // Positions in characters, half open.
 struct CharacterRange {
