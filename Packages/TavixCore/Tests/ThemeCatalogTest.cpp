@@ -93,8 +93,8 @@ TEST(FontCatalog, PutsTheFontsOfABrandFirst) {
     BrandKit brand;
     brand.primaryFontName = "Menlo-Regular";
     brand.primaryFontPath = "app/Menlo.ttf";
-    brand.fonts = {
-        {"Menlo-Regular", "app/Menlo.ttf"}, {"Lantern-Bold", "app/Lantern.otf"}, {"", "app/x.ttf"}};
+    brand.fonts = {{"Lantern-Bold", "app/Lantern.otf"}, {"", "app/x.ttf"}, {"app", "app/other.ttf"},
+        {"Lantern-Bold", "app/twice.otf"}};
     const FontOption app{"app", "App Font (Menlo-Regular)", "Menlo-Regular", "app/Menlo.ttf"};
     EXPECT_EQ(FontCatalog::resolve(" App ", &brand), app);
     EXPECT_EQ(FontCatalog::option("Menlo-Regular", "elsewhere.ttf", &brand), app);

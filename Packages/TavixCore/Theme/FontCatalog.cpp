@@ -75,7 +75,7 @@ std::vector<FontOption> brandFonts(const BrandKit* brand) {
     if (!brand) return options;
     if (const auto main = appFont(brand)) options.push_back(*main);
     for (const BrandKit::BrandFont& font : brand->fonts)
-        if (!font.name.empty() && !find(options, &FontOption::postScriptName, font.name))
+        if (!font.name.empty() && !find(options, &FontOption::id, font.name))
             options.push_back(ofBrand(font.name, font.name, font.path));
     return options;
 }
