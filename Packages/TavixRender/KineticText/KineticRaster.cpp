@@ -81,7 +81,7 @@ std::optional<Raster> drawn(const Request& request, imaging::Evaluator& evaluato
     raster.baked = raster.glyph;
     if (request.shadow) {
         raster.shadow =
-            deriveShadow(bitmap, corner, *request.shadow, request.canvasHeight, request.scale, evaluator);
+            deriveShadow(bitmap, corner, *request.shadow, request.canvasHeight, magnification, evaluator);
         const Image both = raster.glyph.over(*raster.shadow);
         raster.baked = evaluator.baked(both, imaging::pixelsCovering(both.extent()));
     }
