@@ -20,20 +20,18 @@ bool isFile(const fs::path& path) {
     return fs::is_regular_file(path, ignored);
 }
 
-bool isWithin(const fs::path& path, const fs::path& folder) {
-    const fs::path relative = path.lexically_relative(folder);
-    return !relative.empty() && *relative.begin() != "..";
-}
-
 std::string relativeTo(const std::string& name) {
     return std::string(CompositionProjectBundle::assetsDirName) + "/" + name;
 }
 
 }   // namespace
 
-AssetPacker::AssetPacker(const std::optional<Path>& assetRoot, Path staging, FileOperations& files)
+AssetPacker::AssetPacker(
+    const std::optional<Path>& assetRoot, Path staging, FileOperations& files, Names kept)
     : root_(standardized(assetRoot.value_or(fs::current_path()))), staging_(std::move(staging)),
-      files_(files) {}
+      files_(files), kept_(std::move(kept)) {
+    for (const auto& [file, name] : kept_) names_.insert(name);
+}
 
 AssetPacker::Path AssetPacker::resolved(const std::string& path) const {
     return standardized(root_ / path);   // an absolute one stands alone
@@ -61,16 +59,8 @@ std::string AssetPacker::rebasedClip(const std::string& path) {
     return copied;
 }
 
-// A path names what lies under the asset root, or else under the file's own folder.
-AssetPacker::Path AssetPacker::named(const Path& source) const {
-    const Path folder = isWithin(source, root_) ? root_ : source.parent_path();
-    Path file = fs::canonical(source);
-    if (isWithin(file, fs::canonical(folder))) return file;
-    throw Failure("\"" + source.string() + "\" is a symbolic link out of \"" + folder.string() + "\", to \"" +
-                  file.string() + "\", and is not packed; refer to that file itself.");
-}
-
 std::string AssetPacker::freeName(const Path& source) const {
+    if (const auto kept = kept_.find(source); kept != kept_.end()) return kept->second;
     std::string name = source.filename().string();
     for (int n = 2; names_.contains(name); ++n)
         name = source.stem().string() + "-" + std::to_string(n) + source.extension().string();
@@ -79,7 +69,7 @@ std::string AssetPacker::freeName(const Path& source) const {
 
 void AssetPacker::stage(const Path& source, const std::string& name) {
     const Path copy = staging_ / name;
-    files_.copy(named(source), copy);
+    files_.copy(fs::canonical(source), copy);
     files_.sync(copy);
     names_.insert(name);
 }

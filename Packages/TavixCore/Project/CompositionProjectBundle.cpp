@@ -8,7 +8,9 @@
 #include "TavixCore/Project/FileOperations.h"
 #include "TavixCore/Support/Document.h"
 
+#include <algorithm>
 #include <system_error>
+#include <utility>
 
 namespace tavix::CompositionProjectBundle {
 
@@ -38,6 +40,15 @@ bool isSameFolder(const fs::path& one, const fs::path& other) {
     return fs::equivalent(one, other, ignored);
 }
 
+// The files among them that lie in the bundle already, as other documents may name them too, by the names
+// that they have there. One in a folder of its own cannot be kept: packed assets lie flat.
+AssetPacker::Names ownFiles(const AssetPacker::Names& packed, const fs::path& bundle) {
+    AssetPacker::Names own;
+    for (const auto& [source, name] : packed)
+        if (source.parent_path() == assetsFolder(bundle)) own[source] = source.filename().string();
+    return own;
+}
+
 // A bundle's own assets may be packed anew. Those that another document refers to would be gone for it,
 // unless they keep their names.
 void requireKept(
@@ -49,8 +60,13 @@ void requireKept(
         const bool isOutside = relative.empty() || *relative.begin() == "..";
         if (!isOutside && source != bundle / packed)
             throw Failure("\"" + source.string() + "\" is used by this document, and packing it into \"" +
-                          bundle.string() + "\" would overwrite it; pack into another bundle.");
+                          bundle.string() + "\" would move it; pack into another bundle.");
     }
+}
+
+void empty(const fs::path& staging, FileOperations& files) {
+    files.remove(staging);
+    files.makeFolder(staging);
 }
 
 }   // namespace
@@ -92,12 +108,18 @@ fs::path write(const CompositionSpec& spec, const std::optional<fs::path>& asset
     requireHeld(lock, bundle);
     BundleReplacement::repair(bundle, files);
     const fs::path staging = bundle / BundleReplacement::stagingDirName;
-    files.remove(staging);
-    files.makeFolder(staging);
-    AssetPacker packer(assetRoot, staging, files);
+    empty(staging, files);
+    std::optional<AssetPacker> packer(std::in_place, assetRoot, staging, files);
     CompositionSpec packed = spec;
-    packReferences(packed, packer);
-    requireKept(packer, assetRoot, bundle);
+    packReferences(packed, *packer);
+    if (const AssetPacker::Names own = ownFiles(packer->all(), bundle); std::ranges::any_of(
+            own, [&](const auto& file) { return bundle / packer->all().at(file.first) != file.first; })) {
+        empty(staging, files);
+        packer.emplace(assetRoot, staging, files, own);
+        packed = spec;
+        packReferences(packed, *packer);
+    }
+    requireKept(*packer, assetRoot, bundle);
     packed.assetRoot.reset();
     files.sync(staging);
     BundleReplacement::replaceAll(encodedJson(packed), bundle, files);

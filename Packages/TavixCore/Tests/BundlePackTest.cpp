@@ -147,22 +147,28 @@ TEST_F(BundlePack, AMissingFileChangesNothing) {
     EXPECT_THAT(namesIn("out.tavixcomp"), ElementsAre("assets", "composition.json"));
 }
 
-TEST_F(BundlePack, FollowsNoLinkOutOfWhatTheDocumentNames) {
-    make({"in/real.png", "secret/key", "secret/sub/key", "in/clip.mov"});
+TEST_F(BundlePack, FollowsLinksAndPacksTheFilesThemselves) {
+    make({"in/real.png", "shared/logo.png", "shared/sub/deep.png", "in/clip.mov", "shared/marks.json"});
     fs::create_symlink("real.png", at("in/link.png"));
-    fs::create_symlink(at("secret/key"), at("in/out.png"));
-    fs::create_directory_symlink(at("secret"), at("in/folder"));
-    fs::create_symlink(at("secret/key"), at("in/clip.timeline.json"));
-    fs::create_directory_symlink(at("in"), at("alias"));
-    const auto write = [&](const CompositionLayer& layer, const char* root) {
-        return failureOf([&] { CompositionProjectBundle::write(specOf({layer}), at(root), at("out")); });
-    };
-    for (const CompositionLayer& layer :
-        {picture("link.png"), picture(at("in/link.png")), picture("../secret/key")})
-        for (const char* root : {"in", "alias"}) EXPECT_EQ(write(layer, root), "nothing failed");
-    for (const CompositionLayer& layer : {picture("out.png"), picture(at("in/out.png")),
-             picture("folder/key"), picture(at("in/folder/sub/key")), recording("clip.mov")})
-        EXPECT_THAT(write(layer, "in"), HasSubstr("is a symbolic link out of"));
+    fs::create_symlink(at("shared/logo.png"), at("in/out.png"));
+    fs::create_directory_symlink(at("shared"), at("in/folder"));
+    fs::create_symlink(at("shared/marks.json"), at("in/clip.timeline.json"));
+    fs::create_symlink(at("nowhere.png"), at("in/broken.png"));
+    CompositionProjectBundle::write(specOf({picture("link.png"), picture("out.png"),
+                                        picture("folder/sub/deep.png"), recording("clip.mov")}),
+        at("in"), at("out"));
+    const struct {
+        const char *name, *content;
+    } files[] = {{"link.png", "in/real.png"}, {"out.png", "shared/logo.png"},
+        {"deep.png", "shared/sub/deep.png"}, {"clip.timeline.json", "shared/marks.json"}};
+    for (const auto& file : files) {
+        EXPECT_EQ(packed(file.name), file.content);
+        EXPECT_FALSE(fs::is_symlink(at("out.tavixcomp/assets") / file.name)) << "a bundle goes elsewhere";
+    }
+    EXPECT_THAT(failureOf([&] {
+        CompositionProjectBundle::write(specOf({picture("broken.png")}), at("in"), at("out"));
+    }),
+        HasSubstr("Missing asset \"broken.png\""));
 }
 
 TEST_F(BundlePack, WritesThroughNoLinkInTheBundle) {
@@ -176,14 +182,27 @@ TEST_F(BundlePack, WritesThroughNoLinkInTheBundle) {
     EXPECT_THAT(namesIn("out.tavixcomp"), ElementsAre("assets", "composition.json", "x"));
 }
 
-TEST_F(BundlePack, OverwritesNoFileOfAnotherDocument) {
-    make({"y/a.png", "out.tavixcomp/assets/a.png"});
-    const std::string message = failureOf([&] {
-        pack(specOf({picture("y/a.png"), picture("out.tavixcomp/assets/a.png")}));
-    });
-    EXPECT_THAT(message, HasSubstr("would overwrite it"));
-    EXPECT_EQ(packed("a.png"), "out.tavixcomp/assets/a.png");
-    EXPECT_EQ(picturePath(pack(specOf({picture("out.tavixcomp/assets/a.png")})), 0), "assets/a.png");
+// The document outside goes on finding what it names in the bundle.
+TEST_F(BundlePack, KeepsTheFilesThatTheBundleHasAlready) {
+    make({"y/a.png", "out.tavixcomp/assets/a.png", "out.tavixcomp/assets/a-2.png"});
+    const CompositionSpec loose = specOf(
+        {picture("y/a.png"), picture("out.tavixcomp/assets/a.png"), picture("out.tavixcomp/assets/a-2.png")});
+    for (int again = 0; again < 2; ++again) {
+        const CompositionSpec out = pack(loose);
+        EXPECT_EQ(picturePath(out, 0), "assets/a-3.png");
+        EXPECT_EQ(picturePath(out, 1), "assets/a.png");
+        EXPECT_EQ(picturePath(out, 2), "assets/a-2.png");
+        EXPECT_EQ(packed("a.png"), "out.tavixcomp/assets/a.png");
+        EXPECT_EQ(packed("a-2.png"), "out.tavixcomp/assets/a-2.png");
+        EXPECT_EQ(packed("a-3.png"), "y/a.png");
+    }
+}
+
+TEST_F(BundlePack, MovesNoFileOfAnotherDocument) {
+    make({"out.tavixcomp/assets/deep/a.png"});
+    EXPECT_THAT(failureOf([&] { pack(specOf({picture("out.tavixcomp/assets/deep/a.png")})); }),
+        HasSubstr("would move it"));
+    EXPECT_EQ(packed("deep/a.png"), "out.tavixcomp/assets/deep/a.png");
 }
 
 TEST_F(BundlePack, WaitsForNoOtherWriter) {
