@@ -10,6 +10,7 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/FrameClock.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -80,7 +81,7 @@ public:
     void print() const {
         const auto perFrame = [&](double seconds) { return seconds * 1000 / double(frames_); };
         std::printf("| %-13s | %4d x %-4d %2d | %6.2f | %6.2f | %6.2f | %6.2f | %7.2f | %7.2f | %5.2f |\n",
-            document_.name.data(), size_.width, size_.height, int(document_.spec.output.fps),
+            document_.name.data(), size_.width, size_.height, int(double(document_.spec.output.fps)),
             perFrame(render_.wallSec), perFrame(render_.cpuSec), perFrame(encode_.wallSec),
             perFrame(encode_.cpuSec), perFrame(compose_.wallSec), perFrame(compose_.cpuSec),
             render_.wallSec / encode_.wallSec);
@@ -89,7 +90,7 @@ public:
 
 private:
     imaging::Image frame(std::size_t i) {
-        return resolved_.frame(double(i) / double(document_.spec.output.fps));
+        return resolved_.frame(document_.spec.output.fps.secAt(std::int64_t(i)));
     }
 
     // As an export does it, into planes that come back every third frame.
@@ -105,16 +106,18 @@ private:
 
     void encode() {
         const auto& output = document_.spec.output;
+        const FrameClock clock = FrameClock::of(output.fps);
         const double bitsPerSec =
             0.5 * size_.width * size_.height * double(output.fps);   // as an export sets it
         media::MovieWriter writer({.path = movie_,
             .sizePx = size_,
-            .framesPerSec = int(output.fps),
-            .bitsPerSec = std::int64_t(bitsPerSec)});
+            .bitsPerSec = std::int64_t(bitsPerSec),
+            .timescale = clock.timescale,
+            .frameDuration = clock.frameDuration});
         for (std::size_t i = 0; i < frames_; ++i) {
             media::MovieWriter::Slot& slot = writer.acquire();
             copyPlanes(slot.planes, store_.at(i));
-            writer.submit(slot, std::int64_t(i) * (600 / output.fps));
+            writer.submit(slot, clock.timeOf(std::int64_t(i)));
         }
         writer.finish();
     }

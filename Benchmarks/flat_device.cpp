@@ -37,12 +37,11 @@ private:
         fs::create_directories(folder_);
         imaging::Evaluator evaluator;
         imaging::FrameSurface surface(evaluator, clipSize);
-        media::MovieWriter writer(
-            {.path = clip(), .sizePx = clipSize, .framesPerSec = framesPerSec, .bitsPerSec = 4'000'000});
+        media::MovieWriter writer({.path = clip(), .sizePx = clipSize, .bitsPerSec = 4'000'000});
         for (int i = 0; i < frameCount; ++i) {
             auto& slot = writer.acquire();
             surface.update(pictureAt(i), {slot.planes, slot.stamp});
-            writer.submit(slot, i * 600 / framesPerSec);
+            writer.submit(slot, i * media::MovieSettings{}.frameDuration);
         }
         writer.finish();
         media::writePng(still(), surface.pixels());

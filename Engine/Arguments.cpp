@@ -86,6 +86,11 @@ void Arguments::wholeNumber(std::string_view names, std::optional<int>& into, in
     impl_->add(names, meaning, take)->type_name(std::string(placeholder));
 }
 
+void Arguments::value(std::string_view names, std::string_view placeholder,
+    std::function<void(const std::string& text)> take, std::string_view meaning) {
+    impl_->add(names, meaning, std::move(take))->type_name(std::string(placeholder));
+}
+
 void Arguments::flag(std::string_view names, bool& into, std::string_view meaning) {
     impl_->app.add_flag(std::string(names), into, std::string(meaning));
 }

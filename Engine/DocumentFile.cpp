@@ -36,14 +36,19 @@ fs::path assetRootOf(const CompositionSpec& spec, const fs::path& file) {
     return spec.assetRoot ? folder / *spec.assetRoot : folder;   // an absolute one stands alone
 }
 
-std::string counted(std::int64_t value, const char* what) { return std::to_string(value) + what; }
-
-void requireWithin(const DocumentFile& document, const char* path, std::int64_t value, int least, int most,
-    const char* unit) {
-    if (value >= least && value <= most) return;
+void requireSide(const DocumentFile& document, const char* path, std::int64_t sidePx) {
+    if (sidePx >= minSidePx && sidePx <= maxSidePx) return;
     throw DocumentError(document.shownPath, path,
-        counted(value, unit) + " cannot be rendered; use " + std::to_string(least) + " to " +
-            counted(most, unit) + ".");
+        std::to_string(sidePx) + " pixels cannot be rendered; use " + std::to_string(minSidePx) + " to " +
+            std::to_string(maxSidePx) + " pixels.");
+}
+
+void requireFps(const DocumentFile& document) {
+    const FrameRate& fps = document.spec.output.fps;
+    if (!(fps < minFps) && !(FrameRate(maxFps) < fps)) return;
+    throw DocumentError(document.shownPath, "output.fps",
+        fps.shown() + " frames a second cannot be rendered; use " + std::to_string(minFps) + " to " +
+            std::to_string(maxFps) + " frames a second.");
 }
 
 }   // namespace
@@ -65,9 +70,9 @@ DocumentFile openDocument(const std::string& given) {
 
 void requireRenderable(const DocumentFile& document) {
     const CompositionOutput& output = document.spec.output;
-    requireWithin(document, "output.widthPx", output.widthPx, minSidePx, maxSidePx, " pixels");
-    requireWithin(document, "output.heightPx", output.heightPx, minSidePx, maxSidePx, " pixels");
-    requireWithin(document, "output.fps", output.fps, minFps, maxFps, " frames a second");
+    requireSide(document, "output.widthPx", output.widthPx);
+    requireSide(document, "output.heightPx", output.heightPx);
+    requireFps(document);
     if (!(CompositionTimeline(document.spec).totalSec <= maxHours * 3600))
         throw DocumentError(document.shownPath, "scenes",
             "The film would be longer than " + std::to_string(int(maxHours)) +

@@ -53,6 +53,27 @@ TEST_F(EngineTest, WritesEveryKindOfFilm) {
     }
 }
 
+// As the film says it, however the rate was written.
+TEST_F(EngineTest, RatesOfTelevisionAreWhatTheyAreCalled) {
+    const struct {
+        const char *asked, *rate;
+    } cases[] = {{"23.976", "24000/1001"}, {"29.97", "30000/1001"}, {"30000/1001", "30000/1001"},
+        {"60000/1001", "60000/1001"}, {"7", "7/1"}, {"12.5", "25/2"}, {"240", "240/1"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.asked);
+        const Json made = json({"render", "tiny.json", "-o", "a.mp4", "--fps", c.asked, "--json"});
+        const Outcome probe =
+            runIn(folder(), {"ffprobe", "-v", "error", "-select_streams", "v:0", "-show_entries",
+                                "stream=avg_frame_rate", "-of", "csv=p=0", "a.mp4"});
+        EXPECT_EQ(probe.out, std::string(c.rate) + "\n");
+        EXPECT_NEAR(*made.find("seconds")->doubleValue(), 1, 0.08);
+    }
+    write("tv.json",
+        R"({"output": {"widthPx": 64, "heightPx": 64, "fps": "24000/1001"}, "scenes": [{"durationSec": 1}]})");
+    EXPECT_EQ(*json({"render", "tv.json", "--json"}).find("fps"), Json("24000/1001"));
+    EXPECT_THAT(tavix({"render", "tv.json"}).out, StartsWith("• 64×64 @ 23.976fps — "));
+}
+
 TEST_F(EngineTest, LogsTheRenderForAPersonOnly) {
     EXPECT_EQ(tavix({"render", "tiny.json"}).out,
         "• 64×96 @ 10fps — 1 scenes, 1.0s (10 frames)\n  …0%\n✓ Wrote tiny.mp4\n");

@@ -7,12 +7,11 @@
 #include "Engine/Interruption.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
-#include "TavixRender/Export/FrameSequenceEncoder.h"
 
-#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -26,25 +25,22 @@ template <NamedEnum E> std::vector<std::pair<std::string_view, E>> wordsOf() {
     return words;
 }
 
-std::string fast(int percent) { return std::to_string(percent) + "% fast"; }
-
-void warnOfHaste(int fps, RenderNotes& notes) {
-    const double stampedFps =
-        double(FrameSequenceEncoder::timescale) / (FrameSequenceEncoder::timescale / fps);
-    const int percent = static_cast<int>(std::lround((stampedFps / fps - 1) * 100));
-    if (percent >= 1)
-        notes.warn(
-            "At " + std::to_string(fps) + " frames a second the film runs " + fast(percent) +
-            ", because frames stand at whole 1/600 seconds; 24, 25, 30, 50, 60, 100 and 120 are exact.");
+// A rate that can be rendered.
+FrameRate rateNamed(const std::string& text) {
+    const std::optional<FrameRate> rate = FrameRate::parsed(text);
+    if (!rate || *rate < minFps || FrameRate(maxFps) < *rate)
+        throw UsageError("--fps takes frames a second from " + std::to_string(minFps) + " to " +
+                         std::to_string(maxFps) + ", as in 30, 29.97 or 30000/1001, not \"" + text + "\".");
+    return *rate;
 }
 
 Json resultOf(const CompositionRenderer::Config& config, const std::filesystem::path& target,
     const RenderNotes& notes) {
     const CompositionOutput& output = config.spec.output;
     const std::int64_t frames = CompositionRenderer::frameCount(config.spec);
-    return JsonObject{{"output", target.string()}, {"frames", frames},
-        {"seconds", double(frames) / double(output.fps)}, {"widthPx", output.widthPx},
-        {"heightPx", output.heightPx}, {"fps", output.fps}, {"sizeBytes", fileSize(target)},
+    return JsonObject{{"output", target.string()}, {"frames", frames}, {"seconds", output.fps.secAt(frames)},
+        {"widthPx", output.widthPx}, {"heightPx", output.heightPx},
+        {"fps", Codec<FrameRate>::write(output.fps)}, {"sizeBytes", fileSize(target)},
         {"warnings", notes.warnings()}};
 }
 
@@ -70,15 +66,16 @@ void RenderVerb::declare(Arguments& arguments, Terminal& terminal) {
         {{"native", ResolutionPreset::native}, {"1080p", ResolutionPreset::p1080},
             {"4k", ResolutionPreset::k4}},
         "The shorter side of the frame; the document's own by default.");
-    arguments.wholeNumber(
-        "--fps", fps_, minFps, maxFps, "N", "Frames a second; the document's own by default.");
+    arguments.value(
+        "--fps", "N", [this](const std::string& text) { fps_ = rateNamed(text); },
+        "Frames a second, as in 30, 29.97 or 30000/1001; the document's own by default.");
     arguments.flag("--no-lint", isUnjudged_, "Render a document that has errors, as well as it goes.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
 
 CompositionSpec RenderVerb::scaledSpec(const DocumentFile& document, ExportFormat format) const {
-    if (format == ExportFormat::gif && fps_ > ReelExporter::animatedFpsCap)
+    if (format == ExportFormat::gif && fps_ && FrameRate(ReelExporter::animatedFpsCap) < *fps_)
         throw UsageError("A GIF shows at most " + std::to_string(ReelExporter::animatedFpsCap) +
                          " frames a second; give --fps that or less.");
     const CompositionOutput& output = document.spec.output;
@@ -89,8 +86,7 @@ CompositionSpec RenderVerb::scaledSpec(const DocumentFile& document, ExportForma
         throw UsageError("--resolution makes frames of " + std::to_string(size.width) + " × " +
                          std::to_string(size.height) + " pixels here; no side may be longer than " +
                          std::to_string(maxSidePx) + ".");
-    const int fps = ReelExporter::targetFps(fps_.value_or(static_cast<int>(output.fps)), format);
-    return scaledExportSpec(document.spec, size, fps);
+    return scaledExportSpec(document.spec, size, ReelExporter::targetFps(fps_.value_or(output.fps), format));
 }
 
 CompositionRenderer::Config RenderVerb::config(
@@ -116,7 +112,6 @@ void RenderVerb::run(Terminal& terminal) {
     const OutputChoice choice = chooseOutput(request_, document.name);
     CompositionRenderer::Config config = this->config(document, choice);
     RenderNotes notes(terminal);
-    if (choice.format == ExportFormat::video) warnOfHaste(static_cast<int>(config.spec.output.fps), notes);
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
         CompositionExport::write(

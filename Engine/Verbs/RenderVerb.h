@@ -24,7 +24,7 @@ private:
     OutputRequest request_;
     std::optional<media::EncodingEffort> effort_;
     std::optional<ResolutionPreset> resolution_;
-    std::optional<int> fps_;
+    std::optional<FrameRate> fps_;
     bool isUnjudged_ = false;
 };
 

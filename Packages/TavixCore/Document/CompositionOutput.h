@@ -1,6 +1,7 @@
 // The frames that a composition is rendered to.
 #pragma once
 
+#include "TavixCore/Document/FrameRate.h"
 #include "TavixCore/Support/Tables.h"
 
 #include <cstdint>
@@ -10,7 +11,7 @@ namespace tavix {
 
 struct CompositionOutput {
     std::int64_t widthPx = 1920, heightPx = 1080;
-    std::int64_t fps = 60;
+    FrameRate fps = 60;
     bool operator==(const CompositionOutput&) const = default;
 };
 

@@ -11,6 +11,7 @@ namespace tavix::CompositionLint {
 namespace {
 
 constexpr std::int64_t leastFps = 24, mostFps = 120;
+constexpr double slowestFps = 24000.0 / 1001;   // which television calls 24
 constexpr std::int64_t leastSidePx = 320, mostSidePx = 4096;
 constexpr double longTotalSec = 90;
 // Nobody hears that a cut is this far off the beat. The last digits are the rounding of sums of times.
@@ -31,16 +32,19 @@ void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintRep
 
 void checkOutput(const CompositionSpec& spec, LintReport& report) {
     const KeyPath root, outputAt(root, "output");
-    const auto isWithin = [&](std::string_view key, std::int64_t value, std::int64_t least,
-                              std::int64_t most) {
-        if (value < least || value > most)
-            report.error(KeyPath(outputAt, key),
-                worded("{} {} out of range ({}…{}).",
-                    {key, std::to_string(value), std::to_string(least), std::to_string(most)}));
+    const auto isOutOfRange = [&](std::string_view key, const std::string& value, std::int64_t least,
+                                  std::int64_t most) {
+        report.error(KeyPath(outputAt, key),
+            worded("{} {} out of range ({}…{}).", {key, value, std::to_string(least), std::to_string(most)}));
     };
-    isWithin("fps", spec.output.fps, leastFps, mostFps);
-    isWithin("widthPx", spec.output.widthPx, leastSidePx, mostSidePx);
-    isWithin("heightPx", spec.output.heightPx, leastSidePx, mostSidePx);
+    const auto sideIsWithin = [&](std::string_view key, std::int64_t sidePx) {
+        if (sidePx < leastSidePx || sidePx > mostSidePx)
+            isOutOfRange(key, std::to_string(sidePx), leastSidePx, mostSidePx);
+    };
+    if (const auto fps = double(spec.output.fps); fps < slowestFps || fps > mostFps)
+        isOutOfRange("fps", spec.output.fps.shown(), leastFps, mostFps);
+    sideIsWithin("widthPx", spec.output.widthPx);
+    sideIsWithin("heightPx", spec.output.heightPx);
 }
 
 void checkAccents(const CompositionSpec& spec, LintReport& report) {

@@ -12,7 +12,7 @@ namespace tavix {
 // limits keep a hostile one from eating the machine.
 struct JsonLimits {
     std::size_t maxBytes = 64u << 20;
-    std::size_t maxValues = 1'000'000;
+    std::size_t maxValues = 10'000'000;
     std::size_t maxDepth = 512;
 };
 

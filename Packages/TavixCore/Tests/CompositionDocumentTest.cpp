@@ -76,8 +76,8 @@ TEST(CompositionDocument, RefusesWithTheKeyAndTheReason) {
             "\"scenes[0].layers[0].position.y\" is missing, but it is required; add the key."},
         {withLayer(R"({"kind": "shape", "fromMark": 3})"), Kind::typeMismatch, "scenes[0].layers[0].fromMark",
             "\"scenes[0].layers[0].fromMark\" must be text, but is a number."},
-        {R"({"output": {"fps": 29.97}})", Kind::typeMismatch, "output.fps",
-            "\"output.fps\" must be a whole number of at most 64 bits, but is 29.97."},
+        {R"({"output": {"widthPx": 29.97}})", Kind::typeMismatch, "output.widthPx",
+            "\"output.widthPx\" must be a whole number of at most 64 bits, but is 29.97."},
         {R"({"background": {"color": {"r": 0, "g": 0, "b": 0, "a": 1}}})", Kind::keyNotFound,
             "background.kind", "\"background.kind\" is missing, but it is required; add the key."},
         {R"({"background": {"kind": "plasma"}})", Kind::dataCorrupted, "background.kind",
@@ -116,18 +116,10 @@ TEST(CompositionDocument, LayersDefaultTheirPayloadWhereTheyMay) {
         std::get<ShapeContent>(layerFrom(R"({"kind": "shape"})").content).fill, ShapeFill(RGBAColor::white));
 }
 
-TEST(CompositionDocument, AMillionLayersAreAnsweredWithASentence) {
-    std::string layers = R"({"kind":"shape"})";
-    layers.reserve(18'000'000);
-    for (int i = 1; i < 1'000'000; ++i) layers += R"(,{"kind":"shape"})";
-    try {
-        decodeJson<CompositionSpec>(withLayer(layers));
-        ADD_FAILURE() << "nothing failed";
-    } catch (const DecodingError& error) {
-        EXPECT_EQ(error.message(),
-            "The document holds more than 1000000 values, which is more than is read; split "
-            "it into smaller ones.");
-    }
+TEST(CompositionDocument, MayHoldMillionsOfValues) {
+    std::string numbers = "0";
+    for (int i = 0; i < 3'000'000; ++i) numbers += ",0";
+    EXPECT_NO_THROW(decodeJson<CompositionSpec>(R"({"unknown": [)" + numbers + "]}"));
 }
 
 TEST(CompositionDocument, WritesLeanly) {

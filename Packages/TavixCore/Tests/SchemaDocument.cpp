@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <regex>
 #include <string_view>
 
 namespace tavix {
@@ -56,6 +57,9 @@ std::string SchemaDocument::departure(const Json& value, const Json& given, cons
     if (const Json* constant = schema.find("const"); constant && *constant != value)
         return wrong("is another tag");
     if (schema.find("enum") && !contains(listIn(schema, "enum"), value)) return wrong("is no known word");
+    if (const Json* pattern = schema.find("pattern");
+        pattern && !std::regex_match(*value.text(), std::regex(*pattern->text())))
+        return wrong("is not spelled like " + *pattern->text());
     if (const Json* least = given.find("minimum"); least && *value.doubleValue() < *least->doubleValue())
         return wrong("is too small");
     if (const Json* most = given.find("maximum"); most && *value.doubleValue() > *most->doubleValue())
@@ -124,6 +128,7 @@ struct SchemaDocument::Maker {
         const Json* type = schema.find("type");
         if (!type) return anything(depth);
         if (*type == "boolean") return dice.nextBool();
+        if (const Json* pattern = schema.find("pattern")) return spelled(*pattern->text());
         if (*type == "string") return text();
         if (*type == "integer") return integer(given);
         if (*type == "number") return number(given);
@@ -181,6 +186,13 @@ struct SchemaDocument::Maker {
         static constexpr std::array<std::string_view, 9> words = {"", "a", "assets/clip.mov",
             "Grüße \"x\" \\ /", "日本語 👩‍👩‍👧", "\n\t", "whoosh", "reveal", "100%"};
         return std::string(words[below(words.size())]) + (dice.nextBool() ? std::to_string(below(100)) : "");
+    }
+
+    // There is one kind of text with a form of its own.
+    Json spelled(const std::string& pattern) {
+        const std::string fraction =
+            std::to_string(below(60'000) + 1) + "/" + std::to_string(below(1001) + 1);
+        return std::regex_match(fraction, std::regex(pattern)) ? Json(fraction) : text();
     }
 
     Json anything(int depth) {

@@ -43,8 +43,9 @@ class GifWriter::Session {
 public:
     explicit Session(const GifSettings& settings) : settings_(settings) {
         const auto [width, height] = settings.sizePx;
-        if (width < 1 || height < 1 || width > maxSidePx || height > maxSidePx || settings.framesPerSec < 1)
-            throw MediaError("A GIF has from 1 to 65535 pixels on a side and at least 1 frame per second.");
+        if (width < 1 || height < 1 || width > maxSidePx || height > maxSidePx || settings.timescale < 1 ||
+            settings.frameDuration < 1)
+            throw MediaError("A GIF has from 1 to 65535 pixels on a side, and its frames last a while.");
         shown_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
         file_ = std::fopen(settings.path.c_str(), "wb");
         if (!file_) fail();
@@ -141,7 +142,7 @@ private:
     // Rounds the instants, not the delays between them.
     int nextDelay() {
         const auto centisecAt = [&](std::int64_t frame) {
-            return (200 * frame + settings_.framesPerSec) / (2 * settings_.framesPerSec);
+            return (200 * frame * settings_.frameDuration + settings_.timescale) / (2 * settings_.timescale);
         };
         const std::int64_t delay = centisecAt(frames_ + 1) - centisecAt(frames_);
         ++frames_;

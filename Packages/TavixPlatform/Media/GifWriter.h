@@ -12,9 +12,9 @@
 namespace tavix::media {
 
 struct GifSettings {
-    std::filesystem::path path;   // replaced when it exists; its folder must exist
-    imaging::Size sizePx;         // up to 65535 on a side
-    int framesPerSec = 18;
+    std::filesystem::path path;              // replaced when it exists; its folder must exist
+    imaging::Size sizePx;                    // up to 65535 on a side
+    int timescale = 18, frameDuration = 1;   // a frame lasts `frameDuration / timescale` seconds
 };
 
 // Used by one thread at a time. The animation loops for ever. Delays are hundredths of a second, rounded so

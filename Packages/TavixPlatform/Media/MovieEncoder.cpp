@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 namespace tavix::media {
 namespace {
@@ -51,8 +53,8 @@ void refuseImpossible(const MovieSettings& settings) {
         throw MediaError(failure + "width and height must be even.");
     if (format == imaging::PlanarFormat::yuv422p10 && width % 2)
         throw MediaError(failure + "the width must be even.");
-    if (settings.framesPerSec < 1 || settings.timescale < 1)
-        throw MediaError(failure + "the frame rate and the timescale must be at least 1.");
+    if (settings.frameDuration < 1 || settings.timescale < 1)
+        throw MediaError(failure + "a frame's duration and the timescale must be at least 1.");
 }
 
 void tagColor(AVCodecContext& encoder) {
@@ -97,7 +99,8 @@ void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Op
 void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
     if (isProRes(settings.codec)) return setProRes(settings, encoder, options);
     encoder.bit_rate = settings.bitsPerSec;
-    encoder.gop_size = keyFrameDistanceSec * settings.framesPerSec;
+    encoder.gop_size =
+        std::max(static_cast<int>(std::lround(keyFrameDistanceSec * av_q2d(encoder.framerate))), 1);
     if (settings.codec == MovieCodec::h264) return setH264(settings, encoder, options);
     setHevc(settings, options);
 }
@@ -124,7 +127,8 @@ libav::CodecContext openMovieEncoder(const MovieSettings& settings) {
     encoder->pix_fmt = kind.pixels;
     encoder->sample_aspect_ratio = {1, 1};
     encoder->time_base = {1, settings.timescale};
-    encoder->framerate = {settings.framesPerSec, 1};
+    av_reduce(&encoder->framerate.num, &encoder->framerate.den, settings.timescale, settings.frameDuration,
+        std::numeric_limits<int>::max());
     encoder->thread_count = encoderThreads;
     encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_BITEXACT;
     encoder->codec_tag = kind.tag;
@@ -166,10 +170,6 @@ std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const A
     libav::Options options = movieOptions(settings.timescale);
     file->begin(options);
     return file;
-}
-
-std::int64_t frameDurationOf(const MovieSettings& settings) {
-    return std::max(settings.timescale / settings.framesPerSec, 1);
 }
 
 }   // namespace tavix::media

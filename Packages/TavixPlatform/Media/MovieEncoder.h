@@ -24,7 +24,4 @@ const char* nameOf(MovieContainer container);   // among containers to write
 // Creates the file; the index will stand in front of the pictures, for playing while it is still loading.
 std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder);
 
-// The nominal duration of a frame in units of the timescale.
-std::int64_t frameDurationOf(const MovieSettings& settings);
-
 }   // namespace tavix::media

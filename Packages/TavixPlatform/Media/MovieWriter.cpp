@@ -41,7 +41,7 @@ class MovieEncoding {
 public:
     explicit MovieEncoding(const MovieSettings& settings)
         : failure_("Cannot encode the movie \"" + settings.path.string() + "\""),
-          frameDuration_(frameDurationOf(settings)), decodingTimes_(frameDuration_),
+          frameDuration_(settings.frameDuration), decodingTimes_(frameDuration_),
           encoder_(openMovieEncoder(settings)), filter_(openMovieFilter(settings, *encoder_)),
           file_(openMovieFile(settings, *encoder_)), packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
     }

@@ -32,10 +32,10 @@ struct MovieSettings {
     imaging::Size sizePx;         // even in both directions for h264 and hevc, an even width for ProRes
     MovieCodec codec = MovieCodec::h264;
     MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
-    int framesPerSec = 30;         // nominal: the last frame's duration, the key frame distance
-    std::int64_t bitsPerSec = 0;   // average; 0 leaves it to the codec, ProRes knows none
+    std::int64_t bitsPerSec = 0;                      // average; 0 leaves it to the codec, ProRes knows none
     EncodingEffort effort = EncodingEffort::fast;
-    int timescale = 600;   // units per second of presentation times
+    int timescale = 600;      // units per second of presentation times
+    int frameDuration = 20;   // of a frame, in these units: 600 / 20 are 30 frames a second
 };
 
 // The planes that a codec reads, always ITU-R BT.709 in limited range. ProRes 4444 has straight alpha.

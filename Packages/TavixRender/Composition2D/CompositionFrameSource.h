@@ -3,8 +3,6 @@
 
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 
-#include <cstdint>
-
 namespace tavix {
 
 // Used by one thread at a time.
@@ -17,7 +15,7 @@ public:
 
     ResolvedComposition& resolved() { return resolved_; }
     double totalSec() const { return resolved_.timeline().totalSec; }
-    std::int64_t fps() const { return resolved_.spec().output.fps; }
+    FrameRate fps() const { return resolved_.spec().output.fps; }
     imaging::Size size() const { return canvasSize(resolved_.spec()); }
     bool needsMainActorRender() const { return resolved_.needsMainActorRender(); }
     imaging::Image frame(double globalSec) { return resolved_.frame(globalSec); }

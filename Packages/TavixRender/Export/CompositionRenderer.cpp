@@ -35,25 +35,22 @@ std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t 
     char seconds[64];
     std::snprintf(seconds, sizeof seconds, "%.1f", totalSec);
     return "• " + std::to_string(spec.output.widthPx) + "×" + std::to_string(spec.output.heightPx) + " @ " +
-           std::to_string(spec.output.fps) + "fps — " + std::to_string(spec.scenes.size()) + " scenes, " +
-           seconds + "s (" + std::to_string(frameCount) + " frames)";
+           spec.output.fps.shown() + "fps — " + std::to_string(spec.scenes.size()) + " scenes, " + seconds +
+           "s (" + std::to_string(frameCount) + " frames)";
 }
 
 template <class Encoder> void walkFrames(Encoder& encoder, const Run& run) {
-    const auto fps = std::int64_t(run.resolved.spec().output.fps);
+    const FrameRate fps = run.resolved.spec().output.fps;
+    const std::int64_t framesPerReport = std::max<std::int64_t>(fps.frameNearest(1), 1);
     for (std::int64_t i = 0; i < run.frameCount; ++i) {
         if (run.stop.stop_requested()) throw RenderStopped();
-        encoder.append(run.resolved.frameOnMain(double(i) / double(fps)), i);
+        encoder.append(run.resolved.frameOnMain(fps.secAt(i)), i);
         const double done = double(i) / double(run.frameCount);
-        if (i % fps == 0 && run.onProgress) run.onProgress(done);
-        if (i % (secondsPerLogLine * fps) == 0) tell(run.log, "  …" + std::to_string(int(done * 100)) + "%");
+        if (i % framesPerReport == 0 && run.onProgress) run.onProgress(done);
+        if (i % (secondsPerLogLine * framesPerReport) == 0)
+            tell(run.log, "  …" + std::to_string(int(done * 100)) + "%");
     }
     encoder.finish();
-}
-
-// Far above any rate that can be shown; it only keeps the conversion defined.
-int encoderRate(const CompositionSpec& spec) {
-    return static_cast<int>(std::min<std::int64_t>(spec.output.fps, FrameSequenceEncoder::timescale));
 }
 
 }   // namespace
@@ -67,7 +64,7 @@ void render(const Config& config, const RenderLog& log, const Progress& onProgre
     ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
     tell(log, headline(config.spec, resolved.timeline().totalSec, count));
     const Run run{resolved, count, log, onProgress, std::move(stop)};
-    const int fps = encoderRate(config.spec);
+    const FrameRate fps = config.spec.output.fps;
     if (config.fileFormat == ExportFormat::gif) {
         FrameSequenceGIFEncoder encoder({config.output, size, fps}, evaluator);
         walkFrames(encoder, run);

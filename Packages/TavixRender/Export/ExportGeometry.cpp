@@ -27,12 +27,12 @@ imaging::Size ReelExporter::targetDimensions(
     return {evenBelow(width), evenBelow(std::round(ratio * width))};
 }
 
-int ReelExporter::targetFps(int fps, ExportFormat format) {
-    const int atLeastOne = std::max(fps, 1);
-    return format == ExportFormat::gif ? std::min(atLeastOne, animatedFpsCap) : atLeastOne;
+FrameRate ReelExporter::targetFps(const FrameRate& fps, ExportFormat format) {
+    const FrameRate atLeastOne = std::max<FrameRate>(fps, 1);
+    return format == ExportFormat::gif ? std::min<FrameRate>(atLeastOne, animatedFpsCap) : atLeastOne;
 }
 
-CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size, int fps) {
+CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size, const FrameRate& fps) {
     CompositionSpec scaled = spec;
     const double across = size.width / std::max(double(spec.output.widthPx), 1.0);
     const double down = size.height / std::max(double(spec.output.heightPx), 1.0);

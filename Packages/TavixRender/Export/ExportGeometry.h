@@ -15,11 +15,11 @@ constexpr int animatedFpsCap = 18;
 
 // The shorter side becomes 1080 or 2160 pixels and the proportions stay; both sides are even.
 imaging::Size targetDimensions(imaging::Size native, ResolutionPreset resolution, ExportFormat format);
-int targetFps(int fps, ExportFormat format);
+FrameRate targetFps(const FrameRate& fps, ExportFormat format);
 
 }   // namespace ReelExporter
 
 // What is measured in pixels follows the new size: the places of layers, and the room around devices.
-CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size, int fps);
+CompositionSpec scaledExportSpec(const CompositionSpec& spec, imaging::Size size, const FrameRate& fps);
 
 }   // namespace tavix

@@ -37,17 +37,19 @@ imaging::Size codedSizeFor(imaging::Size size, VideoCodec codec) {
 
 media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& settings, imaging::Size codedSize) {
     const bool isMov = isProRes(settings.codec) || settings.container == ExportContainer::mov;
-    const int fps = std::max(settings.fps, 1);
-    const double bitsPerSec = double(settings.size.width) * settings.size.height * fps * bitsPerPixel;
+    const FrameClock clock = FrameClock::of(settings.fps);
+    const double framesPerSec = double(clock.timescale) / clock.frameDuration;
+    const double bitsPerSec =
+        double(settings.size.width) * settings.size.height * framesPerSec * bitsPerPixel;
     return {.path = settings.output,
         .sizePx = codedSize,
         .codec = mediaCodec(settings.codec),
         .container = isMov ? media::MovieContainer::mov : media::MovieContainer::mp4,
-        .framesPerSec = fps,
         .bitsPerSec =
             isProRes(settings.codec) ? 0 : std::max(static_cast<std::int64_t>(bitsPerSec), minBitsPerSec),
         .effort = settings.effort,
-        .timescale = FrameSequenceEncoder::timescale};
+        .timescale = clock.timescale,
+        .frameDuration = clock.frameDuration};
 }
 
 // The reason goes into a longer sentence, which has its own full stop.
@@ -61,8 +63,7 @@ media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& setting
 
 FrameSequenceEncoder::FrameSequenceEncoder(const Settings& settings, imaging::Evaluator& evaluator)
     : bounds_{0, 0, double(settings.size.width), double(settings.size.height)},
-      codedSize_(codedSizeFor(settings.size, settings.codec)),
-      timeValuePerFrame_(std::max(timescale / std::max(settings.fps, 1), 1)),
+      codedSize_(codedSizeFor(settings.size, settings.codec)), clock_(FrameClock::of(settings.fps)),
       surface_(evaluator, codedSize_) {
     FrameOutput::makeRoomFor(settings.output);
     try {
@@ -77,7 +78,7 @@ void FrameSequenceEncoder::append(const imaging::Image& image, std::int64_t fram
     const bool isPadded = codedSize_.width > bounds_.width || codedSize_.height > bounds_.height;
     media::MovieWriter::Slot& slot = writer_->acquire();
     surface_.update(isPadded ? frame.clampedToExtent() : frame, {slot.planes, slot.stamp});
-    writer_->submit(slot, frameIndex * timeValuePerFrame_);
+    writer_->submit(slot, clock_.timeOf(frameIndex));
 } catch (const media::MediaError& error) {
     fail("Composition write failed: ", error);
 }

@@ -5,6 +5,7 @@
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Export/FrameClock.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -18,14 +19,11 @@ public:
     struct Settings {
         std::filesystem::path output;   // its folder is created, a file of that name replaced
         imaging::Size size;
-        int fps = 30;
+        FrameRate fps = 30;
         VideoCodec codec = VideoCodec::h264;
         ExportContainer container = ExportContainer::mp4;   // ProRes is always written as QuickTime
         media::EncodingEffort effort = media::EncodingEffort::fast;
     };
-    // Units per second of frame times. Frames stand at whole numbers of them, so at a rate that does not
-    // divide it they run a little fast.
-    static constexpr int timescale = 600;
 
     // Every member throws `Failure`. The evaluator must outlive the encoder.
     FrameSequenceEncoder(const Settings& settings, imaging::Evaluator& evaluator);
@@ -38,7 +36,7 @@ public:
 private:
     imaging::Rect bounds_;
     imaging::Size codedSize_;   // even where the codec wants it; the edge pixels fill it up
-    std::int64_t timeValuePerFrame_;
+    FrameClock clock_;
     imaging::FrameSurface surface_;
     std::unique_ptr<media::MovieWriter> writer_;
 };

@@ -3,7 +3,6 @@
 #include "TavixCore/Support/Failure.h"
 #include "TavixRender/Export/FrameOutput.h"
 
-#include <algorithm>
 #include <exception>
 
 namespace tavix {
@@ -21,9 +20,12 @@ FrameSequenceGIFEncoder::FrameSequenceGIFEncoder(const Settings& settings, imagi
     : bounds_{0, 0, double(settings.size.width), double(settings.size.height)},
       surface_(evaluator, drawable(settings.size)) {
     FrameOutput::makeRoomFor(settings.output);
+    const FrameClock clock = FrameClock::of(settings.fps);
     try {
-        writer_ = std::make_unique<media::GifWriter>(media::GifSettings{
-            .path = settings.output, .sizePx = settings.size, .framesPerSec = std::max(settings.fps, 1)});
+        writer_ = std::make_unique<media::GifWriter>(media::GifSettings{.path = settings.output,
+            .sizePx = settings.size,
+            .timescale = clock.timescale,
+            .frameDuration = clock.frameDuration});
     } catch (const media::MediaError&) {
         std::throw_with_nested(Failure("Could not create the GIF encoder."));
     }

@@ -4,6 +4,7 @@
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/GifWriter.h"
+#include "TavixRender/Export/FrameClock.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -17,7 +18,7 @@ public:
     struct Settings {
         std::filesystem::path output;   // its folder is created, a file of that name replaced
         imaging::Size size;
-        int fps = 18;
+        FrameRate fps = 18;
     };
 
     // Every member throws `Failure`, with the cause nested in it. The evaluator must outlive the encoder.

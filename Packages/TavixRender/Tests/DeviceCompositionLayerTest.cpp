@@ -50,7 +50,7 @@ protected:
     }
     // One second: white for half of it, then red.
     void writeClip(const std::string& name) {
-        media::MovieWriter writer({.path = folder.path() / name, .sizePx = {64, 128}, .framesPerSec = 10});
+        media::MovieWriter writer({.path = folder.path() / name, .sizePx = {64, 128}, .frameDuration = 60});
         for (int i = 0; i < 10; ++i) {
             media::MovieWriter::Slot& slot = writer.acquire();
             const int white[] = {235, 128, 128}, redYuv[] = {63, 102, 240};

@@ -6,7 +6,7 @@
 namespace tavix::phonetour {
 
 constexpr double clipLengthSec = 10;
-constexpr int clipFramesPerSec = 30;
+constexpr int clipFramesPerSec = 30, clipFrameUnits = 20;   // units of time that a frame lasts
 // Of the phone's screen; both sides in pixels are even.
 constexpr Screen clipScreen{402, 874, 1.75};
 

@@ -29,13 +29,14 @@ void writeClip(const std::string& path) {
     imaging::FrameSurface surface(evaluator, size);
     media::MovieWriter writer({.path = path,
         .sizePx = size,
-        .framesPerSec = clipFramesPerSec,
         .bitsPerSec = 700'000,
-        .effort = media::EncodingEffort::best});
+        .effort = media::EncodingEffort::best,
+        .timescale = clipFramesPerSec * clipFrameUnits,
+        .frameDuration = clipFrameUnits});
     for (int i = 0; i < int(clipLengthSec * clipFramesPerSec); ++i) {
         media::MovieWriter::Slot& slot = writer.acquire();
         surface.update(clipFrame(double(i) / clipFramesPerSec), {slot.planes, slot.stamp});
-        writer.submit(slot, std::int64_t(i) * 600 / clipFramesPerSec);
+        writer.submit(slot, std::int64_t(i) * clipFrameUnits);
     }
     writer.finish();
 }

@@ -173,7 +173,7 @@ TEST_F(GifWriterTest, LetsPixelsVanishAndComeBack) {
 
 TEST_F(GifWriterTest, KeepsTheTotalDuration) {
     for (const int framesPerSec : {1, 7, 12, 18, 24, 30}) {
-        settings.framesPerSec = framesPerSec;
+        settings.timescale = framesPerSec;
         writeGif(settings, 3 * framesPerSec + 1, flat);
         const DecodedMovie gif = decodeMovie(settings.path);
         ASSERT_EQ(gif.timeBase.den, 100);

@@ -95,7 +95,7 @@ void writeMovie(const MovieSettings& settings, int frames) {
     for (int i = 0; i < frames; ++i) {
         MovieWriter::Slot& slot = writer.acquire();
         paint(slot.planes, i);
-        writer.submit(slot, i * (settings.timescale / settings.framesPerSec));
+        writer.submit(slot, i * settings.frameDuration);
     }
     writer.finish();
 }
@@ -216,7 +216,7 @@ TEST_P(EveryCodec, WritesTheSmallestFrameOrSaysWhyNot) {
     const TemporaryFolder folder;
     MovieSettings settings = settingsFor(folder / "movie", GetParam().codec);
     settings.sizePx = {2, 2};
-    settings.framesPerSec = 1;
+    settings.frameDuration = settings.timescale;
     const std::string failure = failureOf([&] { writeMovie(settings, 3); });
     if (failure == "no failure") {
         EXPECT_EQ(decodeMovie(settings.path).frames.size(), 3U);
@@ -301,7 +301,7 @@ TEST(MovieWriter, RefusesWhatCannotBeWrittenInASentence) {
 TEST(MovieWriter, KeepsUnevenTimesExactly) {
     const TemporaryFolder folder;
     MovieSettings settings = settingsFor(folder / "movie", MovieCodec::h264);
-    settings.framesPerSec = 7;   // 85 units and a little
+    settings.frameDuration = 85;
     writeMovie(settings, 20);
     const DecodedMovie movie = decodeMovie(settings.path);
     ASSERT_EQ(movie.presentationTimes.size(), 20U);

@@ -89,7 +89,7 @@ void writeMovie(const MovieSettings& settings, int frames) {
         for (int y = 0; y < settings.sizePx.height; ++y)
             slot.planes.planes[0][y * slot.planes.strideBytes[0] + i % 16] =
                 static_cast<std::uint8_t>(16 + 3 * i);
-        writer.submit(slot, std::int64_t{i} * (settings.timescale / settings.framesPerSec));
+        writer.submit(slot, std::int64_t{i} * settings.frameDuration);
     }
     writer.finish();
 }
@@ -153,8 +153,8 @@ TEST_P(EveryMovie, KeepsEveryPacketOfThePictureAndCutsTheSoundToItsLength) {
                    .sizePx = {64, 48},
                    .codec = c.codec,
                    .container = c.container,
-                   .framesPerSec = c.framesPerSec,
-                   .bitsPerSec = 200'000},
+                   .bitsPerSec = 200'000,
+                   .frameDuration = 600 / c.framesPerSec},
         c.frames);
     const double sec = *pictureDurationSec(folder / "silent");
     EXPECT_DOUBLE_EQ(sec, c.frames * (600 / c.framesPerSec) / 600.0);
