@@ -5,6 +5,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include <array>
+#include <charconv>
+
 namespace tavix::CompositionLint {
 
 std::string fmt(double number) {
@@ -27,6 +30,20 @@ std::string worded(std::string_view pattern, std::initializer_list<Wording> valu
         pattern.remove_prefix(gap + 2);
     }
     return message.append(pattern);
+}
+
+std::string apart(double number, double other) {
+    constexpr int shortest = 4, longest = 17;
+    const auto written = [](double value, int digits) {
+        std::array<char, 32> text{};
+        const auto end =
+            std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits);
+        return std::string(text.data(), end.ptr);
+    };
+    std::string text = fmt(number), otherText = fmt(other);
+    for (int digits = shortest; text == otherText && digits <= longest; ++digits)
+        text = written(number, digits), otherText = written(other, digits);
+    return text;
 }
 
 std::string listed(std::span<const std::string_view> words) {

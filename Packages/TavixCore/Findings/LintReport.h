@@ -29,6 +29,8 @@ struct Wording {
 
 // The pattern with each "{}" replaced by the next value.
 std::string worded(std::string_view pattern, std::initializer_list<Wording> values);
+// A number as `fmt` writes it, with more digits where it would read like the other one.
+std::string apart(double number, double other);
 // With ", " between them.
 std::string listed(std::span<const std::string_view> words);
 

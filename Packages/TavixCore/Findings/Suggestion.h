@@ -9,7 +9,8 @@
 
 namespace tavix::CompositionLint {
 
-// Insertions, deletions and replacements of characters that lead from one to the other.
+// Insertions, deletions and replacements of characters that lead from one to the other; more than the fewest
+// only where thousands of characters differ.
 std::size_t editDistance(std::string_view a, std::string_view b);
 
 // The candidate nearest to the word, whatever the case of letters; nothing when none is near.

@@ -67,9 +67,9 @@ void checkWindow(const LayerScope& scope, LintReport& report) {
     if (!(*layer.durationSec > 0))
         report.error(durationAt, "durationSec must be > 0 (omit it to run to the scene end).");
     const double endSec = windowOf(layer, scope.in.scene()).endSec;
-    if (endSec > sceneSec + windowSlackSec)
-        report.error(
-            durationAt, worded("Layer window ends at {}s, past the scene end ({}s).", {endSec, sceneSec}));
+    if (endSec > sceneSec + windowSlackSec(scope.in.spec))
+        report.error(durationAt, worded("Layer window ends at {}s, past the scene end ({}s).",
+                                     {apart(endSec, sceneSec), apart(sceneSec, endSec)}));
 }
 
 void checkTracks(const LayerScope& scope, LintReport& report) {

@@ -8,6 +8,7 @@
 #include "TavixCore/Findings/LintReport.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <variant>
@@ -41,8 +42,10 @@ inline Interval windowOf(const CompositionLayer& layer, const CompositionScene& 
     return {layer.fromSec, layer.durationSec ? layer.fromSec + *layer.durationSec : scene.durationSec};
 }
 
-// What rounding may add to a time that ends where something else ends.
-inline constexpr double windowSlackSec = 0.001;
+// How far a time may be beyond the one that it is meant to meet: no frame shows it.
+inline double windowSlackSec(const CompositionSpec& spec) {
+    return 0.5 / std::max(static_cast<double>(spec.output.fps), 1.0);
+}
 
 // Below it a spring swings so far that the eye follows it: an accent.
 inline constexpr double bouncyDamping = 0.7;

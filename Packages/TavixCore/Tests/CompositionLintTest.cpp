@@ -95,6 +95,9 @@ TEST(CompositionLint, JudgesTheOutput) {
             {"error output.fps: fps 121 out of range (24…120)."}},
         {[](Spec& s) { s.output.fps = 23; }, [](Spec& s) { s.output.fps = 24; },
             {"error output.fps: fps 23 out of range (24…120)."}},
+        {[](Spec& s) { s.output.fps = FrameRate::of(23.9); },
+            [](Spec& s) { s.output.fps = FrameRate::of(23.976); },
+            {"error output.fps: fps 23.9 out of range (24…120)."}},
         {[](Spec& s) {
              s.output.widthPx = 4097;
              s.output.heightPx = 319;
@@ -283,9 +286,14 @@ TEST(CompositionLint, JudgesWindowsTracksAndEffects) {
         {[](Spec& s) { layer(s, 0, 1).durationSec = 0; }, [](Spec& s) { layer(s, 0, 1).durationSec = 0.01; },
             {"error scenes[0].layers[1].durationSec: durationSec must be > 0 (omit it to run to the scene "
              "end)."}},
-        {[](Spec& s) { layer(s, 0, 1).durationSec = 5.002; },
-            [](Spec& s) { layer(s, 0, 1).durationSec = 5.0005; },
-            {"error scenes[0].layers[1].durationSec: Layer window ends at 5s, past the scene end (5s)."}},
+        {[](Spec& s) {
+             layer(s, 0, 1).durationSec = 5.009;
+         },   // of 60 frames a second half a one is 0.0083 s
+            [](Spec& s) { layer(s, 0, 1).durationSec = 5.008; },
+            {"error scenes[0].layers[1].durationSec: Layer window ends at 5.01s, past the scene end (5s)."}},
+        {[](Spec& s) { s.output.fps = 24, layer(s, 0, 1).durationSec = 5.021; },
+            [](Spec& s) { s.output.fps = 24, layer(s, 0, 1).durationSec = 5.0208; },
+            {"error scenes[0].layers[1].durationSec: Layer window ends at 5.02s, past the scene end (5s)."}},
         {[](Spec& s) {
              animate(layer(s, 0, 1), AnimProperty::y, {{.t = -1}, {.t = 1}, {.t = 1}});
          },

@@ -28,6 +28,19 @@ TEST(LintWording, WritesWholeNumbersWholeAndOthersShort) {
     for (const auto& c : cases) EXPECT_EQ(fmt(c.number), c.text);
 }
 
+TEST(LintWording, TellsNumbersApart) {
+    const struct {
+        double number, other;
+        const char *text, *otherText;
+    } cases[] = {{5.002, 5, "5.002", "5"}, {12.34, 12.3, "12.34", "12.3"}, {2, 1, "2", "1"},
+        {1234.5, 1234.25, "1234.5", "1234.2"}, {0.1 + 0.2, 0.3, "0.30000000000000004", "0.29999999999999999"},
+        {7, 7, "7", "7"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(apart(c.number, c.other), c.text);
+        EXPECT_EQ(apart(c.other, c.number), c.otherText);
+    }
+}
+
 TEST(LintWording, EditDistanceIsADistance) {
     EXPECT_EQ(editDistance("kitten", "sitting"), 3u);
     EXPECT_EQ(editDistance("", "abc"), 3u);
@@ -66,6 +79,17 @@ TEST(LintWording, SuggestsTheNearestNameWithinReach) {
         SCOPED_TRACE(c.word);
         EXPECT_EQ(didYouMean(c.word, c.candidates).value_or(""), c.suggestion);
     }
+}
+
+TEST(LintWording, SuggestsNamesOfAnyLengthAndAlphabet) {
+    const std::string name = std::string(90'000, 'a') + "end";
+    const std::vector<std::string_view> names{name};
+    EXPECT_EQ(didYouMean(std::string(90'000, 'a') + "edn", names), "Did you mean \"" + name + "\"?");
+    EXPECT_EQ(didYouMean("EINGANGSMENÜ", std::vector<std::string_view>{"eingangsmenü"}),
+        "Did you mean \"eingangsmenü\"?");
+    const std::string endless(10'000'000, 'a');   // answered, and at once
+    EXPECT_FALSE(didYouMean(endless, names));
+    EXPECT_FALSE(didYouMean("fade", std::vector<std::string_view>{endless}));
 }
 
 // A scene with every kind of layer, in which every time and size is this number.
