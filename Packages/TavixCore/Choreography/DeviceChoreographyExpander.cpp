@@ -1,5 +1,6 @@
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 
+#include "TavixCore/Choreography/FormationFit.h"
 #include "TavixCore/Choreography/Formations.h"
 #include "TavixCore/Document/CompositionSpec.h"
 
@@ -27,9 +28,13 @@ void bake(CompositionScene& scene, const CompositionOutput& output) {
         }
         const DeviceChoreographyRef& ref = *device->choreographyPreset;
         DeviceChoreography formation = *expand(ref.preset, layer, output, ref.params);
+        fitToFrame(ref.preset, formation.layers, output);
         lengthSec = std::max(lengthSec, layer.fromSec + formation.durationSec);
-        for (CompositionLayer& made : formation.layers)
+        for (CompositionLayer& made : formation.layers) {
             made.origin = {layer.origin.writtenAs, LayerOrigin::Baked::formation};
+            // The last of many devices may leave after the formation has ended.
+            lengthSec = std::max(lengthSec, made.fromSec + made.durationSec.value_or(0));
+        }
         std::ranges::move(formation.layers, std::back_inserter(layers));
     }
     scene.layers = std::move(layers);

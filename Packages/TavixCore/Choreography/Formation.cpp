@@ -16,6 +16,11 @@ double timeFactor(double durationSec, double referenceSec) {
 
 }   // namespace
 
+const ScreenSource& Formation::screenOf(int k) const {
+    return device.screens.empty() ? device.screen
+                                  : device.screens[static_cast<std::size_t>(k) % device.screens.size()];
+}
+
 double Formation::staggerSecWithin(double mostSec) const { return std::min(staggerSec, mostSec); }
 
 namespace FormationParts {
@@ -51,7 +56,7 @@ PropertyTrack track(
 }
 
 CompositionLayer deviceLayer(
-    const Formation& formation, const std::string& idSuffix, const DeviceMotion& motion) {
+    const Formation& formation, int k, const std::string& idSuffix, const DeviceMotion& motion) {
     CompositionLayer layer = formation.source;
     layer.id = suffixed(layer.id, idSuffix);
     layer.durationSec = motion.sceneDurationSec;
@@ -61,6 +66,8 @@ CompositionLayer deviceLayer(
     layer.exit.reset();
     layer.tracks = motion.tracks;
     DeviceContent device = formation.device;
+    device.screen = formation.screenOf(k);
+    device.screens.clear();
     device.scene3D = motion.uses3D ? std::optional(motion.scene3D) : std::nullopt;
     device.placement = motion.placement;
     device.motionPreset.reset();

@@ -23,6 +23,8 @@ struct Formation {
     double spread = 1;
     double staggerSec = 0;
 
+    // What device `k` shows.
+    const ScreenSource& screenOf(int k) const;
     // Where device `k` stands in line, from -1 to +1.
     double linePosition(int k) const { return count > 1 ? 2.0 * k / (count - 1) - 1 : 0; }
     // Seconds between one device and the next, so few that the last one still comes in time.
@@ -47,9 +49,9 @@ DeviceMotion makeFlatMotion(
 PropertyTrack track(
     AnimProperty property, const std::vector<TrackPoint>& points, double durationSec, double referenceSec);
 
-// The source with this motion in place of all that moved it before.
+// The source as device `k`, with this motion in place of all that moved it before.
 CompositionLayer deviceLayer(
-    const Formation& formation, const std::string& idSuffix, const DeviceMotion& motion);
+    const Formation& formation, int k, const std::string& idSuffix, const DeviceMotion& motion);
 
 }   // namespace FormationParts
 

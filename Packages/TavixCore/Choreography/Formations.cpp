@@ -16,8 +16,8 @@ using namespace FormationParts;
 
 std::string suffix(const char* word, int k) { return word + std::to_string(k); }
 
-CompositionLayer spatialLayer(const Formation& f, const std::string& idSuffix, MotionScript script) {
-    return deviceLayer(f, idSuffix, makeMotion(std::move(script), f.durationSec, f.referenceSec));
+CompositionLayer spatialLayer(const Formation& f, int k, const char* word, MotionScript script) {
+    return deviceLayer(f, k, suffix(word, k), makeMotion(std::move(script), f.durationSec, f.referenceSec));
 }
 
 // A whole flight through the camera, and how much later the next device sets off.
@@ -42,7 +42,7 @@ CompositionLayer fanDeck(const Formation& f, int k) {
     const double inner = 1 - std::abs(u), x = f.spread * u * 0.4, y = -0.09 * i * inner;
     const double yaw = -48 * d * u, roll = 14 * d * u, scale = 0.34 + 0.11 * inner;
     const double deckYaw = d * (2 * k - 72);
-    return spatialLayer(f, suffix("fan-", k),
+    return spatialLayer(f, k, "fan-",
         {.motionBlur = 0.48,
             .poses = {{0, {13, deckYaw, -5 * d}}, {w + 0.28, {13, deckYaw, -5 * d}},
                 {w + 0.72, {7, 0.55 * yaw, 0.55 * roll}}, {w + 1.18, {4, yaw, roll}}, {2.15, {4, yaw, roll}},
@@ -65,7 +65,7 @@ CompositionLayer orbitCarousel(const Formation& f, int k) {
             {t, 0.46 * s * f.spread, 0.1 * c * f.spread, 0.38 + 0.24 * front * f.intensity});
         script.depths.push_back({t, 0.3 + 0.52 * front});
     }
-    return spatialLayer(f, suffix("orbit-", k), std::move(script));
+    return spatialLayer(f, k, "orbit-", std::move(script));
 }
 
 CompositionLayer colorwayDomino(const Formation& f, int k) {
@@ -73,7 +73,7 @@ CompositionLayer colorwayDomino(const Formation& f, int k) {
         {{0.96, 0.45, 0.18}, {0.18, 0.52, 0.95}, {0.91, 0.4, 0.66}, {0.19, 0.72, 0.65}, {0.74, 0.68, 0.58}}};
     const double u = f.linePosition(k), d = f.sideways, roll = 2 * u, x = 0.44 * f.spread * u;
     const double start = 0.55 + f.staggerSecWithin(1.6 / max(f.count - 1, 1)) * k;
-    CompositionLayer layer = spatialLayer(f, suffix("domino-", k),
+    CompositionLayer layer = spatialLayer(f, k, "domino-",
         {.fovDegrees = 22,
             .motionBlur = std::clamp(0.65 + 0.3 * f.intensity, 0.0, 1.4),
             .poses = {{0, {5, -8 * d, roll}}, {start, {5, -8 * d, roll}}, {start + 0.28, {4, 172 * d, roll}},
@@ -100,7 +100,7 @@ CompositionLayer ecosystemHandoff(const Formation& f, int k) {
         runSec, run);
     motion.tracks = {
         track(AnimProperty::opacity, {{0, 0}, {0.12 * run, 1}, {0.86 * run, 1}, {run, 0}}, runSec, run)};
-    CompositionLayer layer = deviceLayer(f, suffix("handoff-", k), motion);
+    CompositionLayer layer = deviceLayer(f, k, suffix("handoff-", k), motion);
     layer.fromSec += f.durationSec * (gap * k / f.referenceSec);
     return layer;
 }
@@ -120,13 +120,14 @@ CompositionLayer infiniteTunnel(const Formation& f, int k) {
             end, end);
     motion.tracks = {
         track(AnimProperty::opacity, {{0, 0}, {0.08 * end, 1}, {0.78 * end, 1}, {end, 0}}, end, end)};
-    CompositionLayer layer = deviceLayer(f, suffix("tunnel-", k), motion);
+    CompositionLayer layer = deviceLayer(f, k, suffix("tunnel-", k), motion);
     layer.fromSec += flight.gapSec * k;
     return layer;
 }
 
 CompositionLayer screenCascade(const Formation& f, int k) {
-    const double u = f.linePosition(k), d = f.sideways, w = f.staggerSecWithin(0.16) * k;
+    const double u = f.linePosition(k), d = f.sideways;
+    const double w = f.staggerSecWithin(min(0.16, 1.0 / max(f.count - 1, 1))) * k;
     const double x = 0.14 * d * u * f.spread, y = 0.12 * u * f.spread, hero = k == f.count / 2 ? 1 : 0;
     const double scale = 0.46 + 0.12 * hero;
     DeviceMotion motion =
@@ -135,7 +136,7 @@ CompositionLayer screenCascade(const Formation& f, int k) {
             {0.46, 0.88}, f);
     motion.tracks = {track(AnimProperty::opacity, {{0, 0}, {w + 0.36, 0}, {w + 0.72, 1}, {2.8, 1}},
         f.durationSec, f.referenceSec)};
-    return deviceLayer(f, suffix("cascade-", k), motion);
+    return deviceLayer(f, k, suffix("cascade-", k), motion);
 }
 
 CompositionLayer splitFocus(const Formation& f, int k) {
@@ -149,14 +150,14 @@ CompositionLayer splitFocus(const Formation& f, int k) {
             {0.5, 0.92}, f);
     motion.tracks = {track(AnimProperty::opacity, {{0, 0}, {w + 0.18, 0}, {w + 0.58, 1}, {2.6, 1}},
         f.durationSec, f.referenceSec)};
-    return deviceLayer(f, suffix("split-", k), motion);
+    return deviceLayer(f, k, suffix("split-", k), motion);
 }
 
 CompositionLayer depthWave(const Formation& f, int k) {
     const double u = f.linePosition(k), i = f.intensity, e = f.sideways * u, x = 0.25 * f.spread * u;
     const double crest = 0.62 + f.staggerSecWithin(0.28) * k, after = crest + 0.72;
     const double low = 0.015 * std::abs(u);
-    return spatialLayer(f, suffix("wave-", k),
+    return spatialLayer(f, k, "wave-",
         {.motionBlur = 0.24,
             .poses = {{0, {5, -20 * e, 2 * e}}, {crest, {2, -8 * e, 0}}, {after, {5, -18 * e, e}},
                 {3.6, {5, -18 * e, e}}},
@@ -168,8 +169,8 @@ CompositionLayer depthWave(const Formation& f, int k) {
 
 const Arrangement& arrangement(DeviceChoreographyPreset preset) {
     static constexpr std::array<Arrangement, 9> table{{{fanDeck}, {uiBurst, 1}, {orbitCarousel},
-        {colorwayDomino}, {ecosystemHandoff}, {infiniteTunnel, 0, tunnelDurationSec}, {screenCascade},
-        {splitFocus}, {depthWave}}};   // in the order of the cases
+        {colorwayDomino}, {ecosystemHandoff}, {infiniteTunnel, 0, tunnelDurationSec},
+        {screenCascade}, {splitFocus}, {depthWave}}};   // in the order of the cases
     return table.at(static_cast<std::size_t>(preset));
 }
 

@@ -29,7 +29,7 @@ CompositionLayer phone(const Formation& f) {
         .depths = {{0, 0.3}, {1.08, 0.68}, {2.35, 0.68}, {3.2, 0.32}},
         .places = {
             {0, 0, 0.03, 0.42}, {1.08, aside, 0.04, 0.4}, {2.35, aside, 0.04, 0.4}, {3.2, 0, 0.03, 0.42}}};
-    return deviceLayer(f, "burst-phone", makeMotion(std::move(script), f.durationSec, f.referenceSec));
+    return deviceLayer(f, 0, "burst-phone", makeMotion(std::move(script), f.durationSec, f.referenceSec));
 }
 
 std::vector<PropertyTrack> cardTracks(const Formation& f, int k) {
@@ -72,7 +72,7 @@ CompositionLayer card(const Formation& f, int k) {
     layer.position = {static_cast<double>(f.output.widthPx) / 2, static_cast<double>(f.output.heightPx) / 2};
     layer.durationSec = f.durationSec;
     layer.tracks = cardTracks(f, k);
-    layer.content = cardContent(f.device.screen, cuts[static_cast<std::size_t>(k) % cuts.size()]);
+    layer.content = cardContent(f.screenOf(k), cuts[static_cast<std::size_t>(k) % cuts.size()]);
     return layer;
 }
 

@@ -8,6 +8,10 @@ const Fields<DeviceContent>& fieldsOf(std::type_identity<DeviceContent>) {
     using D = DeviceContent;
     static const Fields<D> table{"DeviceContent",
         {field<&D::screen>("screen", "What the screen shows."),
+            field<&D::screens>("screens",
+                "What the devices of a formation show, one after another and over again; without it all show "
+                "`screen`.")
+                .unlessDefault(),
             field<&D::mockup>("mockup", "The frame of a flat device."),
             field<&D::basePaddingPx>("basePaddingPx", "Space around a flat device at scale 1, in pixels.")
                 .as(Role::pixelLength),

@@ -17,6 +17,7 @@ namespace tavix {
 struct DeviceContent {
     DeviceMockup mockup;
     ScreenSource screen = StillScreen{};
+    std::vector<ScreenSource> screens;   // of a formation's devices in turn, in place of `screen`
     double basePaddingPx = 82;
     std::optional<DevicePlacementSpec> placement;
     std::vector<CompositionKeyframe> screenOpacity;

@@ -48,6 +48,14 @@ void screenHasAPath(const DeviceContent& device, const KeyPath& at, LintReport& 
         report.error(KeyPath(at, "screen"), "Device screen needs a still or video path.");
 }
 
+// A formation gives each of its devices one, and is gone by now.
+void screensHaveDevices(const DeviceContent& device, const KeyPath& at, LintReport& report) {
+    if (!device.screens.empty())
+        report.warning(KeyPath(at, "screens"),
+            "screens are for the devices of a formation, one each; without a choreographyPreset only screen "
+            "is shown.");
+}
+
 void placementIsSound(
     const LayerScope& scope, const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (!device.placement) return;
@@ -80,11 +88,11 @@ void posesLieInTheWindow(
     if (model.poseTrack.empty()) return;
     const double lastSec = std::ranges::max(model.poseTrack, {}, &DevicePoseKeyframe::tSec).tSec;
     const double windowSec = windowOf(scope.layer, scope.in.scene()).lengthSec();
-    if (windowSec + windowSlackSec < lastSec)
+    if (windowSec + windowSlackSec(scope.in.spec) < lastSec)
         report.warning(poseAt,
             worded("Last pose keyframe at {}s is past the layer's {}s window — scene3D pose times are "
                    "LAYER-LOCAL (0 = the layer's start), not the reel clock.",
-                {lastSec, windowSec}));
+                {apart(lastSec, windowSec), apart(windowSec, lastSec)}));
 }
 
 void modelIsSound(
@@ -105,6 +113,7 @@ void modelIsSound(
 void checkContent(const LayerScope& scope, const DeviceContent& device, LintReport& report) {
     const KeyPath at(scope.at, "device");
     screenHasAPath(device, at, report);
+    screensHaveDevices(device, at, report);
     placementIsSound(scope, device, at, report);
     screenOpacityIsSound(device, at, report);
     modelIsSound(scope, device, at, report);

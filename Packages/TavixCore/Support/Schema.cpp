@@ -40,6 +40,7 @@ public:
             const auto& choice = static_cast<const ChoiceType&>(type);
             return reference(choice.name, [&] { return describeChoice(choice); });
         }
+        case Type::Kind::own: return static_cast<const OwnType&>(type).schema();
         }
         return {};
     }

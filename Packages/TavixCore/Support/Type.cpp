@@ -125,6 +125,7 @@ bool areEqual(const Type& type, const void* a, const void* b) {
     case Type::Kind::optional: return areEqualOptionals(static_cast<const OptionalType&>(type), a, b);
     case Type::Kind::record: return areEqualRecords(static_cast<const RecordType&>(type), a, b);
     case Type::Kind::choice: return areEqualChoices(static_cast<const ChoiceType&>(type), a, b);
+    case Type::Kind::own: return static_cast<const OwnType&>(type).areEqual(a, b);
     }
     return false;
 }

@@ -15,7 +15,7 @@
 namespace tavix {
 
 struct Type {
-    enum class Kind { boolean, number, integer, text, json, word, list, map, optional, record, choice };
+    enum class Kind { boolean, number, integer, text, json, word, list, map, optional, record, choice, own };
 
     Kind kind;   // and so which of the structures below it is
 };
@@ -33,6 +33,16 @@ template <> const Type& TypeOf<double>::get();
 template <> const Type& TypeOf<std::int64_t>::get();
 template <> const Type& TypeOf<std::string>::get();
 template <> const Type& TypeOf<Json>::get();
+
+class KeyPath;
+
+// A value with a form of its own in JSON, which no other kind has.
+struct OwnType : Type {
+    void (*read)(const Json& json, void* into, const KeyPath& at);
+    Json (*write)(const void* value);
+    Json (*schema)();
+    bool (*areEqual)(const void* a, const void* b);
+};
 
 struct ListType : Type {
     TypeGetter element;

@@ -146,6 +146,7 @@ void readValue(const Type& type, const Json& json, void* into, const KeyPath& at
     case Type::Kind::optional: return readOptional(static_cast<const OptionalType&>(type), json, into, at);
     case Type::Kind::record: return readRecord(static_cast<const RecordType&>(type), json, into, at);
     case Type::Kind::choice: return readChoice(static_cast<const ChoiceType&>(type), json, into, at);
+    case Type::Kind::own: return static_cast<const OwnType&>(type).read(json, into, at);
     }
 }
 

@@ -80,6 +80,7 @@ Json writeValue(const Type& type, const void* from) {
     }
     case Type::Kind::record: return writtenRecord(static_cast<const RecordType&>(type), from);
     case Type::Kind::choice: return writtenChoice(static_cast<const ChoiceType&>(type), value);
+    case Type::Kind::own: return static_cast<const OwnType&>(type).write(from);
     }
     return {};
 }

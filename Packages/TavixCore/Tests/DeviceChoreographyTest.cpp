@@ -1,5 +1,6 @@
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gtest/gtest.h>
@@ -154,6 +155,39 @@ TEST(DeviceFormations, CutCardsFromTheScreen) {
     const auto& video = std::get<VideoContent>(moving.content);
     EXPECT_EQ(video.clip, (VideoClip{"clip.mp4", 1, 4}));
     EXPECT_EQ(video.rect, (NormalizedRect{0.32, 0.445, 0.36, 0.11}));
+}
+
+TEST(DeviceFormations, GiveEachDeviceAScreenOfItsOwn) {
+    CompositionLayer source = hero();
+    std::get<DeviceContent>(source.content).screens = {StillScreen{"a.png"}, VideoClip{"b.mp4"}};
+    for (const DeviceChoreographyPreset preset : allCases<DeviceChoreographyPreset>()) {
+        SCOPED_TRACE(nameOf(preset));
+        const auto formation = made(preset, {.count = 5}, source);
+        for (std::size_t k = 0; k < formation.layers.size(); ++k) {
+            const CompositionLayer& layer = formation.layers[k];
+            if (const auto* const phone = std::get_if<DeviceContent>(&layer.content)) {
+                EXPECT_EQ(phone->screen,
+                    k % 2 ? ScreenSource(VideoClip{"b.mp4"}) : ScreenSource(StillScreen{"a.png"}));
+                EXPECT_TRUE(phone->screens.empty());
+            } else {   // a burst's first card is cut from what its phone shows
+                EXPECT_EQ(std::holds_alternative<ImageContent>(layer.content), k % 2 == 1);
+            }
+        }
+    }
+}
+
+TEST(DeviceFormations, AreCleanAtTheirLargest) {
+    for (const std::string_view name : allNames<DeviceChoreographyPreset>())
+        for (const std::string_view stagger : {"0", "0.14", "0.5"}) {
+            const auto spec = decodeJson<CompositionSpec>(
+                R"({"scenes": [{"durationSec": 0.5, "layers": [{"kind": "device", "fromSec": 0.25, "device": {
+                    "screen": {"path": "a.png"}, "choreographyPreset": {"preset": ")" +
+                std::string(name) + R"(", "params": {"count": 8, "staggerSec": )" + std::string(stagger) +
+                "}}}}]}]}");
+            for (const CompositionLint::Finding& finding : CompositionLint::lint(spec))
+                EXPECT_NE(finding.level, CompositionLint::Level::error)
+                    << name << " " << stagger << " " << finding.path << ": " << finding.message;
+        }
 }
 
 TEST(DeviceFormations, AreBakedByReading) {
