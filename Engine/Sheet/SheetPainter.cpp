@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tavix::engine {
 
@@ -58,8 +60,50 @@ Image SheetPainter::label(const imaging::PixelRegion& cell, double atSec, SheetM
     return time.over(Image::roundedRectangle(dot, dotPx / 2, mark));
 }
 
+// Badges of one layer stand beside each other on its box, those of a scene in the corner of its picture.
+void SheetPainter::mark(const std::vector<FindingMark>& marks, imaging::Size frameSize) {
+    const imaging::Rect cell = layout_.cellAt(count_ - 1).rect();
+    const double scale = cell.width / frameSize.width;
+    const double badgePx = std::round(std::clamp(0.06 * std::max(cell.width, cell.height), 11.0, 26.0));
+    std::map<std::pair<double, double>, double> taken;   // where badges stand, and how far to the right
+    for (const FindingMark& mark : marks) {
+        imaging::Rect box = cell;
+        if (mark.box) {
+            const imaging::Rect placed{cell.x + mark.box->x * scale, cell.y + mark.box->y * scale,
+                mark.box->width * scale, mark.box->height * scale};
+            box = imaging::intersection(placed, cell);
+            if (box.isEmpty()) continue;
+            outline(box, findingColor(mark.isError));
+        }
+        const Image badge = findingBadge(mark.number, mark.isError, badgePx);
+        double& offset = taken[{box.x, box.maxY()}];
+        const double most = cell.maxX() - badge.extent().width;
+        pictures_.push_back(badge.translated(
+            std::round(std::min(box.x + offset, most)), std::round(std::max(box.maxY() - badgePx, cell.y))));
+        offset += badge.extent().width + 2;
+    }
+}
+
+void SheetPainter::outline(const imaging::Rect& box, const Color& color) {
+    constexpr double penPx = 2;
+    const imaging::Rect outer = imaging::pixelsCovering(box).rect();
+    const auto line = [&](double x0, double y0, double x1, double y1) {
+        pictures_.push_back(Image::solid(color).cropped(imaging::Rect::fromEdges(x0, y0, x1, y1)));
+    };
+    line(outer.x, outer.y, outer.maxX(), outer.y + penPx);
+    line(outer.x, outer.maxY() - penPx, outer.maxX(), outer.maxY());
+    line(outer.x, outer.y, outer.x + penPx, outer.maxY());
+    line(outer.maxX() - penPx, outer.y, outer.maxX(), outer.maxY());
+}
+
+void SheetPainter::add(const SheetLegend& legend) {
+    pictures_.push_back(legend.picture);
+    legendPx_ = legend.heightPx;
+}
+
 imaging::Bitmap SheetPainter::draw() {
-    return evaluator_.draw(Image::stacked(pictures_), {0, 0, layout_.sheet.width, layout_.sheet.height});
+    return evaluator_.draw(
+        Image::stacked(pictures_), {0, -legendPx_, layout_.sheet.width, layout_.sheet.height});
 }
 
 }   // namespace tavix::engine

@@ -4,6 +4,8 @@
 #include "TavixCore/Document/CompositionSpec.h"
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace tavix::engine {
@@ -18,11 +20,25 @@ struct SheetMoment {
 
 inline constexpr int maxSheetMoments = 48;
 
-// About how many moments a film of that length wants.
-int sheetMomentCount(const CompositionSpec& spec);
+// What a sheet is asked to show. Without a scene, times count in the film; with one, in that scene.
+struct SheetWish {
+    std::optional<double> fromSec, toSec, everySec;
+    std::optional<std::string> scene;
+};
 
-// At most `count` moments in their order: where scenes begin to stand alone, the middles of transitions, and
-// between them even steps. A film with fewer frames shows each once.
-std::vector<SheetMoment> sheetMoments(const CompositionSpec& spec, int count);
+// The frames that it means, both ends included.
+struct SheetSpan {
+    std::int64_t first = 0, last = 0;
+};
+// Throws `UsageError` for times outside the film and scenes that it does not have.
+SheetSpan sheetSpan(const CompositionSpec& spec, const SheetWish& wish);
+
+// About how many moments a span wants.
+int sheetMomentCount(const CompositionSpec& spec, const SheetSpan& span);
+// At most `count` moments in their order: the first and the last frame, where scenes begin to stand alone, a
+// few of each transition, and between them even steps. A span with fewer frames shows each once.
+std::vector<SheetMoment> sheetMoments(const CompositionSpec& spec, const SheetSpan& span, int count);
+// One every so many seconds from the first frame on. Throws `UsageError` for more than a sheet holds.
+std::vector<SheetMoment> steadyMoments(const CompositionSpec& spec, const SheetSpan& span, double everySec);
 
 }   // namespace tavix::engine

@@ -9,6 +9,8 @@
 #include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Findings/AuthoredPath.h"
+#include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
@@ -23,18 +25,19 @@ namespace {
 constexpr int minSheetWidthPx = 200;
 
 Json resultOf(const CompositionSpec& spec, const std::filesystem::path& target, const SheetLayout& layout,
-    const std::vector<SheetMoment>& moments, const RenderNotes& notes) {
+    const std::vector<SheetMoment>& moments, const std::vector<CompositionLint::Finding>& findings,
+    const RenderNotes& notes) {
     const CompositionTimeline timeline(spec);
     JsonArray cells;
     for (const SheetMoment& moment : moments) {
-        const double atSec = double(moment.frame) / double(spec.output.fps);
+        const double atSec = spec.output.fps.secAt(moment.frame);
         const auto sample = timeline.sample(atSec);
         const std::size_t scene = sample->incoming ? sample->incoming->index : sample->outgoing.index;
         cells.emplace_back(JsonObject{{"atSec", atSec}, {"scene", spec.scenes[scene].displayName(scene)}});
     }
     return JsonObject{{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
         {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height}, {"sizeBytes", fileSize(target)},
-        {"cells", std::move(cells)}, {"warnings", notes.warnings()}};
+        {"cells", std::move(cells)}, {"findings", jsonOf(findings)}, {"warnings", notes.warnings()}};
 }
 
 }   // namespace
@@ -47,15 +50,24 @@ void SheetVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.wholeNumber("--columns", columns_, 1, maxSheetMoments, "N", "Pictures in a row.");
     arguments.wholeNumber(
         "--width", widthPx_, minSheetWidthPx, SheetLayout::maxSidePx, "PX", "The sheet's width.");
+    arguments.number("--from", wish_.fromSec, "SEC", "The first moment; the start by default.");
+    arguments.number("--to", wish_.toSec, "SEC", "The last moment; the end by default.");
+    arguments.number("--every", wish_.everySec, "SEC",
+        "A picture every so many seconds; without it, where there is something to see.");
+    arguments.text("--scene", wish_.scene, "ID", "Only this scene; --from and --to then count in it.");
+    arguments.flag("--annotate", isAnnotated_,
+        "Number what lint finds, draw it at its layers, and say below what the numbers mean.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
 
 // Enough to fill the last row, where the film has the frames for it.
 std::vector<SheetMoment> SheetVerb::moments(const CompositionSpec& spec) const {
-    const int count = static_cast<int>(sheetMoments(spec, sheetMomentCount(spec)).size());
+    const SheetSpan span = sheetSpan(spec, wish_);
+    if (wish_.everySec) return steadyMoments(spec, span, *wish_.everySec);
+    const int count = static_cast<int>(sheetMoments(spec, span, sheetMomentCount(spec, span)).size());
     const SheetLayout layout = sheetLayout(canvasSize(spec), count, columns_, widthPx_);
-    return sheetMoments(spec, std::min(layout.columns * layout.rows, maxSheetMoments));
+    return sheetMoments(spec, span, std::min(layout.columns * layout.rows, maxSheetMoments));
 }
 
 void SheetVerb::run(Terminal& terminal) {
@@ -69,6 +81,9 @@ void SheetVerb::run(Terminal& terminal) {
     const std::vector<SheetMoment> shown = moments(document.spec);
     const SheetLayout layout =
         sheetLayout(canvasSize(document.spec), static_cast<int>(shown.size()), columns_, widthPx_);
+    const std::vector<CompositionLint::Finding> findings =
+        isAnnotated_ ? CompositionLint::atAuthoredPaths(CompositionLint::lint(document.spec), document.spec)
+                     : std::vector<CompositionLint::Finding>();
     RenderNotes notes(terminal);
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
@@ -78,14 +93,16 @@ void SheetVerb::run(Terminal& terminal) {
         for (std::size_t i = 0; i < shown.size(); ++i) {
             interruption.check();
             terminal.progress(double(i) / double(shown.size()));
-            const double atSec = double(shown[i].frame) / double(document.spec.output.fps);
+            const double atSec = document.spec.output.fps.secAt(shown[i].frame);
             painter.put(resolved.frameOnMain(atSec), canvasSize(document.spec), atSec, shown[i].kind);
+            painter.mark(marksAt(atSec, findings, resolved, evaluator), canvasSize(document.spec));
         }
+        if (isAnnotated_) painter.add(sheetLegend(findings, layout.sheet.width, layout.marginPx));
         media::writePng(unfinished, painter.draw().view());
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(resultOf(document.spec, target, layout, shown, notes));
+        terminal.result(resultOf(document.spec, target, layout, shown, findings, notes));
 }
 
 }   // namespace tavix::engine

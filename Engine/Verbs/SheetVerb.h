@@ -23,6 +23,8 @@ private:
     std::string document_;
     std::optional<std::string> output_;
     std::optional<int> columns_, widthPx_;
+    SheetWish wish_;
+    bool isAnnotated_ = false;
 };
 
 }   // namespace tavix::engine

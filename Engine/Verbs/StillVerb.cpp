@@ -7,6 +7,7 @@
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
+#include "Engine/SceneNames.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"
@@ -21,16 +22,6 @@ std::string seconds(double value) {
     char text[64];
     std::snprintf(text, sizeof text, "%.2f s", value);
     return text;
-}
-
-void requireScene(const CompositionSpec& spec, const std::string& scene) {
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < spec.scenes.size(); ++i) names.push_back(spec.scenes[i].displayName(i));
-    const std::vector<std::string_view> known(names.begin(), names.end());
-    for (const std::string_view name : known)
-        if (name == scene) return;
-    throw UsageError("There is no scene \"" + scene + "\"; the document has " + listed(known) + "." +
-                     suggestion(scene, known));
 }
 
 }   // namespace
@@ -50,10 +41,10 @@ double StillVerb::globalSec(const CompositionSpec& spec) const {
     if (atSec_.has_value() == scene_.has_value())
         throw UsageError("Say which moment: either --at SEC, or --scene ID with --local SEC.");
     if (atSec_ && localSec_) throw UsageError("--local goes with --scene, and not with --at.");
-    if (scene_) requireScene(spec, *scene_);
+    const CompositionTimeline timeline(spec);
     const double atSec =
-        atSec_ ? *atSec_ : *CompositionRenderer::globalTime(spec, *scene_, localSec_.value_or(0));
-    const double totalSec = CompositionTimeline(spec).totalSec;
+        atSec_ ? *atSec_ : *timeline.globalTime(sceneNamed(spec, *scene_), localSec_.value_or(0));
+    const double totalSec = timeline.totalSec;
     if (!(atSec >= 0 && atSec <= totalSec))
         throw UsageError("There is no picture at " + seconds(atSec) + "; the film runs from 0 to " +
                          seconds(totalSec) + ".");
