@@ -81,7 +81,7 @@ TEST_F(EngineTest, PresetsAreListedForPeopleAndMachines) {
     } cases[] = {{"backgrounds", "aurora", 7}, {"effects", "chromaticAberration", 9},
         {"transitions", "dreamyZoom", 8}, {"curves", "spring", 3}, {"devices", "iphone-16-pro", 28},
         {"motions", "rise-up", 111}, {"formations", "fanDeck", 9}, {"kinetic", "karaoke-fill", 13},
-        {"fonts", "palatino", 11}};
+        {"fonts", "palatino", 11}, {"sounds", "whip", 3}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.family);
         EXPECT_THAT(tavix({"presets", c.family}).out, HasSubstr(c.id));

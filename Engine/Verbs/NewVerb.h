@@ -1,8 +1,10 @@
-// Writes a small document to start from.
+// Writes a document to start from: a small one, or a template.
 #pragma once
 
 #include "Engine/Verbs/Verb.h"
+#include "TavixPlatform/Imaging/Bitmap.h"
 
+#include <optional>
 #include <string>
 
 namespace tavix::engine {
@@ -13,7 +15,12 @@ public:
     void run(Terminal& terminal) override;
 
 private:
+    void list(Terminal& terminal) const;
+
     std::string bundle_;
+    std::optional<std::string> template_;
+    std::optional<imaging::Size> size_;
+    bool isList_ = false;
 };
 
 }   // namespace tavix::engine

@@ -6,6 +6,9 @@
 #include "Engine/Verbs/DevicePresets.h"
 #include "Engine/Verbs/FontPresets.h"
 #include "Engine/Verbs/KineticPresets.h"
+#include "Engine/Verbs/PresetPreview.h"
+#include "Engine/Verbs/PresetScenes.h"
+#include "Engine/Verbs/SoundPresets.h"
 #include "TavixCore/Animation/TimingCurve.h"
 #include "TavixCore/Document/LayerEffect.h"
 #include "TavixCore/Document/TransitionStyle.h"
@@ -105,6 +108,7 @@ constexpr Family families[] = {
     {PresetFamily::kinetic, R"("kinetic": {"preset": "word-pop"} in a layer's "text")", KineticPresets::all,
         KineticPresets::resolved},
     {"fonts", R"("font": "futura" in a layer's "text")", FontPresets::all},
+    {"sounds", R"({"sound": "whoosh", "atSec": 1.2} in the "cues" of "audio")", SoundPresets::all},
 };
 
 std::vector<std::string_view> familyNames() {
@@ -149,12 +153,19 @@ void PresetsVerb::declare(Arguments& arguments, Terminal& terminal) {
         "presets needs a family: " + listed(familyNames()) + ".");
     arguments.positional(
         "name", name_, "A device, a motion, a formation or an animation of text, to see what it becomes.");
+    arguments.text("--preview", preview_, "FILE",
+        "Show a named motion, formation, transition, background, device or animation of text: a strip of "
+        "moments as .png, or the film as .mp4, .mov or .gif.");
     play_.declare(arguments);
     arguments.jsonFlag(terminal);
 }
 
 void PresetsVerb::run(Terminal& terminal) {
     const Family& family = familyNamed(family_);
+    if (preview_ && name_.empty())
+        throw UsageError("--preview shows one preset; name it, as in tavix presets motions rise-up --preview "
+                         "rise-up.png.");
+    if (preview_) return writePreview(presetScene(family.name, name_, play_), *preview_, terminal);
     if (!name_.empty() && !family.expanded)
         throw UsageError("presets " + family_ + " are shown together; leave out \"" + name_ + "\".");
     if (name_.empty() && !play_.isEmpty())

@@ -4,6 +4,7 @@
 #include "Engine/Verbs/PlayArguments.h"
 #include "Engine/Verbs/Verb.h"
 
+#include <optional>
 #include <string>
 
 namespace tavix::engine {
@@ -15,6 +16,7 @@ public:
 
 private:
     std::string family_, name_;
+    std::optional<std::string> preview_;
     PlayArguments play_;
 };
 

@@ -18,7 +18,8 @@ namespace {
 template <class V> std::unique_ptr<Verb> make() { return std::make_unique<V>(); }
 
 constexpr VerbEntry entries[] = {
-    {"new", "Write a small document to start from.", "tavix new hello.tavixcomp", make<NewVerb>},
+    {"new", "Write a document to start from: a small one, or a template.",
+        "tavix new hello.tavixcomp --template teaser --size 1080x1920", make<NewVerb>},
     {"lint", "Judge a document: errors, and what will not look right.", "tavix lint hello.tavixcomp --json",
         make<LintVerb>},
     {"audit", "Open the films of a document and tell which end too early.", "tavix audit hello.tavixcomp",
@@ -28,7 +29,7 @@ constexpr VerbEntry entries[] = {
     {"still", "Render one moment of a document to a picture.",
         "tavix still hello.tavixcomp --scene card --local 1.5 -o card.png", make<StillVerb>},
     {"sheet", "Render a contact sheet: the whole film at a glance.",
-        "tavix sheet hello.tavixcomp -o hello.png --columns 4", make<SheetVerb>},
+        "tavix sheet hello.tavixcomp --scene card --every 0.1 --annotate", make<SheetVerb>},
     {"resolve", "Print the document as the renderer sees it.",
         "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
     {"pack", "Make a bundle of a document and the files that it refers to.",
@@ -39,8 +40,9 @@ constexpr VerbEntry entries[] = {
         make<SchemaVerb>},
     {"probe", "Tell what a film or sound file holds.", "tavix probe clip.mov --json", make<ProbeVerb>},
     {"presets",
-        "List the backgrounds, effects, transitions, curves, motions or formations that documents may name.",
-        "tavix presets effects --json", make<PresetsVerb>},
+        "List the backgrounds, effects, transitions, motions, sounds and more that documents may name, or "
+        "show one.",
+        "tavix presets motions rise-up --preview rise-up.png", make<PresetsVerb>},
 };
 
 }   // namespace
