@@ -100,7 +100,7 @@ TEST_F(Sheets, DrawFindingsAtTheirLayers) {
         return R"({"output": {"widthPx": 400, "heightPx": 400, "fps": 30},
             "background": {"kind": "solid", "color": {"r": 0, "g": 0.6, "b": 0, "a": 1}},
             "scenes": [{"durationSec": 2, "layers": [{"kind": "shape", "position": {"x": 200, "y": 200},
-                "shape": {"widthFraction": 0.5, "heightFraction": 0.5}})" +
+                "shape": {"widthFraction": 0.5, "heightFraction": 0.5})" +
                layerKeys + "}]}]}";
     };
     write("film.json", document(R"(, "effects": [{"kind": "tint", "intensity": 3}])"));
