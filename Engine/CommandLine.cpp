@@ -2,12 +2,12 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/MemoryWatch.h"
 #include "Engine/NearestWord.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
 #include "TavixCore/Support/TavixVersion.h"
 
-#include <new>
 #include <optional>
 #include <vector>
 
@@ -76,7 +76,7 @@ std::string placed(const DocumentError& error) {
 
 int end(Terminal& terminal, int status, const std::string& sentence, JsonObject details) {
     terminal.complain(sentence);
-    if (terminal.mode() != Terminal::Mode::json) return status;
+    if (terminal.mode() != Terminal::Mode::json || MemoryWatch::refusedBytes() > 0) return status;
     details.set("status", status);
     try {
         terminal.result(JsonObject{{"error", std::move(details)}});
@@ -87,7 +87,8 @@ int end(Terminal& terminal, int status, const std::string& sentence, JsonObject 
 }
 
 int endWith(Terminal& terminal, int status, const std::exception& error) {
-    return end(terminal, status, error.what(), {{"message", error.what()}});
+    const std::string sentence = sentenceOf(error);
+    return end(terminal, status, sentence, {{"message", sentence}});
 }
 
 }   // namespace
@@ -106,9 +107,6 @@ int runCommand(std::span<const std::string> words) {
         return endWith(terminal, ExitStatus::wrongUse, error);
     } catch (const Interrupted& error) {
         return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), error);
-    } catch (const std::bad_alloc&) {
-        return endWith(
-            terminal, ExitStatus::inputOrOutputFailed, Failure("There is not enough memory for this."));
     } catch (const std::exception& error) {
         return endWith(terminal, ExitStatus::inputOrOutputFailed, error);
     }

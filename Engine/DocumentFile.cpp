@@ -1,6 +1,8 @@
 #include "Engine/DocumentFile.h"
 
+#include "Engine/DocumentLimits.h"
 #include "Engine/Errors.h"
+#include "Engine/MemoryWatch.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
@@ -51,21 +53,29 @@ void requireFps(const DocumentFile& document) {
             std::to_string(maxFps) + " frames a second.");
 }
 
-}   // namespace
-
-DocumentFile openDocument(const std::string& given) {
+DocumentFile readDocument(const std::string& given) {
     try {
         if (const fs::path bundle = bundleOf(given); !bundle.empty()) {
             CompositionSpec spec = CompositionProjectService::load(bundle).spec;
             const std::string name = lastComponent(bundle).stem().string();
-            return {given, name, bundle, std::move(spec)};
+            return {given, name, bundle, bundle, std::move(spec)};
         }
         CompositionSpec spec = decodeFile<CompositionSpec>(given);
         const fs::path assetRoot = assetRootOf(spec, given);
-        return {given, fs::path(given).stem().string(), assetRoot, std::move(spec)};
+        return {given, fs::path(given).stem().string(), fs::absolute(given).parent_path(), assetRoot,
+            std::move(spec)};
     } catch (const DecodingError& error) {
         throw DocumentError(given, error.path(), error.message());
     }
+}
+
+}   // namespace
+
+DocumentFile openDocument(const std::string& given) {
+    const MemoryWatch::Task task("to read the document");
+    DocumentFile document = readDocument(given);
+    requireBounded(document);
+    return document;
 }
 
 void requireRenderable(const DocumentFile& document) {

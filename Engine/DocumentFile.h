@@ -9,9 +9,10 @@
 namespace tavix::engine {
 
 struct DocumentFile {
-    std::string shownPath;   // as it was given, for messages
-    std::string name;        // of what is made from it: "first-light"
-    std::filesystem::path assetRoot;
+    std::string shownPath;             // as it was given, for messages
+    std::string name;                  // of what is made from it: "first-light"
+    std::filesystem::path folder;      // the bundle, or the folder that the document lies in; absolute
+    std::filesystem::path assetRoot;   // what the paths of its files hang from
     CompositionSpec spec;
 };
 

@@ -4,6 +4,7 @@
 
 #include "TavixCore/Support/Failure.h"
 
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -38,6 +39,9 @@ class ErrorsTold : public Failure {
 public:
     ErrorsTold() : Failure("The document has errors.") {}
 };
+
+// What an error says, with the errors that caused it, as one finished sentence or several.
+std::string sentenceOf(const std::exception& error);
 
 // A signal asked the command to end.
 class Interrupted : public Failure {

@@ -2,6 +2,7 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
+#include "Engine/Printable.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
@@ -21,8 +22,8 @@ const char* wordOf(Level level) { return level == Level::error ? "error" : "warn
 bool isError(const Finding& finding) { return finding.level == Level::error; }
 
 std::string toldIn(const Finding& finding) {
-    return (finding.path.empty() ? "" : finding.path + ": ") + finding.message +
-           (finding.suggestion ? "\n  " + *finding.suggestion : "");
+    return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) +
+           (finding.suggestion ? "\n  " + printableLine(*finding.suggestion) : "");
 }
 
 }   // namespace

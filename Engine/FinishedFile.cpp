@@ -2,37 +2,14 @@
 
 #include "Engine/Errors.h"
 #include "Engine/Interruption.h"
-#include "TavixRender/Export/CompositionRenderer.h"
-#include "TavixRender/Export/SafeOutput.h"
+#include "Engine/MemoryWatch.h"
+#include "TavixCore/Support/SafeOutput.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <string>
-#include <system_error>
 
 namespace tavix::engine {
 
 namespace {
-
-// Says at once that nothing can be written there, before minutes of work.
-void requireWritable(const SafeOutput& output) {
-    std::FILE* file = std::fopen(output.partial().c_str(), "wb");
-    if (!file)
-        throw Failure("Cannot write \"" + output.target().string() +
-                      "\": " + std::generic_category().message(errno) + ".");
-    std::fclose(file);
-}
-
-// The sentence of an error and of those that caused it.
-std::string told(const std::exception& error) {
-    std::string sentence = error.what();
-    try {
-        std::rethrow_if_nested(error);
-    } catch (const std::exception& cause) {
-        sentence += " " + told(cause);
-    }
-    return sentence;
-}
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
     for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -45,16 +22,16 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 void writeFinished(const std::filesystem::path& target, const Interruption& interruption,
     const std::function<void(const std::filesystem::path& unfinished)>& write) {
     SafeOutput output(target);
-    requireWritable(output);
     try {
         write(output.partial());
         interruption.check();
+        MemoryWatch::require();
         output.commit();
     } catch (const Interrupted&) {
         throw;
     } catch (const std::exception& error) {
         interruption.check();
-        throw Failure(replaced(told(error), output.partial().string(), target.string()));
+        throw Failure(replaced(sentenceOf(error), output.partial().string(), target.string()));
     }
 }
 

@@ -1,22 +1,47 @@
 #include "Engine/Interruption.h"
 
 #include "Engine/Errors.h"
+#include "TavixCore/Support/UnfinishedFolders.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <poll.h>
 #include <pthread.h>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace tavix::engine {
+
+namespace {
+
+// Every loop of ours looks for the request ten times a second or more often; a frame may take longer to end.
+constexpr int patienceMs = 400;
+
+[[noreturn]] void endProgram(int signal) {
+    UnfinishedFolders::removeAll();
+    std::fprintf(stderr, "tavix: %s\n", Interrupted(signal).what());
+    std::_Exit(ExitStatus::stoppedBySignal + signal);
+}
+
+}   // namespace
 
 Interruption::Interruption() : wakeUp_(::eventfd(0, EFD_CLOEXEC)) {
     sigset_t signals;
     sigemptyset(&signals);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, signal);
     ::pthread_sigmask(SIG_BLOCK, &signals, &before_);
-    watcher_ = std::thread([this, descriptor = ::signalfd(-1, &signals, SFD_CLOEXEC)] { watch(descriptor); });
+    const int descriptor = ::signalfd(-1, &signals, SFD_CLOEXEC);
+    try {
+        watcher_ = std::thread([this, descriptor] { watch(descriptor); });
+    } catch (const std::system_error&) {
+        ::close(descriptor);
+        ::close(wakeUp_);
+        ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+        throw;
+    }
 }
 
 Interruption::~Interruption() {
@@ -28,14 +53,21 @@ Interruption::~Interruption() {
 
 void Interruption::watch(int signals) {
     pollfd waits[] = {{signals, POLLIN, 0}, {wakeUp_, POLLIN, 0}};
-    while (::poll(waits, 2, -1) >= 0 && waits[1].revents == 0) {
+    while (waits[1].revents == 0) {
+        const int ready = ::poll(waits, 2, signal_ != 0 ? patienceMs : -1);
+        if (ready == 0) endProgram(signal_);
         signalfd_siginfo info{};
-        if (::read(signals, &info, sizeof info) != sizeof info) break;
-        if (signal_ != 0) std::_Exit(ExitStatus::stoppedBySignal + static_cast<int>(info.ssi_signo));
-        signal_ = static_cast<int>(info.ssi_signo);
-        source_.request_stop();
+        if (ready > 0 && waits[0].revents != 0 && ::read(signals, &info, sizeof info) == sizeof info)
+            take(static_cast<int>(info.ssi_signo));
+        if (ready < 0 && errno != EINTR) break;
     }
     ::close(signals);
+}
+
+void Interruption::take(int signal) {
+    if (signal_ != 0) endProgram(signal);
+    signal_ = signal;
+    source_.request_stop();
 }
 
 void Interruption::check() const {

@@ -8,11 +8,12 @@
 
 namespace tavix::engine {
 
-// Made before the first thread of the work, so that all of them leave the signals alone. A second signal ends
-// the program at once.
+// Made before the first thread of the work, so that all of them leave the signals alone. Work that does not
+// stop soon after a signal, as in the midst of a call to a library, is ended with the program, and what it
+// has not finished is removed; a second signal does that at once.
 class Interruption {
 public:
-    Interruption();
+    Interruption();   // throws std::system_error when the system gives no thread for it
     ~Interruption();
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
@@ -23,6 +24,7 @@ public:
 
 private:
     void watch(int signals);
+    void take(int signal);
 
     std::stop_source source_;
     std::atomic<int> signal_ = 0;

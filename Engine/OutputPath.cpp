@@ -34,7 +34,6 @@ fs::path outputPath(
     fs::path path = *given;
     std::error_code ignored;
     if (fs::is_directory(path, ignored) || !path.has_filename()) path /= name + extension;
-    if (fs::is_symlink(path, ignored)) path = fs::weakly_canonical(path, ignored);
     if (const fs::file_status status = fs::status(path, ignored);
         fs::exists(status) && !fs::is_regular_file(status))
         throw UsageError(

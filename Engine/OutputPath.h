@@ -8,8 +8,8 @@
 namespace tavix::engine {
 
 // `given`, or `name` with the extension beside where the command runs. A folder means a file of that name in
-// it. A symbolic link is followed, so that it stays one. Throws `UsageError` for what is no place for a file,
-// as standard output, a device or a name without an extension.
+// it. Throws `UsageError` for what is no place for a file, as standard output, a device or a name without an
+// extension.
 std::filesystem::path outputPath(
     const std::optional<std::string>& given, const std::string& name, const std::string& extension);
 

@@ -1,5 +1,7 @@
 #include "Engine/Terminal.h"
 
+#include "Engine/MemoryWatch.h"
+#include "Engine/Printable.h"
 #include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 
@@ -36,7 +38,8 @@ Terminal::~Terminal() { clearBar(); }
 
 void Terminal::result(const std::string& text) {
     clearBar();
-    if (writeOut(text)) return;
+    MemoryWatch::require();
+    if (writeOut(printable(text))) return;
     throw Failure("Cannot write to standard output: " + std::generic_category().message(errno) + ".");
 }
 
@@ -46,7 +49,7 @@ void Terminal::tell(const std::string& line) {
     if (mode_ != Mode::people) return;
     clearBar();
     // Whoever closed standard output does not want to know; the work goes on.
-    if (!writeOut(line + "\n")) std::clearerr(stdout);
+    if (!writeOut(printableLine(line) + "\n")) std::clearerr(stdout);
 }
 
 void Terminal::warn(const std::string& sentence) { message(yellow, "tavix: warning: ", sentence); }
@@ -56,7 +59,7 @@ void Terminal::complain(const std::string& sentence) { message(red, "tavix: ", s
 void Terminal::message(const char* color, const std::string& label, const std::string& sentence) {
     clearBar();
     const std::string head = isRich_ ? color + label + plain : label;
-    std::fprintf(stderr, "%s%s\n", head.c_str(), sentence.c_str());
+    std::fprintf(stderr, "%s%s\n", head.c_str(), printable(sentence).c_str());
 }
 
 void Terminal::progress(double fraction) {

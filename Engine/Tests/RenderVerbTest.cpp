@@ -224,8 +224,8 @@ TEST_P(InterruptedRender, LeavesTheOlderFilmAlone) {
     const auto lengthened = [](std::string document) {
         return document.replace(document.find("\"durationSec\": 1,"), 17, "\"durationSec\": 9000,");
     };
-    stop(lengthened(tinyDocument), ".tavix-partial-film.mp4");
-    stop(lengthened(withSound("ding")), ".tavix-visual-.tavix-partial-film.mp4");
+    stop(lengthened(tinyDocument), ".tavix-partial-film.mp4/film.mp4");
+    stop(lengthened(withSound("ding")), ".tavix-partial-film.mp4/.tavix-visual-film.mp4");
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRender, ::testing::Values(SIGINT, SIGTERM, SIGHUP));

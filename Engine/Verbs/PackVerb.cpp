@@ -3,9 +3,15 @@
 #include "Engine/Arguments.h"
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
+#include "Engine/Interruption.h"
+#include "Engine/MemoryWatch.h"
+#include "Engine/PackedAssets.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Project/BundlePath.h"
+#include "TavixCore/Project/BundleReplacement.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixCore/Project/FileOperations.h"
+#include "TavixCore/Support/UnfinishedFolders.h"
 
 #include <filesystem>
 #include <system_error>
@@ -24,6 +30,28 @@ fs::path withExtension(const fs::path& named) {
     return bundle.extension() == extension ? bundle : bundle.concat(extension);
 }
 
+// Looks for a signal before it touches the disk.
+class InterruptibleOperations final : public FileOperations {
+public:
+    explicit InterruptibleOperations(const Interruption& interruption) : interruption_(interruption) {}
+
+    void write(std::string_view bytes, const Path& file) override { checked().write(bytes, file); }
+    void copy(const Path& source, const Path& file) override { checked().copy(source, file); }
+    void rename(const Path& from, const Path& to) override { disk_.rename(from, to); }
+    void sync(const Path& path) override { disk_.sync(path); }
+    void makeFolder(const Path& folder) override { checked().makeFolder(folder); }
+    void remove(const Path& path) override { disk_.remove(path); }
+
+private:
+    DiskOperations& checked() {
+        interruption_.check();
+        return disk_;
+    }
+
+    const Interruption& interruption_;
+    DiskOperations disk_;
+};
+
 // Packing writes what was read, with animations and paths made plain: the original is worth keeping.
 void requireOther(const fs::path& document, const fs::path& bundle) {
     const fs::path target = CompositionProjectBundle::specFile(bundle);
@@ -41,14 +69,31 @@ void PackVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text("-o,--output", output_, "BUNDLE",
         "The bundle; its assets and its document are replaced. The document's name with .tavixcomp by "
         "default.");
+    arguments.flag("--allow-outside", allowsOutside_,
+        "Pack also files that lie outside of the document's folder; each is told.");
     arguments.jsonFlag(terminal);
 }
 
 void PackVerb::run(Terminal& terminal) {
+    const Interruption interruption;
     const DocumentFile document = openDocument(document_);
     const fs::path bundle = withExtension(output_.value_or(document.name));
     requireOther(document_, bundle);
-    CompositionProjectBundle::write(document.spec, document.assetRoot, bundle);
+    requirePackable(document, allowsOutside_ ? OutsideFiles::allowed : OutsideFiles::refused, terminal);
+    interruption.check();
+    const MemoryWatch::Task task("to pack the document");
+    InterruptibleOperations operations(interruption);
+    const fs::path staging = fs::absolute(bundle) / BundleReplacement::stagingDirName;
+    const int slot = UnfinishedFolders::remember(staging);
+    try {
+        CompositionProjectBundle::write(document.spec, document.assetRoot, bundle, operations);
+    } catch (const Interrupted&) {
+        UnfinishedFolders::removeAll();
+        std::error_code ignored;
+        fs::remove(bundle, ignored);   // where there is nothing else in it
+        throw;
+    }
+    UnfinishedFolders::forget(slot);
     terminal.tell("✓ Wrote " + bundle.string());
     if (terminal.mode() == Terminal::Mode::json)
         terminal.result(JsonObject{

@@ -16,6 +16,7 @@ public:
 private:
     std::string document_;
     std::optional<std::string> output_;
+    bool allowsOutside_ = false;
 };
 
 }   // namespace tavix::engine

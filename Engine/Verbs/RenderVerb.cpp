@@ -1,10 +1,12 @@
 #include "Engine/Verbs/RenderVerb.h"
 
 #include "Engine/Arguments.h"
+#include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
+#include "Engine/MemoryWatch.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Codec.h"
@@ -110,8 +112,10 @@ void RenderVerb::run(Terminal& terminal) {
         requireSound(document);
     requireRenderable(document);
     const OutputChoice choice = chooseOutput(request_, document.name);
+    requireNoAsset(choice.target, document);
     CompositionRenderer::Config config = this->config(document, choice);
     RenderNotes notes(terminal);
+    const MemoryWatch::Task task("to render the film");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
         CompositionExport::write(

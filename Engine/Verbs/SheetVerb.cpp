@@ -1,10 +1,12 @@
 #include "Engine/Verbs/SheetVerb.h"
 
 #include "Engine/Arguments.h"
+#include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
+#include "Engine/MemoryWatch.h"
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
@@ -84,7 +86,9 @@ void SheetVerb::run(Terminal& terminal) {
     const std::vector<CompositionLint::Finding> findings =
         isAnnotated_ ? CompositionLint::atAuthoredPaths(CompositionLint::lint(document.spec), document.spec)
                      : std::vector<CompositionLint::Finding>();
+    requireNoAsset(target, document);
     RenderNotes notes(terminal);
+    const MemoryWatch::Task task("to draw the sheet");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
         Composition3DRendererPool stages;

@@ -1,10 +1,12 @@
 #include "Engine/Verbs/StillVerb.h"
 
 #include "Engine/Arguments.h"
+#include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
+#include "Engine/MemoryWatch.h"
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/SceneNames.h"
@@ -63,7 +65,9 @@ void StillVerb::run(Terminal& terminal) {
     CompositionRenderer::Config config;
     config.spec = document.spec;
     config.assetRoot = document.assetRoot;
+    requireNoAsset(target, document);
     RenderNotes notes(terminal);
+    const MemoryWatch::Task task("to draw the still");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         CompositionRenderer::renderStill(config, atSec, unfinished, notes.log());
     });

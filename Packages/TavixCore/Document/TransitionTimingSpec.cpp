@@ -54,7 +54,7 @@ const Names<TransitionTimingSpec::Kind>& namesOf(std::type_identity<TransitionTi
 }
 
 const Names<Preset>& namesOf(std::type_identity<Preset>) {
-    using enum Preset;
+    using enum TransitionTimingSpec::Preset;
     static const Names<Preset> table{
         "transition timing preset", {{gentle, "gentle"}, {snappy, "snappy"}, {bouncy, "bouncy"}}};
     return table;

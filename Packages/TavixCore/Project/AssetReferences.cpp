@@ -4,6 +4,7 @@
 #include "TavixCore/Project/AssetPacker.h"
 #include "TavixCore/Support/FieldTables.h"
 
+#include <optional>
 #include <string>
 
 namespace tavix {
@@ -13,32 +14,40 @@ namespace {
 // Fonts are named, or are files; a name has no slash.
 bool looksLikePath(const std::string& font) { return font.find('/') != std::string::npos; }
 
-void repack(std::string& reference, Role role, AssetPacker& packer) {
+std::optional<AssetKind> kindOf(const std::string& reference, Role role) {
     switch (role) {
-    case Role::picture:
-    case Role::clip:
-    case Role::soundFile: reference = packer.rebased(reference); return;
-    case Role::recording: reference = packer.rebasedClip(reference); return;
+    case Role::picture: return AssetKind::picture;
+    case Role::clip: return AssetKind::clip;
+    case Role::recording: return AssetKind::recording;
+    case Role::soundFile: return AssetKind::sound;
     case Role::sound:
-        if (!named<SFXCatalog::Sound>(reference)) reference = packer.rebased(reference);
-        return;
+        if (!named<SFXCatalog::Sound>(reference)) return AssetKind::sound;
+        return std::nullopt;
     case Role::fontFile:
-        if (looksLikePath(reference)) reference = packer.rebased(reference);
-        return;
+        if (looksLikePath(reference)) return AssetKind::font;
+        return std::nullopt;
     case Role::font:
-        if (looksLikePath(reference) && packer.hasFile(reference)) reference = packer.rebased(reference);
-        return;
-    default: return;
+        if (looksLikePath(reference)) return AssetKind::wishedFont;
+        return std::nullopt;
+    default: return std::nullopt;
     }
 }
 
 }   // namespace
 
-void packReferences(CompositionSpec& spec, AssetPacker& packer) {
+void forEachAsset(CompositionSpec& spec, const std::function<void(AssetKind, std::string&)>& visit) {
     walk(spec, [&](const MutablePlace& place) {
         auto* const reference = place.as<std::string>();
-        if (reference && place.row) repack(*reference, place.row->role, packer);
+        const auto kind = reference && place.row ? kindOf(*reference, place.row->role) : std::nullopt;
+        if (kind) visit(*kind, *reference);
         return Walk::into;
+    });
+}
+
+void packReferences(CompositionSpec& spec, AssetPacker& packer) {
+    forEachAsset(spec, [&](AssetKind kind, std::string& path) {
+        if (kind == AssetKind::wishedFont && !packer.hasFile(path)) return;
+        path = kind == AssetKind::recording ? packer.rebasedClip(path) : packer.rebased(path);
     });
 }
 

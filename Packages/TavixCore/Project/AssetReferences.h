@@ -3,12 +3,28 @@
 
 #include "TavixCore/Document/CompositionSpec.h"
 
+#include <functional>
+#include <string>
+
 namespace tavix {
 
 class AssetPacker;
 
+enum class AssetKind {
+    font,
+    wishedFont,   // of a text, which is set in another one where the file is missing
+    picture,
+    clip,
+    recording,   // a clip whose marks stand in a file beside it
+    sound,
+};
+
+// Visits every reference to a file, from the document's head to its sound; one may be empty. Names of
+// installed fonts and of built-in sounds are no references.
+void forEachAsset(CompositionSpec& spec, const std::function<void(AssetKind kind, std::string& path)>& visit);
+
 // Packs every file that the document refers to and makes the references those of the packed document. The
-// order, from the document's head to its sound, decides which of two files of one name keeps it.
+// order decides which of two files of one name keeps it.
 void packReferences(CompositionSpec& spec, AssetPacker& packer);
 
 }   // namespace tavix

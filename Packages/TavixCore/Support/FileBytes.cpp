@@ -1,11 +1,12 @@
 #include "TavixCore/Support/FileBytes.h"
 
 #include "TavixCore/Support/Failure.h"
+#include "TavixCore/Support/SafeOutput.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -29,8 +30,8 @@ public:
     ~Descriptor() {
         if (isOpen()) ::close(number_);
     }
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Descriptor& operator=(Descriptor&&) = delete;
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
 
     bool isOpen() const { return number_ >= 0; }
     int number() const { return number_; }
@@ -38,40 +39,6 @@ public:
 
 private:
     int number_;
-};
-
-// A fresh file beside another one, removed again unless it takes that one's place.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const fs::path& beside) : descriptor_(open(beside)) {}
-    ~TemporaryFile() {
-        if (!path_.empty()) ::unlink(path_.c_str());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    Descriptor& descriptor() { return descriptor_; }
-    bool renameTo(const fs::path& target) {
-        if (::rename(path_.c_str(), target.c_str()) != 0) return false;
-        path_.clear();
-        return true;
-    }
-
-private:
-    Descriptor open(const fs::path& beside) {
-        for (int attempt = 0; attempt < 100; ++attempt) {
-            path_ =
-                beside.string() + "." + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp";
-            Descriptor opened(::open(path_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-            if (opened.isOpen()) return opened;
-            if (errno != EEXIST) break;
-        }
-        path_.clear();
-        return Descriptor(-1);
-    }
-
-    std::string path_;
-    Descriptor descriptor_;
 };
 
 bool writeAll(int descriptor, std::string_view bytes) {
@@ -83,23 +50,24 @@ bool writeAll(int descriptor, std::string_view bytes) {
     return true;
 }
 
-bool keepPermissions(int descriptor, const fs::path& of) {
-    struct stat there {};
-    return ::stat(of.c_str(), &there) != 0 || ::fchmod(descriptor, there.st_mode & 07777) == 0;
-}
-
-// Makes the rename itself survive a power cut. Some file systems cannot do this for folders; the file is
-// complete in any case, so there is nothing to report.
-void flushFolder(const fs::path& folder) {
-    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (descriptor.isOpen()) ::fsync(descriptor.number());
+// Anything but a file might never end, or never begin.
+void requireFile(int descriptor, const fs::path& file) {
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0) fail("read", file, systemReason());
+    if (S_ISREG(status.st_mode)) return;
+    if (S_ISDIR(status.st_mode)) fail("read", file, "it is a folder");
+    fail("read", file,
+        std::string("it is a ") + (S_ISFIFO(status.st_mode) ? "pipe" : "device") +
+            "; save what it holds to a file and name that");
 }
 
 }   // namespace
 
-std::string readBytes(const fs::path& file, std::size_t maxBytes) {
-    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+std::string readBytes(const fs::path& file, std::size_t maxBytes) try {
+    // Without waiting for the other end of a pipe.
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!descriptor.isOpen()) fail("read", file, systemReason());
+    requireFile(descriptor.number(), file);
     std::string bytes;
     std::size_t size = 0;
     for (;;) {
@@ -113,18 +81,19 @@ std::string readBytes(const fs::path& file, std::size_t maxBytes) {
     }
     bytes.resize(size);
     return bytes;
+} catch (const std::bad_alloc&) {
+    fail("read", file, "there is not enough memory for it");
 }
 
 void writeBytesAtomically(std::string_view bytes, const fs::path& file) {
     std::error_code ignored;
-    const fs::path target = fs::is_symlink(file, ignored) ? fs::weakly_canonical(file, ignored) : file;
-    TemporaryFile temporary(target);
-    Descriptor& descriptor = temporary.descriptor();
-    const bool isDone = descriptor.isOpen() && keepPermissions(descriptor.number(), target) &&
-                        writeAll(descriptor.number(), bytes) && ::fsync(descriptor.number()) == 0 &&
-                        descriptor.close() && temporary.renameTo(target);
-    if (!isDone) fail("write", file, systemReason());
-    flushFolder(target.has_parent_path() ? target.parent_path() : fs::path("."));
+    if (file.has_parent_path() && !fs::exists(file.parent_path(), ignored))
+        fail("write", file, "there is no folder \"" + file.parent_path().string() + "\"");
+    SafeOutput output(file, SafeOutput::IfTaken::wait);
+    Descriptor descriptor(::open(output.partial().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!descriptor.isOpen() || !writeAll(descriptor.number(), bytes) || !descriptor.close())
+        fail("write", file, systemReason());
+    output.commit();
 }
 
 }   // namespace tavix

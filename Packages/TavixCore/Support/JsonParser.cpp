@@ -191,7 +191,7 @@ private:
     char32_t escapedCodePoint() {
         constexpr char32_t replacement = 0xFFFD;
         const char32_t unit = hexUnit();
-        if (isLowSurrogate(unit)) return replacement;
+        if (isLowSurrogate(unit) || unit == 0) return replacement;
         if (!isHighSurrogate(unit)) return unit;
         const std::size_t afterFirst = at_;
         if (text_.substr(at_, 2) != "\\u") return replacement;

@@ -17,7 +17,8 @@ struct JsonLimits {
 };
 
 // Of equal keys in one object the last wins. An escaped half of a surrogate pair without its partner reads as
-// U+FFFD; a number too small for a float as zero. Throws a `DecodingError`.
+// U+FFFD, and so does NUL, where paths, lines of text and messages would end; a number too small for a float
+// reads as zero. Throws a `DecodingError`.
 Json parseJson(std::string_view text, const JsonLimits& limits = {});
 
 }   // namespace tavix

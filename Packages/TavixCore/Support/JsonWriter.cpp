@@ -92,7 +92,11 @@ private:
         out_ += '"';
         for (std::size_t at = 0; at < characters.size();) {
             const std::size_t length = utf8::lengthAt(characters, at);
-            if (length > 1)
+            const bool isControl =
+                length == 2 && characters[at] == '\xC2' && byteOf(characters[at + 1]) < 0xA0;
+            if (isControl)
+                escaped(byteOf(characters[at + 1]));   // U+0080 to U+009F, which terminals obey
+            else if (length > 1)
                 out_.append(characters, at, length);
             else if (length == 0)
                 out_ += utf8::replacement;
@@ -105,18 +109,24 @@ private:
 
     void character(char c) {
         static constexpr std::string_view special = "\"\\\b\f\n\r\t", letters = "\"\\bfnrt";
-        static constexpr std::string_view hexDigits = "0123456789abcdef";
-        const auto byte = static_cast<unsigned char>(c);
+        const unsigned char byte = byteOf(c);
         if (const std::size_t which = special.find(c); which != std::string_view::npos) {
             out_ += '\\';
             out_ += letters[which];
-        } else if (byte < 0x20) {
-            out_ += "\\u00";
-            out_ += hexDigits[byte >> 4];
-            out_ += hexDigits[byte & 15];
+        } else if (byte < 0x20 || byte == 0x7F) {
+            escaped(byte);
         } else {
             out_ += c;
         }
+    }
+
+    static unsigned char byteOf(char c) { return static_cast<unsigned char>(c); }
+
+    void escaped(unsigned char control) {
+        static constexpr std::string_view hexDigits = "0123456789abcdef";
+        out_ += "\\u00";
+        out_ += hexDigits[control >> 4];
+        out_ += hexDigits[control & 15];
     }
 
     std::string out_;

@@ -53,11 +53,19 @@ TEST(FileBytes, SaysWhichFileAndWhy) {
     EXPECT_EQ(failureOf([&] { readBytes(missing); }),
         "Cannot read \"" + missing + "\": No such file or directory.");
     EXPECT_EQ(failureOf([&] { writeBytesAtomically("x", missing); }),
-        "Cannot write \"" + missing + "\": No such file or directory.");
+        "Cannot write \"" + missing + "\": there is no folder \"" + (folder.path() / "no").string() + "\".");
     EXPECT_EQ(failureOf([&] { readBytes(folder.path()); }),
-        "Cannot read \"" + folder.path().string() + "\": Is a directory.");
-    EXPECT_EQ(failureOf([] { readBytes("/dev/zero", 1000); }),
-        "Cannot read \"/dev/zero\": it has more than 1000 bytes.");
+        "Cannot read \"" + folder.path().string() + "\": it is a folder.");
+    EXPECT_EQ(failureOf([] { readBytes("/dev/zero"); }),
+        "Cannot read \"/dev/zero\": it is a device; save what it holds to a file and name that.");
+    const std::string pipe = (folder.path() / "pipe").string();   // with nobody at its other end
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(failureOf([&] { readBytes(pipe); }),
+        "Cannot read \"" + pipe + "\": it is a pipe; save what it holds to a file and name that.");
+    const std::string large = (folder.path() / "large").string();
+    writeBytesAtomically(std::string(1001, 'x'), large);
+    EXPECT_EQ(failureOf([&] { readBytes(large, 1000); }),
+        "Cannot read \"" + large + "\": it has more than 1000 bytes.");
 }
 
 TEST(FileBytes, KeepsPermissionsAndLinks) {

@@ -15,11 +15,9 @@ namespace {
 
 TEST(JsonWriter, LaysADocumentOut) {
     const Json json = JsonObject{{"b", JsonArray{1, JsonObject{}, JsonArray{}}},
-        {"a/b", "x/y \"\\\n\x01\x7F"}, {"c", JsonObject{{"d", nullptr}, {"Z", true}}}};
+        {"a/b", "x/y \"\\\n\x01\x7F\xC2\x9B"}, {"c", JsonObject{{"d", nullptr}, {"Z", true}}}};
     EXPECT_EQ(writeJson(json), R"({
-  "a/b" : "x/y \"\\\n\u0001)"
-                               "\x7F"
-                               R"(",
+  "a/b" : "x/y \"\\\n\u0001\u007f\u009b",
   "b" : [
     1,
     {},

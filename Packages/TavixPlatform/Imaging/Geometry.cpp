@@ -62,7 +62,7 @@ PixelRegion grownBy(const PixelRegion& region, int marginPx) {
 }
 
 PixelRegion pixelsCovering(const Rect& rect) {
-    if (rect.isEmpty() || std::isnan(rect.x) || std::isnan(rect.y)) return {};
+    if (rect.isEmpty() || std::isnan(rect.maxX()) || std::isnan(rect.maxY())) return {};
     const auto low = [](double edge) {
         return int(std::clamp(std::floor(edge + wholeNumberSlack), -farAway, farAway));
     };

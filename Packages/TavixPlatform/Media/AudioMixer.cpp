@@ -11,6 +11,7 @@
 namespace tavix::media {
 namespace {
 
+constexpr double mostMissingSec = 0.25;     // files round how long they are
 constexpr std::size_t blockFrames = 2048;   // mixed at a time; small enough to stay in the nearest cache
 
 class Complaints {
@@ -34,6 +35,7 @@ public:
         clip_ = 0;
         reader_.reset();
         isOpen_ = false;
+        missing_ = 0;
     }
 
     // Adds the frames from `start` on to `mix`. Starts rise from call to call, without gaps.
@@ -59,6 +61,7 @@ private:
         if (!reader_) return;
         sound_.resize(mix.size());
         const std::size_t frames = read(clip, complaints);
+        missing_ += mix.size() / static_cast<std::size_t>(format_.channels) - frames;
         volumes_.resize(frames);
         track_.volume.fill(from, volumes_);
         const auto channels = static_cast<std::size_t>(format_.channels);
@@ -89,17 +92,21 @@ private:
 
     void close(Complaints& complaints) {
         const AudioClip& clip = track_.clips[clip_ - 1];
+        const std::string sound = "the sound \"" + clip.file.string() + "\"";
         if (reader_ && reader_->isDamaged())
-            complaints.add(
-                clip.file, "Parts of the sound \"" + clip.file.string() + "\" are damaged; they are silent.");
+            complaints.add(clip.file, "Parts of " + sound + " are damaged; they are silent.");
+        else if (reader_ && double(missing_) > mostMissingSec * format_.sampleRate)
+            complaints.add(clip.file, "The end of " + sound + " is missing; it is silent from there on.");
         reader_.reset();
         isOpen_ = false;
+        missing_ = 0;
     }
 
     const AudioTrack& track_;
     const AudioFormat& format_;
     std::size_t clip_ = 0;
     bool isOpen_ = false;                 // whether the clip's file was tried
+    std::size_t missing_ = 0;             // frames that the clip should have had
     std::optional<AudioReader> reader_;   // of the clip that plays, when its file can be read
     std::vector<float> sound_, volumes_;
 };

@@ -5,6 +5,7 @@
 #include "TavixPlatform/Media/AudioFormat.h"
 #include "TavixPlatform/Media/VolumeLine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
@@ -31,7 +32,10 @@ struct AudioTimeline {
     std::vector<AudioTrack> tracks;
     std::int64_t frames = 0;   // how long it is; clips that reach further are cut
 
-    std::int64_t frameAt(double sec) const { return std::llround(sec * format.sampleRate); }
+    std::int64_t frameAt(double sec) const {
+        constexpr double mostSec = 1e9;   // longer than anything is heard, and within 64 bits
+        return std::llround(std::clamp(sec, -mostSec, mostSec) * format.sampleRate);
+    }
 };
 
 }   // namespace tavix::media

@@ -1,5 +1,7 @@
 #include "TavixPlatform/Media/Libav.h"
 
+#include "TavixPlatform/Media/MediaFault.h"
+
 extern "C" {
 #include <libavutil/error.h>
 #include <libavutil/log.h>
@@ -51,6 +53,7 @@ std::string ErrorScope::reason(int code) const {
 }
 
 int check(int code, const ErrorScope& errors, const std::string& failure) {
+    if (code == AVERROR(ENOMEM)) throw MediaFault(failure + ": there is not enough memory.");
     if (code < 0) throw MediaError(failure + ": " + errors.reason(code) + ".");
     return code;
 }

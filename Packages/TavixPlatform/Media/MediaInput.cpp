@@ -1,5 +1,7 @@
 #include "TavixPlatform/Media/MediaInput.h"
 
+#include "TavixPlatform/Media/MediaFault.h"
+#include "TavixPlatform/Media/PlainFile.h"
 #include "TavixPlatform/Media/VideoFile.h"
 
 extern "C" {
@@ -11,10 +13,7 @@ extern "C" {
 #include <cerrno>
 #include <cmath>
 #include <limits>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <span>
 
 namespace tavix::media {
 namespace {
@@ -41,23 +40,13 @@ const AVCodec* decoderFor(const AVStream& track) {
 // The bytes of a plain file. The libraries read through it and so never open anything themselves.
 class MediaInput::File {
 public:
-    File(const std::filesystem::path& path, const std::string& failure) {
-        // Without waiting, so that a pipe without a writer does not hold us up.
-        descriptor_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-        if (descriptor_ < 0)
-            throw MediaError(failure + (errno == ENOENT ? "There is no such file."
-                                                        : "It cannot be opened: " + reasonOf(errno) + "."));
-        struct stat status {};
-        const bool isPlain = ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
-        sizeBytes_ = status.st_size;
-        if (isPlain && sizeBytes_ > 0) return;
-        ::close(descriptor_);
-        throw MediaError(failure + (isPlain ? "It is empty." : "It is not a file."));
+    File(const std::filesystem::path& path, const std::string& failure)
+        : file_(path, failure), failure_(failure) {
+        if (file_.sizeBytes() == 0) throw MediaError(failure + "It is empty.");
     }
     ~File() {
         if (access_) av_freep(&access_->buffer);
         avio_context_free(&access_);
-        ::close(descriptor_);
     }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
@@ -73,29 +62,37 @@ public:
         return access_;
     }
 
-private:
-    static std::string reasonOf(int code) { return std::generic_category().message(code); }
+    // The libraries take an error for the end of the file, or for damage, and go on. Throws MediaFault.
+    void requireRead(int code = 0) const {
+        if (error_ != 0)
+            throw MediaFault(failure_ + "Reading it failed: " + PlainFile::reasonOf(error_) + ".");
+        if (code == AVERROR(ENOMEM)) throw MediaFault(failure_ + "There is not enough memory.");
+    }
 
+private:
     static int read(void* self, std::uint8_t* to, int count) {
         auto& file = *static_cast<File*>(self);
-        const ssize_t got = ::pread(file.descriptor_, to, std::size_t(count), file.at_);
-        if (got < 0) return AVERROR(errno);
+        const std::ptrdiff_t got =
+            file.file_.read({reinterpret_cast<std::byte*>(to), std::size_t(count)}, file.at_);
+        if (got < 0) file.error_ = static_cast<int>(-got);
+        if (got < 0) return AVERROR(file.error_);
         if (got == 0) return AVERROR_EOF;
         file.at_ += got;
         return static_cast<int>(got);
     }
     static std::int64_t seek(void* self, std::int64_t offset, int whence) {
         auto& file = *static_cast<File*>(self);
-        if (whence == AVSEEK_SIZE) return file.sizeBytes_;
-        const std::int64_t base = whence == SEEK_CUR   ? file.at_
-                                  : whence == SEEK_END ? file.sizeBytes_
-                                                       : std::int64_t{0};
+        const std::int64_t size = file.file_.sizeBytes();
+        if (whence == AVSEEK_SIZE) return size;
+        const std::int64_t base = whence == SEEK_CUR ? file.at_ : whence == SEEK_END ? size : std::int64_t{0};
         if (offset < -base) return AVERROR(EINVAL);
         return file.at_ = base + offset;
     }
 
-    int descriptor_ = -1;
-    std::int64_t sizeBytes_ = 0, at_ = 0;
+    PlainFile file_;
+    std::string failure_;
+    std::int64_t at_ = 0;
+    int error_ = 0;   // of the system, while reading
     AVIOContext* access_ = nullptr;
 };
 
@@ -113,11 +110,14 @@ MediaInput::MediaInput(const std::filesystem::path& path) : name_(path.filename(
     // The extension says what a few formats without a mark are; the rest of the name might be a pattern.
     const std::string plainName = "media" + path.extension().string();
     AVFormatContext* opened = format.release();   // freed by the call when it fails
-    if (const int code = avformat_open_input(&opened, plainName.c_str(), nullptr, options.get()); code < 0)
+    if (const int code = avformat_open_input(&opened, plainName.c_str(), nullptr, options.get()); code < 0) {
+        file_->requireRead(code);
         throw MediaError(
             failure + "It is not a film or sound that can be read: " + errors.reason(code) + ".");
+    }
     format_.reset(opened);
-    avformat_find_stream_info(format_.get(), nullptr);   // a track it knows too little of fails when opened
+    // A track that it knows too little of fails when it is opened.
+    file_->requireRead(avformat_find_stream_info(format_.get(), nullptr));
     originSec_ = originOfTracks();
 }
 
@@ -168,20 +168,27 @@ bool MediaInput::read(AVPacket& packet) {
             ++busy;
             continue;
         }
-        if (code < 0) return false;
+        if (code < 0) {
+            file_->requireRead(code);
+            isBroken_ = isBroken_ || code != AVERROR_EOF;
+            return false;
+        }
         if (format_->streams[packet.stream_index]->discard != AVDISCARD_ALL) return true;
     }
     return false;
 }
 
+void MediaInput::requireRead(int code) const { file_->requireRead(code); }
+
 void MediaInput::seek(const AVStream& track, double sec) {
     const std::int64_t wanted = timestampOf(track, sec);
-    if (av_seek_frame(format_.get(), track.index, wanted, AVSEEK_FLAG_BACKWARD) >= 0) return;
+    bool isThere = av_seek_frame(format_.get(), track.index, wanted, AVSEEK_FLAG_BACKWARD) >= 0;
     // Nothing to decode from lies before it, or the container has no index.
-    if (avformat_seek_file(format_.get(), track.index, std::numeric_limits<std::int64_t>::min(), wanted,
-            std::numeric_limits<std::int64_t>::max(), 0) >= 0)
-        return;
-    av_seek_frame(format_.get(), -1, 0, AVSEEK_FLAG_BYTE);
+    isThere =
+        isThere || avformat_seek_file(format_.get(), track.index, std::numeric_limits<std::int64_t>::min(),
+                       wanted, std::numeric_limits<std::int64_t>::max(), 0) >= 0;
+    if (!isThere) av_seek_frame(format_.get(), -1, 0, AVSEEK_FLAG_BYTE);
+    file_->requireRead();
 }
 
 TrackDecoder::TrackDecoder(MediaInput& input, AVStream& track, int threads)
@@ -204,7 +211,9 @@ TrackDecoder::TrackDecoder(MediaInput& input, AVStream& track, int threads)
 void TrackDecoder::feed() {
     if (isDraining_) return;
     isDraining_ = !input_.read(*packet_);
-    if (avcodec_send_packet(decoder_.get(), isDraining_ ? nullptr : packet_.get()) < 0) isDamaged_ = true;
+    const int code = avcodec_send_packet(decoder_.get(), isDraining_ ? nullptr : packet_.get());
+    input_.requireRead(code);
+    if (code < 0 || input_.isBroken()) isDamaged_ = true;
 }
 
 bool TrackDecoder::next(AVFrame& frame) {
@@ -215,6 +224,7 @@ bool TrackDecoder::next(AVFrame& frame) {
             return true;
         }
         if (code == AVERROR_EOF) return false;
+        input_.requireRead(code);
         if (code != AVERROR(EAGAIN)) isDamaged_ = true;
         feed();   // where no packets are left, the frames that are still inside come next
     }

@@ -15,7 +15,8 @@ namespace tavix::media {
 
 class MediaInput {
 public:
-    // Reads what the file tells of its tracks. Throws MediaError when it is no media file that can be read.
+    // Reads what the file tells of its tracks. Throws MediaError when it is no media file that can be read,
+    // and MediaFault when the machine cannot read it now.
     explicit MediaInput(const std::filesystem::path& path);
     ~MediaInput();
     MediaInput(const MediaInput&) = delete;
@@ -38,7 +39,11 @@ public:
     // From here on only packets of this track are read.
     void select(const AVStream& track);
     // The next packet, in the order of the file; false at its end, or where it is too damaged to go on.
+    // Throws MediaFault where the machine is to blame, as does `seek`.
     bool read(AVPacket& packet);
+    bool isBroken() const { return isBroken_; }   // the file ended in the midst of what it tells of
+    // Throws MediaFault when reading has failed, or when the code of a library says that memory has.
+    void requireRead(int code) const;
     // Goes to the last packet from which decoding can start at or before a time, or to the first one. The
     // container's index may be wrong: look at the time of what is decoded then.
     void seek(const AVStream& track, double sec);
@@ -55,6 +60,7 @@ private:
     std::unique_ptr<File> file_;   // outlives the format, which reads through it
     std::unique_ptr<AVFormatContext, Closer> format_;
     double originSec_ = 0;
+    bool isBroken_ = false;
 };
 
 // Decodes one track from where its input stands.

@@ -1,5 +1,15 @@
 #include "TavixPlatform/Media/OutputFile.h"
 
+#include "TavixPlatform/Media/MediaFault.h"
+#include "TavixPlatform/Media/PlainFile.h"
+
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
+#include <algorithm>
+#include <array>
+
 namespace tavix::media {
 namespace {
 
@@ -80,7 +90,25 @@ void OutputFile::finish() {
     libav::check(av_write_trailer(format_.get()), errors, failure());
     libav::check(flush(), errors, failure());
     libav::check(avio_closep(&format_->pb), errors, failure());
+    requireWhole();
     isFinished_ = true;
+}
+
+// Moving the index to the front reads the file back, and where reading fails the library stops in silence.
+// The boxes of such a file (ISO/IEC 14496-12, 4.2) reach exactly to its end.
+void OutputFile::requireWhole() const {
+    const PlainFile file(path_, failure() + ": ");
+    std::int64_t at = 0;
+    while (at < file.sizeBytes()) {
+        std::array<std::byte, 16> head{};
+        const std::ptrdiff_t got = file.read(head, at);
+        if (got < 8) throw MediaFault(failure() + ": reading it back failed.");
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(head.data());
+        const auto size = std::int64_t{AV_RB32(bytes)};
+        at += size == 1 ? std::max(static_cast<std::int64_t>(AV_RB64(bytes + 8)), std::int64_t{16})
+                        : std::max(size, std::int64_t{8});
+    }
+    if (at != file.sizeBytes()) throw MediaFault(failure() + ": it did not become whole.");
 }
 
 // Only a plain file is removed: the target may be a device or a pipe.

@@ -30,6 +30,7 @@ private:
     void open();
     void close() noexcept;
     int flush();
+    void requireWhole() const;
     std::string failure() const;
 
     std::filesystem::path path_;

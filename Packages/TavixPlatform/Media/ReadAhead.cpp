@@ -41,9 +41,9 @@ void ReadAhead::run() {
             const std::lock_guard lock(mutex_);
             failure_ = failure;
             if (frame)
-                ready_.push_back(std::move(*frame));
+                ready_.push_back({std::move(*frame), frames_->isDamaged()});
             else
-                hasEnded_ = true;
+                hasEnded_ = true, isEndDamaged_ = frames_->isDamaged();
         }
         changed_.notify_all();
         if (!frame) return;
@@ -57,9 +57,11 @@ std::optional<VideoFrame> ReadAhead::next() {
         changed_.wait(lock, [this] { return hasEnded_ || !ready_.empty(); });
         if (ready_.empty()) {
             if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+            isDamaged_ = isEndDamaged_;
             return std::nullopt;
         }
-        frame = std::move(ready_.front());
+        frame = std::move(ready_.front().frame);
+        isDamaged_ = ready_.front().isDamaged;
         ready_.pop_front();
     }
     changed_.notify_all();

@@ -17,6 +17,7 @@ public:
     ~ReadAhead() override;   // waits for the picture that is being decoded
 
     std::optional<VideoFrame> next() override;
+    bool isDamaged() const override { return isDamaged_; }
 
 private:
     void run();
@@ -24,9 +25,14 @@ private:
     std::unique_ptr<VideoFrames> frames_;   // the thread's alone
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<VideoFrame> ready_;
-    bool hasEnded_ = false, mustStop_ = false;
-    std::exception_ptr failure_;   // why it ended, when memory ran out
+    struct Ready {
+        VideoFrame frame;
+        bool isDamaged;   // up to this one
+    };
+    std::deque<Ready> ready_;
+    bool hasEnded_ = false, mustStop_ = false, isEndDamaged_ = false;
+    bool isDamaged_ = false;       // the taker's alone
+    std::exception_ptr failure_;   // why it ended, when the machine is to blame
     std::thread thread_;           // the last member: it uses all others
 };
 

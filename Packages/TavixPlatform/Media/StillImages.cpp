@@ -1,11 +1,12 @@
 #include "TavixPlatform/Media/StillImages.h"
 
+#include "TavixPlatform/Media/MediaFault.h"
+#include "TavixPlatform/Media/PlainFile.h"
 #include "TavixPlatform/Media/StillReaders.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <fstream>
 #include <new>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,7 @@
 namespace tavix::media {
 namespace {
 
-constexpr std::uintmax_t maxFileBytes = std::uintmax_t{1} << 30;
+constexpr std::int64_t maxFileBytes = std::int64_t{1} << 30;
 
 struct Format {
     std::size_t at;   // where its mark stands in the file
@@ -30,18 +31,19 @@ bool hasMark(std::span<const std::byte> bytes, const Format& format) {
            !std::memcmp(bytes.data() + format.at, format.mark.data(), format.mark.size());
 }
 
-// Anything but a plain file might never end.
 std::vector<std::byte> readFile(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::exists(path, error)) throw MediaError("There is no such file.");
-    if (!std::filesystem::is_regular_file(path, error)) throw MediaError("It is not a file.");
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error) throw MediaError("Its size is unknown: " + error.message() + ".");
-    if (size > maxFileBytes) throw MediaError("The file is larger than 1 GiB.");
-    std::ifstream file(path, std::ios::binary);
-    std::vector<std::byte> bytes(size);
-    if (!file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size)))
-        throw MediaError("The file cannot be read.");
+    const PlainFile file(path, "");
+    if (file.sizeBytes() > maxFileBytes) throw MediaError("The file is larger than 1 GiB.");
+    std::vector<std::byte> bytes(static_cast<std::size_t>(file.sizeBytes()));
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const std::ptrdiff_t got = file.read(std::span(bytes).subspan(done), static_cast<std::int64_t>(done));
+        if (got < 0)
+            throw MediaFault("Reading it failed: " + PlainFile::reasonOf(static_cast<int>(-got)) + ".");
+        if (got == 0) break;   // it has become shorter
+        done += static_cast<std::size_t>(got);
+    }
+    bytes.resize(done);
     return bytes;
 }
 
@@ -51,18 +53,21 @@ imaging::Bitmap decodeStillImage(std::span<const std::byte> bytes) {
     const auto format =
         std::find_if(formats.begin(), formats.end(), [&](const Format& f) { return hasMark(bytes, f); });
     if (format == formats.end()) throw MediaError("It is not a PNG, JPEG, WebP, HEIC or AVIF image.");
-    try {
-        return format->read(bytes);
-    } catch (const std::bad_alloc&) {
-        throw MediaError("There is not enough memory for the image.");
-    }
+    return format->read(bytes);
 }
 
 imaging::Bitmap loadStillImage(const std::filesystem::path& path) {
+    const auto told = [&](const char* reason) {
+        return "Cannot read the image \"" + path.string() + "\". " + reason;
+    };
     try {
         return decodeStillImage(readFile(path));
     } catch (const MediaError& error) {
-        throw MediaError("Cannot read the image \"" + path.string() + "\". " + error.what());
+        throw MediaError(told(error.what()));
+    } catch (const MediaFault& fault) {
+        throw MediaFault(told(fault.what()));
+    } catch (const std::bad_alloc&) {
+        throw MediaFault(told("There is not enough memory for it."));
     }
 }
 

@@ -35,12 +35,16 @@ public:
             decodeAlone();
             decoded = nextDecoded();
         }
+        isDamaged_ = isDamaged_ || (track_->isDamaged() && !wasSoughtInDamage_) ||
+                     (!decoded && track_->hasEndedEarly());
         if (!decoded || decoded->ptsSec >= endSec_) return std::nullopt;
         lastGivenSec_ = decoded->ptsSec;
         return track_->shown(*decoded, pool_);
     } catch (const MediaError&) {
+        isDamaged_ = true;
         return std::nullopt;   // the file went away while it was read
     }
+    bool isDamaged() const override { return isDamaged_; }
 
 private:
     using Decoded = VideoTrack::Decoded;
@@ -69,7 +73,10 @@ private:
                 if (afterFollowing_->ptsSec > startSec_ + timestampToleranceSec) break;
                 following_ = std::move(afterFollowing_);
             }
-            if (following_ || isWholeFilm) return;
+            if (!following_ && !isWholeFilm) continue;
+            // In the midst of a film, frames may refer to others before the place that was sought.
+            wasSoughtInDamage_ = !isWholeFilm && track_->isDamaged();
+            return;
         }
     }
 
@@ -89,7 +96,7 @@ private:
     double startSec_, endSec_;
     std::shared_ptr<imaging::BytePool> pool_;
     std::unique_ptr<VideoTrack> track_;
-    bool isAtStart_ = false, isAlone_ = false;
+    bool isAtStart_ = false, isAlone_ = false, isDamaged_ = false, wasSoughtInDamage_ = false;
     std::optional<Decoded> following_, afterFollowing_;   // decoded and not yet given
     std::optional<double> lastGivenSec_;
 };

@@ -34,12 +34,16 @@ private:
     std::function<imaging::Image()> convert_;
 };
 
-// Both are used by one thread at a time, and end quietly where the film is too damaged to go on.
+// Both are used by one thread at a time, and end where the film is too damaged to go on. They throw
+// MediaFault where the machine is to blame.
 class VideoFrames {
 public:
     virtual ~VideoFrames() = default;
     // With rising times; nothing after the last.
     virtual std::optional<VideoFrame> next() = 0;
+    // Whether, up to the picture given last, some could not be decoded whole or the film ended before its
+    // time.
+    virtual bool isDamaged() const { return false; }
 };
 class RandomAccessFrames {
 public:

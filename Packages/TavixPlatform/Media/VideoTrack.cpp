@@ -1,8 +1,12 @@
 #include "TavixPlatform/Media/VideoTrack.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace tavix::media {
 namespace {
 
+constexpr double mostMissingSec = 0.5;       // containers round, and count frames that are not shown
 constexpr double usualFrameSec = 1.0 / 30;   // where a film tells neither times nor a rate
 
 AVStream& showableTrack(const MediaInput& input) {
@@ -41,8 +45,17 @@ std::optional<VideoTrack::Decoded> VideoTrack::decodedNext(bool (TrackDecoder::*
         const double sec = timeOf(*frame);
         if (lastSec_ && sec <= *lastSec_) continue;   // a fault of the file: it would never be shown
         lastSec_ = sec;
+        lastEndSec_ = sec + double(std::max<std::int64_t>(frame->pkt_duration, 0)) * av_q2d(track_.time_base);
         return Decoded{std::move(frame), sec};
     }
+}
+
+bool VideoTrack::hasEndedEarly() const {
+    const AVFormatContext& format = input_.format();
+    const bool tellsItself = std::string_view(format.iformat->name).starts_with("mov,");
+    if (tellsItself || format.nb_streams != 1 || format.duration <= 0) return false;
+    const double statedSec = double(format.duration) / AV_TIME_BASE;
+    return lastEndSec_ + mostMissingSec < statedSec;
 }
 
 void VideoTrack::seek(double sec) {

@@ -28,6 +28,9 @@ public:
     // The frame that the next packet alone gives, without waiting for others as `next` does. A `seek` must
     // follow.
     std::optional<Decoded> nextAlone();
+    // Whether the pictures ended well before their container says that they do, in kinds of films that do not
+    // tell so themselves.
+    bool hasEndedEarly() const;
     // Something was damaged; with several threads, what became of it may differ from run to run.
     bool isDamaged() const { return decoder_.isDamaged(); }
 
@@ -42,6 +45,7 @@ private:
     FrameSetting setting_;
     TrackDecoder decoder_;
     std::optional<double> lastSec_;
+    double lastEndSec_ = 0;
 };
 
 }   // namespace tavix::media

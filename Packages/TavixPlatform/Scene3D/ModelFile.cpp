@@ -53,7 +53,8 @@ void requireContainer(std::span<const std::uint8_t> bytes, const std::string& na
     if (bytes.size() > mostFileBytes) refuse(name, "is larger than 256 MB; simplify the model.");
     const std::size_t length = wordAt(bytes, 8), textBytes = wordAt(bytes, 12);
     if (length > bytes.size()) refuse(name, "is cut short; copy or export it again.");
-    if (wordAt(bytes, 16) != text || textBytes > length - headerBytes || textBytes > mostTextBytes)
+    if (wordAt(bytes, 16) != text || length < headerBytes || textBytes > length - headerBytes ||
+        textBytes > mostTextBytes)
         refuse(name, "is damaged: its description is missing or has no sound size.");
     if (nestsTooDeep(bytes.subspan(headerBytes, textBytes)))
         refuse(name, "is damaged: its description nests too deep.");

@@ -125,6 +125,15 @@ bool SequentialClipReader::open(bool approximate) {
     }
 }
 
+SequentialClipReader::Picture SequentialClipReader::nextFrame() {
+    if (!frames_) return std::nullopt;
+    Picture frame = frames_->next();
+    if (frames_->isDamaged() && !std::exchange(isDamageTold_, true) && log_)
+        log_("⚠️ The clip " + clip_.name +
+             " is damaged or cut short; where a picture cannot be decoded, the one before it stays.");
+    return frame;
+}
+
 void SequentialClipReader::drain() {
     frames_.reset();
     hasFinished_ = true;
@@ -140,7 +149,7 @@ bool SequentialClipReader::advance(double to, int maxDecodes) {
             continue;
         }
         if (maxDecodes < 1) return false;
-        pending_ = frames_ ? frames_->next() : std::nullopt;
+        pending_ = nextFrame();
         if (!pending_) {
             drain();
             return true;
@@ -182,7 +191,7 @@ bool SequentialClipReader::reopenedFurtherBack(double wanted) {
 
 void SequentialClipReader::decodeApproximately(double wanted, bool hasRewound) {
     if (hasRewound) {
-        Picture first = frames_ ? frames_->next() : std::nullopt;
+        Picture first = nextFrame();
         if (first)
             current_ = std::move(first);
         else

@@ -26,7 +26,8 @@ public:
         bool holdLastFrame = true;   // past the trim end; otherwise there is nothing
     };
 
-    // A film that cannot be read is named in the log, once, and gives nothing. The scrub log is told what a
+    // A film that cannot be read, or only in part, is named in the log, once, and gives nothing where it
+    // cannot. One that the machine cannot read now throws media::MediaFault. The scrub log is told what a
     // preview's requests cost.
     SequentialClipReader(
         std::unique_ptr<media::VideoSource> source, Clip clip, RenderLog log = {}, RenderLog scrubLog = {});
@@ -49,6 +50,7 @@ private:
     std::optional<imaging::Image> rapidAnswer(double wanted);
     bool jumpFor(double wanted, bool approximate);
     bool open(bool approximate);
+    Picture nextFrame();   // of the forward decoder; tells of damage, once
     void drain();
     void rewind(double near, Hold hold);
     bool advance(double to, int maxDecodes);
@@ -81,6 +83,7 @@ private:
     bool needsRewind_ = false;   // the forward decoder does not match the position last answered
     bool hasFinished_ = false;   // the forward decoder has ended
     bool hasFailed_ = false;     // the film cannot be opened: nothing from now on
+    bool isDamageTold_ = false;
 };
 
 }   // namespace tavix

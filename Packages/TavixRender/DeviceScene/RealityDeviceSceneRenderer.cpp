@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -98,6 +99,8 @@ void RealityDeviceSceneRenderer::build(const Context& context) {
         stage_ = std::make_unique<DeviceStage>(std::move(*stage));
         setUpStage();
         state_ = State::built;
+    } catch (const std::bad_alloc&) {
+        throw;   // no frame that comes after can be trusted
     } catch (const std::exception& error) {
         stage_.reset();
         tell(context.log, std::string("[Tavix] RealityKit device scene failed to build (") + error.what() +
@@ -132,6 +135,8 @@ void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double output
         stage_->screen().replace(
             std::make_shared<const imaging::Bitmap>(context.evaluator.draw(opaque, region)));
         lastBlit_ = screen.hash();
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         if (!std::exchange(hasToldOfScreen_, true))
             tell(

@@ -93,7 +93,7 @@ int peakScale(const KineticStyle& style) {
     if (style.idle && style.idle->target == IdlePhase::Target::scale) peak += style.idle->amplitude;
     if (style.inPhase.scale >= 1) peak = std::max(peak, style.inPhase.scale);
     if (std::max(style.inPhase.scale, style.outPhase.scale) >= 1) peak = std::max(peak, style.outPhase.scale);
-    return int(std::clamp(std::ceil(peak), 1.0, 3.0));
+    return peak > 2 ? 3 : peak > 1 ? 2 : 1;
 }
 
 double padPx(const std::optional<TextShadow>& shadow, double canvasHeight) {

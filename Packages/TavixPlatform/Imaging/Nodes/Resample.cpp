@@ -26,7 +26,8 @@ struct Axis {
 
 // Source pixels count from 0 at `low`; the target spans low to high on pixels from, from + 1, ...
 Axis axisOf(int sourceSize, double low, double high, int from, int to) {
-    const double ratio = sourceSize / (high - low);   // source pixels per target pixel
+    // Source pixels per target pixel. A target that is narrower than this allows covers nothing.
+    const double ratio = std::min(sourceSize / (high - low), 4.0 * sourceSize);
     const double width = std::max(ratio, 1.0);
     Axis axis;
     axis.taps = std::min(int(std::ceil(width * 4)) + 1, sourceSize);

@@ -211,8 +211,9 @@ private:
         const Rect& box = shape_.rect;
         const double fromEdge = std::min(y - box.y, box.maxY() - (y + 1));
         const double inset = fromEdge >= shape_.radiusPx ? 0 : shape_.radiusPx;
-        const int first = std::max(int(std::ceil(box.x + inset)), within.x0);
-        const int last = std::min(int(std::floor(box.maxX() - inset)), within.x1);
+        // A box may reach further than whole numbers do.
+        const int first = int(std::clamp<double>(std::ceil(box.x + inset), within.x0, within.x1));
+        const int last = int(std::clamp<double>(std::floor(box.maxX() - inset), within.x0, within.x1));
         return fromEdge >= 0 && first < last ? std::pair(first, last) : std::pair(-1, -1);
     }
     // Signed distance to the outline, negative inside: the box shrunk by the radius, then rounded by it.
@@ -233,9 +234,10 @@ DrawableRef RoundedRectangleNode::prepare(Workshop&, const NodeRef& self, const 
 }   // namespace
 
 std::uint32_t pixelOf(const Color& color) {
-    const auto byte = [](double v) { return std::uint32_t(std::lround(std::clamp(v, 0.0, 1.0) * 255)); };
-    const double a = std::clamp(color.a, 0.0, 1.0);
-    const auto channel = [&](double v) { return byte(std::clamp(v, 0.0, 1.0) * a); };
+    const auto held = [](double v) { return v > 0 ? std::min(v, 1.0) : 0.0; };   // what is no number is 0
+    const auto byte = [](double v) { return std::uint32_t(std::lround(v * 255)); };
+    const double a = held(color.a);
+    const auto channel = [&](double v) { return byte(held(v) * a); };
     return channel(color.b) | channel(color.g) << 8 | channel(color.r) << 16 | byte(a) << 24;
 }
 

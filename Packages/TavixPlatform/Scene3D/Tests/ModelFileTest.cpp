@@ -152,6 +152,12 @@ TEST(ModelFile, RefusesContainersThatAreNotWhole) {
     old[4] = 1;
     EXPECT_THAT(failureOf(old), testing::HasSubstr("is not of glTF version 2"));
     EXPECT_THAT(failureOf(glb(std::string(5000, '['), {})), testing::HasSubstr("nests too deep"));
+    // A length below the header's own leaves no room for a description, however long that one says it is.
+    for (const std::uint8_t length : std::initializer_list<std::uint8_t>{0, 12, 19}) {
+        Bytes shorter(file.begin(), file.begin() + 20);
+        shorter[8] = length, shorter[9] = 0;
+        EXPECT_THAT(failureOf(shorter), testing::HasSubstr("its description is missing"));
+    }
     EXPECT_THROW(loadModel(std::filesystem::path("/nowhere/phone.glb")), SceneError);
     // However a file is cut or bent, it is read or refused.
     for (std::size_t i = 12; i < file.size(); i += 3) {

@@ -1,0 +1,36 @@
+#include "Engine/Errors.h"
+
+#include "Engine/MemoryWatch.h"
+
+#include <new>
+#include <system_error>
+
+namespace tavix::engine {
+
+namespace {
+
+// The errors of the standard library are no sentences.
+std::string sentenceOfOne(const std::exception& error) {
+    if (dynamic_cast<const std::bad_alloc*>(&error)) return MemoryWatch::sentence();
+    if (const auto* system = dynamic_cast<const std::system_error*>(&error)) {
+        if (system->code() == std::errc::resource_unavailable_try_again)
+            return "The system gives no more threads; end other programs, or raise its limit (ulimit -u).";
+        return "The system refused: " + system->code().message() + ".";
+    }
+    const std::string sentence = error.what();
+    return sentence.ends_with('.') ? sentence : "The work could not be done: " + sentence + ".";
+}
+
+}   // namespace
+
+std::string sentenceOf(const std::exception& error) {
+    std::string sentence = sentenceOfOne(error);
+    try {
+        std::rethrow_if_nested(error);
+    } catch (const std::exception& cause) {
+        sentence += " " + sentenceOf(cause);
+    }
+    return sentence;
+}
+
+}   // namespace tavix::engine

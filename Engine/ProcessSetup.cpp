@@ -1,0 +1,77 @@
+#include "Engine/ProcessSetup.h"
+
+#include "Engine/Errors.h"
+#include "Engine/MemoryWatch.h"
+#include "TavixCore/Support/UnfinishedFolders.h"
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <fcntl.h>
+#include <malloc.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace tavix::engine {
+
+namespace {
+
+// A file that is opened takes the lowest free number: with standard output closed it would become that, and
+// what is printed would stand in the film. Of what was closed, reading finds the end and writing fails.
+void keepStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0) ::open("/dev/null", O_RDONLY);
+}
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+
+// Libraries end the program where they cannot go on, mostly because memory is at its end. In the handler of a
+// signal only plain system calls are safe.
+void endOnFault(int signal) {
+    UnfinishedFolders::removeAll();
+    if (MemoryWatch::refusedBytes() > 0) {
+        MemoryWatch::writeSentence(STDERR_FILENO);
+        ::_exit(ExitStatus::inputOrOutputFailed);
+    }
+    constexpr std::string_view sentence = "tavix: A fault of Tavix itself ended it; nothing was written. "
+                                          "Please report the document that did.\n";
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, sentence.data(), sentence.size());
+    std::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+void catchFaults() {
+    // A stack that is full leaves no room for a handler.
+    static std::array<char, 1 << 16> room;
+    const stack_t stack{room.data(), 0, room.size()};
+    ::sigaltstack(&stack, nullptr);
+    struct sigaction action {};
+    action.sa_handler = endOnFault;
+    action.sa_flags = SA_ONSTACK | SA_NODEFER;
+    for (const int signal : {SIGABRT, SIGTRAP, SIGSEGV, SIGBUS, SIGILL, SIGFPE})
+        ::sigaction(signal, &action, nullptr);
+    std::set_terminate([] { std::abort(); });   // without the library's line on standard error
+}
+
+#else
+
+void catchFaults() {}   // the sanitizers do
+
+#endif
+
+}   // namespace
+
+void setUpProcess() {
+    keepStandardStreams();
+    // Pictures go back to the system when they are done with, instead of leaving holes in the heap.
+    mallopt(M_MMAP_THRESHOLD, 1 << 20);
+    mallopt(M_ARENA_MAX, 2);
+    // A reader that goes away, and a file past the limit of sizes, are errors of writing, told like any
+    // other.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    catchFaults();
+}
+
+}   // namespace tavix::engine

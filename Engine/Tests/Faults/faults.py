@@ -1,0 +1,279 @@
+#!/usr/bin/env python3
+"""Makes the system fail under the command, call by call, and holds it to one law: either the result is the very
+one of an undisturbed run, or the command says why not in a finished sentence, with status 3, and everything is as
+it was before. Nothing hidden stays either way.
+
+usage: faults.py TAVIX SHIM [NAME...]      the named cases only
+"""
+import errno
+import json
+import os
+import pathlib
+import re
+import resource
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+TAVIX, SHIM = (os.path.abspath(path) for path in sys.argv[1:3])
+CHOSEN = sys.argv[3:]
+SENTENCE = re.compile(r"^tavix: .+[.]$")
+UNFIT = re.compile(r"bad_alloc|terminate called|std::|Segmentation|Trace/breakpoint|Aborted")
+TIMEOUT_S = 120
+
+failures = []
+
+
+def run(folder, words, fault=None, count=None, limit=None, **options):
+    environment = dict(os.environ, LC_ALL="C")
+    if fault is not None:
+        environment.update(LD_PRELOAD=SHIM, TAVIX_FAULT=fault)
+    if count is not None:
+        environment["TAVIX_FAULT_COUNT"] = str(count)
+
+    def prepare():
+        if limit is not None:
+            resource.setrlimit(limit[0], (limit[1], limit[1]))
+
+    return subprocess.run([TAVIX, *words], cwd=folder, env=environment, preexec_fn=prepare, timeout=TIMEOUT_S,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
+
+
+def check(name, holds, what):
+    if not holds:
+        failures.append(f"{name}: {what}")
+        print(f"  FAILED  {name}: {what}", flush=True)
+
+
+def hidden(folder):
+    return [str(path.relative_to(folder)) for path in folder.rglob(".*")]
+
+
+def told(outcome):
+    return outcome.stderr.decode("utf-8", "replace").strip().splitlines()
+
+
+def check_sentence(name, outcome):
+    lines = told(outcome)
+    check(name, bool(lines) and SENTENCE.match(lines[-1]), f"no finished sentence, but {lines[-2:]}")
+    check(name, not UNFIT.search("\n".join(lines)), f"words of a library: {lines[-2:]}")
+
+
+class Work:
+    """A verb with what it makes: a file, or what it prints."""
+
+    def __init__(self, folder, words, output=None):
+        self.folder, self.words, self.output = folder, words, output
+        self.expected = self.result(run(folder, words))
+
+    def result(self, outcome):
+        return (self.folder / self.output).read_bytes() if self.output else outcome.stdout
+
+    def hold(self, name, allowed=(3,), **faults):
+        """Runs under a fault, over an older output, and checks the law. Answers whether the fault was felt."""
+        old = b"the older one"
+        if self.output:
+            (self.folder / self.output).write_bytes(old)
+        try:
+            outcome = run(self.folder, self.words, **faults)
+        except subprocess.TimeoutExpired:
+            check(name, False, "did not end")
+            return True
+        check(name, not hidden(self.folder), f"left {hidden(self.folder)}")
+        if outcome.returncode == 0:
+            check(name, self.result(outcome) == self.expected, "another result with status 0")
+            return False
+        check(name, outcome.returncode in allowed, f"status {outcome.returncode}: {told(outcome)[-2:]}")
+        check_sentence(name, outcome)
+        if self.output:
+            check(name, self.result(outcome) == old, "the older output is gone")
+        return True
+
+
+def spread(count, most=14):
+    """Some of 1 to count, dense at the beginning."""
+    if count <= most:
+        return list(range(1, count + 1))
+    return sorted({1 + round((count - 1) * (i / (most - 1)) ** 2) for i in range(most)})
+
+
+def each_call(name, work, call, error, filter_text="", most=14):
+    """Fails some of the calls of a kind, once each and from there on."""
+    counter = work.folder.parent / "count"
+    kind = f"{call}:0:{error}" + (f":{filter_text}" if filter_text else "")
+    run(work.folder, work.words, fault=kind, count=counter)
+    count = int(counter.read_text())
+    felt = 0
+    for n in spread(count, most):
+        for form in (f"{n}", f"{n}+"):
+            fault = f"{call}:{form}:{error}" + (f":{filter_text}" if filter_text else "")
+            felt += work.hold(f"{name} {fault}", fault=fault)
+    print(f"  {name}: {call} {errno.errorcode[error]} {filter_text or ''}: {count} calls, {felt} felt", flush=True)
+    check(name, count > 0, f"makes no call of {call} {filter_text}")
+    return felt
+
+
+def make_material(folder):
+    def ffmpeg(*words):
+        subprocess.run(["ffmpeg", "-v", "error", "-y", *words], cwd=folder, check=True)
+
+    ffmpeg("-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=2", "-pix_fmt", "yuv420p", "-g", "5", "clip.mp4")
+    ffmpeg("-f", "lavfi", "-i", "testsrc=size=160x120:rate=10:duration=2", "-pix_fmt", "yuv420p", "-g", "5", "-b:v",
+           "800k", "clip.mkv")
+    ffmpeg("-f", "lavfi", "-i", "testsrc2=size=80x60", "-frames:v", "1", "picture.png")
+    ffmpeg("-f", "lavfi", "-i", "sine=frequency=440:duration=2", "tone.wav")
+    ffmpeg("-f", "lavfi", "-i", "sine=frequency=1000:beep_factor=4:duration=12", "beeps.flac")
+    def layer(kind, content, x=80):
+        return {"kind": kind, "position": {"x": x, "y": 60}, kind: content}
+
+    film = {
+        "output": {"widthPx": 160, "heightPx": 120, "fps": 10},
+        "background": {"kind": "solid", "color": {"r": 0.1, "g": 0.2, "b": 0.4, "a": 1}},
+        "scenes": [{"id": "only", "durationSec": 1, "layers": [
+            layer("video", {"path": "clip.mp4"}), layer("image", {"path": "picture.png", "heightFraction": 0.4}, 40),
+            layer("text", {"text": "Ready"})]}],
+        "audio": {"music": {"path": "tone.wav"}, "cues": [{"atSec": 0.5, "sound": "ding"}]}}
+    (folder / "film.json").write_text(json.dumps(film))
+    film["scenes"][0]["durationSec"] = 600
+    (folder / "long.json").write_text(json.dumps(film))
+    del film["audio"]
+    film["output"] = {"widthPx": 4096, "heightPx": 4096, "fps": 30}
+    for one in film["scenes"][0]["layers"]:
+        one["effects"] = [{"kind": "glow"}, {"kind": "blur", "radiusFraction": 0.05}] * 8
+    (folder / "heavy.json").write_text(json.dumps(film))
+
+
+def case_reading(folder):
+    film = Work(folder, ["render", "--no-lint", "film.json", "-o", "film.mp4"], "film.mp4")
+    for file in ("film.json", "clip.mp4", "picture.png", "tone.wav"):
+        check("reading", each_call("reading", film, "read", errno.EIO, file, 6) > 0, f"no fault of {file} is felt")
+        each_call("reading", film, "read", errno.EINTR, file, 3)
+        each_call("reading", film, "open", errno.EMFILE, file, 3)
+    each_call("reading", film, "read", errno.EIO, ".tavix", 10)   # picture and sound, read back
+    beats = Work(folder, ["beats", "beeps.flac", "--json"])
+    check("reading", each_call("reading", beats, "read", errno.EIO, "beeps.flac", 6) > 0, "beats feels no fault")
+    still = Work(folder, ["still", "film.json", "--at", "0.5", "-o", "still.png"], "still.png")
+    each_call("reading", still, "read", errno.EIO, "clip.mp4", 6)
+
+
+def case_writing(folder):
+    for output in ("film.mp4", "film.mov", "film.gif"):
+        film = Work(folder, ["render", "--no-lint", "film.json", "-o", output], output)
+        for error in (errno.ENOSPC, errno.EIO):
+            check("writing", each_call("writing", film, "write", error, ".tavix", 6) > 0, f"{output}: no fault is felt")
+        each_call("writing", film, "sync", errno.EIO, ".tavix", 3)
+        each_call("writing", film, "open", errno.EACCES, ".tavix", 4)
+    still = Work(folder, ["still", "film.json", "--at", "0.5", "-o", "still.png"], "still.png")
+    each_call("writing", still, "write", errno.ENOSPC, ".tavix", 4)
+    film = Work(folder, ["render", "--no-lint", "film.json", "-o", "film.mp4"], "film.mp4")
+    for limit in (0, 1000, 4096):
+        check("writing", film.hold(f"file size limit {limit}", limit=(resource.RLIMIT_FSIZE, limit)), "no limit is felt")
+
+
+def case_memory(folder):
+    film = Work(folder, ["render", "--no-lint", "film.json", "-o", "film.mp4"], "film.mp4")
+    each_call("memory", film, "memory", errno.ENOMEM, "", 40)
+    each_call("memory", film, "memory", errno.ENOMEM, "65536", 12)
+    each_call("memory", Work(folder, ["lint", "film.json", "--json"]), "memory", errno.ENOMEM, "", 20)
+    for megabytes in (200, 260, 320, 400, 600, 900):
+        film.hold(f"memory limit {megabytes} MB", limit=(resource.RLIMIT_AS, megabytes << 20), allowed=(3, 127))
+
+
+def case_threads(folder):
+    film = Work(folder, ["render", "--no-lint", "film.json", "-o", "film.mp4"], "film.mp4")
+    each_call("threads", film, "thread", errno.EAGAIN, "", 12)
+
+
+def case_streams(folder):
+    for words in (["presets", "effects"], ["lint", "film.json", "--json"], ["--version"], ["probe", "clip.mp4"],
+                  ["beats", "beeps.flac"], ["resolve", "film.json"], ["schema"]):
+        name = "streams " + " ".join(words)
+        outcome = subprocess.run(["sh", "-c", 'exec "$0" "$@" >&-', TAVIX, *words], cwd=folder,
+                                 stderr=subprocess.PIPE, timeout=TIMEOUT_S)
+        check(name, outcome.returncode == 3, f"status {outcome.returncode} with standard output closed")
+        check_sentence(name, outcome)
+        with open("/dev/full", "w") as full:
+            outcome = subprocess.run([TAVIX, *words], cwd=folder, stdout=full, stderr=subprocess.PIPE,
+                                     timeout=TIMEOUT_S)
+        check(name, outcome.returncode == 3, f"status {outcome.returncode} with standard output full")
+    words = ["render", "--no-lint", "film.json", "-o", "film.mp4"]
+    film = Work(folder, words, "film.mp4")
+    for closed in (">&-", "2>&-", "<&-", "<&- >&- 2>&-"):
+        (folder / "film.mp4").unlink()
+        subprocess.run(["sh", "-c", f'exec "$0" "$@" {closed}', TAVIX, *words], cwd=folder, timeout=TIMEOUT_S,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        check(f"streams {closed}", (folder / "film.mp4").read_bytes() == film.expected, "another film")
+
+
+def case_documents(folder):
+    os.mkfifo(folder / "pipe.json")
+    text = json.loads((folder / "film.json").read_text())
+    text["scenes"][0]["layers"][2]["text"]["text"] = "word " * 10_000_000
+    (folder / "novel.json").write_text(json.dumps(text))
+    for given in ("pipe.json", ".", "/dev/zero", "/dev/null", "novel.json", "gone.json"):
+        begin = time.monotonic()
+        outcome = run(folder, ["render", given, "-o", "film.mp4"])
+        check(f"documents {given}", outcome.returncode in (1, 3), f"status {outcome.returncode}")
+        check_sentence(f"documents {given}", outcome)
+        check(f"documents {given}", time.monotonic() - begin < 20, "is not told soon")
+    check("documents", not hidden(folder), f"left {hidden(folder)}")
+
+
+def started(folder, words, until):
+    process = subprocess.Popen([TAVIX, *words], cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    deadline = time.monotonic() + 60
+    while not until() and process.poll() is None and time.monotonic() < deadline:
+        time.sleep(0.01)
+    return process
+
+
+def case_signals(folder):
+    (folder / "film.mp4").write_bytes(b"the older one")
+    for document in ("long.json", "heavy.json"):
+        for number in (signal.SIGTERM, signal.SIGINT):
+            name = f"signals {document} {number.name}"
+            process = started(folder, ["render", "--no-lint", document, "-o", "film.mp4"], lambda: hidden(folder))
+            time.sleep(0.5)
+            begin = time.monotonic()
+            process.send_signal(number)
+            _, err = process.communicate(timeout=TIMEOUT_S)
+            print(f"  {name}: ended after {time.monotonic() - begin:.2f} s", flush=True)
+            check(name, process.returncode == 128 + number, f"status {process.returncode}")
+            check(name, time.monotonic() - begin < 5, "does not end soon")
+            check(name, err.decode().endswith("tavix: Stopped; nothing was written.\n"), err.decode())
+            check(name, not hidden(folder), f"left {hidden(folder)}")
+            check(name, (folder / "film.mp4").read_bytes() == b"the older one", "the older output is gone")
+
+
+def case_together(folder):
+    words = ["render", "--no-lint", "long.json", "-o", "film.mp4"]
+    first = started(folder, words, lambda: hidden(folder))
+    second = run(folder, words)
+    check("together", second.returncode == 3 and b"being written by another program" in second.stderr,
+          f"status {second.returncode}: {told(second)}")
+    check("together", bool(hidden(folder)), "the second one took the first one's work away")
+    first.kill()
+    first.communicate()
+    check("together", bool(hidden(folder)), "a killed render cannot tidy up")
+    short = ["render", "--no-lint", "film.json", "-o", "other.mp4"]
+    check("together", run(folder, short).returncode == 0, "cannot render after one was killed")
+    check("together", not hidden(folder), f"what the killed one left is still there: {hidden(folder)}")
+
+
+def main():
+    cases = {name[5:]: function for name, function in globals().items() if name.startswith("case_")}
+    for name in CHOSEN or cases:
+        print(name, flush=True)
+        with tempfile.TemporaryDirectory(prefix="tavix-faults-") as place:
+            folder = pathlib.Path(place) / "work"
+            folder.mkdir()
+            make_material(folder)
+            cases[name](folder)
+    print(f"{len(failures)} failures" if failures else "Every fault was met.")
+    sys.exit(1 if failures else 0)
+
+
+main()

@@ -1,0 +1,15 @@
+// What the machine, and not the file, is to blame for while media are read: a disk that gives no bytes, or no
+// more memory. The sentence names the file and the reason. It is no MediaError: where a film that cannot be
+// read is left out, one that could not be read this time ends the work, or the result would be a wrong one.
+#pragma once
+
+#include <stdexcept>
+
+namespace tavix::media {
+
+class MediaFault : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+}   // namespace tavix::media
