@@ -2,8 +2,8 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/MemoryWatch.h"
 #include "Engine/NearestWord.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
 #include "TavixCore/Support/TavixVersion.h"
@@ -76,7 +76,7 @@ std::string placed(const DocumentError& error) {
 
 int end(Terminal& terminal, int status, const std::string& sentence, JsonObject details) {
     terminal.complain(sentence);
-    if (terminal.mode() != Terminal::Mode::json || MemoryWatch::refusedBytes() > 0) return status;
+    if (terminal.mode() != Terminal::Mode::json || SystemWatch::hasRefused()) return status;
     details.set("status", status);
     try {
         terminal.result(JsonObject{{"error", std::move(details)}});

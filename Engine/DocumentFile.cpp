@@ -2,7 +2,7 @@
 
 #include "Engine/DocumentLimits.h"
 #include "Engine/Errors.h"
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
@@ -72,7 +72,7 @@ DocumentFile readDocument(const std::string& given) {
 }   // namespace
 
 DocumentFile openDocument(const std::string& given) {
-    const MemoryWatch::Task task("to read the document");
+    const SystemWatch::Task task("to read the document");
     DocumentFile document = readDocument(given);
     requireBounded(document);
     return document;

@@ -1,6 +1,6 @@
 #include "Engine/Errors.h"
 
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 
 #include <new>
 #include <system_error>
@@ -11,10 +11,9 @@ namespace {
 
 // The errors of the standard library are no sentences.
 std::string sentenceOfOne(const std::exception& error) {
-    if (dynamic_cast<const std::bad_alloc*>(&error)) return MemoryWatch::sentence();
+    if (dynamic_cast<const std::bad_alloc*>(&error)) return SystemWatch::sentence();
     if (const auto* system = dynamic_cast<const std::system_error*>(&error)) {
-        if (system->code() == std::errc::resource_unavailable_try_again)
-            return "The system gives no more threads; end other programs, or raise its limit (ulimit -u).";
+        if (SystemWatch::hasRefused()) return SystemWatch::sentence();
         return "The system refused: " + system->code().message() + ".";
     }
     const std::string sentence = error.what();

@@ -2,7 +2,7 @@
 
 #include "Engine/Errors.h"
 #include "Engine/Interruption.h"
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 #include "TavixCore/Support/SafeOutput.h"
 
 #include <string>
@@ -25,7 +25,7 @@ void writeFinished(const std::filesystem::path& target, const Interruption& inte
     try {
         write(output.partial());
         interruption.check();
-        MemoryWatch::require();
+        SystemWatch::require();
         output.commit();
     } catch (const Interrupted&) {
         throw;

@@ -2,7 +2,7 @@
 
 #include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Time/CompositionMarks.h"
 #include "TavixPlatform/Media/AudioReader.h"
@@ -54,7 +54,7 @@ std::optional<std::string> faultOf(AssetKind kind, const fs::path& file) try {
 }
 
 void requireDecodable(const AssetFile& asset) {
-    const MemoryWatch::Task task("to read \"" + asset.path.filename().string() + "\"");
+    const SystemWatch::Task task("to read \"" + asset.path.filename().string() + "\"");
     if (!isFile(asset.path)) return;
     if (const auto fault = faultOf(asset.kind, asset.path))
         throw Failure(*fault + " It is not packed; name another file in the document.");

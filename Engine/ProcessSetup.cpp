@@ -1,7 +1,7 @@
 #include "Engine/ProcessSetup.h"
 
 #include "Engine/Errors.h"
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 #include "TavixCore/Support/UnfinishedFolders.h"
 
 #include <array>
@@ -30,8 +30,8 @@ void keepStandardStreams() {
 // signal only plain system calls are safe.
 void endOnFault(int signal) {
     UnfinishedFolders::removeAll();
-    if (MemoryWatch::refusedBytes() > 0) {
-        MemoryWatch::writeSentence(STDERR_FILENO);
+    if (SystemWatch::hasRefused()) {
+        SystemWatch::writeSentence(STDERR_FILENO);
         ::_exit(ExitStatus::inputOrOutputFailed);
     }
     constexpr std::string_view sentence = "tavix: A fault of Tavix itself ended it; nothing was written. "

@@ -1,7 +1,7 @@
 #include "Engine/Terminal.h"
 
-#include "Engine/MemoryWatch.h"
 #include "Engine/Printable.h"
+#include "Engine/SystemWatch.h"
 #include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 
@@ -38,7 +38,7 @@ Terminal::~Terminal() { clearBar(); }
 
 void Terminal::result(const std::string& text) {
     clearBar();
-    MemoryWatch::require();
+    SystemWatch::require();
     if (writeOut(printable(text))) return;
     throw Failure("Cannot write to standard output: " + std::generic_category().message(errno) + ".");
 }

@@ -1,4 +1,5 @@
 #include "Engine/Tests/EngineTest.h"
+#include "TavixCore/Support/JsonWriter.h"
 #include "TavixPlatform/Media/Tests/TestClip.h"
 
 #include <gmock/gmock.h>
@@ -51,6 +52,38 @@ TEST_F(FootageVerbs, AreSilentWhereFootageLastsOrIsAbsent) {
         const Outcome audit = tavix({"audit", "film.json"});
         EXPECT_EQ(audit.status, 0) << audit.err;
         EXPECT_THAT(audit.out, IsEmpty());
+    }
+}
+
+TEST_F(FootageVerbs, TellOfFilmsThatAreDamagedOrCutShort) {
+    media::tests::makeClip({.path = at("ends-with-index.mp4"), .times = media::tests::evenTimes(60)});
+    // The index stands at the front, so that what is cut off are pictures.
+    runIn(folder(), {"ffmpeg", "-v", "error", "-i", "ends-with-index.mp4", "-c", "copy", "-movflags",
+                        "faststart", "whole.mp4"});
+    media::tests::makeClip(
+        {.path = at("whole.mkv"), .tick = {1, 1000}, .times = media::tests::evenTimes(60, 33)});
+    for (const std::string extension : {".mp4", ".mkv"}) {
+        SCOPED_TRACE(extension);
+        const std::string whole = readBytes(at("whole" + extension));
+        std::string damaged = whole;
+        for (std::size_t i = whole.size() / 2; i < whole.size() / 2 + 200; ++i) damaged[i] = char(i * 37);
+        const struct {
+            std::string bytes;
+            bool isTold;
+        } cases[] = {{whole, false}, {whole.substr(0, whole.size() * 6 / 10), true}, {damaged, true}};
+        for (const auto& c : cases) {
+            write("film" + extension, c.bytes);
+            write("film.json",
+                R"({"output": {"widthPx": 64, "heightPx": 64, "fps": 10}, "scenes": [{"durationSec":
+                1.9, "layers": [{"kind": "video", "video": {"path": "film)" +
+                    extension + R"("}}]}]})");
+            const Json result = json({"render", "film.json", "--json", "-o", "film-out.mp4"});
+            const JsonArray warnings = *result.find("warnings")->array();
+            ASSERT_EQ(warnings.size(), c.isTold ? 1u : 0u) << writeJson(warnings);
+            if (!c.isTold) continue;
+            EXPECT_THAT(
+                *warnings.front().text(), HasSubstr("film" + extension + " is damaged or cut short; "));
+        }
     }
 }
 

@@ -4,8 +4,8 @@
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
 #include "Engine/Interruption.h"
-#include "Engine/MemoryWatch.h"
 #include "Engine/PackedAssets.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Project/BundleReplacement.h"
@@ -81,7 +81,7 @@ void PackVerb::run(Terminal& terminal) {
     requireOther(document_, bundle);
     requirePackable(document, allowsOutside_ ? OutsideFiles::allowed : OutsideFiles::refused, terminal);
     interruption.check();
-    const MemoryWatch::Task task("to pack the document");
+    const SystemWatch::Task task("to pack the document");
     InterruptibleOperations operations(interruption);
     const fs::path staging = fs::absolute(bundle) / BundleReplacement::stagingDirName;
     const int slot = UnfinishedFolders::remember(staging);

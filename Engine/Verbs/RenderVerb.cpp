@@ -6,8 +6,8 @@
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
-#include "Engine/MemoryWatch.h"
 #include "Engine/RenderNotes.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Names.h"
@@ -115,7 +115,7 @@ void RenderVerb::run(Terminal& terminal) {
     requireNoAsset(choice.target, document);
     CompositionRenderer::Config config = this->config(document, choice);
     RenderNotes notes(terminal);
-    const MemoryWatch::Task task("to render the film");
+    const SystemWatch::Task task("to render the film");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
         CompositionExport::write(

@@ -6,10 +6,10 @@
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
-#include "Engine/MemoryWatch.h"
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionLint.h"
@@ -88,7 +88,7 @@ void SheetVerb::run(Terminal& terminal) {
                      : std::vector<CompositionLint::Finding>();
     requireNoAsset(target, document);
     RenderNotes notes(terminal);
-    const MemoryWatch::Task task("to draw the sheet");
+    const SystemWatch::Task task("to draw the sheet");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
         Composition3DRendererPool stages;

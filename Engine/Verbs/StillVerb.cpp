@@ -6,10 +6,10 @@
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
-#include "Engine/MemoryWatch.h"
 #include "Engine/OutputPath.h"
 #include "Engine/RenderNotes.h"
 #include "Engine/SceneNames.h"
+#include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"
@@ -67,7 +67,7 @@ void StillVerb::run(Terminal& terminal) {
     config.assetRoot = document.assetRoot;
     requireNoAsset(target, document);
     RenderNotes notes(terminal);
-    const MemoryWatch::Task task("to draw the still");
+    const SystemWatch::Task task("to draw the still");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         CompositionRenderer::renderStill(config, atSec, unfinished, notes.log());
     });

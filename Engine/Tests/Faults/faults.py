@@ -107,8 +107,10 @@ def each_call(name, work, call, error, filter_text="", most=14):
     run(work.folder, work.words, fault=kind, count=counter)
     count = int(counter.read_text())
     felt = 0
+    # Nothing is interrupted without end.
+    forms = ("{}",) if error == errno.EINTR else ("{}", "{}+")
     for n in spread(count, most):
-        for form in (f"{n}", f"{n}+"):
+        for form in (form.format(n) for form in forms):
             fault = f"{call}:{form}:{error}" + (f":{filter_text}" if filter_text else "")
             felt += work.hold(f"{name} {fault}", fault=fault)
     print(f"  {name}: {call} {errno.errorcode[error]} {filter_text or ''}: {count} calls, {felt} felt", flush=True)

@@ -69,9 +69,13 @@ public:
         if (code == AVERROR(ENOMEM)) throw MediaFault(failure_ + "There is not enough memory.");
     }
 
+    // An index names places that a file which was cut no longer has.
+    bool wasReadBeyondItsEnd() const { return wasReadBeyondItsEnd_; }
+
 private:
     static int read(void* self, std::uint8_t* to, int count) {
         auto& file = *static_cast<File*>(self);
+        file.wasReadBeyondItsEnd_ = file.wasReadBeyondItsEnd_ || file.at_ > file.file_.sizeBytes();
         const std::ptrdiff_t got =
             file.file_.read({reinterpret_cast<std::byte*>(to), std::size_t(count)}, file.at_);
         if (got < 0) file.error_ = static_cast<int>(-got);
@@ -93,6 +97,7 @@ private:
     std::string failure_;
     std::int64_t at_ = 0;
     int error_ = 0;   // of the system, while reading
+    bool wasReadBeyondItsEnd_ = false;
     AVIOContext* access_ = nullptr;
 };
 
@@ -170,7 +175,7 @@ bool MediaInput::read(AVPacket& packet) {
         }
         if (code < 0) {
             file_->requireRead(code);
-            isBroken_ = isBroken_ || code != AVERROR_EOF;
+            isBroken_ = isBroken_ || code != AVERROR_EOF || file_->wasReadBeyondItsEnd();
             return false;
         }
         if (format_->streams[packet.stream_index]->discard != AVDISCARD_ALL) return true;

@@ -16,7 +16,7 @@ namespace {
 
 // Deflate makes at most 1032 bytes of one, and a pixel may have one bit.
 constexpr std::size_t maxExpansion = 1032;
-constexpr png_alloc_size_t mostChunkBytes = 8 << 20;
+constexpr png_alloc_size_t mostChunkBytes = 32 << 20;
 constexpr png_uint_32 mostKeptChunks = 64;
 
 struct Source {
@@ -78,7 +78,7 @@ private:
     void readHead() {
         png_set_read_fn(png_, &source_, readBytes);
         png_set_user_limits(png_, imaging::Bitmap::maxSidePx, imaging::Bitmap::maxSidePx);
-        // A chunk may claim 2 GB, or unpack to it; a large colour profile has some 4 MB.
+        // A chunk may claim 2 GB, or unpack to it; large colour profiles and edit histories have a few MB.
         png_set_chunk_malloc_max(png_, mostChunkBytes);
         png_set_chunk_cache_max(png_, mostKeptChunks);
         png_set_benign_errors(png_, 1);

@@ -18,6 +18,7 @@ extern "C" {
 #include <cstring>
 #include <functional>
 #include <map>
+#include <sys/resource.h>
 
 namespace tavix::media::tests {
 namespace {
@@ -339,6 +340,29 @@ TEST(StillImages, RefusesWhatClaimsTooMuch) {
         "The image is damaged: it claims 20000 by 10000 pixels but is too short to hold them.");
     claim(20, 20000);
     EXPECT_THAT(failureOf([&] { decodeStillImage(png); }), testing::HasSubstr("which is too large"));
+}
+
+// The size of a chunk is only claimed, and memory for it is taken before the file turns out to be short.
+TEST(StillImages, TakesNoMemoryForWhatAChunkClaims) {
+    const tests::Bytes png = makePng(slope(8, 8, false), {PNG_COLOR_TYPE_RGB, 8});
+    constexpr std::size_t headBytes = 8 + 25;   // the mark and IHDR
+    const auto peakMB = [] {
+        rusage usage{};
+        ::getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss >> 10;
+    };
+    const long before = peakMB();
+    for (const std::string type : {"tEXt", "zTXt", "iTXt", "iCCP", "eXIf", "sPLT", "pCAL", "abCd"}) {
+        std::string chunk = "\x7f\xff\xff\xff" + type + "name";
+        chunk.resize(200);
+        tests::Bytes claiming = png;
+        const auto* bytes = reinterpret_cast<const std::byte*>(chunk.data());
+        claiming.insert(claiming.begin() + headBytes, bytes, bytes + chunk.size());
+        EXPECT_THAT(
+            failureOf([&] { decodeStillImage(claiming); }), testing::StartsWith("The PNG image is damaged"))
+            << type;
+        EXPECT_LT(peakMB() - before, 200) << type;
+    }
 }
 
 TEST(StillImages, SaysWhyAFileCannotBeRead) {

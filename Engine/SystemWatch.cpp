@@ -1,21 +1,23 @@
-#include "Engine/MemoryWatch.h"
+#include "Engine/SystemWatch.h"
 
 #include "TavixCore/Support/Failure.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <dlfcn.h>
 #include <exception>
+#include <pthread.h>
 #include <unistd.h>
 
-namespace tavix::engine::MemoryWatch {
+namespace tavix::engine::SystemWatch {
 
 namespace {
 
-std::atomic<std::size_t> refused = 0;
+std::atomic<std::size_t> refusedBytes = 0;   // of the first request; 0 while none was refused
+std::atomic<bool> hasRefusedThread = false;
 char task[96] = "to start";
 
 void copy(std::string_view from, char (&to)[96]) noexcept {
@@ -24,28 +26,34 @@ void copy(std::string_view from, char (&to)[96]) noexcept {
     to[length] = '\0';
 }
 
-constexpr std::string_view begin = "There is not enough memory ",
-                           end = ". Close other programs, or make the output or its pictures smaller.";
+struct Wording {
+    std::string_view begin, end;
+};
+constexpr Wording ofMemory{
+    "There is not enough memory ", ". Close other programs, or make the output or its pictures smaller."};
+constexpr Wording ofThreads{
+    "The system gives no more threads ", ". Close other programs, or raise its limit (ulimit -u)."};
+
+const Wording& wording() { return refusedBytes > 0 ? ofMemory : ofThreads; }
 
 }   // namespace
 
-std::size_t refusedBytes() noexcept { return refused; }
+bool hasRefused() noexcept { return refusedBytes > 0 || hasRefusedThread; }
 
 std::string sentence() {
-    std::string text = std::string(begin) + task;
-    const std::size_t megabytes = refusedBytes() >> 20;
-    if (megabytes > 0) text += ": " + std::to_string(megabytes) + " MB more were asked for";
-    return text += end;
+    const std::size_t megabytes = refusedBytes >> 20;
+    const std::string size = ": " + std::to_string(megabytes) + " MB more were asked for";
+    return std::string(wording().begin).append(task).append(megabytes > 0 ? size : "").append(wording().end);
 }
 
 void writeSentence(int descriptor) noexcept {
-    for (const std::string_view part :
-        {std::string_view("tavix: "), begin, std::string_view(task), end, std::string_view("\n")})
+    const std::string_view parts[] = {"tavix: ", wording().begin, task, wording().end, "\n"};
+    for (const std::string_view part : parts)
         if (::write(descriptor, part.data(), part.size()) < 0) return;
 }
 
 void require() {
-    if (refusedBytes() > 0) throw Failure(sentence());
+    if (hasRefused()) throw Failure(sentence());
 }
 
 Task::Task(std::string_view what) noexcept : exceptions_(std::uncaught_exceptions()) {
@@ -62,17 +70,23 @@ void Task::is(std::string_view what) noexcept { copy(what, task); }
 // Called for every request below.
 static void* noted(void* memory, std::size_t bytes) noexcept {
     std::size_t none = 0;
-    if (memory == nullptr && bytes > 0) refused.compare_exchange_strong(none, bytes);
+    if (memory == nullptr && bytes > 0) refusedBytes.compare_exchange_strong(none, bytes);
     return memory;
 }
 
-}   // namespace tavix::engine::MemoryWatch
+static int notedThread(int error) noexcept {
+    if (error != 0) hasRefusedThread = true;
+    return error;
+}
+
+}   // namespace tavix::engine::SystemWatch
 
 // The C library lets a program put its own functions in the place of these (glibc manual, "Replacing
 // malloc"), and all other libraries then call them. The sanitizers have replaced them already.
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
-using tavix::engine::MemoryWatch::noted;
+using tavix::engine::SystemWatch::noted;
+using tavix::engine::SystemWatch::notedThread;
 
 extern "C" {
 
@@ -99,6 +113,13 @@ int posix_memalign(void** to, std::size_t alignment, std::size_t bytes) noexcept
     if (memory == nullptr && bytes > 0) return ENOMEM;
     *to = memory;
     return 0;
+}
+
+int pthread_create(
+    pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*), void* argument) noexcept {
+    static const auto real =
+        reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
+    return notedThread(real(thread, attributes, start, argument));
 }
 }
 

@@ -1,24 +1,22 @@
-// Notes when the system refuses memory, whoever asked: some libraries go on without what they asked for and
-// leave it out of the picture, so nothing that was made after that can be trusted.
+// Notes when the system refuses memory or a thread, whoever asked: some libraries go on without and leave
+// something out of the picture, so nothing that was made after that can be trusted.
 //
-// One for the whole program, since memory is; any thread may ask.
+// One for the whole program, since what it has of the system is; any thread may ask.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
-namespace tavix::engine::MemoryWatch {
+namespace tavix::engine::SystemWatch {
 
-// The size of the first request that was refused; 0 while none was.
-std::size_t refusedBytes() noexcept;
+bool hasRefused() noexcept;
 
-// "There is not enough memory …": for what, and what to do.
+// "There is not enough memory …": what was refused, for what, and what to do.
 std::string sentence();
 // The same at the end of what can be done, without memory of its own.
 void writeSentence(int descriptor) noexcept;
 
-// Throws `Failure` with the sentence when memory was refused.
+// Throws `Failure` with the sentence when something was refused.
 void require();
 
 // What the program is at, for the sentence: "to draw the frame at 1.20 s". Ends with the scope, unless an
@@ -37,4 +35,4 @@ private:
     int exceptions_;
 };
 
-}   // namespace tavix::engine::MemoryWatch
+}   // namespace tavix::engine::SystemWatch
