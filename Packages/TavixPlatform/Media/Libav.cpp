@@ -8,6 +8,7 @@ extern "C" {
 }
 
 #include <array>
+#include <atomic>
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
@@ -25,6 +26,14 @@ bool saysLittle(int code) {
            code == AVERROR_BUG || code == AVERROR_INVALIDDATA || code == AVERROR(ENOSYS);
 }
 
+// A decoder that works on several threads speaks for copies of its context, which share this pointer.
+void noteReport(void* source) {
+    const auto* kind = source ? *static_cast<const AVClass* const*>(source) : nullptr;
+    if (kind != avcodec_get_class()) return;
+    if (auto* hasReported = static_cast<std::atomic<bool>*>(static_cast<AVCodecContext*>(source)->opaque))
+        *hasReported = true;
+}
+
 }   // namespace
 
 ErrorScope::ErrorScope() : outer_(innermostScope) {
@@ -35,8 +44,10 @@ ErrorScope::ErrorScope() : outer_(innermostScope) {
 
 ErrorScope::~ErrorScope() { innermostScope = outer_; }
 
-void ErrorScope::collect(void*, int level, const char* format, va_list arguments) {
-    if (level > AV_LOG_ERROR || !innermostScope) return;
+void ErrorScope::collect(void* source, int level, const char* format, va_list arguments) {
+    if (level > AV_LOG_ERROR) return;
+    noteReport(source);
+    if (!innermostScope) return;
     std::array<char, 512> line;
     if (std::vsnprintf(line.data(), line.size(), format, arguments) <= 0) return;
     std::string text = line.data();

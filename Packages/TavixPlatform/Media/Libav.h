@@ -53,7 +53,9 @@ private:
 };
 
 // While one lives, what the libraries report as an error on this thread is kept here; nothing is printed.
-// They often return a code that says little and write the reason to their log alone.
+// They often return a code that says little and write the reason to their log alone. A decoder that reports
+// an error, on whichever thread, also sets the std::atomic<bool> that its context's `opaque` points to, if
+// any: it conceals much of what is damaged and returns no error.
 class ErrorScope {
 public:
     ErrorScope();

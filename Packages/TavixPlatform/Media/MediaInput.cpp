@@ -209,6 +209,8 @@ TrackDecoder::TrackDecoder(MediaInput& input, AVStream& track, int threads)
     decoder_->pkt_timebase = track.time_base;
     decoder_->thread_count = threads;
     decoder_->max_pixels = mostFramePixels;
+    // Decoders of sound report what is harmless, as tags between packets.
+    if (track.codecpar->codec_type == AVMEDIA_TYPE_VIDEO) decoder_->opaque = &hasReported_;
     libav::check(avcodec_open2(decoder_.get(), codec, nullptr), errors, failure);
     input.select(track);
 }

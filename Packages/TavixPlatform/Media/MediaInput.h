@@ -6,6 +6,7 @@
 
 #include "TavixPlatform/Media/Libav.h"
 
+#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -77,13 +78,15 @@ public:
     void seek(double sec);
     // The frame of the next packet, decoded without waiting for packets after it. A `seek` must follow.
     bool nextAlone(AVFrame& frame);
-    bool isDamaged() const { return isDamaged_; }   // something could not be decoded, or only in part
+    // Whether something could not be decoded, or only in part.
+    bool isDamaged() const { return isDamaged_ || hasReported_; }
 
 private:
     void feed();
 
     MediaInput& input_;
     AVStream& track_;
+    std::atomic<bool> hasReported_ = false;   // set by the decoder's threads, so it outlives them
     libav::CodecContext decoder_;
     libav::Packet packet_;
     bool isDraining_ = false, isDamaged_ = false;

@@ -9,6 +9,7 @@ extern "C" {
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace tavix::media {
 namespace {
@@ -97,6 +98,8 @@ void OutputFile::finish() {
 // Moving the index to the front reads the file back, and where reading fails the library stops in silence.
 // The boxes of such a file (ISO/IEC 14496-12, 4.2) reach exactly to its end.
 void OutputFile::requireWhole() const {
+    const std::string_view container = format_->oformat->name;
+    if (container != "mp4" && container != "mov" && container != "ipod") return;
     const PlainFile file(path_, failure() + ": ");
     std::int64_t at = 0;
     while (at < file.sizeBytes()) {

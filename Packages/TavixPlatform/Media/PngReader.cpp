@@ -9,6 +9,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace tavix::media {
@@ -16,7 +17,9 @@ namespace {
 
 // Deflate makes at most 1032 bytes of one, and a pixel may have one bit.
 constexpr std::size_t maxExpansion = 1032;
-constexpr png_alloc_size_t mostChunkBytes = 32 << 20;
+// A chunk may claim 2 GB, or unpack to it; large colour profiles and edit histories have a few MB. The
+// library's own limit is one of the errors that it forgives here.
+constexpr png_alloc_size_t mostBytesAtOnce = 32 << 20;
 constexpr png_uint_32 mostKeptChunks = 64;
 
 struct Source {
@@ -30,6 +33,10 @@ struct Source {
     png_longjmp(png, 1);
 }
 
+png_voidp allocate(png_structp, png_alloc_size_t bytes) {
+    return bytes <= mostBytesAtOnce ? std::malloc(bytes) : nullptr;
+}
+
 void readBytes(png_structp png, png_bytep to, std::size_t count) {
     auto& source = *static_cast<Source*>(png_get_io_ptr(png));
     if (source.left.size() < count) png_error(png, "the file ends early");
@@ -40,8 +47,10 @@ void readBytes(png_structp png, png_bytep to, std::size_t count) {
 class PngReader {
 public:
     explicit PngReader(std::span<const std::byte> file)
-        : fileBytes_(file.size()), source_{file}, png_(png_create_read_struct(PNG_LIBPNG_VER_STRING, &source_,
-                                                      fail, [](png_structp, png_const_charp) {})) {
+        : fileBytes_(file.size()), source_{file},
+          png_(png_create_read_struct_2(
+              PNG_LIBPNG_VER_STRING, &source_, fail, [](png_structp, png_const_charp) {}, nullptr, allocate,
+              [](png_structp, png_voidp bytes) { std::free(bytes); })) {
         if (!png_) throw std::bad_alloc();
         info_ = png_create_info_struct(png_);
         if (!info_) png_destroy_read_struct(&png_, nullptr, nullptr);
@@ -78,8 +87,7 @@ private:
     void readHead() {
         png_set_read_fn(png_, &source_, readBytes);
         png_set_user_limits(png_, imaging::Bitmap::maxSidePx, imaging::Bitmap::maxSidePx);
-        // A chunk may claim 2 GB, or unpack to it; large colour profiles and edit histories have a few MB.
-        png_set_chunk_malloc_max(png_, mostChunkBytes);
+        png_set_chunk_malloc_max(png_, mostBytesAtOnce);
         png_set_chunk_cache_max(png_, mostKeptChunks);
         png_set_benign_errors(png_, 1);
         png_read_info(png_, info_);

@@ -31,12 +31,12 @@ public:
 
     std::optional<VideoFrame> next() override try {
         auto decoded = nextDecoded();
+        isDamaged_ = isDamaged_ || (track_->isDamaged() && !wasSoughtInDamage_);
         if (track_->isDamaged() && !isAlone_) {
             decodeAlone();
             decoded = nextDecoded();
         }
-        isDamaged_ = isDamaged_ || (track_->isDamaged() && !wasSoughtInDamage_) ||
-                     (!decoded && track_->hasEndedEarly());
+        isDamaged_ = isDamaged_ || (!decoded && track_->hasEndedEarly());
         if (!decoded || decoded->ptsSec >= endSec_) return std::nullopt;
         lastGivenSec_ = decoded->ptsSec;
         return track_->shown(*decoded, pool_);
