@@ -46,8 +46,7 @@ std::optional<std::string> faultOf(AssetKind kind, const fs::path& file) try {
     case AssetKind::font:
     case AssetKind::wishedFont: break;
     }
-    text::FontBook book(std::vector<fs::path>{});
-    if (book.addFile(file)) return std::nullopt;
+    if (text::FontBook(std::vector<fs::path>{}).withFile(file)) return std::nullopt;
     return "\"" + file.string() + "\" is not a font.";
 } catch (const media::MediaError& error) {
     return error.what();

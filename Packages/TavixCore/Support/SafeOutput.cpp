@@ -123,7 +123,7 @@ void SafeOutput::claim(IfTaken ifTaken) {
         if (!isFree && ifTaken == IfTaken::wait) ::flock(lock_, LOCK_EX);
         if (!isFree && ifTaken == IfTaken::refuse) {
             ::close(std::exchange(lock_, -1));
-            throw Failure("\"" + target_.string() +
+            throw Failure(std::string("\"").append(target_) +
                           "\" is being written by another program; wait for that one, or name another file.");
         }
         if (isStill(lock_, folder_)) return;
