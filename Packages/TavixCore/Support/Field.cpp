@@ -65,7 +65,7 @@ void* RecordType::make() const {
 
 void RecordType::destroy(void* record) const {
     making.destruct(record);
-    ::operator delete(record, making.size, std::align_val_t(making.alignment));
+    ::operator delete(record, std::align_val_t(making.alignment));
 }
 
 const Field* RecordType::find(std::string_view key) const {

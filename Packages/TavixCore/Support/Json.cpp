@@ -69,7 +69,7 @@ Json& Json::operator=(const Json& other) = default;
 Json& Json::operator=(Json&& other) noexcept = default;
 Json::~Json() = default;
 
-bool Json::operator==(const Json& other) const = default;
+bool Json::operator==(const Json& other) const { return value_ == other.value_; }
 
 Json::Json(double value) : value_(value) {
     const bool isNegativeZero = value == 0 && std::signbit(value);
