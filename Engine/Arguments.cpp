@@ -65,6 +65,13 @@ void Arguments::text(std::string_view names, std::optional<std::string>& into, s
         ->type_name(std::string(placeholder));
 }
 
+void Arguments::texts(std::string_view names, std::vector<std::string>& into, std::string_view placeholder,
+    std::string_view meaning) {
+    impl_->add(names, meaning, [&into](const std::string& value) { into.push_back(value); })
+        ->type_name(std::string(placeholder))
+        ->trigger_on_parse();
+}
+
 void Arguments::number(std::string_view names, std::optional<double>& into, std::string_view placeholder,
     std::string_view meaning) {
     const auto take = [&into, name = longName(names)](const std::string& value) {

@@ -31,6 +31,9 @@ public:
     // `names` as in "-o,--output"; `placeholder` stands for the value in the help.
     void text(std::string_view names, std::optional<std::string>& into, std::string_view placeholder,
         std::string_view meaning);
+    // One that may be given several times.
+    void texts(std::string_view names, std::vector<std::string>& into, std::string_view placeholder,
+        std::string_view meaning);
     void number(std::string_view names, std::optional<double>& into, std::string_view placeholder,
         std::string_view meaning);
     void wholeNumber(std::string_view names, std::optional<int>& into, int least, int most,

@@ -58,12 +58,12 @@ DocumentFile readDocument(const std::string& given) {
         if (const fs::path bundle = bundleOf(given); !bundle.empty()) {
             CompositionSpec spec = CompositionProjectService::load(bundle).spec;
             const std::string name = lastComponent(bundle).stem().string();
-            return {given, name, bundle, bundle, std::move(spec)};
+            return {given, name, bundle, bundle, std::move(spec), CompositionProjectBundle::specFile(bundle)};
         }
         CompositionSpec spec = decodeFile<CompositionSpec>(given);
         const fs::path assetRoot = assetRootOf(spec, given);
         return {given, fs::path(given).stem().string(), fs::absolute(given).parent_path(), assetRoot,
-            std::move(spec)};
+            std::move(spec), given};
     } catch (const DecodingError& error) {
         throw DocumentError(given, error.path(), error.message());
     }

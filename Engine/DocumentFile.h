@@ -14,6 +14,7 @@ struct DocumentFile {
     std::filesystem::path folder;      // the bundle, or the folder that the document lies in; absolute
     std::filesystem::path assetRoot;   // what the paths of its files hang from
     CompositionSpec spec;
+    std::filesystem::path file;   // the document itself, within its bundle
 };
 
 // A bundle or a bare document. A bundle's files hang from the bundle, those of a bare document from its

@@ -2,12 +2,19 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
+#include "Engine/FrameFindings.h"
 #include "Engine/Printable.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionRoad.h"
+#include "TavixCore/Judge/IgnoredBesideMotion.h"
+#include "TavixCore/Support/FileBytes.h"
+#include "TavixCore/Support/JsonParser.h"
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
+#include "TavixRender/Judge/FilmJudge.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tavix::engine {
@@ -22,8 +29,51 @@ const char* wordOf(Level level) { return level == Level::error ? "error" : "warn
 bool isError(const Finding& finding) { return finding.level == Level::error; }
 
 std::string toldIn(const Finding& finding) {
-    return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) +
-           (finding.suggestion ? "\n  " + printableLine(*finding.suggestion) : "");
+    return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) + " [" +
+           std::string(finding.code()) + "]" + (finding.suggestion ? "\n  " + printableLine(*finding.suggestion) : "");
+}
+
+using Findings = std::vector<Finding>;
+
+void append(Findings& all, Findings more) { std::ranges::move(more, std::back_inserter(all)); }
+
+std::vector<CompositionLint::MutedCode> mutedBy(const CompositionSpec& spec, const Checks& checks) {
+    std::vector<CompositionLint::MutedCode> muted;
+    if (spec.lint)
+        for (std::size_t i = 0; i < spec.lint->mute.size(); ++i)
+            muted.push_back({spec.lint->mute[i], "lint.mute[" + std::to_string(i) + "]"});
+    for (const std::string& code : checks.mute) muted.push_back({code, {}});
+    return muted;
+}
+
+// What only the written document tells: reading it has passed over it.
+Findings writtenInVain(const Json& written) { return CompositionLint::ignoredBesideMotion(written); }
+
+Findings lintedBeyond(const CompositionSpec& spec, const DocumentFile& document, const Json& written) {
+    FilmAssets assets(document.assetRoot);
+    Findings seen = FilmJudge::missingFiles(spec, assets);
+    append(seen, FilmJudge::seen(CompositionGeometry(spec, assets)));
+    Findings found = writtenInVain(written);
+    append(found, CompositionLint::atAuthoredPaths(std::move(seen), spec));
+    return found;
+}
+
+Findings judged(DocumentFile& document, const Checks& checks, Terminal& terminal) {
+    const Json written = parseJson(readBytes(document.file, JsonLimits{}.maxBytes));
+    const auto arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
+    Findings all = checks.lint ? arrival.findings() : arrival.resolving;
+    if (checks.lint) {
+        append(all, lintedBeyond(arrival.spec, document, written));
+    }
+    if (checks.footage && arrival.isResolved())
+        append(all, CompositionFootageAudit::findings(arrival.spec, document.assetRoot));
+    if (!checks.frames) return all;
+    document.spec = arrival.spec;
+    if (hasErrors(all))
+        terminal.warn("The frames are not looked at, because the document has errors.");
+    else
+        append(all, CompositionLint::atAuthoredPaths(frameFindings(document, terminal), arrival.spec));
+    return all;
 }
 
 }   // namespace
@@ -39,34 +89,31 @@ std::string linesOf(std::span<const Finding> findings) {
 Json jsonOf(std::span<const Finding> findings) {
     JsonArray all;
     for (const Finding& finding : findings) {
-        JsonObject one{
-            {"level", wordOf(finding.level)}, {"path", finding.path}, {"message", finding.message}};
+        JsonObject one{{"level", wordOf(finding.level)}, {"code", finding.code()}, {"path", finding.path},
+            {"message", finding.message}};
         if (finding.suggestion) one.set("suggestion", *finding.suggestion);
         all.emplace_back(std::move(one));
     }
     return all;
 }
 
-std::vector<Finding> findingsOf(const std::string& given, Checks checks) {
+CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal) {
     try {
         DocumentFile document = openDocument(given);
-        const auto arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
-        std::vector<Finding> all = checks.lint ? arrival.findings() : arrival.resolving;
-        if (checks.footage && arrival.isResolved())
-            for (Finding& finding : CompositionFootageAudit::findings(arrival.spec, document.assetRoot))
-                all.push_back(std::move(finding));
-        return all;
+        const auto muted = mutedBy(document.spec, checks);
+        return CompositionLint::told(judged(document, checks, terminal), muted);
     } catch (const DocumentError& error) {
-        return {{Level::error, error.path(), error.message(), std::nullopt}};
+        return {{{Level::error, error.path(), error.message(), std::nullopt}}, {}};
     }
 }
 
-void report(std::span<const Finding> findings, Terminal& terminal) {
+void report(const CompositionLint::Told& told, Terminal& terminal) {
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(jsonOf(findings));
+        terminal.result(jsonOf(told.findings));
     else
-        terminal.result(linesOf(findings));
-    if (hasErrors(findings)) throw ErrorsTold();
+        terminal.result(linesOf(told.findings));
+    if (const std::string note = told.mutedNote(); !note.empty()) terminal.warn(note);
+    if (hasErrors(told.findings)) throw ErrorsTold();
 }
 
 void tellFindings(std::span<const Finding> findings, Terminal& terminal) {
@@ -76,7 +123,11 @@ void tellFindings(std::span<const Finding> findings, Terminal& terminal) {
 
 void requireSound(DocumentFile& document) {
     CompositionRoad::Arrival arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
-    const std::vector<Finding> all = arrival.findings();
+    Findings found = arrival.findings();
+    FilmAssets assets(document.assetRoot);
+    append(
+        found, CompositionLint::atAuthoredPaths(FilmJudge::missingFiles(arrival.spec, assets), arrival.spec));
+    const Findings all = CompositionLint::told(std::move(found), mutedBy(arrival.spec, {})).findings;
     const auto first = std::ranges::find_if(all, isError);
     if (first != all.end()) {
         const auto more = std::ranges::count_if(all, isError) - 1;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixCore/Findings/CompositionFinding.h"
+#include "TavixCore/Judge/Muting.h"
 #include "TavixCore/Support/Json.h"
 
 #include <span>
@@ -13,24 +14,30 @@ namespace tavix::engine {
 class Terminal;
 struct DocumentFile;
 
-// As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion on a line of its own.
+// As in "error scenes[0].durationSec: Scenes need a length. [scene-length]", with the suggestion on a line of
+// its own.
 std::string linesOf(std::span<const CompositionLint::Finding> findings);
 Json jsonOf(std::span<const CompositionLint::Finding> findings);
 
 // What a document is judged by, beside whether it can be read and its times make sense.
 struct Checks {
-    bool lint, footage;
+    bool lint = false;                    // the document itself, its files and what the eye would see
+    bool footage = false;                 // films that end too early
+    bool frames = false;                  // the frames themselves
+    std::vector<std::string> mute = {};   // codes, beside those of the document
 };
 // Of a document on the disk. One that cannot be read has one finding, and no others can be made; `Failure`
 // when there is nothing to read.
-std::vector<CompositionLint::Finding> findingsOf(const std::string& given, Checks checks);
-// As the result of the command. Throws `ErrorsTold` when there are errors among them.
-void report(std::span<const CompositionLint::Finding> findings, Terminal& terminal);
+CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal);
+// As the result of the command; how many are muted goes to standard error. Throws `ErrorsTold` when there are
+// errors among those that are told.
+void report(const CompositionLint::Told& told, Terminal& terminal);
 
 // On standard error, each as the warning or the error that it is.
 void tellFindings(std::span<const CompositionLint::Finding> findings, Terminal& terminal);
 
-// Turns beats and marks into seconds. Throws a `DocumentError` with the first error of resolving or judging.
+// Turns beats and marks into seconds. Throws a `DocumentError` with the first error of resolving, of judging
+// or of files that cannot be drawn, unless the document mutes its rule.
 void requireSound(DocumentFile& document);
 // The same without judging; what cannot be resolved stays.
 void resolveTimes(DocumentFile& document);

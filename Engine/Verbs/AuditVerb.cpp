@@ -12,7 +12,7 @@ void AuditVerb::declare(Arguments& arguments, Terminal& terminal) {
 }
 
 void AuditVerb::run(Terminal& terminal) {
-    report(findingsOf(document_, {.lint = false, .footage = true}), terminal);
+    report(findingsOf(document_, {.footage = true}, terminal), terminal);
 }
 
 }   // namespace tavix::engine

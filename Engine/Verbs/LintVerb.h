@@ -4,6 +4,7 @@
 #include "Engine/Verbs/Verb.h"
 
 #include <string>
+#include <vector>
 
 namespace tavix::engine {
 
@@ -13,8 +14,11 @@ public:
     void run(Terminal& terminal) override;
 
 private:
+    void listCodes(Terminal& terminal) const;
+
     std::string document_;
-    bool opensFootage_ = false;
+    bool opensFootage_ = false, drawsFrames_ = false, listsCodes_ = false, isMarkdown_ = false;
+    std::vector<std::string> muted_;
 };
 
 }   // namespace tavix::engine

@@ -31,7 +31,7 @@ void turn(DeviceScene3D& scene, double yawDeg) {
 
 // What the two ways to show a motion have in common: in a document, and in a preview of its own.
 void give(const DeviceMotion& motion, CompositionLayer& layer, DeviceContent& device) {
-    device.scene3D = motion.uses3D ? std::optional(motion.scene3D) : std::nullopt;
+    device.scene3D = motion.sceneInsteadOf(device.scene3D);
     device.placement = motion.placement.track.empty() ? std::nullopt : std::optional(motion.placement);
     layer.enter = motion.enter;
     layer.tracks = motion.tracks;
@@ -71,6 +71,14 @@ bool DeviceMotion::apply(CompositionScene& scene, CompositionLayer& layer) const
 bool DeviceMotion::apply(CompositionSpec& spec, std::size_t scene, std::size_t layer) const {
     if (scene >= spec.scenes.size() || layer >= spec.scenes[scene].layers.size()) return false;
     return apply(spec.scenes[scene], spec.scenes[scene].layers[layer]);
+}
+
+std::optional<DeviceScene3D> DeviceMotion::sceneInsteadOf(
+    const std::optional<DeviceScene3D>& authored) const {
+    if (!uses3D) return std::nullopt;
+    DeviceScene3D scene = scene3D;
+    if (authored) scene.finish = authored->finish;
+    return scene;
 }
 
 std::optional<DeviceMotion::LayerIndex> DeviceMotion::firstDeviceLayer(const CompositionSpec& spec) {

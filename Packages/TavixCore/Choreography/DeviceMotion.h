@@ -44,6 +44,10 @@ struct DeviceMotion {
     bool apply(CompositionSpec& spec, std::size_t scene, std::size_t layer) const;
     bool apply(CompositionScene& scene, CompositionLayer& layer) const;
 
+    // The scene of a device that had this one before: the finish that its author chose stays. Nothing for a
+    // motion that leaves it flat.
+    std::optional<DeviceScene3D> sceneInsteadOf(const std::optional<DeviceScene3D>& authored) const;
+
     static std::optional<LayerIndex> firstDeviceLayer(const CompositionSpec& spec);
 
     // A document that shows this motion alone, on the default phone with a still screen.

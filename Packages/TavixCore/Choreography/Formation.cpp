@@ -68,7 +68,7 @@ CompositionLayer deviceLayer(
     DeviceContent device = formation.device;
     device.screen = formation.screenOf(k);
     device.screens.clear();
-    device.scene3D = motion.uses3D ? std::optional(motion.scene3D) : std::nullopt;
+    device.scene3D = motion.sceneInsteadOf(device.scene3D);
     device.placement = motion.placement;
     device.motionPreset.reset();
     device.choreographyPreset.reset();

@@ -16,7 +16,8 @@ const Fields<CompositionSpec>& fieldsOf(std::type_identity<CompositionSpec>) {
             field<&CompositionSpec::background>("background", "What is behind everything."),
             field<&CompositionSpec::scenes>("scenes", "The scenes, in order."),
             field<&CompositionSpec::audio>("audio", "What is heard."),
-            field<&CompositionSpec::seed>("seed", "Chooses all that looks random.").unlessDefault()},
+            field<&CompositionSpec::seed>("seed", "Chooses all that looks random.").unlessDefault(),
+            field<&CompositionSpec::lint>("lint", "How lint judges this document.")},
         .afterRead = bakeDeviceAnimations};
     return table;
 }

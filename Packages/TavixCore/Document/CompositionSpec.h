@@ -4,6 +4,7 @@
 #include "TavixCore/Document/CompositionAudio.h"
 #include "TavixCore/Document/CompositionOutput.h"
 #include "TavixCore/Document/CompositionScene.h"
+#include "TavixCore/Document/LintSettings.h"
 #include "TavixCore/Support/Tables.h"
 #include "TavixCore/Theme/BackgroundFill.h"
 
@@ -25,6 +26,7 @@ struct CompositionSpec {
     std::vector<CompositionScene> scenes;
     std::optional<CompositionAudio> audio;
     std::int64_t seed = 0;   // of all that looks random
+    std::optional<LintSettings> lint;
     bool operator==(const CompositionSpec&) const = default;
 };
 

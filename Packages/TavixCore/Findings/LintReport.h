@@ -38,11 +38,9 @@ class LintReport {
 public:
     using Suggestion = std::optional<std::string>;
 
-    void error(const KeyPath& at, std::string message, Suggestion suggestion = {}) {
-        findings_.push_back({Level::error, at.text(), std::move(message), std::move(suggestion)});
-    }
-    void warning(const KeyPath& at, std::string message, Suggestion suggestion = {}) {
-        findings_.push_back({Level::warning, at.text(), std::move(message), std::move(suggestion)});
+    // The rule tells whether it is an error.
+    void tell(Rule rule, const KeyPath& at, std::string message, Suggestion suggestion = {}) {
+        findings_.push_back(findingOf(rule, at.text(), std::move(message), std::move(suggestion)));
     }
     std::vector<Finding> findings() && { return std::move(findings_); }
 

@@ -31,20 +31,21 @@ private:
     void check(const Place& place) {
         const Field& row = *place.row;
         if (!hasGrid_)
-            report_.error(place.at,
+            report_.tell(Rule::beatGrid, place.at,
                 worded("{} needs a beat grid — the composition declares no audio.music.bpm.", {row.key}),
                 "Set audio.music.bpm (+ firstBeatSec) — run `tavix beats <audio>` to measure them.");
         if (row.role == Role::beatLength) {
             if (partnerOf(place) > 0)
-                report_.error(place.at,
+                report_.tell(Rule::twoClocks, place.at,
                     worded("{} and {} both set — pick one duration authority.", {row.partner, row.key}));
         } else if (const Field* other = besideAs(place, byMark(row.role))) {
             const bool isLayer = place.ownerAs<CompositionLayer>();
-            report_.error(place.at, worded("{} and {} on the same {} — pick one clock{}.",
-                                        {row.key, other->key, isLayer ? "layer" : "keyframe",
-                                            row.role == Role::beatStart ? " for the start"
-                                            : row.role == Role::beatEnd ? " for the end"
-                                                                        : ""}));
+            report_.tell(Rule::twoClocks, place.at,
+                worded("{} and {} on the same {} — pick one clock{}.",
+                    {row.key, other->key, isLayer ? "layer" : "keyframe",
+                        row.role == Role::beatStart ? " for the start"
+                        : row.role == Role::beatEnd ? " for the end"
+                                                    : ""}));
         }
     }
 
@@ -70,7 +71,7 @@ void checkBeats(const SceneScope& scope, LintReport& report) {
     const KeyPath root, audioAt(root, "audio"), musicAt(audioAt, "music");
     const std::optional<double> bpm = bpmOf(scope.spec);
     if (bpm && !(*bpm >= slowestBpm && *bpm <= fastestBpm))
-        report.error(KeyPath(musicAt, "bpm"), worded("bpm {} out of range (40…220).", {*bpm}));
+        report.tell(Rule::bpmRange, KeyPath(musicAt, "bpm"), worded("bpm {} out of range (40…220).", {*bpm}));
 
     BeatCheck(bpm && *bpm > 0, report).check(scope.scene(), scope.at);
 }

@@ -40,7 +40,7 @@ std::vector<Finding> lint(const CompositionSpec& spec) {
     const KeyPath root, scenesAt(root, "scenes");
     checkOutput(spec, report);
     if (spec.scenes.empty()) {
-        report.error(scenesAt, "A composition needs at least one scene.");
+        report.tell(Rule::noScenes, scenesAt, "A composition needs at least one scene.");
         return std::move(report).findings();
     }
     for (std::size_t i = 0; i < spec.scenes.size(); ++i) {

@@ -19,10 +19,11 @@ constexpr double onBeatSec = 0.08 + 1e-9;
 
 void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintReport& report) {
     if (cue.atSec > totalSec)
-        report.error(at, worded("Cue at {}s is past the composition end ({}s).", {cue.atSec, totalSec}));
+        report.tell(Rule::cueLate, at,
+            worded("Cue at {}s is past the composition end ({}s).", {cue.atSec, totalSec}));
     if (cue.resolvedSound() || cue.sound.find('.') != std::string::npos) return;
     const std::vector<std::string_view> sounds = allNames<SFXCatalog::Sound>();
-    report.warning(at,
+    report.tell(Rule::soundUnknown, at,
         worded("Sound \"{}\" is neither a catalog name ({}) nor an audio-file path — it will be skipped.",
             {cue.sound, listed(sounds)}),
         didYouMean(cue.sound, sounds));
@@ -32,17 +33,17 @@ void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintRep
 
 void checkOutput(const CompositionSpec& spec, LintReport& report) {
     const KeyPath root, outputAt(root, "output");
-    const auto isOutOfRange = [&](std::string_view key, const std::string& value, std::int64_t least,
+    const auto isOutOfRange = [&](Rule rule, std::string_view key, const std::string& value, std::int64_t least,
                                   std::int64_t most) {
-        report.error(KeyPath(outputAt, key),
+        report.tell(rule, KeyPath(outputAt, key),
             worded("{} {} out of range ({}…{}).", {key, value, std::to_string(least), std::to_string(most)}));
     };
     const auto sideIsWithin = [&](std::string_view key, std::int64_t sidePx) {
         if (sidePx < leastSidePx || sidePx > mostSidePx)
-            isOutOfRange(key, std::to_string(sidePx), leastSidePx, mostSidePx);
+            isOutOfRange(Rule::outputSize, key, std::to_string(sidePx), leastSidePx, mostSidePx);
     };
     if (const auto fps = double(spec.output.fps); fps < slowestFps || fps > mostFps)
-        isOutOfRange("fps", spec.output.fps.shown(), leastFps, mostFps);
+        isOutOfRange(Rule::outputFps, "fps", spec.output.fps.shown(), leastFps, mostFps);
     sideIsWithin("widthPx", spec.output.widthPx);
     sideIsWithin("heightPx", spec.output.heightPx);
 }
@@ -52,7 +53,7 @@ void checkAccents(const CompositionSpec& spec, LintReport& report) {
         [](const CompositionScene& scene) { return scene.transition && isAccent(scene.transition->style); });
     const KeyPath root;
     if (accents >= 2)
-        report.warning(KeyPath(root, "scenes"),
+        report.tell(Rule::accentTransitions, KeyPath(root, "scenes"),
             worded("{} accent transitions (dreamyZoom/crosswarp/ripple) — one accent per composition.",
                 {static_cast<double>(accents)}));
 }
@@ -60,7 +61,7 @@ void checkAccents(const CompositionSpec& spec, LintReport& report) {
 void checkTotalLength(const CompositionTimeline& timeline, LintReport& report) {
     const KeyPath root;
     if (timeline.totalSec > longTotalSec)
-        report.warning(KeyPath(root, "scenes"),
+        report.tell(Rule::filmLong, KeyPath(root, "scenes"),
             worded("Total runs {}s — teasers read best under 60–90s.", {timeline.totalSec}));
 }
 
@@ -76,7 +77,7 @@ void checkCutsOnBeat(const CompositionSpec& spec, const CompositionTimeline& tim
         const double nearestSec = offsetSec + beatSec * std::floor((startSec - offsetSec) / beatSec + 0.5);
         const double offSec = std::abs(startSec - nearestSec);
         if (!(offSec > onBeatSec)) continue;
-        report.warning(KeyPath(scenesAt, i),
+        report.tell(Rule::cutOffBeat, KeyPath(scenesAt, i),
             worded("{} starts at {}s — {}s off the beat grid (nearest beat {}s at {} BPM).",
                 {spec.scenes[i].displayName(i), startSec, offSec, nearestSec, *music.bpm}),
             worded("Set scenes[{}].durationSec to {} (or use durationBeats) to land the cut on the beat.",
@@ -90,7 +91,7 @@ void checkAudio(const CompositionSpec& spec, const CompositionTimeline& timeline
     for (std::size_t i = 0; i < spec.audio->cues.size(); ++i)
         cueIsSound(spec.audio->cues[i], KeyPath(cuesAt, i), timeline.totalSec, report);
     if (spec.audio->music && spec.audio->music->path.empty())
-        report.error(KeyPath(musicAt, "path"), "Music bed has an empty path.");
+        report.tell(Rule::musicPath, KeyPath(musicAt, "path"), "Music bed has an empty path.");
 }
 
 }   // namespace tavix::CompositionLint

@@ -39,19 +39,19 @@ void timesAscend(const std::vector<Keyframe>& track, const KeyPath& trackAt, std
     for (std::size_t k = 0; k < track.size(); ++k)
         if (!times.accepts(track[k], track[k].tSec)) {
             const KeyPath keyframeAt(trackAt, k);
-            report.error(KeyPath(keyframeAt, "tSec"), std::string(message));
+            report.tell(Rule::keyframeOrder, KeyPath(keyframeAt, "tSec"), std::string(message));
         }
 }
 
 void screenHasAPath(const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (std::visit([](const auto& screen) { return screen.path.empty(); }, device.screen))
-        report.error(KeyPath(at, "screen"), "Device screen needs a still or video path.");
+        report.tell(Rule::screenPath, KeyPath(at, "screen"), "Device screen needs a still or video path.");
 }
 
 // A formation gives each of its devices one, and is gone by now.
 void screensHaveDevices(const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (!device.screens.empty())
-        report.warning(KeyPath(at, "screens"),
+        report.tell(Rule::screensAlone, KeyPath(at, "screens"),
             "screens are for the devices of a formation, one each; without a choreographyPreset only screen "
             "is shown.");
 }
@@ -62,7 +62,7 @@ void placementIsSound(
     const KeyPath placementAt(at, "placement");
     if (!device.placement->track.empty() &&
         hasTrack(scope.layer, {AnimProperty::x, AnimProperty::y, AnimProperty::scale}))
-        report.error(placementAt,
+        report.tell(Rule::twoMotions, placementAt,
             "Device has both a placement track and x/y/scale keyframes — pick one motion system "
             "(placement = baked springs, tracks = generic keyframes).");
     timesAscend(device.placement->track, KeyPath(placementAt, "track"),
@@ -76,10 +76,11 @@ void screenOpacityIsSound(const DeviceContent& device, const KeyPath& at, LintRe
         const CompositionKeyframe& keyframe = device.screenOpacity[k];
         const KeyPath keyframeAt(opacityAt, k);
         if (!(keyframe.value >= 0 && keyframe.value <= 1))
-            report.warning(KeyPath(keyframeAt, "value"),
+            report.tell(Rule::screenOpacityRange, KeyPath(keyframeAt, "value"),
                 worded("screenOpacity {} is outside 0…1 — clamped at render.", {keyframe.value}));
         if (!times.accepts(keyframe, keyframe.t))
-            report.error(KeyPath(keyframeAt, "t"), "screenOpacity times must be strictly ascending.");
+            report.tell(Rule::keyframeOrder, KeyPath(keyframeAt, "t"),
+                "screenOpacity times must be strictly ascending.");
     }
 }
 
@@ -89,7 +90,7 @@ void posesLieInTheWindow(
     const double lastSec = std::ranges::max(model.poseTrack, {}, &DevicePoseKeyframe::tSec).tSec;
     const double windowSec = windowOf(scope.layer, scope.in.scene()).lengthSec();
     if (windowSec + windowSlackSec(scope.in.spec) < lastSec)
-        report.warning(poseAt,
+        report.tell(Rule::poseLate, poseAt,
             worded("Last pose keyframe at {}s is past the layer's {}s window — scene3D pose times are "
                    "LAYER-LOCAL (0 = the layer's start), not the reel clock.",
                 {apart(lastSec, windowSec), apart(windowSec, lastSec)}));
@@ -100,7 +101,7 @@ void modelIsSound(
     if (!device.scene3D) return;
     const KeyPath modelAt(at, "scene3D"), poseAt(modelAt, "poseTrack"), depthAt(modelAt, "depthTrack");
     if (hasTrack(scope.layer, {AnimProperty::rotationDeg}))
-        report.error(modelAt,
+        report.tell(Rule::flatTurn, modelAt,
             "A 3D device layer owns the phone's rotation (tilt/poseTrack) — a flat rotationDeg keyframe "
             "track would spin the finished 3D render. Drop the track or scene3D.");
     timesAscend(device.scene3D->poseTrack, poseAt, "Pose times must be strictly ascending.", report);

@@ -10,9 +10,10 @@ namespace {
 
 void keyframeTimeAscends(double t, double previous, const KeyPath& keyframeAt, LintReport& report) {
     const KeyPath at(keyframeAt, "t");
-    if (t < 0) report.error(at, "Keyframe t must be ≥ 0 (layer-local clock).");
+    if (t < 0) report.tell(Rule::keyframeStart, at, "Keyframe t must be ≥ 0 (layer-local clock).");
     if (!(t > previous))
-        report.error(at, worded("Keyframe times must be strictly ascending ({} after {}).", {t, previous}));
+        report.tell(Rule::keyframeOrder, at,
+            worded("Keyframe times must be strictly ascending ({} after {}).", {t, previous}));
 }
 
 void keyframeValueCanBeDrawn(
@@ -21,8 +22,10 @@ void keyframeValueCanBeDrawn(
     const bool isScale = property == AnimProperty::scale || property == AnimProperty::scaleX ||
                          property == AnimProperty::scaleY;
     if (property == AnimProperty::opacity && !(value >= 0 && value <= 1))
-        report.warning(at, worded("Opacity {} is outside 0…1 — it renders clamped.", {value}));
-    if (isScale && !(value > 0)) report.error(at, "Scale must be > 0 (scale interpolates in log space).");
+        report.tell(
+            Rule::opacityRange, at, worded("Opacity {} is outside 0…1 — it renders clamped.", {value}));
+    if (isScale && !(value > 0))
+        report.tell(Rule::scaleRange, at, "Scale must be > 0 (scale interpolates in log space).");
 }
 
 void fadesOnce(const LayerScope& scope, LintReport& report) {
@@ -31,14 +34,14 @@ void fadesOnce(const LayerScope& scope, LintReport& report) {
     if (!fades(layer.enter) && !fades(layer.exit)) return;
     if (std::ranges::find(layer.tracks, AnimProperty::opacity, &PropertyTrack::property) !=
         layer.tracks.end())
-        report.warning(scope.at,
+        report.tell(Rule::doubleFade, scope.at,
             "Both an opacity track and a fading enter/exit phase — the two multiply into a double-fade.");
 }
 
 void effectIsKnown(const LayerEffect& effect, const KeyPath& effectAt, LintReport& report) {
     if (!std::holds_alternative<UnknownEffect>(effect)) return;
     const std::string_view kind = kindName(effect);
-    report.error(KeyPath(effectAt, "kind"),
+    report.tell(Rule::effectUnknown, KeyPath(effectAt, "kind"),
         worded("Unknown effect \"{}\" — must be one of {}.", {kind, listed(effectKinds())}),
         didYouMean(kind, effectKinds()));
 }
@@ -48,7 +51,7 @@ void effectIsInRange(const LayerEffect& effect, const KeyPath& effectAt, LintRep
     for (const EffectRange& range : legalRanges(kindName(effect))) {
         const auto param = std::ranges::find(given, range.param, &EffectParam::name);
         if (param == given.end() || (param->value >= range.min && param->value <= range.max)) continue;
-        report.error(KeyPath(effectAt, range.param),
+        report.tell(Rule::effectRange, KeyPath(effectAt, range.param),
             worded("{} {} out of range ({}…{}).", {range.param, param->value, range.min, range.max}));
     }
 }
@@ -59,17 +62,19 @@ void checkWindow(const LayerScope& scope, LintReport& report) {
     const CompositionLayer& layer = scope.layer;
     const double sceneSec = scope.in.scene().durationSec;
     const KeyPath fromAt(scope.at, "fromSec"), durationAt(scope.at, "durationSec");
-    if (layer.fromSec < 0) report.error(fromAt, "fromSec must be ≥ 0 (scene-local clock).");
+    if (layer.fromSec < 0) report.tell(Rule::layerStart, fromAt, "fromSec must be ≥ 0 (scene-local clock).");
     if (sceneSec > 0 && !(sceneSec > layer.fromSec))
-        report.error(
-            fromAt, worded("Layer starts at {}s but the scene ends at {}s.", {layer.fromSec, sceneSec}));
+        report.tell(Rule::layerLate, fromAt,
+            worded("Layer starts at {}s but the scene ends at {}s.", {layer.fromSec, sceneSec}));
     if (!layer.durationSec) return;
     if (!(*layer.durationSec > 0))
-        report.error(durationAt, "durationSec must be > 0 (omit it to run to the scene end).");
+        report.tell(
+            Rule::layerLength, durationAt, "durationSec must be > 0 (omit it to run to the scene end).");
     const double endSec = windowOf(layer, scope.in.scene()).endSec;
     if (endSec > sceneSec + windowSlackSec(scope.in.spec))
-        report.error(durationAt, worded("Layer window ends at {}s, past the scene end ({}s).",
-                                     {apart(endSec, sceneSec), apart(sceneSec, endSec)}));
+        report.tell(Rule::layerEnd, durationAt,
+            worded("Layer window ends at {}s, past the scene end ({}s).",
+                {apart(endSec, sceneSec), apart(sceneSec, endSec)}));
 }
 
 void checkTracks(const LayerScope& scope, LintReport& report) {

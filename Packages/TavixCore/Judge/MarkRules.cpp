@@ -54,7 +54,8 @@ private:
     }
 
     void check(const MarkRef& reference, const KeyPath& at) const {
-        if (reference.mark.empty()) report_.error(at, "Mark reference has an empty mark name.");
+        if (reference.mark.empty())
+            report_.tell(Rule::markUnnamed, at, "Mark reference has an empty mark name.");
         if (reference.clip)
             clipIsADevice(*reference.clip, at);
         else if (ownClip_ && *ownClip_)
@@ -68,21 +69,21 @@ private:
             if (id == clip) return;
         const std::string known =
             devices_.ids.empty() ? "" : worded(" (device ids: {})", {listed(devices_.ids)});
-        report_.error(at,
+        report_.tell(Rule::markDevice, at,
             worded("clip \"{}\" doesn't match any device layer id in this scene{}.", {clip, known}),
             didYouMean(clip, devices_.ids));
     }
 
     void deviceIsPlain(const KeyPath& at) const {
         if (devices_.count == 0)
-            report_.error(at,
+            report_.tell(Rule::markDevice, at,
                 "Mark references need a device layer (with a video screen) in the same scene — this scene "
                 "has none.");
         if (devices_.count > 1)
-            report_.error(
-                at, worded("This scene has {} device layers — set \"clip\" on the mark reference to pick one "
-                           "(device ids: {}).",
-                        {static_cast<double>(devices_.count), listed(devices_.ids)}));
+            report_.tell(Rule::markDevice, at,
+                worded("This scene has {} device layers — set \"clip\" on the mark reference to pick one "
+                       "(device ids: {}).",
+                    {static_cast<double>(devices_.count), listed(devices_.ids)}));
     }
 
     const SceneDevices& devices_;

@@ -10,7 +10,7 @@ constexpr double longSceneSec = 30;
 void transitionHasALength(const SceneScope& scope, const KeyPath& at, LintReport& report) {
     const SceneTransition& transition = *scope.scene().transition;
     if (transition.durationSec > 0 || transition.durationBeats) return;
-    report.error(KeyPath(at, "durationSec"),
+    report.tell(Rule::transitionLength, KeyPath(at, "durationSec"),
         "Transition durationSec (or durationBeats on a music grid) is required and must be > 0 "
         "(the tempo decision is always explicit).");
 }
@@ -20,7 +20,7 @@ void scenesOutliveTransition(const SceneScope& scope, const KeyPath& at, LintRep
     const double shorterSec =
         std::min(scope.scene().durationSec, scope.spec.scenes[scope.index + 1].durationSec);
     if (shorterSec < overlapSec)
-        report.error(KeyPath(at, "durationSec"),
+        report.tell(Rule::transitionOverlap, KeyPath(at, "durationSec"),
             worded("Transition ({}s) is longer than the shorter adjacent scene ({}s) — both scenes must "
                    "outlive the overlap.",
                 {overlapSec, shorterSec}));
@@ -29,9 +29,9 @@ void scenesOutliveTransition(const SceneScope& scope, const KeyPath& at, LintRep
 void transitionIsCalm(const SceneScope& scope, const KeyPath& at, LintReport& report) {
     const SceneTransition& transition = *scope.scene().transition;
     if (transition.style == TransitionStyle::flip)
-        report.warning(at, "flip has no 2-D presentation — it renders as a wipe here.");
+        report.tell(Rule::transitionFlip, at, "flip has no 2-D presentation — it renders as a wipe here.");
     if (const SpringCurve* spring = bouncySpring(transition.curve))
-        report.warning(KeyPath(at, "curve"),
+        report.tell(Rule::transitionBouncy, KeyPath(at, "curve"),
             worded("Bouncy transition timing (damping {}) — counts as the scene's one accent.",
                 {spring->damping}));
 }
@@ -41,19 +41,20 @@ void transitionIsCalm(const SceneScope& scope, const KeyPath& at, LintReport& re
 void checkSceneLength(const SceneScope& scope, LintReport& report) {
     const double durationSec = scope.scene().durationSec;
     const KeyPath at(scope.at, "durationSec");
-    if (!(durationSec > 0)) report.error(at, worded("{}: durationSec must be > 0.", {scope.name()}));
+    if (!(durationSec > 0))
+        report.tell(Rule::sceneLength, at, worded("{}: durationSec must be > 0.", {scope.name()}));
     if (durationSec > longSceneSec)
-        report.warning(
-            at, worded("{} runs {}s — scenes over 30s usually want a cut (\"let time solve layout\").",
-                    {scope.name(), durationSec}));
+        report.tell(Rule::sceneLong, at,
+            worded("{} runs {}s — scenes over 30s usually want a cut (\"let time solve layout\").",
+                {scope.name(), durationSec}));
 }
 
 void checkTransition(const SceneScope& scope, LintReport& report) {
     if (!scope.scene().transition) return;
     const KeyPath at(scope.at, "transition");
     if (scope.isLast()) {
-        report.error(
-            at, worded("{} is the last scene — a transition needs a next scene to join.", {scope.name()}));
+        report.tell(Rule::transitionLast, at,
+            worded("{} is the last scene — a transition needs a next scene to join.", {scope.name()}));
         return;
     }
     transitionHasALength(scope, at, report);

@@ -1,6 +1,8 @@
+#include "TavixCore/Judge/FormationMembers.h"
 #include "TavixCore/Judge/LintRules.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace tavix::CompositionLint {
@@ -25,15 +27,31 @@ std::size_t bouncySprings(const CompositionLayer& layer) {
     return count;
 }
 
+Interval spanOf(const Interval& a, const Interval& b) {
+    return {std::min(a.startSec, b.startSec), std::max(a.endSec, b.endSec)};
+}
+
+// The devices of a formation are one thing to look at: it counts once, for as long as any of them shows.
 SceneTally tallyOf(const CompositionScene& scene) {
     SceneTally tally;
-    for (const CompositionLayer& layer : scene.layers) {
+    const std::vector<std::size_t> formations = formationOfEachLayer(scene);
+    std::map<std::size_t, std::size_t> focalPointOf;   // of a formation
+    for (std::size_t l = 0; l < scene.layers.size(); ++l) {
+        const CompositionLayer& layer = scene.layers[l];
+        const Interval window = windowOf(layer, scene);
         tally.bouncySprings += bouncySprings(layer);
+        if (std::holds_alternative<TextContent>(layer.content)) tally.texts.push_back(window);
         const auto* device = std::get_if<DeviceContent>(&layer.content);
         const auto* video = std::get_if<VideoContent>(&layer.content);
+        if (!device && (!video || video->rect)) continue;
+        const auto [known, isNew] = focalPointOf.try_emplace(formations[l], tally.focalPoints.size());
+        if (formations[l] != noFormation && !isNew) {
+            Interval& all = tally.focalPoints[known->second];
+            all = spanOf(all, window);
+            continue;
+        }
         if (device && device->scene3D) ++tally.models;
-        if (device || (video && !video->rect)) tally.focalPoints.push_back(windowOf(layer, scene));
-        if (std::holds_alternative<TextContent>(layer.content)) tally.texts.push_back(windowOf(layer, scene));
+        tally.focalPoints.push_back(window);
     }
     return tally;
 }
@@ -60,19 +78,19 @@ void checkSceneTotals(const SceneScope& scope, LintReport& report) {
     const auto models = static_cast<double>(tally.models);
     const auto springs = static_cast<double>(tally.bouncySprings);
     if (tally.models >= 2)
-        report.warning(layersAt,
+        report.tell(Rule::spaceCost, layersAt,
             worded("{} has {} 3D device layers — each one is a full RealityKit render per frame; expect "
                    "roughly {}× frame cost.",
                 {scope.name(), models, models}));
     if (maxConcurrent(tally.texts) > 2)
-        report.warning(layersAt,
+        report.tell(Rule::textsAtOnce, layersAt,
             worded("{} shows >2 text layers at once — give each message its own moment.", {scope.name()}));
     if (maxConcurrent(tally.focalPoints) >= 2)
-        report.warning(layersAt,
+        report.tell(Rule::twoFocalPoints, layersAt,
             worded("{} has two focal layers (device/full-bleed video) at once — one focal point per frame.",
                 {scope.name()}));
     if (tally.bouncySprings >= 2)
-        report.warning(scope.at,
+        report.tell(Rule::bouncySprings, scope.at,
             worded(
                 "{} has {} bouncy springs (damping < 0.7) — one accent per scene, damping ≥ 0.8 elsewhere.",
                 {scope.name(), springs}));

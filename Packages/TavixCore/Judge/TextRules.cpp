@@ -35,14 +35,14 @@ void presetIsKnown(const TextContent& text, const KeyPath& at, LintReport& repor
     const auto& known = KineticVocabulary::presetIDs;
     if (!reference || std::ranges::find(known, reference->preset) != known.end()) return;
     const KeyPath kineticAt(at, "kinetic");
-    report.error(KeyPath(kineticAt, "preset"),
+    report.tell(Rule::animationUnknown, KeyPath(kineticAt, "preset"),
         worded("Unknown kinetic preset \"{}\" — must be one of {}.", {reference->preset, listed(known)}),
         didYouMean(reference->preset, known));
 }
 
 void alignmentIsKnown(const TextContent& text, const KeyPath& at, LintReport& report) {
     if (text.alignment && !isOneOf(*text.alignment, {"left", "center", "right"}))
-        report.error(KeyPath(at, "alignment"), "alignment must be left|center|right.");
+        report.tell(Rule::alignmentUnknown, KeyPath(at, "alignment"), "alignment must be left|center|right.");
 }
 
 void canBeReadInItsTime(
@@ -51,7 +51,7 @@ void canBeReadInItsTime(
     const double floorSec = findingSec + readingSecPerWord * words;
     const std::optional<double>& windowSec = scope.layer.durationSec;
     if (windowSec && *windowSec < floorSec)
-        report.warning(KeyPath(scope.at, "durationSec"),
+        report.tell(Rule::textBrief, KeyPath(scope.at, "durationSec"),
             worded("\"{}\" shows for {}s — under the readability floor ({}s for {} word{}).",
                 {excerpt(text.text), *windowSec, floorSec, words, wordCount == 1 ? "" : "s"}));
 }
@@ -59,14 +59,14 @@ void canBeReadInItsTime(
 void isLargeEnough(const TextContent& text, std::size_t wordCount, const KeyPath& at, LintReport& report) {
     const KeyPath sizeAt(at, "sizeFraction");
     if (text.sizeFraction < labelSizeFloor)
-        report.warning(sizeAt,
+        report.tell(Rule::textSmall, sizeAt,
             worded("sizeFraction {} is below the label minimum {} (≈32px @1080w) — unreadable at video "
                    "distance.",
                 {text.sizeFraction, labelSizeFloor}));
     else if (text.sizeFraction < supportSizeFloor && wordCount >= sentenceWords)
-        report.warning(
-            sizeAt, worded("sizeFraction {} is below the supporting-copy minimum {} (≈44px @1080w).",
-                        {text.sizeFraction, supportSizeFloor}));
+        report.tell(Rule::textSmall, sizeAt,
+            worded("sizeFraction {} is below the supporting-copy minimum {} (≈44px @1080w).",
+                {text.sizeFraction, supportSizeFloor}));
 }
 
 void isInsideTheSafeArea(const LayerScope& scope, LintReport& report) {
@@ -76,7 +76,7 @@ void isInsideTheSafeArea(const LayerScope& scope, LintReport& report) {
     const PixelPoint& centre = scope.layer.position;
     if (std::abs(centre.x - widthPx / 2) <= reachX && std::abs(centre.y - heightPx / 2) <= reachY) return;
     const auto whole = [](double number) { return std::trunc(number); };
-    report.warning(KeyPath(scope.at, "position"),
+    report.tell(Rule::textPosition, KeyPath(scope.at, "position"),
         worded("Text center ({}, {})px is outside the safe area (within {}×{}px of center ({}, {})).",
             {whole(centre.x), whole(centre.y), whole(reachX), whole(reachY), whole(widthPx / 2),
                 whole(heightPx / 2)}));
@@ -88,7 +88,7 @@ void fontIsAFontFile(
         return;
     const std::string extension = lowered(std::filesystem::path(*text.font).extension().string());
     if (!isOneOf(extension, {".ttf", ".otf", ".ttc"}))
-        report.warning(KeyPath(at, "font"),
+        report.tell(Rule::fontKind, KeyPath(at, "font"),
             worded("\"{}\" looks like a path but not a font file (.ttf/.otf/.ttc).", {*text.font}));
 }
 
@@ -97,7 +97,7 @@ void fontIsAFontFile(
 void checkContent(const LayerScope& scope, const TextContent& text, LintReport& report) {
     const KeyPath at(scope.at, "text");
     const std::size_t wordCount = KineticMath::words(text.text).size();
-    if (wordCount == 0) report.error(at, "Text layer has empty copy.");
+    if (wordCount == 0) report.tell(Rule::textEmpty, at, "Text layer has empty copy.");
     presetIsKnown(text, at, report);
     alignmentIsKnown(text, at, report);
     canBeReadInItsTime(scope, text, wordCount, report);

@@ -100,14 +100,14 @@ void BeatResolver::resolveSceneLength(const MutablePlace& place, double beats) {
     const std::string name = scene.displayName(sceneCount_ - 1);
     const double lengthSec = grid_.beatDuration() * beats;
     if (scene.durationSec > 0)
-        report_.error(place.at,
+        report_.tell(CompositionLint::Rule::twoClocks, place.at,
             worded("{}: durationSec ({}) and durationBeats ({} = {}s) both set — pick one "
                    "duration authority.",
                 {name, twoDecimals(scene.durationSec), twoDecimals(beats), twoDecimals(lengthSec)}));
     constexpr double unseenSec = 0.05;
     const double motionEndSec = deviceMotionEndSec(scene);
     if (lengthSec + unseenSec < motionEndSec)
-        report_.warning(place.at,
+        report_.tell(CompositionLint::Rule::motionCut, place.at,
             worded(
                 "{}: the device motion runs to {}s but durationBeats: {} resolves to {}s — the tail will be "
                 "cut.",
@@ -120,9 +120,9 @@ void BeatResolver::resolveSceneLength(const MutablePlace& place, double beats) {
 void BeatResolver::resolveLength(const MutablePlace& place, double beats) {
     const double seconds = partnerOf(place).value_or(0);
     if (seconds > 0)
-        report_.error(
-            place.at, worded("{} ({}) and {} ({}) both set — pick one duration authority.",
-                          {place.row->partner, twoDecimals(seconds), place.row->key, twoDecimals(beats)}));
+        report_.tell(CompositionLint::Rule::twoClocks, place.at,
+            worded("{} ({}) and {} ({}) both set — pick one duration authority.",
+                {place.row->partner, twoDecimals(seconds), place.row->key, twoDecimals(beats)}));
     settle(place, grid_.beatDuration() * beats);
 }
 
@@ -138,7 +138,7 @@ void BeatResolver::resolveStart(const MutablePlace& place, double beat) {
     const double startSec = sceneTime(beat);
     settle(place, startSec);
     if (startSec < 0)
-        report_.error(place.at,
+        report_.tell(CompositionLint::Rule::beatEarly, place.at,
             worded("Beat {} is {}s on the global clock — before this scene starts ({}s).",
                 {twoDecimals(beat), twoDecimals(grid_.timeOfBeat(beat)), twoDecimals(sceneStartSec())}));
 }
@@ -147,9 +147,9 @@ void BeatResolver::resolveEnd(const MutablePlace& place, double beat) {
     const double endSec = sceneTime(beat), lengthSec = endSec - layer_->fromSec;
     settle(place, lengthSec);
     if (lengthSec <= 0)
-        report_.error(
-            place.at, worded("Beat {} resolves to scene time {}s — at or before the layer's start ({}s).",
-                          {twoDecimals(beat), twoDecimals(endSec), twoDecimals(layer_->fromSec)}));
+        report_.tell(CompositionLint::Rule::beatEmpty, place.at,
+            worded("Beat {} resolves to scene time {}s — at or before the layer's start ({}s).",
+                {twoDecimals(beat), twoDecimals(endSec), twoDecimals(layer_->fromSec)}));
 }
 
 void BeatResolver::resolveMoment(const MutablePlace& place, double beat) {
@@ -157,12 +157,13 @@ void BeatResolver::resolveMoment(const MutablePlace& place, double beat) {
         const double atSec = grid_.timeOfBeat(beat);
         settle(place, atSec);
         if (atSec < 0)
-            report_.error(place.at, worded("Beat {} resolves to {}s — before the composition starts.",
-                                        {twoDecimals(beat), twoDecimals(atSec)}));
+            report_.tell(CompositionLint::Rule::beatEarly, place.at,
+                worded("Beat {} resolves to {}s — before the composition starts.",
+                    {twoDecimals(beat), twoDecimals(atSec)}));
         return;
     }
     if (layer_->fromMark)
-        return report_.error(place.at,
+        return report_.tell(CompositionLint::Rule::beatOnMark, place.at,
             "Beat keyframes need a concrete or beat-valued layer start — this layer starts at a recording "
             "mark.",
             "Use atMark for the keyframe too, or give the layer fromBeat/fromSec.");

@@ -67,8 +67,8 @@ private:
             const auto moment = findOnDevice(*place.as<MarkRef>(), entry, place.at);
             if (!moment) return Seconds();
             if (moment->entry != &entry) {
-                report_.error(
-                    place.at, worded("{} must reference the SAME device layer's clip.", {place.row->key}));
+                report_.tell(CompositionLint::Rule::markTrim, place.at,
+                    worded("{} must reference the SAME device layer's clip.", {place.row->key}));
                 return Seconds();
             }
             entry.trimStartSec = std::max(moment->clipSec, 0.0);
@@ -84,7 +84,7 @@ private:
             if (!moment) return Seconds();
             const double atSec = moment->clipSec - entry.trimStartSec;
             if (atSec < 0 && place.ownerAs<DevicePlacementKeyframe>())
-                report_.error(*place.ownerAt,
+                report_.tell(CompositionLint::Rule::markEarly, *place.ownerAt,
                     worded("Mark \"{}\" resolves to {}s — before the clip's trimStartSec ({}s).",
                         {ref->mark, twoDecimals(atSec), twoDecimals(entry.trimStartSec)}));
             return Seconds(atSec);
@@ -129,8 +129,9 @@ private:
         const MarkRef ref = *std::exchange(layer.fromMark, std::nullopt);
         layer.fromSec = *startSec;
         if (*startSec < 0)
-            report_.error(at, worded("Mark \"{}\" resolves to scene time {}s — before the scene starts.",
-                                  {ref.mark, twoDecimals(*startSec)}));
+            report_.tell(CompositionLint::Rule::markEarly, at,
+                worded("Mark \"{}\" resolves to scene time {}s — before the scene starts.",
+                    {ref.mark, twoDecimals(*startSec)}));
     }
 
     void resolveEnd(CompositionLayer& layer, const KeyPath& at) {
@@ -139,9 +140,9 @@ private:
         const MarkRef ref = *std::exchange(layer.toMark, std::nullopt);
         layer.durationSec = *endSec - layer.fromSec;
         if (*layer.durationSec <= 0)
-            report_.error(
-                at, worded("Mark \"{}\" resolves to scene time {}s — at or before the layer's start ({}s).",
-                        {ref.mark, twoDecimals(*endSec), twoDecimals(layer.fromSec)}));
+            report_.tell(CompositionLint::Rule::markEmpty, at,
+                worded("Mark \"{}\" resolves to scene time {}s — at or before the layer's start ({}s).",
+                    {ref.mark, twoDecimals(*endSec), twoDecimals(layer.fromSec)}));
     }
 
     CompositionScene& scene_;

@@ -49,10 +49,10 @@ std::optional<MarkFinder::Moment> MarkFinder::find(
     if (!event) return std::nullopt;
     if (!wantsEnd) return Moment{entry, event->actionSec.value_or(event->tSec) + ref.offsetSec};
     if (event->endSec) return Moment{entry, *event->endSec + ref.offsetSec};
-    report_.error(
-        at, worded("Mark \"{}\" has no end time — only scripted steps (a `durationSec` scroll) land "
-                   "\"#end\" marks.",
-                {label}));
+    report_.tell(CompositionLint::Rule::markEnd, at,
+        worded("Mark \"{}\" has no end time — only scripted steps (a `durationSec` scroll) land "
+               "\"#end\" marks.",
+            {label}));
     return std::nullopt;
 }
 
@@ -60,15 +60,16 @@ DeviceEntry* MarkFinder::entryOf(
     const MarkRef& ref, const std::optional<std::string>& clip, const KeyPath& at) {
     if (!clip) {
         if (entries_.size() == 1) return &entries_.front();
-        report_.error(
-            at, worded("{} has {} device layers — set \"clip\" on the mark reference to pick one{}.",
-                    {scene_, std::to_string(entries_.size()), idsInBrackets()}));
+        report_.tell(CompositionLint::Rule::markDevice, at,
+            worded("{} has {} device layers — set \"clip\" on the mark reference to pick one{}.",
+                {scene_, std::to_string(entries_.size()), idsInBrackets()}));
         return nullptr;
     }
     const auto entry = std::ranges::find(entries_, clip, &DeviceEntry::id);
     if (entry != entries_.end()) return &*entry;
-    report_.error(at, worded("Mark \"{}\" references clip \"{}\", but {} has no device layer with that id{}.",
-                          {ref.mark, *clip, scene_, idsInBrackets()}));
+    report_.tell(CompositionLint::Rule::markDevice, at,
+        worded("Mark \"{}\" references clip \"{}\", but {} has no device layer with that id{}.",
+            {ref.mark, *clip, scene_, idsInBrackets()}));
     return nullptr;
 }
 
@@ -85,11 +86,11 @@ bool MarkFinder::hasMarks(DeviceEntry& entry, const KeyPath& at) {
     if (entry.marks) return true;
     entry.sidecarMissing = true;
     if (!entry.clipPath)
-        report_.error(at,
+        report_.tell(CompositionLint::Rule::markRecording, at,
             "Mark references need a VIDEO device screen — the device layer plays a still, which "
             "has no timeline sidecar.");
     else
-        report_.error(at,
+        report_.tell(CompositionLint::Rule::markRecording, at,
             worded("No timeline sidecar for \"{}\" — expected {} next to the clip (tavix run writes it; the "
                    ".tavixcomp bundler copies it).",
                 {*entry.clipPath, sidecars_.fileOf(*entry.clipPath).filename().string()}),
@@ -102,7 +103,7 @@ const Timeline::Event* MarkFinder::eventOf(
     const auto found = entry.marks->find(label);
     if (found == entry.marks->end()) {
         const std::vector<std::string_view> labels = labelsOf(*entry.marks);
-        report_.error(at,
+        report_.tell(CompositionLint::Rule::markUnknown, at,
             worded("Mark \"{}\" not found in the sidecar for \"{}\". Available marks: {}.",
                 {label, *entry.clipPath,
                     labels.empty() ? "none (older recording without labels — re-record)"
@@ -112,9 +113,10 @@ const Timeline::Event* MarkFinder::eventOf(
     }
     const std::vector<Timeline::Event>& events = found->second;
     if (events.size() == 1) return &events.front();
-    report_.error(at, worded("Mark \"{}\" is ambiguous — {} steps carry it. Give each step a distinct "
-                             "target.label in the FlowSpec.",
-                          {label, std::to_string(events.size())}));
+    report_.tell(CompositionLint::Rule::markTwice, at,
+        worded("Mark \"{}\" is ambiguous — {} steps carry it. Give each step a distinct "
+               "target.label in the FlowSpec.",
+            {label, std::to_string(events.size())}));
     return nullptr;
 }
 

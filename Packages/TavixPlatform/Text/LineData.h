@@ -45,6 +45,7 @@ struct PlacedGlyph {
 
 struct LineData {
     TextRange range;
+    bool breaksWord = false;   // at its end
     double widthPx = 0;
     double boxHeightPx = 0;                  // of what stands for a character that no font has
     std::vector<LineCharacter> characters;   // by `begin`

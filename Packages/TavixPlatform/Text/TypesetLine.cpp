@@ -12,6 +12,7 @@ TextRange intersection(const TextRange& a, const TextRange& b) {
 }
 
 TextRange TypesetLine::range() const { return data_->range; }
+bool TypesetLine::breaksWord() const { return data_->breaksWord; }
 double TypesetLine::widthPx() const { return data_->widthPx; }
 
 double TypesetLine::offsetPx(std::size_t position) const {

@@ -51,6 +51,8 @@ class TypesetLine {
 public:
     // What the line holds of its text, the white space at which it was broken included, but no line break.
     TextRange range() const;
+    // Whether it ends where its script may not be broken, because a word is wider than a line.
+    bool breaksWord() const;
     // The advance of all characters but the white space at which the line was broken.
     double widthPx() const;
     // Where the caret stands before the character at that position of the text; at the end of the range,

@@ -87,9 +87,13 @@ public:
         std::vector<TypesetLine> result;
         std::size_t begin = 0;
         firstRun_ = 0;
-        const std::vector<std::size_t> ends = lineEnds(breakPoints(), maxWidthPx);
-        for (const std::size_t end : ends) {
-            result.push_back(line(begin, end, end == paragraph_.points.size()));
+        const std::vector<BreakPoint> points = breakPoints();
+        for (const std::size_t end : lineEnds(points, maxWidthPx)) {
+            const bool isLast = end == points.size();
+            result.push_back(line(begin, end,
+                isLast                       ? LineEnd::last
+                : points[end].mayBreakBefore ? LineEnd::atBreak
+                                             : LineEnd::insideWord));
             begin = end;
         }
         return result;
@@ -222,8 +226,12 @@ private:
         }
     }
 
-    TypesetLine line(std::size_t begin, std::size_t end, bool isLast) {
+    enum class LineEnd { last, atBreak, insideWord };
+
+    TypesetLine line(std::size_t begin, std::size_t end, LineEnd how) {
+        const bool isLast = how == LineEnd::last;
         auto data = std::make_shared<LineData>();
+        data->breaksWord = how == LineEnd::insideWord;
         data->range = {begin == 0 ? paragraph_.source.begin : paragraph_.sourceOfPoint[begin],
             isLast ? paragraph_.source.end : paragraph_.sourceOfPoint[end]};
         data->colors = colors();

@@ -58,14 +58,14 @@ std::string toHundredths(double seconds) {
     return text;
 }
 
-Finding findingOf(const std::string& path, const std::string& scene, const char* label, double usableSec,
+Finding tooShort(const std::string& path, const std::string& scene, const char* label, double usableSec,
     double windowSec) {
-    return {Level::warning, path,
+    return CompositionLint::findingOf(CompositionLint::Rule::footageShort, path,
         scene + ": the " + label + "'s footage ends " + toHundredths(usableSec) +
             "s into the layer window but the window runs to " + toHundredths(windowSec) +
             "s — the last frame freezes for " + toHundredths(windowSec - usableSec) + "s.",
         "Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a "
-        "longer segment — recordings never stretch."};
+        "longer segment — recordings never stretch.");
 }
 
 }   // namespace
@@ -95,7 +95,7 @@ std::vector<Finding> findings(const CompositionSpec& spec,
             const double windowSec = layer.durationSec.value_or(scene.durationSec - layer.fromSec);
             if (!(windowSec > usableSec + toleranceSec)) continue;
             const std::string path = "scenes[" + std::to_string(i) + "].layers[" + std::to_string(j) + "]";
-            all.push_back(findingOf(path, scene.displayName(i), footage->label, usableSec, windowSec));
+            all.push_back(tooShort(path, scene.displayName(i), footage->label, usableSec, windowSec));
         }
     }
     return CompositionLint::atAuthoredPaths(std::move(all), spec);

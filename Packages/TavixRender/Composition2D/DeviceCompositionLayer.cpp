@@ -1,9 +1,9 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 
 #include "TavixCore/Animation/CompositionMath.h"
-#include "TavixCore/Device/PlacementProjection2D.h"
 #include "TavixCore/Values/Clamp01.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Composition2D/FlatDeviceMotion.h"
 #include "TavixRender/Compositor/CameraRenderer.h"
 
 #include <algorithm>
@@ -19,7 +19,6 @@ using imaging::Image;
 using imaging::Rect;
 
 constexpr double fullOpacity = 0.999;
-constexpr double placementTolerance = 1e-9;
 
 // Keyframes whose mark was never found have no time.
 std::vector<CompositionKeyframe> timedKeyframes(const std::vector<CompositionKeyframe>& track) {
@@ -29,24 +28,10 @@ std::vector<CompositionKeyframe> timedKeyframes(const std::vector<CompositionKey
     return timed;
 }
 
-DevicePlacementTrajectory trajectoryOf(const DeviceContent& content, const LayerBuild& build) {
-    const DevicePlacementSpec placement = content.placement.value_or(DevicePlacementSpec{});
-    const auto sameTime = [](double tSec) { return tSec; };
-    return DevicePlacementTrajectory::chasing(
-        placement.resolvedTrack(build.bounds.width, build.bounds.height, sameTime), build.framesPerSec,
-        {placement.responseSec, placement.damping});
-}
-
 double peakScale(const DevicePlacementTrajectory& trajectory) {
     double peak = 1;
     for (const auto& frame : trajectory.frames) peak = std::max(peak, frame.scale);
     return peak;
-}
-
-bool isAtRest(const DevicePlacementTrajectory::Placement& placement) {
-    return std::abs(placement.offset.x) <= placementTolerance &&
-           std::abs(placement.offset.y) <= placementTolerance &&
-           std::abs(placement.scale - 1) <= placementTolerance;
 }
 
 PixelRect moved(const PixelRect& rect, const CameraFrameTransform& move) {
@@ -109,7 +94,8 @@ DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
     : bounds_(build.bounds), device_(CameraRenderer::resolveDevice(content.mockup, content.basePaddingPx,
                                  bounds_, build.assetRoot, build.images)),
-      screenFade_(timedKeyframes(content.screenOpacity)), trajectory_(trajectoryOf(content, build)) {
+      screenFade_(timedKeyframes(content.screenOpacity)),
+      trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
     openScreen(content.screen, build);
     bake(peakMagnification(layer) * peakScale(trajectory_), build.evaluator);
 }
@@ -140,10 +126,8 @@ void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& eval
 }
 
 std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
-    const auto placement = trajectory_.sample(localSec);
     const CameraFrameTransform move =
-        isAtRest(placement) ? CameraFrameTransform{}
-                            : PlacementProjection2D::transform(device_.frameRect, placement, bounds_.height);
+        FlatDeviceMotion::moveAt(trajectory_, localSec, device_.frameRect, bounds_.height);
     const Affine affine = affineOf(move, bounds_);
     if (stillUnit_) return stillUnit_->transformed(affine);
     const std::optional<Image> screen = clip_ ? clip_->frame(localSec) : stillScreen_;

@@ -25,27 +25,33 @@ PixelRect centeredIn(const PixelRect& target, double width, double height) {
 
 }   // namespace
 
+VideoCompositionLayer::Place VideoCompositionLayer::placeOf(
+    const VideoContent& content, const imaging::Rect& source, const imaging::Rect& bounds) {
+    const PixelRect target = targetOf(content, bounds);
+    const double across = target.width / source.width, down = target.height / source.height;
+    const double scale = content.fit == VideoFit::cover ? std::max(across, down) : std::min(across, down);
+    return {target, centeredIn(target, source.width * scale, source.height * scale)};
+}
+
 VideoCompositionLayer::VideoCompositionLayer(const VideoContent& content, const LayerBuild& build)
     : clip_(CompositionAssets::resolved(content.clip.path, build.assetRoot), content.clip,
           content.holdLastFrame, build.log),
-      fit_(content.fit), target_(targetOf(content, build.bounds)), sourceRect_(content.sourceRect),
-      bounds_(build.bounds) {
+      content_(content), bounds_(build.bounds) {
     if (!(content.cornerRadiusFraction > 0)) return;
-    const double radius = std::min(target_.width, target_.height) * content.cornerRadiusFraction;
-    mask_ = CameraRenderer::makeRoundedRectMask(target_, radius, bounds_);
+    const PixelRect target = targetOf(content, bounds_);
+    const double radius = std::min(target.width, target.height) * content.cornerRadiusFraction;
+    mask_ = CameraRenderer::makeRoundedRectMask(target, radius, bounds_);
 }
 
 std::optional<Image> VideoCompositionLayer::contentImage(double localSec) {
     const auto frame = clip_.frame(localSec);
     if (!frame) return std::nullopt;
-    const Image source = CompositionSourceCrop::apply(*frame, sourceRect_);
-    const imaging::Rect extent = source.extent();
-    if (extent.isEmpty()) return std::nullopt;
-    const double across = target_.width / extent.width, down = target_.height / extent.height;
-    const double scale = fit_ == VideoFit::cover ? std::max(across, down) : std::min(across, down);
-    const PixelRect rect = centeredIn(target_, extent.width * scale, extent.height * scale);
-    Image placed = CameraRenderer::place(source, rect, bounds_, CameraRenderer::Resampling::live);
-    if (fit_ == VideoFit::cover) placed = placed.cropped(CameraRenderer::flipped(target_, bounds_));
+    const Image source = CompositionSourceCrop::apply(*frame, content_.sourceRect);
+    if (source.extent().isEmpty()) return std::nullopt;
+    const Place place = placeOf(content_, source.extent(), bounds_);
+    Image placed = CameraRenderer::place(source, place.shown, bounds_, CameraRenderer::Resampling::live);
+    if (content_.fit == VideoFit::cover)
+        placed = placed.cropped(CameraRenderer::flipped(place.target, bounds_));
     return mask_ ? CameraRenderer::masked(placed, *mask_) : placed;
 }
 

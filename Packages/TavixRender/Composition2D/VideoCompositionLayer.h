@@ -15,12 +15,18 @@ public:
     std::optional<imaging::Image> contentImage(double localSec) override;
     void rest() override { clip_.rest(); }
 
+    // Where frames of that size are shown, from the top left of the canvas: the place of the layer, and the
+    // whole frame about its middle.
+    struct Place {
+        PixelRect target, shown;
+    };
+    static Place placeOf(
+        const VideoContent& content, const imaging::Rect& source, const imaging::Rect& bounds);
+
 private:
     SequentialClipReader clip_;
-    VideoFit fit_;
-    PixelRect target_;
+    VideoContent content_;
     std::optional<imaging::Image> mask_;   // of rounded corners
-    std::optional<NormalizedRect> sourceRect_;
     imaging::Rect bounds_;
 };
 

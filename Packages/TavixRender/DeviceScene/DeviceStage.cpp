@@ -44,6 +44,42 @@ void cover(Entity& entity, const scene3d::Material& material) {
 
 }   // namespace
 
+DeviceLens::DeviceLens(double cameraDistance, double fovDegrees)
+    : distance_(cameraDistance), viewHeight_(2 * cameraDistance * std::tan(radians(fovDegrees) / 2)) {}
+
+double DeviceLens::modelHeight(double heightFraction) const {
+    return std::max(viewHeight_ * heightFraction, leastWorldHeight);
+}
+
+double DeviceLens::cameraPosition(const DeviceStance& stance) const {
+    return stance.depth ? (neutralDepthDistance - *stance.depth) * distance_ : distance_;
+}
+
+scene3d::Transform DeviceLens::rig(const DeviceStance& stance) const {
+    scene3d::Transform transform;
+    if (!stance.placement) return transform;
+    const auto& [offset, size] = *stance.placement;
+    transform.position = vec3(offset.x * viewHeight_, -offset.y * viewHeight_, 0);
+    transform.scale = evenScale(size);
+    return transform;
+}
+
+Rotation DeviceLens::turn(const DeviceStance& stance) {
+    const Vector3& pose = stance.poseDegrees;
+    return Rotation::about({0, 0, 1}, -pose.z) * Rotation::about({0, 1, 0}, pose.y) *
+           Rotation::about({1, 0, 0}, -pose.x);
+}
+
+Vec3 DeviceLens::standing(const Vec3& point, const DeviceStance& stance) const {
+    scene3d::Transform turned;
+    turned.orientation = turn(stance);
+    return rig(stance).matrix().apply(turned.matrix().apply(point));
+}
+
+bool DeviceLens::showsBack(const DeviceStance& stance) {
+    return std::cos(radians(stance.poseDegrees.y)) < facesAway;
+}
+
 std::optional<DeviceStage> DeviceStage::build(EntityRef model, DeviceFinish finish) {
     DeviceStage stage;
     stage.prepared_ = DeviceStudio::prepare(model, finish);
@@ -74,31 +110,20 @@ void DeviceStage::hangUp() {
 }
 
 void DeviceStage::setUp(const DeviceScene& scene, std::optional<double> heightFraction) {
-    cameraDistance_ = scene.cameraDistance;
-    viewHeight_ = 2 * scene.cameraDistance * std::tan(radians(scene.fovDegrees) / 2);
+    lens_ = DeviceLens(scene.cameraDistance, scene.fovDegrees);
     camera_->camera = scene3d::PerspectiveCamera{.fieldOfViewDeg = float(scene.fovDegrees)};
-    const double fraction = heightFraction.value_or(1 / std::max(viewHeight_, leastViewHeight));
-    const double scale = modelUnit_ * std::max(viewHeight_ * fraction, leastWorldHeight);
+    const double fraction = heightFraction.value_or(1 / std::max(lens_.viewHeight(), leastViewHeight));
+    const double scale = modelUnit_ * lens_.modelHeight(fraction);
     model_->transform.scale = evenScale(scale);
     model_->transform.position = modelCenter_ * float(-scale);
     DeviceStudio::installLighting(lights_, *rig_, scene);
 }
 
 void DeviceStage::stand(const DeviceStance& stance) {
-    const Vector3& pose = stance.poseDegrees;
-    phone_->transform.orientation = Rotation::about({0, 0, 1}, -pose.z) * Rotation::about({0, 1, 0}, pose.y) *
-                                    Rotation::about({1, 0, 0}, -pose.x);
-    if (stance.placement) {
-        const auto& [offset, size] = *stance.placement;
-        rig_->transform.position = vec3(offset.x * viewHeight_, -offset.y * viewHeight_, 0);
-        rig_->transform.scale = evenScale(size);
-    } else {
-        rig_->transform = {};
-    }
-    const double distance =
-        stance.depth ? (neutralDepthDistance - *stance.depth) * cameraDistance_ : cameraDistance_;
-    camera_->transform.position = vec3(0, 0, distance);
-    showsItsBack_ = std::cos(radians(pose.y)) < facesAway;
+    phone_->transform.orientation = DeviceLens::turn(stance);
+    rig_->transform = lens_.rig(stance);
+    camera_->transform.position = vec3(0, 0, lens_.cameraPosition(stance));
+    showsItsBack_ = DeviceLens::showsBack(stance);
 }
 
 // Dark, the screen takes no time here; its own pass lies over all of it.

@@ -20,6 +20,30 @@ struct DeviceStance {
     bool operator==(const DeviceStance&) const = default;
 };
 
+// Where a device and its camera stand, in numbers: what the stage is set up by, and what tells where a device
+// is seen without drawing it.
+class DeviceLens {
+public:
+    DeviceLens() = default;
+    DeviceLens(double cameraDistance, double fovDegrees);
+
+    double distance() const { return distance_; }
+    double viewHeight() const { return viewHeight_; }   // of what the camera sees at its distance
+    // Of a model that is as tall as that part of the view at its distance.
+    double modelHeight(double heightFraction) const;
+    double cameraPosition(const DeviceStance& stance) const;   // on the z axis, looking along -z
+
+    // The rig carries the phone, which turns in it.
+    scene3d::Transform rig(const DeviceStance& stance) const;
+    static scene3d::Rotation turn(const DeviceStance& stance);
+    // A point of the phone in space, as it stands.
+    scene3d::Vec3 standing(const scene3d::Vec3& point, const DeviceStance& stance) const;
+    static bool showsBack(const DeviceStance& stance);
+
+private:
+    double distance_ = 1, viewHeight_ = 1;
+};
+
 // Used by one thread at a time.
 class DeviceStage {
 public:
@@ -58,8 +82,7 @@ private:
     scene3d::TextureRef screenTexture_;
     double modelUnit_ = 1;   // 1 / height of the model as it came
     scene3d::Vec3 modelCenter_;
-    double cameraDistance_ = 1;
-    double viewHeight_ = 1;   // of what the camera sees at its distance
+    DeviceLens lens_;
     bool showsItsBack_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/KineticText/KineticImageFX.h"
+#include "TavixRender/KineticText/KineticTextMotion.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +19,6 @@ using KineticRaster::Raster;
 constexpr double fullAlpha = 0.999;
 // All bitmaps of a text together; 256 MiB.
 constexpr double mostPixels = 1 << 26;
-constexpr double maskOutsetEm = 0.08;
 // On the last of its way an element's mask opens for its shadow, which would be cut off where it rests.
 constexpr double openingRemainder = 0.05;
 // Enlarged by more than this, text is drawn from the large bitmap. Below it the large one, reduced, has no
@@ -80,33 +80,23 @@ KineticElementGroup::KineticElementGroup(const KineticTextLayout::Result& layout
                                                                                       window.framesPerSec},
       rasterScale_(KineticRaster::peakScale(style)), pixelsLeft_(mostPixels) {
     if (layout.shadow) shadowReach_ = 3 * KineticRaster::padPx(layout.shadow, layout.canvasHeight);
-    KineticMath::ScheduleRequest request;
-    request.count = int(layout.elements.size());
-    request.windowSec = window.lengthSec;
-    request.inSec = style.inPhase.durationSec;
-    request.outSec = style.outPhase.durationSec;
-    request.stagger = style.stagger;
-    request.cardDelaySec = window.cardDelaySec;
-    const std::vector<KineticMath::ElementSchedule> schedule = KineticMath::schedule(request);
-    for (const KineticTextLayout::Element& element : layout.elements)
-        add(element, layout,
-            element.logicalIndex < schedule.size() ? schedule[element.logicalIndex]
-                                                   : KineticMath::ElementSchedule{0, window.lengthSec, 0, 0},
-            evaluator);
+    const std::vector<KineticMath::KineticElement> motions =
+        KineticTextMotion::motionsOf(layout, style, {window.lengthSec, window.cardDelaySec});
+    for (std::size_t i = 0; i < layout.elements.size(); ++i)
+        add(layout.elements[i], layout, motions[i], evaluator);
 }
 
 void KineticElementGroup::add(const KineticTextLayout::Element& element,
-    const KineticTextLayout::Result& layout, const KineticMath::ElementSchedule& schedule,
+    const KineticTextLayout::Result& layout, const KineticMath::KineticElement& motion,
     imaging::Evaluator& evaluator) {
     Elem elem;
-    elem.motion = {schedule, std::int64_t(element.logicalIndex), element.pivot.x, element.pivot.y,
-        element.emphasis ? element.emphasis->scale.value_or(1) : 1, element.restFill};
+    elem.motion = motion;
     const double scale = drawnScale(elem.motion.emphasisScale);
     elem.restTransform = AffineTransform::translation(-element.pivot.x, -element.pivot.y)
                              .concatenating(AffineTransform::scaling(scale, scale))
                              .concatenating(AffineTransform::translation(element.pivot.x, element.pivot.y));
     elem.fromRest = affineOf(elem.restTransform).inverse();
-    elem.mask = imaging::grownBy(element.restRect, maskOutsetEm * layout.pointSize);
+    elem.mask = imaging::grownBy(element.restRect, KineticTextMotion::maskOutsetEm * layout.pointSize);
     for (const KineticTextLayout::Fragment& fragment : element.fragments)
         if (auto raster = rasterised(fragment, elem, layout.shadow, evaluator)) {
             // Other fonts than the one that lines are measured by may leave their line; what rests is whole.
@@ -177,8 +167,9 @@ void KineticElementGroup::render(const Elem& elem, double localSec, std::vector<
     for (const RasterFragment& fragment : elem.fragments) {
         Image image = source(fragment, frame);
         if (state.hasPerspective())
-            image = KineticImageFX::applyPerspective(image, {elem.motion.pivotXPx, elem.motion.pivotYPx},
-                state.tiltXDeg, state.tiltYDeg, canvas_.heightPx);
+            image = KineticImageFX::applyPerspective(
+                image, {{elem.motion.pivotXPx, elem.motion.pivotYPx}, state.tiltXDeg, state.tiltYDeg,
+                           canvas_.heightPx});
         if (state.gaussianRadius > 0) image = image.gaussianBlurred(state.gaussianRadius);
         if (state.motionBlurRadius)
             image = image.motionBlurred(*state.motionBlurRadius, state.motionBlurAngle);

@@ -53,7 +53,7 @@ private:
     KineticElementGroup(const KineticTextLayout::Result& layout, const KineticStyle& style,
         const Window& window, imaging::Evaluator& evaluator);
     void add(const KineticTextLayout::Element& element, const KineticTextLayout::Result& layout,
-        const KineticMath::ElementSchedule& schedule, imaging::Evaluator& evaluator);
+        const KineticMath::KineticElement& motion, imaging::Evaluator& evaluator);
     std::optional<RasterFragment> rasterised(const KineticTextLayout::Fragment& fragment, const Elem& elem,
         const std::optional<TextShadow>& shadow, imaging::Evaluator& evaluator);
     std::optional<imaging::Rect> clipOf(const Elem& elem, const KineticMath::ElementFrameState& state) const;

@@ -12,9 +12,14 @@ inline imaging::Image alphaMul(const imaging::Image& image, double alpha) { retu
 // White becomes that colour, with its opacity; whatever has colours of its own is multiplied by it.
 imaging::Image tint(const imaging::Image& image, const RGBAColor& color);
 
-// The picture's plane turned about the pivot, first about the vertical axis and then about the horizontal
-// one, and seen from 1.2 times the canvas height in front of it.
-imaging::Image applyPerspective(
-    const imaging::Image& image, imaging::Point pivot, double rotXDeg, double rotYDeg, double canvasHeight);
+// A picture's plane turned about the pivot, first about the vertical axis and then about the horizontal one,
+// and seen from 1.2 times the canvas height in front of it.
+struct Tilt {
+    imaging::Point pivot;
+    double xDeg = 0, yDeg = 0;
+    double canvasHeight = 0;
+};
+imaging::Point seenInPerspective(imaging::Point point, const Tilt& tilt);
+imaging::Image applyPerspective(const imaging::Image& image, const Tilt& tilt);
 
 }   // namespace tavix::KineticImageFX

@@ -81,6 +81,12 @@ public:
         result.canvasWidth = request_.width;
         result.canvasHeight = request_.height;
         result.note = resolved_.note;
+        result.block = block_;
+        result.roomWidth = roomWidth_;
+        result.movedX = moved_.x;
+        result.movedY = moved_.y;
+        for (const LineGeom& line : lines_)
+            result.lines.push_back({line.range, wholeLine(line).rect(), line.line.breaksWord()});
         result.scope = request_.scope;
         for (;;) {
             result.elements = decomposed(result.scope);
@@ -111,6 +117,7 @@ private:
         const double maxW = std::min(request_.width - 2 * inset, style_.maxBarWidthFraction * request_.width);
         const double padW = padWidthEm * pointSize_, padV = padHeightEm * pointSize_;
         const double wrapW = std::max(maxW - padW, 1.0);
+        roomWidth_ = wrapW;
         for (text::TypesetLine& line : CaptionLayout::wrapLines(styledText(), wrapW)) {
             const double width = std::min(line.widthPx(), wrapW);
             const text::TextRange range = line.range();
@@ -123,6 +130,7 @@ private:
         const double blockW = std::min(padW + widest, maxW);
         const double blockH = 2 * padV + lineH * double(lines_.size());
         const imaging::Point corner = bottomLeft(blockW, blockH, inset);
+        block_ = {corner.x, corner.y, blockW, blockH};
         for (std::size_t i = 0; i < lines_.size(); ++i) {
             LineGeom& line = lines_[i];
             line.originX = corner.x + startOf(line.width, widest, blockW);
@@ -139,14 +147,16 @@ private:
         return (blockW - width) / 2;
     }
 
-    imaging::Point bottomLeft(double blockW, double blockH, double inset) const {
+    imaging::Point bottomLeft(double blockW, double blockH, double inset) {
         const double width = request_.width, height = request_.height;
         if (!request_.position) return {(width - blockW) / 2, inset};
         double x = request_.position->x * width, y = request_.position->y * height;
+        const imaging::Point wished{x, y};
         if (width > 0 && height > 0) {
             x = std::clamp(x, blockW / 2, std::max(width - blockW / 2, blockW / 2));
             y = std::clamp(y, std::min(blockH / 2, height - blockH / 2), height - blockH / 2);
         }
+        moved_ = {x - wished.x, y - wished.y};
         return {x - blockW / 2, height - y - blockH / 2};
     }
 
@@ -228,6 +238,9 @@ private:
     double pointSize_;
     CaptionLayout::ResolvedCaptionFont resolved_;
     std::vector<LineGeom> lines_;
+    imaging::Rect block_;
+    double roomWidth_ = 0;
+    imaging::Point moved_;   // y down
 };
 
 }   // namespace

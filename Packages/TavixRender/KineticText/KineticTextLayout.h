@@ -59,8 +59,19 @@ struct Element {
     imaging::Point pivot;     // the middle of that
 };
 
+// One line of the block.
+struct Line {
+    text::TextRange range;   // of the text that was laid out
+    imaging::Rect box;       // as wide as it is set, as tall as its font
+    bool breaksWord = false;
+};
+
 struct Result {
     std::vector<Element> elements;
+    std::vector<Line> lines;         // from the top
+    imaging::Rect block;             // all of it with its margins
+    double roomWidth = 0;            // that lines were broken at
+    double movedX = 0, movedY = 0;   // from where it was put, to stay on the canvas
     double pointSize = 0;
     RGBAColor textColor;
     std::optional<TextShadow> shadow;

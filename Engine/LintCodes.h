@@ -1,0 +1,14 @@
+// The rules of lint, listed for people and machines.
+#pragma once
+
+#include "TavixCore/Support/Json.h"
+
+#include <string>
+
+namespace tavix::engine {
+
+std::string lintCodesAsText();
+Json lintCodesAsJson();
+std::string lintCodesPage();   // in Markdown, with an example of each
+
+}   // namespace tavix::engine

@@ -1,0 +1,145 @@
+#include "TavixRender/Judge/ContrastRules.h"
+
+#include "TavixCore/Support/Decimals.h"
+#include "TavixRender/Judge/Contrast.h"
+#include "TavixRender/Judge/PaintAt.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tavix::FilmJudge {
+namespace {
+
+using CompositionLint::findingOf;
+using CompositionLint::Rule;
+using imaging::Point;
+
+constexpr double settledOpacity = 0.9;
+constexpr int samplesAcross = 9, samplesDown = 3;   // of a line
+constexpr std::size_t mostSampledLines = 12;
+// Of the samples, so many may be hard to read before the text is.
+constexpr double hardShare = 0.25;
+constexpr int mostTexts = 200;   // of one scene
+constexpr double opaqueAlpha = 0.999;
+constexpr RGBAColor unknownColor{0, 0, 0, -1};
+
+const BackgroundFill& backgroundOf(const CompositionSpec& spec, std::size_t scene) {
+    const auto& own = spec.scenes[scene].background;
+    return own ? *own : spec.background;
+}
+
+// A shadow lies round the letters: at their edge it has about half its strength.
+RGBAColor shadowed(const RGBAColor& ground, const std::optional<TextShadow>& shadow) {
+    if (!shadow) return ground;
+    RGBAColor cast = shadow->color;
+    cast.a = std::clamp(cast.a * shadow->opacity, 0.0, 1.0) / 2;
+    return PaintAt::over(cast, ground);
+}
+
+double ratioOn(const RGBAColor& under, const TextContent& text, double opacity) {
+    const RGBAColor ground = shadowed(under, text.shadow);
+    RGBAColor letters = text.color;
+    letters.a *= opacity;
+    return Contrast::ratio(
+        Contrast::relativeLuminance(PaintAt::over(letters, ground)), Contrast::relativeLuminance(ground));
+}
+
+// A time at which the text rests, when there is one.
+std::optional<double> restOf(const CompositionGeometry& geometry, std::size_t scene, std::size_t layer) {
+    const LayerWindow& window = geometry.layers(scene)[layer].window;
+    std::optional<double> best;
+    double most = 0;
+    for (const double share : {0.5, 0.4, 0.6, 0.3, 0.7, 0.8}) {
+        const double sec = window.startSec + window.lengthSec() * share;
+        const auto drawn = geometry.layerAt(scene, layer, sec);
+        if (!drawn || !(drawn->opacity > most)) continue;
+        best = sec, most = drawn->opacity;
+        if (most >= settledOpacity) break;
+    }
+    return best;
+}
+
+}   // namespace
+
+std::vector<TextAtRest> textsAtRest(const CompositionGeometry& geometry, std::size_t scene) {
+    std::vector<TextAtRest> texts;
+    const auto most = std::size_t(affordableLooks(geometry, scene, mostTexts));
+    for (std::size_t l = 0; l < geometry.layers(scene).size() && texts.size() < most; ++l) {
+        const CompositionGeometry::Layer& entry = geometry.layers(scene)[l];
+        const bool isPlain = entry.content && entry.content->layout() && entry.layer->effects.empty();
+        const auto sec = isPlain ? restOf(geometry, scene, l) : std::nullopt;
+        if (sec) texts.push_back({scene, l, *sec, *geometry.layerAt(scene, l, *sec)});
+    }
+    return texts;
+}
+
+GroundAt paintedGround(
+    const CompositionGeometry& geometry, const FrameGeometry& frame, std::size_t textLayer) {
+    return [&geometry, &frame, textLayer](Point point) -> std::optional<RGBAColor> {
+        const imaging::Rect& canvas = geometry.canvas();
+        std::vector<RGBAColor> backToFront;
+        for (const LayerGeometry& layer : frame.layers) {
+            if (layer.layer == textLayer) break;
+            if (!std::ranges::any_of(layer.parts, [&](const Outline& part) { return part.contains(point); }))
+                continue;
+            auto color = PaintAt::colorOf(layer.paint, layer.motion.inverse().apply(point), canvas);
+            if (color) color->a *= layer.opacity;
+            if (color && color->a >= opaqueAlpha) backToFront.clear();
+            if (!color && layer.solid.contains(point)) backToFront.clear();
+            backToFront.push_back(color.value_or(unknownColor));
+        }
+        const bool isHidden = !backToFront.empty() && backToFront.front().a >= opaqueAlpha;
+        auto seen = isHidden ? std::optional(RGBAColor::black)
+                             : PaintAt::colorOf(PaintAt::paintOf(backgroundOf(geometry.spec(), frame.scene)),
+                                   point, canvas);
+        for (const RGBAColor& color : backToFront) {
+            if (color.a < 0) return std::nullopt;
+            if (seen) seen = PaintAt::over(color, *seen);
+        }
+        return seen;
+    };
+}
+
+std::optional<double> contrastOf(
+    const CompositionGeometry& geometry, const TextAtRest& text, const GroundAt& ground) {
+    const CompositionGeometry::Layer& entry = geometry.layers(text.scene)[text.layer];
+    const auto& content = std::get<TextContent>(entry.layer->content);
+    const std::vector<KineticTextLayout::Line>& lines = entry.content->layout()->lines;
+    std::vector<double> ratios;
+    for (std::size_t i = 0; i < std::min(lines.size(), mostSampledLines); ++i)
+        for (int n = 0; n < samplesAcross * samplesDown; ++n) {
+            const imaging::Rect& box = lines[i].box;
+            const Point rest{box.x + box.width * (n % samplesAcross + 0.5) / samplesAcross,
+                box.y + box.height * (n / samplesAcross + 1.0) / (samplesDown + 1)};
+            const auto under = ground(text.drawn.motion.apply(rest));
+            if (!under) return std::nullopt;
+            ratios.push_back(ratioOn(*under, content, text.drawn.opacity));
+        }
+    if (ratios.empty()) return std::nullopt;
+    const auto hard = ratios.begin() + std::ptrdiff_t(double(ratios.size()) * hardShare);
+    std::ranges::nth_element(ratios, hard);
+    return *hard;
+}
+
+std::optional<Finding> lowContrast(
+    const CompositionGeometry& geometry, const TextAtRest& text, std::optional<double> ratio) {
+    const CompositionLayer& layer = *geometry.layers(text.scene)[text.layer].layer;
+    const double least = leastContrastOf(std::get<TextContent>(layer.content));
+    if (!ratio || *ratio >= least) return std::nullopt;
+    return findingOf(Rule::lowContrast, pathOf(text.scene, text.layer) + ".text.color",
+        nameOf(layer) + " has a contrast of " + decimals(std::floor(*ratio * 10) / 10, 1) +
+            ":1 against what lies under it; " + decimals(least, least == 3 ? 0 : 1) +
+            ":1 is the least for text of this size.",
+        "Choose a colour that is lighter or darker, or put a panel or a shadow under the text.");
+}
+
+void textsStandOut(const CompositionGeometry& geometry, std::size_t scene, std::vector<Finding>& findings) {
+    for (const TextAtRest& text : textsAtRest(geometry, scene)) {
+        const FrameGeometry frame = geometry.frame(scene, text.localSec);
+        const auto ratio = contrastOf(geometry, text, paintedGround(geometry, frame, text.layer));
+        if (auto finding = lowContrast(geometry, text, ratio)) findings.push_back(std::move(*finding));
+    }
+}
+
+}   // namespace tavix::FilmJudge

@@ -1,0 +1,32 @@
+// How well texts stand out from what lies under them, for rules that know the ground by its paints or by its
+// pixels.
+#pragma once
+
+#include "TavixRender/Judge/FilmJudge.h"
+
+#include <functional>
+
+namespace tavix::FilmJudge {
+
+// A text that has come in and not yet begun to go.
+struct TextAtRest {
+    std::size_t scene = 0, layer = 0;
+    double localSec = 0;
+    LayerGeometry drawn;
+};
+std::vector<TextAtRest> textsAtRest(const CompositionGeometry& geometry, std::size_t scene);
+
+// The colour under a point of the canvas; nothing where it is not known.
+using GroundAt = std::function<std::optional<RGBAColor>(imaging::Point)>;
+// Of plain paints. The frame is that of the text at rest, and outlives the result.
+GroundAt paintedGround(
+    const CompositionGeometry& geometry, const FrameGeometry& frame, std::size_t textLayer);
+
+// The contrast that three quarters of the text have at the least; nothing where the ground is not known.
+std::optional<double> contrastOf(
+    const CompositionGeometry& geometry, const TextAtRest& text, const GroundAt& ground);
+// Nothing for a text that stands out enough.
+std::optional<Finding> lowContrast(
+    const CompositionGeometry& geometry, const TextAtRest& text, std::optional<double> ratio);
+
+}   // namespace tavix::FilmJudge

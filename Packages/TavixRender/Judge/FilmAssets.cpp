@@ -1,0 +1,48 @@
+#include "TavixRender/Judge/FilmAssets.h"
+
+#include "TavixPlatform/Media/MediaProbe.h"
+#include "TavixRender/Composition2D/CompositionAssets.h"
+
+namespace tavix {
+namespace {
+
+FilmAssets::Still readStill(const std::filesystem::path& file) {
+    try {
+        return {media::readStillHeader(file), {}};
+    } catch (const media::MediaError& error) {
+        return {std::nullopt, error.what()};
+    }
+}
+
+FilmAssets::Clip readClip(const std::filesystem::path& file) {
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(file, unknown))
+        return {std::nullopt, "There is no clip \"" + file.string() + "\"."};
+    try {
+        const media::MediaInfo info = media::probeMedia(file);
+        if (info.video.empty()) return {std::nullopt, "The clip \"" + file.string() + "\" holds no picture."};
+        return {info.video.front().shownSize, {}};
+    } catch (const media::MediaError& error) {
+        return {std::nullopt, error.what()};
+    }
+}
+
+}   // namespace
+
+std::filesystem::path FilmAssets::resolved(const std::string& path) const {
+    return CompositionAssets::resolved(path, root_);
+}
+
+const FilmAssets::Still& FilmAssets::still(const std::string& path) {
+    const std::filesystem::path file = CompositionAssets::tildeExpanded(resolved(path).string());
+    const auto known = stills_.find(file);
+    return known != stills_.end() ? known->second : stills_.emplace(file, readStill(file)).first->second;
+}
+
+const FilmAssets::Clip& FilmAssets::clip(const std::string& path) {
+    const std::filesystem::path file = resolved(path);
+    const auto known = clips_.find(file);
+    return known != clips_.end() ? known->second : clips_.emplace(file, readClip(file)).first->second;
+}
+
+}   // namespace tavix
