@@ -57,6 +57,12 @@ std::unique_ptr<ContentGeometry> flatDeviceGeometry(const DeviceContent& device,
 std::unique_ptr<ContentGeometry> spaceDeviceGeometry(
     const DeviceContent& device, const ShapeSetting& setting);
 
+// What a device shows: whether it is there, and whether one cannot see through it.
+struct DeviceScreen {
+    bool isThere = false, isOpaque = false;
+};
+DeviceScreen screenOf(const ScreenSource& source, FilmAssets& assets);
+
 // The frame of a device, where it stands unmoved.
 struct DeviceRects {
     PixelRect frame, screen;

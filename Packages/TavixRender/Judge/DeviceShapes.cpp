@@ -17,20 +17,6 @@ double frameAspectOf(const DeviceMockup& mockup, FilmAssets& assets) {
     return (device != nullptr ? *device : DeviceCatalog::defaultDevice()).frameAspect;
 }
 
-// Whether there is anything on the screen, and whether one can see through it.
-struct Screen {
-    bool isThere = false, isOpaque = false;
-};
-
-Screen screenOf(const ScreenSource& source, FilmAssets& assets) {
-    if (const auto* clip = std::get_if<VideoClip>(&source)) {
-        const bool isThere = assets.clip(clip->path).size.has_value();
-        return {isThere, isThere};
-    }
-    const auto& header = assets.still(std::get<StillScreen>(source).path).header;
-    return {header.has_value(), header && header->isOpaque};
-}
-
 class FlatDevice final : public ContentGeometry {
 public:
     FlatDevice(const DeviceContent& device, const ShapeSetting& setting)
@@ -64,12 +50,21 @@ public:
 private:
     imaging::Rect canvas_;
     DeviceRects rects_;
-    Screen screen_;
+    DeviceScreen screen_;
     DevicePlacementTrajectory trajectory_;
     bool drawsNothing_ = false;
 };
 
 }   // namespace
+
+DeviceScreen screenOf(const ScreenSource& source, FilmAssets& assets) {
+    if (const auto* clip = std::get_if<VideoClip>(&source)) {
+        const bool isThere = assets.clip(clip->path).size.has_value();
+        return {isThere, isThere};
+    }
+    const auto& header = assets.still(std::get<StillScreen>(source).path).header;
+    return {header.has_value(), header && header->isOpaque};
+}
 
 DeviceRects deviceRectsOf(const DeviceContent& device, const ShapeSetting& setting) {
     const DeviceMockup& mockup = device.mockup;

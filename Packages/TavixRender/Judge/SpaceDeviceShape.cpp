@@ -14,6 +14,11 @@ namespace {
 using imaging::Point;
 using scene3d::Vec3;
 
+class NoDevice final : public ContentGeometry {
+public:
+    ContentShape at(double) const override { return {}; }
+};
+
 class SpaceDevice final : public ContentGeometry {
 public:
     SpaceDevice(const DeviceContent& device, const ShapeSetting& setting)
@@ -61,7 +66,9 @@ private:
 
 std::unique_ptr<ContentGeometry> spaceDeviceGeometry(
     const DeviceContent& device, const ShapeSetting& setting) {
+    // Without the model the device is flat, and without a screen it is not drawn.
     if (DeviceHull::ofTheModel().front.empty()) return nullptr;
+    if (!screenOf(device.screen, setting.assets).isThere) return std::make_unique<NoDevice>();
     return std::make_unique<SpaceDevice>(device, setting);
 }
 

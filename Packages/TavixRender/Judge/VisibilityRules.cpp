@@ -84,7 +84,14 @@ private:
         }
     }
 
+    // What has no file is told as that.
+    static bool lacksItsFile(const CompositionGeometry::Layer& entry) {
+        return std::holds_alternative<DeviceContent>(entry.layer->content) &&
+               entry.content->at(0).parts.empty();
+    }
+
     void lookCloser(std::size_t index) {
+        if (lacksItsFile(geometry_.layers(scene_)[index])) return;
         std::optional<std::size_t> cover;
         bool isEmpty = true, isOutside = false;
         for (const double sec :

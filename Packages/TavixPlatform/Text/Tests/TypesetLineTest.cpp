@@ -185,6 +185,21 @@ TEST(WrappedLines, NoTextMakesThemFailOrLoseTheirPlace) {
     }
 }
 
+TEST(WrappedLines, TellWhereAWordIsBroken) {
+    const struct {
+        const char* text;
+        double widthPx;
+        bool breaksAWord;
+    } cases[] = {{"plain words that wrap", 200, false}, {"Unbelievable", 120, true}, {"Unbelievable", 2000, false},
+        {"well-known", 150, false}, {"我们今天发布", 100, false}, {"one\ntwo", 2000, false}, {"", 100, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        bool breaks = false;
+        for (const TypesetLine& line : set(c.text, c.widthPx)) breaks = breaks || line.breaksWord();
+        EXPECT_EQ(breaks, c.breaksAWord);
+    }
+}
+
 TEST(LineEnds, FillEachLineAndBreakAtAnAllowedPlaceWhenThereIsOne) {
     std::mt19937 random(7);
     for (int round = 0; round < 2000; ++round) {
