@@ -34,9 +34,10 @@ std::string pathOf(std::size_t scene, std::size_t layer) {
 }
 
 std::string nameOf(const CompositionLayer& layer) {
-    if (const auto* text = std::get_if<TextContent>(&layer.content)) return "\"" + excerpt(text->text) + "\"";
-    return layer.id && !layer.id->empty() ? "\"" + *layer.id + "\""
-                                          : "this " + std::string(kindName(layer.content)) + " layer";
+    const auto quoted = [](const std::string& words) { return std::string("\"").append(words).append("\""); };
+    if (const auto* text = std::get_if<TextContent>(&layer.content)) return quoted(excerpt(text->text));
+    if (layer.id && !layer.id->empty()) return quoted(*layer.id);
+    return std::string("this ").append(kindName(layer.content)).append(" layer");
 }
 
 double leastContrastOf(const TextContent& text) {
