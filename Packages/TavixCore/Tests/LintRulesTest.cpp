@@ -132,7 +132,7 @@ TEST(IgnoredBesideMotion, IsToldKeyByKey) {
 
 TEST(AuthoredFinish, SurvivesMotionsAndFormations) {
     for (const char* const name : {R"("motionPreset": {"preset": "reveal"})",
-             R"("motionPreset": {"preset": "rise-up"})", R"("choreographyPreset": {"preset": "fanDeck"})",
+             R"("motionPreset": {"preset": "hover-float"})", R"("choreographyPreset": {"preset": "fanDeck"})",
              R"("choreographyPreset": {"preset": "uiBurst"})"}) {
         SCOPED_TRACE(name);
         const auto finishesWith = [&](const std::string& more) {

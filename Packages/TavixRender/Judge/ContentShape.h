@@ -65,8 +65,9 @@ DeviceScreen screenOf(const ScreenSource& source, FilmAssets& assets);
 
 // The frame of a device, where it stands unmoved.
 struct DeviceRects {
-    PixelRect frame, screen;
-    double screenRadiusPx = 0;
+    PixelRect frame;          // of its picture
+    PixelRect body, screen;   // the phone within that, and its screen
+    double bodyRadiusPx = 0, screenRadiusPx = 0;
 };
 DeviceRects deviceRectsOf(const DeviceContent& device, const ShapeSetting& setting);
 

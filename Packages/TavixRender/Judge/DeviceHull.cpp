@@ -13,8 +13,8 @@ namespace {
 
 using scene3d::Vec3;
 
-// Spread evenly over the sphere. The round edges of a phone 1000 pixels tall are met to a third of a pixel.
-constexpr int directionCount = 600;
+// Spread evenly over the sphere. The round edges of a phone 1000 pixels tall are met to half a pixel.
+constexpr int directionCount = 400;
 
 std::vector<Vec3> directions() {
     std::vector<Vec3> spread;
@@ -44,9 +44,12 @@ std::vector<Vec3> outermost(const std::vector<Vec3>& points) {
 
 void addVertices(const scene3d::Entity& entity, const scene3d::Model& model, std::vector<Vec3>& points) {
     const scene3d::Affine3 world = entity.worldTransform();
-    for (const scene3d::MeshPart& part : model.mesh->data().parts)
-        for (const std::uint32_t index : std::set(part.indices.begin(), part.indices.end()))
-            points.push_back(world.apply(model.mesh->data().positions[index]));
+    const scene3d::MeshData& data = model.mesh->data();
+    std::vector<bool> isDrawn(data.positions.size(), false);
+    for (const scene3d::MeshPart& part : data.parts)
+        for (const std::uint32_t index : part.indices) isDrawn[index] = true;
+    for (std::size_t i = 0; i < data.positions.size(); ++i)
+        if (isDrawn[i]) points.push_back(world.apply(data.positions[i]));
 }
 
 Points measured() {
@@ -57,22 +60,28 @@ Points measured() {
     const scene3d::Bounds bounds = model->visualBounds();
     const float unit = bounds.extents().y > 0 ? 1 / bounds.extents().y : 1;
     const Vec3 center = bounds.center();
-    const auto gathered = [&](bool seenFromBehind) {
-        for (const scene3d::EntityRef& entity : prepared.rearCameraHardware)
-            entity->isEnabled = seenFromBehind;
-        for (const auto& mesh : prepared.rearCameraMeshes)
-            mesh.entity->model = seenFromBehind ? mesh.visible : mesh.hidden;
-        std::vector<Vec3> points;
-        const auto take = [&](const scene3d::Entity& entity) {
-            if (entity.isEnabled && entity.model) addVertices(entity, *entity.model, points);
-        };
-        take(*prepared.screen);
-        for (const scene3d::EntityRef& entity : prepared.body) take(*entity);
+    const auto standing = [&](std::vector<Vec3> points) {
         for (Vec3& p : points)
             p = {-(p.x - center.x) * unit, (p.y - center.y) * unit, -(p.z - center.z) * unit};
         return points.empty() ? points : outermost(points);
     };
-    return {gathered(false), gathered(true)};
+    for (const scene3d::EntityRef& entity : prepared.rearCameraHardware) entity->isEnabled = false;
+    for (const auto& mesh : prepared.rearCameraMeshes) mesh.entity->model = mesh.hidden;
+    std::vector<Vec3> body, camera;
+    const auto take = [&](const scene3d::Entity& entity) {
+        if (entity.isEnabled && entity.model) addVertices(entity, *entity.model, body);
+    };
+    take(*prepared.screen);
+    for (const scene3d::EntityRef& entity : prepared.body) take(*entity);
+    for (const scene3d::EntityRef& entity : prepared.rearCameraHardware)
+        if (entity->model) addVertices(*entity, *entity->model, camera);
+    for (const auto& mesh : prepared.rearCameraMeshes) addVertices(*mesh.entity, mesh.visible, camera);
+
+    Points points{standing(std::move(body)), {}};
+    points.back = points.front;
+    const std::vector<Vec3> outerCamera = standing(std::move(camera));
+    points.back.insert(points.back.end(), outerCamera.begin(), outerCamera.end());
+    return points;
 }
 
 }   // namespace

@@ -9,6 +9,10 @@
 namespace tavix {
 namespace {
 
+// The frame pictures of the catalog are clear round the phone: so much of the way from their edge to the
+// screen.
+constexpr double clearLeft = 0.5, clearTop = 0.56;
+
 double frameAspectOf(const DeviceMockup& mockup, FilmAssets& assets) {
     if (mockup.framePath && !mockup.framePath->empty())
         if (const auto& header = assets.still(*mockup.framePath).header)
@@ -41,7 +45,7 @@ public:
                 canvas_);
         };
         ContentShape shape;
-        shape.parts = {Outline::of(moved(rects_.frame))};
+        shape.parts = {Outline::ofRounded(moved(rects_.body), rects_.bodyRadiusPx * move.scale)};
         if (screen_.isOpaque)
             shape.solid = Outline::ofRounded(moved(rects_.screen), rects_.screenRadiusPx * move.scale);
         return shape;
@@ -76,6 +80,11 @@ DeviceRects deviceRectsOf(const DeviceContent& device, const ShapeSetting& setti
         mockup.screen.width * frame.width, mockup.screen.height * frame.height};
     rects.screenRadiusPx =
         std::min(rects.screen.width, rects.screen.height) * mockup.screenCornerRadiusFraction;
+    const bool isOwnPicture = mockup.framePath && !mockup.framePath->empty();
+    const double left = (rects.screen.x - frame.x) * (isOwnPicture ? 0 : clearLeft);
+    const double top = (rects.screen.y - frame.y) * (isOwnPicture ? 0 : clearTop);
+    rects.body = {frame.x + left, frame.y + top, frame.width - 2 * left, frame.height - 2 * top};
+    rects.bodyRadiusPx = rects.screenRadiusPx + std::max(rects.screen.x - rects.body.x, 0.0);
     return rects;
 }
 

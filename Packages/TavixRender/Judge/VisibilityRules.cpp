@@ -113,9 +113,17 @@ private:
         unseen_.emplace(index, reasonOf(index, cover, isEmpty, isOutside));
     }
 
+    // By its name, or where its author wrote it.
+    std::string placeOf(std::size_t index) const {
+        const CompositionLayer& layer = *geometry_.layers(scene_)[index].layer;
+        const bool hasName = layer.id || std::holds_alternative<TextContent>(layer.content);
+        return hasName ? nameOf(layer)
+                       : "layers[" + std::to_string(layer.origin.writtenAs.value_or(index)) + "]";
+    }
+
     std::string reasonOf(
         std::size_t index, std::optional<std::size_t> cover, bool isEmpty, bool isOutside) const {
-        if (cover) return nameOf(*geometry_.layers(scene_)[*cover].layer) + " lies in front of all of it.";
+        if (cover) return placeOf(*cover) + " lies in front of all of it.";
         if (isOutside) return "it stays outside the frame.";
         if (!isEmpty) return "it stays too small or too clear to be seen.";
         const CompositionLayer& layer = *geometry_.layers(scene_)[index].layer;

@@ -104,6 +104,8 @@ TEST(FilmJudge, FindsLayersThatAreNeverSeen) {
 }
 
 TEST(FilmJudge, FindsTextsThatAreBrokenTooLargeOrMoved) {
+    CompositionLayer narrow = textLayer("Believe", 0.15);
+    std::get<TextContent>(narrow.content).maxWidthFraction = 0.35;
     const struct {
         const char* name;
         CompositionLayer layer;
@@ -112,7 +114,7 @@ TEST(FilmJudge, FindsTextsThatAreBrokenTooLargeOrMoved) {
         {"sound", textLayer("Plain words"), {}},
         {"wraps between words", textLayer("Several plain words that take two lines", 0.15), {}},
         {"wraps where Chinese may be broken", textLayer("我们今天发布了新的应用程序版本请看看", 0.2), {}},
-        {"breaks a word", textLayer("Unbelievable", 0.35), {"word-broken"}},
+        {"breaks a word", narrow, {"word-broken"}},
         {"too many lines", textLayer("One\nTwo\nThree\nFour\nFive\nSix", 0.17), {"text-overflow"}},
         {"beside the frame", at(textLayer("Beside"), 1270, 360), {"text-moved"}},
         {"below it", at(textLayer("Below"), 640, 719), {"text-moved"}},
@@ -289,8 +291,8 @@ TEST(FrameJudge, TellsWhatTheFramesOfADocumentShow) {
     spec.background = black;
     std::vector<CompositionKeyframe> strobe;
     for (int i = 0; i < 20; ++i) {
-        strobe.push_back(keyframe(i * 0.1, i % 2));
-        strobe.push_back(keyframe(i * 0.1 + 0.09, i % 2));
+        strobe.push_back(keyframe(i * 0.1, (i + 1) % 2));
+        strobe.push_back(keyframe(i * 0.1 + 0.09, (i + 1) % 2));
     }
     spec.scenes[1].layers[0].tracks = {{AnimProperty::opacity, strobe}};
     const std::vector<Finding> found = FrameJudge::findings({.spec = spec, .assetRoot = std::nullopt});

@@ -73,11 +73,10 @@ TEST_F(StillHeaders, TellTheSizeAndWhetherOneSeesThroughIt) {
         const StillHeader header = readStillHeader(file);
         const imaging::Bitmap image = loadStillImage(file);
         EXPECT_EQ(header.size, image.size());
-        if (header.isOpaque) EXPECT_TRUE(isOpaque(image)) << "what is said to be opaque is";
+        EXPECT_TRUE(!header.isOpaque || isOpaque(image)) << "what is said to be opaque is";
     }
     EXPECT_TRUE(readStillHeader(written(makePng(plain, {.colorType = 2, .depth = 8}))).isOpaque);
     EXPECT_TRUE(readStillHeader(written(makeJpeg(plain, {}))).isOpaque);
-    EXPECT_TRUE(readStillHeader(written(makeWebp(plain, {.isLossless = false}))).isOpaque);
 }
 
 TEST_F(StillHeaders, SayWhyThereIsNone) {
