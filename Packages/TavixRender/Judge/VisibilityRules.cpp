@@ -16,7 +16,8 @@ constexpr int coarseTimes = 16, denseTimes = 90;
 constexpr std::size_t mostCovers = 64;           // of one frame, from the front
 constexpr std::size_t mostDoubtfulLayers = 64;   // of one scene
 constexpr double seenOpacity = 0.02, seenPixels = 1;
-constexpr double insideFraction = 0.5;
+// Of a device of a formation, of the frame, and of the time that it shows.
+constexpr double insideFraction = 0.5, fillingFraction = 0.3, insideOpacity = 0.5, leastInsideShare = 1.0 / 3;
 constexpr double emptyOpeningSec = 0.5, openingStepSec = 1.0 / 30;
 constexpr int mostOpeningLooks = 300;
 
@@ -137,18 +138,27 @@ private:
     std::map<std::size_t, std::string> unseen_;   // with the reason
 };
 
-// The devices of a formation that never stand well within the frame, counted from 1.
+// More than half of it, or so near that it fills much of the frame.
+bool standsInside(const LayerGeometry& layer, const imaging::Rect& canvas) {
+    return layer.visibleFraction >= insideFraction ||
+           layer.visibleBox.width * layer.visibleBox.height >= fillingFraction * canvas.width * canvas.height;
+}
+
+// The devices of a formation that are outside the frame for most of the time that they show, counted from 1.
 std::vector<std::size_t> devicesOutside(
     const CompositionGeometry& geometry, std::size_t scene, std::size_t first, std::size_t count) {
     std::vector<std::size_t> outside;
     for (std::size_t k = 0; k < count; ++k) {
         const auto& entry = geometry.layers(scene)[first + k];
         if (!entry.content) continue;
-        double best = 0;
-        for (const double sec : timesOf(entry.window, denseTimes))
+        int shown = 0, inside = 0;
+        for (const double sec : timesOf(entry.window, affordableLooks(geometry, scene, denseTimes)))
             if (const auto layer = geometry.layerAt(scene, first + k, sec))
-                if (layer->opacity >= seenOpacity) best = std::max(best, layer->visibleFraction);
-        if (best < insideFraction) outside.push_back(k + 1);
+                if (layer->opacity >= insideOpacity) {
+                    ++shown;
+                    inside += standsInside(*layer, geometry.canvas());
+                }
+        if (shown > 0 && inside < shown * leastInsideShare) outside.push_back(k + 1);
     }
     return outside;
 }
@@ -185,7 +195,7 @@ void formationsFit(const CompositionGeometry& geometry, std::size_t scene, std::
         findings.push_back(findingOf(Rule::formationCut, pathOf(scene, first),
             (outside.size() == 1 ? "Device " : "Devices ") + listOf(outside) + " of the " +
                 std::to_string(count) + " of this formation " + (outside.size() == 1 ? "is" : "are") +
-                " never more than half inside the frame.",
+                " outside the frame for most of the time.",
             "Use a smaller spread or fewer devices."));
     }
 }

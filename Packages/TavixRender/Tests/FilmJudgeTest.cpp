@@ -2,6 +2,8 @@
 #include "TavixRender/Judge/FilmJudge.h"
 
 #include "RenderTestKit.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixCore/Support/Names.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Judge/Contrast.h"
 #include "TavixRender/Judge/FrameJudge.h"
@@ -229,6 +231,17 @@ TEST(FilmJudge, FindsDevicesOfAFormationOutsideTheFrame) {
     const std::vector<Finding> found = row(0.35);
     ASSERT_THAT(codesOf(found), ElementsAre("formation-cut"));
     EXPECT_THAT(found[0].message, HasSubstr("1 and 3 of the 3"));
+
+    for (const std::string_view name : allNames<DeviceChoreographyPreset>()) {
+        SCOPED_TRACE(name);
+        const auto wide = decodeJson<CompositionSpec>(
+            R"({"output": {"widthPx": 1920, "heightPx": 1080, "fps": 30}, "scenes": [{"durationSec": 1, "layers":
+            [{"kind": "device", "device": {"screen": {"kind": "still", "path": "a.png"},
+              "choreographyPreset": {"preset": ")" +
+            std::string(name) + R"("}}}]}]})");
+        FilmAssets assets(folder.path());
+        EXPECT_THAT(codesOf(FilmJudge::seen(CompositionGeometry(wide, assets))), IsEmpty());
+    }
 }
 
 TEST(FilmJudge, NamesWhatIsMissingAndWhatIsNearby) {
