@@ -29,8 +29,8 @@ const char* wordOf(Level level) { return level == Level::error ? "error" : "warn
 bool isError(const Finding& finding) { return finding.level == Level::error; }
 
 std::string toldIn(const Finding& finding) {
-    return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) + " [" +
-           std::string(finding.code()) + "]" + (finding.suggestion ? "\n  " + printableLine(*finding.suggestion) : "");
+    return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) + "\n  " +
+           (finding.suggestion ? printableLine(*finding.suggestion) + " " : "") + "[" + std::string(finding.code()) + "]";
 }
 
 using Findings = std::vector<Finding>;

@@ -14,8 +14,8 @@ namespace tavix::engine {
 class Terminal;
 struct DocumentFile;
 
-// As in "error scenes[0].durationSec: Scenes need a length. [scene-length]", with the suggestion on a line of
-// its own.
+// As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion and the code of the rule on
+// a line of their own.
 std::string linesOf(std::span<const CompositionLint::Finding> findings);
 Json jsonOf(std::span<const CompositionLint::Finding> findings);
 

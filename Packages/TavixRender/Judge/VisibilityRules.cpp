@@ -17,7 +17,7 @@ constexpr std::size_t mostCovers = 64;           // of one frame, from the front
 constexpr std::size_t mostDoubtfulLayers = 64;   // of one scene
 constexpr double seenOpacity = 0.02, seenPixels = 1;
 // Of a device of a formation, of the frame, and of the time that it shows.
-constexpr double insideFraction = 0.5, fillingFraction = 0.3, insideOpacity = 0.5, leastInsideShare = 1.0 / 3;
+constexpr double insideFraction = 0.5, fillingFraction = 0.3, insideOpacity = 0.5, leastInsideShare = 0.5;
 constexpr double emptyOpeningSec = 0.5, openingStepSec = 1.0 / 30;
 constexpr int mostOpeningLooks = 300;
 
@@ -216,11 +216,16 @@ void opensWithSomething(
                 [&](const LayerGeometry& layer) { return isContent(layer, source.layers[layer.layer]); }))
             break;
     }
-    const bool hasUnmeasured = std::ranges::any_of(geometry.layers(scene), [&](const auto& entry) {
-        return !entry.content && entry.window.startSec <= opensSec + emptyOpeningSec &&
-               entry.window.startSec < entry.window.endSec;
-    });
-    if (hasUnmeasured || !(sec - opensSec > emptyOpeningSec + openingStepSec / 2)) return;
+    // What is not measured may be seen; a formation opens as it was made to.
+    const std::vector<std::size_t> formations = formationOfEachLayer(source);
+    bool mayBeMeant = false;
+    for (std::size_t l = 0; l < source.layers.size(); ++l) {
+        const CompositionGeometry::Layer& entry = geometry.layers(scene)[l];
+        const bool isEarly = entry.window.startSec <= opensSec + emptyOpeningSec &&
+                             entry.window.startSec < entry.window.endSec;
+        mayBeMeant = mayBeMeant || (isEarly && (!entry.content || formations[l] != noFormation));
+    }
+    if (mayBeMeant || !(sec - opensSec > emptyOpeningSec + openingStepSec / 2)) return;
     findings.push_back(findingOf(Rule::opensEmpty, "scenes[" + std::to_string(scene) + "]",
         source.displayName(scene) + " shows nothing but its background for its first " +
             std::to_string(std::lround((sec - opensSec) * 10) / 10) + "." +
