@@ -8,6 +8,7 @@
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Judge/IgnoredBesideMotion.h"
+#include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
@@ -47,7 +48,11 @@ std::vector<CompositionLint::MutedCode> mutedBy(const CompositionSpec& spec, con
 }
 
 // What only the written document tells: reading it has passed over it.
-Findings writtenInVain(const Json& written) { return CompositionLint::ignoredBesideMotion(written); }
+Findings writtenInVain(const Json& written) {
+    Findings found = CompositionLint::passedOver(written);
+    append(found, CompositionLint::ignoredBesideMotion(written));
+    return found;
+}
 
 Findings lintedBeyond(const CompositionSpec& spec, const DocumentFile& document, const Json& written) {
     FilmAssets assets(document.assetRoot);

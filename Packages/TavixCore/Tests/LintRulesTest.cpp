@@ -4,6 +4,7 @@
 #include "TavixCore/Judge/FormationMembers.h"
 #include "TavixCore/Judge/IgnoredBesideMotion.h"
 #include "TavixCore/Judge/Muting.h"
+#include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gmock/gmock.h>
@@ -128,6 +129,38 @@ TEST(IgnoredBesideMotion, IsToldKeyByKey) {
         EXPECT_THAT(pathsOf(found), ElementsAreArray(expected));
         for (const Finding& finding : found) EXPECT_EQ(finding.code(), "key-ignored");
     }
+}
+
+TEST(PassedOver, IsToldWithWhatIsLegalAndWhatMayBeMeant) {
+    const std::string at = "scenes[0].layers[0].";
+    const struct {
+        std::string layer;
+        const char *code, *path, *says, *suggestion;   // below the layer
+    } cases[] = {
+        {R"({"kind": "shape", "opcity": 0.5})", "key-unknown", "opcity", "\"opcity\" is no key here",
+            "Did you mean \"opacity\"?"},
+        {R"({"kind": "text", "text": {"text": "a", "fontWeight": "blod"}})", "word-unknown",
+            "text.fontWeight", "\"blod\" is not known here and is read as", "Did you mean \"bold\"?"},
+        {device(R"("choreographyPreset": {"preset": "fanDeck", "params": {"count": 90}})"), "value-limited",
+            "device.choreographyPreset.params.count", "90 is read as 8; it must be between 2 and 8.",
+            nullptr},
+        {device(R"("motionPreset": {"preset": "herorise"})"), "value-dropped", "device.motionPreset.preset",
+            "There is no motion \"herorise\"", "Did you mean \"heroRise\"?"},
+        {device(R"("choreographyPreset": {"preset": "fandek"})"), "value-dropped",
+            "device.choreographyPreset.preset", "Use one of fanDeck, uiBurst", "Did you mean \"fanDeck\"?"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.layer);
+        const std::vector<Finding> found = passedOver(parseJson(documentOf(c.layer)));
+        ASSERT_EQ(found.size(), 1u);
+        EXPECT_EQ(found[0].code(), c.code);
+        EXPECT_EQ(found[0].path, at + c.path);
+        EXPECT_THAT(found[0].message, HasSubstr(c.says));
+        EXPECT_EQ(
+            found[0].suggestion, c.suggestion ? std::optional<std::string>(c.suggestion) : std::nullopt);
+    }
+    EXPECT_THAT(
+        passedOver(parseJson(documentOf(device(R"("motionPreset": {"preset": "reveal"})")))), IsEmpty());
 }
 
 TEST(AuthoredFinish, SurvivesMotionsAndFormations) {

@@ -1,6 +1,7 @@
 #include "TavixRender/Judge/FilmAssets.h"
 
 #include "TavixPlatform/Media/MediaProbe.h"
+#include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 
 namespace tavix {
@@ -28,6 +29,14 @@ FilmAssets::Clip readClip(const std::filesystem::path& file) {
 }
 
 }   // namespace
+
+FilmAssets::FilmAssets(std::optional<std::filesystem::path> root) : root_(std::move(root)) {}
+FilmAssets::~FilmAssets() = default;
+
+const text::FontBook& FilmAssets::fonts() {
+    if (!fonts_) fonts_ = std::make_unique<const text::FontBook>();
+    return *fonts_;
+}
 
 std::filesystem::path FilmAssets::resolved(const std::string& path) const {
     return CompositionAssets::resolved(path, root_);

@@ -5,16 +5,22 @@
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
 namespace tavix {
 
+namespace text {
+class FontBook;
+}
+
 // Each file is looked at once. Used by one thread at a time.
 class FilmAssets {
 public:
-    explicit FilmAssets(std::optional<std::filesystem::path> root) : root_(std::move(root)) {}
+    explicit FilmAssets(std::optional<std::filesystem::path> root);
+    ~FilmAssets();
 
     struct Still {
         std::optional<media::StillHeader> header;
@@ -27,6 +33,9 @@ public:
     const Still& still(const std::string& path);
     const Clip& clip(const std::string& path);
 
+    // Made when the first text asks for it.
+    const text::FontBook& fonts();
+
     std::filesystem::path resolved(const std::string& path) const;
     const std::optional<std::filesystem::path>& root() const { return root_; }
 
@@ -34,6 +43,7 @@ private:
     std::optional<std::filesystem::path> root_;
     std::map<std::filesystem::path, Still> stills_;
     std::map<std::filesystem::path, Clip> clips_;
+    std::unique_ptr<const text::FontBook> fonts_;
 };
 
 }   // namespace tavix

@@ -1,5 +1,6 @@
 #include "TavixCore/Findings/Suggestion.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
+#include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/Judge/FilmJudge.h"
@@ -92,12 +93,12 @@ private:
     }
     void font(const TextContent& text) {
         if (!text.font || text.font->empty() || !fontsLookedFor_.insert(*text.font).second) return;
-        text::FontBook& book = text::FontBook::ofThisMachine();
+        const text::FontBook& book = assets_.fonts();
         const ResolvedFont found =
             CompositionFontResolver::resolve(text.font, spec_.fonts, assets_.root(), book);
         CaptionStyle style;
         style.fontName = found.name;
-        if (found.path) CaptionOverlay::registerFontIfNeeded(*found.path, book);
+        style.fontPath = found.path;
         const auto note = CaptionLayout::resolveFont(style, 16, book).note;
         if (note) findings_.push_back(findingOf(Rule::fontMissing, path_ + ".text.font", *note));
     }

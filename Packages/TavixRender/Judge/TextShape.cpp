@@ -1,4 +1,5 @@
 #include "TavixCore/Typography/KineticStyle.h"
+#include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Judge/ContentShape.h"
@@ -87,8 +88,8 @@ std::unique_ptr<ContentGeometry> textGeometry(const TextContent& text, const Com
         text, ResolvedComposition::presetSeed(setting.spec.seed, position.scene, position.layer));
     const NormalizedPoint center{
         layer.position.x / setting.canvas.width, layer.position.y / setting.canvas.height};
-    auto layout = TextCompositionLayer::layout(
-        text, {setting.canvas, center, setting.spec.fonts, setting.assets.root()}, style);
+    auto layout = TextCompositionLayer::layout(text,
+        {setting.canvas, center, setting.spec.fonts, setting.assets.root()}, style, setting.assets.fonts());
     if (!layout) return nullptr;
     return std::make_unique<TextShape>(std::move(*layout), style, position.windowSec, setting.framesPerSec);
 }
