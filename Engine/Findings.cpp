@@ -31,7 +31,8 @@ bool isError(const Finding& finding) { return finding.level == Level::error; }
 
 std::string toldIn(const Finding& finding) {
     return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) + "\n  " +
-           (finding.suggestion ? printableLine(*finding.suggestion) + " " : "") + "[" + std::string(finding.code()) + "]";
+           (finding.suggestion ? printableLine(*finding.suggestion) + " " : "") + "[" +
+           std::string(finding.code()) + "]";
 }
 
 using Findings = std::vector<Finding>;

@@ -9,7 +9,6 @@
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/PresetScenes.h"
 #include "TavixPlatform/Media/StillImages.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
 
@@ -33,8 +32,7 @@ bool isStill(const CompositionSpec& spec) {
 void drawStrip(const PresetScene& scene, const std::filesystem::path& file, RenderNotes& notes,
     const Interruption& interruption) {
     imaging::Evaluator evaluator;
-    Composition3DRendererPool stages;
-    ResolvedComposition resolved(scene.spec, scene.assetRoot, evaluator, notes.log(), &stages);
+    ResolvedComposition resolved(scene.spec, scene.assetRoot, evaluator, notes.log());
     const imaging::Size size = canvasSize(scene.spec);
     if (isStill(scene.spec)) {
         media::writePng(file,
@@ -58,13 +56,11 @@ void writeFilm(const PresetScene& scene, const OutputChoice& choice, const std::
     RenderNotes& notes, Terminal& terminal, const Interruption& interruption) {
     const imaging::Size size =
         ReelExporter::targetDimensions(canvasSize(scene.spec), ResolutionPreset::native, choice.format);
-    Composition3DRendererPool stages;
     CompositionRenderer::Config config;
     config.spec =
         scaledExportSpec(scene.spec, size, ReelExporter::targetFps(scene.spec.output.fps, choice.format));
     config.output = file;
     config.assetRoot = scene.assetRoot;
-    config.rendererPool = &stages;
     config.fileFormat = choice.format;
     config.videoCodec = choice.codec;
     config.container = choice.container;
