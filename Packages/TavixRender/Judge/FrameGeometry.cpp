@@ -18,11 +18,12 @@ constexpr std::size_t mostMeasuredLayers = 4000;
 
 // Sizes, rates and lengths that a film can have; anything else is told by other rules.
 bool canBeMeasured(const CompositionSpec& spec) {
-    constexpr std::int64_t mostSidePx = 30'000, mostFps = 1000;
-    constexpr double mostSec = 6 * 3600;
+    constexpr std::int64_t mostSidePx = 30'000;
+    constexpr double mostFps = 1000, mostSec = 6 * 3600;
     const CompositionOutput& output = spec.output;
+    const auto fps = double(output.fps);
     return output.widthPx > 0 && output.heightPx > 0 && output.widthPx <= mostSidePx &&
-           output.heightPx <= mostSidePx && output.fps > 0 && output.fps <= mostFps &&
+           output.heightPx <= mostSidePx && fps > 0 && fps <= mostFps &&
            std::ranges::all_of(spec.scenes, [](const CompositionScene& scene) {
                return scene.durationSec >= 0 && scene.durationSec <= mostSec;
            });

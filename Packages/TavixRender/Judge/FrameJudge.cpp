@@ -30,8 +30,8 @@ CompositionSpec smallened(const CompositionSpec& spec) {
     const imaging::Size full = canvasSize(spec);
     const double scale = std::min({1.0, widthPx / full.width, heightPx / full.height});
     const auto side = [&](int px) { return std::max(static_cast<int>(std::lround(px * scale)), 2); };
-    return scaledExportSpec(spec, {side(full.width), side(full.height)},
-        static_cast<int>(std::min<std::int64_t>(spec.output.fps, mostFps)));
+    return scaledExportSpec(
+        spec, {side(full.width), side(full.height)}, std::min(spec.output.fps, FrameRate(mostFps)));
 }
 
 // Draws the small film.
