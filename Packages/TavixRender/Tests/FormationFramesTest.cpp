@@ -82,7 +82,7 @@ TEST_F(FormationFrames, HoldEveryDeviceWhole) {
                              std::to_string(size.width));
                 const Picture picture = drawn(c.preset, size, sec, 4);
                 EXPECT_EQ(countBeside(picture, 2), 0);
-                EXPECT_GT(countBeside(picture, size.height), 200) << "there is something to see";
+                EXPECT_GT(countBeside(picture, size.height), 40) << "there is something to see";
             }
 }
 
