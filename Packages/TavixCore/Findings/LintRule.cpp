@@ -265,10 +265,11 @@ constexpr RuleEntry table[] = {
   "layers": [{"kind": "text", "text": {"text": "White on white"}}]}]})",
         "Choose a colour that differs more in lightness, or put a dark or light panel under the text."},
     {Rule::formationCut, "formation-cut", warning, "A device of a formation stands outside the frame.",
-        R"({"output": {"widthPx": 1080, "heightPx": 1920, "fps": 30}, "scenes": [{"durationSec": 3, "layers": [
-  {"kind": "device", "id": "row", "position": {"x": 540, "y": 960}, "device": {
-   "screen": {"kind": "still", "path": "a.png"},
-   "choreographyPreset": {"preset": "splitFocus", "params": {"spread": 1.6}}}}]}]})",
+        R"({"durationSec": 3, "layers": [
+  {"kind": "device", "id": "row-split-0", "device": {"screen": {"kind": "still", "path": "a.png"},
+   "placement": {"track": [{"offset": {"x": -0.92, "y": 0}, "scale": 0.5}]}}},
+  {"kind": "device", "id": "row-split-1", "device": {"screen": {"kind": "still", "path": "a.png"},
+   "placement": {"track": [{"offset": {"x": 0.1, "y": 0}, "scale": 0.5}]}}}]})",
         "Use a smaller spread, fewer devices or a wider frame."},
     {Rule::opensEmpty, "opens-empty", warning, "A scene shows nothing for its first half second or longer.",
         R"({"durationSec": 2, "layers": [{"kind": "shape", "fromSec": 1}]})",

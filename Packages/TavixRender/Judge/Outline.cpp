@@ -12,7 +12,7 @@ using imaging::Point;
 using imaging::Rect;
 
 constexpr int mostArcSteps = 48;
-constexpr double edgeTolerancePx = 0.5;
+constexpr double edgeTolerancePx = 0.5, leastEdgePx = 1e-6;
 
 double cross(Point o, Point a, Point b) { return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x); }
 
@@ -133,6 +133,7 @@ bool Outline::contains(Point point) const {
     for (std::size_t i = 0; i < points_.size(); ++i) {
         const Point &a = points_[i], &b = points_[(i + 1) % points_.size()];
         const double length = std::hypot(b.x - a.x, b.y - a.y);
+        if (length < leastEdgePx) continue;   // where two arcs meet, rounding gives it any direction
         if (cross(a, b, point) < -edgeTolerancePx * length) return false;
     }
     return true;

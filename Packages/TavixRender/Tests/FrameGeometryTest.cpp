@@ -268,6 +268,28 @@ TEST_F(BoxesAgainstInk, StandInTheOrderOfDrawing) {
     EXPECT_EQ(order, (std::vector<std::size_t>{0, 2, 3, 1, 4, 5}));
 }
 
+TEST(Outline, HoldsWhatLiesWithinARoundedRectangle) {
+    Dice dice(7);
+    for (int round = 0; round < 500; ++round) {
+        const imaging::Rect rect{
+            dice.between(-500, 900), dice.between(-500, 900), dice.between(20, 900), dice.between(20, 900)};
+        const double most = std::min(rect.width, rect.height) / 2;
+        const double radius = dice.often() ? most : dice.between(0, most);   // two arcs meet, or not
+        const imaging::Affine turn = imaging::Affine::rotation(dice.between(0, 6)).about(rect.center());
+        const Outline outline = Outline::ofRounded(rect, radius).transformed(turn);
+        for (int n = 0; n < 20; ++n) {
+            // By its distance from the rectangle that the corners' centres span.
+            const imaging::Point p{
+                dice.between(rect.x - 50, rect.maxX() + 50), dice.between(rect.y - 50, rect.maxY() + 50)};
+            const double dx = std::max({rect.x + radius - p.x, p.x - (rect.maxX() - radius), 0.0});
+            const double dy = std::max({rect.y + radius - p.y, p.y - (rect.maxY() - radius), 0.0});
+            const double outside = std::hypot(dx, dy) - radius;
+            if (std::abs(outside) < 1.5) continue;   // on the edge
+            EXPECT_EQ(outline.contains(turn.apply(p)), outside < 0) << "round " << round;
+        }
+    }
+}
+
 TEST(FrameGeometry, IsQuickOrSilentOnWhatNobodyMeans) {
     CompositionSpec spec = specOf({320, 180}, 30, {sceneOf(2, {testing::shapeLayer({1, 1, 1, 1})})});
     const auto layersAt = [&](double sec) {
