@@ -41,7 +41,8 @@ void endOnFault(int signal) {
     ::raise(signal);
 }
 
-void catchFaults() {
+// Before the tables of the program are made.
+[[gnu::constructor(101)]] void catchFaults() {
     // A stack that is full leaves no room for a handler.
     static std::array<char, 1 << 16> room;
     const stack_t stack{room.data(), 0, room.size()};
@@ -54,11 +55,7 @@ void catchFaults() {
     std::set_terminate([] { std::abort(); });   // without the library's line on standard error
 }
 
-#else
-
-void catchFaults() {}   // the sanitizers do
-
-#endif
+#endif   // otherwise the sanitizers do
 
 }   // namespace
 
@@ -71,7 +68,6 @@ void setUpProcess() {
     // other.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    catchFaults();
 }
 
 }   // namespace tavix::engine

@@ -132,9 +132,10 @@ void SafeOutput::claim(IfTaken ifTaken) {
 }
 
 SafeOutput::~SafeOutput() {
+    // Also where there is no more memory; the other way is for what the first cannot hold.
+    UnfinishedFolders::remove(slot_);
     std::error_code ignored;
-    fs::remove_all(folder_, ignored);
-    UnfinishedFolders::forget(slot_);
+    if (slot_ < 0) fs::remove_all(folder_, ignored);
     ::close(lock_);
 }
 

@@ -43,6 +43,14 @@ void removeFlat(const char* path) {
     ::rmdir(path);
 }
 
+bool removeHeld(Slot& slot) {
+    int expected = Slot::held;
+    if (!slot.state.compare_exchange_strong(expected, Slot::changing)) return false;
+    removeFlat(slot.path.data());
+    slot.state = Slot::free;
+    return true;
+}
+
 }   // namespace
 
 int remember(const std::filesystem::path& folder) noexcept {
@@ -61,15 +69,13 @@ void forget(int slot) noexcept {
     if (slot >= 0) slots[static_cast<std::size_t>(slot)].state = Slot::free;
 }
 
+void remove(int slot) noexcept {
+    if (slot >= 0) removeHeld(slots[static_cast<std::size_t>(slot)]);
+}
+
 int removeAll() noexcept {
     int count = 0;
-    for (Slot& slot : slots) {
-        int expected = Slot::held;
-        if (!slot.state.compare_exchange_strong(expected, Slot::changing)) continue;
-        removeFlat(slot.path.data());
-        slot.state = Slot::free;
-        ++count;
-    }
+    for (Slot& slot : slots) count += removeHeld(slot);
     return count;
 }
 

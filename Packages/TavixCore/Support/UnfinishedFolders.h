@@ -10,6 +10,8 @@ namespace tavix::UnfinishedFolders {
 // there next sweeps up.
 int remember(const std::filesystem::path& folder) noexcept;
 void forget(int slot) noexcept;
+// Removes the folder with the files in it and forgets it. Allocates nothing.
+void remove(int slot) noexcept;
 
 // Removes every one with the files in it, and answers how many there were. Allocates nothing and takes no
 // lock, so it may be called in a signal handler.
