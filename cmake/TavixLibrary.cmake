@@ -2,15 +2,16 @@
 # compile, because each library is seen only through an include folder of its own.
 set(TAVIX_testsupport_MAY_USE)
 set(TAVIX_core_MAY_USE)
+set(TAVIX_reel_MAY_USE core)
 set(TAVIX_imaging_MAY_USE)
 set(TAVIX_system_MAY_USE)
 set(TAVIX_media_MAY_USE imaging)
 set(TAVIX_text_MAY_USE imaging)
 set(TAVIX_scene3d_MAY_USE imaging)
-set(TAVIX_render_MAY_USE core system imaging media text scene3d)
+set(TAVIX_render_MAY_USE core reel system imaging media text scene3d)
 set(TAVIX_editordomain_MAY_USE core system imaging media render)
 set(TAVIX_toolchain_MAY_USE core system)
-set(TAVIX_engine_MAY_USE core system imaging media text render editordomain toolchain)
+set(TAVIX_engine_MAY_USE core reel system imaging media text render editordomain toolchain)
 
 function(tavix_check_uses name)
     foreach(used IN LISTS ARGN)

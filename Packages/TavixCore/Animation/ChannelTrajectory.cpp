@@ -5,64 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace tavix {
 namespace {
-
-constexpr double criticalFrom = 0.999;
-
-double countedResponseSec(const TrajectorySpring& spring) { return std::max(spring.responseSec, 0.001); }
-double countedDamping(const TrajectorySpring& spring) { return std::clamp(spring.damping, 0.2, 1.0); }
-
-// One step of a damped spring towards a resting target, exact for any step length.
-class SpringStep {
-public:
-    SpringStep(const TrajectorySpring& spring, double stepSec)
-        : frequency_(2 * std::numbers::pi / countedResponseSec(spring)), damping_(countedDamping(spring)),
-          stepSec_(stepSec) {
-        if (isCritical()) {
-            decay_ = std::exp(-frequency_ * stepSec);
-            return;
-        }
-        dampedFrequency_ = frequency_ * std::sqrt(1 - damping_ * damping_);
-        decay_ = std::exp(-damping_ * frequency_ * stepSec);
-        cosine_ = std::cos(dampedFrequency_ * stepSec);
-        sine_ = std::sin(dampedFrequency_ * stepSec);
-    }
-
-    void advance(double& position, double& velocityPerSec, double target) const {
-        const double away = position - target;
-        if (isCritical()) {
-            const double rate = velocityPerSec + frequency_ * away;
-            const double drawn = away + stepSec_ * rate;
-            position = target + decay_ * drawn;
-            velocityPerSec = decay_ * (rate - frequency_ * drawn);
-            return;
-        }
-        const double swing = (velocityPerSec + damping_ * frequency_ * away) / dampedFrequency_;
-        const double turned = cosine_ * away + sine_ * swing;
-        position = target + decay_ * turned;
-        velocityPerSec =
-            decay_ * (-damping_ * frequency_ * turned + dampedFrequency_ * (cosine_ * swing - sine_ * away));
-    }
-
-private:
-    bool isCritical() const { return damping_ >= criticalFrom; }
-
-    double frequency_, damping_, stepSec_;
-    double dampedFrequency_ = 0, decay_ = 0, cosine_ = 0, sine_ = 0;
-};
-
-std::size_t frameCount(double endSec, double framesPerSec) {
-    const double frames = std::round(endSec * framesPerSec) + 1;
-    return static_cast<std::size_t>(std::fmin(std::fmax(frames, 1), double(longestTrajectoryFrames)));
-}
-
-double settlingSec(const TrajectorySpring& spring) {
-    const double damping = countedDamping(spring);
-    return (damping < criticalFrom ? 2 + 2 * (1 - damping) : 2) * countedResponseSec(spring);
-}
 
 void sortByTime(std::vector<ChannelKeyframe>& track) {
     std::stable_sort(track.begin(), track.end(),
@@ -107,6 +52,11 @@ std::vector<double> channelTangents(const std::vector<ChannelKeyframe>& track, s
 
 }   // namespace
 
+std::size_t trajectoryFrames(double endSec, double framesPerSec) {
+    const double frames = std::round(endSec * framesPerSec) + 1;
+    return static_cast<std::size_t>(std::fmin(std::fmax(frames, 1), double(longestTrajectoryFrames)));
+}
+
 std::vector<Channels> springTrajectory(
     std::vector<ChannelKeyframe> track, double framesPerSec, const TrajectorySpring& spring) {
     if (track.empty()) return {};
@@ -119,7 +69,7 @@ std::vector<Channels> springTrajectory(
     const SpringStep step(spring, stepSec);
     TrackCursor cursor(track);
     Channels position = first.values, velocityPerSec{};
-    std::vector<Channels> frames(frameCount(endSec, framesPerSec));
+    std::vector<Channels> frames(trajectoryFrames(endSec, framesPerSec));
     for (std::size_t i = 0; i < frames.size(); ++i) {
         frames[i] = position;
         const Channels& target = cursor.targetAt(static_cast<double>(i) * stepSec);
@@ -140,7 +90,7 @@ std::vector<Channels> splineTrajectory(
     for (std::size_t channel = 0; channel < tangents.size(); ++channel)
         tangents[channel] = channelTangents(track, channel);
     TrackCursor cursor(track);
-    std::vector<Channels> frames(frameCount(track.back().tSec + tailSec, framesPerSec));
+    std::vector<Channels> frames(trajectoryFrames(track.back().tSec + tailSec, framesPerSec));
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const double tSec = static_cast<double>(i) / framesPerSec;
         const std::size_t from = cursor.segmentAt(tSec), to = from + 1;

@@ -1,6 +1,8 @@
 // From sparse keyframes of a few numbers to one row of numbers per frame: what poses and placements share.
 #pragma once
 
+#include "TavixCore/Animation/SpringStep.h"
+
 #include <array>
 #include <cstddef>
 #include <vector>
@@ -14,15 +16,11 @@ struct ChannelKeyframe {
     Channels values;
 };
 
-// The spring that gives a device its weight.
-struct TrajectorySpring {
-    double responseSec;
-    double damping;   // counted within 0.2 to 1
-};
-
 // No trajectory is longer: at 60 frames per second this is more than four hours. Beyond it the last frame
 // holds.
 constexpr std::size_t longestTrajectoryFrames = 1'000'000;
+// How many frames a trajectory that ends there has; at least 1.
+std::size_t trajectoryFrames(double endSec, double framesPerSec);
 
 // A spring chases the keyframes, a step at a time but by its closed form, so there is no integration error.
 // The row for frame i is the state at i / framesPerSec, until the spring has settled on the last keyframe.

@@ -1,4 +1,3 @@
-#include "TavixCore/Document/Background.h"
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Tests/FrozenDocument.h"
@@ -224,18 +223,6 @@ TEST(MarkRef, IsABareTextWhereItCanBe) {
         SCOPED_TRACE(c.read);
         EXPECT_EQ(rewritten<MarkRef>(c.read), parseJson(c.written));
     }
-}
-
-TEST(Background, PrefersTheFillToTheOlderImage) {
-    EXPECT_EQ(decodeJson<Background>("{}"), Background{});
-    const BackgroundFill picture = BackgroundImage{"a.png", std::nullopt};
-    EXPECT_EQ(decodeJson<Background>(R"({"image": {"path": "a.png"}})").fill, picture);
-    EXPECT_EQ(decodeJson<Background>(R"({"image": {"bundledID": "mint"}, "fill": {"kind": "image",
-                                         "image": {"path": "a.png"}}})")
-                  .fill,
-        picture);
-    EXPECT_FALSE(rewritten<Background>(R"({"image": {"path": "a.png"}})").find("image"));
-    EXPECT_THROW(decodeJson<Background>(R"({"shadow": {}})"), DecodingError);
 }
 
 TEST(SoundCue, KnowsTheSoundsOfTheCatalog) {

@@ -1,7 +1,6 @@
 // Laws that hold for every record, enumeration and union of the documents, over random documents made from
 // their own schemas.
 #include "TavixCore/Animation/Easing.h"
-#include "TavixCore/Document/Background.h"
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Project/DocumentSchemas.h"
 #include "TavixCore/Support/Document.h"
@@ -13,6 +12,7 @@
 #include "TavixCore/Values/LogicalSize.h"
 #include "TavixCore/Values/NormalizedPoint.h"
 #include "TavixCore/Values/PixelRect.h"
+#include "TavixCore/Values/Shadow.h"
 
 #include <gtest/gtest.h>
 
@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(EveryType, DocumentLaws,
         of<PropertyTrack>("PropertyTrack"), of<CompositionKeyframe>("CompositionKeyframe"),
         of<MarkRef>("MarkRef"), of<ImageContent>("ImageContent"), of<VideoContent>("VideoContent"),
         of<ShapeContent>("ShapeContent"), of<ShapeFill>("ShapeFill"), of<BackgroundFill>("BackgroundFill"),
-        of<Background>("Background"), of<TextContent>("TextContent"), of<KineticPhase>("KineticPhase"),
+        of<TextContent>("TextContent"), of<KineticPhase>("KineticPhase"),
         of<KineticStyle>("KineticStyle"), of<KineticSelector>("KineticSelector"),
         of<EmphasisSpan>("EmphasisSpan"), of<TimingCurve>("TimingCurve"), of<DeviceContent>("DeviceContent"),
         of<DeviceScene>("DeviceScene"), of<DeviceMockup>("DeviceMockup"), of<ScreenSource>("ScreenSource"),

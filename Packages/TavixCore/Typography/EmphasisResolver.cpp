@@ -2,20 +2,13 @@
 
 #include "TavixCore/Theme/BrandKit.h"
 #include "TavixCore/Theme/CaptionStyle.h"
+#include "TavixCore/Values/ColorMixing.h"
 
 #include <cmath>
 
 namespace tavix::EmphasisResolver {
 
 namespace {
-
-// The luma of ITU-R BT.709, on encoded values.
-double luminance(const RGBAColor& c) { return 0.2126 * c.r + 0.7152 * c.g + 0.0722 * c.b; }
-
-RGBAColor movedTowards(const RGBAColor& from, const RGBAColor& to, double share) {
-    const auto move = [share](double a, double b) { return a + (b - a) * share; };
-    return {move(from.r, to.r), move(from.g, to.g), move(from.b, to.b), move(from.a, to.a)};
-}
 
 RGBAColor accentFor(
     const CaptionStyle& style, const BrandKit* brand, std::optional<double> backgroundLuminance) {

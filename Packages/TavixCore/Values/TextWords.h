@@ -19,6 +19,11 @@ bool isWhitespace(std::string_view character);
 bool isLineBreak(std::string_view character);
 // Whether its first code point is of the general categories L (letters) or N (numbers).
 bool isLetterOrNumber(std::string_view character);
+// Whether it is of the category Lu (capitals), and of Ll or N (small letters, numbers).
+bool isUppercase(std::string_view character);
+bool isLowercaseOrNumber(std::string_view character);
+// With its first code point in upper case.
+std::string capitalized(std::string_view text);
 
 // Positions in characters, half open.
 struct CharacterRange {
