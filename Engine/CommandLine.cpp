@@ -15,17 +15,19 @@ namespace tavix::engine {
 
 namespace {
 
+std::string overviewLine(std::string_view name, std::string_view meaning) {
+    constexpr std::size_t nameWidth = 15;
+    return "  " + std::string(name) + std::string(nameWidth - name.size(), ' ') + std::string(meaning) + "\n";
+}
+
 std::string overview() {
     std::string text =
         "Tavix turns a JSON document into a product video.\n\nUsage: tavix VERB [OPTIONS]\n\nVerbs:\n";
-    for (const VerbEntry& verb : verbs())
-        text.append("  ").append(verb.name).append(12 - verb.name.size(), ' ').append(verb.summary) += "\n";
-    return text +
-           "  help        Explain a verb; tavix VERB --help is the same.\n"
+    for (const VerbEntry& verb : verbs()) text += overviewLine(verb.name, verb.summary);
+    return text + overviewLine("help", "Explain a verb; tavix VERB --help is the same.") +
            "\n"
-           "Options:\n"
-           "  --version   Print the version.\n"
-           "  --help      Show this.\n"
+           "Options:\n" +
+           overviewLine("--version", "Print the version.") + overviewLine("--help", "Show this.") +
            "\n"
            "Exit status: 0 done, 1 the document has errors, 2 wrong use, 3 reading or writing failed.\n"
            "\n"
@@ -33,11 +35,38 @@ std::string overview() {
            "  tavix new hello.tavixcomp && tavix render hello.tavixcomp\n";
 }
 
-const VerbEntry& verbNamed(const std::string& name) {
+// The verbs of a family, as in `reel author`: those whose name begins with this word and goes on.
+std::vector<const VerbEntry*> familyOf(const std::string& word) {
+    std::vector<const VerbEntry*> family;
+    for (const VerbEntry& verb : verbs())
+        if (verb.name.starts_with(word + " ")) family.push_back(&verb);
+    return family;
+}
+
+std::string familyOverview(const std::string& word) {
+    std::string text = "Usage: tavix " + word + " VERB [OPTIONS]\n\nVerbs:\n";
+    for (const VerbEntry* verb : familyOf(word)) text += overviewLine(verb->name, verb->summary);
+    return text;
+}
+
+// Takes the one or two words of a verb off the front.
+const VerbEntry& takeVerb(std::span<const std::string>& words) {
+    const std::string first = words.front();
+    words = words.subspan(1);
+    std::string name = first;
     std::vector<std::string_view> known{"help"};
+    if (const auto family = familyOf(first); !family.empty()) {
+        known.clear();
+        for (const VerbEntry* verb : family) known.push_back(verb->name);
+        if (words.empty())
+            throw UsageError("A verb is missing after \"" + first + "\", as in tavix " +
+                             std::string(known.front()) + ". See tavix " + first + " --help.");
+        name += " " + words.front();
+        words = words.subspan(1);
+    }
     for (const VerbEntry& verb : verbs()) {
         if (verb.name == name) return verb;
-        known.push_back(verb.name);
+        if (name == first) known.push_back(verb.name.substr(0, verb.name.find(' ')));
     }
     throw UsageError("There is no verb \"" + name + "\"." + suggestion(name, known) + " See tavix --help.");
 }
@@ -55,8 +84,10 @@ void runVerb(const VerbEntry& entry, std::span<const std::string> words, Termina
 void help(std::span<const std::string> words, Terminal& terminal) {
     if (words.empty() || words.front().starts_with("-") || words.front() == "help")
         return terminal.result(overview());
+    if (words.size() == 1 && !familyOf(words.front()).empty())
+        return terminal.result(familyOverview(words.front()));
     const std::string showHelp[] = {"--help"};
-    runVerb(verbNamed(words.front()), showHelp, terminal);
+    runVerb(takeVerb(words), showHelp, terminal);
 }
 
 void dispatch(std::span<const std::string> words, Terminal& terminal) {
@@ -65,7 +96,10 @@ void dispatch(std::span<const std::string> words, Terminal& terminal) {
     const std::string& first = words.front();
     if (first == "--version") return terminal.result(std::string(TavixVersion::current) + "\n");
     if (first == "help" || first == "--help" || first == "-h") return help(words.subspan(1), terminal);
-    runVerb(verbNamed(first), words.subspan(1), terminal);
+    const bool asksForFamily = words.size() == 2 && (words[1] == "--help" || words[1] == "-h");
+    if (asksForFamily && !familyOf(first).empty()) return terminal.result(familyOverview(first));
+    const VerbEntry& verb = takeVerb(words);
+    runVerb(verb, words, terminal);
 }
 
 // Where the fault of a document is, before the sentence that tells it: many name the path themselves.

@@ -14,14 +14,18 @@ namespace {
 constexpr std::string_view definitionPrefix = "#/$defs/";
 constexpr std::size_t longestShownDefault = 72;
 
-constexpr std::string_view head =
-    "# Document reference\n"
-    "\n"
-    "Every key of a `composition.json`, made by `tavix schema --markdown` from the tables that the reader "
-    "and the\n"
-    "writer of documents use. A key that is left out means its default; keys that are not listed are "
-    "ignored.\n"
-    "`tavix schema` prints the same as a JSON Schema, for editors and agents.\n";
+std::string headOf(const std::string& type) {
+    const bool isComposition = type == "composition";
+    return (isComposition ? "# Document reference\n\nEvery key of a `composition.json`"
+                          : "# Reference of " + type + "\n\nEvery key of a document of this type") +
+           ", made by `tavix schema " + (isComposition ? "" : type + " ") +
+           "--markdown` from the tables that the reader and the\n"
+           "writer of documents use. A key that is left out means its default; keys that are not listed are "
+           "ignored.\n"
+           "`tavix schema" +
+           (isComposition ? "" : " " + type) +
+           "` prints the same as a JSON Schema, for editors and agents.\n";
+}
 
 std::string_view referenceIn(const Json& schema) {
     const Json* reference = schema.find("$ref");
@@ -160,7 +164,8 @@ std::string documentReference(const Json& schema) {
     std::vector<std::string> names;
     collect(schema, names);
     const Json* definitions = schema.find("$defs");
-    std::string text(head);
+    const Json* title = schema.find("title");
+    std::string text = headOf(title && title->text() ? *title->text() : "composition");
     for (std::size_t i = 0; i < names.size(); ++i) {
         const Json definition = *definitions->find(names[i]);
         collect(definition, names);

@@ -5,6 +5,7 @@
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Project/DocumentSchemas.h"
+#include "TavixReel/Project/ReelSchemas.h"
 
 #include <vector>
 
@@ -15,11 +16,14 @@ namespace {
 std::vector<std::string_view> typeNames() {
     std::vector<std::string_view> names;
     for (const DocumentSchema& schema : documentSchemas()) names.push_back(schema.name);
+    for (const DocumentSchema& schema : reelSchemas()) names.push_back(schema.name);
     return names;
 }
 
 const DocumentSchema& schemaNamed(const std::string& type) {
     if (const DocumentSchema* schema = documentSchema(type)) return *schema;
+    for (const DocumentSchema& schema : reelSchemas())
+        if (schema.name == type) return schema;
     const std::vector<std::string_view> names = typeNames();
     throw UsageError(
         "There is no type \"" + type + "\"; use " + listed(names) + "." + suggestion(type, names));

@@ -1,10 +1,15 @@
 #include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
+#include "Engine/Verbs/BrandVerb.h"
 #include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
 #include "Engine/Verbs/PresetsVerb.h"
 #include "Engine/Verbs/ProbeVerb.h"
+#include "Engine/Verbs/ReelAuthorVerb.h"
+#include "Engine/Verbs/ReelDescribeVerb.h"
+#include "Engine/Verbs/ReelLintVerb.h"
+#include "Engine/Verbs/ReelProbeVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
 #include "Engine/Verbs/SchemaVerb.h"
@@ -43,6 +48,15 @@ constexpr VerbEntry entries[] = {
         "List the backgrounds, effects, transitions, motions, sounds and more that documents may name, or "
         "show one.",
         "tavix presets motions rise-up --preview rise-up.png", make<PresetsVerb>},
+    {"brand", "Tell the colours and fonts of an application.", "tavix brand shop-web/", make<BrandVerb>},
+    {"reel author", "Make the document of a reel from a screen recording.",
+        "tavix reel author shop.tavixproj --captions --background aurora", make<ReelAuthorVerb>},
+    {"reel lint", "Judge a flow: what is wrong, and what will not look good.",
+        "tavix reel lint flow.json --json", make<ReelLintVerb>},
+    {"reel probe", "Find the flashes and marks in the picture of a recording.",
+        "tavix reel probe shop.tavixproj --json", make<ReelProbeVerb>},
+    {"reel describe", "Tell what a reel does and when, or draw it.",
+        "tavix reel describe shop.tavixproj --plot shop.png", make<ReelDescribeVerb>},
 };
 
 }   // namespace

@@ -1,0 +1,101 @@
+#include "Engine/Reel/ReelRecording.h"
+
+#include "Engine/Errors.h"
+#include "Engine/Terminal.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixPlatform/Media/MediaProbe.h"
+#include "TavixReel/Recording/PixelMarkAlignment.h"
+#include "TavixRender/Recording/SyncFrameDetector.h"
+
+#include <algorithm>
+#include <cmath>
+#include <system_error>
+
+namespace tavix::engine {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+template <class T> T readDocument(const fs::path& file) {
+    try {
+        return decodeFile<T>(file);
+    } catch (const DecodingError& error) {
+        throw DocumentError(file.string(), error.path(), error.message());
+    }
+}
+
+bool isFile(const fs::path& file) {
+    std::error_code ignored;
+    return fs::is_regular_file(file, ignored);
+}
+
+// The times of the pictures where they were marked.
+Timeline aligned(const Timeline& sidecar, const VideoProbe& probe, Terminal& terminal) {
+    auto result =
+        PixelMarkAlignment::align(sidecar, probe.markBlipSeconds, PixelMarkAlignment::usualTolerance);
+    const std::string expected = std::to_string(result.expected);
+    if (result.matched > 0)
+        terminal.tell(
+            "Found " + std::to_string(result.matched) + " of " + expected + " marks in the picture.");
+    else if (result.expected > 0 && !probe.markBlipSeconds.empty())
+        terminal.warn(
+            "The marks in the picture do not fit the sidecar, so its own times are used: it speaks of " +
+            expected + ", and " + std::to_string(probe.markBlipSeconds.size()) + " were seen.");
+    return std::move(result.timeline);
+}
+
+// Counted from where the reel starts. What began before that begins with it.
+void shift(Timeline& timeline, double trimStartSec) {
+    const auto moved = [trimStartSec](double sec) { return std::max(sec - trimStartSec, 0.0); };
+    for (Timeline::Event& event : timeline.events) {
+        event.tSec = moved(event.tSec);
+        if (event.actionSec) event.actionSec = moved(*event.actionSec);
+        if (event.endSec) event.endSec = moved(*event.endSec);
+    }
+}
+
+void warnOfOtherSize(const Timeline::Video& told, const VideoProbe& probe, Terminal& terminal) {
+    const auto size = [](std::int64_t width, std::int64_t height) {
+        return std::to_string(width) + " × " + std::to_string(height);
+    };
+    if (told.widthPx == probe.widthPx && told.heightPx == probe.heightPx) return;
+    terminal.warn("The sidecar speaks of a video of " + size(told.widthPx, told.heightPx) +
+                  " pixels, but this one has " + size(probe.widthPx, probe.heightPx) +
+                  "; the camera goes by the sidecar.");
+}
+
+}   // namespace
+
+double ReelRecording::preCutDurationSec() const {
+    return std::max(probe.trimEndSec(rawDurationSec) - probe.trimStartSec(), 0.0);
+}
+
+ReelRecording openRecording(const std::string& given, Terminal& terminal) {
+    ReelRecording recording;
+    recording.shownPath = given;
+    recording.parts = ReelProjectBundle::parts(given);
+    const auto& parts = recording.parts;
+    if (std::error_code ignored; fs::is_directory(parts.rawVideo, ignored))
+        throw UsageError("\"" + given + "\" is a folder without a " +
+                         std::string(ReelProjectBundle::rawVideoName) +
+                         "; name a video, or a bundle whose name ends in ." +
+                         std::string(ReelProjectBundle::pathExtension) + ".");
+    recording.probe = SyncFrameDetector::probe(parts.rawVideo);
+    recording.rawDurationSec = media::mediaDurationSec(parts.rawVideo);
+    recording.hasSidecar = isFile(parts.timeline);
+    if (recording.hasSidecar) {
+        const auto sidecar = readDocument<Timeline>(parts.timeline);
+        warnOfOtherSize(sidecar.video, recording.probe, terminal);
+        recording.timeline = aligned(sidecar, recording.probe, terminal);
+        shift(recording.timeline, recording.probe.trimStartSec());
+    } else {
+        recording.timeline.video = {recording.probe.widthPx, recording.probe.heightPx, recording.probe.fps};
+    }
+    return recording;
+}
+
+EffectsSpec readEffects(const fs::path& file) { return readDocument<EffectsSpec>(file); }
+FlowSpec readFlow(const fs::path& file) { return readDocument<FlowSpec>(file); }
+
+}   // namespace tavix::engine

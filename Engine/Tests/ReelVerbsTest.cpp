@@ -1,0 +1,214 @@
+#include "Engine/Tests/EngineTest.h"
+
+#include "TavixPlatform/Media/StillImages.h"
+#include "TavixPlatform/Media/Tests/TestClip.h"
+#include "TestSupport/SourceTree.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace tavix::engine::testing {
+
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+constexpr const char* sidecar = R"({"video": {"widthPx": 64, "heightPx": 64, "fps": 30}, "events": [
+    {"index": 0, "type": "tap", "tSec": 1, "regionPx": [4, 4, 8, 8], "label": "New walk"},
+    {"index": 1, "type": "toggle", "tSec": 5, "regionPx": [50, 50, 8, 8], "label": "Pulse"}]})";
+constexpr const char* flow = R"({"name": "walk", "schemaVersion": 1,
+    "output": {"aspect": "vertical", "width": 1080, "height": 1920, "fps": 30, "container": "mp4", "codec": "h264"},
+    "entry": {"rootViewType": "Home"}, "motion": {"touchRingPadPx": 4},
+    "steps": [{"index": 0, "interaction": "tap", "dwellBeforeMs": 0, "dwellAfterMs": 0, "caption": "Start a walk",
+               "target": {"kind": "text", "identifier": "new"}},
+              {"index": 1, "interaction": "toggle", "dwellBeforeMs": 0, "dwellAfterMs": 0, "transition": "wipe",
+               "target": {"kind": "text", "identifier": "pulse"}}]})";
+
+class ReelVerbs : public EngineTest {
+protected:
+    ReelVerbs() {
+        media::tests::makeClip(
+            {.path = at("walk.mov"), .times = media::tests::evenTimes(240)});   // 8 seconds
+        write("walk.timeline.json", sidecar);
+        write("walk.flow.json", flow);
+    }
+    Json effects(const std::string& name = "walk.effects.json") const {
+        return parseJson(readBytes(at(name)));
+    }
+};
+
+std::size_t count(const Json& json, const char* key) { return json.find(key)->array()->size(); }
+
+TEST_F(ReelVerbs, AuthorWritesADocumentBesideTheVideo) {
+    const Outcome made = tavix({"reel", "author", "walk.mov", "--captions", "--format", "vertical"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_THAT(made.out, HasSubstr("✓ Wrote walk.effects.json: "));
+    EXPECT_THAT(made.err, HasSubstr("steps[1] wipe on a toggle"));
+    const Json spec = effects();
+    EXPECT_EQ(*spec.find("schemaVersion")->integerValue(), 4);
+    EXPECT_EQ(*spec.find("output")->find("widthPx")->integerValue(), 1080);
+    const Json& caption = spec.find("narration")->find("captions")->array()->front();
+    EXPECT_EQ(caption.find("text")->stringValue(), "Start a walk");
+    EXPECT_EQ(count(spec, "retimeTrack"), 1u);
+    EXPECT_EQ(count(spec, "transitions"), 1u);
+    EXPECT_GE(count(spec, "cameraTrack"), 3u);
+}
+
+TEST_F(ReelVerbs, AuthorNeverTakesADocumentAwayUnasked) {
+    ASSERT_EQ(tavix({"reel", "author", "walk.mov"}).status, 0);
+    write("walk.effects.json", "edited by hand");
+    const Outcome again = tavix({"reel", "author", "walk.mov"});
+    EXPECT_EQ(again.status, 3);
+    EXPECT_THAT(again.err,
+        HasSubstr("\"walk.effects.json\" is there already and may have been edited; give --replace"));
+    EXPECT_EQ(readBytes(at("walk.effects.json")), "edited by hand");
+    EXPECT_EQ(tavix({"reel", "author", "walk.mov", "-o", "other.json"}).status, 0);
+    EXPECT_EQ(effects("other.json").find("cameraTrack")->array()->size(), 4u);
+    EXPECT_EQ(tavix({"reel", "author", "walk.mov", "--replace"}).status, 0);
+    EXPECT_EQ(effects(), effects("other.json"));
+}
+
+TEST_F(ReelVerbs, AuthorWorksInABundleAndWithoutASidecar) {
+    write("walk.tavixproj/raw.mov", readBytes(at("walk.mov")));
+    const Outcome made = tavix({"reel", "author", "walk.tavixproj", "--json"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_THAT(made.err,
+        HasSubstr("There is no sidecar \"walk.tavixproj/timeline.json\", so the camera stands still."));
+    const Json told = parseJson(made.out);
+    EXPECT_EQ(*told.find("cameraKeyframes")->integerValue(), 1);
+    EXPECT_EQ(told.find("output")->stringValue(), "walk.tavixproj/effects.json");
+    EXPECT_EQ(*effects("walk.tavixproj/effects.json").find("output")->find("widthPx")->integerValue(), 64);
+}
+
+TEST_F(ReelVerbs, AuthorTellsAPictureFromWhereTheDocumentIs) {
+    write("walk.tavixproj/raw.mov", readBytes(at("walk.mov")));
+    write("walk.tavixproj/art/sky.png", "not looked into");
+    ASSERT_EQ(
+        tavix({"reel", "author", "walk.tavixproj", "--background", "walk.tavixproj/art/sky.png"}).status, 0);
+    const Json spec = effects("walk.tavixproj/effects.json");
+    EXPECT_EQ(
+        spec.find("background")->find("fill")->find("image")->find("path")->stringValue(), "art/sky.png");
+}
+
+TEST_F(ReelVerbs, AuthorSaysWhatIsWrong) {
+    write("bad.mov", "These are only words.");
+    write("bad.flow.json", R"({"name": 7})");
+    const struct {
+        std::vector<std::string> words;
+        int status;
+        const char* sentence;
+    } cases[] = {
+        {{"walk.mov", "--background", "mauve"}, 2, "Unknown --background \"mauve\"."},
+        {{"walk.mov", "--background", "no/such.png"}, 3, "The background \"no/such.png\" is no file"},
+        {{"walk.mov", "--typography", "wave"}, 2, "--typography: unknown preset \"wave\""},
+        {{"walk.mov", "--format", "square"}, 2, "square"},
+        {{"bad.mov"}, 3, "Could not read raw recording: "},
+        {{"gone.mov"}, 3, "There is no such file."},
+        {{"walk.mov", "--flow", "bad.flow.json"}, 1, "bad.flow.json: \"name\" must be text"},
+        {{}, 2, "reel author needs a recording"},
+        {{"."}, 2, "is a folder without a raw.mov"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> words{"reel", "author"};
+        words.insert(words.end(), c.words.begin(), c.words.end());
+        const Outcome outcome = tavix(words);
+        EXPECT_EQ(outcome.status, c.status) << c.sentence;
+        EXPECT_THAT(outcome.err, HasSubstr(c.sentence));
+    }
+    EXPECT_THAT(names(), Not(Contains("walk.effects.json")));
+}
+
+TEST_F(ReelVerbs, LintEndsWithTheErrorsOfAFlow) {
+    const Outcome fine = tavix({"reel", "lint", "walk.flow.json"});
+    EXPECT_EQ(fine.status, 0);
+    EXPECT_THAT(fine.out, HasSubstr("warning: steps[1] wipe on a toggle"));
+    std::string broken = flow;
+    broken.replace(broken.find("\"wipe\""), 6, "\"spin\"");
+    write("broken.json", broken);
+    const Outcome outcome = tavix({"reel", "lint", "broken.json", "--json"});
+    EXPECT_EQ(outcome.status, 1);
+    const Json told = parseJson(outcome.out);
+    EXPECT_EQ(told.find("findings")->array()->front().find("level")->stringValue(), "error");
+}
+
+TEST_F(ReelVerbs, ProbeNamesItsFields) {
+    const Json probe = json({"reel", "probe", "walk.mov", "--json"});
+    EXPECT_EQ(*probe.find("widthPx")->integerValue(), 64);
+    EXPECT_NEAR(*probe.find("fps")->doubleValue(), 30, 1e-6);
+    EXPECT_TRUE(probe.find("markBlipSeconds"));
+    EXPECT_FALSE(probe.find("syncSeconds"));
+    EXPECT_THAT(tavix({"reel", "probe", "walk.mov"}).out, HasSubstr("flash at the go  none"));
+}
+
+TEST_F(ReelVerbs, DescribeTellsTimesOfTheFinishedFilm) {
+    ASSERT_EQ(tavix({"reel", "author", "walk.mov", "--captions"}).status, 0);
+    const Json story = json({"reel", "describe", "walk.mov", "--json", "--plot", "plot.png"});
+    // Between the steps, 1.6 to 4.4 is played five times as fast.
+    EXPECT_NEAR(*story.find("durationSec")->doubleValue(), 8 - 2.8 + 2.8 / 5, 1e-6);
+    EXPECT_NEAR(*story.find("steps")->array()->at(1).find("atSec")->doubleValue(), 5 - 2.8 + 2.8 / 5, 1e-6);
+    EXPECT_NEAR(*story.find("paces")->array()->front().find("endSec")->doubleValue(), 1.6 + 2.8 / 5, 1e-6);
+    EXPECT_EQ(count(story, "captions"), 2u);
+
+    // The curve of the zoom lies at the bottom of its row at first, and higher when the camera is in.
+    const imaging::Bitmap plot = media::loadStillImage(at("plot.png"));
+    ASSERT_EQ(plot.size().width, 1600);
+    const auto zoomLineAt = [&](int x) {
+        for (int y = 100; y < 290; ++y) {
+            const std::uint8_t* p = plot.view().row(y) + 4 * x;
+            if (p[1] > 150 && p[2] < 130) return y;
+        }
+        return -1;
+    };
+    const int start = zoomLineAt(120), zoomed = zoomLineAt(110 + int(1.55 / 5.76 * 1462));
+    EXPECT_GT(start, 250);
+    EXPECT_GT(zoomed, 90);
+    EXPECT_LT(zoomed, start - 40);
+}
+
+TEST_F(ReelVerbs, TheirReferencesAreCurrent) {
+    for (const std::string type : {"effects", "flow", "timeline"}) {
+        EXPECT_EQ(json({"schema", type}).find("title")->stringValue(), type);
+        const std::string name = "docs/" + type + "-reference.md";
+        EXPECT_EQ(tavix({"schema", type, "--markdown"}).out, readBytes(testsupport::inSourceTree(name)))
+            << "make it anew: tavix schema " << type << " --markdown > " << name;
+    }
+}
+
+// The example is as its recording and the command make it, and its reel is one to keep: nothing crowds, no
+// caption is lost in a gap, and the camera comes to rest.
+TEST_F(ReelVerbs, TheExampleIsWhatTheCommandMakes) {
+    const std::string example = testsupport::inSourceTree("Examples/walk-note.tavixproj").string();
+    const Outcome made = tavix({"reel", "author", example, "--captions", "--format", "vertical",
+        "--background", "aurora", "-o", "made.json"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_THAT(made.out, HasSubstr("Found 16 of 16 marks in the picture."));
+    EXPECT_EQ(readBytes(at("made.json")), readBytes(example + "/effects.json"));
+    const Json story = json({"reel", "describe", example, "--json"});
+    double freeFromSec = 0;
+    for (const Json& caption : *story.find("captions")->array()) {
+        EXPECT_GE(*caption.find("startSec")->doubleValue(), freeFromSec);
+        freeFromSec = *caption.find("endSec")->doubleValue();
+        EXPECT_GE(freeFromSec - *caption.find("startSec")->doubleValue(), 1.2);
+        EXPECT_TRUE(*caption.find("moves")->boolean());
+    }
+    EXPECT_GE(count(story, "captions"), 4u);
+    EXPECT_EQ(*story.find("camera")->array()->back().find("scale"), Json(1));
+}
+
+TEST_F(ReelVerbs, AreAFamily) {
+    const Outcome family = tavix({"reel", "--help"});
+    EXPECT_EQ(family.status, 0);
+    EXPECT_THAT(family.out, HasSubstr("reel describe  Tell what a reel does"));
+    EXPECT_EQ(tavix({"help", "reel"}).out, family.out);
+    EXPECT_THAT(tavix({"help", "reel", "author"}).out, HasSubstr("--typography"));
+    EXPECT_THAT(tavix({"reel", "author", "--help"}).out, HasSubstr("--typography"));
+    EXPECT_THAT(tavix({"reel"}).err, HasSubstr("A verb is missing after \"reel\", as in tavix reel author."));
+    EXPECT_THAT(tavix({"reel", "descibe"}).err, HasSubstr("Did you mean reel describe?"));
+    EXPECT_THAT(tavix({"real"}).err, HasSubstr("Did you mean reel?"));
+}
+
+}   // namespace
+}   // namespace tavix::engine::testing
