@@ -198,6 +198,38 @@ TEST_F(ReelVerbs, TheExampleIsWhatTheCommandMakes) {
     EXPECT_EQ(*story.find("camera")->array()->back().find("scale"), Json(1));
 }
 
+TEST_F(ReelVerbs, ACompositionCutsByTheSameSidecar) {
+    const std::string example = testsupport::inSourceTree("Examples/walk-marks.tavixcomp").string();
+    EXPECT_EQ(tavix({"lint", example, "--footage"}).out, "");
+    const Json scenes = *json({"resolve", example}).find("scenes");
+    // The first scene starts a second before the row is tapped, and its text four tenths after that.
+    const Json& layers = *scenes.array()->front().find("layers");
+    const Json marks = parseJson(readBytes(example + "/assets/walk.timeline.json"));
+    const Json& row = marks.find("events")->array()->at(1);
+    EXPECT_NEAR(*layers.array()->at(0).find("device")->find("screen")->find("trimStartSec")->doubleValue(),
+        *row.find("actionSec")->doubleValue() - 1, 1e-9);
+    EXPECT_NEAR(*layers.array()->at(1).find("fromSec")->doubleValue(), 0.4, 1e-9);
+}
+
+TEST_F(ReelVerbs, BrandTellsTheLookOfAnApplication) {
+    write("app/AccentColor.colorset/Contents.json",
+        R"({"colors": [{"color": {"components": {"red": "0xE0", "green": "0x40", "blue": "0x20"}}}]})");
+    EXPECT_THAT(tavix({"brand", "app"}).out, HasSubstr("accent     #E04020\n"));
+    const Json told = json({"brand", "app", "--json"});
+    EXPECT_EQ(told.find("notes")->array()->front().stringValue(), "accent from AccentColor.colorset");
+    ASSERT_EQ(tavix({"reel", "author", "walk.mov", "--brand-bundle", "app"}).status, 0);
+    EXPECT_EQ(*effects().find("brand"), *told.find("brand"));
+    const Outcome both = tavix(
+        {"reel", "author", "walk.mov", "--brand-bundle", "app", "--theme-from-app", "app", "-o", "b.json"});
+    EXPECT_EQ(both.status, 2);
+    EXPECT_THAT(both.err, HasSubstr("--theme-from-app and --brand-bundle say the same; give one of them."));
+    const Outcome none =
+        tavix({"reel", "author", "walk.mov", "--theme-from-app", "no such application", "-o", "b.json"});
+    EXPECT_EQ(none.status, 3);
+    EXPECT_THAT(none.err, HasSubstr("No installed application is called \"no such application\""));
+    EXPECT_THAT(tavix({"brand", "gone"}).err, HasSubstr("Brand bundle not found: gone"));
+}
+
 TEST_F(ReelVerbs, AreAFamily) {
     const Outcome family = tavix({"reel", "--help"});
     EXPECT_EQ(family.status, 0);

@@ -9,6 +9,7 @@
 #include "TavixRender/Brand/BrandFonts.h"
 #include "TavixRender/Brand/IconPalette.h"
 #include "TavixRender/Brand/MarkupScan.h"
+#include "TestSupport/SourceTree.h"
 #include "TestSupport/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -52,10 +53,10 @@ protected:
     void paint(const std::string& name, int sidePx, Level color) {
         paint(name, sidePx, [color](int, int) { return color; });
     }
-    // A free font of this machine, under another name.
+    // A small font of the text tests, under another name.
     void copyFont(const std::string& source, const std::string& name) {
         fs::create_directories(at(name).parent_path());
-        fs::copy_file(fs::path("/usr/share/fonts/opentype/inter") / source, at(name));
+        fs::copy_file(testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data") / source, at(name));
     }
     BrandExtractor::Report extract(const std::string& name = "") {
         return BrandExtractor::extract(at(name), fonts_);
@@ -158,34 +159,35 @@ TEST_F(Brand, WithoutAnythingThereIsANeutralBlue) {
 }
 
 TEST_F(Brand, FontsComeInTheOrderOfTheirWeightAndOnce) {
-    copyFont("Inter-Bold.otf", "Fonts/Inter-Bold.otf");
-    copyFont("Inter-Regular.otf", "Fonts/a-Regular.otf");
-    copyFont("Inter-Regular.otf", "Fonts/copy-Regular.otf");
-    copyFont("Inter-Medium.otf", "Fonts/z-Medium.otf");
-    write("Fonts/broken.ttf", "no font");
+    copyFont("TavixBars-Variable.ttf", "Fonts/Brand-Bold.ttf");
+    copyFont("TavixSwash-Regular.ttf", "Fonts/copy-Regular.ttf");
+    copyFont("TavixSwash-Regular.ttf", "Fonts/Brand-Regular.ttf");
+    write("Fonts/broken-Medium.ttf", "no font");
     auto report = extract();
-    ASSERT_EQ(report.brand.fonts.size(), 3u);
-    EXPECT_EQ(report.brand.fonts[0].name, "Inter-Medium");
-    EXPECT_EQ(report.brand.fonts[1].path, at("Fonts/a-Regular.otf").string());
+    ASSERT_EQ(report.brand.fonts.size(), 2u);
+    EXPECT_EQ(report.brand.fonts[0].name, "TavixSwash-Regular");
+    EXPECT_EQ(report.brand.fonts[0].path, at("Fonts/Brand-Regular.ttf").string());
     EXPECT_EQ(report.notes.back(),
-        "fonts: Inter-Medium (primary) + 2 more — Inter-Medium, Inter-Regular, Inter-Bold");
+        "fonts: TavixSwash-Regular (primary) + 1 more — TavixSwash-Regular, TavixBars-Variable");
     // What the bundle declares comes first, wherever the file is.
     write("Info.plist", R"(<?xml version="1.0" encoding="UTF-8"?>
         <plist version="1.0"><dict><key>UIAppFonts</key><array><string>missing.ttf</string>
-        <string>Inter-Bold.otf</string></array></dict></plist>)");
+        <string>Brand-Bold.ttf</string></array></dict></plist>)");
     report = extract();
-    EXPECT_EQ(report.brand.primaryFontName, "Inter-Bold");
-    EXPECT_EQ(report.brand.primaryFontPath, at("Fonts/Inter-Bold.otf").string());
-    // The other form of a property list, byte by byte: {"UIAppFonts": ["Inter-Bold.otf"]}.
-    const std::string binary =
-        std::string("bplist00\xD1\x01\x02\x5AUIAppFonts\xA1\x03\x5EInter-Bold.otf", 39) +
-        std::string("\x08\x0B\x16\x18", 4) + std::string(6, '\0') + std::string("\x01\x01", 2) +
-        std::string(7, '\0') + '\4' + std::string(15, '\0') + '\x27';
+    EXPECT_EQ(report.brand.primaryFontName, "TavixBars-Variable");
+    EXPECT_EQ(report.brand.primaryFontPath, at("Fonts/Brand-Bold.ttf").string());
+    // The other form of a property list, byte by byte: {"UIAppFonts": ["Brand-Bold.ttf"]}.
+    const std::string binary = std::string("bplist00\xD1\x01\x02\x5AUIAppFonts\xA1\x03\x5E"
+                                           "Brand-Bold.ttf",
+                                   39) +
+                               std::string("\x08\x0B\x16\x18", 4) + std::string(6, '\0') +
+                               std::string("\x01\x01", 2) + std::string(7, '\0') + '\4' +
+                               std::string(15, '\0') + '\x27';
     fs::remove(at("Info.plist"));
     write("Info.plist", binary);
-    EXPECT_EQ(extract().brand.primaryFontName, "Inter-Bold");
+    EXPECT_EQ(extract().brand.primaryFontName, "TavixBars-Variable");
     write("Info.plist", "no list of properties");
-    EXPECT_EQ(extract().brand.primaryFontName, "Inter-Medium");
+    EXPECT_EQ(extract().brand.primaryFontName, "TavixSwash-Regular");
 }
 
 TEST_F(Brand, AWebApplicationHasAManifest) {
