@@ -29,7 +29,7 @@ void PlotCanvas::fill(const PlotBox& box, double radiusPx, const Color& color) {
 
 double PlotCanvas::text(
     const std::string& words, double x, double y, double sizePx, const Color& color, double roomPx) {
-    const text::Font font = text::FontBook::ofThisMachine().interfaceFont(sizePx);
+    const text::Font font = text::FontBook().interfaceFont(sizePx);
     const auto lines = text::wrappedLines({words, font, color}, 1e5);
     const text::TypesetLine& line = lines.front();
     if (line.widthPx() > roomPx) {

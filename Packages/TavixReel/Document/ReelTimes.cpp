@@ -2,6 +2,8 @@
 
 #include "TavixCore/Support/FieldTables.h"
 
+#include <cmath>
+
 namespace tavix {
 
 bool RetimeSegment::isRamp() const { return std::abs(speedFactor - 1) > 0.000000001; }

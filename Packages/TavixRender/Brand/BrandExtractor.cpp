@@ -71,7 +71,8 @@ std::optional<RGBAColor> secondaryOf(const std::vector<RGBAColor>& colors, const
     return std::nullopt;
 }
 
-void addFonts(const fs::path& bundle, text::FontBook& book, Report& report) {
+void addFonts(const fs::path& bundle, Report& report) {
+    const text::FontBook book{std::vector<fs::path>{}};
     BrandKit& brand = report.brand;
     brand.fonts = BrandFontResolver::allEmbeddedFonts(bundle, book);
     const auto primary = BrandFontResolver::extractPrimaryFont(bundle, brand.fonts, book);
@@ -94,7 +95,7 @@ void addFonts(const fs::path& bundle, text::FontBook& book, Report& report) {
 
 }   // namespace
 
-Report extract(const fs::path& bundle, text::FontBook& fonts) {
+Report extract(const fs::path& bundle) {
     std::error_code ignored;
     if (!fs::exists(bundle, ignored)) throw Failure("Brand bundle not found: " + bundle.string());
     Report report;
@@ -109,7 +110,7 @@ Report extract(const fs::path& bundle, text::FontBook& fonts) {
     brand.appMode = light >= 0.5 ? BrandKit::AppMode::light : BrandKit::AppMode::dark;
     report.notes.push_back(std::string("app mode: ") + (light >= 0.5 ? "light" : "dark") + " (luminance " +
                            twoDecimals(light) + ")");
-    addFonts(bundle, fonts, report);
+    addFonts(bundle, report);
     if (icon) brand.palette = icon->colors.colors;
     brand.secondary = secondaryOf(brand.palette, brand.accent);
     if (brand.palette.empty()) brand.palette = {brand.accent};

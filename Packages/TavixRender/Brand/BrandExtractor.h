@@ -3,7 +3,6 @@
 #pragma once
 
 #include "TavixCore/Theme/BrandKit.h"
-#include "TavixPlatform/Text/FontBook.h"
 
 #include <filesystem>
 #include <string>
@@ -16,8 +15,8 @@ struct Report {
     std::vector<std::string> notes;   // what was found where, in plain words
 };
 
-// Fonts that are found are added to the book. Throws a `Failure` when there is nothing at the path; whatever
-// cannot be read there is passed over for the next source, down to a neutral blue.
-Report extract(const std::filesystem::path& bundle, text::FontBook& fonts = text::FontBook::ofThisMachine());
+// Throws a `Failure` when there is nothing at the path; whatever cannot be read there is passed over for the
+// next source, down to a neutral blue.
+Report extract(const std::filesystem::path& bundle);
 
 }   // namespace tavix::BrandExtractor

@@ -60,9 +60,15 @@ std::optional<fs::path> fileNamed(const fs::path& folder, const std::string& ent
     return std::nullopt;
 }
 
+// What a font calls itself; nothing for what is none.
+std::optional<std::string> nameOf(const fs::path& file, const text::FontBook& fonts) {
+    const text::FontBook* book = fonts.withFile(file);
+    return book ? std::optional(book->nameOfFile()) : std::nullopt;
+}
+
 }   // namespace
 
-std::vector<BrandKit::BrandFont> allEmbeddedFonts(const fs::path& under, text::FontBook& fonts) {
+std::vector<BrandKit::BrandFont> allEmbeddedFonts(const fs::path& under, const text::FontBook& fonts) {
     std::vector<fs::path> files;
     for (const fs::path& file : BrandFiles::under(under))
         if (isFont(file)) files.push_back(file);
@@ -70,7 +76,7 @@ std::vector<BrandKit::BrandFont> allEmbeddedFonts(const fs::path& under, text::F
         [](const fs::path& file) { return std::pair(weightScore(file), file.filename().string()); });
     std::vector<BrandKit::BrandFont> found;
     for (const fs::path& file : files) {
-        const auto name = fonts.addFile(file);
+        const auto name = nameOf(file, fonts);
         if (name && std::ranges::find(found, *name, &BrandKit::BrandFont::name) == found.end())
             found.push_back({*name, file.string()});
     }
@@ -78,10 +84,10 @@ std::vector<BrandKit::BrandFont> allEmbeddedFonts(const fs::path& under, text::F
 }
 
 std::optional<BrandKit::BrandFont> extractPrimaryFont(
-    const fs::path& appBundle, const std::vector<BrandKit::BrandFont>& scanned, text::FontBook& fonts) {
+    const fs::path& appBundle, const std::vector<BrandKit::BrandFont>& scanned, const text::FontBook& fonts) {
     for (const std::string& entry : textsIn(appBundle / "Info.plist", "UIAppFonts")) {
         const auto file = fileNamed(appBundle, entry);
-        const auto name = file ? fonts.addFile(*file) : std::nullopt;
+        const auto name = file ? nameOf(*file, fonts) : std::nullopt;
         if (name) return BrandKit::BrandFont{*name, file->string()};
     }
     return scanned.empty() ? std::nullopt : std::optional(scanned.front());

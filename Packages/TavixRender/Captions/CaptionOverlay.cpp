@@ -23,11 +23,10 @@ struct ShownCaption {
     std::string text;
     CaptionStyle style;
 };
-std::optional<ShownCaption> shown(const Caption& caption, const Narration& narration, text::FontBook& fonts) {
-    ShownCaption shown{std::string(trimmed(caption.text)), narration.styleOf(caption)};
-    if (shown.style.fontPath) CaptionOverlay::registerFontIfNeeded(*shown.style.fontPath, fonts);
-    const bool isShown = !shown.text.empty() && caption.window.endSec > caption.window.startSec;
-    return isShown ? std::optional(std::move(shown)) : std::nullopt;
+std::optional<ShownCaption> shown(const Caption& caption, const Narration& narration) {
+    std::string text(trimmed(caption.text));
+    if (text.empty() || !(caption.window.endSec > caption.window.startSec)) return std::nullopt;
+    return ShownCaption{std::move(text), narration.styleOf(caption)};
 }
 
 // The bar with its lines cut to it, as one picture.
@@ -77,12 +76,12 @@ std::optional<CaptionLayout::SetCaption> CaptionLayout::layout(const std::string
     return set;
 }
 
-std::optional<PlainCaptionOverlay> PlainCaptionOverlay::make(
-    const Narration& narration, imaging::Size canvas, text::FontBook& fonts, imaging::Evaluator& evaluator) {
-    PlainCaptionOverlay overlay;
+std::optional<CaptionOverlay> CaptionOverlay::make(const Narration& narration, imaging::Size canvas,
+    const text::FontBook& fonts, imaging::Evaluator& evaluator) {
+    CaptionOverlay overlay;
     if (narration.placement != Narration::Placement::lowerThird) return std::nullopt;
     for (const Caption& caption : narration.captions) {
-        const auto what = shown(caption, narration, fonts);
+        const auto what = shown(caption, narration);
         if (!what) continue;
         const auto set =
             CaptionLayout::layout(what->text, what->style, caption.position, sizeOf(canvas), fonts);
@@ -93,13 +92,13 @@ std::optional<PlainCaptionOverlay> PlainCaptionOverlay::make(
     return overlay.layers_.empty() ? std::nullopt : std::optional(std::move(overlay));
 }
 
-double PlainCaptionOverlay::Layer::alphaAt(double sec) const {
+double CaptionOverlay::Layer::alphaAt(double sec) const {
     if (!(fadeSec > 0)) return 1;
     const double rise = sec - startSec, fall = endSec - sec;
     return rise < fadeSec ? rise / fadeSec : fall < fadeSec ? fall / fadeSec : 1;
 }
 
-Image PlainCaptionOverlay::apply(const Image& frame, double preCutSec) const {
+Image CaptionOverlay::apply(const Image& frame, double preCutSec) const {
     constexpr double invisible = 0.001, opaque = 0.999;
     const auto due = std::ranges::find_if(layers_,
         [preCutSec](const Layer& layer) { return layer.startSec <= preCutSec && preCutSec < layer.endSec; });
@@ -110,12 +109,12 @@ Image PlainCaptionOverlay::apply(const Image& frame, double preCutSec) const {
 }
 
 std::optional<KineticTextOverlay> KineticTextOverlay::make(const Narration& narration, imaging::Size canvas,
-    double framesPerSec, text::FontBook& fonts, imaging::Evaluator& evaluator) {
+    double framesPerSec, const text::FontBook& fonts, imaging::Evaluator& evaluator) {
     KineticTextOverlay overlay;
     for (const Caption& caption : narration.captions) {
         const auto& kinetic = caption.kinetic ? caption.kinetic : narration.kineticDefaults;
         if (!kinetic) continue;
-        const auto what = shown(caption, narration, fonts);
+        const auto what = shown(caption, narration);
         if (!what) continue;
         KineticTextLayout::Request request{what->text, caption.emphasis, what->style, kinetic->scope};
         request.position = caption.position;

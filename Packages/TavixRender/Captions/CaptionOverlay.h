@@ -35,11 +35,11 @@ std::optional<SetCaption> layout(const std::string& text, const CaptionStyle& st
 
 // Captions as bars, each drawn once. Whoever makes it leaves out those that move. Immutable, so that any
 // render thread may apply it.
-class PlainCaptionOverlay {
+class CaptionOverlay {
 public:
     // Nothing when there is no caption to show; other placements than the lower third have no bar.
-    static std::optional<PlainCaptionOverlay> make(const Narration& narration, imaging::Size canvas,
-        text::FontBook& fonts, imaging::Evaluator& evaluator);
+    static std::optional<CaptionOverlay> make(const Narration& narration, imaging::Size canvas,
+        const text::FontBook& fonts, imaging::Evaluator& evaluator);
 
     // With the caption of that moment over the picture; the first one where several are due.
     imaging::Image apply(const imaging::Image& frame, double preCutSec) const;
@@ -58,7 +58,7 @@ private:
 class KineticTextOverlay {
 public:
     static std::optional<KineticTextOverlay> make(const Narration& narration, imaging::Size canvas,
-        double framesPerSec, text::FontBook& fonts, imaging::Evaluator& evaluator);
+        double framesPerSec, const text::FontBook& fonts, imaging::Evaluator& evaluator);
 
     // With the captions of that moment over the picture: of more than two, those that started last.
     imaging::Image apply(const imaging::Image& frame, double preCutSec) const;

@@ -58,11 +58,7 @@ protected:
         fs::create_directories(at(name).parent_path());
         fs::copy_file(testsupport::inSourceTree("Packages/TavixPlatform/Text/Tests/Data") / source, at(name));
     }
-    BrandExtractor::Report extract(const std::string& name = "") {
-        return BrandExtractor::extract(at(name), fonts_);
-    }
-
-    text::FontBook fonts_{std::vector<fs::path>{}};
+    BrandExtractor::Report extract(const std::string& name = "") { return BrandExtractor::extract(at(name)); }
 
 private:
     testsupport::TemporaryFolder folder_;

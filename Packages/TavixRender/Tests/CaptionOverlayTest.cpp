@@ -32,15 +32,16 @@ protected:
         return Image::solid({100 / 255.0, 100 / 255.0, 100 / 255.0, 1})
             .cropped({0, 0, canvas.width, canvas.height});
     }
-    std::optional<PlainCaptionOverlay> plain(std::vector<Caption> captions) {
+    std::optional<CaptionOverlay> plain(std::vector<Caption> captions) {
         narration_.captions = std::move(captions);
-        return PlainCaptionOverlay::make(narration_, canvas, text::FontBook::ofThisMachine(), evaluator_);
+        return CaptionOverlay::make(narration_, canvas, fonts_, evaluator_);
     }
     std::optional<KineticTextOverlay> moving(std::vector<Caption> captions) {
         narration_.captions = std::move(captions);
-        return KineticTextOverlay::make(narration_, canvas, 30, text::FontBook::ofThisMachine(), evaluator_);
+        return KineticTextOverlay::make(narration_, canvas, 30, fonts_, evaluator_);
     }
 
+    text::FontBook fonts_;
     imaging::Evaluator evaluator_;
     Narration narration_;
 };
