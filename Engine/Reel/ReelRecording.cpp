@@ -2,6 +2,7 @@
 
 #include "Engine/Errors.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixReel/Recording/PixelMarkAlignment.h"
@@ -17,9 +18,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-template <class T> T readDocument(const fs::path& file) {
+// Whatever reading passes over is told.
+template <class T> T readDocument(const fs::path& file, Terminal& terminal) {
     try {
-        return decodeFile<T>(file);
+        const Json json = parseJson(readBytes(file, JsonLimits{}.maxBytes));
+        T document = decodeValue<T>(json);
+        for (const auto& finding : CompositionLint::passedOver(json, typeOf<T>()))
+            terminal.warn(file.string() + ": " + finding.path + ": " + finding.message);
+        return document;
     } catch (const DecodingError& error) {
         throw DocumentError(file.string(), error.path(), error.message());
     }
@@ -85,7 +91,7 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
     recording.rawDurationSec = media::mediaDurationSec(parts.rawVideo);
     recording.hasSidecar = isFile(parts.timeline);
     if (recording.hasSidecar) {
-        const auto sidecar = readDocument<Timeline>(parts.timeline);
+        const auto sidecar = readDocument<Timeline>(parts.timeline, terminal);
         warnOfOtherSize(sidecar.video, recording.probe, terminal);
         recording.timeline = aligned(sidecar, recording.probe, terminal);
         shift(recording.timeline, recording.probe.trimStartSec());
@@ -95,7 +101,9 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
     return recording;
 }
 
-EffectsSpec readEffects(const fs::path& file) { return readDocument<EffectsSpec>(file); }
-FlowSpec readFlow(const fs::path& file) { return readDocument<FlowSpec>(file); }
+EffectsSpec readEffects(const fs::path& file, Terminal& terminal) {
+    return readDocument<EffectsSpec>(file, terminal);
+}
+FlowSpec readFlow(const fs::path& file, Terminal& terminal) { return readDocument<FlowSpec>(file, terminal); }
 
 }   // namespace tavix::engine

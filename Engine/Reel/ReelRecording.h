@@ -33,8 +33,8 @@ struct ReelRecording {
 // `Failure` for a video that cannot.
 ReelRecording openRecording(const std::string& given, Terminal& terminal);
 
-// Both throw a `DocumentError` for a document that cannot be read.
-EffectsSpec readEffects(const std::filesystem::path& file);
-FlowSpec readFlow(const std::filesystem::path& file);
+// Both tell what is ignored in a document, and throw a `DocumentError` for one that cannot be read.
+EffectsSpec readEffects(const std::filesystem::path& file, Terminal& terminal);
+FlowSpec readFlow(const std::filesystem::path& file, Terminal& terminal);
 
 }   // namespace tavix::engine

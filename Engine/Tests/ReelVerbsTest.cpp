@@ -134,6 +134,14 @@ TEST_F(ReelVerbs, LintEndsWithTheErrorsOfAFlow) {
     EXPECT_EQ(told.find("findings")->array()->front().find("level")->stringValue(), "error");
 }
 
+TEST_F(ReelVerbs, TellWhatIsIgnoredInADocument) {
+    std::string misspelt = flow;
+    misspelt.replace(misspelt.find("\"caption\""), 9, "\"captoin\"");
+    write("misspelt.json", misspelt);
+    EXPECT_THAT(tavix({"reel", "lint", "misspelt.json"}).err,
+        HasSubstr("misspelt.json: steps[0].captoin: \"captoin\" is no key here, and is not read."));
+}
+
 TEST_F(ReelVerbs, ProbeNamesItsFields) {
     const Json probe = json({"reel", "probe", "walk.mov", "--json"});
     EXPECT_EQ(*probe.find("widthPx")->integerValue(), 64);

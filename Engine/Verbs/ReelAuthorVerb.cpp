@@ -87,7 +87,7 @@ std::optional<FlowSpec> ReelAuthorVerb::flow(const ReelRecording& recording, Ter
     std::error_code ignored;
     if (!flow_ && !fs::is_regular_file(recording.parts.flow, ignored)) return std::nullopt;
     const fs::path file = flow_ ? fs::path(*flow_) : recording.parts.flow;
-    FlowSpec read = readFlow(file);
+    FlowSpec read = readFlow(file, terminal);
     for (const auto& finding : FlowSpecLint::lint(read))
         terminal.warn(file.string() + ": " + finding.message);
     return read;

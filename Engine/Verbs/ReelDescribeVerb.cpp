@@ -40,7 +40,7 @@ void ReelDescribeVerb::run(Terminal& terminal) {
     if (!hasDocument)
         terminal.warn("There is no \"" + effects.string() +
                       "\" yet; this is what reel author would make of the steps alone.");
-    const EffectsSpec spec = hasDocument ? readEffects(effects)
+    const EffectsSpec spec = hasDocument ? readEffects(effects, terminal)
                                          : EffectsAuthor::author(recording.timeline, {},
                                                MotionSpec::smoothGlide, ReelFormat::deviceNative);
     const ReelStory story = storyOf(spec, recording.timeline, recording.preCutDurationSec());

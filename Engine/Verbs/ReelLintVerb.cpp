@@ -19,7 +19,7 @@ void ReelLintVerb::declare(Arguments& arguments, Terminal& terminal) {
 
 void ReelLintVerb::run(Terminal& terminal) {
     using FlowSpecLint::Finding;
-    const FlowSpec flow = readFlow(flow_);
+    const FlowSpec flow = readFlow(flow_, terminal);
     const std::vector<Finding> findings = FlowSpecLint::lint(flow);
     const auto summary = FlowSpecLint::summary(flow);
     if (terminal.mode() == Terminal::Mode::json) {

@@ -95,8 +95,12 @@ Finding findingFor(const IgnoredPart& part, const Json& document) {
 }   // namespace
 
 std::vector<Finding> passedOver(const Json& document) {
+    return passedOver(document, typeOf<CompositionSpec>());
+}
+
+std::vector<Finding> passedOver(const Json& document, const Type& type) {
     std::vector<Finding> findings;
-    for (const IgnoredPart& part : ignoredParts<CompositionSpec>(document))
+    for (const IgnoredPart& part : ignoredParts(document, type))
         findings.push_back(findingFor(part, document));
     return findings;
 }
