@@ -35,9 +35,9 @@ void record(const fs::path& path) {
     media::MovieWriter writer({.path = path,
         .sizePx = size,
         .container = media::MovieContainer::mov,
-        .framesPerSec = framesPerSec,
         .bitsPerSec = 110'000,
-        .effort = media::EncodingEffort::best});
+        .effort = media::EncodingEffort::best,
+        .frameDuration = 600 / framesPerSec});
     const double lengthSec = beforeGoSec + flowLengthSec * recorderRate + afterEndSec;
     for (int i = 0; double(i) / framesPerSec < lengthSec; ++i) {
         const double appSec = (double(i) / framesPerSec - beforeGoSec) / recorderRate;
