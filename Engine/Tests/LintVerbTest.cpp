@@ -54,7 +54,7 @@ TEST_F(LintVerb, OurOwnDocumentsHaveNoErrors) {
     tavix({"new", "hello.tavixcomp"});
     std::vector<std::string> documents{"sunrise.json", "hello.tavixcomp"};
     for (const auto& example : std::filesystem::directory_iterator(testsupport::inSourceTree("Examples")))
-        documents.push_back(example.path().string());
+        if (example.path().extension() == ".tavixcomp") documents.push_back(example.path().string());
     for (const std::string& document : documents) {
         const Outcome outcome = tavix({"lint", document});
         EXPECT_EQ(outcome.status, 0) << document << "\n" << outcome.out;

@@ -169,8 +169,8 @@ CompositionLayer depthWave(const Formation& f, int k) {
 
 const Arrangement& arrangement(DeviceChoreographyPreset preset) {
     static constexpr std::array<Arrangement, 9> table{{{fanDeck}, {uiBurst, 1}, {orbitCarousel},
-        {colorwayDomino}, {ecosystemHandoff}, {infiniteTunnel, 0, tunnelDurationSec},
-        {screenCascade}, {splitFocus}, {depthWave}}};   // in the order of the cases
+        {colorwayDomino}, {ecosystemHandoff}, {infiniteTunnel, 0, tunnelDurationSec}, {screenCascade},
+        {splitFocus}, {depthWave}}};   // in the order of the cases
     return table.at(static_cast<std::size_t>(preset));
 }
 

@@ -33,8 +33,8 @@ void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintRep
 
 void checkOutput(const CompositionSpec& spec, LintReport& report) {
     const KeyPath root, outputAt(root, "output");
-    const auto isOutOfRange = [&](Rule rule, std::string_view key, const std::string& value, std::int64_t least,
-                                  std::int64_t most) {
+    const auto isOutOfRange = [&](Rule rule, std::string_view key, const std::string& value,
+                                  std::int64_t least, std::int64_t most) {
         report.tell(rule, KeyPath(outputAt, key),
             worded("{} {} out of range ({}…{}).", {key, value, std::to_string(least), std::to_string(most)}));
     };

@@ -190,8 +190,9 @@ TEST(WrappedLines, TellWhereAWordIsBroken) {
         const char* text;
         double widthPx;
         bool breaksAWord;
-    } cases[] = {{"plain words that wrap", 200, false}, {"Unbelievable", 120, true}, {"Unbelievable", 2000, false},
-        {"well-known", 150, false}, {"我们今天发布", 100, false}, {"one\ntwo", 2000, false}, {"", 100, false}};
+    } cases[] = {{"plain words that wrap", 200, false}, {"Unbelievable", 120, true},
+        {"Unbelievable", 2000, false}, {"well-known", 150, false}, {"我们今天发布", 100, false},
+        {"one\ntwo", 2000, false}, {"", 100, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.text);
         bool breaks = false;
