@@ -502,7 +502,7 @@ TEST(CompositionLint, AddsUpAScene) {
                                  std::get<DeviceContent>(layer(s, 1, 2).content).scene3D = DeviceScene3D{};
          },
             [](Spec& s) { addPhone(s, {}, 3), phone(s).scene3D = DeviceScene3D{}; },
-            {"warning scenes[1].layers: demo has 2 3D device layers — each one is a full RealityKit render "
+            {"warning scenes[1].layers: demo has 2 3D device layers — each one is a full 3D render "
              "per "
              "frame; expect roughly 2× frame cost."}},
         {[](Spec& s) { addText(s, 1.9, 2), addText(s, 0, {}); },   // windows that touch do not overlap

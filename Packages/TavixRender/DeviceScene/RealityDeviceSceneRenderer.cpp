@@ -103,7 +103,7 @@ void RealityDeviceSceneRenderer::build(const Context& context) {
         throw;   // no frame that comes after can be trusted
     } catch (const std::exception& error) {
         stage_.reset();
-        tell(context.log, std::string("[Tavix] RealityKit device scene failed to build (") + error.what() +
+        tell(context.log, std::string("[Tavix] The device scene failed to build (") + error.what() +
                               "); frames render backdrop-only");
     }
 }
@@ -139,8 +139,7 @@ void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double output
         throw;
     } catch (const std::exception& error) {
         if (!std::exchange(hasToldOfScreen_, true))
-            tell(
-                context.log, std::string("[Tavix] RealityKit screen texture update failed: ") + error.what());
+            tell(context.log, std::string("[Tavix] The update of a screen texture failed: ") + error.what());
     }
 }
 

@@ -276,7 +276,7 @@ TEST_F(DeviceModels, ThatAreBrokenShowTheBackdropAndSaySoOnce) {
     for (const double sec : {0.0, 1.0})
         EXPECT_EQ(drawn(renderer, sec, card).at(60, 107), (Pixel{0, 0, 255, 255}));
     ASSERT_EQ(lines.size(), 1u);
-    EXPECT_THAT(lines[0], ::testing::StartsWith("[Tavix] RealityKit device scene failed to build ("));
+    EXPECT_THAT(lines[0], ::testing::StartsWith("[Tavix] The device scene failed to build ("));
     EXPECT_THAT(lines[0], ::testing::EndsWith("); frames render backdrop-only"));
 }
 
