@@ -120,14 +120,17 @@ void compose(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(evaluator.drawnForFrame(device, wholeFrame));
 }
 
-// All of it, with a new picture on the screen every time.
+// All of it, of a phone that sways, with a new picture on the screen every time.
 void frame(benchmark::State& state) {
     imaging::Evaluator evaluator;
-    RealityDeviceSceneRenderer renderer(settingsOf(state));
+    RealityDeviceSceneRenderer::Settings settings = settingsOf(state);
+    settings.initialScene.driftDegrees = 6;
+    RealityDeviceSceneRenderer renderer(settings);
     const Image pictures[] = {Image::bitmap(screenPicture(1)), Image::bitmap(screenPicture(2))};
     std::size_t i = 0;
     const auto drawn = [&] {
-        return evaluator.drawnForFrame(renderer.render(pictures[i++ % 2], 0, {evaluator, {}}), wholeFrame);
+        const double sec = double(i++) / settings.fps;
+        return evaluator.drawnForFrame(renderer.render(pictures[i % 2], sec, {evaluator, {}}), wholeFrame);
     };
     drawn();
     for (auto _ : state) benchmark::DoNotOptimize(drawn());
