@@ -115,10 +115,15 @@ SafeOutput::SafeOutput(fs::path target, IfTaken ifTaken)
 
 void SafeOutput::claim(IfTaken ifTaken) {
     for (;;) {
-        if (::mkdir(folder_.c_str(), 0700) != 0 && errno != EEXIST) fail(target_, systemError());
+        const bool isOurs = ::mkdir(folder_.c_str(), 0700) == 0;
+        if (!isOurs && errno != EEXIST) fail(target_, systemError());
         lock_ = openFolder(folder_);
         if (lock_ < 0 && errno == ENOENT) continue;   // its owner has just finished
-        if (lock_ < 0) fail(target_, systemError());
+        if (lock_ < 0) {
+            const std::error_code error = systemError();
+            if (isOurs) ::rmdir(folder_.c_str());
+            fail(target_, error);
+        }
         const bool isFree = ::flock(lock_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
         if (!isFree && ifTaken == IfTaken::wait) ::flock(lock_, LOCK_EX);
         if (!isFree && ifTaken == IfTaken::refuse) {
@@ -136,6 +141,11 @@ SafeOutput::~SafeOutput() {
     UnfinishedFolders::remove(slot_);
     std::error_code ignored;
     if (slot_ < 0) fs::remove_all(folder_, ignored);
+    // And where no folder can be opened to look inside; by now the name may be another program's.
+    if (isStill(lock_, folder_)) {
+        ::unlink(partial_.c_str());
+        ::rmdir(folder_.c_str());
+    }
     ::close(lock_);
 }
 

@@ -27,7 +27,10 @@ constexpr long lengthAt = 16, nameAt = 19;
 
 void removeFlat(const char* path) {
     const int folder = ::open(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0) return;
+    if (folder < 0) {
+        ::rmdir(path);   // an empty one needs no look inside
+        return;
+    }
     std::array<char, 4096> room;
     for (;;) {
         const long got = ::syscall(SYS_getdents64, folder, room.data(), room.size());
