@@ -3,8 +3,8 @@
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 #include "TavixRender/DeviceScene/DeviceStage.h"
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
 #include "TavixRender/DeviceScene/ToneCurve.h"
 
 #include <benchmark/benchmark.h>
@@ -101,8 +101,8 @@ void toneCurve(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(DeviceStudio::applyACES(frame, pool));
 }
 
-RealityDeviceSceneRenderer::Settings settingsOf(const benchmark::State& state) {
-    RealityDeviceSceneRenderer::Settings settings;
+DeviceSceneRenderer::Settings settingsOf(const benchmark::State& state) {
+    DeviceSceneRenderer::Settings settings;
     settings.initialScene.tiltDegrees = threeQuarterView;
     settings.initialScene.driftDegrees = 0;
     settings.output = frameSize;
@@ -115,7 +115,7 @@ RealityDeviceSceneRenderer::Settings settingsOf(const benchmark::State& state) {
 // One picture over the other, with the screen brought to its size.
 void compose(benchmark::State& state) {
     imaging::Evaluator evaluator;
-    RealityDeviceSceneRenderer renderer(settingsOf(state));
+    DeviceSceneRenderer renderer(settingsOf(state));
     const Image device = renderer.render(Image::bitmap(screenPicture(0)), 0, {evaluator, {}});
     for (auto _ : state) benchmark::DoNotOptimize(evaluator.drawnForFrame(device, wholeFrame));
 }
@@ -123,9 +123,9 @@ void compose(benchmark::State& state) {
 // All of it, of a phone that sways, with a new picture on the screen every time.
 void frame(benchmark::State& state) {
     imaging::Evaluator evaluator;
-    RealityDeviceSceneRenderer::Settings settings = settingsOf(state);
+    DeviceSceneRenderer::Settings settings = settingsOf(state);
     settings.initialScene.driftDegrees = 6;
-    RealityDeviceSceneRenderer renderer(settings);
+    DeviceSceneRenderer renderer(settings);
     const Image pictures[] = {Image::bitmap(screenPicture(1)), Image::bitmap(screenPicture(2))};
     std::size_t i = 0;
     const auto drawn = [&] {

@@ -127,7 +127,7 @@ void tellFindings(std::span<const Finding> findings, Terminal& terminal) {
         isError(finding) ? terminal.complain(toldIn(finding)) : terminal.warn(toldIn(finding));
 }
 
-void requireSound(DocumentFile& document) {
+void requirePassing(DocumentFile& document) {
     CompositionRoad::Arrival arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
     Findings found = arrival.findings();
     FilmAssets assets(document.assetRoot);

@@ -38,7 +38,7 @@ void tellFindings(std::span<const CompositionLint::Finding> findings, Terminal& 
 
 // Turns beats and marks into seconds. Throws a `DocumentError` with the first error of resolving, of judging
 // or of files that cannot be drawn, unless the document mutes its rule.
-void requireSound(DocumentFile& document);
+void requirePassing(DocumentFile& document);
 // The same without judging; what cannot be resolved stays.
 void resolveTimes(DocumentFile& document);
 

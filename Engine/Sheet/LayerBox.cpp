@@ -15,7 +15,7 @@ std::optional<imaging::Image> drawnAlone(
     const ResolvedCompositionLayer& layer, double localSec, const imaging::Rect& bounds) {
     if (!layer.window.contains(localSec)) return std::nullopt;
     const double layerSec = localSec - layer.window.startSec;
-    const auto content = layer.renderer->contentImageOnMain(layerSec);
+    const auto content = layer.renderer->contentImage(layerSec);
     if (!content) return std::nullopt;
     return layer.finish(*content, layerSec, bounds.height, bounds);
 }

@@ -82,7 +82,7 @@ void BeatsVerb::run(Terminal& terminal) {
         terminal.result(tempoLine(heard) + beatsLine(heard) + partsLine(heard) +
                         "In a document: " + musicBed(music, heard) + "\n");
     if (!writes_ || !hasBeat) return;
-    const fs::path sidecar = BeatAnalysis::sidecarURL(music);
+    const fs::path sidecar = BeatAnalysis::sidecarPath(music);
     writeFile(heard, sidecar);
     terminal.tell("✓ Wrote " + sidecar.string());
 }

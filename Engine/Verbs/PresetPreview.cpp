@@ -35,8 +35,8 @@ void drawStrip(const PresetScene& scene, const std::filesystem::path& file, Rend
     ResolvedComposition resolved(scene.spec, scene.assetRoot, evaluator, notes.log());
     const imaging::Size size = canvasSize(scene.spec);
     if (isStill(scene.spec)) {
-        media::writePng(file,
-            evaluator.draw(resolved.frameOnMain(scene.fromSec), {0, 0, size.width, size.height}).view());
+        media::writePng(
+            file, evaluator.draw(resolved.frame(scene.fromSec), {0, 0, size.width, size.height}).view());
         return;
     }
     const SheetSpan span = sheetSpan(scene.spec, {scene.fromSec, scene.toSec, {}, {}});
@@ -47,7 +47,7 @@ void drawStrip(const PresetScene& scene, const std::filesystem::path& file, Rend
     for (const SheetMoment& moment : moments) {
         interruption.check();
         const double atSec = scene.spec.output.fps.secAt(moment.frame);
-        painter.put(resolved.frameOnMain(atSec), size, atSec, moment.kind);
+        painter.put(resolved.frame(atSec), size, atSec, moment.kind);
     }
     media::writePng(file, painter.draw().view());
 }

@@ -109,7 +109,7 @@ void RenderVerb::run(Terminal& terminal) {
     if (isUnjudged_)
         resolveTimes(document);
     else
-        requireSound(document);
+        requirePassing(document);
     requireRenderable(document);
     const OutputChoice choice = chooseOutput(request_, document.name);
     requireNoAsset(choice.target, document);

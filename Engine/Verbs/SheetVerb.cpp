@@ -98,7 +98,7 @@ void SheetVerb::run(Terminal& terminal) {
             interruption.check();
             terminal.progress(double(i) / double(shown.size()));
             const double atSec = document.spec.output.fps.secAt(shown[i].frame);
-            painter.put(resolved.frameOnMain(atSec), canvasSize(document.spec), atSec, shown[i].kind);
+            painter.put(resolved.frame(atSec), canvasSize(document.spec), atSec, shown[i].kind);
             painter.mark(marksAt(atSec, findings, resolved, evaluator), canvasSize(document.spec));
         }
         if (isAnnotated_) painter.add(sheetLegend(findings, layout.sheet.width, layout.marginPx));

@@ -4,7 +4,7 @@
 
 namespace tavix {
 
-std::filesystem::path BeatAnalysis::sidecarURL(const std::filesystem::path& forAudioAt) {
+std::filesystem::path BeatAnalysis::sidecarPath(const std::filesystem::path& forAudioAt) {
     std::filesystem::path sidecar = forAudioAt;
     return sidecar.replace_extension("beats.json");
 }

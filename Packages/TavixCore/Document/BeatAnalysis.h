@@ -32,7 +32,7 @@ struct BeatAnalysis {
     bool operator==(const BeatAnalysis&) const = default;
 
     // The file beside the music that holds its analysis: song.mp3 has song.beats.json.
-    static std::filesystem::path sidecarURL(const std::filesystem::path& forAudioAt);
+    static std::filesystem::path sidecarPath(const std::filesystem::path& forAudioAt);
 };
 
 const Fields<BeatAnalysis::Section>& fieldsOf(std::type_identity<BeatAnalysis::Section>);

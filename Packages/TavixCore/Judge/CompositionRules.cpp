@@ -17,7 +17,7 @@ constexpr double longTotalSec = 90;
 // Nobody hears that a cut is this far off the beat. The last digits are the rounding of sums of times.
 constexpr double onBeatSec = 0.08 + 1e-9;
 
-void cueIsSound(const SoundCue& cue, const KeyPath& at, double totalSec, LintReport& report) {
+void judgeCue(const SoundCue& cue, const KeyPath& at, double totalSec, LintReport& report) {
     if (cue.atSec > totalSec)
         report.tell(Rule::cueLate, at,
             worded("Cue at {}s is past the composition end ({}s).", {cue.atSec, totalSec}));
@@ -89,7 +89,7 @@ void checkAudio(const CompositionSpec& spec, const CompositionTimeline& timeline
     if (!spec.audio) return;
     const KeyPath root, audioAt(root, "audio"), cuesAt(audioAt, "cues"), musicAt(audioAt, "music");
     for (std::size_t i = 0; i < spec.audio->cues.size(); ++i)
-        cueIsSound(spec.audio->cues[i], KeyPath(cuesAt, i), timeline.totalSec, report);
+        judgeCue(spec.audio->cues[i], KeyPath(cuesAt, i), timeline.totalSec, report);
     if (spec.audio->music && spec.audio->music->path.empty())
         report.tell(Rule::musicPath, KeyPath(musicAt, "path"), "Music bed has an empty path.");
 }

@@ -56,7 +56,7 @@ void screensHaveDevices(const DeviceContent& device, const KeyPath& at, LintRepo
             "is shown.");
 }
 
-void placementIsSound(
+void judgePlacement(
     const LayerScope& scope, const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (!device.placement) return;
     const KeyPath placementAt(at, "placement");
@@ -96,8 +96,7 @@ void posesLieInTheWindow(
                 {apart(lastSec, windowSec), apart(windowSec, lastSec)}));
 }
 
-void modelIsSound(
-    const LayerScope& scope, const DeviceContent& device, const KeyPath& at, LintReport& report) {
+void judgeModel(const LayerScope& scope, const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (!device.scene3D) return;
     const KeyPath modelAt(at, "scene3D"), poseAt(modelAt, "poseTrack"), depthAt(modelAt, "depthTrack");
     if (hasTrack(scope.layer, {AnimProperty::rotationDeg}))
@@ -115,9 +114,9 @@ void checkContent(const LayerScope& scope, const DeviceContent& device, LintRepo
     const KeyPath at(scope.at, "device");
     screenHasAPath(device, at, report);
     screensHaveDevices(device, at, report);
-    placementIsSound(scope, device, at, report);
+    judgePlacement(scope, device, at, report);
     screenOpacityIsSound(device, at, report);
-    modelIsSound(scope, device, at, report);
+    judgeModel(scope, device, at, report);
 }
 
 }   // namespace tavix::CompositionLint

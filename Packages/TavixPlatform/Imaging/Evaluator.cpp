@@ -27,7 +27,7 @@ Evaluator& Evaluator::operator=(Evaluator&&) noexcept = default;
 Bitmap Evaluator::draw(const Image& image, const PixelRegion& region) {
     Bitmap bitmap = Bitmap::uninitialised({region.width(), region.height()});
     if (bitmap.isEmpty()) return bitmap;
-    impl_->workshop.drawInto(image.node(), Tile::of(bitmap.view(), region));
+    impl_->context.drawInto(image.node(), Tile::of(bitmap.view(), region));
     bitmap.indexCoverage();
     return bitmap;
 }
@@ -36,7 +36,7 @@ Image Evaluator::baked(const Image& image, const PixelRegion& bounds) {
     const PixelRegion region = intersection(image.node()->support(), bounds);
     if (region.isEmpty() || asBitmap(*image.node())) return region.isEmpty() ? Image() : image;
     auto bitmap = std::make_shared<Bitmap>(draw(image, region));
-    impl_->workshop.cache().endFrame();                        // what it was made of is not needed again
+    impl_->context.cache().endFrame();                         // what it was made of is not needed again
     PixelRegion kept{0, 0, region.width(), region.height()};   // from the top left
     if (const PixelRegion ink = bitmap->inkBounds();
         ink.width() < region.width() / 2 || ink.height() < region.height() / 2) {
@@ -50,8 +50,8 @@ Image Evaluator::drawnForFrame(const Image& image, const PixelRegion& bounds) {
     const PixelRegion region = intersection(image.node()->support(), bounds);
     if (region.isEmpty()) return Image();
     const auto bitmap = std::make_shared<Bitmap>(
-        Bitmap::uninitialised({region.width(), region.height()}, impl_->workshop.pool()));
-    impl_->workshop.drawInto(image.node(), Tile::of(bitmap->view(), region));
+        Bitmap::uninitialised({region.width(), region.height()}, impl_->context.pool()));
+    impl_->context.drawInto(image.node(), Tile::of(bitmap->view(), region));
     bitmap->indexCoverage();
     return Image(makeBitmap(bitmap, region.x0, region.y0, image.extent()));
 }

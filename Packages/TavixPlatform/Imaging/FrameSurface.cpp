@@ -2,7 +2,7 @@
 
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/PlaneWriter.h"
-#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 
 #include <algorithm>
 #include <cstring>
@@ -35,8 +35,8 @@ void forRuns(const std::vector<PixelRegion>& tiles, std::size_t first, std::size
 }   // namespace
 
 struct FrameSurface::Impl {
-    Impl(Workshop& workshopToUse, Size size)
-        : workshop(workshopToUse), bitmap(size), all{0, 0, size.width, size.height}, tiles(tilesOf(all)),
+    Impl(RenderContext& contextToUse, Size size)
+        : context(contextToUse), bitmap(size), all{0, 0, size.width, size.height}, tiles(tilesOf(all)),
           hashes(tiles.size()), stamps(tiles.size(), 0),
           tilesAcross(std::size_t(size.width + tileWidthPx - 1) / tileWidthPx) {}
 
@@ -50,7 +50,7 @@ struct FrameSurface::Impl {
         return stamp == 0 || stamps[tile] > stamp || (tile > first && stamps[tile - 1] > stamp);
     }
 
-    Workshop& workshop;
+    RenderContext& context;
     Bitmap bitmap;
     PixelRegion all;
     std::vector<PixelRegion> tiles;      // row by row, from the bottom
@@ -94,7 +94,7 @@ void FrameSurface::Impl::drawStrip(
 
 int FrameSurface::Impl::update(const Image& image, const Planes* planes) {
     const PixelRegion changed = noteChanges(*image.node());
-    const DrawableRef drawable = changed.isEmpty() ? nullptr : workshop.prepare(image.node(), changed);
+    const DrawableRef drawable = changed.isEmpty() ? nullptr : context.prepare(image.node(), changed);
     std::vector<std::size_t> strips;   // first tiles of the rows with work
     for (std::size_t first = 0; first < tiles.size(); first += tilesAcross) {
         bool hasWork = false;
@@ -102,25 +102,25 @@ int FrameSurface::Impl::update(const Image& image, const Planes* planes) {
             hasWork = hasWork || stamps[i] == updates || (planes && isStale(i, first, planes->stamp));
         if (hasWork) strips.push_back(first);
     }
-    workshop.forEach(int(strips.size()),
+    context.forEach(int(strips.size()),
         [&](int i, Scratch& scratch) { drawStrip(strips[std::size_t(i)], drawable.get(), planes, scratch); });
     if (planes) planes->stamp = updates;
-    if (workshop.comparesStructures()) compareWithDrawnAnew(image);
-    if (drawable) workshop.cache().endFrame();
+    if (context.comparesStructures()) compareWithDrawnAnew(image);
+    if (drawable) context.cache().endFrame();
     return changedCount;
 }
 
 void FrameSurface::Impl::compareWithDrawnAnew(const Image& image) const {
     Bitmap anew = Bitmap::uninitialised(bitmap.size());
     if (anew.isEmpty()) return;
-    workshop.drawInto(image.node(), Tile::of(anew.view(), all));
+    context.drawInto(image.node(), Tile::of(anew.view(), all));
     for (int y = 0; y < all.height(); ++y)
         if (std::memcmp(bitmap.view().row(y), anew.view().row(y), std::size_t(all.width()) * 4) != 0)
             throw std::logic_error("A tile was kept though its picture had changed.");
 }
 
 FrameSurface::FrameSurface(Evaluator& evaluator, Size size)
-    : impl_(std::make_unique<Impl>(evaluator.impl().workshop, size)) {}
+    : impl_(std::make_unique<Impl>(evaluator.impl().context, size)) {}
 FrameSurface::~FrameSurface() = default;
 
 int FrameSurface::update(const Image& image) { return impl_->update(image, nullptr); }

@@ -18,7 +18,7 @@
 
 namespace tavix::imaging {
 
-class Workshop;
+class RenderContext;
 
 // Draws tiles of one node. Immutable: many threads draw from one.
 class Drawable {
@@ -106,7 +106,8 @@ public:
         return intersection(support_, region).isEmpty() ? Digest{} : hash_;
     }
     // Something to draw tiles within `wanted` from. `self` is this node.
-    virtual DrawableRef prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const = 0;
+    virtual DrawableRef prepare(
+        RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const = 0;
 
 protected:
     Node(const Rect& extent, const PixelRegion& support)

@@ -24,7 +24,7 @@ bool isUsable(const Affine3& transform) {
 void DrawList::gather(const Entity& root) {
     instances.clear();
     parts.clear();
-    lamps.clear();
+    lights.clear();
     materials.clear();
     vertexCount = triangleCount = 0;
     gatherTree(root, root.parent() ? root.parent()->worldTransform() : Affine3{});
@@ -34,7 +34,7 @@ void DrawList::gatherTree(const Entity& entity, const Affine3& parentToWorld) {
     if (!entity.isEnabled) return;
     const Affine3 toWorld = parentToWorld * entity.transform.matrix();
     if (isUsable(toWorld)) {
-        if (entity.light) lamps.push_back({&*entity.light, toWorld});
+        if (entity.light) lights.push_back({&*entity.light, toWorld});
         if (entity.model && entity.model->mesh) addModel(*entity.model, toWorld);
     }
     for (const EntityRef& child : entity.children()) gatherTree(*child, toWorld);

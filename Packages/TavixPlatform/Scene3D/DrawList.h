@@ -1,5 +1,5 @@
 // What of a scene is to be drawn: its enabled meshes with their place in the world, their materials, its
-// lamps. Inside the library only.
+// lights. Inside the library only.
 #pragma once
 
 #include "TavixPlatform/Scene3D/Entity.h"
@@ -25,7 +25,7 @@ struct PartInstance {
     std::size_t firstTriangle;   // among those of all parts
 };
 
-struct LampInstance {
+struct LightInstance {
     const Light* light;
     Affine3 toWorld;
 };
@@ -37,7 +37,7 @@ public:
 
     std::vector<MeshInstance> instances;
     std::vector<PartInstance> parts;
-    std::vector<LampInstance> lamps;
+    std::vector<LightInstance> lights;
     std::vector<const Material*> materials;   // equal ones are one
     std::size_t vertexCount = 0, triangleCount = 0;
 

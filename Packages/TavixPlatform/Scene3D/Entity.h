@@ -1,4 +1,4 @@
-// A tree of things in space: meshes, lamps, cameras.
+// A tree of things in space: meshes, lights, cameras.
 #pragma once
 
 #include "TavixPlatform/Scene3D/EnvironmentLight.h"

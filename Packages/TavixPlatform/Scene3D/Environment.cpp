@@ -14,7 +14,7 @@ namespace {
 constexpr int mostSidePx = 8192;
 constexpr int baseSidePx = 256;
 
-void requireSound(const EquirectangularImage& picture) {
+void requireUsable(const EquirectangularImage& picture) {
     const auto size = std::to_string(picture.width) + " x " + std::to_string(picture.height);
     if (picture.width < 2 || picture.height < 2 || picture.width > mostSidePx || picture.height > mostSidePx)
         throw SceneError("A picture of the surroundings must have 2 to " + std::to_string(mostSidePx) +
@@ -141,7 +141,7 @@ int sideOf(int level) { return level < 5 ? 256 : level < 12 ? 128 : 64; }
 }   // namespace
 
 EnvironmentRef Environment::make(const EquirectangularImage& picture) {
-    requireSound(picture);
+    requireUsable(picture);
     const EquirectangularImage source = reduced(picture);
     std::vector<OctahedralMap> maps;
     maps.emplace_back(baseSidePx).fill([&](Vec3 d) { return smoothAt(source, d); });

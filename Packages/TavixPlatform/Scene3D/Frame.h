@@ -9,7 +9,7 @@
 
 namespace tavix::scene3d {
 
-// Where a picture is taken from: a camera, or a lamp that casts a shadow. Pixels are square, their origin is
+// Where a picture is taken from: a camera, or a light that casts a shadow. Pixels are square, their origin is
 // at the bottom left, and the axis goes through the middle of the picture.
 struct View {
     Vec3 eye, right, up, forward;   // unit vectors of world space

@@ -77,7 +77,7 @@ Transform transformOf(const tinygltf::Node& node) {
     return t;
 }
 
-bool isSound(const Transform& t) {
+bool isFinite(const Transform& t) {
     const auto& q = t.orientation;
     return isFinite(t.position) && isFinite(t.scale) && std::isfinite(q.x + q.y + q.z + q.w);
 }
@@ -141,7 +141,7 @@ void GltfScene::addNode(Entity& parent, int index, int depth) {
     const tinygltf::Node& node = model_.nodes[std::size_t(index)];
     EntityRef entity = Entity::make(node.name);
     entity->transform = transformOf(node);
-    if (!isSound(entity->transform)) access_.refuse("is damaged: a node's place is not a finite number.");
+    if (!isFinite(entity->transform)) access_.refuse("is damaged: a node's place is not a finite number.");
     if (node.mesh >= 0) {
         Model model = modelOf(node.mesh);
         triangleCount_ += model.mesh->triangleCount();

@@ -1,4 +1,4 @@
-// Lamps and cameras. Both look along the -z axis of their entity.
+// Lights and cameras. Both look along the -z axis of their entity.
 //
 // Light is photometric and divided by 683 lm/W, so a white matte surface that faces a directional light of
 // 683 pi lux (2146) shows as 1.
@@ -10,7 +10,7 @@
 
 namespace tavix::scene3d {
 
-// Distances are measured in the lamp's own units: a rig that is scaled as a whole looks the same.
+// Distances are measured in the light's own units: a rig that is scaled as a whole looks the same.
 struct Attenuation {
     float radius = 10;           // nothing is lit beyond; the last part fades smoothly
     float falloffExponent = 2;   // light falls with distance to this power

@@ -1,6 +1,6 @@
 #include "TavixPlatform/Scene3D/LightStage.h"
 
-#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 #include "TavixPlatform/Scene3D/TileStage.h"
 
 #include <algorithm>
@@ -19,33 +19,33 @@ Vec3 powerOf(const LinearColor& color, float photometric) {
     return {color.r * radiant, color.g * radiant, color.b * radiant};
 }
 
-void setAttenuation(Lamp& lamp, const Attenuation& attenuation, const Affine3& toWorld) {
-    lamp.unitsPerLength = 1 / std::max(length(toWorld.axis(2)), 1e-9f);
-    lamp.inverseRadius = 1 / std::max(attenuation.radius, 1e-6f);
-    lamp.halfExponent = std::clamp(attenuation.falloffExponent, 0.0f, 8.0f) / 2;
+void setAttenuation(PreparedLight& light, const Attenuation& attenuation, const Affine3& toWorld) {
+    light.unitsPerLength = 1 / std::max(length(toWorld.axis(2)), 1e-9f);
+    light.inverseRadius = 1 / std::max(attenuation.radius, 1e-6f);
+    light.halfExponent = std::clamp(attenuation.falloffExponent, 0.0f, 8.0f) / 2;
 }
 
-Lamp lampOf(const LampInstance& instance) {
-    Lamp lamp;
-    lamp.position = instance.toWorld.origin();
-    lamp.axis = normalized(instance.toWorld.axis(2)) * -1;
+PreparedLight lightOf(const LightInstance& instance) {
+    PreparedLight light;
+    light.position = instance.toWorld.origin();
+    light.axis = normalized(instance.toWorld.axis(2)) * -1;
     if (const auto* directional = std::get_if<DirectionalLight>(instance.light)) {
-        lamp.kind = Lamp::Kind::directional;
-        lamp.power = powerOf(directional->color, directional->intensityLux);
+        light.kind = PreparedLight::Kind::directional;
+        light.power = powerOf(directional->color, directional->intensityLux);
     } else if (const auto* point = std::get_if<PointLight>(instance.light)) {
-        lamp.kind = Lamp::Kind::point;
-        lamp.power = powerOf(point->color, point->intensityLumen / (4 * pi));
-        setAttenuation(lamp, point->attenuation, instance.toWorld);
+        light.kind = PreparedLight::Kind::point;
+        light.power = powerOf(point->color, point->intensityLumen / (4 * pi));
+        setAttenuation(light, point->attenuation, instance.toWorld);
     } else {
         const auto& spot = std::get<SpotLight>(*instance.light);
-        lamp.kind = Lamp::Kind::spot;
-        lamp.power = powerOf(spot.color, spot.intensityLumen / pi);
-        setAttenuation(lamp, spot.attenuation, instance.toWorld);
-        lamp.outerCosine = float(sineCosine(double(std::clamp(spot.outerAngleDeg, 0.1f, 180.0f))).cosine);
+        light.kind = PreparedLight::Kind::spot;
+        light.power = powerOf(spot.color, spot.intensityLumen / pi);
+        setAttenuation(light, spot.attenuation, instance.toWorld);
+        light.outerCosine = float(sineCosine(double(std::clamp(spot.outerAngleDeg, 0.1f, 180.0f))).cosine);
         const auto inner = float(sineCosine(double(std::clamp(spot.innerAngleDeg, 0.0f, 180.0f))).cosine);
-        lamp.inverseConeWidth = 1 / std::max(inner - lamp.outerCosine, 1e-4f);
+        light.inverseConeWidth = 1 / std::max(inner - light.outerCosine, 1e-4f);
     }
-    return lamp;
+    return light;
 }
 
 // 2 to a power, limited to what light can be: the series of the exponential for the fraction.
@@ -87,19 +87,19 @@ Sphere sphereAround(const DrawList& list) {
 }
 
 // Looks at the sphere and takes in no more than it, or than 120 degrees from within.
-View shadowView(const Lamp& lamp, const Sphere& sphere) {
+View shadowView(const PreparedLight& light, const Sphere& sphere) {
     View view;
-    const float distance = length(sphere.center - lamp.position);
-    const Vec3 target = distance > 1e-4f ? sphere.center : lamp.position + lamp.axis;
+    const float distance = length(sphere.center - light.position);
+    const Vec3 target = distance > 1e-4f ? sphere.center : light.position + light.axis;
     Transform placed;
-    // The same up whatever the lamp looks at, unless it looks along it: leaning by 32 degrees, the golden
+    // The same up whatever the light looks at, unless it looks along it: leaning by 32 degrees, the golden
     // section's. Things stand upright or lie level, and an edge that nearly follows the rows of the map would
     // have steps in its shadow longer than what the filter evens out.
-    const Vec3 towards = normalized(target - lamp.position);
+    const Vec3 towards = normalized(target - light.position);
     const bool looksAlong = std::abs(towards.x * 0.5257f + towards.y * 0.8507f) > 0.99f;
-    placed.lookAt(target, lamp.position, looksAlong ? Vec3{0, 0, 1} : Vec3{0.5257f, 0.8507f, 0});
+    placed.lookAt(target, light.position, looksAlong ? Vec3{0, 0, 1} : Vec3{0.5257f, 0.8507f, 0});
     const Affine3 matrix = placed.matrix();
-    view.eye = lamp.position;
+    view.eye = light.position;
     view.right = matrix.axis(0);
     view.up = matrix.axis(1);
     view.forward = matrix.axis(2) * -1;
@@ -136,45 +136,45 @@ Surface surfaceOf(const PhysicallyBased& material) {
 
 const Illumination& LightStage::prepare(const DrawList& list, const View& camera,
     const std::optional<EnvironmentLight>& environment, const SceneKernels& kernels,
-    imaging::Workshop& workshop) {
+    imaging::RenderContext& context) {
     illumination_.camera = camera;
     illumination_.reflectance = &reflectanceTable();
-    illumination_.surroundings = {};
+    illumination_.environment = {};
     if (environment && environment->environment) {
         const Environment& source = *environment->environment;
-        illumination_.surroundings = {&source, powerOfTwo(environment->intensityExponent)};
+        illumination_.environment = {&source, powerOfTwo(environment->intensityExponent)};
         for (std::size_t i = 0; i < Environment::levelCount; ++i) {
             illumination_.environmentSides[i] = float(source.levels()[i].sidePx);
             illumination_.environmentFirst[i] = std::int32_t(source.levels()[i].firstTexel);
         }
     }
-    illumination_.lamps.clear();
+    illumination_.lights.clear();
     std::size_t shadowCount = 0;
-    for (const LampInstance& instance : list.lamps) {
-        Lamp& lamp = illumination_.lamps.emplace_back(lampOf(instance));
+    for (const LightInstance& instance : list.lights) {
+        PreparedLight& light = illumination_.lights.emplace_back(lightOf(instance));
         const auto* spot = std::get_if<SpotLight>(instance.light);
         if (!spot || !spot->castsShadow || list.instances.empty()) continue;
         if (shadows_.size() == shadowCount) shadows_.push_back(std::make_unique<ShadowMap>());
         ShadowMap& map = *shadows_[shadowCount++];
-        map.view = shadowView(lamp, sphereAround(list));
-        drawShadow(map, list, kernels, workshop);
-        lamp.shadow = &map;
+        map.view = shadowView(light, sphereAround(list));
+        drawShadow(map, list, kernels, context);
+        light.shadow = &map;
     }
     return illumination_;
 }
 
 void LightStage::drawShadow(
-    ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::Workshop& workshop) {
+    ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::RenderContext& context) {
     map.inverseDepths.resize(std::size_t(ShadowMap::stridePx) * ShadowMap::stridePx);
     const SamplePattern& pattern = onePerPixel();
-    geometry_.build(list, map.view, pattern, kernels, workshop);
+    geometry_.build(list, map.view, pattern, kernels, context);
     struct Job {
         ScreenGeometry& geometry;
         ShadowMap& map;
         const SceneKernels& kernels;
         const SamplePattern& pattern;
     } job{geometry_, map, kernels, pattern};
-    workshop.forEach(
+    context.forEach(
         geometry_.tilesAcross() * geometry_.tilesUp(), [&job](int index, imaging::Scratch& scratch) {
             const int x0 = index % job.geometry.tilesAcross() * tilePx,
                       y0 = index / job.geometry.tilesAcross() * tilePx;

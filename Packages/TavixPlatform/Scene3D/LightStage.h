@@ -1,4 +1,4 @@
-// Lamps, shadows and surfaces of a frame, made ready for the shading kernels. Inside the library only.
+// Lights, shadows and surfaces of a frame, made ready for the shading kernels. Inside the library only.
 #pragma once
 
 #include "TavixPlatform/Scene3D/DrawList.h"
@@ -18,11 +18,11 @@ public:
     // Draws the shadow maps, too. The result is in use until the next call.
     const Illumination& prepare(const DrawList& list, const View& camera,
         const std::optional<EnvironmentLight>& environment, const SceneKernels& kernels,
-        imaging::Workshop& workshop);
+        imaging::RenderContext& context);
 
 private:
     void drawShadow(
-        ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::Workshop& workshop);
+        ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::RenderContext& context);
 
     Illumination illumination_;
     ScreenGeometry geometry_;

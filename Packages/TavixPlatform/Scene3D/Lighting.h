@@ -1,4 +1,4 @@
-// Lamps, surroundings and surfaces as the shading kernels want them. Inside the library only.
+// Lights, surroundings and surfaces as the shading kernels want them. Inside the library only.
 #pragma once
 
 #include "TavixPlatform/Scene3D/EnvironmentLight.h"
@@ -9,7 +9,7 @@
 
 namespace tavix::scene3d {
 
-// Depths seen from a lamp: 1 over the distance along its axis, 0 where nothing stands. Row 0 at the bottom.
+// Depths seen from a light: 1 over the distance along its axis, 0 where nothing stands. Row 0 at the bottom.
 struct ShadowMap {
     static constexpr int sidePx = 1024;
     static constexpr int marginPx = 4;   // empty texels around, so that a filter needs no limits
@@ -18,20 +18,20 @@ struct ShadowMap {
     std::vector<float> inverseDepths;   // stridePx rows of stridePx
 };
 
-struct Lamp {
+struct PreparedLight {
     enum class Kind { directional, point, spot };
     Kind kind = Kind::directional;
     Vec3 position;
-    Vec3 axis;                  // unit; the way the light goes
-    Vec3 power;                 // radiance units: irradiance at distance 1, or of a directional lamp anywhere
-    float unitsPerLength = 1;   // from world space to the lamp's own
+    Vec3 axis;    // unit; the way the light goes
+    Vec3 power;   // radiance units: irradiance at distance 1, or of a directional light anywhere
+    float unitsPerLength = 1;   // from world space to the light's own
     float inverseRadius = 0;
     float halfExponent = 1;   // of the square of the distance
     float outerCosine = -1, inverseConeWidth = 1;
     const ShadowMap* shadow = nullptr;
 };
 
-struct Surroundings {
+struct PreparedEnvironment {
     const Environment* environment = nullptr;
     float intensity = 1;
 };
@@ -49,8 +49,8 @@ const ReflectanceTable& reflectanceTable();
 
 struct Illumination {
     View camera;
-    std::vector<Lamp> lamps;
-    Surroundings surroundings;
+    std::vector<PreparedLight> lights;
+    PreparedEnvironment environment;
     const ReflectanceTable* reflectance = nullptr;
     float environmentSides[Environment::levelCount] = {};
     std::int32_t environmentFirst[Environment::levelCount] = {};

@@ -18,7 +18,7 @@ LinearColor linearFromEncoded(double r, double g, double b);
 
 enum class Sides { front, both };   // which sides of a triangle are seen
 
-// Metal or not, with a clear lacquer over it. Fractions are 0 to 1 and limited to that when drawn.
+// Metal or not, with a clearcoat over it. Fractions are 0 to 1 and limited to that when drawn.
 struct PhysicallyBased {
     std::string name;
     LinearColor baseColor;

@@ -7,7 +7,7 @@
 #include <vector>
 
 namespace tavix::imaging {
-class Workshop;
+class RenderContext;
 }
 
 namespace tavix::scene3d {
@@ -29,6 +29,6 @@ struct TextureLevels {
 };
 
 // Fills the levels, unless they stand.
-void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Workshop& workshop);
+void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::RenderContext& context);
 
 }   // namespace tavix::scene3d

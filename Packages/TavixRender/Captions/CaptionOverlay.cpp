@@ -4,7 +4,7 @@
 #include "TavixPlatform/Text/LineDrawing.h"
 #include "TavixReel/Document/Narration.h"
 #include "TavixRender/Captions/CaptionLayout.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/KineticText/KineticTextLayout.h"
 
 #include <algorithm>
@@ -51,7 +51,7 @@ Image drawn(const CaptionLayout::SetCaption& caption, const CaptionStyle& style,
     const Image shape = Image::roundedRectangle(rect, bar.cornerRadius, imaging::Color::white());
     const Image words = Image::stacked(lines).blendedWithMask(Image(), shape);
     const Image ground =
-        Image::roundedRectangle(rect, bar.cornerRadius, CameraRenderer::colorOf(style.barColor));
+        Image::roundedRectangle(rect, bar.cornerRadius, CanvasDrawing::colorOf(style.barColor));
     return evaluator.baked(words.over(ground), {0, 0, canvas.width, canvas.height});
 }
 
@@ -65,7 +65,7 @@ std::optional<CaptionLayout::SetCaption> CaptionLayout::layout(const std::string
     ResolvedCaptionFont resolved = resolveFont(style, room.pointSize, fonts);
     if (style.fontWeight) resolved.font = KineticTextLayout::applyWeight(resolved.font, *style.fontWeight);
     SetCaption set{{}, room, {}, 0, 0, std::move(resolved.note)};
-    set.lines = wrapLines({text, resolved.font, CameraRenderer::colorOf(style.textColor)}, room.wrapWidth);
+    set.lines = wrapLines({text, resolved.font, CanvasDrawing::colorOf(style.textColor)}, room.wrapWidth);
     if (set.lines.empty()) return std::nullopt;
     const text::FontMetrics metrics = resolved.font.metrics();
     set.ascentPx = metrics.ascentPx;

@@ -17,9 +17,8 @@ public:
     double totalSec() const { return resolved_.timeline().totalSec; }
     FrameRate fps() const { return resolved_.spec().output.fps; }
     imaging::Size size() const { return canvasSize(resolved_.spec()); }
-    bool needsMainActorRender() const { return resolved_.needsMainActorRender(); }
+    bool hasDevicesInSpace() const { return resolved_.hasDevicesInSpace(); }
     imaging::Image frame(double globalSec) { return resolved_.frame(globalSec); }
-    imaging::Image frameOnMain(double globalSec) { return resolved_.frameOnMain(globalSec); }
     void setScrubQuality(bool isOn) { resolved_.setScrubQuality(isOn); }
 
 private:

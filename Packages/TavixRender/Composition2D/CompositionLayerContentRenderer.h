@@ -17,13 +17,8 @@ public:
     virtual std::optional<imaging::Image> contentImage(double localSec) = 0;
     // The layer is out of sight, perhaps for good: gives up what takes memory and can be had again.
     virtual void rest() {}
-    // True for content that only the main executor may draw: `contentImage` gives nothing then.
-    virtual bool needsMainActorRender() const { return false; }
-    // For the main executor, where everything can be drawn. In an export that is the thread of the render
-    // loop.
-    virtual std::optional<imaging::Image> contentImageOnMain(double localSec) {
-        return contentImage(localSec);
-    }
+    // True for a device in space: its picture is a pass of its own, dearer than all the rest.
+    virtual bool hasDevicesInSpace() const { return false; }
 };
 
 }   // namespace tavix

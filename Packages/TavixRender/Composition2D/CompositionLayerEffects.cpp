@@ -3,7 +3,7 @@
 #include "TavixCore/Paths/Limits.h"
 #include "TavixCore/Typography/KineticNoise.h"
 #include "TavixRender/Composition2D/CanvasEdge.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/KineticText/KineticImageFX.h"
 
 #include <algorithm>
@@ -48,7 +48,7 @@ struct Application {
     }
     Image operator()(const DuotoneEffect& effect) const {
         return image.withFalseColor(
-            CameraRenderer::colorOf(effect.shadow), CameraRenderer::colorOf(effect.highlight));
+            CanvasDrawing::colorOf(effect.shadow), CanvasDrawing::colorOf(effect.highlight));
     }
     Image operator()(const VignetteEffect& effect) const {
         return image.withVignette(

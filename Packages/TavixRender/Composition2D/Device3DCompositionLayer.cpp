@@ -4,7 +4,7 @@
 #include "TavixRender/Compositor/DeviceFrame.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,10 +24,10 @@ constexpr double sameAspect = 0.001;
 // Within this a scrub shows the screen of before.
 constexpr double heldScreenSec = 0.12;
 
-RealityDeviceSceneRenderer::Settings settingsOf(
+DeviceSceneRenderer::Settings settingsOf(
     const DeviceContent& content, const LayerBuild& build, const Rect& deviceRect) {
     const DeviceScene3D& scene3D = *content.scene3D;
-    RealityDeviceSceneRenderer::Settings settings;
+    DeviceSceneRenderer::Settings settings;
     settings.initialScene = scene3D.asDeviceScene();
     settings.output = {static_cast<int>(build.bounds.width), static_cast<int>(build.bounds.height)};
     settings.quality = build.rendererPool != nullptr ? DeviceQuality::preview : DeviceQuality::full;
@@ -47,9 +47,9 @@ RealityDeviceSceneRenderer::Settings settingsOf(
 
 std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
-    if (!DeviceModelLoader::modelURL()) return nullptr;
+    if (!DeviceModelLoader::modelPath()) return nullptr;
     std::unique_ptr<Device3DCompositionLayer> layer(new Device3DCompositionLayer(content, build));
-    const CameraRenderer::FittedDevice device = CameraRenderer::resolveDevice(
+    const CanvasDrawing::FittedDevice device = CanvasDrawing::resolveDevice(
         content.mockup, content.basePaddingPx, build.bounds, build.assetRoot, build.images);
     layer->screenAspect_ = device.screenRect.width / std::max(device.screenRect.height, 1.0);
     const PixelRect& frame = device.frameRect;
@@ -59,7 +59,7 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     if (build.rendererPool != nullptr) layer->renderer_ = build.rendererPool->checkout(poolKey, invariants);
     layer->needsApplyScene_ = layer->renderer_ != nullptr;
     if (layer->renderer_ != nullptr) return layer;
-    layer->renderer_ = std::make_shared<RealityDeviceSceneRenderer>(settingsOf(content, build, deviceRect));
+    layer->renderer_ = std::make_shared<DeviceSceneRenderer>(settingsOf(content, build, deviceRect));
     if (build.rendererPool != nullptr) build.rendererPool->store(poolKey, invariants, layer->renderer_);
     return layer;
 }
@@ -73,7 +73,7 @@ Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content,
         clip_.emplace(CompositionAssets::resolved(video->path, build.assetRoot), *video, true, build.log);
 }
 
-std::optional<Image> Device3DCompositionLayer::contentImageOnMain(double localSec) {
+std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     if (std::exchange(needsApplyScene_, false))
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
     const auto screen = screenAt(localSec);

@@ -13,7 +13,7 @@
 
 namespace tavix {
 
-class RealityDeviceSceneRenderer;
+class DeviceSceneRenderer;
 
 class Device3DCompositionLayer final : public CompositionLayerContentRenderer {
 public:
@@ -21,10 +21,8 @@ public:
     // is one that fits, and draws for a preview; without a pool the layer has its own, which draws fully.
     static std::unique_ptr<Device3DCompositionLayer> make(
         const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey);
-    // Drawn by the main executor alone.
-    bool needsMainActorRender() const override { return true; }
-    std::optional<imaging::Image> contentImage(double) override { return std::nullopt; }
-    std::optional<imaging::Image> contentImageOnMain(double localSec) override;
+    bool hasDevicesInSpace() const override { return true; }
+    std::optional<imaging::Image> contentImage(double localSec) override;
     void rest() override;
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
@@ -48,8 +46,8 @@ private:
     imaging::Rect bounds_;   // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
-    double screenAspect_ = 1;                                // width by height
-    std::shared_ptr<RealityDeviceSceneRenderer> renderer_;   // shared with the pool
+    double screenAspect_ = 1;                         // width by height
+    std::shared_ptr<DeviceSceneRenderer> renderer_;   // shared with the pool
     bool needsApplyScene_ = false;   // it came from the pool and holds another document's values
     std::optional<imaging::Image> stillScreen_;
     std::optional<SequentialClipReader> clip_;

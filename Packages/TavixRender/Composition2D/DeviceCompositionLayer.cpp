@@ -4,7 +4,7 @@
 #include "TavixCore/Values/Clamp01.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,7 +13,7 @@ namespace tavix {
 
 namespace {
 
-using CameraRenderer::FittedDevice;
+using CanvasDrawing::FittedDevice;
 using imaging::Affine;
 using imaging::Image;
 using imaging::Rect;
@@ -53,7 +53,7 @@ Affine affineOf(const CameraFrameTransform& move, const Rect& bounds) {
 // White, or another colour, where the screen is. It is not cut at the canvas, which the layer may yet move.
 Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, const Rect& bounds,
     const imaging::Color& color) {
-    const Rect rect = CameraRenderer::flipped(moved(device.screenRect, move), bounds);
+    const Rect rect = CanvasDrawing::flipped(moved(device.screenRect, move), bounds);
     return Image::roundedRectangle(rect, device.cornerRadiusPx * move.scale, color);
 }
 
@@ -61,7 +61,7 @@ Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, 
 Image maskedScreen(
     const Image& placed, const FittedDevice& device, const CameraFrameTransform& move, const Rect& bounds) {
     const Image shown =
-        CameraRenderer::masked(placed, screenShape(device, move, bounds, imaging::Color::white()));
+        CanvasDrawing::masked(placed, screenShape(device, move, bounds, imaging::Color::white()));
     const Rect extent = placed.extent();
     const double radius =
         std::clamp(device.cornerRadiusPx * move.scale, 0.0, std::min(extent.width, extent.height) / 2);
@@ -75,24 +75,24 @@ Image maskedScreen(
 }
 
 Image bezelAt(const FittedDevice& device, double detail, const Rect& bounds) {
-    return CameraRenderer::place(device.picture, scaledBy(device.frameRect, detail), scaledBy(bounds, detail),
-        CameraRenderer::Resampling::still);
+    return CanvasDrawing::place(device.picture, scaledBy(device.frameRect, detail), scaledBy(bounds, detail),
+        CanvasDrawing::Resampling::still);
 }
 
 Image stillUnitAt(const FittedDevice& device, const Image& screen, double detail, const Rect& bounds) {
     const CameraFrameTransform enlarged{detail, 0, 0};
     const Rect canvas = scaledBy(bounds, detail);
-    const Image placed = CameraRenderer::place(
-        screen, scaledBy(device.screenRect, detail), canvas, CameraRenderer::Resampling::still);
+    const Image placed = CanvasDrawing::place(
+        screen, scaledBy(device.screenRect, detail), canvas, CanvasDrawing::Resampling::still);
     const Image shape = screenShape(device, enlarged, canvas, imaging::Color::white());
-    return bezelAt(device, detail, bounds).over(CameraRenderer::masked(placed, shape));
+    return bezelAt(device, detail, bounds).over(CanvasDrawing::masked(placed, shape));
 }
 
 }   // namespace
 
 DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
-    : bounds_(build.bounds), device_(CameraRenderer::resolveDevice(content.mockup, content.basePaddingPx,
+    : bounds_(build.bounds), device_(CanvasDrawing::resolveDevice(content.mockup, content.basePaddingPx,
                                  bounds_, build.assetRoot, build.images)),
       screenFade_(timedKeyframes(content.screenOpacity)),
       trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
@@ -140,8 +140,8 @@ std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
 // Each part is moved by itself: the screen's pixels are then looked up once only, and edges stay sharp.
 Image DeviceCompositionLayer::screenAt(
     const Image& screen, const CameraFrameTransform& move, double opacity) const {
-    const Image placed = maskedScreen(CameraRenderer::place(screen, moved(device_.screenRect, move), bounds_,
-                                          CameraRenderer::Resampling::live),
+    const Image placed = maskedScreen(CanvasDrawing::place(screen, moved(device_.screenRect, move), bounds_,
+                                          CanvasDrawing::Resampling::live),
         device_, move, bounds_);
     if (opacity >= fullOpacity) return placed;
     // A screen goes dark; it does not become a window.

@@ -29,7 +29,7 @@ private:
         const imaging::Image& screen, const CameraFrameTransform& move, double opacity) const;
 
     imaging::Rect bounds_;   // of the canvas
-    CameraRenderer::FittedDevice device_;
+    CanvasDrawing::FittedDevice device_;
     std::vector<CompositionKeyframe> screenFade_;
     DevicePlacementTrajectory trajectory_;
     std::optional<imaging::Image> stillUnit_;   // screen and bezel in one, where nothing between them changes

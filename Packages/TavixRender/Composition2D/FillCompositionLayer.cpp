@@ -1,7 +1,7 @@
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 
 #include "TavixRender/Composition2D/CompositionAssets.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <variant>
@@ -13,7 +13,7 @@ FillCompositionLayer::FillCompositionLayer(const BackgroundFill& fill, const Lay
 
 imaging::Image FillCompositionLayer::drawn(const BackgroundFill& fill, const LayerBuild& build) {
     const BackgroundFill absolute = CompositionAssets::absolutized(fill, build.assetRoot);
-    const imaging::Image image = CameraRenderer::resolveBackgroundFill(absolute, build.bounds, build.images);
+    const imaging::Image image = CanvasDrawing::resolveBackgroundFill(absolute, build.bounds, build.images);
     if (std::holds_alternative<RGBAColor>(absolute)) return image;   // needs no pixels
     if (std::max(build.bounds.width, build.bounds.height) > imaging::Bitmap::maxSidePx) return image;
     return build.evaluator.baked(image, imaging::pixelsCovering(build.bounds));

@@ -2,7 +2,7 @@
 
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 
@@ -35,10 +35,10 @@ ImageCompositionLayer::ImageCompositionLayer(
     const auto drawnAt = [&](int detail) {
         const PixelRect place = scaledBy(rect, detail);
         const Rect canvas{0, 0, build.bounds.width * detail, build.bounds.height * detail};
-        const Image placed = CameraRenderer::place(source, place, canvas, CameraRenderer::Resampling::still);
+        const Image placed = CanvasDrawing::place(source, place, canvas, CanvasDrawing::Resampling::still);
         if (!(content.cornerRadiusFraction > 0)) return placed;
         const double radius = std::min(place.width, place.height) * content.cornerRadiusFraction;
-        return CameraRenderer::masked(placed, CameraRenderer::makeRoundedRectMask(place, radius, canvas));
+        return CanvasDrawing::masked(placed, CanvasDrawing::makeRoundedRectMask(place, radius, canvas));
     };
     // Drawing it larger than the file brings out nothing more.
     const double detailLeft = std::max(1.0, source.extent().height / std::max(rect.height, 1e-6));

@@ -139,20 +139,20 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
             const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
             resolved.push_back({layer, makeRenderer(layer, place, build), window, anchor,
                 {layer.effects, bounds_, vignettedOf(layer)}});
-            needsMainActorRender_ = needsMainActorRender_ || resolved.back().renderer->needsMainActorRender();
+            hasDevicesInSpace_ = hasDevicesInSpace_ || resolved.back().renderer->hasDevicesInSpace();
         }
     }
 }
 
-Image ResolvedComposition::frameOn(Executor executor, double globalSec) {
+Image ResolvedComposition::frame(double globalSec) {
     const auto sample = timeline_.sample(globalSec);
     if (!sample) return Image::solid(imaging::Color::black()).cropped(bounds_);
     const std::size_t from = sample->outgoing.index;
     restAllBut(from, sample->incoming ? sample->incoming->index : from);
-    const Image outgoing = renderSceneOn(executor, from, sample->outgoing.localSeconds);
+    const Image outgoing = renderScene(from, sample->outgoing.localSeconds);
     const auto& transition = spec_.scenes[from].transition;
     if (!sample->incoming || !transition) return outgoing;
-    const Image incoming = renderSceneOn(executor, sample->incoming->index, sample->incoming->localSeconds);
+    const Image incoming = renderScene(sample->incoming->index, sample->incoming->localSeconds);
     const double elapsedSec = sample->progress * transition->durationSec;
     const double eased = KineticMath::evaluate(transition->curve, elapsedSec, transition->durationSec).value;
     return TransitionBlend::blend(
@@ -167,14 +167,13 @@ void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming)
             for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
 }
 
-Image ResolvedComposition::renderSceneOn(Executor executor, std::size_t scene, double localSec) {
+Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
     std::vector<Image> bottomToTop{backgrounds_[scene]};
     for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
         if (!resolved->window.contains(localSec)) continue;
         const double layerSec = localSec - resolved->window.startSec;
         CompositionLayerContentRenderer& renderer = *resolved->renderer;
-        const auto content = executor == Executor::main ? renderer.contentImageOnMain(layerSec)
-                                                        : renderer.contentImage(layerSec);
+        const auto content = renderer.contentImage(layerSec);
         if (!content) continue;
         if (const auto finished = resolved->finish(*content, layerSec, bounds_.height, bounds_))
             bottomToTop.push_back(*finished);

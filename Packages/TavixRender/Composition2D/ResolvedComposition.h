@@ -34,20 +34,13 @@ public:
     const CompositionSpec& spec() const { return spec_; }
     const CompositionTimeline& timeline() const { return timeline_; }
     const imaging::Rect& bounds() const { return bounds_; }
-    bool needsMainActorRender() const { return needsMainActorRender_; }
+    bool hasDevicesInSpace() const { return hasDevicesInSpace_; }
     // Of a scene; layers that are never shown have no entry.
     const std::vector<ResolvedCompositionLayer>& layers(std::size_t scene) const { return layers_[scene]; }
 
-    // On any thread, when nothing needs the main executor; what does is left out.
-    imaging::Image frame(double globalSec) { return frameOn(Executor::any, globalSec); }
-    imaging::Image renderScene(std::size_t scene, double localSec) {
-        return renderSceneOn(Executor::any, scene, localSec);
-    }
-    // On the main executor, with everything.
-    imaging::Image frameOnMain(double globalSec) { return frameOn(Executor::main, globalSec); }
-    imaging::Image renderSceneOnMain(std::size_t scene, double localSec) {
-        return renderSceneOn(Executor::main, scene, localSec);
-    }
+    imaging::Image frame(double globalSec);
+    // Without the transitions around it.
+    imaging::Image renderScene(std::size_t scene, double localSec);
     // Lets the screens of 3D devices lag behind while someone drags through the time.
     void setScrubQuality(bool isOn);
     // In document order, but neighbouring devices in space that are live at that time stand with the nearest
@@ -58,10 +51,6 @@ public:
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
-    enum class Executor { any, main };
-
-    imaging::Image frameOn(Executor executor, double globalSec);
-    imaging::Image renderSceneOn(Executor executor, std::size_t scene, double localSec);
     void buildBackgrounds(const LayerBuild& build);
     void buildLayers(const LayerBuild& build);
     void restAllBut(std::size_t outgoing, std::size_t incoming);
@@ -72,7 +61,7 @@ private:
     std::vector<imaging::Image> backgrounds_;
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
     std::pair<std::size_t, std::size_t> shownScenes_{0, 0};   // of the last frame; one twice, or two
-    bool needsMainActorRender_ = false;
+    bool hasDevicesInSpace_ = false;
 };
 
 }   // namespace tavix

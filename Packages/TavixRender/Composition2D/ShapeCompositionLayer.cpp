@@ -1,7 +1,7 @@
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
 
 #include "TavixRender/Composition2D/CanvasEdge.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <variant>
@@ -19,10 +19,10 @@ constexpr double ellipseCornerFraction = 0.5;
 Image filled(const ShapeFill& fill, const PixelRect& rect, double radiusPx, const Rect& canvas) {
     if (const auto* color = std::get_if<RGBAColor>(&fill))
         return Image::roundedRectangle(
-            CameraRenderer::flipped(rect, canvas), radiusPx, CameraRenderer::colorOf(*color));
-    const Image mask = CameraRenderer::makeRoundedRectMask(rect, radiusPx, canvas);
-    const Image colors = CameraRenderer::gradientAcross(std::get<LinearGradient>(fill), canvas);
-    return CameraRenderer::masked(colors.cropped(mask.extent()), mask);
+            CanvasDrawing::flipped(rect, canvas), radiusPx, CanvasDrawing::colorOf(*color));
+    const Image mask = CanvasDrawing::makeRoundedRectMask(rect, radiusPx, canvas);
+    const Image colors = CanvasDrawing::gradientAcross(std::get<LinearGradient>(fill), canvas);
+    return CanvasDrawing::masked(colors.cropped(mask.extent()), mask);
 }
 
 Image drawn(const ShapeContent& shape, const PixelPoint& center, const Rect& canvas) {

@@ -2,7 +2,7 @@
 
 #include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 
@@ -40,7 +40,7 @@ VideoCompositionLayer::VideoCompositionLayer(const VideoContent& content, const 
     if (!(content.cornerRadiusFraction > 0)) return;
     const PixelRect target = targetOf(content, bounds_);
     const double radius = std::min(target.width, target.height) * content.cornerRadiusFraction;
-    mask_ = CameraRenderer::makeRoundedRectMask(target, radius, bounds_);
+    mask_ = CanvasDrawing::makeRoundedRectMask(target, radius, bounds_);
 }
 
 std::optional<Image> VideoCompositionLayer::contentImage(double localSec) {
@@ -49,10 +49,10 @@ std::optional<Image> VideoCompositionLayer::contentImage(double localSec) {
     const Image source = CompositionSourceCrop::apply(*frame, content_.sourceRect);
     if (source.extent().isEmpty()) return std::nullopt;
     const Place place = placeOf(content_, source.extent(), bounds_);
-    Image placed = CameraRenderer::place(source, place.shown, bounds_, CameraRenderer::Resampling::live);
+    Image placed = CanvasDrawing::place(source, place.shown, bounds_, CanvasDrawing::Resampling::live);
     if (content_.fit == VideoFit::cover)
-        placed = placed.cropped(CameraRenderer::flipped(place.target, bounds_));
-    return mask_ ? CameraRenderer::masked(placed, *mask_) : placed;
+        placed = placed.cropped(CanvasDrawing::flipped(place.target, bounds_));
+    return mask_ ? CanvasDrawing::masked(placed, *mask_) : placed;
 }
 
 }   // namespace tavix

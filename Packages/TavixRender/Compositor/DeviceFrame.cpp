@@ -5,14 +5,14 @@
 #include "TavixRender/Assets/BundledFrames.h"
 #include "TavixRender/Assets/FileIdentity.h"
 #include "TavixRender/Composition2D/CompositionAssets.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <deque>
 #include <mutex>
 #include <string>
 
-namespace tavix::CameraRenderer {
+namespace tavix::CanvasDrawing {
 
 namespace {
 
@@ -97,4 +97,4 @@ FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const i
     return fitted;
 }
 
-}   // namespace tavix::CameraRenderer
+}   // namespace tavix::CanvasDrawing

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace tavix::CameraRenderer {
+namespace tavix::CanvasDrawing {
 
 // Rectangles have a top-left origin. The picture is the file's, in its own size; it is empty when there is
 // none to read, and the rectangles are those of the catalog's shape then.
@@ -28,4 +28,4 @@ FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const i
 imaging::Image resolveFrameImage(const DeviceMockup& mockup,
     const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
 
-}   // namespace tavix::CameraRenderer
+}   // namespace tavix::CanvasDrawing

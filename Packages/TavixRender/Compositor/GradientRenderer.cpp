@@ -1,5 +1,5 @@
-// The gradient of CameraRenderer.
-#include "TavixRender/Compositor/CameraRenderer.h"
+// The gradient of CanvasDrawing.
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace tavix::CameraRenderer {
+namespace tavix::CanvasDrawing {
 
 imaging::Image gradientAcross(const LinearGradient& gradient, const imaging::Rect& bounds) {
     std::vector<imaging::ColorStop> stops;
@@ -25,4 +25,4 @@ imaging::Image gradientAcross(const LinearGradient& gradient, const imaging::Rec
         {middle.x + dx * half, middle.y + dy * half}, std::move(stops));
 }
 
-}   // namespace tavix::CameraRenderer
+}   // namespace tavix::CanvasDrawing

@@ -1,7 +1,7 @@
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include "TavixCore/Device/DeviceScene.h"
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
 #include <utility>
 #include <vector>

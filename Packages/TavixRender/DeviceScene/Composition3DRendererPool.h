@@ -14,15 +14,15 @@
 
 namespace tavix {
 
-class RealityDeviceSceneRenderer;
+class DeviceSceneRenderer;
 struct DeviceScene3D;
 
-// The pool itself may be reached from any thread. What it hands out is used by the main executor alone, and
-// so are `liveApply` and `setLiveMode`.
+// The pool itself may be reached from any thread. What it hands out is used by one thread at a time, and so
+// are `liveApply` and `setLiveMode`.
 class Composition3DRendererPool {
 public:
     // A layer's stage, shared with the layer that draws through it.
-    using Renderer = std::shared_ptr<RealityDeviceSceneRenderer>;
+    using Renderer = std::shared_ptr<DeviceSceneRenderer>;
 
     // The place of a layer in its document: the indices of its scene and of the layer within it. An id would
     // not do, since nothing keeps two layers from having the same one.

@@ -9,8 +9,8 @@
 
 namespace tavix {
 
-// Shared, mutable: three phones of a scene need the memory and the threads of one. Used by the main executor
-// alone.
+// Shared, mutable: three phones of a scene need the memory and the threads of one. Used by one
+// thread at a time.
 struct DeviceDarkroom {
     explicit DeviceDarkroom(const scene3d::RendererOptions& options = {}) : engine(options) {}
 

@@ -25,10 +25,10 @@ CachedMaster& cachedMaster() {
 
 }   // namespace
 
-std::optional<std::filesystem::path> modelURL() { return ResourceFolders::find("models/device-phone.glb"); }
+std::optional<std::filesystem::path> modelPath() { return ResourceFolders::find("models/device-phone.glb"); }
 
 scene3d::EntityRef freshModelInstance() {
-    const auto url = modelURL();
+    const auto url = modelPath();
     if (!url) return nullptr;
     CachedMaster& master = cachedMaster();
     const std::lock_guard guard(master.lock);

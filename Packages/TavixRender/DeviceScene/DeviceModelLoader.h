@@ -9,7 +9,7 @@
 namespace tavix::DeviceModelLoader {
 
 // "models/device-phone.glb" of the resource folders, or nothing when the program was installed without it.
-std::optional<std::filesystem::path> modelURL();
+std::optional<std::filesystem::path> modelPath();
 
 // A tree of one's own over shared meshes: the file is read once per process, while it stays what it is, and
 // cloned from then on. Empty

@@ -96,7 +96,7 @@ std::optional<DeviceStage> DeviceStage::build(EntityRef model, DeviceFinish fini
     return stage;
 }
 
-// The lamps belong to the rig and not to the phone: they travel and grow with it, and it turns in their
+// The lights belong to the rig and not to the phone: they travel and grow with it, and it turns in their
 // light.
 void DeviceStage::hangUp() {
     scene_.root = Entity::make("stage");

@@ -1,5 +1,5 @@
-// The space in which a device is photographed: the model, the rig that carries it through the picture, lamps,
-// camera and the studio around them. It knows how things stand; drawing them is somebody else's work.
+// The space in which a device is photographed: the model, the rig that carries it through the picture,
+// lights, camera and the studio around them. It knows how things stand; drawing them is somebody else's work.
 #pragma once
 
 #include "TavixCore/Device/DeviceFinish.h"
@@ -51,7 +51,7 @@ public:
     // Throws `Failure` when the studio cannot be made.
     static std::optional<DeviceStage> build(scene3d::EntityRef model, DeviceFinish finish);
 
-    // Camera and lamps as the scene tells, and the model as tall as `heightFraction` of the view at its
+    // Camera and lights as the scene tells, and the model as tall as `heightFraction` of the view at its
     // distance; nothing: as tall as one unit of the stage.
     void setUp(const DeviceScene& scene, std::optional<double> heightFraction);
     void stand(const DeviceStance& stance);

@@ -1,5 +1,5 @@
 // The look of the device in space: which mesh is what, by the names of its materials; the body's materials in
-// each finish; two repairs of the model's geometry; the lamps and the surroundings.
+// each finish; two repairs of the model's geometry; the lights and the surroundings.
 #pragma once
 
 #include "TavixCore/Device/DeviceFinish.h"
@@ -55,13 +55,13 @@ struct PreparedModel {
 // Changes the tree in place: sheets over the screen and artifacts are disabled, the body takes the finish.
 PreparedModel prepare(const scene3d::EntityRef& model, DeviceFinish finish);
 
-// Three entities of the scene that carry its lamps.
+// Three entities of the scene that carry its lights.
 struct Lights {
     scene3d::EntityRef key, fill, rim;
 };
 
-// Sets lamps and transforms by the scene's intensity and key direction, and hangs them under the parent: they
-// travel with it while the device turns in their light. Surroundings are the scene's own.
+// Sets lights and transforms by the scene's intensity and key direction, and hangs them under the parent:
+// they travel with it while the device turns in their light. Surroundings are the scene's own.
 void installLighting(const Lights& lights, scene3d::Entity& lightParent, const DeviceScene& scene);
 
 // In the parent's space; turned by `degrees.x` about x and `degrees.y` about y.

@@ -1,4 +1,4 @@
-// Lamps and surroundings of the studio.
+// Lights and surroundings of the studio.
 #include "TavixCore/Device/DeviceScene.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/DeviceScene/DeviceStudio.h"
@@ -16,7 +16,7 @@ constexpr int widthPx = 512, heightPx = 256;
 constexpr Rect canvas{0, 0, widthPx, heightPx};
 constexpr float environmentExponent = 0.15f;
 
-// A lamp of even colour with soft edges.
+// A light of even colour with soft edges.
 struct SoftBox {
     Color color;
     Rect rect;

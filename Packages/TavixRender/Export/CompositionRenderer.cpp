@@ -44,7 +44,7 @@ template <class Encoder> void walkFrames(Encoder& encoder, const Run& run) {
     const std::int64_t framesPerReport = std::max<std::int64_t>(fps.frameNearest(1), 1);
     for (std::int64_t i = 0; i < run.frameCount; ++i) {
         if (run.stop.stop_requested()) throw RenderStopped();
-        encoder.append(run.resolved.frameOnMain(fps.secAt(i)), i);
+        encoder.append(run.resolved.frame(fps.secAt(i)), i);
         const double done = double(i) / double(run.frameCount);
         if (i % framesPerReport == 0 && run.onProgress) run.onProgress(done);
         if (i % (secondsPerLogLine * framesPerReport) == 0)
@@ -83,7 +83,7 @@ void renderStill(
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
     ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
-    FrameSequenceEncoder::writeStill(resolved.frameOnMain(atSec), size, file, evaluator);
+    FrameSequenceEncoder::writeStill(resolved.frame(atSec), size, file, evaluator);
 }
 
 std::int64_t frameCount(const CompositionSpec& spec) {

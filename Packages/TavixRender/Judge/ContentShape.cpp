@@ -3,7 +3,7 @@
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 
@@ -94,7 +94,7 @@ struct Maker {
         return flatDeviceGeometry(device, setting);
     }
 
-    Rect flipped(const PixelRect& rect) const { return CameraRenderer::flipped(rect, setting.canvas); }
+    Rect flipped(const PixelRect& rect) const { return CanvasDrawing::flipped(rect, setting.canvas); }
     // Crops round outward to whole pixels.
     static Rect sourceOf(imaging::Size size, const std::optional<NormalizedRect>& part) {
         const Rect all{0, 0, double(size.width), double(size.height)};

@@ -1,7 +1,7 @@
 #include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/Judge/ContentShape.h"
 
 #include <algorithm>
@@ -39,7 +39,7 @@ public:
         const CameraFrameTransform move =
             FlatDeviceMotion::moveAt(trajectory_, localSec, rects_.frame, canvas_.height);
         const auto moved = [&](const PixelRect& rect) {
-            return CameraRenderer::flipped(
+            return CanvasDrawing::flipped(
                 {rect.x * move.scale + move.translateX, rect.y * move.scale + move.translateY,
                     rect.width * move.scale, rect.height * move.scale},
                 canvas_);

@@ -40,9 +40,9 @@ public:
     Screening(const CompositionSpec& spec, const Request& request)
         : resolved_(spec, request.assetRoot, evaluator_, request.log, &stages_) {}
 
-    imaging::Bitmap frame(double globalSec) { return drawn(resolved_.frameOnMain(globalSec)); }
+    imaging::Bitmap frame(double globalSec) { return drawn(resolved_.frame(globalSec)); }
     imaging::Bitmap scene(std::size_t index, double localSec) {
-        return drawn(resolved_.renderSceneOnMain(index, localSec));
+        return drawn(resolved_.renderScene(index, localSec));
     }
 
 private:

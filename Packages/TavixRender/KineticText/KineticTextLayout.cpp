@@ -3,7 +3,7 @@
 #include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Captions/CaptionLayout.h"
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -98,7 +98,7 @@ public:
 private:
     text::StyledText styledText() const {
         const imaging::Color fill =
-            request_.colorAnimated ? imaging::Color::white() : CameraRenderer::colorOf(style_.textColor);
+            request_.colorAnimated ? imaging::Color::white() : CanvasDrawing::colorOf(style_.textColor);
         text::StyledText styled{request_.text, resolved_.font, fill};
         styled.hasLigatures = request_.scope != AnimationScope::character;
         for (const auto& [word, look] : emphasis_) {
@@ -107,7 +107,7 @@ private:
             if (!hasColor && !look.fontWeight) continue;
             styled.ranges.push_back({words_[word],
                 look.fontWeight ? applyWeight(resolved_.font, *look.fontWeight) : resolved_.font,
-                hasColor ? CameraRenderer::colorOf(*look.textColor) : fill});
+                hasColor ? CanvasDrawing::colorOf(*look.textColor) : fill});
         }
         return styled;
     }

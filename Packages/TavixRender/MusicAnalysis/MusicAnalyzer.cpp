@@ -3,7 +3,7 @@
 #include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixRender/MusicAnalysis/BeatPhase.h"
-#include "TavixRender/MusicAnalysis/LoudnessCourse.h"
+#include "TavixRender/MusicAnalysis/LoudnessEnvelope.h"
 #include "TavixRender/MusicAnalysis/OnsetNovelty.h"
 #include "TavixRender/MusicAnalysis/TempoEstimate.h"
 
@@ -80,10 +80,11 @@ BeatAnalysis analyze(std::span<const float> samples, double sampleRateHz) {
     const double beats = std::floor((result.durationSec - result.firstBeatSec) / periodSec) + 1;
     result.beatCount = std::max<std::int64_t>(static_cast<std::int64_t>(beats), 0);
 
-    LoudnessCourse course = loudnessCourse(samples, sampleRateHz);
-    if (course.dropSec)
-        result.dropSec = result.beatCount > 0 ? onBeat(*course.dropSec, result, periodSec) : *course.dropSec;
-    result.sections = std::move(course.sections);
+    LoudnessEnvelope envelope = loudnessEnvelope(samples, sampleRateHz);
+    if (envelope.dropSec)
+        result.dropSec =
+            result.beatCount > 0 ? onBeat(*envelope.dropSec, result, periodSec) : *envelope.dropSec;
+    result.sections = std::move(envelope.sections);
     result.onsetsSec = OnsetNovelty::onsetsSec(novelty, sampleRateHz);
     return result;
 }

@@ -3,7 +3,7 @@
 #include "RenderTestKit.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -44,7 +44,7 @@ protected:
         return {
             spec, folder.path(), evaluator, [this](const std::string& line) { log.push_back(line); }, pool};
     }
-    Picture drawn(double sec = 0) { return Picture(resolved().frameOnMain(sec), canvas); }
+    Picture drawn(double sec = 0) { return Picture(resolved().frame(sec), canvas); }
 
     testing::TemporaryFolder folder;
     DeviceContent device;
@@ -55,18 +55,17 @@ protected:
 
 constexpr Pixel red{255, 0, 0, 255}, blue{0, 0, 255, 255};
 
-TEST_F(DeviceInSpace, IsDrawnByTheMainExecutorAlone) {
+TEST_F(DeviceInSpace, StandsInTheFrame) {
     ResolvedComposition composition = resolved();
-    EXPECT_TRUE(composition.needsMainActorRender());
-    EXPECT_EQ(Picture(composition.frame(0), canvas).at(60, 107), blue);
-    EXPECT_EQ(Picture(composition.frameOnMain(0), canvas).at(60, 107), red);
-    EXPECT_EQ(composition.frameOnMain(0.4).hash(), composition.frameOnMain(1).hash()) << "nothing moves";
+    EXPECT_TRUE(composition.hasDevicesInSpace());
+    EXPECT_EQ(Picture(composition.frame(0), canvas).at(60, 107), red);
+    EXPECT_EQ(composition.frame(0.4).hash(), composition.frame(1).hash()) << "nothing moves";
     EXPECT_THAT(log, ::testing::IsEmpty());
 }
 
 TEST_F(DeviceInSpace, IsFlatWithoutAModelAndSaysSo) {
     setenv("TAVIX_RESOURCES", folder.path().c_str(), 1);
-    EXPECT_FALSE(resolved().needsMainActorRender());
+    EXPECT_FALSE(resolved().hasDevicesInSpace());
     EXPECT_EQ(drawn().at(60, 107), red);
     EXPECT_THAT(log, ::testing::Contains(
                          "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
@@ -123,8 +122,8 @@ TEST_F(DeviceInSpace, ShowsEveryPhoneOfAFilmAsAStillDoesWhateverTheyAreCalled) {
             for (const double sec : {0.0, 0.3, 0.6, 0.9}) {
                 Composition3DRendererPool own;
                 ResolvedComposition alone(spec, folder.path(), evaluator, {}, isPooled ? &own : nullptr);
-                const Picture still(alone.frameOnMain(sec), canvas);
-                EXPECT_EQ(Picture(film.frameOnMain(sec), canvas), still) << sec;
+                const Picture still(alone.frame(sec), canvas);
+                EXPECT_EQ(Picture(film.frame(sec), canvas), still) << sec;
                 EXPECT_GT(still.at(27, 107).r, 100) << sec << " the left one";
                 EXPECT_GT(still.at(93, 107).r, 100) << sec << " the right one";
             }

@@ -191,7 +191,7 @@ TEST_F(FlatDevice, TakesTheFirstFrameThatCanBeRead) {
     const auto sky = *DeviceCatalog::device("iphone-air-sky-blue");
     const auto colorOf = [&] {
         StillImageCache images({});
-        const Image frame = CameraRenderer::resolveFrameImage(device.mockup, folder.path(), images);
+        const Image frame = CanvasDrawing::resolveFrameImage(device.mockup, folder.path(), images);
         return frame.isEmpty() ? clear : Picture(frame, {2, 2}).at(0, 0);
     };
     device.mockup.bundledID = sky.id;
@@ -212,7 +212,7 @@ TEST_F(FlatDevice, AFrameThatWasReplacedIsReadAgain) {
         write("frame.png", Image::solid(color), {100, 200});
         std::filesystem::last_write_time(folder.path() / "frame.png", std::filesystem::file_time_type{});
         StillImageCache images({});
-        return Picture(CameraRenderer::resolveFrameImage(device.mockup, folder.path(), images), {2, 2})
+        return Picture(CanvasDrawing::resolveFrameImage(device.mockup, folder.path(), images), {2, 2})
             .at(0, 0);
     };
     EXPECT_EQ(colorAfterWriting({1, 0, 0, 1}), red);
@@ -222,7 +222,7 @@ TEST_F(FlatDevice, AFrameThatWasReplacedIsReadAgain) {
 TEST_F(FlatDevice, FitsItsFrameIntoThePaddedCanvas) {
     const auto fitted = [&](double padding, imaging::Size size) {
         StillImageCache images({});
-        return CameraRenderer::resolveDevice(
+        return CanvasDrawing::resolveDevice(
             device.mockup, padding, {0, 0, double(size.width), double(size.height)}, folder.path(), images);
     };
     EXPECT_EQ(fitted(10, {1000, 220}).frameRect, (PixelRect{450, 10, 100, 200}));

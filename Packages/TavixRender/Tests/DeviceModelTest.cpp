@@ -44,11 +44,11 @@ private:
 TEST(DeviceModelLoader, GivesNothingWithoutAFileAndFailsAtABrokenOne) {
     const testing::TemporaryFolder folder;
     const NamedResources resources(folder.path());
-    EXPECT_FALSE(DeviceModelLoader::modelURL());
+    EXPECT_FALSE(DeviceModelLoader::modelPath());
     EXPECT_FALSE(DeviceModelLoader::freshModelInstance());
     std::filesystem::create_directories(folder.path() / "models");
     std::ofstream(folder.path() / "models/device-phone.glb") << "not a model";
-    EXPECT_TRUE(DeviceModelLoader::modelURL());
+    EXPECT_TRUE(DeviceModelLoader::modelPath());
     for (int attempt = 0; attempt < 2; ++attempt)
         EXPECT_THROW(DeviceModelLoader::freshModelInstance(), scene3d::SceneError);
 }

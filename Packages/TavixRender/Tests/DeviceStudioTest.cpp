@@ -202,7 +202,7 @@ TEST(DeviceStudioLight, HangsUnderItsParentAndFollowsTheScene) {
     const auto& spot = std::get<scene3d::SpotLight>(*lights.key->light);
     EXPECT_TRUE(spot.castsShadow);
     const float before = spot.intensityLumen;
-    // The lamp looks along -z at a point a little above the device's middle.
+    // The light looks along -z at a point a little above the device's middle.
     const Vec3 position = lights.key->transform.position;
     const Vec3 look = lights.key->transform.matrix().applyToDirection({0, 0, -1});
     EXPECT_LT(scene3d::length(look - scene3d::normalized(Vec3{0, 0.24f, 0} - position)), 1e-6f);

@@ -46,7 +46,7 @@ protected:
             DeviceChoreographyExpander::expand(preset, source, spec.output, params)->layers;
         fitToFrame(preset, spec.scenes[0].layers, spec.output);
         ResolvedComposition resolved(spec, folder.path(), evaluator, {});
-        return Picture(resolved.frameOnMain(sec), size);
+        return Picture(resolved.frame(sec), size);
     }
 
     testing::TemporaryFolder folder;

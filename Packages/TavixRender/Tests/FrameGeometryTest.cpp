@@ -211,7 +211,7 @@ TEST_F(BoxesAgainstInk, AgreeToAPixelOverGeneratedDocuments) {
 }
 
 TEST_F(BoxesAgainstInk, AgreeForADeviceInSpace) {
-    if (!DeviceModelLoader::modelURL()) GTEST_SKIP() << "without the model of the phone";
+    if (!DeviceModelLoader::modelPath()) GTEST_SKIP() << "without the model of the phone";
     for (unsigned seed = 1; seed <= 8; ++seed) {
         Dice dice(seed);
         const imaging::Size canvas{320, 240};
@@ -233,7 +233,7 @@ TEST_F(BoxesAgainstInk, AgreeForADeviceInSpace) {
         const CompositionGeometry geometry(spec, assets);
         ResolvedComposition drawn(spec, folder.path(), evaluator, {});
         const auto told = geometry.layerAt(0, 0, 0.5);
-        const Box ink = inkOf(Picture(drawn.renderSceneOnMain(0, 0.5), canvas), faint);
+        const Box ink = inkOf(Picture(drawn.renderScene(0, 0.5), canvas), faint);
         SCOPED_TRACE("seed " + std::to_string(seed));
         ASSERT_TRUE(told);
         if (ink.isEmpty()) {

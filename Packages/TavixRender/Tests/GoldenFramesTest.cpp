@@ -49,7 +49,7 @@ imaging::Bitmap drawn(const GoldenFrame& frame, const fs::path& assets) {
     ResolvedComposition composition(
         spec, assets, evaluator, [](const std::string& line) { ADD_FAILURE() << line; });
     const imaging::Size size = canvasSize(spec);
-    return evaluator.draw(composition.frameOnMain(std::stod(frame.seconds)), {0, 0, size.width, size.height});
+    return evaluator.draw(composition.frame(std::stod(frame.seconds)), {0, 0, size.width, size.height});
 }
 
 // What differs, made eight times stronger, on black.

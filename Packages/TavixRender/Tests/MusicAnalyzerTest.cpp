@@ -2,7 +2,7 @@
 
 #include "TavixCore/Support/Document.h"
 #include "TavixRender/MusicAnalysis/BeatPhase.h"
-#include "TavixRender/MusicAnalysis/LoudnessCourse.h"
+#include "TavixRender/MusicAnalysis/LoudnessEnvelope.h"
 #include "TavixRender/MusicAnalysis/OnsetNovelty.h"
 #include "TestMusic.h"
 
@@ -112,7 +112,7 @@ TEST(MusicAnalyzer, hearsTheSameAtAnotherLevel) {
     EXPECT_NEAR(a.sections[0].meanRmsDb - b.sections[0].meanRmsDb, 20 * std::log10(4), 0.01);
 }
 
-TEST(LoudnessCourse, isEvenInSectionsAndJumpsBetweenThem) {
+TEST(LoudnessEnvelope, isEvenInSectionsAndJumpsBetweenThem) {
     struct Row {
         double durationSec, quietUntilSec;
         bool drops;
@@ -127,15 +127,15 @@ TEST(LoudnessCourse, isEvenInSectionsAndJumpsBetweenThem) {
         std::vector<float> samples = test::noise(durationSec, 0.5);
         for (std::size_t i = 0; i < static_cast<std::size_t>(quietUntilSec * musicRateHz); ++i)
             samples[i] *= 0.1f;
-        const LoudnessCourse course = loudnessCourse(samples, musicRateHz);
+        const LoudnessEnvelope envelope = loudnessEnvelope(samples, musicRateHz);
         SCOPED_TRACE(durationSec);
-        ASSERT_EQ(course.dropSec.has_value(), drops);
-        EXPECT_NEAR(course.dropSec.value_or(quietUntilSec), quietUntilSec, 0.3);
-        ASSERT_EQ(course.sections.size(), sections);
+        ASSERT_EQ(envelope.dropSec.has_value(), drops);
+        EXPECT_NEAR(envelope.dropSec.value_or(quietUntilSec), quietUntilSec, 0.3);
+        ASSERT_EQ(envelope.sections.size(), sections);
         for (std::size_t i = 1; i < sections; ++i)
-            EXPECT_LT(course.sections[i - 1].startSec, course.sections[i].startSec);
+            EXPECT_LT(envelope.sections[i - 1].startSec, envelope.sections[i].startSec);
     }
-    const LoudnessCourse silent = loudnessCourse(std::vector<float>(22050 * 6), musicRateHz);
+    const LoudnessEnvelope silent = loudnessEnvelope(std::vector<float>(22050 * 6), musicRateHz);
     EXPECT_THAT(silent.sections, ElementsAre(BeatAnalysis::Section{0, -80}));
 }
 
@@ -161,7 +161,7 @@ TEST(BeatAnalysis, isReadAsItWasWritten) {
     found.alternativeBpm = 60;
     EXPECT_EQ(decodeJson<BeatAnalysis>(encodedJson(found)), found);
     EXPECT_EQ(decodeJson<BeatAnalysis>("{}"), BeatAnalysis());
-    EXPECT_EQ(BeatAnalysis::sidecarURL("music/song.mp3"), "music/song.beats.json");
+    EXPECT_EQ(BeatAnalysis::sidecarPath("music/song.mp3"), "music/song.beats.json");
 }
 
 }   // namespace

@@ -116,7 +116,7 @@ protected:
     static Picture alone(const CompositionSpec& spec, double sec) {
         imaging::Evaluator evaluator({.threadCount = 1, .cacheBytes = 0});
         ResolvedComposition composition(spec, assets->path(), evaluator, complain);
-        return Picture(evaluator.draw(composition.frameOnMain(sec), {0, 0, size.width, size.height}).view());
+        return Picture(evaluator.draw(composition.frame(sec), {0, 0, size.width, size.height}).view());
     }
 
     static std::unique_ptr<testsupport::TemporaryFolder> assets;
@@ -132,7 +132,7 @@ TEST_F(RandomFilms, AreTheSameWithAndWithoutAllThatIsKept) {
         ResolvedComposition composition(spec, assets->path(), evaluator, complain);
         imaging::FrameSurface surface(evaluator, size);
         for (int frame = 0; frame < 13; ++frame) {
-            surface.update(composition.frameOnMain(frame / 10.0));
+            surface.update(composition.frame(frame / 10.0));
             ASSERT_EQ(Picture(surface.pixels()).distanceTo(alone(spec, frame / 10.0)), 0)
                 << "frame " << frame;
         }
@@ -149,7 +149,7 @@ TEST_F(RandomFilms, HaveTheStillsOfTheirFrames) {
     ResolvedComposition composition(spec, assets->path(), evaluator, complain);
     imaging::FrameSurface surface(evaluator, size);
     for (int frame = 0; frame < 13; ++frame) {
-        surface.update(composition.frameOnMain(frame / 10.0));
+        surface.update(composition.frame(frame / 10.0));
         const auto file = assets->path() / "still.png";
         CompositionRenderer::renderStill(config, frame / 10.0, file);
         EXPECT_EQ(Picture(media::loadStillImage(file).view()).distanceTo(Picture(surface.pixels())), 0)

@@ -280,7 +280,7 @@ TEST_F(Resolving, ServesAPreviewWithItsMeasures) {
     EXPECT_DOUBLE_EQ(source.totalSec(), 3.2);
     EXPECT_EQ(source.fps(), 30);
     EXPECT_EQ(source.size(), size);
-    EXPECT_FALSE(source.needsMainActorRender());
+    EXPECT_FALSE(source.hasDevicesInSpace());
     ResolvedComposition composition = resolved(livelySpec());
     EXPECT_EQ(Picture(source.frame(0.4), size), Picture(composition.frame(0.4), size));
 }

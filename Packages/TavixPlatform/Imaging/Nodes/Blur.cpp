@@ -28,7 +28,7 @@ public:
         return part.isEmpty() || input->contribution(grownBy(part, reachPx())).isNothing() ? Digest{}
                                                                                            : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     // How far a pixel may look: the taps, and the width of the pyramid's coarsest filters beyond them.
     int reachPx() const { return int(std::ceil(6 * sigmaPx)) + 2; }
 
@@ -88,19 +88,20 @@ private:
     std::shared_ptr<const GaussianPyramid> pyramid_;
 };
 
-DrawableRef BlurredNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+DrawableRef BlurredNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     const PixelRegion region = worthKeeping(support(), wanted);
     std::unique_ptr<RowDrawable> rows;
     if (GaussianPyramid::halvingsFor(sigmaPx) == 0) {
         rows = std::make_unique<NarrowBlur>(
-            self, BlurSource::of(workshop, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
+            self, BlurSource::of(context, input, grownBy(wanted, reachPx())), gaussianTaps(sigmaPx));
     } else {
         const ResultCache::Subject subject{ResultCache::Kind::pyramid, self, region};
-        auto pyramid = std::static_pointer_cast<const GaussianPyramid>(workshop.cache().find(subject));
+        auto pyramid = std::static_pointer_cast<const GaussianPyramid>(context.cache().find(subject));
         if (!pyramid) {
-            const BlurSource source = BlurSource::of(workshop, input, grownBy(region, reachPx()));
-            pyramid = std::make_shared<const GaussianPyramid>(workshop, source, sigmaPx, region);
-            workshop.cache().keep(subject, pyramid, pyramid->byteCount());
+            const BlurSource source = BlurSource::of(context, input, grownBy(region, reachPx()));
+            pyramid = std::make_shared<const GaussianPyramid>(context, source, sigmaPx, region);
+            context.cache().keep(subject, pyramid, pyramid->byteCount());
         }
         rows = std::make_unique<WideBlur>(self, std::move(pyramid));
     }

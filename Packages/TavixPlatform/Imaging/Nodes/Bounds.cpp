@@ -23,7 +23,7 @@ public:
         if (below.isNothing() || part == region) return below;
         return hashOf(NodeKind::cropped).add(below).add(support()).digest();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
 };
 
@@ -43,8 +43,9 @@ private:
     DrawableRef input_;
 };
 
-DrawableRef CroppedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<CroppedDrawable>(self, workshop.prepare(input, wanted));
+DrawableRef CroppedNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<CroppedDrawable>(self, context.prepare(input, wanted));
 }
 
 // The part of an edge that a region outside it looks at.
@@ -66,7 +67,7 @@ public:
         : Node(Rect::infinite(), continuedSupport(*in)), input(in), edge(pixelsCovering(in->extent())) {}
     void describe(Structure& s) const override { s.kind(NodeKind::continued).add(input); }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(nearest(region, edge)); }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
     const PixelRegion edge;
 };
@@ -93,8 +94,9 @@ private:
     DrawableRef input_;
 };
 
-DrawableRef ContinuedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<ContinuedDrawable>(self, edge, workshop.prepare(input, nearest(wanted, edge)));
+DrawableRef ContinuedNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<ContinuedDrawable>(self, edge, context.prepare(input, nearest(wanted, edge)));
 }
 
 class TiledNode final : public Node {
@@ -104,7 +106,7 @@ public:
           cell(pixelsCovering(in->extent())) {}
     void describe(Structure& s) const override { s.kind(NodeKind::tiled).add(input); }
     bool isOpaque(const PixelRegion&) const override { return input->isOpaque(cell); }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
     const PixelRegion cell;
 };
@@ -135,10 +137,10 @@ private:
     BitmapRef bitmap_;
 };
 
-DrawableRef TiledNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion&) const {
+DrawableRef TiledNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion&) const {
     auto bitmap =
-        std::make_shared<Bitmap>(Bitmap::uninitialised({cell.width(), cell.height()}, workshop.pool()));
-    workshop.drawInto(input, Tile::of(bitmap->view(), cell));
+        std::make_shared<Bitmap>(Bitmap::uninitialised({cell.width(), cell.height()}, context.pool()));
+    context.drawInto(input, Tile::of(bitmap->view(), cell));
     return std::make_shared<TiledDrawable>(self, cell, bitmap);
 }
 

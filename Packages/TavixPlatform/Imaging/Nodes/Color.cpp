@@ -55,7 +55,7 @@ public:
     bool isOpaque(const PixelRegion& region) const override {
         return std::all_of(steps.begin(), steps.end(), keepsOpaque) && input->isOpaque(region);
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
     const std::vector<ColorStep> steps;
 };
@@ -104,8 +104,9 @@ private:
     DrawableRef input_;
 };
 
-DrawableRef ColoredNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<ColoredDrawable>(self, *this, workshop.prepare(input, wanted));
+DrawableRef ColoredNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<ColoredDrawable>(self, *this, context.prepare(input, wanted));
 }
 
 class FadedNode final : public Node {
@@ -118,7 +119,7 @@ public:
         const Digest below = input->contribution(region);
         return below.isNothing() ? below : hashOf(NodeKind::faded).add(below).add(alpha).digest();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
     const double alpha;
 };
@@ -149,8 +150,8 @@ private:
     DrawableRef input_;
 };
 
-DrawableRef FadedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<FadedDrawable>(self, alpha, workshop.prepare(input, wanted));
+DrawableRef FadedNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<FadedDrawable>(self, alpha, context.prepare(input, wanted));
 }
 
 }   // namespace

@@ -16,7 +16,7 @@ public:
     bool isOpaque(const PixelRegion& region) const override {
         return a->isOpaque(region) || b->isOpaque(region);
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef a, b;
     const Joining joining;
 };
@@ -41,9 +41,10 @@ private:
     Joining joining_;
 };
 
-DrawableRef JoinedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+DrawableRef JoinedNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     return std::make_shared<JoinedDrawable>(
-        self, workshop.prepare(a, wanted), workshop.prepare(b, wanted), joining);
+        self, context.prepare(a, wanted), context.prepare(b, wanted), joining);
 }
 
 class AtopNode final : public Node {
@@ -55,7 +56,7 @@ public:
     Digest contribution(const PixelRegion& region) const override {
         return back->contribution(region).isNothing() ? Digest{} : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef front, back;
 };
 
@@ -78,9 +79,9 @@ private:
     DrawableRef front_, back_;
 };
 
-DrawableRef AtopNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+DrawableRef AtopNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     return std::make_shared<AtopDrawable>(
-        self, workshop.prepare(front, wanted), workshop.prepare(back, wanted));
+        self, context.prepare(front, wanted), context.prepare(back, wanted));
 }
 
 class MaskedNode final : public Node {
@@ -93,7 +94,7 @@ public:
     bool isOpaque(const PixelRegion& region) const override {
         return front->isOpaque(region) && back->isOpaque(region);
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef front, back, mask;
 };
 
@@ -120,9 +121,10 @@ private:
     DrawableRef front_, back_, mask_;
 };
 
-DrawableRef MaskedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    return std::make_shared<MaskedDrawable>(self, workshop.prepare(front, wanted),
-        workshop.prepare(back, wanted), workshop.prepare(mask, wanted));
+DrawableRef MaskedNode::prepare(
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    return std::make_shared<MaskedDrawable>(
+        self, context.prepare(front, wanted), context.prepare(back, wanted), context.prepare(mask, wanted));
 }
 
 }   // namespace

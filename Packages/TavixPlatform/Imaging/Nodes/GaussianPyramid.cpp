@@ -15,8 +15,9 @@ constexpr int rowsPerJob = 16;
 
 int floorDiv(int a, int b) { return a >= 0 ? a / b : -((-a + b - 1) / b); }
 
-void forRows(Workshop& workshop, const PixelRegion& region, const std::function<void(int, Scratch&)>& job) {
-    workshop.forEach((region.height() + rowsPerJob - 1) / rowsPerJob, [&](int strip, Scratch& scratch) {
+void forRows(
+    RenderContext& context, const PixelRegion& region, const std::function<void(int, Scratch&)>& job) {
+    context.forEach((region.height() + rowsPerJob - 1) / rowsPerJob, [&](int strip, Scratch& scratch) {
         const int first = region.y0 + strip * rowsPerJob;
         for (int y = first; y < std::min(first + rowsPerJob, region.y1); ++y) {
             const Scratch::Mark mark(scratch);
@@ -37,11 +38,11 @@ PixelRegion regionAfter(const PixelRegion& r) {
 }
 
 // One halving of the rows that `rowOf(y, x0, x1, scratch)` gives.
-template <class RowOf> void halveInto(Workshop& workshop, const FloatPicture& out, const RowOf& rowOf) {
+template <class RowOf> void halveInto(RenderContext& context, const FloatPicture& out, const RowOf& rowOf) {
     const PixelRegion from = regionBefore(out.region);
     const std::size_t floats = std::size_t(from.width()) * 4;
     static constexpr float weights[4] = {0.125f, 0.375f, 0.375f, 0.125f};
-    forRows(workshop, out.region, [&](int y, Scratch& scratch) {
+    forRows(context, out.region, [&](int y, Scratch& scratch) {
         const float* rows[4];
         for (int i = 0; i < 4; ++i) rows[i] = rowOf(2 * y - 1 + i, from.x0, from.x1, scratch);
         auto* sum = scratch.take<float>(floats);
@@ -51,19 +52,19 @@ template <class RowOf> void halveInto(Workshop& workshop, const FloatPicture& ou
 }
 
 // Separable convolution.
-void convolve(Workshop& workshop, const FloatPicture& in, bool isContinued, const FloatPicture& out,
+void convolve(RenderContext& context, const FloatPicture& in, bool isContinued, const FloatPicture& out,
     const std::vector<float>& taps) {
     const int radius = int(taps.size()) / 2;
     const PixelRegion& r = out.region;
     const PixelRegion tall = grownBy(r, radius);
-    const FloatPicture across({r.x0, tall.y0, r.x1, tall.y1}, workshop.pool());
-    forRows(workshop, across.region, [&](int y, Scratch& scratch) {
+    const FloatPicture across({r.x0, tall.y0, r.x1, tall.y1}, context.pool());
+    forRows(context, across.region, [&](int y, Scratch& scratch) {
         const float* row = in.row(y, tall.x0, tall.x1, isContinued, scratch);
         auto* rows = scratch.take<const float*>(taps.size());
         for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = row + t * 4;
         kernels().weightedSum(across.at(r.x0, y), rows, taps.data(), int(taps.size()), across.rowFloats());
     });
-    forRows(workshop, r, [&](int y, Scratch& scratch) {
+    forRows(context, r, [&](int y, Scratch& scratch) {
         auto* rows = scratch.take<const float*>(taps.size());
         for (std::size_t t = 0; t < taps.size(); ++t) rows[t] = across.at(r.x0, y - radius + int(t));
         kernels().weightedSum(out.at(r.x0, y), rows, taps.data(), int(taps.size()), out.rowFloats());
@@ -86,11 +87,11 @@ std::array<float, 4> splineWeights(double t) {
 
 }   // namespace
 
-BlurSource BlurSource::of(Workshop& workshop, const NodeRef& input, const PixelRegion& needed) {
+BlurSource BlurSource::of(RenderContext& context, const NodeRef& input, const PixelRegion& needed) {
     const auto [node, isContinued] = behind(input);
     const PixelRegion all = pixelsCovering(node->extent());
-    if (isContinued) return {workshop.pictureOf(node, all), all};
-    return {workshop.pictureOf(node, needed), {}};
+    if (isContinued) return {context.pictureOf(node, all), all};
+    return {context.pictureOf(node, needed), {}};
 }
 
 void BlurSource::row(float* out, int y, int x0, int x1) const {
@@ -168,7 +169,7 @@ int GaussianPyramid::halvingsFor(double sigmaPx) {
 }
 
 GaussianPyramid::GaussianPyramid(
-    Workshop& workshop, const BlurSource& source, double sigmaPx, const PixelRegion& wanted) {
+    RenderContext& context, const BlurSource& source, double sigmaPx, const PixelRegion& wanted) {
     const int halvings = halvingsFor(sigmaPx);
     phases_ = 1 << halvings;
     for (int phase = 0; phase < phases_; ++phase) weights_.push_back(splineWeights((phase + 0.5) / phases_));
@@ -186,21 +187,21 @@ GaussianPyramid::GaussianPyramid(
         held = regionAfter(held);
         regions[i] = isContinued ? held : intersection(regions[i], held);
     }
-    auto picture = std::make_unique<FloatPicture>(regions.back(), workshop.pool());
-    halveInto(workshop, *picture, [&](int y, int x0, int x1, Scratch& scratch) {
+    auto picture = std::make_unique<FloatPicture>(regions.back(), context.pool());
+    halveInto(context, *picture, [&](int y, int x0, int x1, Scratch& scratch) {
         auto* row = scratch.take<float>(std::size_t(x1 - x0) * 4);
         source.row(row, y, x0, x1);
         return row;
     });
     for (int i = halvings - 2; i >= 0; --i) {
-        auto half = std::make_unique<FloatPicture>(regions[std::size_t(i)], workshop.pool());
-        halveInto(workshop, *half, [&](int y, int x0, int x1, Scratch& scratch) {
+        auto half = std::make_unique<FloatPicture>(regions[std::size_t(i)], context.pool());
+        halveInto(context, *half, [&](int y, int x0, int x1, Scratch& scratch) {
             return picture->row(y, x0, x1, isContinued, scratch);
         });
         picture = std::move(half);
     }
-    top_ = std::make_unique<FloatPicture>(small, workshop.pool());
-    convolve(workshop, *picture, isContinued, *top_, taps);
+    top_ = std::make_unique<FloatPicture>(small, context.pool());
+    convolve(context, *picture, isContinued, *top_, taps);
 }
 
 void GaussianPyramid::rowInto(float* out, int y, int x0, int x1, float* between) const {

@@ -4,7 +4,7 @@
 // Unser, 1999, on splines).
 #pragma once
 
-#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 
 #include <array>
 #include <memory>
@@ -18,7 +18,7 @@ struct BlurSource {
     Picture picture;
     PixelRegion edge;   // empty: none
     // The pixels of an input within `needed`; of one that is continued, all that its border goes on from.
-    static BlurSource of(Workshop& workshop, const NodeRef& input, const PixelRegion& needed);
+    static BlurSource of(RenderContext& context, const NodeRef& input, const PixelRegion& needed);
     // Pixels x0 <= x < x1 of a row as interleaved floats, 0 to 255.
     void row(float* out, int y, int x0, int x1) const;
 };
@@ -44,7 +44,8 @@ public:
     static int halvingsFor(double sigmaPx);   // 0 up to a standard deviation of 3 pixels
 
     // What `rowInto` needs to give the pixels of `wanted`. At least one halving.
-    GaussianPyramid(Workshop& workshop, const BlurSource& source, double sigmaPx, const PixelRegion& wanted);
+    GaussianPyramid(
+        RenderContext& context, const BlurSource& source, double sigmaPx, const PixelRegion& wanted);
     // Pixels x0 <= x < x1 of a row at full size; `between` has room for `betweenFloats()` floats.
     void rowInto(float* out, int y, int x0, int x1, float* between) const;
     std::size_t betweenFloats() const { return top_->rowFloats(); }

@@ -66,7 +66,7 @@ public:
         return std::ranges::all_of(stops, [](const ColorStop& stop) { return stop.color.a >= 1; });
     }
     bool isFine() const override { return true; }
-    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const override;
 
     const Point p0, axis;
     const std::vector<ColorStop> stops;
@@ -96,7 +96,7 @@ private:
     const LinearGradientNode& gradient_;
 };
 
-DrawableRef LinearGradientNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+DrawableRef LinearGradientNode::prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<LinearGradientDrawable>(self, *this);
 }
 

@@ -15,7 +15,7 @@ public:
     void describe(Structure& s) const override { s.kind(NodeKind::lit).add(input).add(light).add(intensity); }
     bool isFine() const override { return input->isFine() || light->isFine(); }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(region); }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input, light;
     const double intensity;
 };
@@ -39,9 +39,9 @@ private:
     float intensity_;
 };
 
-DrawableRef LitNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+DrawableRef LitNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     return std::make_shared<LitDrawable>(
-        self, workshop.prepare(input, wanted), workshop.prepare(light, wanted), intensity);
+        self, context.prepare(input, wanted), context.prepare(light, wanted), intensity);
 }
 
 }   // namespace

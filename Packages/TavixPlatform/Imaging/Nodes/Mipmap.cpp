@@ -6,10 +6,10 @@ namespace tavix::imaging {
 
 namespace {
 
-BitmapRef halved(Workshop& workshop, const Bitmap& source) {
+BitmapRef halved(RenderContext& context, const Bitmap& source) {
     const Size from = source.size(), to{(from.width + 1) / 2, (from.height + 1) / 2};
-    auto half = std::make_shared<Bitmap>(Bitmap::uninitialised(to, workshop.pool()));
-    workshop.forEach((to.height + 31) / 32, [&](int strip, Scratch&) {
+    auto half = std::make_shared<Bitmap>(Bitmap::uninitialised(to, context.pool()));
+    context.forEach((to.height + 31) / 32, [&](int strip, Scratch&) {
         for (int y = strip * 32; y < std::min(to.height, strip * 32 + 32); ++y) {
             const std::uint8_t* above = source.view().row(2 * y);
             const std::uint8_t* below = source.view().row(std::min(2 * y + 1, from.height - 1));
@@ -27,15 +27,15 @@ BitmapRef halved(Workshop& workshop, const Bitmap& source) {
 
 }   // namespace
 
-BitmapRef mipmap(Workshop& workshop, const BitmapRef& source, int level) {
+BitmapRef mipmap(RenderContext& context, const BitmapRef& source, int level) {
     BitmapRef result = source;
     for (int i = 1; i <= level; ++i) {
         const ResultCache::Subject subject{
             .kind = ResultCache::Kind::halved, .bitmapId = source->id(), .halvings = i};
-        auto kept = std::static_pointer_cast<const Bitmap>(workshop.cache().find(subject));
+        auto kept = std::static_pointer_cast<const Bitmap>(context.cache().find(subject));
         if (!kept) {
-            kept = halved(workshop, *result);
-            workshop.cache().keep(subject, kept, kept->byteCount());
+            kept = halved(context, *result);
+            context.cache().keep(subject, kept, kept->byteCount());
         }
         result = kept;
     }

@@ -81,7 +81,7 @@ public:
         const PixelRegion part = intersection(region, support());
         return part.isEmpty() || input->contribution(grownBy(part, reach)).isNothing() ? Digest{} : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
 
     const NodeRef input;
     const double radiusPx, angleRad;
@@ -123,9 +123,9 @@ private:
 };
 
 DrawableRef MotionBlurredNode::prepare(
-    Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     return std::make_shared<BoundedDrawable>(self,
-        std::make_unique<MotionBlur>(self, BlurSource::of(workshop, input, grownBy(wanted, reach)), taps));
+        std::make_unique<MotionBlur>(self, BlurSource::of(context, input, grownBy(wanted, reach)), taps));
 }
 
 }   // namespace

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "TavixPlatform/Imaging/Node.h"
-#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 
 #include <memory>
 #include <variant>

@@ -88,7 +88,7 @@ public:
             intersection(region, support()).isEmpty() || input->contribution(input->support()).isNothing();
         return isClear ? Digest{} : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
 
     const NodeRef input;
     const Projective map;
@@ -222,9 +222,9 @@ private:
 };
 
 DrawableRef PerspectiveNode::prepare(
-    Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
-    const Picture picture = workshop.pictureOf(input, input->support());
-    if (picture.isEmpty()) return workshop.prepare(emptyNode(), wanted);
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
+    const Picture picture = context.pictureOf(input, input->support());
+    if (picture.isEmpty()) return context.prepare(emptyNode(), wanted);
     const PixelRegion& r = picture.region;
     const Corners target = mapped(map, r.rect());
     const Sampling sampling = samplingFor(map.inverse(), target);
@@ -235,7 +235,7 @@ DrawableRef PerspectiveNode::prepare(
         toSource.weight(boundsOf(target).center());   // near 1, to keep the precision of floats
     for (double& value : toSource.m) value /= weight;
     return std::make_shared<PerspectiveDrawable>(
-        self, mipmap(workshop, picture.bitmap, sampling.level), toSource, sampling, Outline::through(target));
+        self, mipmap(context, picture.bitmap, sampling.level), toSource, sampling, Outline::through(target));
 }
 
 }   // namespace

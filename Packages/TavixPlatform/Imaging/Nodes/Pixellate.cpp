@@ -42,7 +42,7 @@ public:
         s.add(squares.center.x).add(squares.center.y).add(squares.sidePx);
     }
     bool isOpaque(const PixelRegion& region) const override { return input->isOpaque(squares.grown(region)); }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
     const Squares squares;
 };
@@ -86,16 +86,16 @@ std::uint32_t meanOf(const Tile& source, const PixelRegion& square) {
 }
 
 DrawableRef PixellatedNode::prepare(
-    Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     const PixelRegion indices = squares.covering(wanted);
     const PixelRegion seen = squares.grown(wanted);
     auto source =
-        std::make_shared<Bitmap>(Bitmap::uninitialised({seen.width(), seen.height()}, workshop.pool()));
+        std::make_shared<Bitmap>(Bitmap::uninitialised({seen.width(), seen.height()}, context.pool()));
     const Tile pixels = Tile::of(source->view(), seen);
-    workshop.drawInto(input, pixels);
+    context.drawInto(input, pixels);
     auto colors =
-        std::make_shared<Bitmap>(Bitmap::uninitialised({indices.width(), indices.height()}, workshop.pool()));
-    workshop.forEach(indices.height(), [&](int row, Scratch&) {
+        std::make_shared<Bitmap>(Bitmap::uninitialised({indices.width(), indices.height()}, context.pool()));
+    context.forEach(indices.height(), [&](int row, Scratch&) {
         auto* out = reinterpret_cast<std::uint32_t*>(colors->view().row(row));
         for (int i = indices.x0; i < indices.x1; ++i)
             *out++ = meanOf(pixels, squares.pixelsOf(i, indices.y0 + row));

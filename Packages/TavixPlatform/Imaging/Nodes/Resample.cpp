@@ -76,7 +76,7 @@ public:
             r.x <= region.x0 && r.y <= region.y0 && region.x1 <= r.maxX() && region.y1 <= r.maxY();
         return isInside && input->isOpaque(pixelsCovering(input->extent()));
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef input;
 };
 
@@ -148,7 +148,7 @@ private:
     std::shared_ptr<const void> owner_;   // of the source's pixels
 };
 
-DrawableRef PlacedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion&) const {
+DrawableRef PlacedNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion&) const {
     const PixelRegion all = pixelsCovering(input->extent());
     Placement placement(all, extent(), support());
     const PixelRegion needed = placement.needed;
@@ -159,9 +159,9 @@ DrawableRef PlacedNode::prepare(Workshop& workshop, const NodeRef& self, const P
         return std::make_shared<PlacedDrawable>(self, std::move(placement), origin, source, p->bitmap);
     }
     auto bitmap =
-        std::make_shared<Bitmap>(Bitmap::uninitialised({needed.width(), needed.height()}, workshop.pool()));
+        std::make_shared<Bitmap>(Bitmap::uninitialised({needed.width(), needed.height()}, context.pool()));
     const Tile source = Tile::of(bitmap->view(), needed);
-    workshop.drawInto(input, source);
+    context.drawInto(input, source);
     return std::make_shared<PlacedDrawable>(self, std::move(placement), origin, source, bitmap);
 }
 

@@ -15,7 +15,7 @@ class EmptyNode final : public Node {
 public:
     EmptyNode() : Node({}, {}) {}
     void describe(Structure& s) const override { s.kind(NodeKind::empty); }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override {
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override {
         return nullptr;
     }   // has no support
 };
@@ -29,7 +29,7 @@ public:
           color_(color), pixel_(pixelOf(color)) {}
     void describe(Structure& s) const override { addTo(s.kind(NodeKind::solid), color_); }
     bool isOpaque(const PixelRegion&) const override { return pixel_ >> 24 == 255; }
-    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const override;
 
 private:
     Color color_;
@@ -54,7 +54,7 @@ private:
     std::uint32_t pixel_;
 };
 
-DrawableRef SolidNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+DrawableRef SolidNode::prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<SolidDrawable>(self, pixel_);
 }
 
@@ -75,7 +75,7 @@ public:
         const PixelRegion part = intersection(region, support());
         return part.isEmpty() || coverage(part) == Bitmap::Coverage::empty ? Digest{} : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const override;
 
 private:
     // Support of a bitmap whose bottom-left corner stands at (x0, y0).
@@ -116,7 +116,7 @@ private:
     Tile source_;
 };
 
-DrawableRef BitmapNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+DrawableRef BitmapNode::prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<BitmapDrawable>(self, picture_);
 }
 
@@ -132,7 +132,7 @@ public:
     }
     bool isOpaque(const PixelRegion&) const override { return color0.a >= 1 && color1.a >= 1; }
     bool isFine() const override { return true; }
-    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const override;
 
     const Point p0, axis;
     const Color color0, color1;
@@ -165,7 +165,7 @@ private:
     const SmoothGradientNode& gradient_;
 };
 
-DrawableRef SmoothGradientNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+DrawableRef SmoothGradientNode::prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<SmoothGradientDrawable>(self, *this);
 }
 
@@ -177,7 +177,7 @@ public:
     void describe(Structure& s) const override {
         s.kind(NodeKind::roundedRectangle).add(rect).add(radiusPx).add(std::uint64_t(pixel));
     }
-    DrawableRef prepare(Workshop&, const NodeRef& self, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const override;
 
     const Rect rect;
     const double radiusPx;
@@ -227,7 +227,7 @@ private:
     const RoundedRectangleNode& shape_;
 };
 
-DrawableRef RoundedRectangleNode::prepare(Workshop&, const NodeRef& self, const PixelRegion&) const {
+DrawableRef RoundedRectangleNode::prepare(RenderContext&, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<RoundedRectangleDrawable>(self, *this);
 }
 

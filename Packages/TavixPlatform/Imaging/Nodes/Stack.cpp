@@ -51,7 +51,7 @@ public:
         while (i > 0 && !layers[i - 1]->isOpaque(region)) --i;
         return i;
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const std::vector<NodeRef> layers;
 };
 
@@ -96,11 +96,11 @@ private:
     std::vector<DrawableRef> layers_;
 };
 
-DrawableRef StackNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+DrawableRef StackNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     std::vector<DrawableRef> drawables;
     for (std::size_t i = std::max<std::size_t>(lowestSeen(wanted), 1) - 1; i < layers.size(); ++i)
         if (!intersection(layers[i]->support(), wanted).isEmpty())
-            drawables.push_back(workshop.prepare(layers[i], wanted));
+            drawables.push_back(context.prepare(layers[i], wanted));
     return std::make_shared<StackDrawable>(self, std::move(drawables));
 }
 

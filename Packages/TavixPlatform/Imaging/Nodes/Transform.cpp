@@ -32,7 +32,7 @@ public:
         const PixelRegion seen = grownBy(pixelsCovering(inverse.boundsOf(part.rect())), 1);
         return input->contribution(seen).isNothing() ? Digest{} : hash();
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
 
     const NodeRef input;
     const Affine transform, inverse;
@@ -117,7 +117,7 @@ struct Prefiltered {
     Picture picture;
     Affine toSource;
 };
-Prefiltered prefiltered(Workshop& workshop, const Picture& picture, const Affine& inverse) {
+Prefiltered prefiltered(RenderContext& context, const Picture& picture, const Affine& inverse) {
     double reduction = reductionOf(inverse);
     int level = 0;
     for (Size size = picture.bitmap->size();
@@ -126,7 +126,7 @@ Prefiltered prefiltered(Workshop& workshop, const Picture& picture, const Affine
         size = {(size.width + 1) / 2, (size.height + 1) / 2};
     }
     if (level == 0) return {picture, inverse};
-    const BitmapRef bitmap = mipmap(workshop, picture.bitmap, level);
+    const BitmapRef bitmap = mipmap(context, picture.bitmap, level);
     // Rows are paired from the top, so coordinates shrink about the top-left corner.
     const double scale = std::ldexp(1.0, -level);
     const Affine shrink{scale, 0, 0, scale, -picture.region.x0 * scale, -picture.region.y1 * scale};
@@ -135,15 +135,15 @@ Prefiltered prefiltered(Workshop& workshop, const Picture& picture, const Affine
 }
 
 DrawableRef TransformedNode::prepare(
-    Workshop& workshop, const NodeRef& self, const PixelRegion& wanted) const {
+    RenderContext& context, const NodeRef& self, const PixelRegion& wanted) const {
     // Halving pairs pixels from the corner of the whole, so the whole is wanted then.
     const PixelRegion seen = reductionOf(inverse) >= mostReduction
                                  ? input->support()
                                  : grownBy(pixelsCovering(inverse.boundsOf(wanted.rect())), 2);
     const auto [source, isContinued] = behind(input);
-    const Picture picture = workshop.pictureOf(source, isContinued ? pixelsCovering(source->extent()) : seen);
-    if (picture.isEmpty()) return workshop.prepare(emptyNode(), wanted);
-    const Prefiltered p = prefiltered(workshop, picture, inverse);
+    const Picture picture = context.pictureOf(source, isContinued ? pixelsCovering(source->extent()) : seen);
+    if (picture.isEmpty()) return context.prepare(emptyNode(), wanted);
+    const Prefiltered p = prefiltered(context, picture, inverse);
     return std::make_shared<TransformedDrawable>(self, p.picture, p.toSource, !isContinued);
 }
 

@@ -20,7 +20,7 @@ public:
     bool isOpaque(const PixelRegion& region) const override {
         return support().contains(region) && from->isOpaque(support()) && to->isOpaque(support());
     }
-    DrawableRef prepare(Workshop&, const NodeRef&, const PixelRegion&) const override;
+    DrawableRef prepare(RenderContext&, const NodeRef&, const PixelRegion&) const override;
     const NodeRef from, to;
     const std::shared_ptr<const Warp> warp;
 };
@@ -28,15 +28,15 @@ public:
 // A picture that fills the whole extent, to be sampled anywhere.
 class Sampled {
 public:
-    Sampled(Workshop& workshop, const NodeRef& node, const PixelRegion& all) : all_(all) {
-        const Picture picture = workshop.pictureOf(node, all);
+    Sampled(RenderContext& context, const NodeRef& node, const PixelRegion& all) : all_(all) {
+        const Picture picture = context.pictureOf(node, all);
         if (picture.region == all) {
             bitmap_ = picture.bitmap;
             return;
         }
         auto bitmap =
-            std::make_shared<Bitmap>(Bitmap::uninitialised({all.width(), all.height()}, workshop.pool()));
-        workshop.drawInto(node, Tile::of(bitmap->view(), all));
+            std::make_shared<Bitmap>(Bitmap::uninitialised({all.width(), all.height()}, context.pool()));
+        context.drawInto(node, Tile::of(bitmap->view(), all));
         bitmap_ = bitmap;
     }
     // Positions in image coordinates; overwritten with those of the bitmap.
@@ -89,9 +89,9 @@ private:
     Sampled from_, to_;
 };
 
-DrawableRef WarpedNode::prepare(Workshop& workshop, const NodeRef& self, const PixelRegion&) const {
+DrawableRef WarpedNode::prepare(RenderContext& context, const NodeRef& self, const PixelRegion&) const {
     return std::make_shared<WarpedDrawable>(
-        self, warp, Sampled(workshop, from, support()), Sampled(workshop, to, support()));
+        self, warp, Sampled(context, from, support()), Sampled(context, to, support()));
 }
 
 }   // namespace

@@ -3,8 +3,8 @@
 
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Imaging/Node.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
-#include "TavixPlatform/Imaging/Workshop.h"
 
 #include <cstring>
 
@@ -81,8 +81,9 @@ TEST(Evaluator, NoticesTwoPicturesThatMeetUnderOneKey) {
         void describe(Structure& s) const override {
             s.kind(1000).add(isHashed_ ? number_ : 0.0), isHashed_ = true;
         }
-        DrawableRef prepare(Workshop& workshop, const NodeRef&, const PixelRegion& wanted) const override {
-            return workshop.prepare(Image::solid(Color::white()).node(), wanted);
+        DrawableRef prepare(
+            RenderContext& context, const NodeRef&, const PixelRegion& wanted) const override {
+            return context.prepare(Image::solid(Color::white()).node(), wanted);
         }
 
     private:
@@ -234,7 +235,7 @@ TEST(FrameSurface, AsksForNoNewMemoryOnceItRuns) {
         return turned.gaussianBlurred(4 + i % 3).withOpacity(0.9).over(Image::solid(Color::white()));
     };
     for (int i = 0; i < 10; ++i) surface.update(frameAt(i));
-    const BytePool& pool = *evaluator.impl().workshop.pool();
+    const BytePool& pool = *evaluator.impl().context.pool();
     const std::size_t after = pool.allocationCount();
     for (int i = 10; i < 60; ++i) surface.update(frameAt(i % 10));
     EXPECT_EQ(pool.allocationCount(), after);

@@ -2,8 +2,8 @@
 #include "TavixPlatform/Imaging/Hash.h"
 
 #include "TavixPlatform/Imaging/Node.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
-#include "TavixPlatform/Imaging/Workshop.h"
 
 #include <bit>
 #include <functional>

@@ -1,5 +1,5 @@
 // Light on physically based surfaces: GGX (Walter et al., 2007) with the height-correlated shadowing of Smith
-// (Heitz, 2014) over a matte base, under an optional clear lacquer of the same kind. What the upper layer
+// (Heitz, 2014) over a matte base, under an optional clearcoat of the same kind. What the upper layer
 // sends back, the lower one does not get.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "TavixPlatform/Scene3D/Kernels/Lit.cpp"
@@ -127,14 +127,14 @@ struct Layers {
     Lanes3 gain;     // what repeated bounces give back to the glossy part (Turquin, 2019)
     Lanes3 glossy;   // light from everywhere by the glossy part
     FloatVector coatGlossy;
-    FloatVector underCoat;   // share of the light that passes the lacquer
+    FloatVector underCoat;   // share of the light that passes the clearcoat
 };
 
-HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, const Points& p) {
+HWY_INLINE Layers layersOf(const Illumination& illumination, const Surface& surface, const Points& p) {
     const FloatVector one = constant(1);
     Layers layers;
     layers.base = glossOf(surface.roughness, p.variance);
-    const ReflectancePair pair = reflectanceAt(*light.reflectance, layers.base.roughness, p.facing);
+    const ReflectancePair pair = reflectanceAt(*illumination.reflectance, layers.base.roughness, p.facing);
     const FloatVector lost = minus(inverse(hn::Max(plus(pair.scale, pair.bias), constant(0.1f))), one);
     const auto single = [&](float f0, float grazing) HWY_ATTR {
         return sumOf(constant(f0), pair.scale, times(pair.bias, constant(grazing)));
@@ -155,42 +155,44 @@ HWY_INLINE Layers layersOf(const Illumination& light, const Surface& surface, co
     layers.matte = times(constant(surface.diffuse), minus(one, plain));
     if (surface.clearcoat > 0) {
         layers.coat = glossOf(surface.clearcoatRoughness, p.variance);
-        const ReflectancePair coat = reflectanceAt(*light.reflectance, layers.coat.roughness, p.facing);
+        const ReflectancePair coat =
+            reflectanceAt(*illumination.reflectance, layers.coat.roughness, p.facing);
         layers.coatGlossy = times(sumOf(constant(0.04f), coat.scale, coat.bias), constant(surface.clearcoat));
         layers.underCoat = minus(one, layers.coatGlossy);
     }
     return layers;
 }
 
-HWY_INLINE Lanes3 fromSurroundings(
-    const Illumination& light, const Surface& surface, const Points& p, const Layers& layers) {
+HWY_INLINE Lanes3 fromEnvironment(
+    const Illumination& illumination, const Surface& surface, const Points& p, const Layers& layers) {
     const FloatVector twice = times(constant(2), dot(p.normal, p.eye));
     const Lanes3 mirrored = minus(times(p.normal, twice), p.eye);
-    const Lanes3 reflection = environmentAt(light, mirrored, layers.base.roughness);
-    const Lanes3 ambient = irradianceAt(*light.surroundings.environment, p.normal);
+    const Lanes3 reflection = environmentAt(illumination, mirrored, layers.base.roughness);
+    const Lanes3 ambient = irradianceAt(*illumination.environment.environment, p.normal);
     Lanes3 sum = plus(times(layers.matte, ambient), times(layers.glossy, reflection));
     if (surface.clearcoat > 0) {
-        const Lanes3 coat = environmentAt(light, mirrored, layers.coat.roughness);
+        const Lanes3 coat = environmentAt(illumination, mirrored, layers.coat.roughness);
         sum = plus(times(sum, layers.underCoat), times(coat, layers.coatGlossy));
     }
-    return times(sum, constant(light.surroundings.intensity));
+    return times(sum, constant(illumination.environment.intensity));
 }
 
-HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Points& p, const Layers& layers) {
+HWY_INLINE Lanes3 fromLight(
+    const PreparedLight& light, const Surface& surface, const Points& p, const Layers& layers) {
     const FloatVector one = constant(1), zero = constant(0);
     Lanes3 towards;
     FloatVector strength = one;
-    if (lamp.kind == Lamp::Kind::directional) {
-        towards = times(constant(lamp.axis), constant(-1));
+    if (light.kind == PreparedLight::Kind::directional) {
+        towards = times(constant(light.axis), constant(-1));
     } else {
-        const Lanes3 path = minus(constant(lamp.position), p.position);
+        const Lanes3 path = minus(constant(light.position), p.position);
         const FloatVector square = hn::Max(dot(path, path), constant(1e-12f));
         towards = times(path, inverse(hn::Sqrt(square)));
-        strength = attenuation(lamp, square);
-        if (lamp.kind == Lamp::Kind::spot) {
-            const FloatVector along = minus(zero, dot(towards, constant(lamp.axis)));
+        strength = attenuation(light, square);
+        if (light.kind == PreparedLight::Kind::spot) {
+            const FloatVector along = minus(zero, dot(towards, constant(light.axis)));
             const FloatVector cone =
-                unit(times(minus(along, constant(lamp.outerCosine)), constant(lamp.inverseConeWidth)));
+                unit(times(minus(along, constant(light.outerCosine)), constant(light.inverseConeWidth)));
             strength = times(strength, squared(cone));
         }
     }
@@ -198,7 +200,7 @@ HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Point
     strength = times(strength, hn::Max(cosine, zero));
     const auto isLit = hn::Gt(strength, zero);
     if (hn::AllFalse(Floats(), isLit)) return {zero, zero, zero};
-    if (lamp.shadow) strength = times(strength, litFraction(*lamp.shadow, p.position, p.normal));
+    if (light.shadow) strength = times(strength, litFraction(*light.shadow, p.position, p.normal));
 
     const FloatVector nl = hn::Max(cosine, constant(1e-4f));
     const Lanes3 half = normalized(plus(towards, p.eye));
@@ -220,17 +222,19 @@ HWY_INLINE Lanes3 fromLamp(const Lamp& lamp, const Surface& surface, const Point
         sum = times(sum, layers.underCoat);
         sum = plus(sum, Lanes3{coat, coat, coat});
     }
-    return times(times(sum, constant(lamp.power)), strength);
+    return times(times(sum, constant(light.power)), strength);
 }
 
 void shadeLit(
-    const Shades& shades, const Illumination& light, const Surface& surface, const ShadingJob& job) {
+    const Shades& shades, const Illumination& illumination, const Surface& surface, const ShadingJob& job) {
     forEachBatch(job, [&](const Batch& batch) HWY_ATTR {
-        const Points points = pointsOf(shades, light.camera, batch);
-        const Layers layers = layersOf(light, surface, points);
+        const Points points = pointsOf(shades, illumination.camera, batch);
+        const Layers layers = layersOf(illumination, surface, points);
         Lanes3 sum = {constant(0), constant(0), constant(0)};
-        if (light.surroundings.environment) sum = fromSurroundings(light, surface, points, layers);
-        for (const Lamp& lamp : light.lamps) sum = plus(sum, fromLamp(lamp, surface, points, layers));
+        if (illumination.environment.environment)
+            sum = fromEnvironment(illumination, surface, points, layers);
+        for (const PreparedLight& light : illumination.lights)
+            sum = plus(sum, fromLight(light, surface, points, layers));
         addLight(shades, batch, sum);
     });
 }

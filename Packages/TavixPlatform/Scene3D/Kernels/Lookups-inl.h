@@ -1,4 +1,4 @@
-// What shading looks up: the surroundings, the reflectance table, shadows, and how lamps fade.
+// What shading looks up: the surroundings, the reflectance table, shadows, and how lights fade.
 #if defined(TAVIX_SCENE3D_LOOKUPS_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef TAVIX_SCENE3D_LOOKUPS_INL_H
 #undef TAVIX_SCENE3D_LOOKUPS_INL_H
@@ -58,13 +58,14 @@ HWY_INLINE MapPoint octahedral(const Lanes3& direction) {
 }
 
 // Light that a surface of that roughness mirrors from a direction.
-HWY_INLINE Lanes3 environmentAt(const Illumination& light, const Lanes3& direction, FloatVector roughness) {
+HWY_INLINE Lanes3 environmentAt(
+    const Illumination& illumination, const Lanes3& direction, FloatVector roughness) {
     const Floats d;
     const Ints di;
     const Four four;
     const IntVector level = levelOf(roughness);
-    const FloatVector side = hn::GatherIndex(d, light.environmentSides, level);
-    const IntVector first = hn::GatherIndex(di, light.environmentFirst, level);
+    const FloatVector side = hn::GatherIndex(d, illumination.environmentSides, level);
+    const IntVector first = hn::GatherIndex(di, illumination.environmentFirst, level);
     const MapPoint at = octahedral(direction);
     const FloatVector half = constant(0.5f), one = constant(1);
     const FloatVector u = sumOf(at.u, side, half), v = sumOf(at.v, side, half);
@@ -82,7 +83,7 @@ HWY_INLINE Lanes3 environmentAt(const Illumination& light, const Lanes3& directi
     hn::Store(hn::Mul(s, restT), d, w10);
     hn::Store(hn::Mul(restS, t), d, w01);
     hn::Store(hn::Mul(s, t), d, w11);
-    const float* texels = light.surroundings.environment->texels().data();
+    const float* texels = illumination.environment.environment->texels().data();
     for (std::size_t i = 0; i < hn::Lanes(d); ++i) {
         const float* lower = texels + std::ptrdiff_t(index[i]) * 4;
         const float* upper = lower + std::ptrdiff_t(strides[i]) * 4;
@@ -138,15 +139,15 @@ HWY_INLINE FloatVector exp2(FloatVector v) {
     return hn::Mul(series, hn::BitCast(d, hn::ShiftLeft<23>(hn::Add(whole, constantInt(127)))));
 }
 
-// Light left at a squared distance of world space: it falls by the lamp's power, and fades to nothing at its
+// Light left at a squared distance of world space: it falls by the light's power, and fades to nothing at its
 // radius as (1 - (d / r)^4)² (Karis, 2013).
-HWY_INLINE FloatVector attenuation(const Lamp& lamp, FloatVector square) {
-    const FloatVector own = hn::Mul(square, constant(lamp.unitsPerLength * lamp.unitsPerLength));
-    const FloatVector ratio = hn::Mul(own, constant(lamp.inverseRadius * lamp.inverseRadius));
+HWY_INLINE FloatVector attenuation(const PreparedLight& light, FloatVector square) {
+    const FloatVector own = hn::Mul(square, constant(light.unitsPerLength * light.unitsPerLength));
+    const FloatVector ratio = hn::Mul(own, constant(light.inverseRadius * light.inverseRadius));
     const FloatVector window = squared(unit(hn::Sub(constant(1), squared(ratio))));
-    const FloatVector limited = hn::Max(own, constant(1e-4f));   // a lamp is not smaller than a hundredth
-    if (lamp.halfExponent == 1) return hn::Div(window, limited);
-    return hn::Mul(window, exp2(hn::Mul(log2(limited), constant(-lamp.halfExponent))));
+    const FloatVector limited = hn::Max(own, constant(1e-4f));   // a light is not smaller than a hundredth
+    if (light.halfExponent == 1) return hn::Div(window, limited);
+    return hn::Mul(window, exp2(hn::Mul(log2(limited), constant(-light.halfExponent))));
 }
 
 // A place on a shadow map: what 1 / depth a plane through the point has around it. That changes evenly over
@@ -224,7 +225,7 @@ HWY_INLINE ShadowPoint shadowPointOf(const ShadowMap& map, const Lanes3& positio
     return p;
 }
 
-// The share of a lamp's light that reaches points. Where sixteen texels over the filter's width agree, the
+// The share of a light's light that reaches points. Where sixteen texels over the filter's width agree, the
 // others are taken to as well; only edges of shadows are looked at whole. Of neighbours in a row at least one
 // is asked: where two shadows nearly touch, the light between them is narrow.
 HWY_INLINE FloatVector litFraction(const ShadowMap& map, const Lanes3& position, const Lanes3& normal) {

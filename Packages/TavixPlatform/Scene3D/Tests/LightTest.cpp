@@ -48,8 +48,8 @@ TEST(Light, WhiteSurfacesVanishInEvenSurroundings) {
     }
 }
 
-// The same with lamps all around: the sum over directions is the integral of the lobes themselves.
-TEST(Light, WhiteSurfacesSendBackWhatManyLampsGive) {
+// The same with lights all around: the sum over directions is the integral of the lobes themselves.
+TEST(Light, WhiteSurfacesSendBackWhatManyLightsGive) {
     Renderer renderer;
     constexpr int count = 600;
     for (const float metallic : {0.0f, 1.0f}) {
@@ -57,11 +57,11 @@ TEST(Light, WhiteSurfacesSendBackWhatManyLampsGive) {
         for (int i = 0; i < count; ++i) {   // Fibonacci's sphere
             const float y = 1 - 2 * (float(i) + 0.5f) / count, r = std::sqrt(1 - y * y),
                         a = float(i) * 2.39996323f;
-            EntityRef lamp = Entity::make();
-            lamp->transform.lookAt({}, {r * std::cos(a), y, r * std::sin(a)});
+            EntityRef light = Entity::make();
+            light->transform.lookAt({}, {r * std::cos(a), y, r * std::sin(a)});
             // Radiance 1 from a share of the sphere.
-            lamp->light = DirectionalLight{{}, 683 * 4 * std::numbers::pi_v<float> / count};
-            scene.root->add(lamp);
+            light->light = DirectionalLight{{}, 683 * 4 * std::numbers::pi_v<float> / count};
+            scene.root->add(light);
         }
         const Picture picture = linear(renderer, scene, pass);
         EXPECT_NEAR(picture.at(32, 32)[1], 1, 0.04) << metallic;
@@ -69,7 +69,7 @@ TEST(Light, WhiteSurfacesSendBackWhatManyLampsGive) {
     }
 }
 
-TEST(Light, AMatteWallUnderOneLampHasItsPhotometricBrightness) {
+TEST(Light, AMatteWallUnderOneLightHasItsPhotometricBrightness) {
     Renderer renderer;
     const struct {
         Light light;
@@ -93,25 +93,25 @@ TEST(Light, AMatteWallUnderOneLampHasItsPhotometricBrightness) {
         PhysicallyBased matte = white(0, 1, 0);
         matte.specularFraction = 0;
         scene.root->add(entityOf(quad(4, 4), matte));
-        EntityRef lamp = Entity::make();
-        lamp->light = c.light;
-        lamp->transform.lookAt({}, c.from);
-        scene.root->add(lamp);
+        EntityRef light = Entity::make();
+        light->light = c.light;
+        light->transform.lookAt({}, c.from);
+        scene.root->add(light);
         EXPECT_NEAR(linear(renderer, scene, pass).at(32, 32)[1], c.expected, 0.003);
     }
 }
 
-// A lone ball and the wall far behind it: nothing that faces the lamp shades itself, at any angle.
+// A lone ball and the wall far behind it: nothing that faces the light shades itself, at any angle.
 TEST(Light, NoSurfaceShadesItself) {
     Renderer renderer;
     for (const float height : {0.5f, 3.0f}) {
         Picture pictures[2];
         for (const bool castsShadow : {false, true}) {
             Scene scene = sphereScene(white(0, 0.6f, 0));
-            EntityRef lamp = Entity::make();
-            lamp->light = SpotLight{{}, 50000, 40, 60, {100, 2}, castsShadow};
-            lamp->transform.lookAt({}, {1, height, 4});
-            scene.root->add(lamp);
+            EntityRef light = Entity::make();
+            light->light = SpotLight{{}, 50000, 40, 60, {100, 2}, castsShadow};
+            light->transform.lookAt({}, {1, height, 4});
+            scene.root->add(light);
             pictures[castsShadow] = linear(renderer, scene, pass);
         }
         EXPECT_LT(differenceOf(pictures[0], pictures[1]).largest, 0.02);
@@ -124,10 +124,10 @@ TEST(Light, ThingsCastASoftShadowWhereTheyStandInTheWay) {
     matte.specularFraction = 0;
     scene.root->add(entityOf(quad(3, 3), matte));
     scene.root->add(entityOf(quad(0.4f, 0.4f), Unlit{}, {0, 0, 0.3f}));
-    EntityRef lamp = Entity::make();
-    lamp->light = SpotLight{{}, 20000, 60, 70, {100, 2}, true};
-    lamp->transform.lookAt({}, {1.5f, 0, 3});   // the shadow falls to the left
-    scene.root->add(lamp);
+    EntityRef light = Entity::make();
+    light->light = SpotLight{{}, 20000, 60, 70, {100, 2}, true};
+    light->transform.lookAt({}, {1.5f, 0, 3});   // the shadow falls to the left
+    scene.root->add(light);
     Renderer renderer;
     const Picture picture = linear(renderer, scene, {{256, 256}});
     const auto lightAt = [&](int x) { return picture.at(x, 128)[1]; };
@@ -154,10 +154,10 @@ TEST(Light, TheShadowOfAStraightEdgeIsStraight) {
             EntityRef slab = entityOf(quad(0.4f, 0.8f), Unlit{}, {-0.2f, 0, 0.2f});
             slab->transform.orientation = Rotation::about({0, 0, 1}, askewDeg);
             scene.root->add(slab);
-            EntityRef lamp = Entity::make();
-            lamp->light = SpotLight{{}, 20000, 60, 70, {100, 2}, castsShadow};
-            lamp->transform.lookAt({}, {-1, 0.1f, 1.2f});
-            scene.root->add(lamp);
+            EntityRef light = Entity::make();
+            light->light = SpotLight{{}, 20000, 60, 70, {100, 2}, castsShadow};
+            light->transform.lookAt({}, {-1, 0.1f, 1.2f});
+            scene.root->add(light);
             pictures[castsShadow] = linear(renderer, scene, {{side, side}});
         }
         std::vector<double> widths;   // of the shadow in each row, from a column within it, in pixels

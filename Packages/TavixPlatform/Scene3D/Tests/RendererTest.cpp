@@ -82,7 +82,7 @@ TEST(Renderer, ForgetsEarlierFramesAndAsksForNoMemoryOnceWarm) {
     EXPECT_EQ(allocationCount - before, 0);
 }
 
-// Turned, moved or scaled as a whole, with its lamps and camera, a scene looks the same. Snapping to
+// Turned, moved or scaled as a whole, with its lights and camera, a scene looks the same. Snapping to
 // subpixels moves edges by a hair.
 TEST(Renderer, LooksTheSameWhereverTheSceneStands) {
     Device d = turned(-25);

@@ -146,7 +146,7 @@ imaging::BitmapRef screenPicture(imaging::Size size, int variant) {
 
 namespace {
 
-void addLamps(Entity& rig) {
+void addLights(Entity& rig) {
     EntityRef key = Entity::make("key"), fill = Entity::make("fill"), rim = Entity::make("rim");
     key->light = SpotLight{.color = {1, 0.98f, 0.95f},
         .intensityLumen = 8000,
@@ -159,7 +159,7 @@ void addLamps(Entity& rig) {
     fill->transform.position = {1.3f, 0.35f, 1.8f};
     rim->light = DirectionalLight{.color = {0.85f, 0.9f, 0.95f}, .intensityLux = 180};
     rim->transform.orientation = Rotation::about({0, 1, 0}, 130) * Rotation::about({1, 0, 0}, 20);
-    for (const EntityRef& lamp : {key, fill, rim}) rig.add(lamp);
+    for (const EntityRef& light : {key, fill, rim}) rig.add(light);
 }
 
 }   // namespace
@@ -199,7 +199,7 @@ Device device(float detail) {
     d.texture = std::make_shared<Texture>(screenPicture({1179, 2556}, 0));
     d.screen = entityOf(quad(0.43f, 0.94f), Unlit{"screen", {}, d.texture, Sides::front}, {0, 0, 0.0279f});
     d.phone->add(d.screen);
-    addLamps(*rig);
+    addLights(*rig);
     d.scene.camera = cameraAt(2.4f, 30);
     d.scene.environment = EnvironmentLight{Environment::make(studioPicture()), 0.15f};
     return d;

@@ -1,4 +1,4 @@
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 #include "RenderTestKit.h"
 #include "TavixPlatform/Media/StillImages.h"
 
@@ -24,7 +24,7 @@ LinearGradient gradientOf(
 
 Picture drawn(const LinearGradient& gradient, imaging::Size size) {
     return Picture(
-        CameraRenderer::gradientAcross(gradient, {0, 0, double(size.width), double(size.height)}), size);
+        CanvasDrawing::gradientAcross(gradient, {0, 0, double(size.width), double(size.height)}), size);
 }
 
 TEST(Gradient, RunsAlongItsAngle) {
@@ -85,22 +85,22 @@ TEST(Place, MapsTheExtentOntoTheRectangle) {
     const Image source = testing::testCard({20, 10}, 3).translated(-7, 31);
     const PixelRect rects[] = {{0, 0, 200, 100}, {30, 20, 40, 20}, {-50, 60, 20, 10}, {10, 10, 5, 80}};
     for (const PixelRect& rect : rects)
-        for (const auto resampling : {CameraRenderer::Resampling::live, CameraRenderer::Resampling::still}) {
-            const Rect extent = CameraRenderer::place(source, rect, bounds, resampling).extent();
+        for (const auto resampling : {CanvasDrawing::Resampling::live, CanvasDrawing::Resampling::still}) {
+            const Rect extent = CanvasDrawing::place(source, rect, bounds, resampling).extent();
             EXPECT_NEAR(extent.x, rect.x, 1e-9);
             EXPECT_NEAR(extent.y, 100 - rect.y - rect.height, 1e-9);
             EXPECT_NEAR(extent.width, rect.width, 1e-9);
             EXPECT_NEAR(extent.height, rect.height, 1e-9);
         }
-    EXPECT_TRUE(CameraRenderer::place(Image(), rects[0], bounds, CameraRenderer::Resampling::live).isEmpty());
+    EXPECT_TRUE(CanvasDrawing::place(Image(), rects[0], bounds, CanvasDrawing::Resampling::live).isEmpty());
     EXPECT_TRUE(
-        CameraRenderer::place(source, {5, 5, 0, 9}, bounds, CameraRenderer::Resampling::live).isEmpty());
+        CanvasDrawing::place(source, {5, 5, 0, 9}, bounds, CanvasDrawing::Resampling::live).isEmpty());
 }
 
 TEST(Place, KeepsPixelsOfTheSameSize) {
     const Image source = testing::testCard({6, 4}, 3);
     const Image placed =
-        CameraRenderer::place(source, {2, 1, 6, 4}, {0, 0, 10, 6}, CameraRenderer::Resampling::still);
+        CanvasDrawing::place(source, {2, 1, 6, 4}, {0, 0, 10, 6}, CanvasDrawing::Resampling::still);
     const Picture before(source, {6, 4}), after(placed, {10, 6});
     for (int y = 0; y < 4; ++y)
         for (int x = 0; x < 6; ++x) EXPECT_EQ(after.at(x + 2, y + 1), before.at(x, y));
@@ -109,9 +109,9 @@ TEST(Place, KeepsPixelsOfTheSameSize) {
 
 TEST(RoundedRectMask, CutsTheCornersOnly) {
     const Rect bounds{0, 0, 40, 30};
-    const Image mask = CameraRenderer::makeRoundedRectMask({10, 5, 20, 16}, 100, bounds);   // 8 is the most
+    const Image mask = CanvasDrawing::makeRoundedRectMask({10, 5, 20, 16}, 100, bounds);   // 8 is the most
     const Image white = Image::solid(imaging::Color::white()).cropped(bounds);
-    const Picture cut(CameraRenderer::masked(white, mask), {40, 30});
+    const Picture cut(CanvasDrawing::masked(white, mask), {40, 30});
     EXPECT_EQ(cut.at(20, 13), (Pixel{255, 255, 255, 255}));
     EXPECT_EQ(cut.at(20, 5), (Pixel{255, 255, 255, 255}));
     EXPECT_EQ(cut.at(20, 4), Pixel{});
@@ -135,7 +135,7 @@ protected:
     Picture resolved(const BackgroundImage& image) {
         StillImageCache images([this](const std::string& line) { lines.push_back(line); });
         const BackgroundFill fill{image};
-        return Picture(CameraRenderer::resolveBackgroundFill(fill, {0, 0, 40, 20}, images), {40, 20});
+        return Picture(CanvasDrawing::resolveBackgroundFill(fill, {0, 0, 40, 20}, images), {40, 20});
     }
 
     testing::TemporaryFolder folder;

@@ -1,4 +1,4 @@
-#include "TavixRender/MusicAnalysis/LoudnessCourse.h"
+#include "TavixRender/MusicAnalysis/LoudnessEnvelope.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,23 +84,23 @@ private:
 
 }   // namespace
 
-LoudnessCourse loudnessCourse(std::span<const float> samples, double sampleRateHz) {
+LoudnessEnvelope loudnessEnvelope(std::span<const float> samples, double sampleRateHz) {
     const std::vector<double> levelsDb = windowsDb(samples, sampleRateHz);
     if (levelsDb.empty()) return {};
     const Jumps jumps(levelsDb);
-    LoudnessCourse course;
+    LoudnessEnvelope envelope;
     std::vector<std::size_t> edges{0};
     if (levelsDb.size() > 2 * compared) {
-        if (const auto drop = jumps.drop()) course.dropSec = secAt(*drop);
+        if (const auto drop = jumps.drop()) envelope.dropSec = secAt(*drop);
         for (const std::size_t boundary : jumps.boundaries())
             if (boundary >= 1) edges.push_back(boundary);
     }
     edges.push_back(levelsDb.size());
     for (std::size_t i = 0; i + 1 < edges.size(); ++i)
         if (edges[i] < edges[i + 1])
-            course.sections.push_back(
+            envelope.sections.push_back(
                 {edges[i] == 0 ? 0 : secAt(edges[i]), jumps.meanDb(edges[i], edges[i + 1])});
-    return course;
+    return envelope;
 }
 
 }   // namespace tavix

@@ -9,12 +9,12 @@
 
 namespace tavix {
 
-struct LoudnessCourse {
+struct LoudnessEnvelope {
     std::optional<double> dropSec;   // where two seconds are more than 6 dB louder than the two before
     std::vector<BeatAnalysis::Section> sections;
 };
 
 // Samples are mono. Less than half a second has no sections, and less than about four and a half has one.
-LoudnessCourse loudnessCourse(std::span<const float> samples, double sampleRateHz);
+LoudnessEnvelope loudnessEnvelope(std::span<const float> samples, double sampleRateHz);
 
 }   // namespace tavix

@@ -21,9 +21,8 @@ class DeviceStage;
 struct DeviceMotionBlur;
 struct DeviceStance;
 
-// Used by the main executor alone, one frame after another. The engine below has no thread of its own that it
-// must be called from: in an export the main executor is the thread of the render loop.
-class RealityDeviceSceneRenderer {
+// Used by one thread at a time, whichever it is.
+class DeviceSceneRenderer {
 public:
     struct Settings {
         DeviceScene initialScene;
@@ -48,8 +47,8 @@ public:
         const RenderLog& log;
     };
 
-    explicit RealityDeviceSceneRenderer(Settings settings);
-    ~RealityDeviceSceneRenderer();
+    explicit DeviceSceneRenderer(Settings settings);
+    ~DeviceSceneRenderer();
 
     // A picture of the size of the output. The first call builds the stage. Never fails: what cannot be drawn
     // is told to the log once, and the backdrop shows.

@@ -69,12 +69,12 @@ struct Picture {
 };
 
 // Used by one thread at a time, apart from the jobs that it hands out itself.
-class Workshop {
+class RenderContext {
 public:
-    explicit Workshop(const EvaluatorOptions& options);
-    ~Workshop();
+    explicit RenderContext(const EvaluatorOptions& options);
+    ~RenderContext();
 
-    // Runs job(i, scratch) for i in 0 ... count - 1 on the workshop's threads and returns when all are done.
+    // Runs job(i, scratch) for i in 0 ... count - 1 on the context's threads and returns when all are done.
     void forEach(int count, const std::function<void(int, Scratch&)>& job);
     // The pixels of a node within `needed`: computed, found in the cache, or those of a bitmap node itself.
     // May cover more.
@@ -101,8 +101,8 @@ private:
 PixelRegion worthKeeping(const PixelRegion& whole, const PixelRegion& needed);
 
 struct Evaluator::Impl {
-    explicit Impl(const EvaluatorOptions& options) : workshop(options) {}
-    Workshop workshop;
+    explicit Impl(const EvaluatorOptions& options) : context(options) {}
+    RenderContext context;
 };
 
 }   // namespace tavix::imaging

@@ -1,4 +1,4 @@
-#include "TavixRender/Compositor/CameraRenderer.h"
+#include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixRender/Assets/BundledBackgrounds.h"
@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <variant>
 
-namespace tavix::CameraRenderer {
+namespace tavix::CanvasDrawing {
 
 namespace {
 
@@ -83,4 +83,4 @@ Image makeRoundedRectMask(const PixelRect& rect, double cornerRadiusPx, const Re
 
 Image masked(const Image& image, const Image& mask) { return image.blendedWithMask(Image(), mask); }
 
-}   // namespace tavix::CameraRenderer
+}   // namespace tavix::CanvasDrawing

@@ -1,5 +1,5 @@
 // Pictures of the phone that comes with the program, small: what every frame keeps to.
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 #include "RenderTestKit.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
@@ -19,7 +19,7 @@ namespace {
 using imaging::Image;
 using testing::Picture;
 using testing::Pixel;
-using Settings = RealityDeviceSceneRenderer::Settings;
+using Settings = DeviceSceneRenderer::Settings;
 
 constexpr imaging::Size size{120, 214};
 constexpr double heightFraction = 0.7;
@@ -65,11 +65,11 @@ Image screenOf(const imaging::Color& color) { return Image::solid(color).cropped
 
 class DeviceRenderer : public ::testing::Test {
 protected:
-    Picture drawn(RealityDeviceSceneRenderer& renderer, double sec, const Image& screen) {
+    Picture drawn(DeviceSceneRenderer& renderer, double sec, const Image& screen) {
         return {renderer.render(screen, sec, {evaluator, log}), size};
     }
     Picture drawn(const Settings& settings, double sec = 0) {
-        RealityDeviceSceneRenderer renderer(settings);
+        DeviceSceneRenderer renderer(settings);
         return drawn(renderer, sec, card);
     }
 
@@ -84,11 +84,11 @@ TEST_F(DeviceRenderer, GivesTheSameFramesInAnyOrderOnAnyNumberOfThreads) {
     std::vector<Picture> forward;
     Settings settings = movingSettings();
     settings.darkroom = std::make_shared<DeviceDarkroom>(scene3d::RendererOptions{1});
-    RealityDeviceSceneRenderer one(settings);
+    DeviceSceneRenderer one(settings);
     for (const double sec : times) forward.push_back(drawn(one, sec, card));
     for (const int threads : {2, 5}) {
         settings.darkroom = std::make_shared<DeviceDarkroom>(scene3d::RendererOptions{threads});
-        RealityDeviceSceneRenderer several(settings);
+        DeviceSceneRenderer several(settings);
         for (std::size_t i = times.size(); i-- > 0;)
             EXPECT_EQ(drawn(several, times[i], card), forward[i]) << threads << " threads, " << times[i];
     }
@@ -122,7 +122,7 @@ TEST_F(DeviceRenderer, ComesNearerWithDepth) {
 }
 
 TEST_F(DeviceRenderer, ShowsTheColoursOfItsScreenUnchanged) {
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     std::mt19937 random(5);
     const auto channel = [&] { return int(random() % 256); };
     for (int i = 0; i < 24; ++i) {
@@ -138,7 +138,7 @@ TEST_F(DeviceRenderer, ShowsTheColoursOfItsScreenUnchanged) {
 }
 
 TEST_F(DeviceRenderer, HasADarkScreenWhereItsPictureIsClear) {
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     EXPECT_EQ(drawn(renderer, 0, screenOf({1, 0, 0, 0})).at(60, 107), (Pixel{0, 0, 0, 255}));
 }
 
@@ -149,7 +149,7 @@ TEST_F(DeviceRenderer, HidesItsScreenFromBehindAndShowsItsFinish) {
     for (const DeviceFinish finish :
         {DeviceFinish::silver, DeviceFinish::cosmicOrange, DeviceFinish::deepBlue}) {
         settings.initialScene.finish = finish;
-        RealityDeviceSceneRenderer renderer(settings);
+        DeviceSceneRenderer renderer(settings);
         backs[int(finish)] = drawn(renderer, 0, screenOf({0, 1, 0, 1})).at(60, 130);
     }
     const auto& [silver, orange, blue] = backs;
@@ -161,7 +161,7 @@ TEST_F(DeviceRenderer, HidesItsScreenFromBehindAndShowsItsFinish) {
 
 TEST_F(DeviceRenderer, ShowsAChangeAppliedLiveAsIfItWereBuiltAnew) {
     const Settings moving = movingSettings();
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     drawn(renderer, 0, card);
     DeviceScene scene = moving.initialScene;
     scene.cameraDistance = 2.5;
@@ -179,14 +179,14 @@ TEST_F(DeviceRenderer, ShowsAChangeAppliedLiveAsIfItWereBuiltAnew) {
 }
 
 TEST_F(DeviceRenderer, AppliesWhatComesBeforeTheFirstFrame) {
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     const Settings moving = movingSettings();
     renderer.applyScene(moving.initialScene, moving.placementSpec, moving.motionBlurGain, moving.depthTrack);
     EXPECT_EQ(drawn(renderer, 1, card), drawn(moving, 1));
 }
 
 TEST_F(DeviceRenderer, TurnsLive) {
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     drawn(renderer, 0, card);
     renderer.liveUpdateTilt({10, 50, 0});
     Settings turned = restingSettings();
@@ -195,7 +195,7 @@ TEST_F(DeviceRenderer, TurnsLive) {
 }
 
 TEST_F(DeviceRenderer, KnowsFramesThatAreAlikeWithoutDrawingThem) {
-    RealityDeviceSceneRenderer renderer(movingSettings());
+    DeviceSceneRenderer renderer(movingSettings());
     const Image other = testing::testCard({60, 130}, 4);
     EXPECT_EQ(renderer.frameHash(card, 5), renderer.frameHash(card, 6)) << "all tracks have ended";
     EXPECT_NE(renderer.frameHash(card, 5), renderer.frameHash(other, 5));
@@ -208,7 +208,7 @@ TEST_F(DeviceRenderer, KnowsFramesThatAreAlikeWithoutDrawingThem) {
 }
 
 TEST_F(DeviceRenderer, KeepsItsScreenAtATimeThatIsLive) {
-    RealityDeviceSceneRenderer renderer(restingSettings());
+    DeviceSceneRenderer renderer(restingSettings());
     const auto middle = [&](const imaging::Color& color, double sec) {
         return drawn(renderer, sec, screenOf(color)).at(60, 107);
     };
@@ -248,7 +248,7 @@ TEST_F(DeviceRenderer, HasSmoothEdgesOnLargeCanvasesToo) {
         Settings settings = restingSettings();
         settings.output = canvas;
         settings.initialScene.tiltDegrees = {10, 35, 8};
-        RealityDeviceSceneRenderer renderer(settings);
+        DeviceSceneRenderer renderer(settings);
         const Picture picture(renderer.render(card, 0, {evaluator, log}), canvas);
         std::set<int> coverages;
         for (int y = 0; y < canvas.height; ++y)
@@ -272,7 +272,7 @@ TEST_F(DeviceModels, ThatAreBrokenShowTheBackdropAndSaySoOnce) {
     give("this is no model");
     Settings settings = restingSettings();
     settings.backdrop = Image::solid({0, 0, 1, 1});
-    RealityDeviceSceneRenderer renderer(settings);
+    DeviceSceneRenderer renderer(settings);
     for (const double sec : {0.0, 1.0})
         EXPECT_EQ(drawn(renderer, sec, card).at(60, 107), (Pixel{0, 0, 255, 255}));
     ASSERT_EQ(lines.size(), 1u);
@@ -290,7 +290,7 @@ TEST_F(DeviceModels, WithoutAScreenOrMissingShowTheBackdropInSilence) {
 
 using Pool = Composition3DRendererPool;
 
-Pool::Renderer someRenderer() { return std::make_shared<RealityDeviceSceneRenderer>(restingSettings()); }
+Pool::Renderer someRenderer() { return std::make_shared<DeviceSceneRenderer>(restingSettings()); }
 
 TEST(RendererPool, HandsOutOnlyWhatFitsAndGivesUpTheRest) {
     const Pool::Invariants fitting{1080, 1920, 30, {10, 20, 300, 600}, DeviceFinish::silver};

@@ -1,4 +1,4 @@
-#include "TavixRender/DeviceScene/RealityDeviceSceneRenderer.h"
+#include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
 #include "TavixCore/Device/DeviceDepthTrajectory.h"
 #include "TavixCore/Support/Failure.h"
@@ -59,7 +59,7 @@ Image halved(scene3d::EncodedFrame frame, imaging::Size whole) {
 
 }   // namespace
 
-RealityDeviceSceneRenderer::RealityDeviceSceneRenderer(Settings settings)
+DeviceSceneRenderer::DeviceSceneRenderer(Settings settings)
     : settings_(std::move(settings)), scene_(settings_.initialScene), placement_(settings_.placementSpec),
       motion_(scene_, placement_, rules()) {
     if (!settings_.darkroom) settings_.darkroom = std::make_shared<DeviceDarkroom>();
@@ -68,9 +68,9 @@ RealityDeviceSceneRenderer::RealityDeviceSceneRenderer(Settings settings)
     deriveMotion();
 }
 
-RealityDeviceSceneRenderer::~RealityDeviceSceneRenderer() = default;
+DeviceSceneRenderer::~DeviceSceneRenderer() = default;
 
-Image RealityDeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, const Context& context) {
+Image DeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, const Context& context) {
     if (state_ == State::fresh) build(context);
     if (state_ == State::failed) return backdrop();
     const Image screen = screenImage(transitionWindows_, deviceLayer, motion_, outputSec);
@@ -89,7 +89,7 @@ Image RealityDeviceSceneRenderer::render(const Image& deviceLayer, double output
 }
 
 // A stage is built once. One that cannot be stays so, and the backdrop shows for good.
-void RealityDeviceSceneRenderer::build(const Context& context) {
+void DeviceSceneRenderer::build(const Context& context) {
     state_ = State::failed;
     try {
         const scene3d::EntityRef model = DeviceModelLoader::freshModelInstance();
@@ -108,12 +108,12 @@ void RealityDeviceSceneRenderer::build(const Context& context) {
     }
 }
 
-void RealityDeviceSceneRenderer::setUpStage() {
+void DeviceSceneRenderer::setUpStage() {
     const double height = settings_.output.height;
     stage_->setUp(scene_, height > 0 ? std::optional(settings_.deviceRect.height / height) : std::nullopt);
 }
 
-void RealityDeviceSceneRenderer::deriveMotion() {
+void DeviceSceneRenderer::deriveMotion() {
     motion_ = DeviceSceneMotion(scene_, placement_, rules());
     ++sceneVersion_;
     lastBody_.reset();
@@ -122,7 +122,7 @@ void RealityDeviceSceneRenderer::deriveMotion() {
 }
 
 // The texture of the screen, brought up to date. When that fails the picture of before stays on it.
-void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, const Context& context) {
+void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, const Context& context) {
     if (liveMode_ && lastBlitSec_ == outputSec) return;
     lastBlitSec_ = outputSec;
     if (lastBlit_ == screen.hash()) return;
@@ -145,17 +145,17 @@ void RealityDeviceSceneRenderer::updateScreen(const Image& screen, double output
 
 // Both passes, one over the other. The lit body goes through the tone curve and the screen does not: its
 // pixels are those of its picture.
-Image RealityDeviceSceneRenderer::photographed(const DeviceStance& stance) {
+Image DeviceSceneRenderer::photographed(const DeviceStance& stance) {
     const DevicePassPlan plan = devicePassPlan(settings_.output, settings_.quality);
     return Image::stacked({clearIn(boundsOf(settings_.output)), bodyPass(plan, stance), screenPass(plan)});
 }
 
-struct RealityDeviceSceneRenderer::BodyPicture {
+struct DeviceSceneRenderer::BodyPicture {
     DeviceStance stance;
     Image image;
 };
 
-Image RealityDeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const DeviceStance& stance) {
+Image DeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const DeviceStance& stance) {
     if (lastBody_ && lastBody_->stance == stance) return lastBody_->image;
     lastBody_.reset();   // its memory serves the next one
     const scene3d::LinearFrame light =
@@ -165,7 +165,7 @@ Image RealityDeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const Dev
     return image;
 }
 
-Image RealityDeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
+Image DeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
     const imaging::Size output = settings_.output;
     const auto detail = plan.screenScale > 1 ? scene3d::TextureDetail::halved : scene3d::TextureDetail::fine;
     const scene3d::Pass pass{
@@ -174,12 +174,12 @@ Image RealityDeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
     return plan.screenScale > 1 ? halved(std::move(frame), pass.size) : imageOf(std::move(frame));
 }
 
-DeviceStance RealityDeviceSceneRenderer::stanceAt(double outputSec) const {
+DeviceStance DeviceSceneRenderer::stanceAt(double outputSec) const {
     return {motion_.posed(outputSec), motion_.placement(outputSec),
         DeviceDepthTrajectory::sample(settings_.depthTrack, outputSec)};
 }
 
-std::optional<DeviceMotionBlur> RealityDeviceSceneRenderer::blurAt(double outputSec) const {
+std::optional<DeviceMotionBlur> DeviceSceneRenderer::blurAt(double outputSec) const {
     const double scale = settings_.blurScale;
     const BlurredDevice moving{motion_, settings_.output.height * scale, settings_.deviceRect.width * scale,
         settings_.deviceRect.height * scale, settings_.fps};
@@ -188,7 +188,7 @@ std::optional<DeviceMotionBlur> RealityDeviceSceneRenderer::blurAt(double output
     return blur;
 }
 
-imaging::Digest RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
+imaging::Digest DeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
     const DeviceStance stance = stanceAt(outputSec);
     imaging::Hash hash;
     hash.add(sceneVersion_);
@@ -202,11 +202,9 @@ imaging::Digest RealityDeviceSceneRenderer::frameHash(const Image& deviceLayer, 
     return hash.digest();
 }
 
-Image RealityDeviceSceneRenderer::backdrop() const {
-    return settings_.backdrop.cropped(boundsOf(settings_.output));
-}
+Image DeviceSceneRenderer::backdrop() const { return settings_.backdrop.cropped(boundsOf(settings_.output)); }
 
-void RealityDeviceSceneRenderer::applyScene(const DeviceScene& scene,
+void DeviceSceneRenderer::applyScene(const DeviceScene& scene,
     const std::optional<DevicePlacementSpec>& placement, std::optional<double> motionBlur,
     const std::optional<std::vector<DeviceScalarKeyframe>>& depthTrack) {
     scene_ = scene;
@@ -217,12 +215,12 @@ void RealityDeviceSceneRenderer::applyScene(const DeviceScene& scene,
     if (state_ == State::built) setUpStage();
 }
 
-void RealityDeviceSceneRenderer::liveUpdateTilt(const Vector3& tiltDegrees) {
+void DeviceSceneRenderer::liveUpdateTilt(const Vector3& tiltDegrees) {
     scene_.setBaseTilt(tiltDegrees);
     deriveMotion();
 }
 
-void RealityDeviceSceneRenderer::rest() {
+void DeviceSceneRenderer::rest() {
     if (state_ != State::built) return;
     state_ = State::fresh;
     stage_.reset();
@@ -231,12 +229,12 @@ void RealityDeviceSceneRenderer::rest() {
     lastBlit_.reset();
 }
 
-void RealityDeviceSceneRenderer::setLiveMode(bool isOn) {
+void DeviceSceneRenderer::setLiveMode(bool isOn) {
     if (liveMode_ != isOn) lastBlitSec_.reset();
     liveMode_ = isOn;
 }
 
-DeviceMotionRules RealityDeviceSceneRenderer::rules() const {
+DeviceMotionRules DeviceSceneRenderer::rules() const {
     return {double(settings_.output.width), double(settings_.output.height), settings_.fps,
         settings_.smoothPose, settings_.parkPoseTurn, settings_.timeRemap};
 }

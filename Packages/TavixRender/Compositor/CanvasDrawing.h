@@ -15,7 +15,7 @@ namespace tavix {
 struct BundledBackground;
 }
 
-namespace tavix::CameraRenderer {
+namespace tavix::CanvasDrawing {
 
 // A picture of exactly the size of `bounds`. What cannot be read falls back, in the end to a dark grey.
 imaging::Image resolveBackgroundFill(
@@ -45,4 +45,4 @@ imaging::Color colorOf(const RGBAColor& color);
 // A path below the home folder ("~/") with that folder in its place; any other as it stands.
 std::string tildeExpanded(const std::string& path);
 
-}   // namespace tavix::CameraRenderer
+}   // namespace tavix::CanvasDrawing

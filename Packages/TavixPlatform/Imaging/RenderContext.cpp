@@ -1,4 +1,4 @@
-#include "TavixPlatform/Imaging/Workshop.h"
+#include "TavixPlatform/Imaging/RenderContext.h"
 
 #include "TavixPlatform/Imaging/Nodes/Nodes.h"
 
@@ -71,13 +71,13 @@ void ResultCache::dropLast() {
     byUse_.pop_back();
 }
 
-Workshop::Workshop(const EvaluatorOptions& options)
+RenderContext::RenderContext(const EvaluatorOptions& options)
     : loop_(options.threadCount), comparesStructures_(options.comparesStructures),
       cache_({options.cacheBytes, options.comparesStructures}),
       pool_(std::make_shared<BytePool>(mostIdleBytes)) {}
-Workshop::~Workshop() = default;
+RenderContext::~RenderContext() = default;
 
-void Workshop::forEach(int count, const std::function<void(int, Scratch&)>& job) {
+void RenderContext::forEach(int count, const std::function<void(int, Scratch&)>& job) {
     const auto run = [&](int i) {
         std::unique_ptr<Scratch> scratch;
         {
@@ -98,20 +98,20 @@ void Workshop::forEach(int count, const std::function<void(int, Scratch&)>& job)
     loop_.run(count, run);
 }
 
-DrawableRef Workshop::prepare(const NodeRef& node, const PixelRegion& wanted) {
+DrawableRef RenderContext::prepare(const NodeRef& node, const PixelRegion& wanted) {
     const PixelRegion part = intersection(wanted, node->support());
     if (part.isEmpty()) return std::make_shared<EmptyDrawable>(node);
     return node->prepare(*this, node, part);
 }
 
-void Workshop::drawInto(const NodeRef& node, const Tile& target) {
+void RenderContext::drawInto(const NodeRef& node, const Tile& target) {
     const DrawableRef drawable = prepare(node, target.region);
     const std::vector<PixelRegion> tiles = tilesOf(target.region);
     forEach(int(tiles.size()),
         [&](int i, Scratch& scratch) { drawable->draw(target.part(tiles[std::size_t(i)]), scratch); });
 }
 
-Picture Workshop::pictureOf(const NodeRef& node, const PixelRegion& needed) {
+Picture RenderContext::pictureOf(const NodeRef& node, const PixelRegion& needed) {
     const PixelRegion part = intersection(needed, node->support());
     if (part.isEmpty()) return {};
     if (const auto* bitmap = asBitmap(*node)) return *bitmap;
