@@ -87,7 +87,7 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
                          std::string(ReelProjectBundle::rawVideoName) +
                          "; name a video, or a bundle whose name ends in ." +
                          std::string(ReelProjectBundle::pathExtension) + ".");
-    recording.probe = SyncFrameDetector::probe(parts.rawVideo);
+    recording.probe = probeRecording(parts.rawVideo, terminal);
     recording.rawDurationSec = media::mediaDurationSec(parts.rawVideo);
     recording.hasSidecar = isFile(parts.timeline);
     if (recording.hasSidecar) {
@@ -101,9 +101,32 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
     return recording;
 }
 
+VideoProbe probeRecording(const fs::path& video, Terminal& terminal) {
+    const VideoProbe probe = SyncFrameDetector::probe(video);
+    if (probe.isDamaged)
+        terminal.warn("\"" + video.string() +
+                      "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
+                      "and marks there are not found.");
+    return probe;
+}
+
+fs::path newDocument(const std::optional<std::string>& asked, const fs::path& usual, bool replaces) {
+    const fs::path file = asked ? fs::path(*asked) : usual;
+    if (!file.has_filename()) throw UsageError("The output \"" + file.string() + "\" has no name.");
+    std::error_code ignored;
+    if (!replaces && fs::exists(fs::symlink_status(file, ignored)))
+        throw Failure(
+            "\"" + file.string() +
+            "\" is there already and may have been edited; give --replace, or another name with -o.");
+    return file;
+}
+
 EffectsSpec readEffects(const fs::path& file, Terminal& terminal) {
     return readDocument<EffectsSpec>(file, terminal);
 }
 FlowSpec readFlow(const fs::path& file, Terminal& terminal) { return readDocument<FlowSpec>(file, terminal); }
+DoneReport readDriverReport(const fs::path& file, Terminal& terminal) {
+    return readDocument<DoneReport>(file, terminal);
+}
 
 }   // namespace tavix::engine

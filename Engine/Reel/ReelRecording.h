@@ -5,6 +5,7 @@
 #include "TavixReel/Document/EffectsSpec.h"
 #include "TavixReel/Flow/FlowSpec.h"
 #include "TavixReel/Project/ReelProjectBundle.h"
+#include "TavixReel/Recording/DoneReport.h"
 #include "TavixReel/Recording/VideoProbe.h"
 
 #include <filesystem>
@@ -33,8 +34,17 @@ struct ReelRecording {
 // `Failure` for a video that cannot.
 ReelRecording openRecording(const std::string& given, Terminal& terminal);
 
-// Both tell what is ignored in a document, and throw a `DocumentError` for one that cannot be read.
+// What the pixels of a video tell. Damage is told. Throws `Failure` for one that cannot be read.
+VideoProbe probeRecording(const std::filesystem::path& video, Terminal& terminal);
+
+// Where a document is to be written: what was asked for, or its usual place. Throws a `Failure` when
+// something is there already and is not to be replaced.
+std::filesystem::path newDocument(
+    const std::optional<std::string>& asked, const std::filesystem::path& usual, bool replaces);
+
+// They tell what is ignored in a document, and throw a `DocumentError` for one that cannot be read.
 EffectsSpec readEffects(const std::filesystem::path& file, Terminal& terminal);
 FlowSpec readFlow(const std::filesystem::path& file, Terminal& terminal);
+DoneReport readDriverReport(const std::filesystem::path& file, Terminal& terminal);
 
 }   // namespace tavix::engine

@@ -151,14 +151,66 @@ TEST_F(ReelVerbs, ProbeNamesItsFields) {
     EXPECT_THAT(tavix({"reel", "probe", "walk.mov"}).out, HasSubstr("flash at the go  none"));
 }
 
+// Between two flashes an app taps once, on its own clock; the corner shows when.
+TEST_F(ReelVerbs, SidecarComesFromTheReportAndThePicture) {
+    media::tests::ClipRecipe recipe{
+        .path = at("run.mov"), .size = {128, 128}, .times = media::tests::evenTimes(150)};
+    recipe.paint = [](AVFrame& frame, int index) {
+        const bool isFlash = index == 12 || index == 13 || index == 132 || index == 133;
+        const bool isMark = index >= 63 && index < 66;
+        for (int plane = 0; plane < 3; ++plane) media::tests::fillPlane(frame, plane, 110);
+        const int magenta[] = {78, 214, 230};
+        for (int plane = 0; plane < 3 && (isFlash || isMark); ++plane) {
+            const int shift = plane == 0 ? 0 : 1, from = isFlash ? 0 : (128 - 24) >> shift;
+            for (int y = from; y < 128 >> shift; ++y)
+                for (int x = 0; x < (isFlash ? 128 : 24) >> shift; ++x)
+                    frame.data[plane][y * frame.linesize[plane] + x] = std::uint8_t(magenta[plane]);
+        }
+    };
+    media::tests::makeClip(recipe);
+    write("done.json", R"({"flowStart": 700, "flowEnd": 704, "displayScale": 2, "steps": [
+        {"index": 0, "startedAt": 701.4, "endedAt": 703, "actionAt": 701.6, "label": "Save",
+         "rect": {"x": 4, "y": 5, "width": 6, "height": 7}}]})");
+    const Outcome made = tavix({"reel", "sidecar", "run.mov"});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_THAT(made.out,
+        HasSubstr("✓ Wrote run.timeline.json: 1 step, 1 of 1 marks found, clock rate 1.0000"));
+    const Json event = effects("run.timeline.json").find("events")->array()->front();
+    EXPECT_NEAR(*event.find("actionSec")->doubleValue(), 63 / 30.0, 1e-6);   // as seen, not as reported
+    EXPECT_NEAR(*event.find("tSec")->doubleValue(), 63 / 30.0 - 0.2, 1e-6);
+    EXPECT_EQ(*event.find("regionPx"), parseJson("[8, 10, 12, 14]"));
+    EXPECT_EQ(tavix({"reel", "author", "run.mov"}).status, 0);
+
+    EXPECT_EQ(tavix({"reel", "sidecar", "run.mov"}).status, 3);   // it may have been edited
+    const Outcome flashless = tavix({"reel", "sidecar", "walk.mov", "-o", "new.json"});
+    EXPECT_EQ(flashless.status, 3);
+    EXPECT_THAT(flashless.err, HasSubstr("\"walk.mov\" has no flash at the go"));
+    EXPECT_THAT(tavix({"reel", "sidecar", "run.mov", "--report", "gone.json", "-o", "new.json"}).err,
+        HasSubstr("gone.json"));
+}
+
+TEST_F(ReelVerbs, TellOfADamagedRecording) {
+    media::tests::makeClip({.path = at("long.mkv"), .times = media::tests::evenTimes(240)});
+    const std::string bytes = readBytes(at("long.mkv"));
+    write("cut.mkv", bytes.substr(0, bytes.size() / 2));
+    for (const char* verb : {"probe", "describe", "author"})
+        EXPECT_THAT(tavix({"reel", verb, "cut.mkv"}).err, HasSubstr("\"cut.mkv\" is damaged or cut short"));
+    EXPECT_EQ(*json({"reel", "probe", "cut.mkv", "--json"}).find("isDamaged")->boolean(), true);
+    EXPECT_FALSE(json({"reel", "probe", "long.mkv", "--json"}).find("isDamaged"));
+}
+
 TEST_F(ReelVerbs, DescribeTellsTimesOfTheFinishedFilm) {
-    ASSERT_EQ(tavix({"reel", "author", "walk.mov", "--captions"}).status, 0);
+    ASSERT_EQ(tavix({"reel", "author", "walk.mov"}).status, 0);
     const Json story = json({"reel", "describe", "walk.mov", "--json", "--plot", "plot.png"});
     // Between the steps, 1.6 to 4.4 is played five times as fast.
     EXPECT_NEAR(*story.find("durationSec")->doubleValue(), 8 - 2.8 + 2.8 / 5, 1e-6);
     EXPECT_NEAR(*story.find("steps")->array()->at(1).find("atSec")->doubleValue(), 5 - 2.8 + 2.8 / 5, 1e-6);
     EXPECT_NEAR(*story.find("paces")->array()->front().find("endSec")->doubleValue(), 1.6 + 2.8 / 5, 1e-6);
-    EXPECT_EQ(count(story, "captions"), 2u);
+    ASSERT_EQ(tavix({"reel", "author", "walk.mov", "--captions", "--replace"}).status, 0);
+    const Json told = json({"reel", "describe", "walk.mov", "--json"});
+    EXPECT_EQ(count(told, "captions"), 2u);
+    // The first caption is to be read until 3, and the gap is hurried through after it alone.
+    EXPECT_NEAR(*told.find("paces")->array()->front().find("startSec")->doubleValue(), 3, 1e-6);
 
     // The curve of the zoom lies at the bottom of its row at first, and higher when the camera is in.
     const imaging::Bitmap plot = media::loadStillImage(at("plot.png"));

@@ -8,6 +8,7 @@
 #include "TavixCore/Theme/BackgroundSelector.h"
 #include "TavixReel/Camera/EffectsAuthor.h"
 #include "TavixReel/Captions/CaptionAuthor.h"
+#include "TavixReel/Captions/CaptionPace.h"
 #include "TavixReel/Cards/TypographyAuthor.h"
 #include "TavixReel/Choreography/FlowTransitions.h"
 #include "TavixReel/Choreography/SideCaptionChoreography.h"
@@ -70,17 +71,6 @@ void ReelAuthorVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text("-o,--output", output_, "FILE", "The document. Where the recording keeps it by default.");
     arguments.flag("--replace", replaces_, "Replace a document that is there already.");
     arguments.jsonFlag(terminal);
-}
-
-fs::path ReelAuthorVerb::target(const ReelRecording& recording) const {
-    const fs::path file = output_ ? fs::path(*output_) : recording.parts.effects;
-    if (!file.has_filename()) throw UsageError("The output \"" + file.string() + "\" has no name.");
-    std::error_code ignored;
-    if (!replaces_ && fs::exists(fs::symlink_status(file, ignored)))
-        throw Failure(
-            "\"" + file.string() +
-            "\" is there already and may have been edited; give --replace, or another name with -o.");
-    return file;
 }
 
 std::optional<FlowSpec> ReelAuthorVerb::flow(const ReelRecording& recording, Terminal& terminal) const {
@@ -164,6 +154,7 @@ EffectsSpec ReelAuthorVerb::author(
     spec.brand = brand(words);
     if (flow) spec.setTransitions(transitionsOf(*flow, recording.timeline));
     if (captions_) addCaptions(spec, recording, flow, words);
+    CaptionPace::keepUnderCaptions(spec);
     addTypography(spec, recording, flow, words);
     return spec;
 }
@@ -172,7 +163,7 @@ void ReelAuthorVerb::run(Terminal& terminal) {
     asUsage(
         [&] { return TypographyOverride::parse(typography_.value_or("auto")); });   // before the long part
     const ReelRecording recording = openRecording(recording_, terminal);
-    const fs::path file = target(recording);
+    const fs::path file = newDocument(output_, recording.parts.effects, replaces_);
     const std::optional<FlowSpec> driven = flow(recording, terminal);
     if (!recording.hasSidecar)
         terminal.warn(

@@ -28,7 +28,6 @@ private:
         std::vector<std::string> notes, errors;   // of authoring, for people
     };
 
-    std::filesystem::path target(const ReelRecording& recording) const;
     std::optional<BrandKit> brand(Words& words) const;
     std::optional<FlowSpec> flow(const ReelRecording& recording, Terminal& terminal) const;
     Background background(const std::filesystem::path& target) const;

@@ -1,11 +1,10 @@
 #include "Engine/Verbs/ReelProbeVerb.h"
 
 #include "Engine/Arguments.h"
+#include "Engine/Reel/ReelRecording.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Decimals.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixReel/Project/ReelProjectBundle.h"
-#include "TavixRender/Recording/SyncFrameDetector.h"
 
 namespace tavix::engine {
 
@@ -43,7 +42,7 @@ void ReelProbeVerb::declare(Arguments& arguments, Terminal& terminal) {
 }
 
 void ReelProbeVerb::run(Terminal& terminal) {
-    const VideoProbe probe = SyncFrameDetector::probe(ReelProjectBundle::parts(video_).rawVideo);
+    const VideoProbe probe = probeRecording(ReelProjectBundle::parts(video_).rawVideo, terminal);
     if (terminal.mode() == Terminal::Mode::json)
         terminal.result(Codec<VideoProbe>::write(probe));
     else

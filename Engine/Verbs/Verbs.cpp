@@ -10,6 +10,7 @@
 #include "Engine/Verbs/ReelDescribeVerb.h"
 #include "Engine/Verbs/ReelLintVerb.h"
 #include "Engine/Verbs/ReelProbeVerb.h"
+#include "Engine/Verbs/ReelSidecarVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
 #include "Engine/Verbs/SchemaVerb.h"
@@ -55,6 +56,8 @@ constexpr VerbEntry entries[] = {
         "tavix reel lint flow.json --json", make<ReelLintVerb>},
     {"reel probe", "Find the flashes and marks in the picture of a recording.",
         "tavix reel probe shop.tavixproj --json", make<ReelProbeVerb>},
+    {"reel sidecar", "Make the sidecar of a recording from what its driver reported.",
+        "tavix reel sidecar shop.mov --report done.json", make<ReelSidecarVerb>},
     {"reel describe", "Tell what a reel does and when, or draw it.",
         "tavix reel describe shop.tavixproj --plot shop.png", make<ReelDescribeVerb>},
 };

@@ -23,6 +23,7 @@ std::optional<AssetKind> kindOf(const std::string& reference, Role role) {
     case Role::sound:
         if (!named<SFXCatalog::Sound>(reference)) return AssetKind::sound;
         return std::nullopt;
+    case Role::fontPath: return AssetKind::font;
     case Role::fontFile:
         if (looksLikePath(reference)) return AssetKind::font;
         return std::nullopt;
@@ -35,13 +36,18 @@ std::optional<AssetKind> kindOf(const std::string& reference, Role role) {
 
 }   // namespace
 
-void forEachAsset(CompositionSpec& spec, const std::function<void(AssetKind, std::string&)>& visit) {
-    walk(spec, [&](const MutablePlace& place) {
+void forEachAsset(const Type& type, void* document, const AssetVisit& visit) {
+    const auto look = [&](const MutablePlace& place) {
         auto* const reference = place.as<std::string>();
         const auto kind = reference && place.row ? kindOf(*reference, place.row->role) : std::nullopt;
         if (kind) visit(*kind, *reference);
         return Walk::into;
-    });
+    };
+    walkValue(type, document, KeyPath(), Visitor<MutablePlace>(look));
+}
+
+void forEachAsset(CompositionSpec& spec, const AssetVisit& visit) {
+    forEachAsset(typeOf<CompositionSpec>(), &spec, visit);
 }
 
 void packReferences(CompositionSpec& spec, AssetPacker& packer) {

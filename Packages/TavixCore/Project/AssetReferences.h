@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Support/Type.h"
 
 #include <functional>
 #include <string>
@@ -21,7 +22,10 @@ enum class AssetKind {
 
 // Visits every reference to a file, from the document's head to its sound; one may be empty. Names of
 // installed fonts and of built-in sounds are no references.
-void forEachAsset(CompositionSpec& spec, const std::function<void(AssetKind kind, std::string& path)>& visit);
+using AssetVisit = std::function<void(AssetKind kind, std::string& path)>;
+void forEachAsset(CompositionSpec& spec, const AssetVisit& visit);
+// The same for a document of any type.
+void forEachAsset(const Type& type, void* document, const AssetVisit& visit);
 
 // Packs every file that the document refers to and makes the references those of the packed document. The
 // order decides which of two files of one name keeps it.

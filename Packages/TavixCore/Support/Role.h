@@ -23,6 +23,7 @@ enum class Role {
     sound,      // a sound of the catalog, or a file
     fontFile,   // the name of a font, or a file
     font,       // a key of the document's fonts, a name, or a file
+    fontPath,   // always a file
     // Of a picture in output pixels, which grows with it.
     pixelPoint,
     pixelLength,

@@ -15,7 +15,7 @@ const Fields<BrandKit::BrandFont>& fieldsOf(std::type_identity<BrandKit::BrandFo
     using F = BrandKit::BrandFont;
     static const Fields<F> table{
         "BrandFont", {field<&F::name>("name", "What the font calls itself.").required(),
-                         field<&F::path>("path", "The font file.").required()}};
+                         field<&F::path>("path", "The font file.").required().as(Role::fontPath)}};
     return table;
 }
 
@@ -26,7 +26,8 @@ const Fields<BrandKit>& fieldsOf(std::type_identity<BrandKit>) {
                         field<&B::secondary>("secondary", "A second colour, unlike the accent."),
                         field<&B::palette>("palette", "Its colours, the most frequent first."),
                         field<&B::primaryFontName>("primaryFontName", "What its main font calls itself."),
-                        field<&B::primaryFontPath>("primaryFontPath", "The file of its main font."),
+                        field<&B::primaryFontPath>("primaryFontPath", "The file of its main font.")
+                            .as(Role::fontPath),
                         field<&B::fonts>("fonts", "All of its fonts."),
                         field<&B::appMode>("appMode", "Whether it looks light or dark."),
                         field<&B::sourceBundlePath>("sourceBundlePath", "Where it was found.")}};

@@ -13,7 +13,7 @@ const Fields<CaptionStyle>& fieldsOf(std::type_identity<CaptionStyle>) {
     using S = CaptionStyle;
     static const Fields<S> table{"CaptionStyle",
         {field<&S::fontName>("fontName", "What the font calls itself; the system's own font when absent."),
-            field<&S::fontPath>("fontPath", "The font file."),
+            field<&S::fontPath>("fontPath", "The font file.").as(Role::fontPath),
             field<&S::fontSizeFraction>("fontSizeFraction", "Text size as a fraction of the canvas height."),
             field<&S::textColor>("textColor", "Colour of the text."),
             field<&S::barColor>("barColor", "Colour of the bar behind the text."),

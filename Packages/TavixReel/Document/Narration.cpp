@@ -32,7 +32,7 @@ const Fields<CaptionStyleOverride>& fieldsOf(std::type_identity<CaptionStyleOver
     using O = CaptionStyleOverride;
     static const Fields<O> table{"CaptionStyleOverride",
         {field<&O::fontName>("fontName", "What the font calls itself; \"system\" is the system's own."),
-            field<&O::fontPath>("fontPath", "The font file."),
+            field<&O::fontPath>("fontPath", "The font file.").as(Role::fontPath),
             field<&O::fontSizeFraction>("fontSizeFraction", "Text size as a fraction of the canvas height."),
             field<&O::textColor>("textColor", "Colour of the text."),
             field<&O::barColor>("barColor", "Colour of the bar behind the text."),

@@ -18,7 +18,7 @@ const Fields<CardText>& fieldsOf(std::type_identity<CardText>) {
         {field<&T::text>("text", "What it says."), field<&T::emphasis>("emphasis", "Words that stand out."),
             field<&T::sizeFraction>("sizeFraction", "Text size as a fraction of the canvas height."),
             field<&T::fontName>("fontName", "What the font calls itself; the system's own when absent."),
-            field<&T::fontPath>("fontPath", "The font file."),
+            field<&T::fontPath>("fontPath", "The font file.").as(Role::fontPath),
             field<&T::fontWeight>("fontWeight", "Weight of the font."),
             field<&T::color>("color", "Colour of the text."),
             field<&T::shadow>("shadow", "Soft shadow under the text."),
@@ -72,7 +72,7 @@ const Fields<TitleCard>& fieldsOf(std::type_identity<TitleCard>) {
             field<&C::background>("background", "What is behind it; the reel's own when absent."),
             field<&C::headline>("headline", "Its first text."), field<&C::subline>("subline", "Its second."),
             field<&C::showLogo>("showLogo", "Whether it bears a logo."),
-            field<&C::logoPath>("logoPath", "The picture of the logo."),
+            field<&C::logoPath>("logoPath", "The picture of the logo.").as(Role::picture),
             field<&C::logoSizeFraction>("logoSizeFraction", "Its size as a fraction of the canvas height.")}};
     return table;
 }

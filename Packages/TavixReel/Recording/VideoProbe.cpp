@@ -37,7 +37,9 @@ const Fields<VideoProbe>& fieldsOf(std::type_identity<VideoProbe>) {
             field<&P::syncEndSeconds>("syncEndSeconds", "When it is over."),
             field<&P::endFlashStartSeconds>("endFlashStartSeconds", "When the flash at the end starts."),
             field<&P::endFlashEndSeconds>("endFlashEndSeconds", "When it is over."),
-            field<&P::markBlipSeconds>("markBlipSeconds", "When marks appear in the corner.")}};
+            field<&P::markBlipSeconds>("markBlipSeconds", "When marks appear in the corner."),
+            field<&P::isDamaged>("isDamaged", "Whether pictures are missing or broken, or it ends too early.")
+                .unlessDefault()}};
     return table;
 }
 

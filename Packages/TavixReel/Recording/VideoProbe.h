@@ -17,6 +17,7 @@ struct VideoProbe {
     std::optional<double> syncSeconds, syncEndSeconds;   // of the flash at the go; its end is what follows it
     std::optional<double> endFlashStartSeconds, endFlashEndSeconds;
     std::vector<double> markBlipSeconds;   // when a mark appears in the corner, rising
+    bool isDamaged = false;                // pictures of it are missing or broken, or it ends too early
 
     // Where the reel of this recording starts, so that nothing of the flash is in it; 0 without one.
     double trimStartSec() const;

@@ -17,10 +17,11 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view contentsName = "Contents.json", accentName = "AccentColor.colorset";
 
-// A part of a colour as a fraction: whatever is above 1 counts in bytes.
+// A part of a colour as a fraction: whatever is above 1 counts in bytes. Wider colour spaces have parts past
+// 0 and 1, which come to their ends.
 std::optional<double> fraction(std::optional<double> number) {
     if (!number || !std::isfinite(*number)) return std::nullopt;
-    return *number > 1 ? *number / 255 : *number;
+    return std::clamp(*number > 1 ? *number / 255 : *number, 0.0, 1.0);
 }
 
 std::optional<double> numberIn(std::string_view text) {
@@ -38,7 +39,7 @@ std::optional<double> component(const Json* json) {
     unsigned byte = 0;
     const char* const last = text.data() + text.size();
     const auto [end, error] = std::from_chars(text.data() + 2, last, byte, 16);
-    return error == std::errc() && end == last ? std::optional(byte / 255.0) : std::nullopt;
+    return error == std::errc() && end == last ? std::optional(std::min(byte / 255.0, 1.0)) : std::nullopt;
 }
 
 const Json* pathIn(const Json* json, std::initializer_list<std::string_view> keys) {

@@ -103,7 +103,9 @@ VideoProbe read(const std::filesystem::path& rawVideo, double scanLimitSec) {
         const imaging::Bitmap pixels = evaluator.draw(frame->image(), imaging::pixelsCovering(extent));
         log.add(pixels.view(), frame->ptsSec());
     }
-    return log.probe(track, scanLimitSec);
+    VideoProbe probe = log.probe(track, scanLimitSec);
+    probe.isDamaged = frames->isDamaged();
+    return probe;
 }
 
 }   // namespace

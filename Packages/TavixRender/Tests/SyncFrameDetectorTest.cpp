@@ -2,12 +2,11 @@
 #include "TavixRender/Recording/SyncFrameDetector.h"
 
 #include "TavixCore/Support/Failure.h"
+#include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Values/SeededRandom.h"
 #include "TavixPlatform/Media/Tests/TestClip.h"
-#include "TavixReel/Recording/PixelMarkAlignment.h"
+#include "TavixReel/Recording/Sidecar.h"
 #include "TavixReel/Recording/SyncFlash.h"
-#include "TavixReel/Recording/TimeMapping.h"
-#include "TavixReel/Recording/TimelineBuilder.h"
 #include "TestSupport/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -36,10 +35,11 @@ struct Showing {
 };
 
 // A picture in motion with what is shown over it. Where the corner is, is up to how the film is stored.
-void paint(AVFrame& frame, int index, const Showing& showing, bool isCornerAtRight = false) {
+void paint(AVFrame& frame, int index, const Showing& showing, bool isCornerAtRight = false,
+    int markPx = cornerPx) {
     for (int plane = 0; plane < 3; ++plane) {
         const int shift = plane == 0 ? 0 : 1;
-        const int width = frame.width >> shift, height = frame.height >> shift, corner = cornerPx >> shift;
+        const int width = frame.width >> shift, height = frame.height >> shift, corner = markPx >> shift;
         for (int y = 0; y < height; ++y)
             for (int x = 0; x < width; ++x) {
                 const bool isCorner =
@@ -192,6 +192,22 @@ std::vector<Recorder> recorders() {
     return all;
 }
 
+// Every step stands where the film shows it, to the frame.
+void expectAligned(const DrivenApp& app, const VideoProbe& probe, double frameSec) {
+    ASSERT_TRUE(probe.flashSpanSec());
+    const auto made = Sidecar::of(app.report(), probe);
+    ASSERT_TRUE(made);
+    EXPECT_NEAR(made->rate, app.recorderRate, frameSec / app.lengthSec);
+    EXPECT_EQ(made->aligned.matched, 2 * app.actionsSec.size());
+    for (std::size_t i = 0; i < app.actionsSec.size(); ++i) {
+        const Timeline::Event& event = made->aligned.timeline.events[i];
+        EXPECT_NEAR(*event.actionSec, app.videoSec(app.actionsSec[i]), frameSec) << i;
+        EXPECT_NEAR(*event.endSec, app.videoSec(app.endsSec[i]), frameSec) << i;
+        // A picture never shows what has not happened yet.
+        EXPECT_GE(*event.actionSec, app.videoSec(app.actionsSec[i]) - 0.001) << i;
+    }
+}
+
 TEST_F(Recordings, AlignedTimesAreWithinAFrameWhateverTheRecorderDoes) {
     const DrivenApp app;
     for (Recorder& recorder : recorders()) {
@@ -210,24 +226,43 @@ TEST_F(Recordings, AlignedTimesAreWithinAFrameWhateverTheRecorderDoes) {
 
         const VideoProbe probe = SyncFrameDetector::probe(recipe.path);
         EXPECT_EQ(probe.widthPx, upright.width);
-        ASSERT_TRUE(probe.flashSpanSec());
-        const DoneReport report = app.report();
-        const double rate =
-            TimeMapping::recorderRate(probe.flashSpanSec(), report.flowEnd - report.flowStart);
-        EXPECT_NEAR(rate, app.recorderRate, longestSec / app.lengthSec);
-        const Timeline built = TimelineBuilder::build(
-            report, *probe.syncSeconds, {probe.widthPx, probe.heightPx, probe.fps}, rate);
-        const auto result =
-            PixelMarkAlignment::align(built, probe.markBlipSeconds, PixelMarkAlignment::usualTolerance);
-        EXPECT_EQ(result.matched, 12u);
-        for (std::size_t i = 0; i < app.actionsSec.size(); ++i) {
-            const Timeline::Event& event = result.timeline.events[i];
-            EXPECT_NEAR(*event.actionSec, app.videoSec(app.actionsSec[i]), longestSec) << i;
-            EXPECT_NEAR(*event.endSec, app.videoSec(app.endsSec[i]), longestSec) << i;
-            // A picture never shows what has not happened yet.
-            EXPECT_GE(*event.actionSec, app.videoSec(app.actionsSec[i]) - 0.001) << i;
-        }
+        expectAligned(app, probe, longestSec);
     }
+}
+
+// As large as phones record, with so few bits that most of every picture is a smear: 2 Mbit/s are less than a
+// thirtieth of what the picture below would want.
+TEST_F(Recordings, AlignedTimesSurviveAFullSizeFilmOfFewBits) {
+    DrivenApp app;
+    app.lengthSec = 2.3;
+    app.actionsSec = {0.4, 1.3};
+    app.endsSec = {0.8, 1.71};
+    ClipRecipe recipe{
+        .path = at("large.mov"), .size = {1178, 2556}, .times = media::tests::evenTimes(90), .gop = 120};
+    recipe.options = {{"preset", "ultrafast"}, {"b", "2000000"}, {"maxrate", "2000000"}, {"bufsize", "1000000"}};
+    recipe.paint = [&](AVFrame& frame, int index) {
+        const Showing showing = app.at(index / 30.0, SyncFlash::holdMs / 1000.0);
+        paint(frame, index, showing, false, SyncFrameDetector::markSidePx(frame.width));
+    };
+    media::tests::makeClip(recipe);
+    ASSERT_LT(std::filesystem::file_size(recipe.path), 3 * 2'000'000 / 8 * 1.5);
+    expectAligned(app, SyncFrameDetector::probe(recipe.path), 1 / 30.0);
+}
+
+TEST_F(Recordings, DamageIsToldAndAWholeFilmHasNone) {
+    ClipRecipe recipe{.path = at("whole.mkv"), .size = upright, .times = media::tests::evenTimes(60)};
+    recipe.paint = [](AVFrame& frame, int index) { paint(frame, index, {index == 4}); };
+    media::tests::makeClip(recipe);
+    EXPECT_FALSE(SyncFrameDetector::probe(recipe.path).isDamaged);
+    const std::string bytes = readBytes(recipe.path);
+    std::ofstream(at("cut.mkv"), std::ios::binary) << bytes.substr(0, bytes.size() / 2);
+    const VideoProbe cut = SyncFrameDetector::probe(at("cut.mkv"));
+    EXPECT_TRUE(cut.isDamaged);
+    EXPECT_TRUE(cut.syncSeconds);   // what can be read counts all the same
+    std::string holed = bytes;
+    for (std::size_t i = bytes.size() / 2; i < bytes.size() / 2 + 2000; ++i) holed[i] = char(i * 37);
+    std::ofstream(at("holed.mkv"), std::ios::binary) << holed;
+    EXPECT_TRUE(SyncFrameDetector::probe(at("holed.mkv")).isDamaged);
 }
 
 // One pixel of a colour, everywhere.

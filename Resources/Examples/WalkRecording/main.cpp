@@ -4,14 +4,13 @@
 #include "Stage.h"
 
 #include "TavixCore/Support/Document.h"
+#include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixReel/Project/ReelProjectBundle.h"
-#include "TavixReel/Recording/PixelMarkAlignment.h"
-#include "TavixReel/Recording/TimeMapping.h"
-#include "TavixReel/Recording/TimelineBuilder.h"
+#include "TavixReel/Recording/Sidecar.h"
 #include "TavixRender/Recording/SyncFrameDetector.h"
 
 #include <cstdio>
@@ -48,17 +47,12 @@ void record(const fs::path& path) {
     writer.finish();
 }
 
-// By the flashes first, then by the marks.
 Timeline sidecarOf(const fs::path& recording) {
     const VideoProbe probe = SyncFrameDetector::probe(recording);
-    const DoneReport done = report(screen.pxPerPt);
-    const double rate = TimeMapping::recorderRate(probe.flashSpanSec(), done.flowEnd - done.flowStart);
-    const Timeline built = TimelineBuilder::build(
-        done, probe.syncSeconds.value_or(0), {probe.widthPx, probe.heightPx, probe.fps}, rate);
-    const auto result =
-        PixelMarkAlignment::align(built, probe.markBlipSeconds, PixelMarkAlignment::usualTolerance);
-    std::printf("%zu of %zu marks, rate %.5f\n", result.matched, result.expected, rate);
-    return result.timeline;
+    const auto made = Sidecar::of(report(screen.pxPerPt), probe);
+    if (!made) throw Failure("The recording has no flash at the go.");
+    std::printf("%zu of %zu marks, rate %.5f\n", made->aligned.matched, made->aligned.expected, made->rate);
+    return made->aligned.timeline;
 }
 
 void writeStill(const fs::path& path, double atSec) {
