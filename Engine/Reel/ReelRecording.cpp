@@ -104,9 +104,10 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
 VideoProbe probeRecording(const fs::path& video, Terminal& terminal) {
     const VideoProbe probe = SyncFrameDetector::probe(video);
     if (probe.isDamaged)
-        terminal.warn("\"" + video.string() +
-                      "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
-                      "and marks there are not found.");
+        terminal.warn(
+            "\"" + video.string() +
+            "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
+            "and marks there are not found.");
     return probe;
 }
 

@@ -173,8 +173,8 @@ TEST_F(ReelVerbs, SidecarComesFromTheReportAndThePicture) {
          "rect": {"x": 4, "y": 5, "width": 6, "height": 7}}]})");
     const Outcome made = tavix({"reel", "sidecar", "run.mov"});
     ASSERT_EQ(made.status, 0) << made.err;
-    EXPECT_THAT(made.out,
-        HasSubstr("✓ Wrote run.timeline.json: 1 step, 1 of 1 marks found, clock rate 1.0000"));
+    EXPECT_THAT(
+        made.out, HasSubstr("✓ Wrote run.timeline.json: 1 step, 1 of 1 marks found, clock rate 1.0000"));
     const Json event = effects("run.timeline.json").find("events")->array()->front();
     EXPECT_NEAR(*event.find("actionSec")->doubleValue(), 63 / 30.0, 1e-6);   // as seen, not as reported
     EXPECT_NEAR(*event.find("tSec")->doubleValue(), 63 / 30.0 - 0.2, 1e-6);

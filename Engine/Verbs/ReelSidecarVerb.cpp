@@ -28,19 +28,20 @@ void ReelSidecarVerb::declare(Arguments& arguments, Terminal& terminal) {
 void ReelSidecarVerb::run(Terminal& terminal) {
     const ReelProjectBundle::Parts parts = ReelProjectBundle::parts(recording_);
     const fs::path file = newDocument(output_, parts.timeline, replaces_);
-    const fs::path report =
-        report_ ? fs::path(*report_) : parts.rawVideo.parent_path() / HandshakeFile::done;
+    const fs::path report = report_ ? fs::path(*report_) : parts.rawVideo.parent_path() / HandshakeFile::done;
     const DoneReport done = readDriverReport(report, terminal);
     const VideoProbe probe = probeRecording(parts.rawVideo, terminal);
     const auto made = Sidecar::of(done, probe);
     if (!made)
-        throw Failure("\"" + parts.rawVideo.string() +
-                      "\" has no flash at the go, so nothing ties its clock to the app's; let the app fill its "
-                      "screen with pure magenta for 60 milliseconds when it starts.");
+        throw Failure(
+            "\"" + parts.rawVideo.string() +
+            "\" has no flash at the go, so nothing ties its clock to the app's; let the app fill its "
+            "screen with pure magenta for 60 milliseconds when it starts.");
     writeFile(made->aligned.timeline, file);
     const std::size_t events = made->aligned.timeline.events.size();
     if (!probe.endFlashStartSeconds)
-        terminal.warn("There is no flash at the end, so the app's clock is taken to run as the video's does.");
+        terminal.warn(
+            "There is no flash at the end, so the app's clock is taken to run as the video's does.");
     if (made->aligned.matched < made->aligned.expected)
         terminal.warn("Only " + std::to_string(made->aligned.matched) + " of " +
                       std::to_string(made->aligned.expected) +

@@ -21,16 +21,15 @@ const Fields<BrandKit::BrandFont>& fieldsOf(std::type_identity<BrandKit::BrandFo
 
 const Fields<BrandKit>& fieldsOf(std::type_identity<BrandKit>) {
     using B = BrandKit;
-    static const Fields<B> table{
-        "BrandKit", {field<&B::accent>("accent", "The application's accent colour.").required(),
-                        field<&B::secondary>("secondary", "A second colour, unlike the accent."),
-                        field<&B::palette>("palette", "Its colours, the most frequent first."),
-                        field<&B::primaryFontName>("primaryFontName", "What its main font calls itself."),
-                        field<&B::primaryFontPath>("primaryFontPath", "The file of its main font.")
-                            .as(Role::fontPath),
-                        field<&B::fonts>("fonts", "All of its fonts."),
-                        field<&B::appMode>("appMode", "Whether it looks light or dark."),
-                        field<&B::sourceBundlePath>("sourceBundlePath", "Where it was found.")}};
+    static const Fields<B> table{"BrandKit",
+        {field<&B::accent>("accent", "The application's accent colour.").required(),
+            field<&B::secondary>("secondary", "A second colour, unlike the accent."),
+            field<&B::palette>("palette", "Its colours, the most frequent first."),
+            field<&B::primaryFontName>("primaryFontName", "What its main font calls itself."),
+            field<&B::primaryFontPath>("primaryFontPath", "The file of its main font.").as(Role::fontPath),
+            field<&B::fonts>("fonts", "All of its fonts."),
+            field<&B::appMode>("appMode", "Whether it looks light or dark."),
+            field<&B::sourceBundlePath>("sourceBundlePath", "Where it was found.")}};
     return table;
 }
 

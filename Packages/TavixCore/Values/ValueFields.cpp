@@ -9,15 +9,15 @@
 namespace tavix {
 
 const Fields<Shadow>& fieldsOf(std::type_identity<Shadow>) {
-    static const Fields<Shadow> table{"Shadow",
-        {field<&Shadow::radius>("radius", "How soft it is, in output pixels.")
-                .required()
-                .as(Role::pixelLength),
-            field<&Shadow::opacity>("opacity", "How dark it is, 0 to 1.").required(),
-            field<&Shadow::offsetY>("offsetY", "How far below it falls, in output pixels.")
-                .required()
-                .as(Role::pixelLength),
-            field<&Shadow::color>("color", "Its colour.").required()}};
+    static const Fields<Shadow> table{
+        "Shadow", {field<&Shadow::radius>("radius", "How soft it is, in output pixels.")
+                          .required()
+                          .as(Role::pixelLength),
+                      field<&Shadow::opacity>("opacity", "How dark it is, 0 to 1.").required(),
+                      field<&Shadow::offsetY>("offsetY", "How far below it falls, in output pixels.")
+                          .required()
+                          .as(Role::pixelLength),
+                      field<&Shadow::color>("color", "Its colour.").required()}};
     return table;
 }
 

@@ -8,7 +8,9 @@
 
 namespace tavix::ReelAssets {
 
-void forEach(EffectsSpec& spec, const AssetVisit& visit) { forEachAsset(typeOf<EffectsSpec>(), &spec, visit); }
+void forEach(EffectsSpec& spec, const AssetVisit& visit) {
+    forEachAsset(typeOf<EffectsSpec>(), &spec, visit);
+}
 
 EffectsSpec rooted(EffectsSpec spec, const std::filesystem::path& folder) {
     forEach(spec, [&](AssetKind, std::string& path) {

@@ -35,8 +35,8 @@ struct Showing {
 };
 
 // A picture in motion with what is shown over it. Where the corner is, is up to how the film is stored.
-void paint(AVFrame& frame, int index, const Showing& showing, bool isCornerAtRight = false,
-    int markPx = cornerPx) {
+void paint(
+    AVFrame& frame, int index, const Showing& showing, bool isCornerAtRight = false, int markPx = cornerPx) {
     for (int plane = 0; plane < 3; ++plane) {
         const int shift = plane == 0 ? 0 : 1;
         const int width = frame.width >> shift, height = frame.height >> shift, corner = markPx >> shift;
@@ -239,7 +239,8 @@ TEST_F(Recordings, AlignedTimesSurviveAFullSizeFilmOfFewBits) {
     app.endsSec = {0.8, 1.71};
     ClipRecipe recipe{
         .path = at("large.mov"), .size = {1178, 2556}, .times = media::tests::evenTimes(90), .gop = 120};
-    recipe.options = {{"preset", "ultrafast"}, {"b", "2000000"}, {"maxrate", "2000000"}, {"bufsize", "1000000"}};
+    recipe.options = {
+        {"preset", "ultrafast"}, {"b", "2000000"}, {"maxrate", "2000000"}, {"bufsize", "1000000"}};
     recipe.paint = [&](AVFrame& frame, int index) {
         const Showing showing = app.at(index / 30.0, SyncFlash::holdMs / 1000.0);
         paint(frame, index, showing, false, SyncFrameDetector::markSidePx(frame.width));
