@@ -9,8 +9,8 @@
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Encoding/FrameClock.h"
 #include "TavixRender/Export/CompositionRenderer.h"
-#include "TavixRender/Export/FrameClock.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // Which kind of film is written and where: what was asked for, made whole from the output's extension.
 #pragma once
 
-#include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Encoding/ExportOptions.h"
 
 #include <filesystem>
 #include <optional>

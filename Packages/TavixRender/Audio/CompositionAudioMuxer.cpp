@@ -6,10 +6,10 @@
 #include "TavixPlatform/Media/AudioWriter.h"
 #include "TavixPlatform/Media/Remux.h"
 #include "TavixRender/Assets/BundledSounds.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
-#include "TavixRender/Export/CompositionRenderer.h"
-#include "TavixRender/Export/FrameOutput.h"
-#include "TavixRender/Export/HiddenFile.h"
+#include "TavixRender/Assets/CompositionAssets.h"
+#include "TavixRender/Encoding/FrameOutput.h"
+#include "TavixRender/Encoding/HiddenFile.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 #include "TavixCore/Document/CompositionAudio.h"
 #include "TavixPlatform/Media/AudioTimeline.h"
 #include "TavixRender/Assets/RenderLog.h"
-#include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Encoding/ExportOptions.h"
 
 #include <filesystem>
 #include <optional>

@@ -3,9 +3,9 @@
 #include "TavixCore/Support/TextTrimming.h"
 #include "TavixPlatform/Text/LineDrawing.h"
 #include "TavixReel/Document/Narration.h"
-#include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/KineticText/KineticTextLayout.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixPlatform/Media/MediaProbe.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 #include <algorithm>
 #include <cstdio>

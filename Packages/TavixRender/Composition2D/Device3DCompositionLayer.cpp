@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Compositor/DeviceFrame.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"

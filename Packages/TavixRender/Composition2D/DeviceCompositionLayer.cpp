@@ -2,7 +2,7 @@
 
 #include "TavixCore/Animation/CompositionMath.h"
 #include "TavixCore/Values/Clamp01.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 

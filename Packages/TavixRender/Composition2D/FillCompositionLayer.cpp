@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>

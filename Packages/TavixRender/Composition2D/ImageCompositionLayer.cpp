@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
 
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 

@@ -3,7 +3,7 @@
 #include "TavixCore/Typography/EmphasisResolver.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"
 #include "TavixCore/Values/TextWords.h"
-#include "TavixRender/KineticText/CompositionFontResolver.h"
+#include "TavixRender/Typesetting/CompositionFontResolver.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixRender/Assets/BundledBackgrounds.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -3,8 +3,8 @@
 #include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
 #include "TavixRender/Assets/BundledFrames.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Assets/FileIdentity.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
-#include "TavixRender/Export/HiddenFile.h"
+#include "TavixRender/Encoding/HiddenFile.h"
 
 namespace tavix::CompositionExport {
 

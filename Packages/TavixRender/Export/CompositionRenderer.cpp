@@ -2,9 +2,9 @@
 
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/Export/FrameOutput.h"
-#include "TavixRender/Export/FrameSequenceEncoder.h"
-#include "TavixRender/Export/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FrameOutput.h"
+#include "TavixRender/Encoding/FrameSequenceEncoder.h"
+#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "TavixCore/Document/CompositionSpec.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Assets/RenderLog.h"
-#include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Encoding/ExportOptions.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 
 #include <filesystem>
 #include <functional>
@@ -15,12 +15,6 @@
 #include <string_view>
 
 namespace tavix {
-
-// The render was asked to stop before it was done.
-class RenderStopped : public Failure {
-public:
-    RenderStopped() : Failure("The render was stopped before it was finished.") {}
-};
 
 namespace CompositionRenderer {
 

@@ -3,7 +3,7 @@
 
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
-#include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Encoding/ExportOptions.h"
 
 namespace tavix {
 

@@ -2,7 +2,7 @@
 
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 namespace tavix {
 namespace {

@@ -2,9 +2,9 @@
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/Judge/FilmJudge.h"
-#include "TavixRender/KineticText/CompositionFontResolver.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
+#include "TavixRender/Typesetting/CompositionFontResolver.h"
 
 #include <algorithm>
 #include <set>

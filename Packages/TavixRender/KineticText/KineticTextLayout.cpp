@@ -2,8 +2,8 @@
 
 #include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Captions/CaptionLayout.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
-#include "TavixRender/KineticText/CompositionFontResolver.h"
+#include "TavixRender/Typesetting/CompositionFontResolver.h"
 
 #include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Captions/CaptionLayout.h"
-#include "TavixRender/KineticText/CaptionFontFile.h"
+#include "TavixRender/Typesetting/CaptionFontFile.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
 #include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #include "TavixRender/Export/CompositionRenderer.h"
 #include "RenderTestKit.h"
 #include "TavixPlatform/Media/StillImages.h"
-#include "TavixRender/Export/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

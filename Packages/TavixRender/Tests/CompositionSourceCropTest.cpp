@@ -1,6 +1,6 @@
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
 #include "RenderTestKit.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 #include <gtest/gtest.h>
 

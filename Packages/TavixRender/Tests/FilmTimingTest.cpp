@@ -3,8 +3,8 @@
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixPlatform/Media/VideoFile.h"
+#include "TavixRender/Encoding/FrameClock.h"
 #include "TavixRender/Export/CompositionExport.h"
-#include "TavixRender/Export/FrameClock.h"
 #include "TestSounds.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "TavixCore/Support/Names.h"
 #include "TavixCore/Values/TextWords.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Captions/CaptionLayout.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
 
 #include <gmock/gmock.h>
 

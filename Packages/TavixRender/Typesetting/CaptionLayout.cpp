@@ -1,8 +1,8 @@
-#include "TavixRender/Captions/CaptionLayout.h"
+#include "TavixRender/Typesetting/CaptionLayout.h"
 
 #include "TavixCore/Theme/CaptionStyle.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
-#include "TavixRender/KineticText/CaptionFontFile.h"
+#include "TavixRender/Assets/CompositionAssets.h"
+#include "TavixRender/Typesetting/CaptionFontFile.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "TavixRender/KineticText/CompositionFontResolver.h"
+#include "TavixRender/Typesetting/CompositionFontResolver.h"
 
 #include "TavixCore/Theme/FontCatalog.h"
-#include "TavixRender/KineticText/CaptionFontFile.h"
+#include "TavixRender/Typesetting/CaptionFontFile.h"
 
 namespace tavix::CompositionFontResolver {
 

@@ -1,4 +1,4 @@
-#include "TavixRender/Export/FrameClock.h"
+#include "TavixRender/Encoding/FrameClock.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "TavixRender/Export/HiddenFile.h"
+#include "TavixRender/Encoding/HiddenFile.h"
 
 #include <system_error>
 #include <utility>

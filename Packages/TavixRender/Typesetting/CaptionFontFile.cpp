@@ -1,8 +1,8 @@
-#include "TavixRender/KineticText/CaptionFontFile.h"
+#include "TavixRender/Typesetting/CaptionFontFile.h"
 
 #include "TavixCore/Support/TextTrimming.h"
 #include "TavixPlatform/Text/FontBook.h"
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 #include <algorithm>
 #include <array>

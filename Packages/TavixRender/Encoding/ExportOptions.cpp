@@ -1,4 +1,4 @@
-#include "TavixRender/Export/ExportOptions.h"
+#include "TavixRender/Encoding/ExportOptions.h"
 
 #include "TavixCore/Support/Names.h"
 

@@ -1,4 +1,4 @@
-#include "TavixRender/Composition2D/CompositionAssets.h"
+#include "TavixRender/Assets/CompositionAssets.h"
 
 #include <cstdlib>
 #include <variant>

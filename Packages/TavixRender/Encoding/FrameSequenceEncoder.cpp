@@ -1,8 +1,8 @@
-#include "TavixRender/Export/FrameSequenceEncoder.h"
+#include "TavixRender/Encoding/FrameSequenceEncoder.h"
 
 #include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Media/StillImages.h"
-#include "TavixRender/Export/FrameOutput.h"
+#include "TavixRender/Encoding/FrameOutput.h"
 
 #include <algorithm>
 #include <string>

@@ -4,7 +4,7 @@
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/GifWriter.h"
-#include "TavixRender/Export/FrameClock.h"
+#include "TavixRender/Encoding/FrameClock.h"
 
 #include <cstdint>
 #include <filesystem>

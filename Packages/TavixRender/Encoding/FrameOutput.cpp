@@ -1,4 +1,4 @@
-#include "TavixRender/Export/FrameOutput.h"
+#include "TavixRender/Encoding/FrameOutput.h"
 
 #include "TavixCore/Support/Failure.h"
 

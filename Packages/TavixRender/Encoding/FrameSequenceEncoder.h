@@ -4,8 +4,8 @@
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/MovieWriter.h"
-#include "TavixRender/Export/ExportOptions.h"
-#include "TavixRender/Export/FrameClock.h"
+#include "TavixRender/Encoding/ExportOptions.h"
+#include "TavixRender/Encoding/FrameClock.h"
 
 #include <cstdint>
 #include <filesystem>

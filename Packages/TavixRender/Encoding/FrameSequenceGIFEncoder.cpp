@@ -1,7 +1,7 @@
-#include "TavixRender/Export/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
 
 #include "TavixCore/Support/Failure.h"
-#include "TavixRender/Export/FrameOutput.h"
+#include "TavixRender/Encoding/FrameOutput.h"
 
 #include <exception>
 

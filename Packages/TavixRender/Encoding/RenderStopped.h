@@ -1,0 +1,13 @@
+// The end of a render that was asked for before it was done.
+#pragma once
+
+#include "TavixCore/Support/Failure.h"
+
+namespace tavix {
+
+class RenderStopped : public Failure {
+public:
+    RenderStopped() : Failure("The render was stopped before it was finished.") {}
+};
+
+}   // namespace tavix
