@@ -1,6 +1,6 @@
 // A phone of 60,000 triangles that covers a third of the frame: both passes, and the stages that they are
 // made of. Time is that of all threads.
-#include "TavixPlatform/Imaging/RenderContext.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/LightStage.h"
 #include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixPlatform/Scene3D/Tests/SampleScenes.h"
@@ -81,9 +81,9 @@ struct Stages {
         view.heightPx = pass.size.height;
         view.focalPx = float(pass.size.height) / 2 / 0.26794919f;   // 30 degrees of height
         list.gather(*subject().device.scene.root);
-        makeLevels(subject().device.texture->levels(), kernels, context);
-        geometry.build(list, view, fourPerPixel(), kernels, context);
-        light = &lights.prepare(list, view, subject().device.scene.environment, kernels, context);
+        makeLevels(subject().device.texture->levels(), kernels, loop);
+        geometry.build(list, view, fourPerPixel(), kernels, loop);
+        light = &lights.prepare(list, view, subject().device.scene.environment, kernels, loop);
         for (const Material* material : list.materials) {
             if (const auto* lit = std::get_if<PhysicallyBased>(material))
                 surfaces.emplace_back(surfaceOf(*lit));
@@ -92,7 +92,7 @@ struct Stages {
                     geometry.texcoordsOfGroups(), {1, 1, 1.41421356f}});
         }
     }
-    imaging::RenderContext context{{.threadCount = 1, .cacheBytes = 0}};
+    imaging::ScratchLoop loop{1};
     SceneKernels kernels = bestSceneKernels();
     View view;
     DrawList list;
@@ -106,14 +106,14 @@ void transformAndSort(benchmark::State& state) {
     Stages s(state);
     for (auto _ : state) {
         s.list.gather(*subject().device.scene.root);
-        s.geometry.build(s.list, s.view, fourPerPixel(), s.kernels, s.context);
+        s.geometry.build(s.list, s.view, fourPerPixel(), s.kernels, s.loop);
     }
 }
 
 void lightsAndShadow(benchmark::State& state) {
     Stages s(state);
     for (auto _ : state)
-        s.lights.prepare(s.list, s.view, subject().device.scene.environment, s.kernels, s.context);
+        s.lights.prepare(s.list, s.view, subject().device.scene.environment, s.kernels, s.loop);
 }
 
 void visibility(benchmark::State& state) {
@@ -164,7 +164,7 @@ void textureLevels(benchmark::State& state) {
     Texture& texture = *subject().device.texture;
     for (auto _ : state) {
         texture.replace(subject().screens[0]);
-        makeLevels(texture.levels(), s.kernels, s.context);
+        makeLevels(texture.levels(), s.kernels, s.loop);
     }
 }
 

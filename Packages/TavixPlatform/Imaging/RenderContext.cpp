@@ -77,27 +77,6 @@ RenderContext::RenderContext(const EvaluatorOptions& options)
       pool_(std::make_shared<BytePool>(mostIdleBytes)) {}
 RenderContext::~RenderContext() = default;
 
-void RenderContext::forEach(int count, const std::function<void(int, Scratch&)>& job) {
-    const auto run = [&](int i) {
-        std::unique_ptr<Scratch> scratch;
-        {
-            const std::lock_guard lock(scratchMutex_);
-            if (!idleScratch_.empty()) {
-                scratch = std::move(idleScratch_.back());
-                idleScratch_.pop_back();
-            }
-        }
-        if (!scratch) scratch = std::make_unique<Scratch>();
-        {
-            const Scratch::Mark mark(*scratch);
-            job(i, *scratch);
-        }
-        const std::lock_guard lock(scratchMutex_);
-        idleScratch_.push_back(std::move(scratch));
-    };
-    loop_.run(count, run);
-}
-
 DrawableRef RenderContext::prepare(const NodeRef& node, const PixelRegion& wanted) {
     const PixelRegion part = intersection(wanted, node->support());
     if (part.isEmpty()) return std::make_shared<EmptyDrawable>(node);

@@ -5,15 +5,13 @@
 #include "TavixPlatform/Imaging/BytePool.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/Node.h"
-#include "TavixPlatform/Imaging/ParallelLoop.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 
 #include <functional>
 #include <list>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <unordered_map>
-#include <vector>
 
 namespace tavix::imaging {
 
@@ -75,7 +73,7 @@ public:
     ~RenderContext();
 
     // Runs job(i, scratch) for i in 0 ... count - 1 on the context's threads and returns when all are done.
-    void forEach(int count, const std::function<void(int, Scratch&)>& job);
+    void forEach(int count, const std::function<void(int, Scratch&)>& job) { loop_.run(count, job); }
     // The pixels of a node within `needed`: computed, found in the cache, or those of a bitmap node itself.
     // May cover more.
     Picture pictureOf(const NodeRef& node, const PixelRegion& needed);
@@ -88,9 +86,7 @@ public:
     const std::shared_ptr<BytePool>& pool() const { return pool_; }
 
 private:
-    ParallelLoop loop_;
-    std::mutex scratchMutex_;
-    std::vector<std::unique_ptr<Scratch>> idleScratch_;
+    ScratchLoop loop_;
     bool comparesStructures_;
     ResultCache cache_;
     std::shared_ptr<BytePool> pool_;

@@ -1,6 +1,6 @@
 #include "TavixPlatform/Scene3D/Geometry.h"
 
-#include "TavixPlatform/Imaging/RenderContext.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 
 #include <algorithm>
 
@@ -36,20 +36,20 @@ VertexTransform transformOf(const MeshInstance& instance, const View& view) {
 }   // namespace
 
 void ScreenGeometry::build(const DrawList& list, const View& view, const SamplePattern& pattern,
-    const SceneKernels& kernels, imaging::RenderContext& context) {
+    const SceneKernels& kernels, imaging::ScratchLoop& loop) {
     list_ = &list;
     view_ = view;
     pattern_ = &pattern;
     tilesAcross_ = (view.widthPx + tilePx - 1) / tilePx;
     tilesUp_ = (view.heightPx + tilePx - 1) / tilePx;
-    projectVertices(kernels, context);
+    projectVertices(kernels, loop);
     groupCount_ = (list.triangleCount + trianglesPerGroup - 1) / trianglesPerGroup;
     if (groups_.size() < groupCount_) groups_.resize(groupCount_);
-    context.forEach(int(groupCount_), [this](int i, imaging::Scratch&) { assemble(std::size_t(i)); });
+    loop.run(int(groupCount_), [this](int i, imaging::Scratch&) { assemble(std::size_t(i)); });
     sortToTiles();
 }
 
-void ScreenGeometry::projectVertices(const SceneKernels& kernels, imaging::RenderContext& context) {
+void ScreenGeometry::projectVertices(const SceneKernels& kernels, imaging::ScratchLoop& loop) {
     transforms_.clear();
     vertexJobs_.clear();
     x_.resize(list_->vertexCount);
@@ -62,7 +62,7 @@ void ScreenGeometry::projectVertices(const SceneKernels& kernels, imaging::Rende
         for (std::size_t begin = 0; begin < count; begin += verticesPerJob)
             vertexJobs_.push_back({index, begin, std::min(begin + verticesPerJob, count)});
     }
-    context.forEach(int(vertexJobs_.size()),
+    loop.run(int(vertexJobs_.size()),
         [this, &kernels](int i, imaging::Scratch&) { projectRun(vertexJobs_[std::size_t(i)], kernels); });
 }
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 namespace tavix::imaging {
-class RenderContext;
+class ScratchLoop;
 }
 
 namespace tavix::scene3d {
@@ -40,7 +40,7 @@ struct TriangleGroup {
 class ScreenGeometry {
 public:
     void build(const DrawList& list, const View& view, const SamplePattern& pattern,
-        const SceneKernels& kernels, imaging::RenderContext& context);
+        const SceneKernels& kernels, imaging::ScratchLoop& loop);
 
     const imaging::PixelRegion& region() const { return region_; }   // empty when nothing is in sight
     int tilesAcross() const { return tilesAcross_; }
@@ -56,7 +56,7 @@ private:
         std::uint32_t instance;
         std::size_t begin, end;
     };
-    void projectVertices(const SceneKernels& kernels, imaging::RenderContext& context);
+    void projectVertices(const SceneKernels& kernels, imaging::ScratchLoop& loop);
     void projectRun(const VertexJob& job, const SceneKernels& kernels);
     void assemble(std::size_t group);
     void assemblePart(TriangleGroup& group, const PartInstance& part, std::size_t begin, std::size_t end);

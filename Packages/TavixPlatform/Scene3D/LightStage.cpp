@@ -1,6 +1,6 @@
 #include "TavixPlatform/Scene3D/LightStage.h"
 
-#include "TavixPlatform/Imaging/RenderContext.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/TileStage.h"
 
 #include <algorithm>
@@ -136,7 +136,7 @@ Surface surfaceOf(const PhysicallyBased& material) {
 
 const Illumination& LightStage::prepare(const DrawList& list, const View& camera,
     const std::optional<EnvironmentLight>& environment, const SceneKernels& kernels,
-    imaging::RenderContext& context) {
+    imaging::ScratchLoop& loop) {
     illumination_.camera = camera;
     illumination_.reflectance = &reflectanceTable();
     illumination_.environment = {};
@@ -157,47 +157,46 @@ const Illumination& LightStage::prepare(const DrawList& list, const View& camera
         if (shadows_.size() == shadowCount) shadows_.push_back(std::make_unique<ShadowMap>());
         ShadowMap& map = *shadows_[shadowCount++];
         map.view = shadowView(light, sphereAround(list));
-        drawShadow(map, list, kernels, context);
+        drawShadow(map, list, kernels, loop);
         light.shadow = &map;
     }
     return illumination_;
 }
 
 void LightStage::drawShadow(
-    ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::RenderContext& context) {
+    ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::ScratchLoop& loop) {
     map.inverseDepths.resize(std::size_t(ShadowMap::stridePx) * ShadowMap::stridePx);
     const SamplePattern& pattern = onePerPixel();
-    geometry_.build(list, map.view, pattern, kernels, context);
+    geometry_.build(list, map.view, pattern, kernels, loop);
     struct Job {
         ScreenGeometry& geometry;
         ShadowMap& map;
         const SceneKernels& kernels;
         const SamplePattern& pattern;
     } job{geometry_, map, kernels, pattern};
-    context.forEach(
-        geometry_.tilesAcross() * geometry_.tilesUp(), [&job](int index, imaging::Scratch& scratch) {
-            const int x0 = index % job.geometry.tilesAcross() * tilePx,
-                      y0 = index / job.geometry.tilesAcross() * tilePx;
-            const auto row = [&](int y) {
-                return job.map.inverseDepths.data() +
-                       std::size_t(y0 + y + ShadowMap::marginPx) * ShadowMap::stridePx +
-                       std::size_t(x0 + ShadowMap::marginPx);
-            };
-            const auto triangles = job.geometry.trianglesIn(index);
-            if (triangles.empty()) {
-                for (int y = 0; y < tilePx; ++y) std::fill_n(row(y), tilePx, 0.0f);
-                return;
-            }
-            const CellGrid grid = clearedGrid(x0, y0, job.pattern, scratch);
-            job.kernels.rasterise(grid, job.pattern, triangles.data(), triangles.size());
-            job.kernels.spread(grid, job.pattern, triangles.data());
-            constexpr int across = tilePx / 4;   // cells of 4 by 4
-            for (int y = 0; y < tilePx; ++y)
-                for (int cell = 0; cell < across; ++cell)
-                    std::memcpy(row(y) + 4 * cell,
-                        grid.inverseDepths + ((y / 4) * across + cell) * samplesPerCell + y % 4 * 4,
-                        4 * sizeof(float));
-        });
+    loop.run(geometry_.tilesAcross() * geometry_.tilesUp(), [&job](int index, imaging::Scratch& scratch) {
+        const int x0 = index % job.geometry.tilesAcross() * tilePx,
+                  y0 = index / job.geometry.tilesAcross() * tilePx;
+        const auto row = [&](int y) {
+            return job.map.inverseDepths.data() +
+                   std::size_t(y0 + y + ShadowMap::marginPx) * ShadowMap::stridePx +
+                   std::size_t(x0 + ShadowMap::marginPx);
+        };
+        const auto triangles = job.geometry.trianglesIn(index);
+        if (triangles.empty()) {
+            for (int y = 0; y < tilePx; ++y) std::fill_n(row(y), tilePx, 0.0f);
+            return;
+        }
+        const CellGrid grid = clearedGrid(x0, y0, job.pattern, scratch);
+        job.kernels.rasterise(grid, job.pattern, triangles.data(), triangles.size());
+        job.kernels.spread(grid, job.pattern, triangles.data());
+        constexpr int across = tilePx / 4;   // cells of 4 by 4
+        for (int y = 0; y < tilePx; ++y)
+            for (int cell = 0; cell < across; ++cell)
+                std::memcpy(row(y) + 4 * cell,
+                    grid.inverseDepths + ((y / 4) * across + cell) * samplesPerCell + y % 4 * 4,
+                    4 * sizeof(float));
+    });
 }
 
 }   // namespace tavix::scene3d

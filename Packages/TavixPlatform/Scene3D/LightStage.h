@@ -18,11 +18,11 @@ public:
     // Draws the shadow maps, too. The result is in use until the next call.
     const Illumination& prepare(const DrawList& list, const View& camera,
         const std::optional<EnvironmentLight>& environment, const SceneKernels& kernels,
-        imaging::RenderContext& context);
+        imaging::ScratchLoop& loop);
 
 private:
     void drawShadow(
-        ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::RenderContext& context);
+        ShadowMap& map, const DrawList& list, const SceneKernels& kernels, imaging::ScratchLoop& loop);
 
     Illumination illumination_;
     ScreenGeometry geometry_;

@@ -1,6 +1,6 @@
 #include "TavixPlatform/Scene3D/Renderer.h"
 
-#include "TavixPlatform/Imaging/RenderContext.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/LightStage.h"
 #include "TavixPlatform/Scene3D/SceneError.h"
 #include "TavixPlatform/Scene3D/TileStage.h"
@@ -63,7 +63,7 @@ HalfPicture::HalfPicture(imaging::Size size, const std::shared_ptr<imaging::Byte
 
 struct Renderer::Impl {
     explicit Impl(const RendererOptions& options)
-        : context({.threadCount = options.threadCount, .cacheBytes = 0}), kernels(bestSceneKernels()),
+        : loop(options.threadCount), kernels(bestSceneKernels()),
           pool(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
 
     // Everything up to the tiles. Gives the region that has pixels.
@@ -72,7 +72,7 @@ struct Renderer::Impl {
     // Calls write(pixels of the tile, sums of the tile) for the tiles of the region, on many threads.
     template <class Write> void drawTiles(const imaging::PixelRegion& region, const Write& write);
 
-    imaging::RenderContext context;
+    imaging::ScratchLoop loop;
     SceneKernels kernels;
     std::shared_ptr<imaging::BytePool> pool;
     DrawList list;
@@ -93,13 +93,13 @@ imaging::PixelRegion Renderer::Impl::prepare(const Scene& scene, const Pass& pas
     if (!scene.root) return {};
     pattern = &patternOf(pass.samples);
     list.gather(*scene.root);
-    geometry.build(list, view, *pattern, kernels, context);
+    geometry.build(list, view, *pattern, kernels, loop);
     if (geometry.region().isEmpty()) return {};
     makeSurfaces(pass.textures);
     const bool isLit = std::ranges::any_of(
         surfaces, [](const FrameSurface& surface) { return std::holds_alternative<Surface>(surface); });
     if (!isLit) list.lights.clear();   // nobody asks for their shadows
-    light = &lightStage.prepare(list, view, scene.environment, kernels, context);
+    light = &lightStage.prepare(list, view, scene.environment, kernels, loop);
     return geometry.region();
 }
 
@@ -116,7 +116,7 @@ void Renderer::Impl::makeSurfaces(TextureDetail detail) {
         }
         const auto& unlit = std::get<Unlit>(*material);
         TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
-        if (texture) makeLevels(*texture, kernels, context);
+        if (texture) makeLevels(*texture, kernels, loop);
         // A texture without a picture is black.
         const bool isBlack = texture && texture->count == 0;
         const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
@@ -135,7 +135,7 @@ void Renderer::Impl::drawTiles(const imaging::PixelRegion& region, const Write& 
         int firstX, firstY, across;
     } job{stage, write, firstX, firstY, (region.x1 - 1) / tilePx - firstX + 1};
     const int rows = (region.y1 - 1) / tilePx - firstY + 1;
-    context.forEach(job.across * rows, [&job](int i, imaging::Scratch& scratch) {
+    loop.run(job.across * rows, [&job](int i, imaging::Scratch& scratch) {
         const int tileX = job.firstX + i % job.across, tileY = job.firstY + i / job.across;
         const int tile = tileY * job.stage.geometry.tilesAcross() + tileX;
         const imaging::PixelRegion pixels = job.stage.pixelsOf(tile);

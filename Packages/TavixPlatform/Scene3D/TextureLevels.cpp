@@ -1,6 +1,6 @@
 #include "TavixPlatform/Scene3D/TextureLevels.h"
 
-#include "TavixPlatform/Imaging/RenderContext.h"
+#include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/Kernels/SceneKernels.h"
 #include "TavixPlatform/Scene3D/TransferCurve.h"
 
@@ -60,7 +60,7 @@ void halveRow(TextureLevels& texture, int level, int y, const SceneKernels& kern
 
 }   // namespace
 
-void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::RenderContext& context) {
+void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::ScratchLoop& loop) {
     if (texture.isMade || texture.count == 0) return;
     for (int level = 0; level < texture.count; ++level) {
         const int rows = texture.height[level];
@@ -69,8 +69,7 @@ void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::Re
             for (int y = index * rowsPerJob; y < end; ++y)
                 level == 0 ? decodeRow(texture, y) : halveRow(texture, level, y, kernels);
         };
-        context.forEach(
-            (rows + rowsPerJob - 1) / rowsPerJob, [&job](int index, imaging::Scratch&) { job(index); });
+        loop.run((rows + rowsPerJob - 1) / rowsPerJob, [&job](int index, imaging::Scratch&) { job(index); });
     }
     texture.isMade = true;
     texture.bitmap.reset();   // the levels hold all of it

@@ -7,7 +7,7 @@
 #include <vector>
 
 namespace tavix::imaging {
-class RenderContext;
+class ScratchLoop;
 }
 
 namespace tavix::scene3d {
@@ -29,6 +29,6 @@ struct TextureLevels {
 };
 
 // Fills the levels, unless they stand.
-void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::RenderContext& context);
+void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::ScratchLoop& loop);
 
 }   // namespace tavix::scene3d
