@@ -2,7 +2,7 @@
 // a `UsageError` with a sentence.
 #pragma once
 
-#include "Engine/NearestWord.h"
+#include "Engine/Words.h"
 
 #include <functional>
 #include <memory>

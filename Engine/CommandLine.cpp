@@ -2,10 +2,10 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
+#include "Engine/Words.h"
 #include "TavixCore/Support/TavixVersion.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "Engine/DocumentReference.h"
 
-#include "Engine/NearestWord.h"
+#include "Engine/Words.h"
 #include "TavixCore/Support/JsonWriter.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // failed.
 #pragma once
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 #include <exception>
 #include <string>

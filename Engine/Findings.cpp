@@ -32,7 +32,7 @@ bool isError(const Finding& finding) { return finding.level == Level::error; }
 std::string toldIn(const Finding& finding) {
     return (finding.path.empty() ? "" : finding.path + ": ") + printableLine(finding.message) + "\n  " +
            (finding.suggestion ? printableLine(*finding.suggestion) + " " : "") + "[" +
-           std::string(finding.code()) + "]";
+           std::string(finding.code) + "]";
 }
 
 using Findings = std::vector<Finding>;
@@ -95,7 +95,7 @@ std::string linesOf(std::span<const Finding> findings) {
 Json jsonOf(std::span<const Finding> findings) {
     JsonArray all;
     for (const Finding& finding : findings) {
-        JsonObject one{{"level", wordOf(finding.level)}, {"code", finding.code()}, {"path", finding.path},
+        JsonObject one{{"level", wordOf(finding.level)}, {"code", finding.code}, {"path", finding.path},
             {"message", finding.message}};
         if (finding.suggestion) one.set("suggestion", *finding.suggestion);
         all.emplace_back(std::move(one));
@@ -109,7 +109,9 @@ CompositionLint::Told findingsOf(const std::string& given, const Checks& checks,
         const auto muted = mutedBy(document.spec, checks);
         return CompositionLint::told(judged(document, checks, terminal), muted);
     } catch (const DocumentError& error) {
-        return {{{Level::error, error.path(), error.message(), std::nullopt}}, {}};
+        return {
+            {CompositionLint::findingOf(CompositionLint::Rule::unreadable, error.path(), error.message())},
+            {}};
     }
 }
 

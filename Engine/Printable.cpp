@@ -1,6 +1,6 @@
 #include "Engine/Printable.h"
 
-#include "TavixCore/Support/Utf8.h"
+#include "TavixBase/Utf8.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "Engine/SceneNames.h"
 
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
+#include "Engine/Words.h"
 
 #include <algorithm>
 #include <string_view>

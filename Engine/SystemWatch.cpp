@@ -1,6 +1,6 @@
 #include "Engine/SystemWatch.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 #include <algorithm>
 #include <atomic>

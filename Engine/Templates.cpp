@@ -1,7 +1,7 @@
 #include "Engine/Templates.h"
 
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
+#include "Engine/Words.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixCore/Support/JsonWriter.h"

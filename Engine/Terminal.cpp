@@ -2,7 +2,7 @@
 
 #include "Engine/Printable.h"
 #include "Engine/SystemWatch.h"
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 
 #include <algorithm>

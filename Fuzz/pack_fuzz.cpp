@@ -1,8 +1,8 @@
 // Any document packs into a bundle that opens, or is refused with a sentence and leaves the bundle before it.
+#include "TavixBase/Failure.h"
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Support/Failure.h"
 
 #include <cstddef>
 #include <cstdint>

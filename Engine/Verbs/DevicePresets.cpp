@@ -1,8 +1,8 @@
 #include "Engine/Verbs/DevicePresets.h"
 
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
 #include "Engine/Verbs/PlayArguments.h"
+#include "Engine/Words.h"
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Choreography/DeviceMotionReferenceCatalog.h"

@@ -1,8 +1,8 @@
 #include "Engine/Verbs/KineticPresets.h"
 
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
 #include "Engine/Verbs/PlayArguments.h"
+#include "Engine/Words.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixCore/Typography/KineticVocabulary.h"

@@ -2,10 +2,10 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
+#include "Engine/Words.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Device/DeviceMotionRef.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Support/TextTrimming.h"
 
 #include <algorithm>
 #include <array>

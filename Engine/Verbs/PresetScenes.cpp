@@ -1,10 +1,10 @@
 #include "Engine/Verbs/PresetScenes.h"
 
 #include "Engine/Errors.h"
-#include "Engine/NearestWord.h"
 #include "Engine/Verbs/DevicePresets.h"
 #include "Engine/Verbs/KineticPresets.h"
 #include "Engine/Verbs/PlayArguments.h"
+#include "Engine/Words.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixCore/Time/CompositionTimeline.h"

@@ -1,8 +1,8 @@
 #include "Engine/Verbs/SoundPresets.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Document/SFXCatalog.h"
 #include "TavixCore/Support/Decimals.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixRender/Assets/BundledSounds.h"

@@ -1,6 +1,6 @@
 #include "TavixCore/Findings/IgnoredParts.h"
 
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 #include "TavixCore/Support/Choice.h"
 #include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/ReadingErrors.h"
@@ -61,7 +61,7 @@ private:
         const KeyPath& at) {
         IgnoredPart& part = add(Reason::unknownWord, at);
         part.found = found;
-        part.nearest = CompositionLint::nearestOf(found, legal).value_or("");
+        part.nearest = nearestWord(found, legal).value_or("");
         part.legal = std::move(legal);
         part.taken = taken;
     }
@@ -97,7 +97,7 @@ private:
             IgnoredPart& part = add(Reason::unknownKey, KeyPath(at, member.key));
             part.found = member.key;
             part.legal = known.current;
-            part.nearest = CompositionLint::nearestOf(member.key, known.current).value_or("");
+            part.nearest = nearestWord(member.key, known.current).value_or("");
         }
         content(type, json, at);
     }

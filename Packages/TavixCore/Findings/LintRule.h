@@ -2,6 +2,8 @@
 // an agent knows what to mend.
 #pragma once
 
+#include "TavixBase/Finding.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -9,7 +11,7 @@
 
 namespace tavix::CompositionLint {
 
-enum class Level { error, warning };   // an error stops rendering; a warning passes
+using Level = Finding::Level;   // of a rule: an error stops rendering; a warning passes
 
 // In the order in which they speak.
 enum class Rule : std::uint8_t {

@@ -1,5 +1,5 @@
+#include "TavixBase/NearestWord.h"
 #include "TavixCore/Document/SFXCatalog.h"
-#include "TavixCore/Findings/Suggestion.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Judge/LintRules.h"
 #include "TavixCore/Support/Names.h"

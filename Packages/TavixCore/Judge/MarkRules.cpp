@@ -1,4 +1,4 @@
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Judge/LintRules.h"
 #include "TavixCore/Paths/RowFilter.h"

@@ -1,6 +1,6 @@
 #include "TavixCore/Judge/Muting.h"
 
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 
 #include <algorithm>
 #include <set>
@@ -25,7 +25,7 @@ Finding unknownCode(const MutedCode& muted) {
 std::string Told::mutedNote() const {
     if (muted.empty()) return {};
     std::set<std::string_view> codes;
-    for (const Finding& finding : muted) codes.insert(finding.code());
+    for (const Finding& finding : muted) codes.insert(finding.code);
     std::string list;
     for (const std::string_view code : codes) list.append(list.empty() ? "" : ", ").append(code);
     return (muted.size() == 1 ? "1 finding is muted: "
@@ -36,8 +36,8 @@ std::string Told::mutedNote() const {
 Told told(std::vector<Finding> all, std::span<const MutedCode> mute) {
     Told result;
     for (Finding& finding : all) {
-        const bool isMuted = finding.rule != Rule::unreadable &&
-                             std::ranges::find(mute, finding.code(), &MutedCode::code) != mute.end();
+        const bool isMuted = finding.code != codeOf(Rule::unreadable) &&
+                             std::ranges::find(mute, finding.code, &MutedCode::code) != mute.end();
         (isMuted ? result.muted : result.findings).push_back(std::move(finding));
     }
     const bool isToldOf = std::ranges::find(mute, codeOf(Rule::muteUnknown), &MutedCode::code) == mute.end();

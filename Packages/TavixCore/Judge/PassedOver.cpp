@@ -1,11 +1,11 @@
 #include "TavixCore/Judge/PassedOver.h"
 
+#include "TavixBase/NearestWord.h"
 #include "TavixCore/Device/DeviceChoreographyRef.h"
 #include "TavixCore/Device/DeviceMotionRef.h"
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Findings/IgnoredParts.h"
 #include "TavixCore/Findings/LintReport.h"
-#include "TavixCore/Findings/Suggestion.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/Names.h"
 

@@ -1,7 +1,7 @@
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Judge/LintRules.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
 #include "TavixCore/Values/TextWords.h"
 

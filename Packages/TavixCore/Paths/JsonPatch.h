@@ -1,9 +1,9 @@
 // JSON Patch (RFC 6902): a list of operations that make one document out of another.
 #pragma once
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Paths/JsonPointer.h"
 #include "TavixCore/Support/Codec.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/Json.h"
 #include "TavixCore/Support/Tables.h"
 

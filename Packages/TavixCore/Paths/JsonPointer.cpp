@@ -1,7 +1,7 @@
 #include "TavixCore/Paths/JsonPointer.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/Choice.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Support/Field.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "TavixCore/Project/AssetPacker.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Time/CompositionMarks.h"
 
 #include <system_error>

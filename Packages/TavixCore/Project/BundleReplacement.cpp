@@ -1,7 +1,7 @@
 #include "TavixCore/Project/BundleReplacement.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
-#include "TavixCore/Support/Failure.h"
 
 namespace tavix::BundleReplacement {
 

@@ -1,11 +1,11 @@
 #include "TavixCore/Project/CompositionProjectService.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Project/BundleLock.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Project/BundleReplacement.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/FileOperations.h"
-#include "TavixCore/Support/Failure.h"
 
 namespace tavix::CompositionProjectService {
 

@@ -1,6 +1,6 @@
 #include "TavixCore/Project/FileOperations.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // A document that cannot be read: what is wrong with it and at which key.
 #pragma once
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "TavixCore/Support/JsonParser.h"
 
+#include "TavixBase/Utf8.h"
 #include "TavixCore/Support/DecodingError.h"
-#include "TavixCore/Support/Utf8.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "TavixCore/Support/JsonWriter.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
+#include "TavixBase/Utf8.h"
 #include "TavixCore/Support/KeyPath.h"
-#include "TavixCore/Support/Utf8.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "TavixCore/Support/SafeOutput.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/UnfinishedFolders.h"
 
 #include <cerrno>

@@ -1,7 +1,5 @@
 #include "TavixCore/Findings/LintReport.h"
-#include "TavixCore/Findings/Suggestion.h"
 #include "TavixCore/Judge/CompositionLint.h"
-#include "TavixCore/Values/SeededRandom.h"
 
 #include <gtest/gtest.h>
 
@@ -39,57 +37,6 @@ TEST(LintWording, TellsNumbersApart) {
         EXPECT_EQ(apart(c.number, c.other), c.text);
         EXPECT_EQ(apart(c.other, c.number), c.otherText);
     }
-}
-
-TEST(LintWording, EditDistanceIsADistance) {
-    EXPECT_EQ(editDistance("kitten", "sitting"), 3u);
-    EXPECT_EQ(editDistance("", "abc"), 3u);
-    EXPECT_EQ(editDistance("\xC3\xA9t\xC3\xA9", "ete"), 2u) << "in characters, not bytes";
-    SeededRandom random(7);
-    const auto word = [&] {
-        std::string made;
-        while (random.nextUnit() < 0.8) made += random.nextUnit() < 0.5 ? 'a' : 'b';
-        return made;
-    };
-    for (int i = 0; i < 300; ++i) {
-        const std::string a = word(), b = word(), c = word();
-        SCOPED_TRACE(a + " " + b + " " + c);
-        EXPECT_EQ(editDistance(a, b) == 0, a == b);
-        EXPECT_EQ(editDistance(a, b), editDistance(b, a));
-        EXPECT_LE(editDistance(a, c), editDistance(a, b) + editDistance(b, c));
-        EXPECT_LE(editDistance(a, b), std::max(a.size(), b.size()));
-    }
-}
-
-TEST(LintWording, SuggestsTheNearestNameWithinReach) {
-    const struct {
-        const char* word;
-        std::vector<std::string_view> candidates;
-        const char* suggestion;   // empty: none
-    } cases[] = {
-        {"fade", {}, ""}, {"fade", {"faXY"}, "Did you mean \"faXY\"?"},   // two off in a short word
-        {"fade", {"fXYZ"}, ""},
-        {"ripple", {"ripXYe"}, "Did you mean \"ripXYe\"?"},   // a third of a longer one
-        {"ripple", {"riXYZe"}, ""}, {"crosswarp", {"XYZsswarp"}, "Did you mean \"XYZsswarp\"?"},
-        {"crosswarp", {"WXYZswarp"}, ""},
-        {"WHIP", {"whoosh", "Whip"}, "Did you mean \"Whip\"?"},    // whatever the case
-        {"bat", {"dog", "cat", "hat"}, "Did you mean \"cat\"?"},   // the first of the nearest
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.word);
-        EXPECT_EQ(didYouMean(c.word, c.candidates).value_or(""), c.suggestion);
-    }
-}
-
-TEST(LintWording, SuggestsNamesOfAnyLengthAndAlphabet) {
-    const std::string name = std::string(90'000, 'a') + "end";
-    const std::vector<std::string_view> names{name};
-    EXPECT_EQ(didYouMean(std::string(90'000, 'a') + "edn", names), "Did you mean \"" + name + "\"?");
-    EXPECT_EQ(didYouMean("EINGANGSMENÜ", std::vector<std::string_view>{"eingangsmenü"}),
-        "Did you mean \"eingangsmenü\"?");
-    const std::string endless(10'000'000, 'a');   // answered, and at once
-    EXPECT_FALSE(didYouMean(endless, names));
-    EXPECT_FALSE(didYouMean("fade", std::vector<std::string_view>{endless}));
 }
 
 // A scene with every kind of layer, in which every time and size is this number.

@@ -1,6 +1,6 @@
 #include "TavixCore/Support/FileBytes.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "TavixCore/Support/JsonWriter.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixCore/Values/SeededRandom.h"
 

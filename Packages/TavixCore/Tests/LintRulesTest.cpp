@@ -24,7 +24,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> codesOf(const std::vector<Finding>& findings) {
     std::vector<std::string> codes;
-    for (const Finding& finding : findings) codes.emplace_back(finding.code());
+    for (const Finding& finding : findings) codes.emplace_back(finding.code);
     return codes;
 }
 std::vector<std::string> pathsOf(const std::vector<Finding>& findings) {
@@ -127,7 +127,7 @@ TEST(IgnoredBesideMotion, IsToldKeyByKey) {
         for (const std::string& path : c.paths) expected.push_back(at + path);
         const std::vector<Finding> found = ignoredBesideMotion(parseJson(documentOf(c.layer)));
         EXPECT_THAT(pathsOf(found), ElementsAreArray(expected));
-        for (const Finding& finding : found) EXPECT_EQ(finding.code(), "key-ignored");
+        for (const Finding& finding : found) EXPECT_EQ(finding.code, "key-ignored");
     }
 }
 
@@ -153,7 +153,7 @@ TEST(PassedOver, IsToldWithWhatIsLegalAndWhatMayBeMeant) {
         SCOPED_TRACE(c.layer);
         const std::vector<Finding> found = passedOver(parseJson(documentOf(c.layer)));
         ASSERT_EQ(found.size(), 1u);
-        EXPECT_EQ(found[0].code(), c.code);
+        EXPECT_EQ(found[0].code, c.code);
         EXPECT_EQ(found[0].path, at + c.path);
         EXPECT_THAT(found[0].message, HasSubstr(c.says));
         EXPECT_EQ(
@@ -190,8 +190,8 @@ TEST(StyleRules, CountAFormationOnce) {
     const auto styleOf = [](const std::string& layers) {
         std::vector<std::string> codes;
         for (const Finding& finding : lint(decodeJson<CompositionSpec>(documentOf(layers))))
-            if (finding.rule == Rule::spaceCost || finding.rule == Rule::twoFocalPoints)
-                codes.emplace_back(finding.code());
+            if (finding.code == codeOf(Rule::spaceCost) || finding.code == codeOf(Rule::twoFocalPoints))
+                codes.emplace_back(finding.code);
         return codes;
     };
     const std::string plain = device(R"("scene3D": {})");
@@ -204,7 +204,7 @@ TEST(StyleRules, CountAFormationOnce) {
         EXPECT_THAT(styleOf(formation + ", " + plain), testing::Contains("two-focal-points"));
         const auto written = encodedJson(decodeJson<CompositionSpec>(documentOf(formation)));
         for (const Finding& finding : lint(decodeJson<CompositionSpec>(written)))
-            EXPECT_NE(finding.code(), "two-focal-points") << "also once it is written back";
+            EXPECT_NE(finding.code, "two-focal-points") << "also once it is written back";
     }
     EXPECT_THAT(styleOf(plain + ", " + plain), ElementsAre("space-cost", "two-focal-points"));
 }

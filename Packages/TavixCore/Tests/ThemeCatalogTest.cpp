@@ -1,6 +1,6 @@
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/DecodingError.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixCore/Theme/BackgroundSelector.h"
 #include "TavixCore/Theme/BrandKit.h"
@@ -118,6 +118,11 @@ TEST(BrandKit, ReadsSparselyAndNeedsAnAccent) {
     EXPECT_THROW(
         decodeJson<BrandKit>(R"({"accent": {"r": 1, "g": 0, "b": 0, "a": 1}, "fonts": [{"name": "x"}]})"),
         DecodingError);
+}
+
+TEST(ThemeCatalog, LetsSelectorsBeTypedAnyhow) {
+    EXPECT_EQ(FontCatalog::resolve("\u00A0FUTURA\u3000", nullptr)->id, "futura");
+    EXPECT_EQ(BackgroundSelector::resolve("\u2003Aurora\u00A0"), BackgroundSelector::resolve("aurora"));
 }
 
 }   // namespace

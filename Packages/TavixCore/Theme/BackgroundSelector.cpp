@@ -1,7 +1,7 @@
 #include "TavixCore/Theme/BackgroundSelector.h"
 
-#include "TavixCore/Support/Failure.h"
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/Failure.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "TavixCore/Theme/FontCatalog.h"
 
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/FieldTables.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Theme/BrandKit.h"
 #include "TavixCore/Theme/CaptionStyle.h"
 

@@ -1,6 +1,6 @@
 #include "TavixCore/Time/CompositionMarksFinder.h"
 
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 
 #include <algorithm>
 #include <string_view>
@@ -108,7 +108,7 @@ const Timeline::Event* MarkFinder::eventOf(
                 {label, *entry.clipPath,
                     labels.empty() ? "none (older recording without labels — re-record)"
                                    : CompositionLint::listed(labels)}),
-            CompositionLint::didYouMean(label, labels));
+            didYouMean(label, labels));
         return nullptr;
     }
     const std::vector<Timeline::Event>& events = found->second;

@@ -1,6 +1,6 @@
 #include "TavixCore/Typography/WordMatch.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "TavixCore/Values/RGBAColor.h"
 
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/FieldTables.h"
-#include "TavixCore/Support/TextTrimming.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
-// Characters and words of a text as a reader sees them. A character is an extended grapheme cluster (Unicode
-// Standard Annex 29): a letter with its accents, a family emoji, a flag.
+// Words of a text as a reader sees them, and what its characters are.
 #pragma once
+
+#include "TavixBase/Characters.h"
 
 #include <cstddef>
 #include <string>
@@ -9,9 +10,7 @@
 
 namespace tavix::KineticMath {
 
-// The characters of a UTF-8 text, in order; joined they give the text back. A byte that is no valid UTF-8
-// counts as a character of its own.
-std::vector<std::string_view> characters(std::string_view text);
+using tavix::characters;
 
 // Whether a character's first code point has the Unicode property White_Space.
 bool isWhitespace(std::string_view character);

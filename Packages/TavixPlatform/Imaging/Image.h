@@ -6,8 +6,8 @@
 // Extents may be infinite and are rounded outward to whole pixels where an operation crops.
 #pragma once
 
+#include "TavixBase/Digest.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
-#include "TavixPlatform/Imaging/Digest.h"
 #include "TavixPlatform/Imaging/Geometry.h"
 
 #include <array>
@@ -16,9 +16,12 @@
 #include <utility>
 #include <vector>
 
+namespace tavix {
+class Hash;
+}
+
 namespace tavix::imaging {
 
-class Hash;
 class Node;
 using NodeRef = std::shared_ptr<const Node>;
 

@@ -1,13 +1,13 @@
 // What went wrong while reading or writing media, as a finished sentence that names the file and the reason.
 #pragma once
 
-#include <stdexcept>
+#include "TavixBase/Failure.h"
 
 namespace tavix::media {
 
-class MediaError : public std::runtime_error {
+class MediaError : public Failure {
 public:
-    using std::runtime_error::runtime_error;
+    using Failure::Failure;
 };
 
 }   // namespace tavix::media

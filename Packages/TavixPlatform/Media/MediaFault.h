@@ -3,13 +3,13 @@
 // read is left out, one that could not be read this time ends the work, or the result would be a wrong one.
 #pragma once
 
-#include <stdexcept>
+#include "TavixBase/Failure.h"
 
 namespace tavix::media {
 
-class MediaFault : public std::runtime_error {
+class MediaFault : public Failure {
 public:
-    using std::runtime_error::runtime_error;
+    using Failure::Failure;
 };
 
 }   // namespace tavix::media

@@ -1,13 +1,13 @@
 // What cannot be drawn, as a finished sentence: what, where, and what to do next.
 #pragma once
 
-#include <stdexcept>
+#include "TavixBase/Failure.h"
 
 namespace tavix::scene3d {
 
-class SceneError : public std::runtime_error {
+class SceneError : public Failure {
 public:
-    using std::runtime_error::runtime_error;
+    using Failure::Failure;
 };
 
 }   // namespace tavix::scene3d

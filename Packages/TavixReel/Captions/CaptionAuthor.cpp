@@ -1,7 +1,7 @@
 #include "TavixReel/Captions/CaptionAuthor.h"
 
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Values/TextWords.h"
 #include "TavixReel/Camera/EffectsAuthor.h"
 

@@ -1,7 +1,7 @@
 #include "TavixReel/Captions/CaptionCopySource.h"
 
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Values/TextWords.h"
 
 namespace tavix {

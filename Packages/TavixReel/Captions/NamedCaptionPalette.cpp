@@ -1,6 +1,6 @@
 #include "TavixReel/Captions/NamedCaptionPalette.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Theme/BrandKit.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // How title cards come about: what they say, how large, how long, where.
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Typography/KineticPresetCatalog.h"
 #include "TavixCore/Typography/KineticTiming.h"
 #include "TavixCore/Typography/KineticVocabulary.h"

@@ -1,8 +1,8 @@
 #include "TavixReel/Cards/TypographyDirectives.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/Names.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
 #include "TavixReel/Flow/FlowSpec.h"
 

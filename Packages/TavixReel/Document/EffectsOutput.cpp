@@ -1,8 +1,8 @@
 #include "TavixReel/Document/EffectsOutput.h"
 
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Support/ReadingErrors.h"
-#include "TavixCore/Support/TextTrimming.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // Words that exist, emphasis on words that are there, and texts that will move well.
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
 #include "TavixCore/Values/TextWords.h"
 #include "TavixReel/Lint/FlowLintReport.h"

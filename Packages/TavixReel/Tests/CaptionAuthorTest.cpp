@@ -1,6 +1,6 @@
 #include "TavixReel/Captions/CaptionAuthor.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Theme/BrandKit.h"
 #include "TavixCore/Values/SeededRandom.h"
 #include "TavixReel/Camera/EffectsAuthor.h"

@@ -1,5 +1,5 @@
 // How the text of a reel gets to move, and where its cards stand.
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixCore/Typography/KineticTiming.h"
 #include "TavixCore/Values/SeededRandom.h"

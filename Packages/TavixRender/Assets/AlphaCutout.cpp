@@ -1,6 +1,6 @@
 #include "TavixRender/Assets/AlphaCutout.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <algorithm>

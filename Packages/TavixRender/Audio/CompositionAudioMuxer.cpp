@@ -1,6 +1,6 @@
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/AudioMixer.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Media/AudioWriter.h"

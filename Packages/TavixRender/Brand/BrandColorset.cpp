@@ -1,8 +1,8 @@
 #include "TavixRender/Brand/BrandColorset.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/JsonParser.h"
-#include "TavixCore/Support/TextTrimming.h"
 #include "TavixRender/Brand/BrandFiles.h"
 
 #include <algorithm>

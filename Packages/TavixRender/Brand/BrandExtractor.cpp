@@ -1,7 +1,7 @@
 #include "TavixRender/Brand/BrandExtractor.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/Decimals.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixCore/Values/ColorMixing.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Brand/AppHints.h"

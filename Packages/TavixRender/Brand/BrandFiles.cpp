@@ -1,8 +1,8 @@
 #include "TavixRender/Brand/BrandFiles.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/FileBytes.h"
-#include "TavixCore/Support/TextTrimming.h"
 
 #include <algorithm>
 #include <system_error>

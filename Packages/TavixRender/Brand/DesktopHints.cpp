@@ -1,6 +1,6 @@
 #include "TavixRender/Brand/DesktopHints.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixRender/Brand/BrandFiles.h"
 #include "TavixRender/Brand/IconPalette.h"
 #include "TavixRender/Brand/MarkupScan.h"

@@ -1,6 +1,6 @@
 #include "TavixRender/Brand/IconPalette.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixCore/Values/ColorMixing.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/Brand/BrandFiles.h"

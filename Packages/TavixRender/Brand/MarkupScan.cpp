@@ -1,6 +1,6 @@
 #include "TavixRender/Brand/MarkupScan.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 
 #include <algorithm>
 

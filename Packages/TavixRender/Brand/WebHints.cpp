@@ -1,6 +1,6 @@
 #include "TavixRender/Brand/WebHints.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixRender/Brand/BrandFiles.h"
 #include "TavixRender/Brand/IconPalette.h"

@@ -1,6 +1,6 @@
 #include "TavixRender/Captions/CaptionOverlay.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixPlatform/Text/LineDrawing.h"
 #include "TavixReel/Document/Narration.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"

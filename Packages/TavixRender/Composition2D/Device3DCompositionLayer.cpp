@@ -78,7 +78,7 @@ std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
     const auto screen = screenAt(localSec);
     if (!screen) return std::nullopt;
-    const imaging::Digest hash = renderer_->frameHash(*screen, localSec);
+    const Digest hash = renderer_->frameHash(*screen, localSec);
     if (lastFrame_ && lastFrame_->hash == hash) return lastFrame_->image;
     const Image image = renderer_->render(*screen, localSec, {evaluator_, log_});
     // Drawn now: a finished frame is a part of what it is made from, which can go.

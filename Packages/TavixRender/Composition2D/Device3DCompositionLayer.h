@@ -34,7 +34,7 @@ private:
         double sec;
     };
     struct DrawnFrame {
-        imaging::Digest hash;
+        Digest hash;
         imaging::Image image;
     };
 

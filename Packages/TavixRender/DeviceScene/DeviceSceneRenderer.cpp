@@ -1,7 +1,7 @@
 #include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Device/DeviceDepthTrajectory.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Hash.h"
 #include "TavixPlatform/Scene3D/SceneError.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
@@ -188,9 +188,9 @@ std::optional<DeviceMotionBlur> DeviceSceneRenderer::blurAt(double outputSec) co
     return blur;
 }
 
-imaging::Digest DeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
+Digest DeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
     const DeviceStance stance = stanceAt(outputSec);
-    imaging::Hash hash;
+    Hash hash;
     hash.add(sceneVersion_);
     hash.add(screenImage(transitionWindows_, deviceLayer, motion_, outputSec).hash());
     hash.add(stance.poseDegrees.x).add(stance.poseDegrees.y).add(stance.poseDegrees.z);

@@ -56,7 +56,7 @@ public:
 
     // Of the picture that `render` would give: equal hashes mean equal pictures, for as long as the renderer
     // lives.
-    imaging::Digest frameHash(const imaging::Image& deviceLayer, double outputSec) const;
+    Digest frameHash(const imaging::Image& deviceLayer, double outputSec) const;
 
     // Changes all of a scene but its finish. Without a placement the scene's own counts; an absent blur or
     // depth stays as it was.
@@ -93,10 +93,10 @@ private:
     State state_ = State::fresh;
     std::unique_ptr<DeviceStage> stage_;
     bool liveMode_ = false;
-    bool hasToldOfScreen_ = false;              // its failure is told once
-    std::optional<double> lastBlitSec_;         // when the screen was last brought up to date
-    std::optional<imaging::Digest> lastBlit_;   // and with what
-    std::unique_ptr<BodyPicture> lastBody_;     // a device that stands still keeps it while a film runs on it
+    bool hasToldOfScreen_ = false;            // its failure is told once
+    std::optional<double> lastBlitSec_;       // when the screen was last brought up to date
+    std::optional<Digest> lastBlit_;          // and with what
+    std::unique_ptr<BodyPicture> lastBody_;   // a device that stands still keeps it while a film runs on it
 };
 
 }   // namespace tavix

@@ -1,6 +1,6 @@
 #include "TavixRender/Encoding/FrameOutput.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 #include <string>
 #include <system_error>

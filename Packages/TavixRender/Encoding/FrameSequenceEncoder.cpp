@@ -1,6 +1,6 @@
 #include "TavixRender/Encoding/FrameSequenceEncoder.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Encoding/FrameOutput.h"
 

@@ -1,6 +1,6 @@
 #include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixRender/Encoding/FrameOutput.h"
 
 #include <exception>

@@ -1,7 +1,7 @@
 // The end of a render that was asked for before it was done.
 #pragma once
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 
 namespace tavix {
 

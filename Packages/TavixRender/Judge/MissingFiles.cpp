@@ -1,4 +1,4 @@
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixCore/Theme/CaptionStyle.h"
 #include "TavixPlatform/Text/FontBook.h"
@@ -28,7 +28,7 @@ std::optional<std::string> nearbyName(const std::filesystem::path& file) {
         names.push_back(at->path().filename().string());
     std::ranges::sort(names);
     const std::vector<std::string_view> views(names.begin(), names.end());
-    return CompositionLint::didYouMean(file.filename().string(), views);
+    return didYouMean(file.filename().string(), views);
 }
 
 class Search {
@@ -88,8 +88,7 @@ private:
         std::string list;
         for (const std::string_view known : ids) list.append(list.empty() ? "" : ", ").append(known);
         findings_.push_back(findingOf(Rule::pictureMissing, at + ".image.bundledID",
-            "There is no background \"" + id + "\"; use one of " + list + ".",
-            CompositionLint::didYouMean(id, ids)));
+            "There is no background \"" + id + "\"; use one of " + list + ".", didYouMean(id, ids)));
     }
     void font(const TextContent& text) {
         if (!text.font || text.font->empty() || !fontsLookedFor_.insert(*text.font).second) return;

@@ -1,6 +1,6 @@
 #include "TavixRender/MusicAnalysis/MusicAnalyzer.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixRender/MusicAnalysis/BeatPhase.h"
 #include "TavixRender/MusicAnalysis/LoudnessEnvelope.h"

@@ -1,6 +1,6 @@
 #include "TavixRender/Recording/SyncFrameDetector.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixPlatform/Media/VideoFile.h"

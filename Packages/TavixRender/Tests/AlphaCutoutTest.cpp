@@ -1,6 +1,6 @@
 #include "TavixRender/Assets/AlphaCutout.h"
 #include "RenderTestKit.h"
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // The look of applications of every kind, written out as small folders.
 #include "TavixRender/Brand/BrandExtractor.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Brand/AndroidHints.h"

@@ -1,6 +1,6 @@
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 #include "RenderTestKit.h"
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Media/Remux.h"

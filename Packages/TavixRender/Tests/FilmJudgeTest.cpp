@@ -33,7 +33,7 @@ constexpr RGBAColor white{1, 1, 1, 1}, red{1, 0, 0, 1}, black{0, 0, 0, 1}, clear
 
 std::vector<std::string> codesOf(const std::vector<Finding>& findings) {
     std::vector<std::string> codes;
-    for (const Finding& finding : findings) codes.emplace_back(codeOf(finding.rule));
+    for (const Finding& finding : findings) codes.emplace_back(finding.code);
     return codes;
 }
 

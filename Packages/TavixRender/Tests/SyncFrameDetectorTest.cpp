@@ -1,7 +1,7 @@
 // Recordings as recorders make them: their own clock, their own frames, their own losses.
 #include "TavixRender/Recording/SyncFrameDetector.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Values/SeededRandom.h"
 #include "TavixPlatform/Media/Tests/TestClip.h"

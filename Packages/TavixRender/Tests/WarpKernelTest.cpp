@@ -119,15 +119,15 @@ TEST(WarpKernels, RunTheWayTheyShould) {
 
 TEST(WarpKernels, DescribeEveryArgument) {
     const auto digestOf = [](const imaging::Warp& warp) {
-        imaging::Hash hash;
+        Hash hash;
         warp.describe(hash);
         return hash.digest();
     };
-    const imaging::Digest crosswarp = digestOf(CrosswarpKernel(rect, 0.5f));
+    const Digest crosswarp = digestOf(CrosswarpKernel(rect, 0.5f));
     EXPECT_EQ(crosswarp, digestOf(CrosswarpKernel(rect, 0.5f)));
     EXPECT_NE(crosswarp, digestOf(CrosswarpKernel(rect, 0.25f)));
     EXPECT_NE(crosswarp, digestOf(CrosswarpKernel({0, 0, 96, 55}, 0.5f)));
-    const imaging::Digest ripple = digestOf(RippleKernel(rect, 0.5f, {}));
+    const Digest ripple = digestOf(RippleKernel(rect, 0.5f, {}));
     EXPECT_NE(ripple, crosswarp);
     EXPECT_NE(ripple, digestOf(RippleKernel(rect, 0.5f, {.amplitude = 31})));
     EXPECT_NE(ripple, digestOf(RippleKernel(rect, 0.5f, {.speed = 31})));

@@ -1,6 +1,6 @@
 #include "TavixRender/Typesetting/CaptionFontFile.h"
 
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 

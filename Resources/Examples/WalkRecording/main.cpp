@@ -3,8 +3,8 @@
 #include "Script.h"
 #include "Stage.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/Document.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
 #include "TavixPlatform/Media/MovieWriter.h"

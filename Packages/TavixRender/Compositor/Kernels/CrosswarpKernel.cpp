@@ -14,7 +14,7 @@ constexpr std::uint64_t crosswarpKind = 0x63726f7373776172;   // "crosswar" in A
 CrosswarpKernel::CrosswarpKernel(const imaging::Rect& rect, float progress)
     : rect_(rect), progress_(progress) {}
 
-void CrosswarpKernel::describe(imaging::Hash& hash) const {
+void CrosswarpKernel::describe(Hash& hash) const {
     hash.kind(crosswarpKind).add(rect_).add(double(progress_));
 }
 

@@ -12,7 +12,7 @@ class CrosswarpKernel final : public imaging::Warp {
 public:
     CrosswarpKernel(const imaging::Rect& rect, float progress);
 
-    void describe(imaging::Hash& hash) const override;
+    void describe(Hash& hash) const override;
     void row(int x, int y, int count, imaging::WarpSample* out) const override;
 
 private:

@@ -22,7 +22,7 @@ constexpr float dissolveSpread = 0.6f;       // how far the dissolve runs ahead 
 RippleKernel::RippleKernel(const imaging::Rect& rect, float progress, const Shape& shape)
     : rect_(rect), progress_(progress), shape_(shape) {}
 
-void RippleKernel::describe(imaging::Hash& hash) const {
+void RippleKernel::describe(Hash& hash) const {
     hash.kind(rippleKind).add(rect_);
     hash.add(double(progress_)).add(double(shape_.amplitude)).add(double(shape_.speed));
 }

@@ -17,7 +17,7 @@ public:
 
     RippleKernel(const imaging::Rect& rect, float progress, const Shape& shape);
 
-    void describe(imaging::Hash& hash) const override;
+    void describe(Hash& hash) const override;
     void row(int x, int y, int count, imaging::WarpSample* out) const override;
 
 private:

@@ -1,7 +1,5 @@
-#include "TavixCore/Support/TextTrimming.h"
-#include "TavixCore/Support/Utf8.h"
-#include "TavixCore/Theme/BackgroundSelector.h"
-#include "TavixCore/Theme/FontCatalog.h"
+#include "TavixBase/TextTrimming.h"
+#include "TavixBase/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -52,11 +50,6 @@ TEST(TextTrimming, ReadsEveryCodePoint) {
     }
     EXPECT_FALSE(utf8::codePointAt("\xE2\x82", 0).isValid);
     EXPECT_EQ(utf8::codePointAt("\xE2\x82", 0).lengthBytes, 1u);
-}
-
-TEST(TextTrimming, LetsSelectorsBeTypedAnyhow) {
-    EXPECT_EQ(FontCatalog::resolve("\u00A0FUTURA\u3000", nullptr)->id, "futura");
-    EXPECT_EQ(BackgroundSelector::resolve("\u2003Aurora\u00A0"), BackgroundSelector::resolve("aurora"));
 }
 
 }   // namespace

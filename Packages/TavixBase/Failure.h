@@ -1,5 +1,5 @@
-// The error of the core library: what was asked cannot be done. Its message is a finished sentence that is
-// shown to the user unchanged and never parsed.
+// What was asked cannot be done. The message is a finished sentence, or several, shown to the user unchanged
+// and never parsed: what, where, what to do.
 #pragma once
 
 #include <stdexcept>

@@ -1,6 +1,6 @@
-#include "TavixCore/Support/TextTrimming.h"
+#include "TavixBase/TextTrimming.h"
 
-#include "TavixCore/Support/Utf8.h"
+#include "TavixBase/Utf8.h"
 
 namespace tavix {
 

@@ -1,4 +1,4 @@
-#include "TavixCore/Support/Utf8.h"
+#include "TavixBase/Utf8.h"
 
 #include <utf8proc.h>
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace tavix::imaging {
+namespace tavix {
 
 struct Digest {
     std::uint64_t low = 0, high = 0;   // both 0: of nothing
@@ -11,4 +11,4 @@ struct Digest {
     bool operator==(const Digest&) const = default;
 };
 
-}   // namespace tavix::imaging
+}   // namespace tavix

@@ -1,7 +1,7 @@
-#include "TavixCore/Findings/Suggestion.h"
+#include "TavixBase/NearestWord.h"
 
-#include "TavixCore/Support/TextTrimming.h"
-#include "TavixCore/Values/TextWords.h"
+#include "TavixBase/Characters.h"
+#include "TavixBase/TextTrimming.h"
 
 #include <algorithm>
 #include <numeric>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace tavix::CompositionLint {
+namespace tavix {
 namespace {
 
 // Each byte is a character.
@@ -44,21 +44,20 @@ template <class Letter> std::size_t distanceBetween(std::span<const Letter> a, s
 
 std::size_t editDistance(std::string_view a, std::string_view b) {
     if (isPlain(a) && isPlain(b)) return distanceBetween(std::span<const char>(a), std::span<const char>(b));
-    const std::vector<std::string_view> ours = KineticMath::characters(a),
-                                        theirs = KineticMath::characters(b);
+    const std::vector<std::string_view> ours = characters(a), theirs = characters(b);
     return distanceBetween(
         std::span<const std::string_view>(ours), std::span<const std::string_view>(theirs));
 }
 
-std::optional<std::string_view> nearestOf(
+std::optional<std::string_view> nearestWord(
     std::string_view word, std::span<const std::string_view> candidates) {
     constexpr std::size_t shortWord = 6, shortWordLimit = 2;
     const std::string typed = lowered(word);
-    const std::size_t length = KineticMath::characters(typed).size();
+    const std::size_t length = characters(typed).size();
     std::size_t nearest = (length < shortWord ? shortWordLimit : length / 3) + 1;
     std::optional<std::string_view> found;
     for (const std::string_view candidate : candidates) {
-        const std::size_t other = KineticMath::characters(candidate).size();
+        const std::size_t other = characters(candidate).size();
         if (std::max(length, other) - std::min(length, other) >= nearest) continue;
         const std::size_t distance = editDistance(typed, lowered(candidate));
         if (distance >= nearest) continue;
@@ -69,8 +68,8 @@ std::optional<std::string_view> nearestOf(
 }
 
 std::optional<std::string> didYouMean(std::string_view word, std::span<const std::string_view> candidates) {
-    const auto nearest = nearestOf(word, candidates);
+    const auto nearest = nearestWord(word, candidates);
     return nearest ? std::optional("Did you mean \"" + std::string(*nearest) + "\"?") : std::nullopt;
 }
 
-}   // namespace tavix::CompositionLint
+}   // namespace tavix

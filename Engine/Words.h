@@ -1,4 +1,4 @@
-// What someone may have meant by a word that is not known.
+// Words that a command knows: telling which there are, and which of them someone may have meant.
 #pragma once
 
 #include <span>
@@ -7,11 +7,7 @@
 
 namespace tavix::engine {
 
-// The known word with the fewest slips of the keyboard between them, or an empty one when none is near. Case
-// does not count.
-std::string_view nearestWord(std::string_view word, std::span<const std::string_view> known);
-
-// " Did you mean X?", or nothing.
+// " Did you mean X?", or nothing where no known word is near. What begins like a known word is taken for it.
 std::string suggestion(std::string_view word, std::span<const std::string_view> known);
 
 // "a, b or c".
