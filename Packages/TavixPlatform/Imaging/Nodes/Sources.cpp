@@ -60,7 +60,7 @@ DrawableRef SolidNode::prepare(RenderContext&, const NodeRef& self, const PixelR
 
 class BitmapNode final : public Node {
 public:
-    BitmapNode(BitmapRef bitmap, int x0, int y0, const Rect& extent)
+    BitmapNode(const BitmapRef& bitmap, int x0, int y0, const Rect& extent)
         : Node(extent, inkOf(*bitmap, x0, y0)), picture_{bitmap, {x0, y0, x0 + bitmap->size().width,
                                                                      y0 + bitmap->size().height}} {}
 
