@@ -1,9 +1,14 @@
 #include "Engine/DocumentReference.h"
 
 #include "Engine/Words.h"
+#include "TavixCore/Project/DocumentSchemas.h"
+#include "TavixCore/Support/Choice.h"
+#include "TavixCore/Support/Field.h"
 #include "TavixCore/Support/JsonWriter.h"
 
 #include <algorithm>
+#include <map>
+#include <regex>
 #include <string_view>
 #include <vector>
 
@@ -12,7 +17,7 @@ namespace tavix::engine {
 namespace {
 
 constexpr std::string_view definitionPrefix = "#/$defs/";
-constexpr std::size_t longestShownDefault = 72;
+constexpr std::size_t longestShownDefault = 72, mostShownWords = 12;
 
 std::string headOf(const std::string& type) {
     const bool isComposition = type == "composition";
@@ -37,11 +42,6 @@ const JsonArray& listIn(const Json& schema, std::string_view key) {
     static const JsonArray none;
     const Json* list = schema.find(key);
     return list && list->array() ? *list->array() : none;
-}
-
-bool lists(const Json& schema, std::string_view key, std::string_view word) {
-    const JsonArray& words = listIn(schema, key);
-    return std::find(words.begin(), words.end(), Json(word)) != words.end();
 }
 
 // Appends the definitions that are reached from here, each once, the nearest first.
@@ -84,13 +84,19 @@ std::string typeOf(const Json& schema) {
     if (const std::string_view name = referenceIn(schema); !name.empty()) return linkTo(name);
     std::vector<std::string> choices;
     for (const Json& choice : listIn(schema, "anyOf")) choices.push_back(typeOf(choice));
-    for (const Json& word : listIn(schema, "enum")) choices.push_back(code(*word.text()));
+    const JsonArray& words = listIn(schema, "enum");
+    if (words.size() > mostShownWords) return "one of " + std::to_string(words.size()) + " names";
+    for (const Json& word : words) choices.push_back(code(*word.text()));
     if (!choices.empty()) return listed(std::vector<std::string_view>(choices.begin(), choices.end()));
     if (const Json* items = schema.find("items")) return "list of " + typeOf(*items);
     if (const Json* values = schema.find("additionalProperties")) return "map of text to " + typeOf(*values);
     const Json* type = schema.find("type");
     if (!type || !type->text()) return "any JSON";
-    return *type->text() == "string" ? "text" : *type->text() == "object" ? "an object" : *type->text();
+    const Json* unit = schema.find("unit");
+    return (*type->text() == "string"      ? "text"
+               : *type->text() == "object" ? "an object"
+                                           : *type->text()) +
+           (unit ? ", " + *unit->text() : "");
 }
 
 std::string limitsOf(const Json& schema) {
@@ -107,7 +113,10 @@ std::string defaultOf(const Json& schema, bool isRequired) {
     if (isRequired) return "required";
     const Json* value = schema.find("default");
     if (!value) return "";
-    const std::string text = compact(*value);
+    // A colour in the order in which people say one.
+    static const std::regex color(R"(\{"a": ([^,]+), "b": ([^,]+), "g": ([^,]+), "r": ([^}]+)\})");
+    const std::string text =
+        std::regex_replace(compact(*value), color, R"({"r": $4, "g": $3, "b": $2, "a": $1})");
     return text.size() <= longestShownDefault ? code(text) : "";
 }
 
@@ -116,18 +125,46 @@ std::string meaningOf(const Json& schema) {
     return (meaning && meaning->text() ? *meaning->text() : std::string()) + limitsOf(schema);
 }
 
-std::string tableOf(const Json& definition) {
+// The records of a document by their names, which a schema has too.
+using Records = std::map<std::string_view, const RecordType*>;
+
+void collect(const Type& type, Records& records) {
+    switch (type.kind) {
+    case Type::Kind::list: return collect(static_cast<const ListType&>(type).element(), records);
+    case Type::Kind::map: return collect(static_cast<const MapType&>(type).value(), records);
+    case Type::Kind::optional: return collect(static_cast<const OptionalType&>(type).value(), records);
+    case Type::Kind::choice:
+        for (const Alternative& row : static_cast<const ChoiceType&>(type).rows) collect(row.type(), records);
+        return;
+    case Type::Kind::record: {
+        const auto& record = static_cast<const RecordType&>(type);
+        if (records.emplace(record.name, &record).second)
+            for (const Field& row : record.rows) collect(row.type(), records);
+        return;
+    }
+    case Type::Kind::boolean:
+    case Type::Kind::number:
+    case Type::Kind::integer:
+    case Type::Kind::text:
+    case Type::Kind::json:
+    case Type::Kind::word:
+    case Type::Kind::own: return;
+    }
+}
+
+std::string tableOf(const Json& definition, const RecordType& record) {
     const Json* properties = definition.find("properties");
     if (!properties) return {};
     std::string text = "\n| Key | Type | Default | Meaning |\n|---|---|---|---|\n";
-    for (const auto& [key, schema] : *properties->object())
-        text += "| " + code(key) + " | " + typeOf(schema) + " | " +
-                defaultOf(schema, lists(definition, "required", key)) + " | " + meaningOf(schema) + " |\n";
+    for (const Field& row : record.rows)
+        if (const Json* schema = properties->find(row.key))
+            text += "| " + code(row.key) + " | " + typeOf(*schema) + " | " +
+                    defaultOf(*schema, row.isRequired) + " | " + meaningOf(*schema) + " |\n";
     return text;
 }
 
 // A row of a union: the word that chooses it, and what the object then holds.
-std::string alternative(const Json& schema) {
+std::string alternative(const Json& schema, const RecordType* record) {
     std::string tag, payload;
     if (const Json* properties = schema.find("properties"))
         for (const auto& [key, held] : *properties->object()) {
@@ -137,12 +174,12 @@ std::string alternative(const Json& schema) {
                 payload += code(key) + ": " + typeOf(held);
         }
     for (const Json& flat : listIn(schema, "allOf")) payload += "the keys of " + typeOf(flat);
-    if (tag.empty()) return "* " + typeOf(schema) + "\n" + tableOf(schema);
+    if (tag.empty()) return "* " + typeOf(schema) + "\n" + (record ? tableOf(schema, *record) : "");
     return "* " + tag + (payload.empty() ? "" : " with " + payload) + "\n";
 }
 
-std::string chapter(const std::string& name, const Json& definition) {
-    std::string text = "\n## " + name + "\n" + tableOf(definition);
+std::string chapter(const std::string& name, const Json& definition, const RecordType* record) {
+    std::string text = "\n## " + name + "\n" + (record ? tableOf(definition, *record) : "");
     if (const JsonArray& parts = listIn(definition, "allOf"); !parts.empty()) {
         text += "\nBeside these it has the keys of ";
         for (const Json& part : parts) text += (&part == &parts.front() ? "" : " and ") + typeOf(part);
@@ -154,22 +191,25 @@ std::string chapter(const std::string& name, const Json& definition) {
     }
     const JsonArray& choices = listIn(definition, "anyOf");
     if (!choices.empty()) text += "\nOne of:\n\n";
-    for (const Json& choice : choices) text += alternative(choice);
+    for (const Json& choice : choices) text += alternative(choice, record);
     return text;
 }
 
 }   // namespace
 
-std::string documentReference(const Json& schema) {
+std::string documentReference(const DocumentSchema& document) {
+    const Json schema = document.schema();
+    Records records;
+    collect(document.type(), records);
     std::vector<std::string> names;
     collect(schema, names);
     const Json* definitions = schema.find("$defs");
-    const Json* title = schema.find("title");
-    std::string text = headOf(title && title->text() ? *title->text() : "composition");
+    std::string text = headOf(std::string(document.name));
     for (std::size_t i = 0; i < names.size(); ++i) {
         const Json definition = *definitions->find(names[i]);
         collect(definition, names);
-        text += chapter(names[i], definition);
+        const auto record = records.find(names[i]);
+        text += chapter(names[i], definition, record == records.end() ? nullptr : record->second);
     }
     return text;
 }

@@ -1,13 +1,15 @@
-// A JSON Schema as a page for people, in Markdown.
+// The description of a document as a page for people, in Markdown.
 #pragma once
-
-#include "TavixCore/Support/Json.h"
 
 #include <string>
 
+namespace tavix {
+struct DocumentSchema;
+}
+
 namespace tavix::engine {
 
-// One chapter a definition, in the order in which a reader meets them.
-std::string documentReference(const Json& schema);
+// One chapter a definition, in the order in which a reader meets them; keys in the order of their tables.
+std::string documentReference(const DocumentSchema& document);
 
 }   // namespace tavix::engine

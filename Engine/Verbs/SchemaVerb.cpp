@@ -39,7 +39,7 @@ void SchemaVerb::declare(Arguments& arguments, Terminal&) {
 void SchemaVerb::run(Terminal& terminal) {
     const DocumentSchema& schema = type_.empty() ? documentSchemas().front() : schemaNamed(type_);
     if (isMarkdown_)
-        terminal.result(documentReference(schema.schema()));
+        terminal.result(documentReference(schema));
     else
         terminal.result(schema.schema());
 }

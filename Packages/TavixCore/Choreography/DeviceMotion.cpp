@@ -113,7 +113,9 @@ const Fields<DeviceMotion>& fieldsOf(std::type_identity<DeviceMotion>) {
             field<&M::enter>("enter", "Where the layer comes from as it appears."),
             field<&M::tracks>("tracks", "Animated properties of the layer.").unlessDefault(),
             field<&M::uses3D>("uses3D", "Whether the device is a model in space.").unlessDefault(),
-            field<&M::sceneDurationSec>("sceneDurationSec", "The whole length in seconds.").required()}};
+            field<&M::sceneDurationSec>("sceneDurationSec", "The whole length.")
+                .measuredIn(Unit::seconds)
+                .required()}};
     return table;
 }
 

@@ -40,16 +40,23 @@ const Names<DeviceChoreographyPreset>& namesOf(std::type_identity<DeviceChoreogr
 const Fields<DeviceChoreographyParams>& fieldsOf(std::type_identity<DeviceChoreographyParams>) {
     using P = DeviceChoreographyParams;
     static const Fields<P> table{.name = "DeviceChoreographyParams",
-        .rows = {field<&P::durationSec>("durationSec", "Length in seconds; the formation's own when absent.")
+        .rows = {field<&P::durationSec>(
+                     "durationSec", "How long it takes; the formation's own length when absent.")
+                     .measuredIn(Unit::seconds)
                      .clamped(1, 12),
             field<&P::intensity>("intensity", "How strong it is; 1 is usual.")
+                .measuredIn(Unit::times)
                 .clamped(0.3, 1.6)
                 .unlessDefault(),
             field<&P::direction>("direction", "Which way round.").unlessDefault(),
             field<&P::count>("count", "How many devices; the formation's own number when absent.")
                 .clamped(leastCount, mostCount),
-            field<&P::spread>("spread", "How far apart; 1 is usual.").clamped(0.3, 1.6).unlessDefault(),
-            field<&P::staggerSec>("staggerSec", "Seconds between one device and the next.")
+            field<&P::spread>("spread", "How far apart they stand; 1 is usual.")
+                .measuredIn(Unit::times)
+                .clamped(0.3, 1.6)
+                .unlessDefault(),
+            field<&P::staggerSec>("staggerSec", "How long after one device the next one starts.")
+                .measuredIn(Unit::seconds)
                 .clamped(0, 0.5)
                 .unlessDefault()}};
     return table;
@@ -57,9 +64,11 @@ const Fields<DeviceChoreographyParams>& fieldsOf(std::type_identity<DeviceChoreo
 
 const Fields<DeviceChoreographyRef>& fieldsOf(std::type_identity<DeviceChoreographyRef>) {
     using R = DeviceChoreographyRef;
-    static const Fields<R> table{
-        "DeviceChoreographyRef", {field<&R::preset>("preset", "Name of the formation.").required(),
-                                     field<&R::params>("params", "How it is played.")}};
+    static const Fields<R> table{"DeviceChoreographyRef",
+        {field<&R::preset>("preset",
+             "Which formation, as `tavix presets formations` lists them. It fits itself to the shape of the frame.")
+                .required(),
+            field<&R::params>("params", "How it is played.")}};
     return table;
 }
 

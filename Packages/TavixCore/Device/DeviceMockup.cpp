@@ -17,10 +17,13 @@ const Fields<DeviceMockup>& fieldsOf(std::type_identity<DeviceMockup>) {
     static const Fields<M> table{"DeviceMockup",
         {field<&M::framePath>("framePath", "A picture of the device with a hole for its screen.")
                 .as(Role::picture),
-            field<&M::screen>("screen", "The screen's place, in fractions of the frame picture."),
-            field<&M::screenCornerRadiusFraction>("screenCornerRadiusFraction",
-                "Corner radius of the screen, as a fraction of its smaller side."),
-            field<&M::bundledID>("bundledID", "A device of the catalog.")}};
+            field<&M::screen>("screen", "The screen's place, in shares of the frame picture.")
+                .measuredIn(Unit::ownSides),
+            field<&M::screenCornerRadiusFraction>(
+                "screenCornerRadiusFraction", "Corner radius of the screen.")
+                .measuredIn(Unit::shorterSides),
+            field<&M::bundledID>(
+                "bundledID", "A device of the catalog, as `tavix presets devices` lists them.")}};
     return table;
 }
 

@@ -20,13 +20,14 @@ const Names<DeviceMotionOrigin>& namesOf(std::type_identity<DeviceMotionOrigin>)
 
 const Fields<DeviceMotionMetadata>& fieldsOf(std::type_identity<DeviceMotionMetadata>) {
     using M = DeviceMotionMetadata;
-    static const Fields<M> table{"DeviceMotionMetadata",
-        {field<&M::referenceID>("referenceID", "The catalog's own id."),
-            field<&M::title>("title", "Its title in the gallery."),
-            field<&M::category>("category", "Where in a scene it belongs."),
-            field<&M::origin>("origin", "Where it comes from."),
-            field<&M::naturalDurationSec>("naturalDurationSec", "Its usual length in seconds."),
-            field<&M::uses3D>("uses3D", "Whether the device is a model in space.")}};
+    static const Fields<M> table{
+        "DeviceMotionMetadata", {field<&M::referenceID>("referenceID", "The catalog's own id."),
+                                    field<&M::title>("title", "Its title in the gallery."),
+                                    field<&M::category>("category", "Where in a scene it belongs."),
+                                    field<&M::origin>("origin", "Where it comes from."),
+                                    field<&M::naturalDurationSec>("naturalDurationSec", "Its usual length.")
+                                        .measuredIn(Unit::seconds),
+                                    field<&M::uses3D>("uses3D", "Whether the device is a model in space.")}};
     return table;
 }
 

@@ -59,25 +59,33 @@ const Names<DeviceMotionParams::Direction>& namesOf(std::type_identity<DeviceMot
 const Fields<DeviceMotionParams>& fieldsOf(std::type_identity<DeviceMotionParams>) {
     using P = DeviceMotionParams;
     static const Fields<P> table{"DeviceMotionParams",
-        {field<&P::durationSec>("durationSec", "Length in seconds; the motion's own when absent.")
+        {field<&P::durationSec>("durationSec", "How long it takes; the motion's own length when absent.")
+                .measuredIn(Unit::seconds)
                 .clamped(0.6, 8),
-            field<&P::intensity>("intensity", "How strong it is; 1 is usual.").clamped(0.3, 1.6),
+            field<&P::intensity>("intensity", "How strong it is; 1 is usual.")
+                .measuredIn(Unit::times)
+                .clamped(0.3, 1.6),
             field<&P::direction>("direction", "Which way round."),
-            field<&P::anchorX>("anchorX", "Shift to the side, in fractions of the canvas height.")
+            field<&P::anchorX>("anchorX", "Shift to the right; to the left when negative.")
+                .measuredIn(Unit::canvasHeights)
                 .clamped(-0.75, 0.75)
                 .unlessDefault(),
-            field<&P::faceInwardDeg>("faceInwardDeg", "Turn of a shifted device towards the middle.")
+            field<&P::faceInwardDeg>("faceInwardDeg", "How far a shifted device turns towards the middle.")
+                .measuredIn(Unit::degrees)
                 .clamped(0, 45)
                 .unlessDefault(),
-            field<&P::startAtSec>("startAtSec", "Seconds before it starts.").clamped(0, 20).unlessDefault()}};
+            field<&P::startAtSec>("startAtSec", "How long it waits before it starts.")
+                .measuredIn(Unit::seconds)
+                .clamped(0, 20)
+                .unlessDefault()}};
     return table;
 }
 
 const Fields<DeviceMotionRef>& fieldsOf(std::type_identity<DeviceMotionRef>) {
     using R = DeviceMotionRef;
-    static const Fields<R> table{
-        "DeviceMotionRef", {field<&R::preset>("preset", "Name of the motion.").required(),
-                               field<&R::params>("params", "How it is played.")}};
+    static const Fields<R> table{"DeviceMotionRef",
+        {field<&R::preset>("preset", "Which motion, as `tavix presets motions` lists them.").required(),
+            field<&R::params>("params", "How it is played.")}};
     return table;
 }
 

@@ -58,11 +58,15 @@ Track DevicePlacementSpec::resolvedTrack(
 const Fields<DevicePlacementKeyframe>& fieldsOf(std::type_identity<DevicePlacementKeyframe>) {
     using K = DevicePlacementKeyframe;
     static const Fields<K> table{"DevicePlacementKeyframe",
-        {field<&K::tSec>("tSec", "Seconds since the layer's start."),
-            field<&K::offset>(
-                "offset", "From the middle, in fractions of the canvas height; x right, y down."),
-            field<&K::scale>("scale", "Size; 1 is the device's own.").atLeast(leastPlacementScale),
-            field<&K::move>("move", "A named place; it wins over offset and scale."),
+        {field<&K::tSec>("tSec", "When, from the layer's start.").measuredIn(Unit::seconds),
+            field<&K::offset>("offset",
+                "From the middle of the canvas: x to the right, y downwards, both in shares of the canvas height.")
+                .measuredIn(Unit::canvasHeights),
+            field<&K::scale>("scale", "Size; 1 is the device's own.")
+                .measuredIn(Unit::times)
+                .atLeast(leastPlacementScale),
+            field<&K::move>("move",
+                "A named place: center, park-left, park-right, hero-zoom, offscreen-bottom, scan-top or scan-bottom. It wins over offset and scale."),
             field<&K::atMark>("atMark", "The mark of the recording that gives the time.")
                 .as(Role::markMoment, "tSec")}};
     return table;
@@ -72,8 +76,12 @@ const Fields<DevicePlacementSpec>& fieldsOf(std::type_identity<DevicePlacementSp
     using S = DevicePlacementSpec;
     static const Fields<S> table{"DevicePlacementSpec",
         {field<&S::track>("track", "Where the device is, in time."),
-            field<&S::responseSec>("responseSec", "Seconds that the device takes to follow.").atLeast(0.001),
-            field<&S::damping>("damping", "From 0.2, springy, to 1, without a swing.")}};
+            field<&S::responseSec>("responseSec", "How long the device takes to follow.")
+                .measuredIn(Unit::seconds)
+                .atLeast(0.001),
+            field<&S::damping>(
+                "damping", "How springy: from 0.2, which swings long, to 1, which does not swing.")
+                .measuredIn(Unit::fraction)}};
     return table;
 }
 

@@ -50,25 +50,44 @@ const Fields<DeviceScene>& fieldsOf(std::type_identity<DeviceScene>) {
     static const Fields<S> table{"DeviceScene",
         {field<&S::enabled>("enabled", "Whether the device is a model in space."),
             field<&S::finish>("finish", "Colour of the body."),
-            field<&S::tiltDegrees>("tiltDegrees", "Pitch, yaw and roll at rest."),
-            field<&S::driftDegrees>("driftDegrees", "How far it sways about its rest."),
-            field<&S::driftPeriodSec>("driftPeriodSec", "Seconds of one sway.").atLeast(shortestSec),
-            field<&S::cameraDistance>("cameraDistance", "How far the camera stands."),
-            field<&S::fovDegrees>("fovDegrees", "The camera's vertical angle of view."),
-            field<&S::floorReflectivity>("floorReflectivity", "How much the floor mirrors, 0 to 1."),
-            field<&S::floorRoughness>("floorRoughness", "How blurred the mirror is, 0 to 1."),
-            field<&S::lightIntensity>("lightIntensity", "Strength of the light; 1 is usual."),
-            field<&S::keyLightDegrees>("keyLightDegrees", "From where the key light shines."),
+            field<&S::tiltDegrees>("tiltDegrees",
+                "The pose at rest: x tips the top away, y turns the screen to the right, z turns clockwise.")
+                .measuredIn(Unit::degrees),
+            field<&S::driftDegrees>(
+                "driftDegrees", "How far it sways about its rest from side to side; half as far up and down.")
+                .measuredIn(Unit::degrees),
+            field<&S::driftPeriodSec>("driftPeriodSec", "How long one sway takes.")
+                .measuredIn(Unit::seconds)
+                .atLeast(shortestSec),
+            field<&S::cameraDistance>("cameraDistance",
+                "How far the camera stands, in lengths of space. It changes the perspective and not the size."),
+            field<&S::fovDegrees>("fovDegrees", "The camera's angle of view, from top to bottom.")
+                .measuredIn(Unit::degrees),
+            field<&S::floorReflectivity>("floorReflectivity", "How much the floor mirrors.")
+                .measuredIn(Unit::fraction),
+            field<&S::floorRoughness>("floorRoughness", "How blurred the mirror is.")
+                .measuredIn(Unit::fraction),
+            field<&S::lightIntensity>("lightIntensity", "Strength of the light; 1 is usual.")
+                .measuredIn(Unit::times),
+            field<&S::keyLightDegrees>("keyLightDegrees",
+                "From where the key light shines: x below 0 is from above, y above 0 from the left; z is not used.")
+                .measuredIn(Unit::degrees),
             field<&S::backdrop>("backdrop", "What stands behind the device."),
             field<&S::poseTrack>("poseTrack", "Poses in time."),
-            field<&S::poseResponseSec>("poseResponseSec", "Seconds that a pose takes to arrive.")
+            field<&S::poseResponseSec>("poseResponseSec", "How long a pose takes to arrive.")
+                .measuredIn(Unit::seconds)
                 .atLeast(shortestSec),
-            field<&S::poseDamping>("poseDamping", "From 0.2, springy, to 1, without a swing."),
+            field<&S::poseDamping>(
+                "poseDamping", "How springy: from 0.2, which swings long, to 1, which does not swing.")
+                .measuredIn(Unit::fraction),
             field<&S::flips>("flips", "Whole turns that change the screen."),
             field<&S::placementTrack>("placementTrack", "Places in time."),
-            field<&S::placementResponseSec>("placementResponseSec", "Seconds that a place takes to arrive.")
+            field<&S::placementResponseSec>("placementResponseSec", "How long a place takes to arrive.")
+                .measuredIn(Unit::seconds)
                 .atLeast(shortestSec),
-            field<&S::placementDamping>("placementDamping", "From 0.2, springy, to 1, without a swing.")}};
+            field<&S::placementDamping>(
+                "placementDamping", "How springy: from 0.2, which swings long, to 1, which does not swing.")
+                .measuredIn(Unit::fraction)}};
     return table;
 }
 
@@ -76,19 +95,37 @@ const Fields<DeviceScene3D>& fieldsOf(std::type_identity<DeviceScene3D>) {
     using S = DeviceScene3D;
     static const Fields<S> table{"DeviceScene3D",
         {field<&S::finish>("finish", "Colour of the body."),
-            field<&S::tiltDegrees>("tiltDegrees", "Pitch, yaw and roll at rest."),
+            field<&S::tiltDegrees>("tiltDegrees",
+                "The pose at rest: x tips the top away, y turns the screen to the right, z turns clockwise.")
+                .measuredIn(Unit::degrees),
             field<&S::poseTrack>("poseTrack", "Poses in time."),
-            field<&S::poseResponseSec>("poseResponseSec", "Seconds that a pose takes to arrive.")
+            field<&S::poseResponseSec>("poseResponseSec", "How long a pose takes to arrive.")
+                .measuredIn(Unit::seconds)
                 .atLeast(shortestSec),
-            field<&S::poseDamping>("poseDamping", "From 0.2, springy, to 1, without a swing."),
-            field<&S::driftDegrees>("driftDegrees", "How far it sways about its rest."),
-            field<&S::driftPeriodSec>("driftPeriodSec", "Seconds of one sway.").atLeast(shortestSec),
-            field<&S::cameraDistance>("cameraDistance", "How far the camera stands."),
-            field<&S::fovDegrees>("fovDegrees", "The camera's vertical angle of view."),
-            field<&S::lightIntensity>("lightIntensity", "Strength of the light; 1 is usual."),
-            field<&S::keyLightDegrees>("keyLightDegrees", "From where the key light shines."),
-            field<&S::motionBlur>("motionBlur", "Smear of quick motion; 1 is a whole frame.").atLeast(0),
-            field<&S::depthTrack>("depthTrack", "Depth in time; 0.5 is the usual distance.")}};
+            field<&S::poseDamping>(
+                "poseDamping", "How springy: from 0.2, which swings long, to 1, which does not swing.")
+                .measuredIn(Unit::fraction),
+            field<&S::driftDegrees>(
+                "driftDegrees", "How far it sways about its rest from side to side; half as far up and down.")
+                .measuredIn(Unit::degrees),
+            field<&S::driftPeriodSec>("driftPeriodSec", "How long one sway takes.")
+                .measuredIn(Unit::seconds)
+                .atLeast(shortestSec),
+            field<&S::cameraDistance>("cameraDistance",
+                "How far the camera stands, in lengths of space. It changes the perspective and not the size."),
+            field<&S::fovDegrees>("fovDegrees", "The camera's angle of view, from top to bottom.")
+                .measuredIn(Unit::degrees),
+            field<&S::lightIntensity>("lightIntensity", "Strength of the light; 1 is usual.")
+                .measuredIn(Unit::times),
+            field<&S::keyLightDegrees>("keyLightDegrees",
+                "From where the key light shines: x below 0 is from above, y above 0 from the left; z is not used.")
+                .measuredIn(Unit::degrees),
+            field<&S::motionBlur>("motionBlur",
+                "Smear of quick motion: this share of its way in a frame, at most 32 pixels. 0 is sharp.")
+                .measuredIn(Unit::times)
+                .atLeast(0),
+            field<&S::depthTrack>("depthTrack",
+                "Depth over time; 0.5 is the usual distance, more is nearer. Of devices side by side in a document, the nearest is drawn in front.")}};
     return table;
 }
 

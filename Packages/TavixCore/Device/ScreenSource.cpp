@@ -14,11 +14,12 @@ const Fields<VideoClip>& fieldsOf(std::type_identity<VideoClip>) {
     using V = VideoClip;
     static const Fields<V> table{"VideoClip",
         {field<&V::path>("path", "The video file.").as(Role::recording),
-            field<&V::trimStartSec>("trimStartSec", "Where in the file it starts, in seconds.")
+            field<&V::trimStartSec>("trimStartSec", "Where in the file it starts.")
+                .measuredIn(Unit::seconds)
                 .unlessDefault(),
             field<&V::trimStartMark>("trimStartMark", "The mark of the recording at which it starts.")
                 .as(Role::markTrim, "trimStartSec"),
-            field<&V::trimEndSec>("trimEndSec", "Where in the file it ends, in seconds.")}};
+            field<&V::trimEndSec>("trimEndSec", "Where in the file it ends.").measuredIn(Unit::seconds)}};
     return table;
 }
 

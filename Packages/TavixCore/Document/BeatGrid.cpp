@@ -17,8 +17,9 @@ double BeatGrid::nearestBeat(double toSec) const {
 
 const Fields<BeatGrid>& fieldsOf(std::type_identity<BeatGrid>) {
     static const Fields<BeatGrid> table{
-        "BeatGrid", {field<&BeatGrid::bpm>("bpm", "The tempo, in beats per minute."),
-                        field<&BeatGrid::offsetSec>("offsetSec", "When the first beat falls.")}};
+        "BeatGrid", {field<&BeatGrid::bpm>("bpm", "The tempo.").measuredIn(Unit::beatsPerMinute),
+                        field<&BeatGrid::offsetSec>("offsetSec", "When the first beat falls.")
+                            .measuredIn(Unit::seconds)}};
     return table;
 }
 

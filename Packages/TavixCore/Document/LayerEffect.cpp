@@ -5,25 +5,34 @@
 namespace tavix {
 
 const Fields<BlurEffect>& fieldsOf(std::type_identity<BlurEffect>) {
-    static const Fields<BlurEffect> table{"BlurEffect",
-        {field<&BlurEffect::radiusFraction>("radiusFraction", "Standard deviation, of the canvas height.")
-                .legal(0, 0.05)}};
+    static const Fields<BlurEffect> table{
+        "BlurEffect", {field<&BlurEffect::radiusFraction>("radiusFraction", "Standard deviation of the blur.")
+                              .measuredIn(Unit::canvasHeights)
+                              .legal(0, 0.05)}};
     return table;
 }
 
 const Fields<ColorControlsEffect>& fieldsOf(std::type_identity<ColorControlsEffect>) {
     static const Fields<ColorControlsEffect> table{"ColorControlsEffect",
-        {field<&ColorControlsEffect::brightness>("brightness", "Added to every channel.").legal(-0.5, 0.5),
-            field<&ColorControlsEffect::contrast>("contrast", "Spread about the middle grey.").legal(0.25, 4),
-            field<&ColorControlsEffect::saturation>("saturation", "0 is grey, 1 leaves colours alone.")
+        {field<&ColorControlsEffect::brightness>("brightness", "Added to every channel.")
+                .measuredIn(Unit::fraction)
+                .legal(-0.5, 0.5),
+            field<&ColorControlsEffect::contrast>(
+                "contrast", "Spread about the middle grey; 1 changes nothing.")
+                .measuredIn(Unit::times)
+                .legal(0.25, 4),
+            field<&ColorControlsEffect::saturation>("saturation", "0 is grey, 1 changes nothing.")
+                .measuredIn(Unit::times)
                 .legal(0, 3)}};
     return table;
 }
 
 const Fields<TintEffect>& fieldsOf(std::type_identity<TintEffect>) {
-    static const Fields<TintEffect> table{
-        "TintEffect", {field<&TintEffect::color>("color", "The colour it is drawn towards."),
-                          field<&TintEffect::intensity>("intensity", "How far, 0 to 1.").legal(0, 1)}};
+    static const Fields<TintEffect> table{"TintEffect",
+        {field<&TintEffect::color>("color", "The colour it is drawn towards."),
+            field<&TintEffect::intensity>("intensity", "How far it goes: 0 not at all, 1 wholly.")
+                .measuredIn(Unit::fraction)
+                .legal(0, 1)}};
     return table;
 }
 
@@ -36,37 +45,50 @@ const Fields<DuotoneEffect>& fieldsOf(std::type_identity<DuotoneEffect>) {
 
 const Fields<VignetteEffect>& fieldsOf(std::type_identity<VignetteEffect>) {
     static const Fields<VignetteEffect> table{"VignetteEffect",
-        {field<&VignetteEffect::intensity>("intensity", "How dark the edge gets.").legal(0, 2),
-            field<&VignetteEffect::radius>("radius", "How far it reaches in.").legal(0, 3)}};
+        {field<&VignetteEffect::intensity>(
+             "intensity", "How dark the edge gets; 1 is black in the corners at a radius of 1.")
+                .measuredIn(Unit::fraction)
+                .legal(0, 2),
+            field<&VignetteEffect::radius>(
+                "radius", "Where the full darkness lies, in half diagonals from the middle.")
+                .legal(0, 3)}};
     return table;
 }
 
 const Fields<GlowEffect>& fieldsOf(std::type_identity<GlowEffect>) {
-    static const Fields<GlowEffect> table{"GlowEffect",
-        {field<&GlowEffect::intensity>("intensity", "How bright the glow is.").legal(0, 1.5),
-            field<&GlowEffect::radiusFraction>("radiusFraction", "How wide it is, of the canvas height.")
-                .legal(0, 0.03)}};
+    static const Fields<GlowEffect> table{
+        "GlowEffect", {field<&GlowEffect::intensity>("intensity", "How bright the glow is.")
+                              .measuredIn(Unit::fraction)
+                              .legal(0, 1.5),
+                          field<&GlowEffect::radiusFraction>(
+                              "radiusFraction", "How wide the glow is: its standard deviation.")
+                              .measuredIn(Unit::canvasHeights)
+                              .legal(0, 0.03)}};
     return table;
 }
 
 const Fields<NoiseEffect>& fieldsOf(std::type_identity<NoiseEffect>) {
     static const Fields<NoiseEffect> table{"NoiseEffect",
-        {field<&NoiseEffect::amount>("amount", "How strong the grain is.").legal(0, 0.3),
+        {field<&NoiseEffect::amount>("amount", "How strong the grain is.")
+                .measuredIn(Unit::fraction)
+                .legal(0, 0.3),
             field<&NoiseEffect::seed>("seed", "Which grain; the same seed gives the same.").unlessDefault()}};
     return table;
 }
 
 const Fields<PixelateEffect>& fieldsOf(std::type_identity<PixelateEffect>) {
-    static const Fields<PixelateEffect> table{"PixelateEffect",
-        {field<&PixelateEffect::scaleFraction>("scaleFraction", "The side of a square, of the canvas height.")
-                .legal(0.001, 0.1)}};
+    static const Fields<PixelateEffect> table{
+        "PixelateEffect", {field<&PixelateEffect::scaleFraction>("scaleFraction", "The side of a square.")
+                                  .measuredIn(Unit::canvasHeights)
+                                  .legal(0.001, 0.1)}};
     return table;
 }
 
 const Fields<ChromaticAberrationEffect>& fieldsOf(std::type_identity<ChromaticAberrationEffect>) {
     static const Fields<ChromaticAberrationEffect> table{
-        "ChromaticAberrationEffect", {field<&ChromaticAberrationEffect::offsetFraction>(
-                                         "offsetFraction", "How far red and blue part, of the canvas height.")
+        "ChromaticAberrationEffect", {field<&ChromaticAberrationEffect::offsetFraction>("offsetFraction",
+                                         "How far red goes to one side and blue to the other.")
+                                             .measuredIn(Unit::canvasHeights)
                                              .legal(0, 0.01)}};
     return table;
 }

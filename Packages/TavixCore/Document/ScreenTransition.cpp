@@ -26,8 +26,9 @@ void readStyle(const Json& json, void* record, const KeyPath& at) {
 
 const Fields<ScreenTransition>& fieldsOf(std::type_identity<ScreenTransition>) {
     static const Fields<S> table{.name = "ScreenTransition",
-        .rows = {field<&S::atSec>("atSec", "When it starts, in seconds.").readBy(readStart),
-            field<&S::revealSec>("revealSec", "When the new picture has taken over."),
+        .rows = {field<&S::atSec>("atSec", "When it starts.").measuredIn(Unit::seconds).readBy(readStart),
+            field<&S::revealSec>("revealSec", "When the new picture has taken over.")
+                .measuredIn(Unit::seconds),
             field<&S::style>("style", "How the new picture takes over.").readBy(readStyle),
             field<&S::timing>("timing", "How its progress runs."),
             field<&S::params>("params", "Strengths of the warping styles."),

@@ -13,11 +13,17 @@ const Names<ShapeKind>& namesOf(std::type_identity<ShapeKind>) {
 const Fields<ShapeContent>& fieldsOf(std::type_identity<ShapeContent>) {
     static const Fields<ShapeContent> table{"ShapeContent",
         {field<&ShapeContent::shape>("shape", "Its outline."),
-            field<&ShapeContent::fill>("fill", "Its paint."),
-            field<&ShapeContent::widthFraction>("widthFraction", "Its width, of the canvas."),
-            field<&ShapeContent::heightFraction>("heightFraction", "Its height, of the canvas."),
-            field<&ShapeContent::cornerRadiusFraction>("cornerRadiusFraction", "How round its corners are."),
-            field<&ShapeContent::blurRadiusFraction>("blurRadiusFraction", "How soft its edge is.")}};
+            field<&ShapeContent::fill>("fill",
+                "Its paint. A gradient spans the whole canvas, not the shape: the shape is a window on it."),
+            field<&ShapeContent::widthFraction>("widthFraction", "Its width.").measuredIn(Unit::canvasWidths),
+            field<&ShapeContent::heightFraction>("heightFraction", "Its height.")
+                .measuredIn(Unit::canvasHeights),
+            field<&ShapeContent::cornerRadiusFraction>(
+                "cornerRadiusFraction", "How round the corners of a rect are; 0.5 is a half circle.")
+                .measuredIn(Unit::shorterSides),
+            field<&ShapeContent::blurRadiusFraction>(
+                "blurRadiusFraction", "How soft its edge is: the standard deviation of a blur.")
+                .measuredIn(Unit::canvasHeights)}};
     return table;
 }
 

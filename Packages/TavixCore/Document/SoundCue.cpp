@@ -14,10 +14,16 @@ std::optional<SFXCatalog::Sound> SoundCue::resolvedSound() const { return named<
 
 const Fields<SoundCue>& fieldsOf(std::type_identity<SoundCue>) {
     static const Fields<SoundCue> table{"SoundCue",
-        {field<&SoundCue::atSec>("atSec", "When, in seconds of the composition."),
-            field<&SoundCue::atBeat>("atBeat", "When, by a beat of the music.").as(Role::beatMoment, "atSec"),
-            field<&SoundCue::sound>("sound", "whoosh, whip, ding, or a sound file.").as(Role::sound),
-            field<&SoundCue::gain>("gain", "Loudness; 1 is as recorded.").atLeast(0)}};
+        {field<&SoundCue::atSec>("atSec", "When, from the start of the film.").measuredIn(Unit::seconds),
+            field<&SoundCue::atBeat>("atBeat", "When, by a beat of the music; wins over atSec.")
+                .measuredIn(Unit::beats)
+                .as(Role::beatMoment, "atSec"),
+            field<&SoundCue::sound>(
+                "sound", "A sound of the catalog, as `tavix presets sounds` lists them, or a sound file.")
+                .as(Role::sound),
+            field<&SoundCue::gain>("gain", "Loudness; 1 is as recorded.")
+                .measuredIn(Unit::times)
+                .atLeast(0)}};
     return table;
 }
 

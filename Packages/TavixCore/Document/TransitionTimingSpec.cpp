@@ -64,8 +64,9 @@ const Fields<TransitionTimingSpec>& fieldsOf(std::type_identity<TransitionTiming
     using T = TransitionTimingSpec;
     static const Fields<T> table{"TransitionTimingSpec",
         {field<&T::kind>("kind", "How its progress runs.").required(),
-            field<&T::response>("response", "Of a spring: seconds of one swing without damping."),
-            field<&T::damping>("damping", "Of a spring: 1 does not swing."),
+            field<&T::response>("response", "Of a spring: how long one swing would take without damping.")
+                .measuredIn(Unit::seconds),
+            field<&T::damping>("damping", "Of a spring: 1 does not swing.").measuredIn(Unit::fraction),
             olderField<T, Preset, fillIn>(
                 "preset", "A spring by name, for what the two keys above do not say.")
                 .tolerant()}};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixCore/Support/Json.h"
+#include "TavixCore/Support/Type.h"
 
 #include <span>
 #include <string_view>
@@ -10,9 +11,9 @@ namespace tavix {
 
 struct DocumentSchema {
     std::string_view name, meaning;
-    Json (*make)(std::string_view title);
+    TypeGetter type;
 
-    Json schema() const { return make(name); }
+    Json schema() const;
 };
 
 // The whole document first, then its parts.

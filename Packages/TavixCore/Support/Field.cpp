@@ -38,6 +38,9 @@ Field Field::legal(double least, double most) const {
 Field Field::tolerant() const {
     return changed(*this, [](Field& row) { row.isTolerant = true; });
 }
+Field Field::measuredIn(Unit ofNumbers) const {
+    return changed(*this, [&](Field& row) { row.unit = ofNumbers; });
+}
 Field Field::as(Role ofValue, std::string_view partnerKey) const {
     return changed(*this, [&](Field& row) { row.role = ofValue, row.partner = partnerKey; });
 }

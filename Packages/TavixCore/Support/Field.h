@@ -3,6 +3,7 @@
 
 #include "TavixCore/Support/Role.h"
 #include "TavixCore/Support/Type.h"
+#include "TavixCore/Support/Unit.h"
 
 #include <limits>
 #include <optional>
@@ -38,6 +39,7 @@ struct Field {
     bool isTolerant = false;
     Role role = Role::none;
     std::string_view partner = {};   // the key of this record that the role speaks of
+    Unit unit = Unit::none;          // of a number, or of the numbers that the value holds
 
     Field required() const;
     Field unlessDefault() const;
@@ -49,6 +51,7 @@ struct Field {
     Field legal(double least, double most) const;
     // A value that cannot be read counts as missing.
     Field tolerant() const;
+    Field measuredIn(Unit ofNumbers) const;
     Field as(Role ofValue, std::string_view partnerKey = {}) const;
     // The key is read by a function of its own.
     Field readBy(Reader read) const;

@@ -101,7 +101,7 @@ int syncToDisk(const fs::path& path, int flags) {
 
 }   // namespace
 
-SafeOutput::SafeOutput(fs::path target, IfTaken ifTaken)
+SafeOutput::SafeOutput(const fs::path& target, IfTaken ifTaken)
     : target_(throughLinks(target)), folder_(folderOf(target_) / hiddenName(target_)),
       partial_(folder_ / partialName(target_)) {
     // A folder that cannot be made shows when the hidden one is.

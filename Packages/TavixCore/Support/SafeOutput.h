@@ -14,7 +14,7 @@ public:
     // Claims the target until the end, creates its folder when that is missing, and removes what killed
     // programs left there. A symbolic link stays one: the file that it leads to is written, whether it is
     // there yet or not. Throws `Failure` when the target is taken or cannot be written there.
-    explicit SafeOutput(std::filesystem::path target, IfTaken ifTaken = IfTaken::refuse);
+    explicit SafeOutput(const std::filesystem::path& target, IfTaken ifTaken = IfTaken::refuse);
     ~SafeOutput();
     SafeOutput(const SafeOutput&) = delete;
     SafeOutput& operator=(const SafeOutput&) = delete;

@@ -68,6 +68,7 @@ private:
         Json description = describe(row.type());
         JsonObject& said = *description.object();
         if (!row.meaning.empty()) said.set("description", row.meaning);
+        if (row.unit != Unit::none) said.set("unit", symbolOf(row.unit));
         const bool hasDefault = row.reach && !row.isRequired;
         Json byDefault = hasDefault ? writeValue(row.type(), row.in(record.fresh)) : Json();
         if (!byDefault.isNull()) said.set("default", std::move(byDefault));

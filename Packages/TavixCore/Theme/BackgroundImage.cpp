@@ -8,7 +8,8 @@ const Fields<BackgroundImage>& fieldsOf(std::type_identity<BackgroundImage>) {
     static const Fields<BackgroundImage> table{"BackgroundImage",
         {field<&BackgroundImage::path>("path", "A picture file, relative to the asset root.")
                 .as(Role::picture),
-            field<&BackgroundImage::bundledID>("bundledID", "A picture of the background catalog.")}};
+            field<&BackgroundImage::bundledID>(
+                "bundledID", "A picture of the catalog, as `tavix presets backgrounds` lists them.")}};
     return table;
 }
 

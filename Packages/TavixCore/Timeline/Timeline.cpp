@@ -6,10 +6,10 @@ namespace tavix {
 
 const Fields<Timeline::Video>& fieldsOf(std::type_identity<Timeline::Video>) {
     using V = Timeline::Video;
-    static const Fields<V> table{
-        "TimelineVideo", {field<&V::widthPx>("widthPx", "How wide the video is.").required(),
-                             field<&V::heightPx>("heightPx", "How high the video is.").required(),
-                             field<&V::fps>("fps", "Its frames per second.").required()}};
+    static const Fields<V> table{"TimelineVideo",
+        {field<&V::widthPx>("widthPx", "How wide the video is.").measuredIn(Unit::pixels).required(),
+            field<&V::heightPx>("heightPx", "How high the video is.").measuredIn(Unit::pixels).required(),
+            field<&V::fps>("fps", "Its frames per second.").required()}};
     return table;
 }
 
@@ -18,11 +18,15 @@ const Fields<Timeline::Event>& fieldsOf(std::type_identity<Timeline::Event>) {
     static const Fields<E> table{"TimelineEvent",
         {field<&E::index>("index", "The number of the step.").required(),
             field<&E::type>("type", "What was done, as in tap or scroll.").required(),
-            field<&E::tSec>("tSec", "When the step starts, in seconds of the video.").required(),
+            field<&E::tSec>("tSec", "When the step starts, on the clock of the video.")
+                .measuredIn(Unit::seconds)
+                .required(),
             field<&E::regionPx>("regionPx", "Where its target stands, in pixels of the video."),
             field<&E::label>("label", "The name of its target, which marks refer to."),
-            field<&E::actionSec>("actionSec", "When the gesture lands, in seconds of the video."),
-            field<&E::endSec>("endSec", "When its motion ends, in seconds of the video.")}};
+            field<&E::actionSec>("actionSec", "When the gesture lands, on the clock of the video.")
+                .measuredIn(Unit::seconds),
+            field<&E::endSec>("endSec", "When its motion ends, on the clock of the video.")
+                .measuredIn(Unit::seconds)}};
     return table;
 }
 

@@ -15,7 +15,7 @@ const Fields<EmphasisStyle>& fieldsOf(std::type_identity<EmphasisStyle>) {
     using S = EmphasisStyle;
     static const Fields<S> table{"EmphasisStyle",
         {field<&S::textColor>("textColor", "Colour of the words."),
-            field<&S::scale>("scale", "Size of the words; 1 is that of the text."),
+            field<&S::scale>("scale", "Size of the words; 1 is that of the text.").measuredIn(Unit::times),
             field<&S::fontWeight>("fontWeight", "Weight of the words."),
             field<&S::highlightColor>("highlightColor", "Colour of a marker behind the words.")}};
     return table;

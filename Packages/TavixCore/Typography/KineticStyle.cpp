@@ -35,21 +35,29 @@ const Names<IdlePhase::Target>& namesOf(std::type_identity<IdlePhase::Target>) {
 const Fields<KineticPhase>& fieldsOf(std::type_identity<KineticPhase>) {
     using P = KineticPhase;
     static const Fields<P> table{"KineticPhase",
-        {field<&P::durationSec>("durationSec", "Seconds that one element takes.").atLeast(0),
+        {field<&P::durationSec>("durationSec", "How long one piece takes.")
+                .measuredIn(Unit::seconds)
+                .atLeast(0),
             field<&P::curve>("curve", "How progress runs over the phase."),
-            field<&P::opacity>("opacity", "Opacity at the far end, 0 to 1."),
+            field<&P::opacity>("opacity", "How solid it is at the far end.").measuredIn(Unit::fraction),
             field<&P::offset>("offset",
-                "Displacement at the far end, in fractions of the canvas height; x to the right, y down."),
-            field<&P::scale>("scale", "Scale at the far end; 1 is its own size."),
-            field<&P::rotationDeg>(
-                "rotationDeg", "Degrees at the far end; x and y tilt, z turns in the plane."),
-            field<&P::skewXDeg>("skewXDeg", "Horizontal skew at the far end, in degrees."),
-            field<&P::skewYDeg>("skewYDeg", "Vertical skew at the far end, in degrees."),
-            field<&P::trackingEm>("trackingEm", "Extra width at the far end; 1 doubles it."),
+                "Where it is at the far end: x to the right, y downwards, both in shares of the canvas height.")
+                .measuredIn(Unit::canvasHeights),
+            field<&P::scale>("scale", "Size at the far end; 1 is its own.").measuredIn(Unit::times),
+            field<&P::rotationDeg>("rotationDeg",
+                "Turn at the far end: x brings the top forward, y turns it to the right, z turns text counterclockwise and a whole layer clockwise.")
+                .measuredIn(Unit::degrees),
+            field<&P::skewXDeg>("skewXDeg", "Lean to the right at the far end.").measuredIn(Unit::degrees),
+            field<&P::skewYDeg>("skewYDeg", "Skew at the far end that moves the right side.")
+                .measuredIn(Unit::degrees),
+            field<&P::trackingEm>("trackingEm", "How much wider it is at the far end; 1 is twice as wide.")
+                .measuredIn(Unit::times),
             field<&P::blurRadiusFraction>(
-                "blurRadiusFraction", "Blur radius at the far end, as a fraction of the canvas height."),
+                "blurRadiusFraction", "Standard deviation of the blur at the far end.")
+                .measuredIn(Unit::canvasHeights),
             field<&P::clipToBounds>("clipToBounds", "What cuts the element off while it moves."),
-            field<&P::motionBlur>("motionBlur", "Smear along the way, 0 to 1."),
+            field<&P::motionBlur>("motionBlur", "Smear along the way; 1 is that of half a frame.")
+                .measuredIn(Unit::fraction),
             field<&P::color>("color", "Colour at the far end; the element's own when absent.")}};
     return table;
 }
@@ -58,9 +66,10 @@ const Fields<IdlePhase>& fieldsOf(std::type_identity<IdlePhase>) {
     static const Fields<IdlePhase> table{"IdlePhase",
         {field<&IdlePhase::target>("target", "What moves."),
             field<&IdlePhase::amplitude>("amplitude",
-                "How far: fractions of the canvas height, logarithm of the scale, degrees, or opacity.")
+                "How far, by what moves: in shares of the canvas height for `position`, as the logarithm of the factor for `scale`, in degrees for `rotation`, as a share for `opacity`.")
                 .atLeast(0),
             field<&IdlePhase::frequencyHz>("frequencyHz", "How quick, in changes per second.")
+                .measuredIn(Unit::hertz)
                 .clamped(0.01, 30),
             field<&IdlePhase::seed>("seed", "Which random motion it is.")}};
     return table;

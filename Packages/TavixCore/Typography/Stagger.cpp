@@ -16,10 +16,13 @@ double Stagger::startOffsetSec(int rank) const { return delaySec * std::max(rank
 
 const Fields<Stagger>& fieldsOf(std::type_identity<Stagger>) {
     static const Fields<Stagger> table{
-        "Stagger", {field<&Stagger::delaySec>("delaySec", "Seconds between one element's start and the next.")
+        "Stagger", {field<&Stagger::delaySec>("delaySec", "How long after one piece the next one starts.")
+                           .measuredIn(Unit::seconds)
                            .atLeast(0),
                        field<&Stagger::order>("order", "Which element starts first."),
-                       field<&Stagger::overlap>("overlap", "Kept with the style; 0 to 1.").clamped(0, 1),
+                       field<&Stagger::overlap>("overlap", "Kept with the style; it changes nothing.")
+                           .measuredIn(Unit::fraction)
+                           .clamped(0, 1),
                        field<&Stagger::seed>("seed", "Which shuffle the random order is.")}};
     return table;
 }

@@ -38,11 +38,14 @@ std::optional<RGBAColor> RGBAColor::fromHex(std::string_view text) {
 }
 
 const Fields<RGBAColor>& fieldsOf(std::type_identity<RGBAColor>) {
-    static const Fields<RGBAColor> table{
-        "RGBAColor", {field<&RGBAColor::r>("r", "Red, 0 to 1.").required().legal(0, 1),
-                         field<&RGBAColor::g>("g", "Green, 0 to 1.").required().legal(0, 1),
-                         field<&RGBAColor::b>("b", "Blue, 0 to 1.").required().legal(0, 1),
-                         field<&RGBAColor::a>("a", "Opacity, 0 to 1.").required().legal(0, 1)}};
+    static const Fields<RGBAColor> table{"RGBAColor",
+        {field<&RGBAColor::r>("r", "Red, in sRGB.").measuredIn(Unit::fraction).required().legal(0, 1),
+            field<&RGBAColor::g>("g", "Green, in sRGB.").measuredIn(Unit::fraction).required().legal(0, 1),
+            field<&RGBAColor::b>("b", "Blue, in sRGB.").measuredIn(Unit::fraction).required().legal(0, 1),
+            field<&RGBAColor::a>("a", "Opacity; the colour is not multiplied by it.")
+                .measuredIn(Unit::fraction)
+                .required()
+                .legal(0, 1)}};
     return table;
 }
 

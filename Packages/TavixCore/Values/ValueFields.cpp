@@ -9,24 +9,30 @@
 namespace tavix {
 
 const Fields<Shadow>& fieldsOf(std::type_identity<Shadow>) {
-    static const Fields<Shadow> table{
-        "Shadow", {field<&Shadow::radius>("radius", "How soft it is, in output pixels.")
-                          .required()
-                          .as(Role::pixelLength),
-                      field<&Shadow::opacity>("opacity", "How dark it is, 0 to 1.").required(),
-                      field<&Shadow::offsetY>("offsetY", "How far below it falls, in output pixels.")
-                          .required()
-                          .as(Role::pixelLength),
-                      field<&Shadow::color>("color", "Its colour.").required()}};
+    static const Fields<Shadow> table{"Shadow",
+        {field<&Shadow::radius>("radius", "How soft it is: the standard deviation of a blur.")
+                .measuredIn(Unit::pixels)
+                .required()
+                .as(Role::pixelLength),
+            field<&Shadow::opacity>("opacity", "How dark it is.").measuredIn(Unit::fraction).required(),
+            field<&Shadow::offsetY>("offsetY", "How far below it falls.")
+                .measuredIn(Unit::pixels)
+                .required()
+                .as(Role::pixelLength),
+            field<&Shadow::color>("color", "Its colour.").required()}};
     return table;
 }
 
 const Fields<TextShadow>& fieldsOf(std::type_identity<TextShadow>) {
     static const Fields<TextShadow> table{"TextShadow",
         {field<&TextShadow::color>("color", "Its colour."),
-            field<&TextShadow::opacity>("opacity", "How dark it is, 0 to 1."),
-            field<&TextShadow::radiusFraction>("radiusFraction", "How soft it is, of the canvas height."),
-            field<&TextShadow::offset>("offset", "Where it falls, of the canvas height; y down.")}};
+            field<&TextShadow::opacity>("opacity", "How dark it is.").measuredIn(Unit::fraction),
+            field<&TextShadow::radiusFraction>(
+                "radiusFraction", "How soft it is: the standard deviation of a blur.")
+                .measuredIn(Unit::canvasHeights),
+            field<&TextShadow::offset>(
+                "offset", "Where it falls: x to the right, y downwards, both in shares of the canvas height.")
+                .measuredIn(Unit::canvasHeights)}};
     return table;
 }
 

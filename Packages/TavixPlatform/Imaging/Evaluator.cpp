@@ -43,7 +43,7 @@ Image Evaluator::baked(const Image& image, const PixelRegion& bounds) {
         bitmap = std::make_shared<Bitmap>(cutOut(*bitmap, ink));   // the rest would only take memory
         kept = ink;
     }
-    return Image(makeBitmap(std::move(bitmap), region.x0 + kept.x0, region.y1 - kept.y1, image.extent()));
+    return Image(makeBitmap(bitmap, region.x0 + kept.x0, region.y1 - kept.y1, image.extent()));
 }
 
 Image Evaluator::drawnForFrame(const Image& image, const PixelRegion& bounds) {

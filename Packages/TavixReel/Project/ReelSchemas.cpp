@@ -11,9 +11,9 @@ namespace tavix {
 
 std::span<const DocumentSchema> reelSchemas() {
     static constexpr std::array<DocumentSchema, 3> schemas{{
-        {"effects", "A whole effects.json: a reel.", schemaOf<EffectsSpec>},
-        {"flow", "The script of a recording.", schemaOf<FlowSpec>},
-        {"timeline", "The sidecar of a recording.", schemaOf<Timeline>},
+        {"effects", "A whole effects.json: a reel.", typeOf<EffectsSpec>},
+        {"flow", "The script of a recording.", typeOf<FlowSpec>},
+        {"timeline", "The sidecar of a recording.", typeOf<Timeline>},
     }};
     return schemas;
 }

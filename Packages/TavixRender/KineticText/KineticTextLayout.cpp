@@ -194,12 +194,12 @@ private:
     }
 
     void add(std::vector<Element>& elements, std::vector<Fragment> fragments,
-        std::optional<EmphasisStyle> emphasis) const {
+        const std::optional<EmphasisStyle>& emphasis) const {
         if (fragments.empty()) return;
         Element element;
         element.logicalIndex = elements.size();
         element.restFill = emphasis ? emphasis->textColor.value_or(style_.textColor) : style_.textColor;
-        element.emphasis = std::move(emphasis);
+        element.emphasis = emphasis;
         imaging::Rect rect = fragments.front().rect();
         for (const Fragment& fragment : fragments) rect = enclosing(rect, fragment.rect());
         element.restRect = rect;

@@ -3,6 +3,7 @@
 
 #include "TavixPlatform/Imaging/Image.h"
 
+#include <cmath>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -35,8 +36,8 @@ struct TextStyle {
 
 struct Screen {
     double widthPt, heightPt, pxPerPt;
-    int widthPx() const { return int(widthPt * pxPerPt + 0.5); }
-    int heightPx() const { return int(heightPt * pxPerPt + 0.5); }
+    int widthPx() const { return int(std::lround(widthPt * pxPerPt)); }
+    int heightPx() const { return int(std::lround(heightPt * pxPerPt)); }
 };
 
 class Canvas {

@@ -248,9 +248,9 @@ const NodeRef& emptyNode() {
 
 NodeRef makeSolid(const Color& color) { return makeNode<SolidNode>(color); }
 
-NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent) {
+NodeRef makeBitmap(const BitmapRef& bitmap, int x0, int y0, const Rect& extent) {
     if (!bitmap || bitmap->isEmpty()) return emptyNode();
-    return makeNode<BitmapNode>(std::move(bitmap), x0, y0, extent);
+    return makeNode<BitmapNode>(bitmap, x0, y0, extent);
 }
 
 NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1) {
