@@ -2,6 +2,7 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/FindingForms.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
@@ -108,21 +109,22 @@ std::string placed(const DocumentError& error) {
     return error.file() + ": " + (namesPath ? "" : error.path() + ": ") + error.message();
 }
 
-int end(Terminal& terminal, int status, const std::string& sentence, JsonObject details) {
+int end(Terminal& terminal, int status, const std::string& sentence, const Finding& error) {
     terminal.complain(sentence);
     if (terminal.mode() != Terminal::Mode::json || SystemWatch::hasRefused()) return status;
-    details.set("status", status);
+    JsonObject told = jsonOf(error);
+    told.set("status", status);
     try {
-        terminal.result(JsonObject{{"error", std::move(details)}});
+        terminal.report({{"error", std::move(told)}});
     } catch (const Failure& failure) {
         terminal.complain(failure.message());
     }
     return status;
 }
 
-int endWith(Terminal& terminal, int status, const std::exception& error) {
-    const std::string sentence = sentenceOf(error);
-    return end(terminal, status, sentence, {{"message", sentence}});
+int endWith(Terminal& terminal, int status, std::string_view code, const std::exception& error) {
+    Finding told{Finding::Level::error, {}, sentenceOf(error), {}, code, {}};
+    return end(terminal, status, told.message, told);
 }
 
 }   // namespace
@@ -136,13 +138,13 @@ int runCommand(std::span<const std::string> words) {
         return ExitStatus::documentHasErrors;
     } catch (const DocumentError& error) {
         return end(terminal, ExitStatus::documentHasErrors, placed(error),
-            {{"file", error.file()}, {"path", error.path()}, {"message", error.message()}});
+            {Finding::Level::error, error.path(), error.message(), {}, error.code(), error.file()});
     } catch (const UsageError& error) {
-        return endWith(terminal, ExitStatus::wrongUse, error);
+        return endWith(terminal, ExitStatus::wrongUse, "wrong-use", error);
     } catch (const Interrupted& error) {
-        return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), error);
+        return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), "interrupted", error);
     } catch (const std::exception& error) {
-        return endWith(terminal, ExitStatus::inputOrOutputFailed, error);
+        return endWith(terminal, ExitStatus::inputOrOutputFailed, "failed", error);
     }
 }
 

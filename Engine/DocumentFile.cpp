@@ -38,11 +38,14 @@ fs::path assetRootOf(const CompositionSpec& spec, const fs::path& file) {
     return spec.assetRoot ? folder / *spec.assetRoot : folder;   // an absolute one stands alone
 }
 
+constexpr std::string_view notRenderable = "not-renderable";
+
 void requireSide(const DocumentFile& document, const char* path, std::int64_t sidePx) {
     if (sidePx >= minSidePx && sidePx <= maxSidePx) return;
     throw DocumentError(document.shownPath, path,
         std::to_string(sidePx) + " pixels cannot be rendered; use " + std::to_string(minSidePx) + " to " +
-            std::to_string(maxSidePx) + " pixels.");
+            std::to_string(maxSidePx) + " pixels.",
+        notRenderable);
 }
 
 void requireFps(const DocumentFile& document) {
@@ -50,7 +53,8 @@ void requireFps(const DocumentFile& document) {
     if (!(fps < minFps) && !(FrameRate(maxFps) < fps)) return;
     throw DocumentError(document.shownPath, "output.fps",
         fps.shown() + " frames a second cannot be rendered; use " + std::to_string(minFps) + " to " +
-            std::to_string(maxFps) + " frames a second.");
+            std::to_string(maxFps) + " frames a second.",
+        notRenderable);
 }
 
 DocumentFile readDocument(const std::string& given) {
@@ -86,10 +90,11 @@ void requireRenderable(const DocumentFile& document) {
     if (!(CompositionTimeline(document.spec).totalSec <= maxHours * 3600))
         throw DocumentError(document.shownPath, "scenes",
             "The film would be longer than " + std::to_string(int(maxHours)) +
-                " hours, which is the most; shorten its scenes.");
+                " hours, which is the most; shorten its scenes.",
+            notRenderable);
     if (CompositionRenderer::frameCount(document.spec) < 1)
         throw DocumentError(document.shownPath, "scenes",
-            "The film would have no frames; add a scene and give it a durationSec.");
+            "The film would have no frames; add a scene and give it a durationSec.", notRenderable);
 }
 
 }   // namespace tavix::engine

@@ -23,7 +23,8 @@ struct Place {
         if (count > most)
             throw DocumentError(document.shownPath, path + key,
                 std::to_string(count) + " " + what + " are too many for one layer; use at most " +
-                    std::to_string(most) + ", or several layers.");
+                    std::to_string(most) + ", or several layers.",
+                "too-many");
     }
 };
 

@@ -6,6 +6,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace tavix::engine {
@@ -24,14 +25,18 @@ public:
 // The document was read, but cannot be used as it stands.
 class DocumentError : public Failure {
 public:
-    DocumentError(std::string file, std::string path, const std::string& message)
-        : Failure(message), file_(std::move(file)), path_(std::move(path)) {}
+    // The code is that of the rule of lint that tells it.
+    DocumentError(
+        std::string file, std::string path, const std::string& message, std::string_view code = "unreadable")
+        : Failure(message), file_(std::move(file)), path_(std::move(path)), code_(code) {}
 
     const std::string& file() const { return file_; }
     const std::string& path() const { return path_; }   // within the document; empty for the whole
+    std::string_view code() const { return code_; }
 
 private:
     std::string file_, path_;
+    std::string_view code_;   // of a table or a literal
 };
 
 // The document has errors, and all of them have been told.

@@ -2,6 +2,7 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
+#include "Engine/FindingForms.h"
 #include "Engine/FrameFindings.h"
 #include "Engine/Printable.h"
 #include "Engine/Terminal.h"
@@ -25,8 +26,6 @@ namespace {
 using CompositionLint::Finding;
 using CompositionLint::Level;
 
-const char* wordOf(Level level) { return level == Level::error ? "error" : "warning"; }
-
 bool isError(const Finding& finding) { return finding.level == Level::error; }
 
 std::string toldIn(const Finding& finding) {
@@ -46,6 +45,12 @@ std::vector<CompositionLint::MutedCode> mutedBy(const CompositionSpec& spec, con
             muted.push_back({spec.lint->mute[i], "lint.mute[" + std::to_string(i) + "]"});
     for (const std::string& code : checks.mute) muted.push_back({code, {}});
     return muted;
+}
+
+// As one list, since for machines a list is all that lint gives.
+Json withWarnings(Findings findings, const Terminal& terminal) {
+    findings.insert(findings.end(), terminal.warnings().begin(), terminal.warnings().end());
+    return jsonOf(findings);
 }
 
 // What only the written document tells: reading it has passed over it.
@@ -76,7 +81,7 @@ Findings judged(DocumentFile& document, const Checks& checks, Terminal& terminal
     if (!checks.frames) return all;
     document.spec = arrival.spec;
     if (hasErrors(all))
-        terminal.warn("The frames are not looked at, because the document has errors.");
+        terminal.warn("frames-not-seen", "The frames are not looked at, because the document has errors.");
     else
         append(all, CompositionLint::atAuthoredPaths(frameFindings(document, terminal), arrival.spec));
     return all;
@@ -92,17 +97,6 @@ std::string linesOf(std::span<const Finding> findings) {
     return lines;
 }
 
-Json jsonOf(std::span<const Finding> findings) {
-    JsonArray all;
-    for (const Finding& finding : findings) {
-        JsonObject one{{"level", wordOf(finding.level)}, {"code", finding.code}, {"path", finding.path},
-            {"message", finding.message}};
-        if (finding.suggestion) one.set("suggestion", *finding.suggestion);
-        all.emplace_back(std::move(one));
-    }
-    return all;
-}
-
 CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal) {
     try {
         DocumentFile document = openDocument(given);
@@ -116,17 +110,17 @@ CompositionLint::Told findingsOf(const std::string& given, const Checks& checks,
 }
 
 void report(const CompositionLint::Told& told, Terminal& terminal) {
+    if (const std::string note = told.mutedNote(); !note.empty()) terminal.warn("muted", note);
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(jsonOf(told.findings));
+        terminal.result(withWarnings(told.findings, terminal));
     else
         terminal.result(linesOf(told.findings));
-    if (const std::string note = told.mutedNote(); !note.empty()) terminal.warn(note);
     if (hasErrors(told.findings)) throw ErrorsTold();
 }
 
 void tellFindings(std::span<const Finding> findings, Terminal& terminal) {
     for (const Finding& finding : findings)
-        isError(finding) ? terminal.complain(toldIn(finding)) : terminal.warn(toldIn(finding));
+        isError(finding) ? terminal.complain(toldIn(finding)) : terminal.warn(finding, toldIn(finding));
 }
 
 void requirePassing(DocumentFile& document) {
@@ -141,7 +135,8 @@ void requirePassing(DocumentFile& document) {
         const auto more = std::ranges::count_if(all, isError) - 1;
         throw DocumentError(document.shownPath, first->path,
             first->message + (first->suggestion ? " " + *first->suggestion : "") +
-                (more ? " There are " + std::to_string(more) + " more; see tavix lint." : ""));
+                (more ? " There are " + std::to_string(more) + " more; see tavix lint." : ""),
+            first->code);
     }
     document.spec = std::move(arrival.spec);
 }

@@ -3,7 +3,6 @@
 
 #include "TavixCore/Findings/CompositionFinding.h"
 #include "TavixCore/Judge/Muting.h"
-#include "TavixCore/Support/Json.h"
 
 #include <span>
 #include <string>
@@ -17,7 +16,6 @@ struct DocumentFile;
 // As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion and the code of the rule on
 // a line of their own.
 std::string linesOf(std::span<const CompositionLint::Finding> findings);
-Json jsonOf(std::span<const CompositionLint::Finding> findings);
 
 // What a document is judged by, beside whether it can be read and its times make sense.
 struct Checks {

@@ -1,5 +1,7 @@
 #include "Engine/LintCodes.h"
 
+#include "Engine/FindingForms.h"
+
 #include "TavixCore/Findings/LintRule.h"
 
 #include <algorithm>
@@ -10,8 +12,6 @@ namespace {
 
 using CompositionLint::Level;
 using CompositionLint::RuleEntry;
-
-const char* wordOf(Level level) { return level == Level::error ? "error" : "warning"; }
 
 constexpr const char* pageHead = R"(<!-- Written by `tavix lint --codes --markdown`. -->
 # What lint tells

@@ -86,7 +86,8 @@ void requirePackable(const DocumentFile& document, OutsideFiles outside, Termina
         throw Failure("Outside of the document's folder and not packed: " + listed(strangers) +
                       ". If they are meant, say --allow-outside.");
     for (const std::string& stranger : strangers)
-        terminal.warn("\"" + stranger + "\", from outside of the document's folder, is packed.");
+        terminal.warn("packed-from-outside",
+            "\"" + stranger + "\", from outside of the document's folder, is packed.", stranger);
     for (const AssetFile& asset : assets) requireDecodable(asset);
 }
 

@@ -1,9 +1,11 @@
 #include "Engine/Terminal.h"
 
+#include "Engine/FindingForms.h"
 #include "Engine/Printable.h"
 #include "Engine/SystemWatch.h"
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
+#include "TavixRender/Assets/RenderLog.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,6 +13,7 @@
 #include <cstdlib>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace tavix::engine {
 
@@ -45,6 +48,17 @@ void Terminal::result(const std::string& text) {
 
 void Terminal::result(const Json& json) { result(writeJson(json) + "\n"); }
 
+void Terminal::report(JsonObject json) {
+    json.set("warnings", jsonOf(std::span<const Finding>(warnings_)));
+    if (!notes_.empty()) json.set("notes", jsonOf(std::span<const Finding>(notes_)));
+    result(Json(std::move(json)));
+}
+
+void Terminal::reportRecord(const Json& record) {
+    if (const JsonObject* object = record.object(); object && !warnings_.empty()) return report(*object);
+    result(record);
+}
+
 void Terminal::tell(const std::string& line) {
     if (mode_ != Mode::people) return;
     clearBar();
@@ -52,7 +66,33 @@ void Terminal::tell(const std::string& line) {
     if (!writeOut(printableLine(line) + "\n")) std::clearerr(stdout);
 }
 
-void Terminal::warn(const std::string& sentence) { message(yellow, "tavix: warning: ", sentence); }
+void Terminal::tell(const Finding& finding) {
+    if (finding.code == RenderCode::written)
+        return;   // of the unfinished file; the verb tells of the finished one
+    if (finding.level == Finding::Level::note) notes_.push_back(finding);
+    if (finding.level != Finding::Level::warning) return tell(markedLine(finding));
+    if (mode_ != Mode::people) return warn(finding);
+    warnings_.push_back(finding);
+    tell(markedLine(finding));
+}
+
+std::function<void(const Finding&)> Terminal::log() {
+    return [this](const Finding& finding) { tell(finding); };
+}
+
+void Terminal::warn(Finding finding) {
+    const std::string shown = finding.message;
+    warn(std::move(finding), shown);
+}
+
+void Terminal::warn(Finding finding, const std::string& shown) {
+    message(yellow, "tavix: warning: ", shown);
+    warnings_.push_back(std::move(finding));
+}
+
+void Terminal::warn(std::string_view code, std::string sentence, std::string file) {
+    warn(Finding::warning(code, std::move(sentence), std::move(file)));
+}
 
 void Terminal::complain(const std::string& sentence) { message(red, "tavix: ", sentence); }
 

@@ -23,8 +23,11 @@ template <class T> T readDocument(const fs::path& file, Terminal& terminal) {
     try {
         const Json json = parseJson(readBytes(file, JsonLimits{}.maxBytes));
         T document = decodeValue<T>(json);
-        for (const auto& finding : CompositionLint::passedOver(json, typeOf<T>()))
-            terminal.warn(file.string() + ": " + finding.path + ": " + finding.message);
+        for (Finding& finding : CompositionLint::passedOver(json, typeOf<T>())) {
+            const std::string shown = file.string() + ": " + finding.path + ": " + finding.message;
+            finding.file = file.string();
+            terminal.warn(std::move(finding), shown);
+        }
         return document;
     } catch (const DecodingError& error) {
         throw DocumentError(file.string(), error.path(), error.message());
@@ -45,9 +48,9 @@ Timeline aligned(const Timeline& sidecar, const VideoProbe& probe, Terminal& ter
         terminal.tell(
             "Found " + std::to_string(result.matched) + " of " + expected + " marks in the picture.");
     else if (result.expected > 0 && !probe.markBlipSeconds.empty())
-        terminal.warn(
+        terminal.warn("marks-unlike",
             "The marks in the picture do not fit the sidecar, so its own times are used: it speaks of " +
-            expected + ", and " + std::to_string(probe.markBlipSeconds.size()) + " were seen.");
+                expected + ", and " + std::to_string(probe.markBlipSeconds.size()) + " were seen.");
     return std::move(result.timeline);
 }
 
@@ -66,9 +69,9 @@ void warnOfOtherSize(const Timeline::Video& told, const VideoProbe& probe, Termi
         return std::to_string(width) + " × " + std::to_string(height);
     };
     if (told.widthPx == probe.widthPx && told.heightPx == probe.heightPx) return;
-    terminal.warn("The sidecar speaks of a video of " + size(told.widthPx, told.heightPx) +
-                  " pixels, but this one has " + size(probe.widthPx, probe.heightPx) +
-                  "; the camera goes by the sidecar.");
+    terminal.warn("size-unlike", "The sidecar speaks of a video of " + size(told.widthPx, told.heightPx) +
+                                     " pixels, but this one has " + size(probe.widthPx, probe.heightPx) +
+                                     "; the camera goes by the sidecar.");
 }
 
 }   // namespace
@@ -104,10 +107,11 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
 VideoProbe probeRecording(const fs::path& video, Terminal& terminal) {
     const VideoProbe probe = SyncFrameDetector::probe(video);
     if (probe.isDamaged)
-        terminal.warn(
+        terminal.warn("recording-damaged",
             "\"" + video.string() +
-            "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
-            "and marks there are not found.");
+                "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
+                "and marks there are not found.",
+            video.string());
     return probe;
 }
 

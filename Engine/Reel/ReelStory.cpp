@@ -122,7 +122,7 @@ std::string linesOf(const ReelStory& story) {
     return lines;
 }
 
-Json jsonOf(const ReelStory& story) {
+JsonObject jsonOf(const ReelStory& story) {
     JsonArray steps, camera, cuts, paces, transitions, captions, cards;
     for (const auto& step : story.steps) {
         JsonObject one{{"atSec", step.atSec}, {"index", step.event.index}, {"type", step.event.type}};

@@ -59,6 +59,6 @@ struct ReelStory {
 ReelStory storyOf(const EffectsSpec& spec, const Timeline& timeline, double preCutDurationSec);
 
 std::string linesOf(const ReelStory& story);
-Json jsonOf(const ReelStory& story);
+JsonObject jsonOf(const ReelStory& story);
 
 }   // namespace tavix::engine

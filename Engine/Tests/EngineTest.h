@@ -44,6 +44,10 @@ protected:
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         return parseJson(outcome.out);
     }
+    // Of a finding that a verb gives.
+    static std::string messageOf(const Json& finding) {
+        return finding.find("message")->stringValue().value();
+    }
     // The names of everything in the folder, hidden files too.
     std::vector<std::string> names() const {
         std::vector<std::string> found;

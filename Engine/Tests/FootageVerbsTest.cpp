@@ -85,7 +85,7 @@ TEST_F(FootageVerbs, TellOfFilmsThatAreDamagedOrCutShort) {
             ASSERT_EQ(warnings.size(), c.isTold ? 1u : 0u) << c.bytes.size() << writeJson(warnings);
             if (!c.isTold) continue;
             EXPECT_THAT(
-                *warnings.front().text(), HasSubstr("film" + extension + " is damaged or cut short; "));
+                messageOf(warnings.front()), HasSubstr("film" + extension + " is damaged or cut short; "));
         }
     }
 }
@@ -133,7 +133,7 @@ TEST_F(FootageVerbs, RendersNameAClipThatCannotBeDrawn) {
     EXPECT_EQ(outcome.status, 0);
     const JsonArray warnings = *parseJson(outcome.out).find("warnings")->array();
     ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_THAT(*warnings.front().text(), HasSubstr("letter.mov"));
+    EXPECT_THAT(messageOf(warnings.front()), HasSubstr("letter.mov"));
 }
 
 }   // namespace

@@ -142,7 +142,7 @@ TEST_F(EngineTest, WarnsOfAnAssetThatIsMissing) {
     EXPECT_EQ(outcome.status, 0);
     const JsonArray warnings = *parseJson(outcome.out).find("warnings")->array();
     ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_THAT(*warnings.front().text(), HasSubstr("lost.png"));
+    EXPECT_THAT(messageOf(warnings.front()), HasSubstr("lost.png"));
     EXPECT_THAT(outcome.err, HasSubstr("tavix: warning: "));
 }
 

@@ -75,9 +75,9 @@ void BeatsVerb::run(Terminal& terminal) {
     const fs::path music = music_;
     const BeatAnalysis heard = MusicAnalyzer::analyze(music);
     const bool hasBeat = heard.bpm > 0;
-    if (!hasBeat) terminal.warn(noBeatIn(music, heard));
+    if (!hasBeat) terminal.warn("no-beat", noBeatIn(music, heard), music.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(Codec<BeatAnalysis>::write(heard));
+        terminal.reportRecord(Codec<BeatAnalysis>::write(heard));
     else if (hasBeat)
         terminal.result(tempoLine(heard) + beatsLine(heard) + partsLine(heard) +
                         "In a document: " + musicBed(music, heard) + "\n");

@@ -48,8 +48,8 @@ void BrandVerb::run(Terminal& terminal) {
     if (terminal.mode() == Terminal::Mode::json) {
         JsonArray notes;
         for (const std::string& note : report.notes) notes.emplace_back(note);
-        return terminal.result(
-            JsonObject{{"brand", Codec<BrandKit>::write(report.brand)}, {"notes", std::move(notes)}});
+        return terminal.report(
+            {{"brand", Codec<BrandKit>::write(report.brand)}, {"notes", std::move(notes)}});
     }
     terminal.result(linesOf(report.brand));
     for (const std::string& note : report.notes) terminal.tell("  " + note);

@@ -113,7 +113,7 @@ void NewVerb::run(Terminal& terminal) {
     terminal.tell("✓ Wrote " + document.string());
     terminal.tell("  Next: tavix " + std::string(template_ ? "sheet " : "render ") + bundle_);
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"bundle", bundle.string()}, {"document", document.string()}});
+        terminal.report({{"bundle", bundle.string()}, {"document", document.string()}});
 }
 
 }   // namespace tavix::engine

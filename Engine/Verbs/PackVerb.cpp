@@ -96,8 +96,8 @@ void PackVerb::run(Terminal& terminal) {
     UnfinishedFolders::forget(slot);
     terminal.tell("✓ Wrote " + bundle.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{
-            {"bundle", bundle.string()}, {"document", CompositionProjectBundle::specFile(bundle).string()}});
+        terminal.report(
+            {{"bundle", bundle.string()}, {"document", CompositionProjectBundle::specFile(bundle).string()}});
 }
 
 }   // namespace tavix::engine

@@ -4,7 +4,6 @@
 #include "Engine/Interruption.h"
 #include "Engine/OutputChoice.h"
 #include "Engine/OutputPath.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/PresetScenes.h"
@@ -29,10 +28,10 @@ bool isStill(const CompositionSpec& spec) {
            });
 }
 
-void drawStrip(const PresetScene& scene, const std::filesystem::path& file, RenderNotes& notes,
+void drawStrip(const PresetScene& scene, const std::filesystem::path& file, Terminal& terminal,
     const Interruption& interruption) {
     imaging::Evaluator evaluator;
-    ResolvedComposition resolved(scene.spec, scene.assetRoot, evaluator, notes.log());
+    ResolvedComposition resolved(scene.spec, scene.assetRoot, evaluator, terminal.log());
     const imaging::Size size = canvasSize(scene.spec);
     if (isStill(scene.spec)) {
         media::writePng(
@@ -53,7 +52,7 @@ void drawStrip(const PresetScene& scene, const std::filesystem::path& file, Rend
 }
 
 void writeFilm(const PresetScene& scene, const OutputChoice& choice, const std::filesystem::path& file,
-    RenderNotes& notes, Terminal& terminal, const Interruption& interruption) {
+    Terminal& terminal, const Interruption& interruption) {
     const imaging::Size size =
         ReelExporter::targetDimensions(canvasSize(scene.spec), ResolutionPreset::native, choice.format);
     CompositionRenderer::Config config;
@@ -65,7 +64,7 @@ void writeFilm(const PresetScene& scene, const OutputChoice& choice, const std::
     config.videoCodec = choice.codec;
     config.container = choice.container;
     CompositionExport::write(
-        config, notes.log(), [&](double fraction) { terminal.progress(fraction); }, interruption.token());
+        config, terminal.log(), [&](double fraction) { terminal.progress(fraction); }, interruption.token());
 }
 
 }   // namespace
@@ -77,17 +76,15 @@ void writePreview(const PresetScene& scene, const std::string& output, Terminal&
     request.output = output;
     const OutputChoice choice =
         isPicture ? OutputChoice{outputPath(output, "preview", ".png")} : chooseOutput(request, "preview");
-    RenderNotes notes(terminal);
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         if (isPicture)
-            drawStrip(scene, unfinished, notes, interruption);
+            drawStrip(scene, unfinished, terminal, interruption);
         else
-            writeFilm(scene, choice, unfinished, notes, terminal, interruption);
+            writeFilm(scene, choice, unfinished, terminal, interruption);
     });
     terminal.tell("✓ Wrote " + choice.target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"output", choice.target.string()}, {"sizeBytes", fileSize(choice.target)},
-            {"warnings", notes.warnings()}});
+        terminal.report({{"output", choice.target.string()}, {"sizeBytes", fileSize(choice.target)}});
 }
 
 }   // namespace tavix::engine

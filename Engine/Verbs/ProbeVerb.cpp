@@ -53,7 +53,7 @@ Json jsonOf(const media::VideoTrackInfo& track) {
     return json;
 }
 
-Json jsonOf(const media::MediaInfo& info) {
+JsonObject jsonOf(const media::MediaInfo& info) {
     JsonArray video, audio;
     for (const auto& track : info.video) video.push_back(jsonOf(track));
     for (const auto& track : info.audio)
@@ -73,7 +73,7 @@ void ProbeVerb::declare(Arguments& arguments, Terminal& terminal) {
 void ProbeVerb::run(Terminal& terminal) {
     const media::MediaInfo info = media::probeMedia(media_);
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(jsonOf(info));
+        terminal.report(jsonOf(info));
     else
         terminal.result(linesOf(info));
 }

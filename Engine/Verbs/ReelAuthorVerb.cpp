@@ -79,7 +79,8 @@ std::optional<FlowSpec> ReelAuthorVerb::flow(const ReelRecording& recording, Ter
     const fs::path file = flow_ ? fs::path(*flow_) : recording.parts.flow;
     FlowSpec read = readFlow(file, terminal);
     for (const auto& finding : FlowSpecLint::lint(read))
-        terminal.warn(file.string() + ": " + finding.message);
+        terminal.warn(
+            Finding::warning("flow", finding.message, file.string()), file.string() + ": " + finding.message);
     return read;
 }
 
@@ -166,7 +167,7 @@ void ReelAuthorVerb::run(Terminal& terminal) {
     const fs::path file = newDocument(output_, recording.parts.effects, replaces_);
     const std::optional<FlowSpec> driven = flow(recording, terminal);
     if (!recording.hasSidecar)
-        terminal.warn(
+        terminal.warn("no-sidecar",
             "There is no sidecar \"" + recording.parts.timeline.string() + "\", so the camera stands still.");
     Words words;
     const EffectsSpec spec = author(recording, driven ? &*driven : nullptr, file, words);
@@ -178,7 +179,7 @@ void ReelAuthorVerb::run(Terminal& terminal) {
                   ", " + counted(captions, "caption") + ", " + counted(spec.titleCards.size(), "card") +
                   ", " + counted(spec.cuts.size() + spec.retimeTrack.size(), "shortened gap"));
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"output", file.string()}, {"cameraKeyframes", spec.cameraTrack.size()},
+        terminal.report({{"output", file.string()}, {"cameraKeyframes", spec.cameraTrack.size()},
             {"captions", captions}, {"cards", spec.titleCards.size()}, {"cuts", spec.cuts.size()},
             {"retimes", spec.retimeTrack.size()}, {"transitions", spec.transitions().size()},
             {"notes", jsonOf(words.notes)}, {"errors", jsonOf(words.errors)}});

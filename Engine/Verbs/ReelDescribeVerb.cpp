@@ -38,8 +38,8 @@ void ReelDescribeVerb::run(Terminal& terminal) {
     std::error_code ignored;
     const bool hasDocument = effects_ || fs::is_regular_file(effects, ignored);
     if (!hasDocument)
-        terminal.warn("There is no \"" + effects.string() +
-                      "\" yet; this is what reel author would make of the steps alone.");
+        terminal.warn("no-effects", "There is no \"" + effects.string() +
+                                        "\" yet; this is what reel author would make of the steps alone.");
     const EffectsSpec spec = hasDocument ? readEffects(effects, terminal)
                                          : EffectsAuthor::author(recording.timeline, {},
                                                MotionSpec::smoothGlide, ReelFormat::deviceNative);
@@ -48,7 +48,7 @@ void ReelDescribeVerb::run(Terminal& terminal) {
         writeFinished(*plot, interruption,
             [&](const fs::path& unfinished) { media::writePng(unfinished, plotOf(story).view()); });
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(jsonOf(story));
+        terminal.report(jsonOf(story));
     else
         terminal.result(linesOf(story));
     if (plot) terminal.tell("✓ Wrote " + plot->string());

@@ -28,7 +28,7 @@ void ReelLintVerb::run(Terminal& terminal) {
             all.emplace_back(JsonObject{{"level", nameOf(finding.level)}, {"message", finding.message}});
         JsonObject result{{"findings", std::move(all)}};
         if (summary) result.set("summary", *summary);
-        terminal.result(std::move(result));
+        terminal.report(std::move(result));
     } else {
         std::string lines;
         for (const Finding& finding : findings)

@@ -44,7 +44,7 @@ void ReelProbeVerb::declare(Arguments& arguments, Terminal& terminal) {
 void ReelProbeVerb::run(Terminal& terminal) {
     const VideoProbe probe = probeRecording(ReelProjectBundle::parts(video_).rawVideo, terminal);
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(Codec<VideoProbe>::write(probe));
+        terminal.reportRecord(Codec<VideoProbe>::write(probe));
     else
         terminal.result(linesOf(probe));
 }

@@ -40,19 +40,20 @@ void ReelSidecarVerb::run(Terminal& terminal) {
     writeFile(made->aligned.timeline, file);
     const std::size_t events = made->aligned.timeline.events.size();
     if (!probe.endFlashStartSeconds)
-        terminal.warn(
+        terminal.warn("no-end-flash",
             "There is no flash at the end, so the app's clock is taken to run as the video's does.");
     if (made->aligned.matched < made->aligned.expected)
-        terminal.warn("Only " + std::to_string(made->aligned.matched) + " of " +
-                      std::to_string(made->aligned.expected) +
-                      " marks were found in the picture; the other times are those of the report.");
+        terminal.warn("marks-missing",
+            "Only " + std::to_string(made->aligned.matched) + " of " +
+                std::to_string(made->aligned.expected) +
+                " marks were found in the picture; the other times are those of the report.");
     terminal.tell("✓ Wrote " + file.string() + ": " + std::to_string(events) +
                   (events == 1 ? " step, " : " steps, ") + std::to_string(made->aligned.matched) + " of " +
                   std::to_string(made->aligned.expected) + " marks found, clock rate " +
                   decimals(made->rate, 4));
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"output", file.string()}, {"events", events},
-            {"matched", made->aligned.matched}, {"expected", made->aligned.expected}, {"rate", made->rate}});
+        terminal.report({{"output", file.string()}, {"events", events}, {"matched", made->aligned.matched},
+            {"expected", made->aligned.expected}, {"rate", made->rate}});
 }
 
 }   // namespace tavix::engine

@@ -6,7 +6,6 @@
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Codec.h"
@@ -36,14 +35,12 @@ FrameRate rateNamed(const std::string& text) {
     return *rate;
 }
 
-Json resultOf(const CompositionRenderer::Config& config, const std::filesystem::path& target,
-    const RenderNotes& notes) {
+JsonObject resultOf(const CompositionRenderer::Config& config, const std::filesystem::path& target) {
     const CompositionOutput& output = config.spec.output;
     const std::int64_t frames = CompositionRenderer::frameCount(config.spec);
     return JsonObject{{"output", target.string()}, {"frames", frames}, {"seconds", output.fps.secAt(frames)},
         {"widthPx", output.widthPx}, {"heightPx", output.heightPx},
-        {"fps", Codec<FrameRate>::write(output.fps)}, {"sizeBytes", fileSize(target)},
-        {"warnings", notes.warnings()}};
+        {"fps", Codec<FrameRate>::write(output.fps)}, {"sizeBytes", fileSize(target)}};
 }
 
 }   // namespace
@@ -114,15 +111,15 @@ void RenderVerb::run(Terminal& terminal) {
     const OutputChoice choice = chooseOutput(request_, document.name);
     requireNoAsset(choice.target, document);
     CompositionRenderer::Config config = this->config(document, choice);
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to render the film");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
         CompositionExport::write(
-            config, notes.log(), [&](double fraction) { terminal.progress(fraction); }, interruption.token());
+            config, terminal.log(), [&](double fraction) { terminal.progress(fraction); },
+            interruption.token());
     });
     terminal.tell("✓ Wrote " + choice.target.string());
-    if (terminal.mode() == Terminal::Mode::json) terminal.result(resultOf(config, choice.target, notes));
+    if (terminal.mode() == Terminal::Mode::json) terminal.report(resultOf(config, choice.target));
 }
 
 }   // namespace tavix::engine

@@ -3,11 +3,11 @@
 #include "Engine/Arguments.h"
 #include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
+#include "Engine/FindingForms.h"
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
@@ -26,9 +26,9 @@ namespace {
 
 constexpr int minSheetWidthPx = 200;
 
-Json resultOf(const CompositionSpec& spec, const std::filesystem::path& target, const SheetLayout& layout,
-    const std::vector<SheetMoment>& moments, const std::vector<CompositionLint::Finding>& findings,
-    const RenderNotes& notes) {
+JsonObject resultOf(const CompositionSpec& spec, const std::filesystem::path& target,
+    const SheetLayout& layout, const std::vector<SheetMoment>& moments,
+    const std::vector<CompositionLint::Finding>& findings) {
     const CompositionTimeline timeline(spec);
     JsonArray cells;
     for (const SheetMoment& moment : moments) {
@@ -39,7 +39,7 @@ Json resultOf(const CompositionSpec& spec, const std::filesystem::path& target, 
     }
     return JsonObject{{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
         {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height}, {"sizeBytes", fileSize(target)},
-        {"cells", std::move(cells)}, {"findings", jsonOf(findings)}, {"warnings", notes.warnings()}};
+        {"cells", std::move(cells)}, {"findings", jsonOf(findings)}};
 }
 
 }   // namespace
@@ -87,12 +87,11 @@ void SheetVerb::run(Terminal& terminal) {
         isAnnotated_ ? CompositionLint::atAuthoredPaths(CompositionLint::lint(document.spec), document.spec)
                      : std::vector<CompositionLint::Finding>();
     requireNoAsset(target, document);
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to draw the sheet");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
         Composition3DRendererPool stages;
-        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, notes.log(), &stages);
+        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, terminal.log(), &stages);
         SheetPainter painter(layout, evaluator);
         for (std::size_t i = 0; i < shown.size(); ++i) {
             interruption.check();
@@ -106,7 +105,7 @@ void SheetVerb::run(Terminal& terminal) {
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(resultOf(document.spec, target, layout, shown, findings, notes));
+        terminal.report(resultOf(document.spec, target, layout, shown, findings));
 }
 
 }   // namespace tavix::engine

@@ -7,7 +7,6 @@
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/SceneNames.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
@@ -66,16 +65,15 @@ void StillVerb::run(Terminal& terminal) {
     config.spec = document.spec;
     config.assetRoot = document.assetRoot;
     requireNoAsset(target, document);
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to draw the still");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
-        CompositionRenderer::renderStill(config, atSec, unfinished, notes.log());
+        CompositionRenderer::renderStill(config, atSec, unfinished, terminal.log());
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() != Terminal::Mode::json) return;
     const CompositionOutput& output = document.spec.output;
-    terminal.result(JsonObject{{"output", target.string()}, {"atSec", atSec}, {"widthPx", output.widthPx},
-        {"heightPx", output.heightPx}, {"sizeBytes", fileSize(target)}, {"warnings", notes.warnings()}});
+    terminal.report({{"output", target.string()}, {"atSec", atSec}, {"widthPx", output.widthPx},
+        {"heightPx", output.heightPx}, {"sizeBytes", fileSize(target)}});
 }
 
 }   // namespace tavix::engine

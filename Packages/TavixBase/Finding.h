@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tavix {
 
@@ -23,6 +24,16 @@ struct Finding {
     std::optional<std::string> suggestion = {};   // another one: what to do
     std::string_view code = {};   // by which programs know it; lives to the end of the program
     std::string file = {};        // that it speaks of; empty for none
+
+    static Finding warning(std::string_view code, std::string message, std::string file = {}) {
+        return {Level::warning, {}, std::move(message), {}, code, std::move(file)};
+    }
+    static Finding note(std::string_view code, std::string message) {
+        return {Level::note, {}, std::move(message), {}, code, {}};
+    }
+    static Finding progress(std::string_view code, std::string message) {
+        return {Level::progress, {}, std::move(message), {}, code, {}};
+    }
 
     // What is told; its code and its file follow from it.
     bool operator==(const Finding& other) const {

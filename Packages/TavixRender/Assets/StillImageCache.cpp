@@ -19,7 +19,8 @@ std::optional<imaging::Image> StillImageCache::load(const std::filesystem::path&
         pixels.indexCoverage();
         return imaging::Image::bitmap(std::make_shared<const imaging::Bitmap>(std::move(pixels)));
     } catch (const media::MediaError& error) {
-        if (log_) log_("⚠️ The image " + path.string() + " is not drawn: " + error.what());
+        tell(log_, Finding::warning(RenderCode::pictureMissing,
+                       "The image " + path.string() + " is not drawn: " + error.what(), path.string()));
         return std::nullopt;
     }
 }

@@ -16,6 +16,7 @@
 #include <cmath>
 #include <cstdio>
 #include <map>
+#include <numeric>
 #include <random>
 #include <utility>
 
@@ -29,10 +30,6 @@ namespace fs = std::filesystem;
 constexpr double shortestMusicSec = 0.01, shortestFadeSec = 0.01, shortestCueSec = 0.001;
 constexpr double movieTimescale = 600;   // in which the music's place in its file is told
 
-void tell(const RenderLog& log, const std::string& line) {
-    if (log) log(line);
-}
-
 double atMovieTime(double sec) { return std::round(sec * movieTimescale) / movieTimescale; }
 
 // How long the sounds of files are. Each file is opened once, and one that cannot be heard is named once.
@@ -40,21 +37,23 @@ class Lengths {
 public:
     explicit Lengths(const RenderLog& log) : log_(log) {}
 
-    // In seconds; nothing when there is no sound.
-    std::optional<double> of(const fs::path& file) {
+    // In seconds; nothing when there is no sound. `path` is where the document asks for it.
+    std::optional<double> of(const fs::path& file, const std::string& path) {
         const auto [known, isNew] = byFile_.try_emplace(file);
-        if (isNew) known->second = probe(file);
+        if (isNew) known->second = probe(file, path);
         return known->second;
     }
 
 private:
-    std::optional<double> probe(const fs::path& file) const try {
-        const auto info = media::probeAudio(file);
-        if (info) return info->durationSec;
-        tell(log_, "⚠️ There is no sound in \"" + file.string() + "\".");
-        return std::nullopt;
-    } catch (const media::MediaError& error) {
-        tell(log_, std::string("⚠️ ") + error.what());
+    std::optional<double> probe(const fs::path& file, const std::string& path) const {
+        std::string fault = "There is no sound in \"" + file.string() + "\".";
+        try {
+            if (const auto info = media::probeAudio(file)) return info->durationSec;
+        } catch (const media::MediaError& error) {
+            fault = error.what();
+        }
+        tell(placedAt(path, log_),
+            Finding::warning(RenderCode::soundMissing, std::move(fault), file.string()));
         return std::nullopt;
     }
 
@@ -64,7 +63,7 @@ private:
 
 bool addMusic(const MusicBed& music, media::AudioTimeline& to, const fs::path& file, double totalSec,
     Lengths& lengths) {
-    const std::optional<double> durationSec = lengths.of(file);
+    const std::optional<double> durationSec = lengths.of(file, "audio.music");
     if (!durationSec) return false;
     const double start = atMovieTime(music.startAtSec);
     const double length = atMovieTime(std::min(*durationSec - start, totalSec));
@@ -130,17 +129,19 @@ bool insertAudio(const CompositionAudio& audio, media::AudioTimeline& into, cons
     return addCues(audio.cues, into, assetRoot, totalSec, log) || hasMusic;
 }
 
-bool addCues(std::vector<SoundCue> cues, media::AudioTimeline& to, const AssetRoot& assetRoot,
+bool addCues(const std::vector<SoundCue>& cues, media::AudioTimeline& to, const AssetRoot& assetRoot,
     double totalSec, const RenderLog& log) {
-    std::stable_sort(
-        cues.begin(), cues.end(), [](const SoundCue& a, const SoundCue& b) { return a.atSec < b.atSec; });
+    std::vector<std::size_t> byTime(cues.size());
+    std::iota(byTime.begin(), byTime.end(), std::size_t{0});
+    std::ranges::stable_sort(byTime, {}, [&](std::size_t i) { return cues[i].atSec; });
     Lengths lengths(log);
     std::vector<Lane> lanes;
-    for (const SoundCue& cue : cues) {
+    for (const std::size_t i : byTime) {
+        const SoundCue& cue = cues[i];
         if (!(cue.atSec >= 0 && cue.atSec < totalSec)) continue;
         const std::optional<fs::path> file = fileOf(cue, assetRoot);
         if (!file) continue;
-        const std::optional<double> durationSec = lengths.of(*file);
+        const std::optional<double> durationSec = lengths.of(*file, "audio.cues[" + std::to_string(i) + "]");
         if (!durationSec) continue;
         const double end = cue.atSec + std::min(*durationSec, totalSec - cue.atSec);
         if (!(end - cue.atSec > shortestCueSec)) continue;
@@ -168,8 +169,9 @@ bool renderAudioMix(const Mix& mix, double lengthSec, const fs::path& file, cons
     FrameOutput::makeRoomFor(file);
     try {
         media::AudioWriter writer({file, format});
-        media::AudioMixer mixer(
-            std::move(timeline), [&](const std::string& sentence) { tell(log, "⚠️ " + sentence); });
+        media::AudioMixer mixer(std::move(timeline), [&](const std::string& sentence) {
+            tell(log, Finding::warning(RenderCode::soundDamaged, sentence));
+        });
         std::vector<float> second(static_cast<std::size_t>(format.sampleRate * format.channels));
         for (std::size_t samples = second.size(); samples == second.size();) {
             checkStop(stop);
@@ -201,7 +203,7 @@ void mux(const fs::path& visual, const Mix& mix, const fs::path& output, ExportC
     try {
         if (renderAudioMix(mix, pictureLength(visual), sound.path(), log, stop)) {
             remux(visual, sound.path(), output, container, stop);
-            tell(log, "• muxed music/cues under the visual track");
+            tell(log, Finding::note(RenderCode::soundAdded, "muxed music/cues under the visual track"));
             return;
         }
     } catch (const RenderStopped&) {
@@ -214,7 +216,7 @@ void mux(const fs::path& visual, const Mix& mix, const fs::path& output, ExportC
         fs::rename(visual, output, error);
         if (error) throw Failure("Could not write " + output.string() + ": " + error.message() + ".");
     }
-    tell(log, "• no playable audio — output stays silent");
+    tell(log, Finding::note(RenderCode::soundAbsent, "no playable audio — output stays silent"));
 }
 
 }   // namespace tavix::CompositionAudioMuxer

@@ -21,7 +21,7 @@ using AssetRoot = std::optional<std::filesystem::path>;   // of relative paths
 // least one clip was placed. The same timeline is exported or played live.
 bool insertAudio(const CompositionAudio& audio, media::AudioTimeline& into, const AssetRoot& assetRoot,
     double totalSec, const RenderLog& log = {});
-bool addCues(std::vector<SoundCue> cues, media::AudioTimeline& to, const AssetRoot& assetRoot,
+bool addCues(const std::vector<SoundCue>& cues, media::AudioTimeline& to, const AssetRoot& assetRoot,
     double totalSec, const RenderLog& log = {});
 
 struct Mix {

@@ -2,6 +2,7 @@
 
 #include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Device/DeviceDepthTrajectory.h"
+#include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
@@ -48,10 +49,9 @@ std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const Device
     const CompositionLayer& layer, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
     if (device.scene3D) {
         if (auto inSpace = Device3DCompositionLayer::make(device, build, poolKey)) return inSpace;
-        if (build.log)
-            build.log(
-                "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering "
-                "the flat mockup.");
+        tell(build.log, Finding::warning(RenderCode::phoneMissing,
+                            "scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
+                            "rendering the flat mockup."));
     }
     return std::make_unique<DeviceCompositionLayer>(device, layer, build);
 }
@@ -106,19 +106,22 @@ ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const RenderLog told = onceEach(log);
-    StillImageCache images(told);
+    std::string path;   // of what is built now
+    StillImageCache images([&](const Finding& finding) { tell(placedAt(path, told), finding); });
     const text::FontBook fonts;
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
     const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
         images, fonts, told, rendererPool, std::make_shared<DeviceDarkroom>()};
-    buildBackgrounds(build);
-    buildLayers(build);
+    buildBackgrounds(build, path);
+    buildLayers(build, path);
 }
 
-void ResolvedComposition::buildBackgrounds(const LayerBuild& build) {
+void ResolvedComposition::buildBackgrounds(const LayerBuild& build, std::string& path) {
     std::vector<std::pair<BackgroundFill, Image>> drawn;   // most scenes share one
-    for (const CompositionScene& scene : spec_.scenes) {
+    for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
+        const CompositionScene& scene = spec_.scenes[i];
+        path = scene.background ? "scenes[" + std::to_string(i) + "].background" : "background";
         const BackgroundFill& fill = scene.background ? *scene.background : spec_.background;
         auto known = std::ranges::find(drawn, fill, &std::pair<BackgroundFill, Image>::first);
         if (known == drawn.end())
@@ -127,7 +130,7 @@ void ResolvedComposition::buildBackgrounds(const LayerBuild& build) {
     }
 }
 
-void ResolvedComposition::buildLayers(const LayerBuild& build) {
+void ResolvedComposition::buildLayers(const LayerBuild& build, std::string& path) {
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
         const CompositionScene& scene = spec_.scenes[i];
         auto& resolved = layers_.emplace_back();
@@ -136,8 +139,12 @@ void ResolvedComposition::buildLayers(const LayerBuild& build) {
             const LayerWindow window = windowOf(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
+            path = CompositionLint::authoredPath(
+                "scenes[" + std::to_string(i) + "].layers[" + std::to_string(j) + "]", spec_);
+            LayerBuild here = build;
+            here.log = placedAt(path, build.log);
             const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
-            resolved.push_back({layer, makeRenderer(layer, place, build), window, anchor,
+            resolved.push_back({layer, makeRenderer(layer, place, here), window, anchor,
                 {layer.effects, bounds_, vignettedOf(layer)}});
             hasDevicesInSpace_ = hasDevicesInSpace_ || resolved.back().renderer->hasDevicesInSpace();
         }

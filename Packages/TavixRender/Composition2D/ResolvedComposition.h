@@ -51,8 +51,9 @@ public:
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
-    void buildBackgrounds(const LayerBuild& build);
-    void buildLayers(const LayerBuild& build);
+    // `path` follows what is built, so that what is told then can name its place.
+    void buildBackgrounds(const LayerBuild& build, std::string& path);
+    void buildLayers(const LayerBuild& build, std::string& path);
     void restAllBut(std::size_t outgoing, std::size_t incoming);
 
     CompositionSpec spec_;

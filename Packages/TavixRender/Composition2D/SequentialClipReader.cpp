@@ -120,7 +120,8 @@ bool SequentialClipReader::open(bool approximate) {
         return true;
     } catch (const media::MediaError& error) {
         hasFailed_ = true;
-        if (log_) log_("⚠️ The clip " + clip_.name + " is not drawn: " + error.what());
+        tell(log_, Finding::warning(RenderCode::clipMissing,
+                       "The clip " + clip_.name + " is not drawn: " + error.what(), clip_.name));
         return false;
     }
 }
@@ -128,9 +129,12 @@ bool SequentialClipReader::open(bool approximate) {
 SequentialClipReader::Picture SequentialClipReader::nextFrame() {
     if (!frames_) return std::nullopt;
     Picture frame = frames_->next();
-    if (frames_->isDamaged() && !std::exchange(isDamageTold_, true) && log_)
-        log_("⚠️ The clip " + clip_.name +
-             " is damaged or cut short; where a picture cannot be decoded, the one before it stays.");
+    if (frames_->isDamaged() && !std::exchange(isDamageTold_, true))
+        tell(log_,
+            Finding::warning(RenderCode::clipDamaged,
+                "The clip " + clip_.name +
+                    " is damaged or cut short; where a picture cannot be decoded, the one before it stays.",
+                clip_.name));
     return frame;
 }
 
@@ -203,7 +207,7 @@ void SequentialClipReader::decodeApproximately(double wanted, bool hasRewound) {
     char line[96];
     std::snprintf(line, sizeof line, "scrub decode budget hit at wanted=%.2f last=%.2f", wanted,
         current_ ? current_->ptsSec() : -1.0);
-    scrubLog_(line);
+    scrubLog_(Finding::progress(RenderCode::scrub, line));
 }
 
 bool SequentialClipReader::hasSamples() {
@@ -219,8 +223,9 @@ void SequentialClipReader::buildSampleMap() {
     if (!scrubLog_) return;
     const auto took =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-    scrubLog_("sampleMap " + clip_.name + " built=" + std::to_string(took.count()) +
-              "ms samples=" + (sampleMap_ ? std::to_string(sampleMap_->size()) : "-1"));
+    scrubLog_(Finding::progress(
+        RenderCode::scrub, "sampleMap " + clip_.name + " built=" + std::to_string(took.count()) +
+                               "ms samples=" + (sampleMap_ ? std::to_string(sampleMap_->size()) : "-1")));
 }
 
 // The sync sample that decoding of this time starts from; the first sample when none lies before it.

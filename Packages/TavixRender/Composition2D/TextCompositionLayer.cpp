@@ -106,10 +106,11 @@ TextCompositionLayer::TextCompositionLayer(const TextContent& content, const Set
     const KineticStyle style = styleOf(content, presetSeed);
     const auto laidOut = layout(content, setting, style, build.fonts);
     if (!laidOut) return;
-    if (laidOut->note && build.log) build.log("⚠️ " + *laidOut->note);
+    if (laidOut->note) tell(build.log, Finding::warning(RenderCode::fontMissing, *laidOut->note));
     block_ = KineticTextBlock(*laidOut, style, window, build.evaluator);
-    if (block_.group() && block_.group()->isCut() && build.log)
-        build.log("⚠️ A text is too long to be drawn whole; split it into several layers.");
+    if (block_.group() && block_.group()->isCut())
+        tell(build.log, Finding::warning(RenderCode::textCut,
+                            "A text is too long to be drawn whole; split it into several layers."));
 }
 
 }   // namespace tavix

@@ -28,10 +28,6 @@ Rect boundsOf(imaging::Size size) { return {0, 0, double(size.width), double(siz
 
 Image clearIn(const Rect& rect) { return Image::solid(imaging::Color::clear()).cropped(rect); }
 
-void tell(const RenderLog& log, const std::string& line) {
-    if (log) log(line);
-}
-
 std::vector<DeviceScalarKeyframe> inOrder(std::vector<DeviceScalarKeyframe> track) {
     std::ranges::stable_sort(track, {}, &DeviceScalarKeyframe::tSec);
     return track;
@@ -83,7 +79,8 @@ Image DeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, co
             device = device.clampedToExtent().motionBlurred(blur->radiusPx, blur->angleRad);
         return device.over(backdrop()).cropped(boundsOf(settings_.output));
     } catch (const scene3d::SceneError& error) {
-        tell(context.log, std::string("⚠️ A frame of the device in 3D is not drawn: ") + error.what());
+        tell(context.log, Finding::warning(RenderCode::phoneNotDrawn,
+                              std::string("A frame of the device in 3D is not drawn: ") + error.what()));
         return backdrop();
     }
 }
@@ -93,9 +90,9 @@ void DeviceSceneRenderer::build(const Context& context) {
     state_ = State::failed;
     try {
         const scene3d::EntityRef model = DeviceModelLoader::freshModelInstance();
-        if (!model) return;
+        if (!model) throw Failure("the phone's model is not there");
         auto stage = DeviceStage::build(model, scene_.finish);
-        if (!stage) return;
+        if (!stage) throw Failure("the phone's model has no screen");
         stage_ = std::make_unique<DeviceStage>(std::move(*stage));
         setUpStage();
         state_ = State::built;
@@ -103,8 +100,9 @@ void DeviceSceneRenderer::build(const Context& context) {
         throw;   // no frame that comes after can be trusted
     } catch (const std::exception& error) {
         stage_.reset();
-        tell(context.log, std::string("[Tavix] The device scene failed to build (") + error.what() +
-                              "); frames render backdrop-only");
+        tell(context.log,
+            Finding::warning(RenderCode::phoneNotBuilt, std::string("The device scene failed to build (") +
+                                                            error.what() + "); frames render backdrop-only"));
     }
 }
 
@@ -139,7 +137,8 @@ void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, co
         throw;
     } catch (const std::exception& error) {
         if (!std::exchange(hasToldOfScreen_, true))
-            tell(context.log, std::string("[Tavix] The update of a screen texture failed: ") + error.what());
+            tell(context.log, Finding::warning(RenderCode::screenNotUpdated,
+                                  std::string("The update of a screen texture failed: ") + error.what()));
     }
 }
 

@@ -27,14 +27,10 @@ struct Run {
     std::stop_token stop;
 };
 
-void tell(const RenderLog& log, const std::string& line) {
-    if (log) log(line);
-}
-
 std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t frameCount) {
     char seconds[64];
     std::snprintf(seconds, sizeof seconds, "%.1f", totalSec);
-    return "• " + std::to_string(spec.output.widthPx) + "×" + std::to_string(spec.output.heightPx) + " @ " +
+    return std::to_string(spec.output.widthPx) + "×" + std::to_string(spec.output.heightPx) + " @ " +
            spec.output.fps.shown() + "fps — " + std::to_string(spec.scenes.size()) + " scenes, " + seconds +
            "s (" + std::to_string(frameCount) + " frames)";
 }
@@ -48,7 +44,7 @@ template <class Encoder> void walkFrames(Encoder& encoder, const Run& run) {
         const double done = double(i) / double(run.frameCount);
         if (i % framesPerReport == 0 && run.onProgress) run.onProgress(done);
         if (i % (secondsPerLogLine * framesPerReport) == 0)
-            tell(run.log, "  …" + std::to_string(int(done * 100)) + "%");
+            tell(run.log, Finding::progress(RenderCode::rendered, std::to_string(int(done * 100)) + "%"));
     }
     encoder.finish();
 }
@@ -62,7 +58,8 @@ void render(const Config& config, const RenderLog& log, const Progress& onProgre
     FrameOutput::requireDrawableSize(size);
     imaging::Evaluator evaluator(config.evaluation);
     ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, log);
-    tell(log, headline(config.spec, resolved.timeline().totalSec, count));
+    tell(log,
+        Finding::progress(RenderCode::rendering, headline(config.spec, resolved.timeline().totalSec, count)));
     const Run run{resolved, count, log, onProgress, std::move(stop)};
     const FrameRate fps = config.spec.output.fps;
     if (config.fileFormat == ExportFormat::gif) {
@@ -74,7 +71,7 @@ void render(const Config& config, const RenderLog& log, const Progress& onProgre
         walkFrames(encoder, run);
     }
     if (onProgress) onProgress(1);
-    tell(log, "✓ Wrote " + config.output.string());
+    tell(log, Finding::note(RenderCode::written, "Wrote " + config.output.string()));
 }
 
 void renderStill(

@@ -133,7 +133,7 @@ protected:
         return file;
     }
     Picture resolved(const BackgroundImage& image) {
-        StillImageCache images([this](const std::string& line) { lines.push_back(line); });
+        StillImageCache images(testing::messagesTo(lines));
         const BackgroundFill fill{image};
         return Picture(CanvasDrawing::resolveBackgroundFill(fill, {0, 0, 40, 20}, images), {40, 20});
     }

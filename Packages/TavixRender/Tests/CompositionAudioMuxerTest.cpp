@@ -34,9 +34,7 @@ protected:
     }
 
     std::filesystem::path at(const std::string& name) const { return folder.path() / name; }
-    RenderLog log() {
-        return [this](const std::string& line) { lines.push_back(line); };
-    }
+    RenderLog log() { return testing::messagesTo(lines); }
     std::vector<std::string> names() const {
         std::vector<std::string> found;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
@@ -186,7 +184,7 @@ TEST_F(CompositionSound, HasTheLevelsThatTheDocumentAsksFor) {
 TEST_F(CompositionSound, TellsOfBothPasses) {
     film(CompositionAudio{std::nullopt, {cue(0.1, "one.wav")}}, 2);
     EXPECT_THAT(progress, ElementsAre(0, 0.475, 0.95, 1));
-    EXPECT_EQ(lines.back(), "• muxed music/cues under the visual track");
+    EXPECT_EQ(lines.back(), "muxed music/cues under the visual track");
     EXPECT_THAT(names(), Not(Contains(HasSubstr(".tavix"))));
 }
 
@@ -196,7 +194,7 @@ TEST_F(CompositionSound, StaysSilentWithoutAnythingToHear) {
         {MusicBed{"text.wav"}, {cue(0, "text.wav")}}, {MusicBed{"silent.mp4"}, {cue(5, "one.wav")}}};
     for (const CompositionAudio& audio : cases) {
         const auto file = film(audio, 1);
-        EXPECT_EQ(lines.back(), "• no playable audio — output stays silent");
+        EXPECT_EQ(lines.back(), "no playable audio — output stays silent");
         EXPECT_EQ(readBytes(file), readBytes(silent));
         EXPECT_THAT(names(), Not(Contains(HasSubstr(".tavix"))));
     }

@@ -41,8 +41,7 @@ protected:
         layer.id = "hero";
         CompositionSpec spec = testing::specOf(canvas, 30, {testing::sceneOf(2, {layer})});
         spec.background = RGBAColor{0, 0, 1, 1};
-        return {
-            spec, folder.path(), evaluator, [this](const std::string& line) { log.push_back(line); }, pool};
+        return {spec, folder.path(), evaluator, testing::messagesTo(log), pool};
     }
     Picture drawn(double sec = 0) { return Picture(resolved().frame(sec), canvas); }
 
@@ -67,9 +66,9 @@ TEST_F(DeviceInSpace, IsFlatWithoutAModelAndSaysSo) {
     setenv("TAVIX_RESOURCES", folder.path().c_str(), 1);
     EXPECT_FALSE(resolved().hasDevicesInSpace());
     EXPECT_EQ(drawn().at(60, 107), red);
-    EXPECT_THAT(log, ::testing::Contains(
-                         "⚠️ scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
-                         "rendering the flat mockup."));
+    EXPECT_THAT(
+        log, ::testing::Contains("scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
+                                 "rendering the flat mockup."));
 }
 
 TEST_F(DeviceInSpace, IsLeftOutWhileItsModelIsBrokenOrItsScreenHasNoPicture) {

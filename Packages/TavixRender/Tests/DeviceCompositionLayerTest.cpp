@@ -72,8 +72,7 @@ protected:
         CompositionSpec spec = testing::specOf(canvas, 30, {testing::sceneOf(2, {layer})});
         spec.background = RGBAColor{0, 0, 1, 1};
         imaging::Evaluator evaluator;
-        ResolvedComposition resolved(
-            spec, folder.path(), evaluator, [this](const std::string& line) { log.push_back(line); });
+        ResolvedComposition resolved(spec, folder.path(), evaluator, testing::messagesTo(log));
         if (afterSec) resolved.frame(*afterSec);
         return Picture(resolved.frame(atSec), canvas);
     }
@@ -182,9 +181,8 @@ TEST_F(FlatDevice, ShowsNothingWithoutItsScreen) {
 TEST_F(FlatDevice, IsFlatWhereItCannotBeDrawnInSpace) {
     device.scene3D.emplace();
     EXPECT_EQ(drawn().at(100, 150), red);
-    EXPECT_THAT(
-        log, ::testing::ElementsAre("⚠️ scene3D requested but the 3D device pass is unavailable (no "
-                                    "model/GPU) — rendering the flat mockup."));
+    EXPECT_THAT(log, ::testing::ElementsAre("scene3D requested but the 3D device pass is unavailable (no "
+                                            "model/GPU) — rendering the flat mockup."));
 }
 
 TEST_F(FlatDevice, TakesTheFirstFrameThatCanBeRead) {

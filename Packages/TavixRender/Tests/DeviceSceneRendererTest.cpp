@@ -17,6 +17,8 @@ namespace tavix {
 namespace {
 
 using imaging::Image;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using testing::Picture;
 using testing::Pixel;
 using Settings = DeviceSceneRenderer::Settings;
@@ -75,7 +77,7 @@ protected:
 
     imaging::Evaluator evaluator{{.threadCount = 2}};
     std::vector<std::string> lines;
-    RenderLog log = [this](const std::string& line) { lines.push_back(line); };
+    RenderLog log = testing::messagesTo(lines);
     const Image card = testing::testCard({60, 130}, 3);
 };
 
@@ -276,16 +278,32 @@ TEST_F(DeviceModels, ThatAreBrokenShowTheBackdropAndSaySoOnce) {
     for (const double sec : {0.0, 1.0})
         EXPECT_EQ(drawn(renderer, sec, card).at(60, 107), (Pixel{0, 0, 255, 255}));
     ASSERT_EQ(lines.size(), 1u);
-    EXPECT_THAT(lines[0], ::testing::StartsWith("[Tavix] The device scene failed to build ("));
+    EXPECT_THAT(lines[0], ::testing::StartsWith("The device scene failed to build ("));
     EXPECT_THAT(lines[0], ::testing::EndsWith("); frames render backdrop-only"));
 }
 
-TEST_F(DeviceModels, WithoutAScreenOrMissingShowTheBackdropInSilence) {
+TEST_F(DeviceModels, WithoutAScreenOrMissingShowTheBackdropAndSaySo) {
     setenv("TAVIX_RESOURCES", folder.path().c_str(), 1);
     EXPECT_EQ(drawn(restingSettings()).at(60, 107), (Pixel{0, 0, 0, 0}));
     give(testing::triangleModel("body_color1"));
     EXPECT_EQ(drawn(restingSettings()).at(60, 107), (Pixel{0, 0, 0, 0}));
-    EXPECT_THAT(lines, ::testing::IsEmpty());
+    EXPECT_THAT(lines, ElementsAre(HasSubstr("model is not there"), HasSubstr("model has no screen")));
+}
+
+TEST_F(DeviceRenderer, TellsOfAFrameThatCannotBeDrawnAndOfAScreenThatStays) {
+    std::vector<Finding> told;
+    log = testing::findingsTo(told);
+    Settings endless = restingSettings();
+    endless.output = {scene3d::Pass::mostSidePx + 1, 8};
+    DeviceSceneRenderer(endless).render(card, 0, {evaluator, log});
+    // A texture of more pixels than a bitmap can have.
+    const Image wide = Image::solid({1, 1, 1, 1}).cropped({0, 0, imaging::Bitmap::maxSidePx * 64.0, 1});
+    DeviceSceneRenderer still(restingSettings());
+    for (const double sec : {0.0, 1.0}) still.render(wide, sec, {evaluator, log});
+    ASSERT_EQ(told.size(), 2u) << "each once";
+    EXPECT_EQ(told[0].code, RenderCode::phoneNotDrawn);
+    EXPECT_THAT(told[0].message, HasSubstr("A frame of the device in 3D is not drawn: A picture of"));
+    EXPECT_EQ(told[1].code, RenderCode::screenNotUpdated);
 }
 
 using Pool = Composition3DRendererPool;

@@ -47,7 +47,7 @@ imaging::Bitmap drawn(const GoldenFrame& frame, const fs::path& assets) {
     const auto spec = decodeFile<CompositionSpec>(goldenFolder() / "Documents" / (frame.document + ".json"));
     imaging::Evaluator evaluator({.comparesStructures = true});
     ResolvedComposition composition(
-        spec, assets, evaluator, [](const std::string& line) { ADD_FAILURE() << line; });
+        spec, assets, evaluator, [](const Finding& finding) { ADD_FAILURE() << finding.message; });
     const imaging::Size size = canvasSize(spec);
     return evaluator.draw(composition.frame(std::stod(frame.seconds)), {0, 0, size.width, size.height});
 }

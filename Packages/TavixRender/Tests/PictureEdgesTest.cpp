@@ -140,9 +140,8 @@ struct Film {
     explicit Film(CompositionLayer layer)
         : Film(testing::specOf(size, 30, {testing::sceneOf(2, {std::move(layer)})})) {}
     explicit Film(CompositionSpec document)
-        : spec(std::move(document)),
-          composition(spec, std::nullopt, evaluator, [](const std::string& line) { ADD_FAILURE() << line; }) {
-    }
+        : spec(std::move(document)), composition(spec, std::nullopt, evaluator,
+                                         [](const Finding& finding) { ADD_FAILURE() << finding.message; }) {}
     Picture at(double sec) { return Picture(composition.renderScene(0, sec), size); }
 
     CompositionSpec spec;

@@ -110,7 +110,7 @@ protected:
         testing::writeTestAssets(assets->path(), pictureCount, clipCount);
     }
     static void TearDownTestSuite() { assets.reset(); }
-    static void complain(const std::string& line) { ADD_FAILURE() << line; }
+    static void complain(const Finding& finding) { ADD_FAILURE() << finding.message; }
 
     // By itself, by who keeps nothing.
     static Picture alone(const CompositionSpec& spec, double sec) {

@@ -133,4 +133,12 @@ std::string triangleModel(const std::string& materialName) {
     return file.append(reinterpret_cast<const char*>(corners), sizeof corners);
 }
 
+RenderLog messagesTo(std::vector<std::string>& messages) {
+    return [&messages](const Finding& finding) { messages.push_back(finding.message); };
+}
+
+RenderLog findingsTo(std::vector<Finding>& findings) {
+    return [&findings](const Finding& finding) { findings.push_back(finding); };
+}
+
 }   // namespace tavix::testing

@@ -54,6 +54,10 @@ CompositionSpec specOf(imaging::Size size, int fps, std::vector<CompositionScene
 // A binary glTF file of one triangle, whose material bears that name.
 std::string triangleModel(const std::string& materialName);
 
+// Keeps what is told: the sentences alone, or all of it.
+RenderLog messagesTo(std::vector<std::string>& messages);
+RenderLog findingsTo(std::vector<Finding>& findings);
+
 // A folder of its own that is removed with its content.
 using testsupport::TemporaryFolder;
 

@@ -174,16 +174,17 @@ TEST_F(VideoCompositionLayerTest, DrawsNothingForWhatIsNoFilmAndSaysSoOnce) {
         SCOPED_TRACE(name);
         const std::string path = (folder_.path() / name).string();
         const auto film = folder_.path() / "film.mp4";
-        std::vector<std::string> log;
+        std::vector<Finding> log;
         const auto spec = testing::specOf({64, 64}, 10,
             {testing::sceneOf(0.5, {videoLayer(path), videoLayer(path)}),
                 testing::sceneOf(0.5, {videoLayer(path)})});
-        CompositionRenderer::render(
-            {.spec = spec, .output = film}, [&](const std::string& line) { log.push_back(line); });
-        EXPECT_EQ(
-            std::ranges::count_if(log, [](const std::string& line) { return line.starts_with("⚠️"); }),
-            1);
-        EXPECT_THAT(log, ::testing::Contains(::testing::HasSubstr(path)));
+        CompositionRenderer::render({.spec = spec, .output = film}, testing::findingsTo(log));
+        ASSERT_EQ(std::ranges::count(log, Finding::Level::warning, &Finding::level), 1);
+        const Finding& told = *std::ranges::find(log, Finding::Level::warning, &Finding::level);
+        EXPECT_EQ(told.code, RenderCode::clipMissing);
+        EXPECT_EQ(told.path, "scenes[0].layers[0]");
+        EXPECT_EQ(told.file, path);
+        EXPECT_THAT(told.message, ::testing::HasSubstr(path));
         EXPECT_EQ(numbersOf(film).size(), 10u);
     }
 }
