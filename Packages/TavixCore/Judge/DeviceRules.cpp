@@ -88,7 +88,7 @@ void posesLieInTheWindow(
     const LayerScope& scope, const DeviceScene3D& model, const KeyPath& poseAt, LintReport& report) {
     if (model.poseTrack.empty()) return;
     const double lastSec = std::ranges::max(model.poseTrack, {}, &DevicePoseKeyframe::tSec).tSec;
-    const double windowSec = windowOf(scope.layer, scope.in.scene()).lengthSec();
+    const double windowSec = writtenWindow(scope.layer, scope.in.scene()).lengthSec();
     if (windowSec + windowSlackSec(scope.in.spec) < lastSec)
         report.tell(Rule::poseLate, poseAt,
             worded("Last pose keyframe at {}s is past the layer's {}s window — scene3D pose times are "

@@ -70,7 +70,7 @@ void checkWindow(const LayerScope& scope, LintReport& report) {
     if (!(*layer.durationSec > 0))
         report.tell(
             Rule::layerLength, durationAt, "durationSec must be > 0 (omit it to run to the scene end).");
-    const double endSec = windowOf(layer, scope.in.scene()).endSec;
+    const double endSec = writtenWindow(layer, scope.in.scene()).endSec;
     if (endSec > sceneSec + windowSlackSec(scope.in.spec))
         report.tell(Rule::layerEnd, durationAt,
             worded("Layer window ends at {}s, past the scene end ({}s).",

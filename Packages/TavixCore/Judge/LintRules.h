@@ -5,6 +5,7 @@
 #pragma once
 
 #include "TavixCore/Document/CompositionSpec.h"
+#include "TavixCore/Document/LayerWindow.h"
 #include "TavixCore/Findings/LintReport.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 
@@ -30,17 +31,6 @@ struct LayerScope {
     const CompositionLayer& layer;
     const KeyPath& at;
 };
-
-// A stretch of the scene's clock.
-struct Interval {
-    double startSec, endSec;
-    double lengthSec() const { return endSec - startSec; }
-};
-
-// When a layer shows.
-inline Interval windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
-    return {layer.fromSec, layer.durationSec ? layer.fromSec + *layer.durationSec : scene.durationSec};
-}
 
 // How far a time may be beyond the one that it is meant to meet: no frame shows it.
 inline double windowSlackSec(const CompositionSpec& spec) {

@@ -12,8 +12,8 @@ namespace {
 struct SceneTally {
     std::size_t bouncySprings = 0;
     std::size_t models = 0;   // devices in space
-    std::vector<Interval> texts;
-    std::vector<Interval>
+    std::vector<LayerWindow> texts;
+    std::vector<LayerWindow>
         focalPoints;   // what draws the eye to itself: devices and films that fill the frame
 };
 
@@ -27,7 +27,7 @@ std::size_t bouncySprings(const CompositionLayer& layer) {
     return count;
 }
 
-Interval spanOf(const Interval& a, const Interval& b) {
+LayerWindow spanOf(const LayerWindow& a, const LayerWindow& b) {
     return {std::min(a.startSec, b.startSec), std::max(a.endSec, b.endSec)};
 }
 
@@ -38,7 +38,7 @@ SceneTally tallyOf(const CompositionScene& scene) {
     std::map<std::size_t, std::size_t> focalPointOf;   // of a formation
     for (std::size_t l = 0; l < scene.layers.size(); ++l) {
         const CompositionLayer& layer = scene.layers[l];
-        const Interval window = windowOf(layer, scene);
+        const LayerWindow window = writtenWindow(layer, scene);
         tally.bouncySprings += bouncySprings(layer);
         if (std::holds_alternative<TextContent>(layer.content)) tally.texts.push_back(window);
         const auto* device = std::get_if<DeviceContent>(&layer.content);
@@ -46,7 +46,7 @@ SceneTally tallyOf(const CompositionScene& scene) {
         if (!device && (!video || video->rect)) continue;
         const auto [known, isNew] = focalPointOf.try_emplace(formations[l], tally.focalPoints.size());
         if (formations[l] != noFormation && !isNew) {
-            Interval& all = tally.focalPoints[known->second];
+            LayerWindow& all = tally.focalPoints[known->second];
             all = spanOf(all, window);
             continue;
         }
@@ -57,9 +57,9 @@ SceneTally tallyOf(const CompositionScene& scene) {
 }
 
 // The most intervals that hold at one time; those that merely touch do not overlap.
-int maxConcurrent(const std::vector<Interval>& intervals) {
+int maxConcurrent(const std::vector<LayerWindow>& intervals) {
     std::vector<std::pair<double, int>> changes;   // sorted, an end comes before a start at the same time
-    for (const Interval& interval : intervals)
+    for (const LayerWindow& interval : intervals)
         if (interval.startSec < interval.endSec) {
             changes.emplace_back(interval.startSec, 1);
             changes.emplace_back(interval.endSec, -1);

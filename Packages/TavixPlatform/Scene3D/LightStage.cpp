@@ -1,5 +1,6 @@
 #include "TavixPlatform/Scene3D/LightStage.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/TileStage.h"
 
@@ -25,26 +26,34 @@ void setAttenuation(PreparedLight& light, const Attenuation& attenuation, const 
     light.halfExponent = std::clamp(attenuation.falloffExponent, 0.0f, 8.0f) / 2;
 }
 
+void setCone(PreparedLight& light, const SpotLight& spot) {
+    light.outerCosine = float(sineCosine(double(std::clamp(spot.outerAngleDeg, 0.1f, 180.0f))).cosine);
+    const auto inner = float(sineCosine(double(std::clamp(spot.innerAngleDeg, 0.0f, 180.0f))).cosine);
+    light.inverseConeWidth = 1 / std::max(inner - light.outerCosine, 1e-4f);
+}
+
 PreparedLight lightOf(const LightInstance& instance) {
     PreparedLight light;
     light.position = instance.toWorld.origin();
     light.axis = normalized(instance.toWorld.axis(2)) * -1;
-    if (const auto* directional = std::get_if<DirectionalLight>(instance.light)) {
-        light.kind = PreparedLight::Kind::directional;
-        light.power = powerOf(directional->color, directional->intensityLux);
-    } else if (const auto* point = std::get_if<PointLight>(instance.light)) {
-        light.kind = PreparedLight::Kind::point;
-        light.power = powerOf(point->color, point->intensityLumen / (4 * pi));
-        setAttenuation(light, point->attenuation, instance.toWorld);
-    } else {
-        const auto& spot = std::get<SpotLight>(*instance.light);
-        light.kind = PreparedLight::Kind::spot;
-        light.power = powerOf(spot.color, spot.intensityLumen / pi);
-        setAttenuation(light, spot.attenuation, instance.toWorld);
-        light.outerCosine = float(sineCosine(double(std::clamp(spot.outerAngleDeg, 0.1f, 180.0f))).cosine);
-        const auto inner = float(sineCosine(double(std::clamp(spot.innerAngleDeg, 0.0f, 180.0f))).cosine);
-        light.inverseConeWidth = 1 / std::max(inner - light.outerCosine, 1e-4f);
-    }
+    std::visit(Overloaded{
+                   [&](const DirectionalLight& directional) {
+                       light.kind = PreparedLight::Kind::directional;
+                       light.power = powerOf(directional.color, directional.intensityLux);
+                   },
+                   [&](const PointLight& point) {
+                       light.kind = PreparedLight::Kind::point;
+                       light.power = powerOf(point.color, point.intensityLumen / (4 * pi));
+                       setAttenuation(light, point.attenuation, instance.toWorld);
+                   },
+                   [&](const SpotLight& spot) {
+                       light.kind = PreparedLight::Kind::spot;
+                       light.power = powerOf(spot.color, spot.intensityLumen / pi);
+                       setAttenuation(light, spot.attenuation, instance.toWorld);
+                       setCone(light, spot);
+                   },
+               },
+        *instance.light);
     return light;
 }
 

@@ -1,5 +1,6 @@
 #include "TavixPlatform/Scene3D/Renderer.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixPlatform/Imaging/ScratchLoop.h"
 #include "TavixPlatform/Scene3D/LightStage.h"
 #include "TavixPlatform/Scene3D/SceneError.h"
@@ -69,6 +70,7 @@ struct Renderer::Impl {
     // Everything up to the tiles. Gives the region that has pixels.
     imaging::PixelRegion prepare(const Scene& scene, const Pass& pass);
     void makeSurfaces(TextureDetail detail);
+    TexturedSurface texturedSurfaceOf(const Unlit& unlit, TextureDetail detail);
     // Calls write(pixels of the tile, sums of the tile) for the tiles of the region, on many threads.
     template <class Write> void drawTiles(const imaging::PixelRegion& region, const Write& write);
 
@@ -105,24 +107,23 @@ imaging::PixelRegion Renderer::Impl::prepare(const Scene& scene, const Pass& pas
 
 void Renderer::Impl::makeSurfaces(TextureDetail detail) {
     surfaces.clear();
-    for (const Material* material : list.materials) {
-        if (const auto* lit = std::get_if<PhysicallyBased>(material)) {
-            surfaces.emplace_back(surfaceOf(*lit));
-            continue;
-        }
-        if (std::holds_alternative<Cutout>(*material)) {
-            surfaces.emplace_back(NoSurface{});
-            continue;
-        }
-        const auto& unlit = std::get<Unlit>(*material);
-        TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
-        if (texture) makeLevels(*texture, kernels, loop);
-        // A texture without a picture is black.
-        const bool isBlack = texture && texture->count == 0;
-        const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
-        surfaces.emplace_back(TexturedSurface{
-            isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups(), filterOf(detail)});
-    }
+    for (const Material* material : list.materials)
+        surfaces.push_back(std::visit(
+            Overloaded{
+                [](const PhysicallyBased& lit) -> FrameSurface { return surfaceOf(lit); },
+                [&](const Unlit& unlit) -> FrameSurface { return texturedSurfaceOf(unlit, detail); },
+                [](const Cutout&) -> FrameSurface { return NoSurface{}; },
+            },
+            *material));
+}
+
+TexturedSurface Renderer::Impl::texturedSurfaceOf(const Unlit& unlit, TextureDetail detail) {
+    TextureLevels* texture = unlit.texture ? &unlit.texture->levels() : nullptr;
+    if (texture) makeLevels(*texture, kernels, loop);
+    // A texture without a picture is black.
+    const bool isBlack = texture && texture->count == 0;
+    const Vec3 tint = isBlack ? Vec3{} : Vec3{unlit.tint.r, unlit.tint.g, unlit.tint.b};
+    return {isBlack ? nullptr : texture, tint, geometry.texcoordsOfGroups(), filterOf(detail)};
 }
 
 template <class Write>

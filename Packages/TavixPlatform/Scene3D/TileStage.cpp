@@ -1,5 +1,7 @@
 #include "TavixPlatform/Scene3D/TileStage.h"
 
+#include "TavixBase/Overloaded.h"
+
 #include <algorithm>
 #include <span>
 
@@ -78,10 +80,12 @@ TileStage::Sums TileStage::draw(int tile, imaging::Scratch& scratch) const {
 
 void TileStage::shade(const Shades& shades, const FrameSurface& surface, const ShadingJob& job) const {
     if (job.requests.empty() && job.runs.empty()) return;
-    if (const auto* lit = std::get_if<Surface>(&surface))
-        kernels.shadeLit(shades, light, *lit, job);
-    else if (const auto* textured = std::get_if<TexturedSurface>(&surface))
-        kernels.shadeUnlit(shades, *textured, job);
+    std::visit(Overloaded{
+                   [&](const Surface& lit) { kernels.shadeLit(shades, light, lit, job); },
+                   [&](const TexturedSurface& textured) { kernels.shadeUnlit(shades, textured, job); },
+                   [](const NoSurface&) {},
+               },
+        surface);
 }
 
 }   // namespace tavix::scene3d

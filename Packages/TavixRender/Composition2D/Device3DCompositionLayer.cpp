@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Compositor/DeviceFrame.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
@@ -67,10 +68,16 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
 Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build)
     : evaluator_(build.evaluator), log_(build.log), bounds_(build.bounds), scene3D_(*content.scene3D),
       placement_(content.placement) {
-    if (const auto* still = std::get_if<StillScreen>(&content.screen))
-        stillScreen_ = build.images.image(CompositionAssets::resolved(still->path, build.assetRoot));
-    else if (const auto* video = std::get_if<VideoClip>(&content.screen))
-        clip_.emplace(CompositionAssets::resolved(video->path, build.assetRoot), *video, true, build.log);
+    std::visit(
+        Overloaded{
+            [&](const StillScreen& still) {
+                stillScreen_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
+            },
+            [&](const VideoClip& clip) {
+                clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
+            },
+        },
+        content.screen);
 }
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {

@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixCore/Animation/CompositionMath.h"
 #include "TavixCore/Values/Clamp01.h"
 #include "TavixRender/Assets/CompositionAssets.h"
@@ -101,11 +102,16 @@ DeviceCompositionLayer::DeviceCompositionLayer(
 }
 
 void DeviceCompositionLayer::openScreen(const ScreenSource& source, const LayerBuild& build) {
-    if (const auto* clip = std::get_if<VideoClip>(&source))
-        clip_.emplace(CompositionAssets::resolved(clip->path, build.assetRoot), *clip, true, build.log);
-    else
-        stillScreen_ = build.images.image(
-            CompositionAssets::resolved(std::get<StillScreen>(source).path, build.assetRoot));
+    std::visit(
+        Overloaded{
+            [&](const StillScreen& still) {
+                stillScreen_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
+            },
+            [&](const VideoClip& clip) {
+                clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
+            },
+        },
+        source);
 }
 
 void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& evaluator) {

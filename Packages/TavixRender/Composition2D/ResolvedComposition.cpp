@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Device/DeviceDepthTrajectory.h"
 #include "TavixCore/Findings/AuthoredPath.h"
@@ -58,30 +59,41 @@ std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const Device
 
 std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
     const CompositionLayer& layer, const LayerPlace& place, const LayerBuild& build) {
-    if (const auto* fill = std::get_if<BackgroundFill>(&layer.content))
-        return std::make_unique<FillCompositionLayer>(*fill, build);
-    if (const auto* shape = std::get_if<ShapeContent>(&layer.content))
-        return std::make_unique<ShapeCompositionLayer>(*shape, layer, build);
-    if (const auto* image = std::get_if<ImageContent>(&layer.content))
-        return std::make_unique<ImageCompositionLayer>(*image, layer, build);
-    if (const auto* video = std::get_if<VideoContent>(&layer.content))
-        return std::make_unique<VideoCompositionLayer>(*video, build);
-    if (const auto* text = std::get_if<TextContent>(&layer.content))
-        return makeTextRenderer(*text, layer, place, build);
-    return makeDeviceRenderer(std::get<DeviceContent>(layer.content), layer, build, place.poolKey);
+    using Made = std::unique_ptr<CompositionLayerContentRenderer>;
+    return std::visit(
+        Overloaded{
+            [&](const TextContent& text) -> Made { return makeTextRenderer(text, layer, place, build); },
+            [&](const DeviceContent& device) -> Made {
+                return makeDeviceRenderer(device, layer, build, place.poolKey);
+            },
+            [&](const ImageContent& image) -> Made {
+                return std::make_unique<ImageCompositionLayer>(image, layer, build);
+            },
+            [&](const VideoContent& video) -> Made {
+                return std::make_unique<VideoCompositionLayer>(video, build);
+            },
+            [&](const ShapeContent& shape) -> Made {
+                return std::make_unique<ShapeCompositionLayer>(shape, layer, build);
+            },
+            [&](const BackgroundFill& fill) -> Made {
+                return std::make_unique<FillCompositionLayer>(fill, build);
+            },
+        },
+        layer.content);
 }
 
 // Where a picture ends can be seen; where the box of letters or of a device ends cannot.
 CompositionLayerEffects::Vignetted vignettedOf(const CompositionLayer& layer) {
-    const bool isPicture = std::holds_alternative<ImageContent>(layer.content) ||
-                           std::holds_alternative<VideoContent>(layer.content) ||
-                           std::holds_alternative<BackgroundFill>(layer.content);
-    return isPicture ? CompositionLayerEffects::Vignetted::layer : CompositionLayerEffects::Vignetted::canvas;
-}
-
-LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
-    const double start = std::max(layer.fromSec, 0.0);
-    return {start, layer.durationSec ? start + *layer.durationSec : scene.durationSec};
+    using Vignetted = CompositionLayerEffects::Vignetted;
+    return std::visit(Overloaded{
+                          [](const ImageContent&) { return Vignetted::layer; },
+                          [](const VideoContent&) { return Vignetted::layer; },
+                          [](const BackgroundFill&) { return Vignetted::layer; },
+                          [](const TextContent&) { return Vignetted::canvas; },
+                          [](const DeviceContent&) { return Vignetted::canvas; },
+                          [](const ShapeContent&) { return Vignetted::canvas; },
+                      },
+        layer.content);
 }
 
 // Only a device in space that is live at that time and has a depth then.
@@ -136,7 +148,7 @@ void ResolvedComposition::buildLayers(const LayerBuild& build, std::string& path
         auto& resolved = layers_.emplace_back();
         for (std::size_t j = 0; j < scene.layers.size(); ++j) {
             const CompositionLayer& layer = scene.layers[j];
-            const LayerWindow window = windowOf(layer, scene);
+            const LayerWindow window = shownWindow(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
             path = CompositionLint::authoredPath(

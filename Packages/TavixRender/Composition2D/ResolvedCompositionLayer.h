@@ -1,6 +1,7 @@
 // A layer that is ready to be drawn: its content, when it is shown, and about which point it moves.
 #pragma once
 
+#include "TavixCore/Document/LayerWindow.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/CompositionLayerEffects.h"
 #include "TavixRender/Composition2D/LayerMotion.h"
@@ -9,15 +10,6 @@
 #include <optional>
 
 namespace tavix {
-
-// Scene-local seconds; both ends belong to it.
-struct LayerWindow {
-    double startSec = 0, endSec = 0;
-
-    bool contains(double sec) const { return startSec <= sec && sec <= endSec; }
-    double lengthSec() const { return endSec - startSec; }
-    bool operator==(const LayerWindow&) const = default;
-};
 
 struct ResolvedCompositionLayer {
     CompositionLayer layer;

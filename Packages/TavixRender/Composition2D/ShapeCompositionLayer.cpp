@@ -1,5 +1,6 @@
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixRender/Composition2D/CanvasEdge.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
@@ -17,12 +18,18 @@ constexpr double ellipseCornerFraction = 0.5;
 
 // The gradient of a shape spans the canvas. The shape itself may be larger, and is not cut: it may yet move.
 Image filled(const ShapeFill& fill, const PixelRect& rect, double radiusPx, const Rect& canvas) {
-    if (const auto* color = std::get_if<RGBAColor>(&fill))
-        return Image::roundedRectangle(
-            CanvasDrawing::flipped(rect, canvas), radiusPx, CanvasDrawing::colorOf(*color));
-    const Image mask = CanvasDrawing::makeRoundedRectMask(rect, radiusPx, canvas);
-    const Image colors = CanvasDrawing::gradientAcross(std::get<LinearGradient>(fill), canvas);
-    return CanvasDrawing::masked(colors.cropped(mask.extent()), mask);
+    return std::visit(Overloaded{
+                          [&](const RGBAColor& color) {
+                              return Image::roundedRectangle(CanvasDrawing::flipped(rect, canvas), radiusPx,
+                                  CanvasDrawing::colorOf(color));
+                          },
+                          [&](const LinearGradient& gradient) {
+                              const Image mask = CanvasDrawing::makeRoundedRectMask(rect, radiusPx, canvas);
+                              const Image colors = CanvasDrawing::gradientAcross(gradient, canvas);
+                              return CanvasDrawing::masked(colors.cropped(mask.extent()), mask);
+                          },
+                      },
+        fill);
 }
 
 Image drawn(const ShapeContent& shape, const PixelPoint& center, const Rect& canvas) {

@@ -1,5 +1,6 @@
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
+#include "TavixBase/Overloaded.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixRender/Assets/BundledBackgrounds.h"
 #include "TavixRender/Assets/CompositionAssets.h"
@@ -30,20 +31,18 @@ Image aspectFilled(const Image& image, const Rect& bounds) {
 
 }   // namespace
 
-std::string tildeExpanded(const std::string& path) {
-    const char* home = std::getenv("HOME");
-    const bool isBelowHome = path == "~" || path.starts_with("~/");
-    return isBelowHome && home != nullptr ? home + path.substr(1) : path;
-}
-
 Color colorOf(const RGBAColor& color) { return {color.r, color.g, color.b, color.a}; }
 
 Image resolveBackgroundFill(const BackgroundFill& fill, const Rect& bounds, StillImageCache& images) {
-    if (const auto* color = std::get_if<RGBAColor>(&fill))
-        return Image::solid(colorOf(*color)).cropped(bounds);
-    if (const auto* gradient = std::get_if<LinearGradient>(&fill))
-        return gradientAcross(*gradient, bounds).cropped(bounds);
-    return aspectFilled(resolveBackgroundImage(std::get<BackgroundImage>(fill), images), bounds);
+    return std::visit(
+        Overloaded{
+            [&](const RGBAColor& color) { return Image::solid(colorOf(color)).cropped(bounds); },
+            [&](const LinearGradient& gradient) { return gradientAcross(gradient, bounds).cropped(bounds); },
+            [&](const BackgroundImage& image) {
+                return aspectFilled(resolveBackgroundImage(image, images), bounds);
+            },
+        },
+        fill);
 }
 
 Image resolveBackgroundImage(const BackgroundImage& background, StillImageCache& images) {

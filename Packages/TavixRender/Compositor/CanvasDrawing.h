@@ -42,7 +42,4 @@ imaging::Image masked(const imaging::Image& image, const imaging::Image& mask);
 
 imaging::Color colorOf(const RGBAColor& color);
 
-// A path below the home folder ("~/") with that folder in its place; any other as it stands.
-std::string tildeExpanded(const std::string& path);
-
 }   // namespace tavix::CanvasDrawing

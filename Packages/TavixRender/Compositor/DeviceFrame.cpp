@@ -75,7 +75,8 @@ double aspectWithoutPicture(const DeviceMockup& mockup) {
 Image resolveFrameImage(
     const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot, StillImageCache& images) {
     if (mockup.framePath && !mockup.framePath->empty()) {
-        const fs::path file = CompositionAssets::resolved(tildeExpanded(*mockup.framePath), assetRoot);
+        const fs::path file = CompositionAssets::resolved(
+            CompositionAssets::tildeExpanded(*mockup.framePath).string(), assetRoot);
         if (const auto image = framePictures().image(file, images)) return *image;
     }
     if (const auto* device = mockup.bundledID ? DeviceCatalog::device(*mockup.bundledID) : nullptr)

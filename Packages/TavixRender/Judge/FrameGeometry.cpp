@@ -45,11 +45,6 @@ bool isBrief(const CompositionLayer& layer) {
            (within(device->scene3D->poseTrack) && isQuick(device->scene3D->poseResponseSec));
 }
 
-LayerWindow windowOf(const CompositionLayer& layer, const CompositionScene& scene) {
-    const double start = std::max(layer.fromSec, 0.0);
-    return {start, layer.durationSec ? start + *layer.durationSec : scene.durationSec};
-}
-
 PixelRect flipped(const Rect& rect, const Rect& canvas) {
     return {rect.x, canvas.height - rect.maxY(), rect.width, rect.height};
 }
@@ -112,7 +107,7 @@ CompositionGeometry::CompositionGeometry(const CompositionSpec& spec, FilmAssets
         auto& layers = scenes_.emplace_back();
         for (std::size_t j = 0; j < spec_.scenes[i].layers.size(); ++j) {
             const CompositionLayer& layer = spec_.scenes[i].layers[j];
-            const LayerWindow window = windowOf(layer, spec_.scenes[i]);
+            const LayerWindow window = shownWindow(layer, spec_.scenes[i]);
             const bool isShown =
                 window.startSec < window.endSec && isBrief(layer) && measured++ < mostMeasuredLayers;
             layers.push_back(

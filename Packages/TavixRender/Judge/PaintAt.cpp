@@ -1,5 +1,7 @@
 #include "TavixRender/Judge/PaintAt.h"
 
+#include "TavixBase/Overloaded.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -39,16 +41,24 @@ RGBAColor gradientAt(LinearGradient gradient, double position) {
 }   // namespace
 
 std::optional<RGBAColor> colorOf(const Paint& paint, imaging::Point point, const imaging::Rect& canvas) {
-    if (const auto* color = std::get_if<RGBAColor>(&paint)) return *color;
-    if (const auto* gradient = std::get_if<LinearGradient>(&paint))
-        return gradientAt(*gradient, positionOn(gradient->angleDegrees, point, canvas));
-    return std::nullopt;
+    using Seen = std::optional<RGBAColor>;
+    return std::visit(Overloaded{
+                          [](std::monostate) -> Seen { return std::nullopt; },
+                          [](const RGBAColor& color) -> Seen { return color; },
+                          [&](const LinearGradient& gradient) -> Seen {
+                              return gradientAt(gradient, positionOn(gradient.angleDegrees, point, canvas));
+                          },
+                      },
+        paint);
 }
 
 Paint paintOf(const BackgroundFill& fill) {
-    if (const auto* color = std::get_if<RGBAColor>(&fill)) return *color;
-    if (const auto* gradient = std::get_if<LinearGradient>(&fill)) return *gradient;
-    return {};
+    return std::visit(Overloaded{
+                          [](const RGBAColor& color) -> Paint { return color; },
+                          [](const LinearGradient& gradient) -> Paint { return gradient; },
+                          [](const BackgroundImage&) -> Paint { return {}; },
+                      },
+        fill);
 }
 
 RGBAColor over(const RGBAColor& color, const RGBAColor& ground) {

@@ -1,4 +1,5 @@
 // Colour, pixel by pixel. Steps on one input are fused: each row passes through all of them.
+#include "TavixBase/Overloaded.h"
 #include "TavixPlatform/Imaging/Nodes/Nodes.h"
 
 #include <algorithm>
@@ -13,30 +14,42 @@ void addTo(Structure& structure, const ColorStep& step) {
     const auto all = [&](const float* values, std::size_t count) {
         for (std::size_t i = 0; i < count; ++i) structure.add(double(values[i]));
     };
-    if (const auto* m = std::get_if<MatrixRows>(&step)) {
-        for (const float* row : {m->r, m->g, m->b, m->a}) all(row, 4);
-    } else if (const auto* c = std::get_if<ControlValues>(&step)) {
-        structure.add(double(c->brightness)).add(double(c->contrast)).add(double(c->saturation));
-    } else if (const auto* t = std::get_if<Monochrome>(&step)) {
-        all(t->color, 3);
-        structure.add(double(t->intensity));
-    } else if (const auto* p = std::get_if<ColorPair>(&step)) {
-        all(p->dark, 4);
-        all(p->light, 4);
-    } else if (const auto* v = std::get_if<Vignette>(&step)) {
-        structure.add(v->center.x)
-            .add(v->center.y)
-            .add(v->halfDiagonalPx)
-            .add(double(v->intensity))
-            .add(double(v->radius));
-    }
+    std::visit(Overloaded{
+                   [&](const MatrixRows& m) {
+                       for (const float* row : {m.r, m.g, m.b, m.a}) all(row, 4);
+                   },
+                   [&](const ControlValues& c) {
+                       structure.add(double(c.brightness)).add(double(c.contrast)).add(double(c.saturation));
+                   },
+                   [&](const Monochrome& t) {
+                       all(t.color, 3);
+                       structure.add(double(t.intensity));
+                   },
+                   [&](const ColorPair& p) {
+                       all(p.dark, 4);
+                       all(p.light, 4);
+                   },
+                   [&](const Vignette& v) {
+                       structure.add(v.center.x)
+                           .add(v.center.y)
+                           .add(v.halfDiagonalPx)
+                           .add(double(v.intensity))
+                           .add(double(v.radius));
+                   },
+               },
+        step);
 }
 
 bool keepsOpaque(const ColorStep& step) {
-    if (const auto* m = std::get_if<MatrixRows>(&step))
-        return m->a[0] == 0 && m->a[1] == 0 && m->a[2] == 0 && m->a[3] >= 1;
-    if (const auto* p = std::get_if<ColorPair>(&step)) return p->dark[3] >= 1 && p->light[3] >= 1;
-    return true;
+    return std::visit(
+        Overloaded{
+            [](const MatrixRows& m) { return m.a[0] == 0 && m.a[1] == 0 && m.a[2] == 0 && m.a[3] >= 1; },
+            [](const ColorPair& p) { return p.dark[3] >= 1 && p.light[3] >= 1; },
+            [](const ControlValues&) { return true; },
+            [](const Monochrome&) { return true; },
+            [](const Vignette&) { return true; },
+        },
+        step);
 }
 
 class ColoredNode final : public Node {
@@ -83,18 +96,18 @@ public:
         for (int y = tile.region.y0; y < tile.region.y1; ++y) {
             const FloatRow row = tile.row(y);
             for (const ColorStep& step : steps_) {
-                if (const auto* m = std::get_if<MatrixRows>(&step))
-                    kernels().colorMatrix(row, *m, count);
-                else if (const auto* c = std::get_if<ControlValues>(&step))
-                    kernels().colorControls(row, *c, count);
-                else if (const auto* t = std::get_if<Monochrome>(&step))
-                    kernels().monochrome(row, t->color, t->intensity, count);
-                else if (const auto* p = std::get_if<ColorPair>(&step))
-                    kernels().falseColor(row, *p, count);
-                else if (const auto* v = std::get_if<Vignette>(&step)) {
-                    vignetteGains(gains, *v, tile.region.x0, y, count);
-                    kernels().gain(row, gains, count);
-                }
+                std::visit(
+                    Overloaded{
+                        [&](const MatrixRows& m) { kernels().colorMatrix(row, m, count); },
+                        [&](const ControlValues& c) { kernels().colorControls(row, c, count); },
+                        [&](const Monochrome& t) { kernels().monochrome(row, t.color, t.intensity, count); },
+                        [&](const ColorPair& p) { kernels().falseColor(row, p, count); },
+                        [&](const Vignette& v) {
+                            vignetteGains(gains, v, tile.region.x0, y, count);
+                            kernels().gain(row, gains, count);
+                        },
+                    },
+                    step);
             }
         }
     }
