@@ -1,11 +1,11 @@
 #include "TavixBase/NearestWord.h"
 #include "TavixCore/Document/SFXCatalog.h"
+#include "TavixCore/Judge/BeatCuts.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Judge/LintRules.h"
 #include "TavixCore/Support/Names.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace tavix::CompositionLint {
 namespace {
@@ -66,22 +66,16 @@ void checkTotalLength(const CompositionTimeline& timeline, LintReport& report) {
 }
 
 void checkCutsOnBeat(const CompositionSpec& spec, const CompositionTimeline& timeline, LintReport& report) {
-    if (!spec.audio || !spec.audio->music) return;
-    const MusicBed& music = *spec.audio->music;
-    if (!(music.bpm > 0)) return;
-    const double beatSec = 60 / std::max(*music.bpm, 1.0);
-    const double offsetSec = music.firstBeatSec - music.startAtSec;
     const KeyPath root, scenesAt(root, "scenes");
     for (std::size_t i = 1; i < spec.scenes.size(); ++i) {
-        const double startSec = timeline.startSec[i];
-        const double nearestSec = offsetSec + beatSec * std::floor((startSec - offsetSec) / beatSec + 0.5);
-        const double offSec = std::abs(startSec - nearestSec);
-        if (!(offSec > onBeatSec)) continue;
+        const auto cut = beatCut(spec, timeline, i);
+        if (!cut || !(cut->offSec() > onBeatSec)) continue;
         report.tell(Rule::cutOffBeat, KeyPath(scenesAt, i),
             worded("{} starts at {}s — {}s off the beat grid (nearest beat {}s at {} BPM).",
-                {spec.scenes[i].displayName(i), startSec, offSec, nearestSec, *music.bpm}),
+                {spec.scenes[i].displayName(i), cut->startSec, cut->offSec(), cut->nearestSec,
+                    *spec.audio->music->bpm}),
             worded("Set scenes[{}].durationSec to {} (or use durationBeats) to land the cut on the beat.",
-                {std::to_string(i - 1), spec.scenes[i - 1].durationSec + nearestSec - startSec}));
+                {std::to_string(i - 1), cut->rightLengthSec}));
     }
 }
 
