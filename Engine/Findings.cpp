@@ -99,14 +99,17 @@ std::string linesOf(std::span<const Finding> findings) {
 
 CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal) {
     try {
-        DocumentFile document = openDocument(given);
-        const auto muted = mutedBy(document.spec, checks);
-        return CompositionLint::told(judged(document, checks, terminal), muted);
+        return findingsIn(openDocument(given), checks, terminal);
     } catch (const DocumentError& error) {
         return {
             {CompositionLint::findingOf(CompositionLint::Rule::unreadable, error.path(), error.message())},
             {}};
     }
+}
+
+CompositionLint::Told findingsIn(DocumentFile document, const Checks& checks, Terminal& terminal) {
+    const auto muted = mutedBy(document.spec, checks);
+    return CompositionLint::told(judged(document, checks, terminal), muted);
 }
 
 void report(const CompositionLint::Told& told, Terminal& terminal) {

@@ -27,6 +27,8 @@ struct Checks {
 // Of a document on the disk. One that cannot be read has one finding, and no others can be made; `Failure`
 // when there is nothing to read.
 CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal);
+// Of one that is open.
+CompositionLint::Told findingsIn(DocumentFile document, const Checks& checks, Terminal& terminal);
 // As the result of the command; how many are muted goes to standard error. Throws `ErrorsTold` when there are
 // errors among those that are told.
 void report(const CompositionLint::Told& told, Terminal& terminal);

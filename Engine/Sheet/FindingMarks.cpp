@@ -1,5 +1,6 @@
 #include "Engine/Sheet/FindingMarks.h"
 
+#include "Engine/DocumentFile.h"
 #include "Engine/Sheet/LayerBox.h"
 
 #include <charconv>
@@ -39,22 +40,36 @@ FindingPlace placeOf(std::string_view path) {
     return place;
 }
 
-std::vector<FindingMark> marksAt(double globalSec, std::span<const CompositionLint::Finding> findings,
-    ResolvedComposition& composition, imaging::Evaluator& evaluator) {
-    const std::map<std::size_t, double> shown = scenesAt(composition.timeline(), globalSec);
+FindingMarks::FindingMarks(std::span<const CompositionLint::Finding> findings, const DocumentFile& document,
+    ResolvedComposition& composition, imaging::Evaluator& evaluator)
+    : findings_(findings), composition_(composition), evaluator_(evaluator), assets_(document.assetRoot),
+      geometry_(document.spec, assets_) {}
+
+std::vector<FindingMark> FindingMarks::at(double globalSec) {
+    const std::map<std::size_t, double> shown = scenesAt(composition_.timeline(), globalSec);
     std::vector<FindingMark> marks;
-    for (std::size_t i = 0; i < findings.size(); ++i) {
-        const FindingPlace place = placeOf(findings[i].path);
+    for (std::size_t i = 0; i < findings_.size(); ++i) {
+        const FindingPlace place = placeOf(findings_[i].path);
         const auto scene = place.scene ? shown.find(*place.scene) : shown.end();
         if (scene == shown.end()) continue;
-        FindingMark mark{static_cast<int>(i) + 1, findings[i].level == CompositionLint::Level::error, {}};
-        if (place.layer) {
-            mark.box = layerBox(composition, scene->first, *place.layer, scene->second, evaluator);
-            if (!mark.box) continue;
-        }
-        marks.push_back(std::move(mark));
+        if (auto mark = markOf(i, place, scene->second)) marks.push_back(std::move(*mark));
     }
     return marks;
+}
+
+// Nothing while the layer waits or has gone; one that never has its time is marked in the corner.
+std::optional<FindingMark> FindingMarks::markOf(
+    std::size_t finding, const FindingPlace& place, double localSec) {
+    FindingMark mark{
+        static_cast<int>(finding) + 1, findings_[finding].level == CompositionLint::Level::error, {}};
+    if (!place.layer) return mark;
+    const LayerTime time = layerTime(composition_, *place.scene, *place.layer, localSec);
+    if (time == LayerTime::other) return std::nullopt;
+    if (time == LayerTime::now)
+        mark.box = layerBox(composition_, *place.scene, *place.layer, localSec, evaluator_);
+    if (time == LayerTime::now && !mark.box)
+        mark.box = unseenBox(geometry_, *place.scene, *place.layer, localSec);
+    return mark;
 }
 
 }   // namespace tavix::engine

@@ -4,6 +4,7 @@
 #include "TavixCore/Findings/CompositionFinding.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Judge/FrameGeometry.h"
 
 #include <cstddef>
 #include <optional>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace tavix::engine {
+
+struct DocumentFile;
 
 // What a finding is about: a layer of a scene, a scene, or neither, which is the document.
 struct FindingPlace {
@@ -26,8 +29,24 @@ struct FindingMark {
     std::optional<imaging::Rect> box;   // in pixels of the canvas, y up
 };
 
-// Of the findings about what a moment of the film shows.
-std::vector<FindingMark> marksAt(double globalSec, std::span<const CompositionLint::Finding> findings,
-    ResolvedComposition& composition, imaging::Evaluator& evaluator);
+// Knows where the layers of a document stand, also those that nothing is seen of.
+class FindingMarks {
+public:
+    // All of these outlive it; the times of the document are in seconds.
+    FindingMarks(std::span<const CompositionLint::Finding> findings, const DocumentFile& document,
+        ResolvedComposition& composition, imaging::Evaluator& evaluator);
+
+    // Of the findings about what a moment of the film shows.
+    std::vector<FindingMark> at(double globalSec);
+
+private:
+    std::optional<FindingMark> markOf(std::size_t finding, const FindingPlace& place, double localSec);
+
+    std::span<const CompositionLint::Finding> findings_;
+    ResolvedComposition& composition_;
+    imaging::Evaluator& evaluator_;
+    FilmAssets assets_;
+    CompositionGeometry geometry_;
+};
 
 }   // namespace tavix::engine

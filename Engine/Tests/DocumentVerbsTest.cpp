@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <set>
+
 namespace tavix::engine::testing {
 
 namespace {
@@ -11,12 +14,70 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
+std::string firstPicture(const std::filesystem::path& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == ".png" || entry.path().extension() == ".jpg")
+            names.insert(entry.path().filename().string());
+    return *names.begin();
+}
+
 TEST_F(EngineTest, ResolvingTwiceIsResolvingOnce) {
     const Outcome once =
         tavix({"resolve", testsupport::inSourceTree("Examples/first-light.tavixcomp").string()});
     ASSERT_EQ(once.status, 0) << once.err;
     write("once.json", once.out);
     EXPECT_EQ(tavix({"resolve", "once.json"}).out, once.out);
+}
+
+// Wherever it is put, what is printed is the same film.
+TEST_F(EngineTest, WhatIsResolvedIsReadAgainAndDrawnTheSame) {
+    json({"new", "made/phone.tavixcomp", "--template", "phone-hero", "--json"});
+    json({"new", "made/beat.tavixcomp", "--template", "on-the-beat", "--json"});
+    json({"new", "made/hello.tavixcomp", "--json"});
+    write("made/loose.json", R"({"assetRoot": "phone.tavixcomp", "output": {"widthPx": 480, "heightPx": 360},
+        "scenes": [{"durationSec": 3, "layers": [{"kind": "device", "device": {"screen": {"path": "assets/)" +
+                                 firstPicture(at("made/phone.tavixcomp/assets")) +
+                                 R"("}, "choreographyPreset": {"preset": "splitFocus"}}}]}]})");
+    for (const char* const name : {"phone.tavixcomp", "beat.tavixcomp", "hello.tavixcomp", "loose.json"}) {
+        SCOPED_TRACE(name);
+        const std::string given = std::string("made/") + name;
+        const Outcome resolved = tavix({"resolve", given});
+        ASSERT_EQ(resolved.status, 0) << resolved.err;
+        write("elsewhere/again.json", resolved.out);
+        const Outcome again = tavix({"lint", "elsewhere/again.json"});
+        EXPECT_EQ(again.status, 0) << again.out << again.err;
+        EXPECT_EQ(tavix({"resolve", "elsewhere/again.json"}).out, resolved.out);
+        EXPECT_EQ(tavix({"still", given, "--at", "1.4", "-o", "one.png"}).status, 0);
+        EXPECT_EQ(tavix({"still", "elsewhere/again.json", "--at", "1.4", "-o", "two.png"}).status, 0);
+        EXPECT_EQ(readBytes(at("one.png")), readBytes(at("two.png")));
+    }
+}
+
+// The reference says how much is too much.
+TEST_F(EngineTest, TheReferenceTellsTheLimitsThatAreHeld) {
+    const std::string page = tavix({"schema", "--markdown"}).out;
+    const auto effects = [](int count, const std::string& kind) {
+        std::string list;
+        for (int i = 0; i < count; ++i) list += (i ? ", {\"kind\": \"" : "{\"kind\": \"") + kind + "\"}";
+        return R"({"kind": "shape", "effects": [)" + list + "]}";
+    };
+    const auto text = [](int letters) {
+        return R"({"kind": "text", "text": {"text": ")" + std::string(std::size_t(letters), 'x') + "\"}}";
+    };
+    const struct {
+        std::string allowed, refused;
+        const char* told;
+    } limits[] = {{effects(32, "tint"), effects(33, "tint"), "At most 32,"},
+        {effects(4, "chromaticAberration"), effects(5, "chromaticAberration"), "at most 4 chromaticAberration"},
+        {text(20'000), text(20'001), "At most 20,000 characters"}};
+    for (const auto& limit : limits) {
+        EXPECT_THAT(page, HasSubstr(limit.told));
+        for (const std::string* layer : {&limit.allowed, &limit.refused}) {
+            write("film.json", R"({"scenes": [{"durationSec": 1, "layers": [)" + *layer + "]}]}");
+            EXPECT_EQ(tavix({"resolve", "film.json"}).status, layer == &limit.refused) << limit.told;
+        }
+    }
 }
 
 TEST_F(EngineTest, NewDocumentsRender) {

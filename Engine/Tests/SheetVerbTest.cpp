@@ -134,6 +134,36 @@ TEST_F(Sheets, DrawFindingsAtTheirLayers) {
     EXPECT_TRUE(extentOf(media::loadStillImage(at("film-sheet.png")), isRed).isEmpty());
 }
 
+// What no pixel shows is drawn where it stands, at the edge of the frame; what a scene is found wrong with,
+// in the corner.
+TEST_F(Sheets, DrawFindingsOfWhatIsNotSeen) {
+    write("film.json", R"({"output": {"widthPx": 400, "heightPx": 400, "fps": 30},
+        "background": {"kind": "solid", "color": {"r": 0, "g": 0.6, "b": 0, "a": 1}},
+        "scenes": [{"durationSec": 2, "layers": [{"kind": "shape", "position": {"x": 700, "y": 300},
+            "shape": {"widthFraction": 0.25, "heightFraction": 0.25}}]}]})");
+    const std::vector<std::string> words{
+        "sheet", "film.json", "--from", "1", "--to", "1", "--width", "800", "--json"};
+    const imaging::Bitmap plain = (json(words), media::loadStillImage(at("film-sheet.png")));
+    std::vector<std::string> annotated = words;
+    annotated.push_back("--annotate");
+    const Json sheet = json(annotated);
+    std::vector<std::string> codes;
+    for (const Json& finding : *sheet.find("findings")->array())
+        codes.push_back(*finding.find("code")->text());
+    EXPECT_THAT(codes, ::testing::Contains("never-visible"));
+    const Json linted = parseJson(tavix({"lint", "film.json", "--json"}).out);
+    EXPECT_EQ(*sheet.find("findings"), linted) << "all that lint tells";
+
+    const Extent cell = extentOf(plain, [](int r, int g, int b) { return r < 20 && g > 130 && b < 20; });
+    const Extent box = extentOf(
+        media::loadStillImage(at("film-sheet.png")),
+        [](int r, int g, int b) { return r > 235 && g > 180 && g < 210 && b > 50 && b < 90; }, cell.y1);
+    ASSERT_FALSE(box.isEmpty());
+    const double side = cell.x1 - cell.x0;
+    EXPECT_NEAR(box.x1, cell.x1, 0.02 * side) << "at the right edge, where the layer is outside";
+    EXPECT_NEAR(box.y1, cell.y0 + (300 + 50) / 400.0 * side, 0.02 * side);
+}
+
 // One box around all that a formation became.
 TEST_F(Sheets, DrawAFindingOfAFormationOnce) {
     write(
@@ -144,7 +174,7 @@ TEST_F(Sheets, DrawAFindingOfAFormationOnce) {
     int errors = 0;
     for (const Json& finding : *sheet.find("findings")->array())
         errors += *finding.find("level") == Json("error");
-    EXPECT_EQ(errors, 1);
+    EXPECT_EQ(errors, 2) << "the effect, and the picture that is not there";
     const Extent red = extentOf(media::loadStillImage(at("film-sheet.png")),
         [](int r, int g, int b) { return r > 235 && g > 70 && g < 110 && b > 70 && b < 110; });
     EXPECT_FALSE(red.isEmpty());

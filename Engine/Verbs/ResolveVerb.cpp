@@ -17,7 +17,9 @@ void ResolveVerb::declare(Arguments& arguments, Terminal&) {
 
 void ResolveVerb::run(Terminal& terminal) {
     const DocumentFile document = openDocument(document_);
-    const CompositionResolution resolution = CompositionRoad::resolve(document.spec, document.assetRoot);
+    CompositionResolution resolution = CompositionRoad::resolve(document.spec, document.assetRoot);
+    // What is printed has no place of its own that the paths of its files could hang from.
+    resolution.spec.assetRoot = document.assetRoot.string();
     tellFindings(resolution.findings, terminal);
     terminal.result(encodedJson(resolution.spec) + "\n");
     if (hasErrors(resolution.findings)) throw ErrorsTold();

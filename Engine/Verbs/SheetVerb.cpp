@@ -11,8 +11,6 @@
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Findings/AuthoredPath.h"
-#include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
@@ -75,6 +73,8 @@ std::vector<SheetMoment> SheetVerb::moments(const CompositionSpec& spec) const {
 void SheetVerb::run(Terminal& terminal) {
     const Interruption interruption;
     DocumentFile document = openDocument(document_);
+    const CompositionLint::Told told =
+        isAnnotated_ ? findingsIn(document, {.lint = true}, terminal) : CompositionLint::Told();
     resolveTimes(document);
     requireRenderable(document);
     const std::filesystem::path target = outputPath(output_, document.name + "-sheet", ".png");
@@ -83,9 +83,7 @@ void SheetVerb::run(Terminal& terminal) {
     const std::vector<SheetMoment> shown = moments(document.spec);
     const SheetLayout layout =
         sheetLayout(canvasSize(document.spec), static_cast<int>(shown.size()), columns_, widthPx_);
-    const std::vector<CompositionLint::Finding> findings =
-        isAnnotated_ ? CompositionLint::atAuthoredPaths(CompositionLint::lint(document.spec), document.spec)
-                     : std::vector<CompositionLint::Finding>();
+    if (const std::string note = told.mutedNote(); !note.empty()) terminal.warn("muted", note);
     requireNoAsset(target, document);
     const SystemWatch::Task task("to draw the sheet");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
@@ -93,19 +91,20 @@ void SheetVerb::run(Terminal& terminal) {
         Composition3DRendererPool stages;
         ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, terminal.log(), &stages);
         SheetPainter painter(layout, evaluator);
+        FindingMarks marks(told.findings, document, resolved, evaluator);
         for (std::size_t i = 0; i < shown.size(); ++i) {
             interruption.check();
             terminal.progress(double(i) / double(shown.size()));
             const double atSec = document.spec.output.fps.secAt(shown[i].frame);
             painter.put(resolved.frame(atSec), canvasSize(document.spec), atSec, shown[i].kind);
-            painter.mark(marksAt(atSec, findings, resolved, evaluator), canvasSize(document.spec));
+            painter.mark(marks.at(atSec), canvasSize(document.spec));
         }
-        if (isAnnotated_) painter.add(sheetLegend(findings, layout.sheet.width, layout.marginPx));
+        if (isAnnotated_) painter.add(sheetLegend(told.findings, layout.sheet.width, layout.marginPx));
         media::writePng(unfinished, painter.draw().view());
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.report(resultOf(document.spec, target, layout, shown, findings));
+        terminal.report(resultOf(document.spec, target, layout, shown, told.findings));
 }
 
 }   // namespace tavix::engine

@@ -1,5 +1,6 @@
-// Which layers of a scene are devices of one formation. A formation leaves no name behind when it is read,
-// but its layers stand together and bear ids that it gave them: "hero-fan-0", "hero-fan-1", ...
+// Which layers of a scene are devices of one formation. A layer that reading made of a formation knows it; in
+// a document that was written after that, the layers still stand together in their order, under the ids that
+// the formation gave them: "hero-fan-0", "hero-fan-1", ...
 #pragma once
 
 #include "TavixCore/Document/CompositionScene.h"

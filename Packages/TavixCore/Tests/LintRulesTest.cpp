@@ -225,6 +225,23 @@ TEST(FormationMembers, StandTogetherUnderIdsThatFormationsGive) {
     EXPECT_THAT(membersOf({"fan-0", "", "fan-1"}), ElementsAre(no, no, no));
     EXPECT_THAT(membersOf({"burst-phone", "burst-card-0", "burst-card-1"}), ElementsAre(0, 0, 0));
     EXPECT_THAT(membersOf({"elephant-fan", "fan-", "turbofan-0", "turbofan-1"}), ElementsAre(no, no, no, no));
+    EXPECT_THAT(membersOf({"fan-0", "fan-1", "fan-0", "fan-1"}), ElementsAre(0, 0, 2, 2)) << "two of a kind";
+    EXPECT_THAT(membersOf({"fan-3", "fan-1", "fan-9"}), ElementsAre(no, no, no)) << "not as formations count";
+}
+
+// Whatever the ids say: the layers of the document know what they were made of.
+TEST(FormationMembers, KnowTheFormationThatTheyWereMadeOf) {
+    const auto membersOf = [](const std::string& layers) {
+        const auto spec = decodeJson<CompositionSpec>(documentOf(layers));
+        return formationOfEachLayer(spec.scenes[0]);
+    };
+    const std::string split =
+        device(R"("choreographyPreset": {"preset": "splitFocus", "params": {"count": 2}})");
+    const auto handMade = [](const std::string& id) { return R"({"id": ")" + id + R"(", "kind": "shape"})"; };
+    constexpr std::size_t no = noFormation;
+    EXPECT_THAT(membersOf(split + ", " + split), ElementsAre(0, 0, 2, 2)) << "two formations, side by side";
+    EXPECT_THAT(
+        membersOf(split + ", " + handMade("split-2") + ", " + handMade("x")), ElementsAre(0, 0, no, no));
 }
 
 }   // namespace
