@@ -3,6 +3,7 @@
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
 #include "Engine/FindingForms.h"
+#include "Engine/Interruption.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
@@ -142,6 +143,9 @@ int runCommand(std::span<const std::string> words) {
     } catch (const UsageError& error) {
         return endWith(terminal, ExitStatus::wrongUse, "wrong-use", error);
     } catch (const Interrupted& error) {
+        return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), "interrupted", error);
+    } catch (const imaging::WorkStopped&) {
+        const Interrupted error(Interruption::lastSignal());
         return endWith(terminal, ExitStatus::stoppedBySignal + error.signal(), "interrupted", error);
     } catch (const std::exception& error) {
         return endWith(terminal, ExitStatus::inputOrOutputFailed, "failed", error);

@@ -17,7 +17,7 @@ namespace tavix::engine {
 
 namespace {
 
-// Every loop of ours looks for the request ten times a second or more often; a frame may take longer to end.
+// Loops look for the request many times in this; what a library is busy with may take longer to end.
 constexpr int patienceMs = 400;
 
 [[noreturn]] void endProgram(int signal) {
@@ -28,7 +28,10 @@ constexpr int patienceMs = 400;
 
 }   // namespace
 
-Interruption::Interruption() : wakeUp_(::eventfd(0, EFD_CLOEXEC)) {
+std::atomic<int> Interruption::signal_ = 0;
+
+Interruption::Interruption() : scope_(source_.get_token()), wakeUp_(::eventfd(0, EFD_CLOEXEC)) {
+    signal_ = 0;
     sigset_t signals;
     sigemptyset(&signals);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, signal);

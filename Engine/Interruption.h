@@ -1,6 +1,8 @@
 // Turns the signals that end a program into a request to stop, so that long work can clean up behind itself.
 #pragma once
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <atomic>
 #include <csignal>
 #include <stop_token>
@@ -8,9 +10,10 @@
 
 namespace tavix::engine {
 
-// Made before the first thread of the work, so that all of them leave the signals alone. Work that does not
-// stop soon after a signal, as in the midst of a call to a library, is ended with the program, and what it
-// has not finished is removed; a second signal does that at once.
+// Made before the first thread of the work, so that all of them leave the signals alone. While it lives, the
+// loops of the thread that made it end in `imaging::WorkStopped` soon after a signal, and that ends the
+// command as `Interrupted` does. Work in the midst of a long call to a library is ended with the program, and
+// what it has not finished is removed; a second signal does that at once.
 class Interruption {
 public:
     Interruption();   // throws std::system_error when the system gives no thread for it
@@ -21,13 +24,17 @@ public:
     std::stop_token token() const { return source_.get_token(); }
     // Throws `Interrupted` once a signal has come.
     void check() const;
+    // The signal that the program was last asked to stop with; 0 for none.
+    static int lastSignal() { return signal_; }
 
 private:
     void watch(int signals);
     void take(int signal);
 
+    static std::atomic<int> signal_;   // the program has one, and who ends it asks when all else is gone
+
     std::stop_source source_;
-    std::atomic<int> signal_ = 0;
+    imaging::StopScope scope_;
     sigset_t before_ = {};
     int wakeUp_ = -1;   // an event that ends the watching thread
     std::thread watcher_;

@@ -5,12 +5,14 @@
 #include "TavixCore/Support/UnfinishedFolders.h"
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <fcntl.h>
 #include <malloc.h>
 #include <string_view>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tavix::engine {
@@ -26,9 +28,19 @@ void keepStandardStreams() {
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
+// What ends one thread, as a lack of memory, mostly ends several at once: the first one says so for all.
+void waitForOtherThreads() {
+    static std::atomic<pid_t> ending = 0;
+    const pid_t self = static_cast<pid_t>(::syscall(SYS_gettid));
+    pid_t first = 0;
+    if (ending.compare_exchange_strong(first, self) || first == self) return;
+    for (;;) ::pause();
+}
+
 // Libraries end the program where they cannot go on, mostly because memory is at its end. In the handler of a
 // signal only plain system calls are safe.
 void endOnFault(int signal) {
+    waitForOtherThreads();
     UnfinishedFolders::removeAll();
     if (SystemWatch::hasRefused()) {
         SystemWatch::writeSentence(STDERR_FILENO);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
@@ -79,14 +80,42 @@ static int notedThread(int error) noexcept {
     return error;
 }
 
+struct ThreadStart {
+    void* (*function)(void*);
+    void* argument;
+};
+
+// Without memory, libraries that report so may call themselves until the thread's stack is full, which leaves
+// no room for the handler of the fault. It gets some that stays its own to the very end of the thread: what
+// runs there once this has returned may lie over it, but the handler never goes back to that.
+static void* startThread(void* given) {
+    const ThreadStart start = *static_cast<ThreadStart*>(given);
+    std::free(given);
+    alignas(16) char room[1 << 15];
+    const stack_t stack{room, 0, sizeof room};
+    ::sigaltstack(&stack, nullptr);
+    return start.function(start.argument);
+}
+
+// Threads with a small stack have nothing to spare.
+static bool hasLargeStack(const pthread_attr_t* attributes) noexcept {
+    constexpr std::size_t leastBytes = 1 << 18;
+    std::size_t bytes = leastBytes;
+    if (attributes) ::pthread_attr_getstacksize(attributes, &bytes);
+    return bytes >= leastBytes;
+}
+
 }   // namespace tavix::engine::SystemWatch
 
 // The C library lets a program put its own functions in the place of these (glibc manual, "Replacing
 // malloc"), and all other libraries then call them. The sanitizers have replaced them already.
 #if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
+using tavix::engine::SystemWatch::hasLargeStack;
 using tavix::engine::SystemWatch::noted;
 using tavix::engine::SystemWatch::notedThread;
+using tavix::engine::SystemWatch::startThread;
+using tavix::engine::SystemWatch::ThreadStart;
 
 extern "C" {
 
@@ -119,7 +148,13 @@ int pthread_create(
     pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*), void* argument) noexcept {
     static const auto real =
         reinterpret_cast<decltype(&pthread_create)>(::dlsym(RTLD_NEXT, "pthread_create"));
-    return notedThread(real(thread, attributes, start, argument));
+    if (!hasLargeStack(attributes)) return notedThread(real(thread, attributes, start, argument));
+    auto* given = static_cast<ThreadStart*>(malloc(sizeof(ThreadStart)));
+    if (given == nullptr) return EAGAIN;
+    *given = {start, argument};
+    const int error = real(thread, attributes, startThread, given);
+    if (error != 0) std::free(given);
+    return notedThread(error);
 }
 }
 

@@ -238,21 +238,47 @@ def started(folder, words, until):
 
 
 def case_signals(folder):
-    (folder / "film.mp4").write_bytes(b"the older one")
-    for document in ("long.json", "heavy.json"):
-        for number in (signal.SIGTERM, signal.SIGINT):
-            name = f"signals {document} {number.name}"
-            process = started(folder, ["render", "--no-lint", document, "-o", "film.mp4"], lambda: hidden(folder))
-            time.sleep(0.5)
+    """However the work is made of: a signal ends it between two tiles, lines or pictures."""
+    for name, words, output in endless_works(folder):
+        if output:
+            (folder / output).write_bytes(b"the older one")
+        waits = []
+        for number, after_s in zip((signal.SIGTERM, signal.SIGINT) * 3, (0, 0.05, 0.2, 0.5, 1, 1.5)):
+            case = f"signals {name} {number.name} after {after_s} s"
+            process = started(folder, words, lambda: hidden(folder) or not output)
+            time.sleep(after_s if output else after_s + 0.3)
             begin = time.monotonic()
             process.send_signal(number)
             _, err = process.communicate(timeout=TIMEOUT_S)
-            print(f"  {name}: ended after {time.monotonic() - begin:.2f} s", flush=True)
-            check(name, process.returncode == 128 + number, f"status {process.returncode}")
-            check(name, time.monotonic() - begin < 5, "does not end soon")
-            check(name, err.decode().endswith("tavix: Stopped; nothing was written.\n"), err.decode())
-            check(name, not hidden(folder), f"left {hidden(folder)}")
-            check(name, (folder / "film.mp4").read_bytes() == b"the older one", "the older output is gone")
+            waits.append(time.monotonic() - begin)
+            check(case, process.returncode == 128 + number, f"status {process.returncode}")
+            check(case, waits[-1] < 5, "does not end soon")
+            check(case, err.decode().endswith("tavix: Stopped; nothing was written.\n"), err.decode())
+            check(case, not hidden(folder), f"left {hidden(folder)}")
+            if output:
+                check(case, (folder / output).read_bytes() == b"the older one", "the older output is gone")
+        print(f"  {name}: ended after {' '.join(f'{wait:.2f}' for wait in waits)} s", flush=True)
+
+
+def endless_works(folder):
+    film = json.loads((folder / "long.json").read_text())
+    del film["audio"]
+    film["output"] = {"widthPx": 2160, "heightPx": 3840, "fps": 30}
+    scene = film["scenes"][0]
+    scene["layers"] = [{"kind": "text", "position": {"x": 1080, "y": 1920}, "text": {
+        "text": "so many words " * 1400, "sizeFraction": 0.01, "kinetic": {"preset": "char-cascade"}}}] * 8
+    (folder / "prose.json").write_text(json.dumps(film))
+    scene["layers"] = [{"kind": "device", "device": {
+        "screen": {"kind": "video", "path": "clip.mp4"}, "choreographyPreset": {"preset": "depthWave"}}}]
+    (folder / "space.json").write_text(json.dumps(film))
+    film["output"] = {"widthPx": 640, "heightPx": 360, "fps": 30}
+    (folder / "watched.json").write_text(json.dumps(film))
+    for document in ("long", "heavy", "prose", "space"):
+        yield f"render {document}", ["render", "--no-lint", f"{document}.json", "-o", "film.mp4"], "film.mp4"
+    yield "render long.gif", ["render", "--no-lint", "long.json", "-o", "film.gif"], "film.gif"
+    yield "still heavy", ["still", "heavy.json", "--at", "30", "-o", "still.png"], "still.png"
+    yield "sheet space", ["sheet", "space.json", "-o", "sheet.png"], "sheet.png"
+    yield "lint watched", ["lint", "--frames", "watched.json"], None
 
 
 def case_together(folder):

@@ -1,5 +1,7 @@
 #include "TavixPlatform/Imaging/ParallelLoop.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <algorithm>
 
 #ifdef __SANITIZE_THREAD__
@@ -71,10 +73,16 @@ ParallelLoop::ParallelLoop(int threadCount) : threads_(std::make_unique<Threads>
 ParallelLoop::~ParallelLoop() = default;
 
 void ParallelLoop::run(int count, const std::function<void(int)>& turn) {
-    if (count == 1)
-        turn(0);
-    else if (count > 1)
-        threads_->run(count, turn);
+    checkStop();
+    if (count == 1) return turn(0);
+    if (count < 1) return;
+    const std::stop_token stop = StopScope::current();
+    if (!stop.stop_possible()) return threads_->run(count, turn);
+    threads_->run(count, [&](int i) {
+        const StopScope scope(stop);
+        checkStop();
+        turn(i);
+    });
 }
 
 }   // namespace tavix::imaging

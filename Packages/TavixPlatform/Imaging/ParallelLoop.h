@@ -14,7 +14,8 @@ public:
     ~ParallelLoop();
 
     // Runs turn(i) for i in 0 ... count - 1, in any order, and returns when all are done. What a turn throws
-    // is thrown here; which turns still run then is left open.
+    // is thrown here; which turns still run then is left open. The scope of stopping of the thread that
+    // calls holds in all turns, and before each one it is looked at.
     void run(int count, const std::function<void(int)>& turn);
 
 private:

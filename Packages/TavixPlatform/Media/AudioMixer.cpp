@@ -1,5 +1,6 @@
 #include "TavixPlatform/Media/AudioMixer.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Media/PeakLimiter.h"
 
@@ -144,6 +145,7 @@ private:
     std::size_t channels() const { return static_cast<std::size_t>(timeline_.format.channels); }
 
     void mix(std::span<float> out) {
+        imaging::checkStop();
         std::fill(out.begin(), out.end(), 0.0F);
         const auto left = static_cast<std::size_t>(timeline_.frames - mixed_) * channels();
         const std::span<float> heard = out.first(std::min(out.size(), left));

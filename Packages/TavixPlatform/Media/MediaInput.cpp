@@ -1,5 +1,6 @@
 #include "TavixPlatform/Media/MediaInput.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/MediaFault.h"
 #include "TavixPlatform/Media/PlainFile.h"
 #include "TavixPlatform/Media/VideoFile.h"
@@ -167,6 +168,7 @@ void MediaInput::select(const AVStream& track) {
 
 bool MediaInput::read(AVPacket& packet) {
     for (int busy = 0; busy < mostBusyReads;) {
+        imaging::checkStop();
         av_packet_unref(&packet);
         const int code = av_read_frame(format_.get(), &packet);
         if (code == AVERROR(EAGAIN)) {
@@ -225,6 +227,7 @@ void TrackDecoder::feed() {
 
 bool TrackDecoder::next(AVFrame& frame) {
     for (int failuresAtEnd = 0; failuresAtEnd < mostFailuresAtEnd; failuresAtEnd += isDraining_) {
+        imaging::checkStop();
         const int code = avcodec_receive_frame(decoder_.get(), &frame);
         if (code >= 0) {
             isDamaged_ = isDamaged_ || frame.decode_error_flags != 0;

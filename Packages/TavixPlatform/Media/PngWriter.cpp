@@ -1,5 +1,7 @@
 #include "TavixPlatform/Media/StillImages.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <png.h>
 
 #include <algorithm>
@@ -59,6 +61,7 @@ public:
         std::vector<std::uint8_t> row(static_cast<std::size_t>(image.size.width) * 4);
         guarded([&] { writeHead(image.size, withAlpha); });
         for (int y = 0; y < image.size.height; ++y) {
+            imaging::checkStop();
             straightRow(image.row(y), row.data(), image.size.width, withAlpha);
             guarded([&] { png_write_row(png_, row.data()); });
         }
@@ -109,12 +112,18 @@ void writePng(const std::filesystem::path& path, const imaging::ConstBitmapView&
     const std::string failure = "Cannot write the image \"" + path.string() + "\": ";
     File file(std::fopen(path.c_str(), "wb"), &std::fclose);
     if (!file) throw MediaError(failure + std::strerror(errno) + ".");
+    const auto removeIt = [&path] {
+        std::error_code ignored;
+        if (std::filesystem::is_regular_file(path, ignored)) std::filesystem::remove(path, ignored);
+    };
     try {
         writeInto(std::move(file), image);
     } catch (const MediaError& error) {
-        std::error_code ignored;
-        if (std::filesystem::is_regular_file(path, ignored)) std::filesystem::remove(path, ignored);
+        removeIt();
         throw MediaError(failure + error.what() + ".");
+    } catch (const imaging::WorkStopped&) {
+        removeIt();
+        throw;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "TavixPlatform/Media/ReadAhead.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <utility>
 
 namespace tavix::media {
@@ -10,7 +12,10 @@ constexpr std::size_t mostReady = 3;   // more only takes memory: one decoder ke
 }   // namespace
 
 ReadAhead::ReadAhead(std::unique_ptr<VideoFrames> frames)
-    : frames_(std::move(frames)), thread_([this] { run(); }) {}
+    : frames_(std::move(frames)), thread_([this, stop = imaging::StopScope::current()] {
+          const imaging::StopScope scope(stop);
+          run();
+      }) {}
 
 ReadAhead::~ReadAhead() {
     {

@@ -1,5 +1,6 @@
 #include "TavixPlatform/Media/StillAssembly.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <cstring>
@@ -39,6 +40,7 @@ StillAssembly::StillAssembly(imaging::Size size, PixelLayout layout, ColorConver
 }
 
 void StillAssembly::put(int fromTop, const void* pixels) {
+    imaging::checkStop();
     const void* rgba = converted(pixels);
     if (layout_ == PixelLayout::rgba16)
         putWide(rowMemory(fromTop), static_cast<const std::uint16_t*>(rgba));

@@ -3,6 +3,8 @@
 #include "TavixPlatform/Scene3D/Sampling.h"
 #include "TavixPlatform/Scene3D/SceneError.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -108,6 +110,7 @@ OctahedralMap filteredMap(const std::vector<OctahedralMap>& maps, int sidePx, do
     const std::vector<LobeSample> lobe = lobeOf(roughness, sidePx >= 128 ? 40 : 96, maps.size());
     OctahedralMap result(sidePx);
     result.fill([&](Vec3 n) {
+        imaging::checkStop();
         const Vec3 side = normalized(cross(std::abs(n.y) < 0.99f ? Vec3{0, 1, 0} : Vec3{1, 0, 0}, n));
         const Vec3 other = cross(n, side);
         Vec3 sum;

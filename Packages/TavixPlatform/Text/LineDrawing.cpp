@@ -1,5 +1,6 @@
 #include "TavixPlatform/Text/LineDrawing.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Text/CoverageMask.h"
 #include "TavixPlatform/Text/GlyphShape.h"
 
@@ -69,8 +70,11 @@ public:
           mask_({region.width(), region.height()}) {}
 
     void paint() {
-        for (const PlacedGlyph& glyph : line_.glyphs)
-            if (belongs(glyph, part_.range, part_.span)) paint(glyph);
+        for (const PlacedGlyph& glyph : line_.glyphs) {
+            if (!belongs(glyph, part_.range, part_.span)) continue;
+            imaging::checkStop();
+            paint(glyph);
+        }
         flush();
     }
 

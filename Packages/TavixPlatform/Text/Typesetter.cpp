@@ -1,3 +1,4 @@
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Text/FontCore.h"
 #include "TavixPlatform/Text/LineBreaker.h"
 #include "TavixPlatform/Text/LineData.h"
@@ -89,6 +90,7 @@ public:
         firstRun_ = 0;
         const std::vector<BreakPoint> points = breakPoints();
         for (const std::size_t end : lineEnds(points, maxWidthPx)) {
+            imaging::checkStop();
             const bool isLast = end == points.size();
             result.push_back(line(begin, end,
                 isLast                       ? LineEnd::last
@@ -128,6 +130,7 @@ private:
     }
 
     Owned<PangoGlyphString> shaped(const PangoItem& item) const {
+        imaging::checkStop();
         Owned<PangoGlyphString> glyphs(pango_glyph_string_new());
         pango_shape_full(paragraph_.text.c_str() + item.offset, item.length, paragraph_.text.c_str(),
             static_cast<int>(byteCount_), &item.analysis, glyphs.get());

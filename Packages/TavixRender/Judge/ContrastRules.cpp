@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace tavix::FilmJudge {
@@ -16,8 +17,8 @@ using CompositionLint::Rule;
 using imaging::Point;
 
 constexpr double settledOpacity = 0.9;
-constexpr int samplesAcross = 9, samplesDown = 3;   // of a line
-constexpr std::size_t mostSampledLines = 12;
+constexpr int samplesAcross = 9, samplesDown = 3;   // of a line or a word
+constexpr std::size_t mostSampledBoxes = 12;        // of a colour
 // Of the samples, so many may be hard to read before the text is.
 constexpr double hardShare = 0.25;
 constexpr int mostTexts = 200;   // of one scene
@@ -37,12 +38,50 @@ RGBAColor shadowed(const RGBAColor& ground, const std::optional<TextShadow>& sha
     return PaintAt::over(cast, ground);
 }
 
-double ratioOn(const RGBAColor& under, const TextContent& text, double opacity) {
-    const RGBAColor ground = shadowed(under, text.shadow);
-    RGBAColor letters = text.color;
+// The letters of one colour, and where they are at rest.
+struct ColoredRun {
+    RGBAColor color;
+    std::optional<RGBAColor> marker;
+    std::vector<imaging::Rect> boxes;
+};
+
+double ratioOn(const RGBAColor& under, const ColoredRun& run, const TextContent& text, double opacity) {
+    const RGBAColor ground = shadowed(run.marker ? PaintAt::over(*run.marker, under) : under, text.shadow);
+    RGBAColor letters = run.color;
     letters.a *= opacity;
     return Contrast::ratio(
         Contrast::relativeLuminance(PaintAt::over(letters, ground)), Contrast::relativeLuminance(ground));
+}
+
+// Emphasised words first, so that the points of a line that are theirs are not those of its own colour.
+std::vector<ColoredRun> runsOf(const KineticTextLayout::Result& layout) {
+    std::vector<ColoredRun> runs;
+    for (const KineticTextLayout::EmphasisedInk& ink : layout.emphasised)
+        runs.push_back({ink.color, ink.marker, ink.boxes});
+    ColoredRun plain{layout.textColor, {}, {}};
+    for (const KineticTextLayout::Line& line : layout.lines) plain.boxes.push_back(line.box);
+    runs.push_back(std::move(plain));
+    return runs;
+}
+
+bool contains(const std::vector<imaging::Rect>& boxes, Point point) {
+    return std::ranges::any_of(boxes, [&](const imaging::Rect& box) {
+        return point.x >= box.x && point.x < box.maxX() && point.y >= box.y && point.y < box.maxY();
+    });
+}
+
+std::vector<Point> samplesOf(std::span<const ColoredRun> runs, std::size_t index) {
+    std::vector<Point> points;
+    const std::vector<imaging::Rect>& boxes = runs[index].boxes;
+    for (std::size_t i = 0; i < std::min(boxes.size(), mostSampledBoxes); ++i)
+        for (int n = 0; n < samplesAcross * samplesDown; ++n) {
+            const imaging::Rect& box = boxes[i];
+            const Point rest{box.x + box.width * (n % samplesAcross + 0.5) / samplesAcross,
+                box.y + box.height * (n / samplesAcross + 1.0) / (samplesDown + 1)};
+            const auto isTheirs = [&](const ColoredRun& run) { return contains(run.boxes, rest); };
+            if (!std::ranges::any_of(runs.first(index), isTheirs)) points.push_back(rest);
+        }
+    return points;
 }
 
 // A time at which the text rests, when there is one.
@@ -101,34 +140,36 @@ GroundAt paintedGround(
     };
 }
 
-std::optional<double> contrastOf(
+std::optional<TextContrast> contrastOf(
     const CompositionGeometry& geometry, const TextAtRest& text, const GroundAt& ground) {
     const CompositionGeometry::Layer& entry = geometry.layers(text.scene)[text.layer];
     const auto& content = std::get<TextContent>(entry.layer->content);
-    const std::vector<KineticTextLayout::Line>& lines = entry.content->layout()->lines;
-    std::vector<double> ratios;
-    for (std::size_t i = 0; i < std::min(lines.size(), mostSampledLines); ++i)
-        for (int n = 0; n < samplesAcross * samplesDown; ++n) {
-            const imaging::Rect& box = lines[i].box;
-            const Point rest{box.x + box.width * (n % samplesAcross + 0.5) / samplesAcross,
-                box.y + box.height * (n / samplesAcross + 1.0) / (samplesDown + 1)};
+    const std::vector<ColoredRun> runs = runsOf(*entry.content->layout());
+    std::optional<TextContrast> lowest;
+    for (std::size_t r = 0; r < runs.size(); ++r) {
+        std::vector<double> ratios;
+        for (const Point& rest : samplesOf(runs, r)) {
             const auto under = ground(text.drawn.motion.apply(rest));
             if (!under) return std::nullopt;
-            ratios.push_back(ratioOn(*under, content, text.drawn.opacity));
+            ratios.push_back(ratioOn(*under, runs[r], content, text.drawn.opacity));
         }
-    if (ratios.empty()) return std::nullopt;
-    const auto hard = ratios.begin() + std::ptrdiff_t(double(ratios.size()) * hardShare);
-    std::ranges::nth_element(ratios, hard);
-    return *hard;
+        if (ratios.empty()) continue;
+        const auto hard = ratios.begin() + std::ptrdiff_t(double(ratios.size()) * hardShare);
+        std::ranges::nth_element(ratios, hard);
+        if (!lowest || *hard < lowest->ratio) lowest = TextContrast{*hard, r + 1 < runs.size()};
+    }
+    return lowest;
 }
 
-std::optional<Finding> lowContrast(
-    const CompositionGeometry& geometry, const TextAtRest& text, std::optional<double> ratio) {
+std::optional<Finding> lowContrast(const CompositionGeometry& geometry, const TextAtRest& text,
+    const std::optional<TextContrast>& contrast) {
     const CompositionLayer& layer = *geometry.layers(text.scene)[text.layer].layer;
     const double least = leastContrastOf(std::get<TextContent>(layer.content));
-    if (!ratio || *ratio >= least) return std::nullopt;
-    return findingOf(Rule::lowContrast, pathOf(text.scene, text.layer) + ".text.color",
-        nameOf(layer) + " has a contrast of " + decimals(std::floor(*ratio * 10) / 10, 1) +
+    if (!contrast || contrast->ratio >= least) return std::nullopt;
+    const std::string subject = contrast->isOfEmphasis ? "The emphasis in " + nameOf(layer) : nameOf(layer);
+    return findingOf(Rule::lowContrast,
+        pathOf(text.scene, text.layer) + (contrast->isOfEmphasis ? ".text.emphasis" : ".text.color"),
+        subject + " has a contrast of " + decimals(std::floor(contrast->ratio * 10) / 10, 1) +
             ":1 against what lies under it; " + decimals(least, least == 3 ? 0 : 1) +
             ":1 is the least for text of this size.",
         "Choose a colour that is lighter or darker, or put a panel or a shadow under the text.");
@@ -137,8 +178,8 @@ std::optional<Finding> lowContrast(
 void textsStandOut(const CompositionGeometry& geometry, std::size_t scene, std::vector<Finding>& findings) {
     for (const TextAtRest& text : textsAtRest(geometry, scene)) {
         const FrameGeometry frame = geometry.frame(scene, text.localSec);
-        const auto ratio = contrastOf(geometry, text, paintedGround(geometry, frame, text.layer));
-        if (auto finding = lowContrast(geometry, text, ratio)) findings.push_back(std::move(*finding));
+        const auto contrast = contrastOf(geometry, text, paintedGround(geometry, frame, text.layer));
+        if (auto finding = lowContrast(geometry, text, contrast)) findings.push_back(std::move(*finding));
     }
 }
 

@@ -22,11 +22,16 @@ using GroundAt = std::function<std::optional<RGBAColor>(imaging::Point)>;
 GroundAt paintedGround(
     const CompositionGeometry& geometry, const FrameGeometry& frame, std::size_t textLayer);
 
-// The contrast that three quarters of the text have at the least; nothing where the ground is not known.
-std::optional<double> contrastOf(
+// The contrast that three quarters of the text have at the least, of that colour of it which has the lowest.
+struct TextContrast {
+    double ratio = 21;
+    bool isOfEmphasis = false;   // of words that look other than the rest
+};
+// Nothing where the ground is not known.
+std::optional<TextContrast> contrastOf(
     const CompositionGeometry& geometry, const TextAtRest& text, const GroundAt& ground);
 // Nothing for a text that stands out enough.
 std::optional<Finding> lowContrast(
-    const CompositionGeometry& geometry, const TextAtRest& text, std::optional<double> ratio);
+    const CompositionGeometry& geometry, const TextAtRest& text, const std::optional<TextContrast>& contrast);
 
 }   // namespace tavix::FilmJudge

@@ -155,8 +155,8 @@ void judgeContrast(const CompositionSpec& small, const Request& request, std::ve
             if (isPainted || judged++ >= mostTexts) continue;
             if (!screening) screening.emplace(withoutTexts(small), request);
             const imaging::Bitmap ground = screening->scene(scene, text.localSec);
-            const auto ratio = FilmJudge::contrastOf(geometry, text, pictured(ground, geometry.canvas()));
-            if (auto finding = FilmJudge::lowContrast(geometry, text, ratio))
+            const auto contrast = FilmJudge::contrastOf(geometry, text, pictured(ground, geometry.canvas()));
+            if (auto finding = FilmJudge::lowContrast(geometry, text, contrast))
                 findings.push_back(std::move(*finding));
         }
 }

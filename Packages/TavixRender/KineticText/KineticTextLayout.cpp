@@ -1,6 +1,7 @@
 #include "TavixRender/KineticText/KineticTextLayout.h"
 
 #include "TavixCore/Values/TextWords.h"
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/Typesetting/CaptionLayout.h"
@@ -90,9 +91,11 @@ public:
         result.scope = request_.scope;
         for (;;) {
             result.elements = decomposed(result.scope);
-            if (result.elements.size() <= maxElements || result.scope == AnimationScope::block) return result;
+            if (result.elements.size() <= maxElements || result.scope == AnimationScope::block) break;
             result.scope = static_cast<AnimationScope>(static_cast<int>(result.scope) - 1);
         }
+        result.emphasised = emphasised(result.scope);
+        return result;
     }
 
 private:
@@ -195,6 +198,7 @@ private:
 
     void add(std::vector<Element>& elements, std::vector<Fragment> fragments,
         const std::optional<EmphasisStyle>& emphasis) const {
+        imaging::checkStop();
         if (fragments.empty()) return;
         Element element;
         element.logicalIndex = elements.size();
@@ -206,6 +210,25 @@ private:
         element.pivot = rect.center();
         element.fragments = std::move(fragments);
         elements.push_back(std::move(element));
+    }
+
+    // Markers are drawn for words that are elements. Letters that are tinted as they move rest in the colour
+    // of their element.
+    std::vector<EmphasisedInk> emphasised(AnimationScope scope) const {
+        const bool areElements = scope == AnimationScope::word;
+        std::vector<EmphasisedInk> inks;
+        for (const auto& [word, look] : emphasis_) {
+            if (word >= words_.size()) break;
+            const bool isColored = look.textColor && (areElements || !request_.colorAnimated);
+            const RGBAColor color = isColored ? *look.textColor : style_.textColor;
+            const auto marker = areElements ? look.highlightColor : std::nullopt;
+            if (color == style_.textColor && !marker) continue;
+            auto ink = std::ranges::find_if(inks,
+                [&](const EmphasisedInk& other) { return other.color == color && other.marker == marker; });
+            if (ink == inks.end()) ink = inks.insert(ink, {color, marker, {}});
+            for (const Fragment& fragment : fragmentsOf(words_[word])) ink->boxes.push_back(fragment.rect());
+        }
+        return inks;
     }
 
     // Unlike a union of areas, one that counts fragments without width too.

@@ -66,9 +66,17 @@ struct Line {
     bool breaksWord = false;
 };
 
+// Words that rest in another look than the rest of the text.
+struct EmphasisedInk {
+    RGBAColor color;
+    std::optional<RGBAColor> marker;   // behind them
+    std::vector<imaging::Rect> boxes;
+};
+
 struct Result {
     std::vector<Element> elements;
-    std::vector<Line> lines;         // from the top
+    std::vector<Line> lines;   // from the top
+    std::vector<EmphasisedInk> emphasised = {};
     imaging::Rect block;             // all of it with its margins
     double roomWidth = 0;            // that lines were broken at
     double movedX = 0, movedY = 0;   // from where it was put, to stay on the canvas

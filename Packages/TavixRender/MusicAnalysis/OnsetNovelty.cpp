@@ -1,5 +1,7 @@
 #include "TavixRender/MusicAnalysis/OnsetNovelty.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
+
 #include <kissfft/kiss_fftr.h>
 
 #include <algorithm>
@@ -73,6 +75,7 @@ std::vector<double> curve(std::span<const float> samples, double sampleRateHz) {
     Spectrum spectrum;
     Magnitudes before, now;
     for (std::size_t i = 0; i < novelty.size(); ++i) {
+        imaging::checkStop();
         spectrum.compute(samples.subspan(i * hopSamples).first<frameSamples>(), now);
         if (i > 0) novelty[i] = rise(before, now);
         std::swap(before, now);

@@ -1,5 +1,6 @@
 #include "TavixRender/MusicAnalysis/TempoEstimate.h"
 
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixRender/MusicAnalysis/Peaks.h"
 
 #include <algorithm>
@@ -84,6 +85,7 @@ private:
     void correlate(std::span<const double> novelty) {
         values_.assign(static_cast<std::size_t>(lastLag_) + 1, 0);
         for (std::size_t lag = 1; lag < values_.size(); ++lag) {
+            imaging::checkStop();
             const std::size_t overlap = novelty.size() - lag;
             values_[lag] =
                 std::inner_product(novelty.begin(), novelty.begin() + static_cast<std::ptrdiff_t>(overlap),

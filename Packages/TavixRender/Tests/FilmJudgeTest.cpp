@@ -190,6 +190,46 @@ TEST(FilmJudge, WantsTextsToStandOutFromWhatLiesUnderThem) {
     }
 }
 
+// One word of many is enough, and it is judged by its own colour on its own ground.
+TEST(FilmJudge, WantsEmphasisedWordsToStandOutThemselves) {
+    const RGBAColor grey{0.8, 0.8, 0.8, 1};   // 1.6 : 1 against white
+    const auto emphasised = [](const EmphasisStyle& style, const char* preset,
+                                const RGBAColor& color = black) {
+        CompositionLayer layer = textLayer("Only one of these counts", 0.05, color);
+        auto& text = std::get<TextContent>(layer.content);
+        text.kinetic = KineticPresetRef{.preset = preset, .weight = {}};
+        text.emphasis = {EmphasisSpan{{1}, EmphasisToken::accent, style}};
+        return layer;
+    };
+    const struct {
+        const char* name;
+        CompositionLayer layer;
+        const char* path;   // of the finding; null for none
+    } cases[] = {
+        {"dark emphasis", emphasised({.textColor = red}, "fade-up"), nullptr},
+        {"light emphasis", emphasised({.textColor = grey}, "fade-up"), "text.emphasis"},
+        {"light, of letters", emphasised({.textColor = grey}, "char-cascade"), "text.emphasis"},
+        {"light on a dark marker", emphasised({.textColor = grey, .highlightColor = black}, "word-pop"),
+            nullptr},
+        {"dark on a dark marker", emphasised({.highlightColor = RGBAColor{0.1, 0.1, 0.1, 1}}, "word-pop"),
+            "text.emphasis"},
+        {"dark emphasis in light text", emphasised({.textColor = black}, "fade-up", grey), "text.color"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CompositionSpec spec = specOf(canvas, 30, {sceneOf(3, {})});
+        spec.background = white;
+        spec.scenes[0].layers = {c.layer};
+        const std::vector<Finding> found = seen(spec);
+        if (c.path == nullptr) {
+            EXPECT_THAT(codesOf(found), IsEmpty());
+            continue;
+        }
+        ASSERT_THAT(codesOf(found), ElementsAre("low-contrast"));
+        EXPECT_EQ(found[0].path, std::string("scenes[0].layers[0].") + c.path);
+    }
+}
+
 TEST(FilmJudge, FindsScenesThatOpenEmpty) {
     const auto later = [](double sec) {
         CompositionLayer layer = box(0.2, 0.2);
