@@ -78,9 +78,14 @@ void FlashWatch::takeRed(Pixel& pixel, float redness, bool isSaturated) const {
     }
 }
 
-// Four flashes within the second that ends here.
-bool FlashWatch::flashes(const Pixel& pixel) const {
-    return double(frame_ - pixel.changes[pixel.next]) <= framesPerSec_;
+// Four flashes within the second that ends here, and the last change is not longer ago than half of the usual
+// time between two. Where all pixels change at once, all of them count then; where each has its own time, as
+// in a list that scrolls, half of them do.
+bool FlashWatch::flashesNow(const Pixel& pixel) const {
+    const std::int32_t oldest = pixel.changes[pixel.next];
+    const std::int32_t latest = pixel.changes[(pixel.next + changesOfFourFlashes - 1) % changesOfFourFlashes];
+    return double(frame_ - oldest) <= framesPerSec_ &&
+           (frame_ - latest) * 2 * (changesOfFourFlashes - 1) < latest - oldest;
 }
 
 void FlashWatch::take(const imaging::ConstBitmapView& frame) {
@@ -105,7 +110,7 @@ void FlashWatch::judge(Kind& kind) {
     std::int32_t total = 0;
     for (std::size_t y = 0, at = 0; y < std::size_t(size_.height); ++y)
         for (std::size_t x = 0; x < std::size_t(size_.width); ++x, ++at) {
-            const bool isFlashing = flashes(kind.pixels[at]);
+            const bool isFlashing = flashesNow(kind.pixels[at]);
             total += isFlashing;
             sums_[(y + 1) * across + x + 1] =
                 isFlashing + sums_[y * across + x + 1] + sums_[(y + 1) * across + x] - sums_[y * across + x];

@@ -4,8 +4,9 @@
 // A general flash is a pair of opposing changes of relative luminance by 10 % of the maximum or more, where
 // the darker state is below 0.80. A red flash is a pair of opposing changes involving a saturated red, where
 // R / (R + G + B) is 0.8 or more, that change (R - G - B) x 320 by more than 20, negative values counting as
-// 0; R, G and B are linear. More than three flashes within a second are too many where they cover more than a
-// quarter of any 341 x 256 pixels of a film shown at 1024 x 768, which is about 10 degrees of the eye.
+// 0; R, G and B are linear. More than three flashes within a second are too many where those that occur
+// concurrently cover more than a quarter of any 341 x 256 pixels of a film shown at 1024 x 768, which is
+// about 10 degrees of the eye.
 #pragma once
 
 #include "TavixPlatform/Imaging/Bitmap.h"
@@ -51,7 +52,7 @@ private:
     static void note(Pixel& pixel, std::int8_t direction, std::int32_t frame);
     void takeGeneral(Pixel& pixel, float luminance) const;
     void takeRed(Pixel& pixel, float redness, bool isSaturated) const;
-    bool flashes(const Pixel& pixel) const;
+    bool flashesNow(const Pixel& pixel) const;
     void judge(Kind& kind);
 
     imaging::Size size_;

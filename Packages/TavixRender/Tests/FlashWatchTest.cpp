@@ -149,6 +149,29 @@ TEST(FlashWatch, FindsSaturatedRedBelowTheGeneralThreshold) {
     EXPECT_FALSE(redIn(flashing(5, black, white)));
 }
 
+// Bars that scroll: every place flashes, each at its own time. On a third of the screen that is what lists of
+// phones do, and nothing flashes with anything else.
+TEST(FlashWatch, CountsWhatFlashesAtTheSameTime) {
+    const auto bars = [](double perSec, double width, bool isScrolled) {
+        constexpr int pitchPx = 24;
+        return watched(3, [=](imaging::Bitmap& frame, double sec) {
+            const double along =
+                isScrolled ? sec * perSec * pitchPx : std::floor(sec * perSec * 2) * pitchPx / 2;
+            for (int y = 0; y < screen.height; ++y)
+                if (std::fmod(y + along, pitchPx) < pitchPx / 2.0)
+                    fill(frame, white, 0, y, int(width * screen.width), y + 1);
+        });
+    };
+    // 85 pixels wide and 64 high is a field: 28 of them are a third of it.
+    for (const double perSec : {4.5, 6.0, 9.0}) {
+        SCOPED_TRACE(perSec);
+        EXPECT_FALSE(generalIn(bars(perSec, 28.0 / screen.width, true)));
+        EXPECT_TRUE(generalIn(bars(perSec, 28.0 / screen.width, false))) << "black for white, all at once";
+        EXPECT_TRUE(generalIn(bars(perSec, 1, true))) << "too much even so";
+    }
+    EXPECT_FALSE(generalIn(bars(2.5, 1, false)));
+}
+
 TEST(FlashWatch, NeedsOpposingChangesAtOnePlace) {
     // A bright ball that passes lights each place once.
     const FlashWatch passing = watched(3, [](imaging::Bitmap& frame, double sec) {
