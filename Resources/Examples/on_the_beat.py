@@ -120,10 +120,11 @@ def stripes(start):
     return result
 
 
+# Two a beat: more would flash more than three times a second.
 def ripples(start):
     return [shape("ellipse", 700, 700, [PAPER, CORAL][i % 2], tracks=[
-        track("scale", (start + i * 0.25, 0.01), (start + i * 0.25 + 1.6, 3.2, OUT))],
-        fromBeat=start + i * 0.25) for i in range(7)]
+        track("scale", (start + i * 0.5, 0.01), (start + i * 0.5 + 1.6, 3.2, OUT))],
+        fromBeat=start + i * 0.5) for i in range(4)]
 
 
 def confetti(start):
