@@ -94,7 +94,7 @@ const Fields<DeviceScene>& fieldsOf(std::type_identity<DeviceScene>) {
 const Fields<DeviceScene3D>& fieldsOf(std::type_identity<DeviceScene3D>) {
     using S = DeviceScene3D;
     static const Fields<S> table{"DeviceScene3D",
-        {field<&S::finish>("finish", "Colour of the body."),
+        {field<&S::finish>("finish", "Colour of the body; named motions and formations leave it."),
             field<&S::tiltDegrees>("tiltDegrees",
                 "The pose at rest: x tips the top away, y turns the screen to the right, z turns clockwise.")
                 .measuredIn(Unit::degrees),
