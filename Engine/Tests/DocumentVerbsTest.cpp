@@ -69,7 +69,8 @@ TEST_F(EngineTest, TheReferenceTellsTheLimitsThatAreHeld) {
         std::string allowed, refused;
         const char* told;
     } limits[] = {{effects(32, "tint"), effects(33, "tint"), "At most 32,"},
-        {effects(4, "chromaticAberration"), effects(5, "chromaticAberration"), "at most 4 chromaticAberration"},
+        {effects(4, "chromaticAberration"), effects(5, "chromaticAberration"),
+            "at most 4 chromaticAberration"},
         {text(20'000), text(20'001), "At most 20,000 characters"}};
     for (const auto& limit : limits) {
         EXPECT_THAT(page, HasSubstr(limit.told));

@@ -90,7 +90,8 @@ TEST(StopScope, StopsADrawingBetweenTiles) {
     }
     const Bitmap got = stopped.draw(picture, region);
     for (int y = 0; y < region.height(); ++y)
-        ASSERT_TRUE(std::equal(got.view().row(y), got.view().row(y) + 4 * region.width(), wanted.view().row(y)));
+        ASSERT_TRUE(
+            std::equal(got.view().row(y), got.view().row(y) + 4 * region.width(), wanted.view().row(y)));
 }
 
 }   // namespace
