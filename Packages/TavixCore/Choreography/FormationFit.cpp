@@ -52,7 +52,7 @@ struct Footprint {
 };
 
 struct Squeeze {
-    double offset = 1, size = 1, rise = 1, lift = 0;
+    double offset = 1, size = 1, rise = 1, lift = 0, shift = 0;
 };
 
 double sampled(const CompositionLayer& layer, AnimProperty property, double tSec, double otherwise) {
@@ -159,6 +159,23 @@ std::vector<Footprint> standsOf(const std::vector<CompositionLayer>& layers, dou
 
 double sideOf(std::size_t layer) { return layer % 2 ? 1 : -1; }
 
+// How far down to move everything, so that it reaches as far up as down.
+double centring(const Squeeze& squeeze, const std::vector<Footprint>& stands) {
+    const auto reach = [&](double shift, double side) {
+        double most = 0;
+        for (const Footprint& print : stands)
+            most = std::max(most,
+                (side * (print.y * squeeze.rise + shift) + print.halfHeight * squeeze.size) * print.nearness);
+        return most;
+    };
+    double least = -0.5, most = 0.5;
+    for (int halvings = 0; halvings < 30; ++halvings) {
+        const double middle = (least + most) / 2;
+        (reach(middle, 1) > reach(middle, -1) ? most : least) = middle;
+    }
+    return (least + most) / 2;
+}
+
 Squeeze squeezeInto(const Manner& manner, const std::vector<Footprint>& stands, double aspect) {
     const double mostX = aspect / 2 - sideMargin * std::min(aspect, 1.0), mostY = 0.5 - topMargin;
     double reachX = 0, reachY = 0, widest = 0;
@@ -184,6 +201,8 @@ Squeeze squeezeInto(const Manner& manner, const std::vector<Footprint>& stands, 
         if (print.y != 0) squeeze.rise = std::min(squeeze.rise, room / std::abs(print.y));
         squeeze.lift = std::min(squeeze.lift, std::max(room - std::abs(print.y) * squeeze.rise, 0.0));
     }
+    // Two rows stand in the middle as they are, and cards keep their heights.
+    if (manner.rise > 0) squeeze.shift = centring(squeeze, stands);
     return squeeze;
 }
 
@@ -195,7 +214,7 @@ void apply(const Squeeze& squeeze, double aspect, std::size_t index, Composition
             const double mostX = aspect / 2 / print.nearness + print.halfWidth * squeeze.size;
             place.offset.x = std::clamp(place.offset.x * squeeze.offset, -mostX, mostX);
             if (print.isMeantToBeSeen())
-                place.offset.y = place.offset.y * squeeze.rise + sideOf(index) * squeeze.lift;
+                place.offset.y = place.offset.y * squeeze.rise + sideOf(index) * squeeze.lift + squeeze.shift;
             place.scale = std::max(place.scale * squeeze.size, leastPlacementScale);
         }
         return;

@@ -2,6 +2,7 @@
 #include "RenderTestKit.h"
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Choreography/FormationFit.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
@@ -84,6 +85,53 @@ TEST_F(FormationFrames, HoldEveryDeviceWhole) {
                 EXPECT_EQ(countBeside(picture, 2), 0);
                 EXPECT_GT(countBeside(picture, size.height), 40) << "there is something to see";
             }
+}
+
+// A narrow frame leaves room above and below, and a ring that stands in the midst of it leaves as much of it
+// above as below.
+TEST_F(FormationFrames, StandInTheMiddleOfATallFrame) {
+    constexpr imaging::Size tall{108, 192};
+    int top = tall.height, bottom = 0;
+    for (double sec = 0.2; sec < 3.8; sec += 0.3) {
+        const Picture picture = drawn(orbitCarousel, tall, sec, 5);
+        for (int y = 0; y < tall.height; ++y)
+            for (int x = 0; x < tall.width; ++x)
+                if (!isGround(picture.at(x, y))) top = std::min(top, y), bottom = std::max(bottom, y);
+    }
+    EXPECT_NEAR(top, tall.height - 1 - bottom, 0.08 * tall.height);
+}
+
+// By their names alone, over and over in one film, with one pool: none takes another's phones.
+TEST_F(FormationFrames, ShowTwoOfAKindAtOnce) {
+    const auto spec = decodeJson<CompositionSpec>(R"({"output": {"widthPx": 192, "heightPx": 108, "fps": 30},
+        "background": {"kind": "solid", "color": {"r": 0, "g": 0, "b": 1, "a": 1}},
+        "scenes": [{"durationSec": 4, "layers": [
+            {"kind": "device", "device": {"basePaddingPx": 8, "screen": {"path": "red.png"}, "choreographyPreset": {
+                "preset": "fanDeck", "params": {"count": 3, "spread": 1.6}}}},
+            {"kind": "device", "fromSec": 0.4, "device": {"basePaddingPx": 8, "screen": {"path": "green.png"}, "choreographyPreset": {
+                "preset": "fanDeck", "params": {"count": 3, "spread": 0.4}}}}]}]})");
+    constexpr imaging::Size size{192, 108};
+    imaging::Evaluator filming;
+    Composition3DRendererPool stages;
+    ResolvedComposition film(spec, folder.path(), filming, {}, &stages);
+    for (int frame = 48; frame < 54; ++frame) {
+        SCOPED_TRACE(frame);
+        const double sec = frame / 30.0;
+        const Picture shown(film.frame(sec), size);
+        int red = 0, green = 0;
+        for (int y = 0; y < size.height; ++y)
+            for (int x = 0; x < size.width; ++x) {
+                const Pixel pixel = shown.at(x, y);
+                red += pixel.r > 150 && pixel.g < 80;
+                green += pixel.g > 150 && pixel.r < 80;
+            }
+        EXPECT_GT(red, 60);
+        EXPECT_GT(green, 60);
+        imaging::Evaluator drawing;
+        ResolvedComposition still(spec, folder.path(), drawing, {});
+        EXPECT_LT(shown.countBeyond(Picture(still.frame(sec), size), 24), size.width * size.height / 50)
+            << "as alone, but for the samples";
+    }
 }
 
 TEST_F(FormationFrames, ShowEachDevicesOwnScreen) {
