@@ -6,10 +6,10 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Encoding/ExportOptions.h"
+#include "TavixRender/Encoding/FilmWriter.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <stop_token>
 #include <string_view>
@@ -29,13 +29,13 @@ struct Config {
     imaging::EvaluatorOptions evaluation = {};
 };
 
-using Progress = std::function<void(double fraction)>;   // 0 to 1
+using Progress = FilmWriter::Progress;
 
-// Renders every frame in its order and encodes it at once, so memory does not grow with the length. Blocks
-// until the file is written. Throws `Failure`; `stop` is looked at before every frame and ends in
-// `RenderStopped`.
-void render(
-    const Config& config, const RenderLog& log, const Progress& onProgress = {}, std::stop_token stop = {});
+FilmFile fileOf(const Config& config);
+
+// As FilmWriter::write.
+void render(const Config& config, const RenderLog& log, const Progress& onProgress = {},
+    const std::stop_token& stop = {});
 
 // Writes one frame as a PNG. Throws `Failure`.
 void renderStill(
