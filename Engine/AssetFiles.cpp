@@ -33,9 +33,15 @@ std::vector<AssetFile> assetFilesOf(const DocumentFile& document) {
 }
 
 void requireNoAsset(const fs::path& target, const DocumentFile& document) {
+    std::vector<fs::path> files;
+    for (const AssetFile& asset : assetFilesOf(document)) files.push_back(asset.path);
+    requireNoneOf(target, files);
+}
+
+void requireNoneOf(const fs::path& target, std::span<const fs::path> files) {
     const fs::path absolute = fs::absolute(target).lexically_normal();
-    for (const AssetFile& asset : assetFilesOf(document))
-        if (isSameFile(absolute, asset.path))
+    for (const fs::path& file : files)
+        if (isSameFile(absolute, file))
             throw UsageError(
                 "\"" + target.string() +
                 "\" is used by the document itself and would be lost; name another file with -o.");

@@ -5,6 +5,7 @@
 #include "TavixCore/Project/AssetReferences.h"
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ std::vector<AssetFile> assetFilesOf(const DocumentFile& document);
 
 // Throws `UsageError` when writing the target would destroy a file that the document uses.
 void requireNoAsset(const std::filesystem::path& target, const DocumentFile& document);
+
+// Likewise for files that are named here, as absolute paths.
+void requireNoneOf(const std::filesystem::path& target, std::span<const std::filesystem::path> files);
 
 // Whether the path lies in the folder, also once all links are followed.
 bool isWithin(const std::filesystem::path& path, const std::filesystem::path& folder);

@@ -39,7 +39,7 @@ void drawStrip(const PresetScene& scene, const std::filesystem::path& file, Term
         return;
     }
     const SheetSpan span = sheetSpan(scene.spec, {scene.fromSec, scene.toSec, {}, {}});
-    const std::vector<SheetMoment> moments = sheetMoments(scene.spec, span, momentsOfAStrip);
+    const std::vector<SheetMoment> moments = sheetMoments(outlineOf(scene.spec), span, momentsOfAStrip);
     const int count = static_cast<int>(moments.size());
     const SheetLayout layout = sheetLayout(size, count, count, stripWidthPx);
     SheetPainter painter(layout, evaluator);

@@ -5,14 +5,12 @@
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
+#include "Engine/Reel/ReelDocument.h"
 #include "Engine/Reel/ReelPlot.h"
-#include "Engine/Reel/ReelRecording.h"
 #include "Engine/Terminal.h"
 #include "TavixPlatform/Media/StillImages.h"
-#include "TavixReel/Camera/EffectsAuthor.h"
 
 #include <filesystem>
-#include <system_error>
 
 namespace tavix::engine {
 
@@ -33,17 +31,8 @@ void ReelDescribeVerb::run(Terminal& terminal) {
         plot_ ? std::optional(outputPath(plot_, "reel-plot", ".png")) : std::nullopt;
     if (plot && lowerExtension(*plot) != ".png")
         throw UsageError("\"" + plot->string() + "\" cannot be written; a plot is a .png file.");
-    const ReelRecording recording = openRecording(recording_, terminal);
-    const fs::path effects = effects_ ? fs::path(*effects_) : recording.parts.effects;
-    std::error_code ignored;
-    const bool hasDocument = effects_ || fs::is_regular_file(effects, ignored);
-    if (!hasDocument)
-        terminal.warn("no-effects", "There is no \"" + effects.string() +
-                                        "\" yet; this is what reel author would make of the steps alone.");
-    const EffectsSpec spec = hasDocument ? readEffects(effects, terminal)
-                                         : EffectsAuthor::author(recording.timeline, {},
-                                               MotionSpec::smoothGlide, ReelFormat::deviceNative);
-    const ReelStory story = storyOf(spec, recording.timeline, recording.preCutDurationSec());
+    const ReelDocument reel = openReel(recording_, effects_, terminal);
+    const ReelStory story = storyOf(reel.spec, reel.recording.timeline, reel.recording.preCutDurationSec());
     if (plot)
         writeFinished(*plot, interruption,
             [&](const fs::path& unfinished) { media::writePng(unfinished, plotOf(story).view()); });

@@ -22,8 +22,6 @@ namespace tavix::engine {
 
 namespace {
 
-constexpr int minSheetWidthPx = 200;
-
 JsonObject resultOf(const CompositionSpec& spec, const std::filesystem::path& target,
     const SheetLayout& layout, const std::vector<SheetMoment>& moments,
     const std::vector<CompositionLint::Finding>& findings) {
@@ -47,13 +45,7 @@ void SheetVerb::declare(Arguments& arguments, Terminal& terminal) {
         "sheet needs a document: a .tavixcomp bundle or a composition.json.");
     arguments.text(
         "-o,--output", output_, "FILE", "The sheet, a .png. The document's name with -sheet by default.");
-    arguments.wholeNumber("--columns", columns_, 1, maxSheetMoments, "N", "Pictures in a row.");
-    arguments.wholeNumber(
-        "--width", widthPx_, minSheetWidthPx, SheetLayout::maxSidePx, "PX", "The sheet's width.");
-    arguments.number("--from", wish_.fromSec, "SEC", "The first moment; the start by default.");
-    arguments.number("--to", wish_.toSec, "SEC", "The last moment; the end by default.");
-    arguments.number("--every", wish_.everySec, "SEC",
-        "A picture every so many seconds; without it, where there is something to see.");
+    declareSheet(arguments, columns_, widthPx_, wish_);
     arguments.text("--scene", wish_.scene, "ID", "Only this scene; --from and --to then count in it.");
     arguments.flag("--annotate", isAnnotated_,
         "Number what lint finds, draw it at its layers, and say below what the numbers mean.");
@@ -63,11 +55,10 @@ void SheetVerb::declare(Arguments& arguments, Terminal& terminal) {
 
 // Enough to fill the last row, where the film has the frames for it.
 std::vector<SheetMoment> SheetVerb::moments(const CompositionSpec& spec) const {
-    const SheetSpan span = sheetSpan(spec, wish_);
-    if (wish_.everySec) return steadyMoments(spec, span, *wish_.everySec);
-    const int count = static_cast<int>(sheetMoments(spec, span, sheetMomentCount(spec, span)).size());
-    const SheetLayout layout = sheetLayout(canvasSize(spec), count, columns_, widthPx_);
-    return sheetMoments(spec, span, std::min(layout.columns * layout.rows, maxSheetMoments));
+    return sheetMoments(outlineOf(spec), sheetSpan(spec, wish_), wish_, [&](int count) {
+        const SheetLayout layout = sheetLayout(canvasSize(spec), count, columns_, widthPx_);
+        return layout.columns * layout.rows;
+    });
 }
 
 void SheetVerb::run(Terminal& terminal) {

@@ -10,7 +10,10 @@
 #include "Engine/Verbs/ReelDescribeVerb.h"
 #include "Engine/Verbs/ReelLintVerb.h"
 #include "Engine/Verbs/ReelProbeVerb.h"
+#include "Engine/Verbs/ReelRenderVerb.h"
+#include "Engine/Verbs/ReelSheetVerb.h"
 #include "Engine/Verbs/ReelSidecarVerb.h"
+#include "Engine/Verbs/ReelStillVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
 #include "Engine/Verbs/SchemaVerb.h"
@@ -58,6 +61,12 @@ constexpr VerbEntry entries[] = {
         "tavix reel probe shop.tavixproj --json", make<ReelProbeVerb>},
     {"reel sidecar", "Make the sidecar of a recording from what its driver reported.",
         "tavix reel sidecar shop.mov --report done.json", make<ReelSidecarVerb>},
+    {"reel render", "Render a reel to a film or an animated GIF.",
+        "tavix reel render shop.tavixproj -o shop.mp4", make<ReelRenderVerb>},
+    {"reel still", "Render one moment of a finished reel to a picture.",
+        "tavix reel still shop.tavixproj --at 3.5 -o shop.png", make<ReelStillVerb>},
+    {"reel sheet", "Render a contact sheet of a reel: the whole film at a glance.",
+        "tavix reel sheet shop.tavixproj --every 0.5", make<ReelSheetVerb>},
     {"reel describe", "Tell what a reel does and when, or draw it.",
         "tavix reel describe shop.tavixproj --plot shop.png", make<ReelDescribeVerb>},
 };

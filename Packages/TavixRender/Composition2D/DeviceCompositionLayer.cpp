@@ -6,6 +6,7 @@
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
+#include "TavixRender/Compositor/MovedDevice.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +16,7 @@ namespace tavix {
 namespace {
 
 using CanvasDrawing::FittedDevice;
-using imaging::Affine;
+using CanvasDrawing::moved;
 using imaging::Image;
 using imaging::Rect;
 
@@ -35,20 +36,9 @@ double peakScale(const DevicePlacementTrajectory& trajectory) {
     return peak;
 }
 
-PixelRect moved(const PixelRect& rect, const CameraFrameTransform& move) {
-    return {rect.x * move.scale + move.translateX, rect.y * move.scale + move.translateY,
-        rect.width * move.scale, rect.height * move.scale};
-}
-
 PixelRect scaledBy(const PixelRect& rect, double factor) { return moved(rect, {factor, 0, 0}); }
 Rect scaledBy(const Rect& rect, double factor) {
     return {rect.x * factor, rect.y * factor, rect.width * factor, rect.height * factor};
-}
-
-// The same move in the image's coordinates, where y points up.
-Affine affineOf(const CameraFrameTransform& move, const Rect& bounds) {
-    return {
-        move.scale, 0, 0, move.scale, move.translateX, (1 - move.scale) * bounds.height - move.translateY};
 }
 
 // White, or another colour, where the screen is. It is not cut at the canvas, which the layer may yet move.
@@ -56,23 +46,6 @@ Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, 
     const imaging::Color& color) {
     const Rect rect = CanvasDrawing::flipped(moved(device.screenRect, move), bounds);
     return Image::roundedRectangle(rect, device.cornerRadiusPx * move.scale, color);
-}
-
-// The part of a screen that shows. Only the rows of its round ends need a mask; those between are most of it.
-Image maskedScreen(
-    const Image& placed, const FittedDevice& device, const CameraFrameTransform& move, const Rect& bounds) {
-    const Image shown =
-        CanvasDrawing::masked(placed, screenShape(device, move, bounds, imaging::Color::white()));
-    const Rect extent = placed.extent();
-    const double radius =
-        std::clamp(device.cornerRadiusPx * move.scale, 0.0, std::min(extent.width, extent.height) / 2);
-    const double low = std::ceil(extent.y + radius), high = std::floor(extent.maxY() - radius);
-    if (!(low < high)) return shown;
-    const auto rows = [&](const Image& image, double from, double to) {
-        return image.cropped(Rect::fromEdges(extent.x, from, extent.maxX(), to));
-    };
-    return Image::stacked(
-        {rows(shown, extent.y, low), rows(placed, low, high), rows(shown, high, extent.maxY())});
 }
 
 Image bezelAt(const FittedDevice& device, double detail, const Rect& bounds) {
@@ -134,7 +107,7 @@ void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& eval
 std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
     const CameraFrameTransform move =
         FlatDeviceMotion::moveAt(trajectory_, localSec, device_.frameRect, bounds_.height);
-    const Affine affine = affineOf(move, bounds_);
+    const imaging::Affine affine = CanvasDrawing::affineOf(move, bounds_);
     if (stillUnit_) return stillUnit_->transformed(affine);
     const std::optional<Image> screen = clip_ ? clip_->frame(localSec) : stillScreen_;
     if (!screen) return std::nullopt;
@@ -146,9 +119,10 @@ std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
 // Each part is moved by itself: the screen's pixels are then looked up once only, and edges stay sharp.
 Image DeviceCompositionLayer::screenAt(
     const Image& screen, const CameraFrameTransform& move, double opacity) const {
-    const Image placed = maskedScreen(CanvasDrawing::place(screen, moved(device_.screenRect, move), bounds_,
-                                          CanvasDrawing::Resampling::live),
-        device_, move, bounds_);
+    const PixelRect place = moved(device_.screenRect, move);
+    const Image placed = CanvasDrawing::cutToScreen(
+        CanvasDrawing::place(screen, place, bounds_, CanvasDrawing::Resampling::live),
+        CanvasDrawing::flipped(place, bounds_), device_.cornerRadiusPx * move.scale);
     if (opacity >= fullOpacity) return placed;
     // A screen goes dark; it does not become a window.
     return placed.withOpacity(opacity).over(screenShape(device_, move, bounds_, imaging::Color::black()));

@@ -1,0 +1,75 @@
+#include "Engine/Reel/ReelDocument.h"
+
+#include "Engine/AssetFiles.h"
+#include "Engine/DocumentFile.h"
+#include "Engine/Errors.h"
+#include "Engine/Terminal.h"
+#include "TavixCore/Project/BundlePath.h"
+#include "TavixReel/Camera/EffectsAuthor.h"
+#include "TavixReel/Project/ReelAssets.h"
+
+#include <algorithm>
+#include <system_error>
+#include <vector>
+
+namespace tavix::engine {
+
+namespace fs = std::filesystem;
+
+ReelFootage ReelDocument::footage() const {
+    return {recording.parts.rawVideo, {int(recording.probe.widthPx), int(recording.probe.heightPx)},
+        recording.rawDurationSec, recording.probe.trimStartSec(),
+        recording.probe.trimEndSec(recording.rawDurationSec)};
+}
+
+double ReelDocument::durationSec() const {
+    return ReelTimeline::outputDurationSec(reelSegments(spec, footage()));
+}
+
+ReelDocument openReel(
+    const std::string& recording, const std::optional<std::string>& effects, Terminal& terminal) {
+    ReelDocument reel{.recording = openRecording(recording, terminal)};
+    reel.file = effects ? fs::path(*effects) : reel.recording.parts.effects;
+    reel.assetRoot = fs::absolute(reel.file).lexically_normal().parent_path();
+    reel.name = lastComponent(recording).stem().string();
+    std::error_code ignored;
+    if (effects || fs::is_regular_file(reel.file, ignored)) {
+        reel.spec = readEffects(reel.file, terminal);
+        return reel;
+    }
+    terminal.warn("There is no \"" + reel.file.string() +
+                  "\" yet; this is what reel author would make of the steps alone.");
+    reel.spec =
+        EffectsAuthor::author(reel.recording.timeline, {}, MotionSpec::smoothGlide, ReelFormat::deviceNative);
+    return reel;
+}
+
+void requireRenderable(const ReelDocument& reel) {
+    const EffectsOutput& output = reel.spec.output;
+    const auto require = [&](bool holds, const char* key, const std::string& sentence) {
+        if (!holds) throw DocumentError(reel.file.string(), key, sentence);
+    };
+    const auto isSide = [](std::int64_t px) { return px >= minSidePx && px <= maxSidePx; };
+    const std::string sides =
+        "must be " + std::to_string(minSidePx) + " to " + std::to_string(maxSidePx) + " pixels.";
+    require(isSide(output.widthPx), "output.widthPx", sides);
+    require(isSide(output.heightPx), "output.heightPx", sides);
+    require(output.fps >= minFps && output.fps <= maxFps, "output.fps",
+        "must be " + std::to_string(minFps) + " to " + std::to_string(maxFps) + " frames a second.");
+    require(reel.durationSec() <= maxHours * 3600, "retimeTrack",
+        "makes the reel longer than " + std::to_string(int(maxHours)) +
+            " hours; slow down less of the recording.");
+}
+
+void requireNoPart(const fs::path& target, const ReelDocument& reel) {
+    const auto& parts = reel.recording.parts;
+    std::vector<fs::path> files{parts.rawVideo, parts.timeline, parts.effects, parts.flow, reel.file};
+    EffectsSpec spec = ReelAssets::rooted(reel.spec, reel.assetRoot);
+    ReelAssets::forEach(spec, [&](AssetKind, std::string& path) {
+        if (!path.empty()) files.emplace_back(path);
+    });
+    for (fs::path& file : files) file = fs::absolute(file).lexically_normal();
+    requireNoneOf(target, files);
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,23 @@
+// Renders a reel to a film.
+#pragma once
+
+#include "Engine/FilmArguments.h"
+#include "Engine/Verbs/Verb.h"
+
+#include <optional>
+#include <string>
+
+namespace tavix::engine {
+
+class ReelRenderVerb : public Verb {
+public:
+    void declare(Arguments& arguments, Terminal& terminal) override;
+    void run(Terminal& terminal) override;
+
+private:
+    std::string recording_;
+    std::optional<std::string> effects_;
+    FilmArguments film_;
+};
+
+}   // namespace tavix::engine

@@ -1,0 +1,33 @@
+// A reel as it leaves the program: a film with its sound cues under it, a GIF, or one still.
+#pragma once
+
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixReel/Document/EffectsSpec.h"
+#include "TavixReelRender/Film/ReelFilm.h"
+#include "TavixRender/Encoding/FilmWriter.h"
+
+#include <filesystem>
+#include <stop_token>
+
+namespace tavix::ReelExport {
+
+struct Config {
+    EffectsSpec spec;   // at the size that it is to have
+    ReelFootage footage;
+    std::filesystem::path assetRoot;   // of the document's relative paths
+    FrameRate fps;                     // of the film
+    imaging::EvaluatorOptions evaluation = {};
+};
+
+std::int64_t frameCount(const Config& config);
+
+// The recording's own sound is left out; a reel is heard by its cues alone. Blocks until the file is written.
+// Throws `Failure`; `stop` ends in `RenderStopped`.
+void write(const Config& config, const FilmFile& file, const RenderLog& log,
+    const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
+
+// Writes one frame as a PNG. Throws `Failure`.
+void writeStill(const Config& config, double compositionSec, const std::filesystem::path& file,
+    const RenderLog& log = {});
+
+}   // namespace tavix::ReelExport
