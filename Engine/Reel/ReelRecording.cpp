@@ -130,6 +130,9 @@ EffectsSpec readEffects(const fs::path& file, Terminal& terminal) {
     return readDocument<EffectsSpec>(file, terminal);
 }
 FlowSpec readFlow(const fs::path& file, Terminal& terminal) { return readDocument<FlowSpec>(file, terminal); }
+TeaserSpec readTeaser(const fs::path& file, Terminal& terminal) {
+    return readDocument<TeaserSpec>(file, terminal);
+}
 DoneReport readDriverReport(const fs::path& file, Terminal& terminal) {
     return readDocument<DoneReport>(file, terminal);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixCore/Timeline/Timeline.h"
+#include "TavixReel/Authoring/TeaserSpec.h"
 #include "TavixReel/Document/EffectsSpec.h"
 #include "TavixReel/Flow/FlowSpec.h"
 #include "TavixReel/Project/ReelProjectBundle.h"
@@ -45,6 +46,7 @@ std::filesystem::path newDocument(
 // They tell what is ignored in a document, and throw a `DocumentError` for one that cannot be read.
 EffectsSpec readEffects(const std::filesystem::path& file, Terminal& terminal);
 FlowSpec readFlow(const std::filesystem::path& file, Terminal& terminal);
+TeaserSpec readTeaser(const std::filesystem::path& file, Terminal& terminal);
 DoneReport readDriverReport(const std::filesystem::path& file, Terminal& terminal);
 
 }   // namespace tavix::engine

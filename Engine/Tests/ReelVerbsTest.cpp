@@ -229,7 +229,7 @@ TEST_F(ReelVerbs, DescribeTellsTimesOfTheFinishedFilm) {
 }
 
 TEST_F(ReelVerbs, TheirReferencesAreCurrent) {
-    for (const std::string type : {"effects", "flow", "timeline"}) {
+    for (const std::string type : {"effects", "flow", "timeline", "teaser"}) {
         EXPECT_EQ(json({"schema", type}).find("title")->stringValue(), type);
         const std::string name = "docs/" + type + "-reference.md";
         EXPECT_EQ(tavix({"schema", type, "--markdown"}).out, readBytes(testsupport::inSourceTree(name)))

@@ -6,15 +6,15 @@
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Theme/BackgroundSelector.h"
+#include "TavixReel/Authoring/ThemeAuthor.h"
 #include "TavixReel/Camera/EffectsAuthor.h"
 #include "TavixReel/Captions/CaptionAuthor.h"
 #include "TavixReel/Captions/CaptionPace.h"
+#include "TavixReel/Captions/CaptionRoom.h"
 #include "TavixReel/Cards/TypographyAuthor.h"
 #include "TavixReel/Choreography/FlowTransitions.h"
 #include "TavixReel/Choreography/SideCaptionChoreography.h"
 #include "TavixReel/Lint/FlowSpecLint.h"
-#include "TavixRender/Brand/AppHints.h"
-#include "TavixRender/Brand/BrandExtractor.h"
 
 #include <algorithm>
 #include <system_error>
@@ -63,10 +63,7 @@ void ReelAuthorVerb::declare(Arguments& arguments, Terminal& terminal) {
         "A background's name, a colour, gradient[:<hex>,<hex>[@angle]] or a picture.");
     arguments.text(
         "--typography", typography_, "VALUE", "auto, on, off, an intensity, or PRESET[:INTENSITY].");
-    arguments.text("--theme-from-app", themeApp_, "APP",
-        "Take colours and fonts from an installed application, by its name or desktop entry.");
-    arguments.text("--brand-bundle", brandBundle_, "PATH",
-        "Take colours and fonts from an application's bundle or folder.");
+    brand_.declare(arguments);
     arguments.flag("--captions", captions_, "Write a caption for each step that the camera goes to.");
     arguments.text("-o,--output", output_, "FILE", "The document. Where the recording keeps it by default.");
     arguments.flag("--replace", replaces_, "Replace a document that is there already.");
@@ -82,24 +79,6 @@ std::optional<FlowSpec> ReelAuthorVerb::flow(const ReelRecording& recording, Ter
         terminal.warn(
             Finding::warning("flow", finding.message, file.string()), file.string() + ": " + finding.message);
     return read;
-}
-
-std::optional<BrandKit> ReelAuthorVerb::brand(Words& words) const {
-    if (themeApp_ && brandBundle_)
-        throw UsageError("--theme-from-app and --brand-bundle say the same; give one of them.");
-    if (!themeApp_ && !brandBundle_) return std::nullopt;
-    std::error_code ignored;
-    fs::path bundle = brandBundle_.value_or(themeApp_.value_or(""));
-    if (themeApp_ && !fs::exists(bundle, ignored)) {
-        const auto entry = AppHints::installedApp(*themeApp_);
-        if (!entry)
-            throw Failure("No installed application is called \"" + *themeApp_ +
-                          "\"; give the folder of its files with --brand-bundle.");
-        bundle = *entry;
-    }
-    BrandExtractor::Report report = BrandExtractor::extract(bundle);
-    std::ranges::move(report.notes, std::back_inserter(words.notes));
-    return std::move(report.brand);
 }
 
 // A picture is looked for where the document is, so its path is told from there.
@@ -119,13 +98,18 @@ Background ReelAuthorVerb::background(const fs::path& target) const {
     return background;
 }
 
+// A background that was asked for stays, and a reel without captions remains without them.
+void ReelAuthorVerb::theme(EffectsSpec& spec) const {
+    const BackgroundFill fill = spec.background.fill;
+    const bool hasNarration = spec.narration.has_value();
+    spec = ThemeAuthor::apply(*spec.brand, std::move(spec));
+    if (background_) spec.background.fill = fill;
+    if (!hasNarration) spec.narration.reset();
+}
+
 void ReelAuthorVerb::addCaptions(
     EffectsSpec& spec, const ReelRecording& recording, const FlowSpec* flow, Words& words) const {
-    CaptionAuthor::Options options;
-    if (spec.brand) {
-        options.style.fontName = spec.brand->primaryFontName;
-        options.style.fontPath = spec.brand->primaryFontPath;
-    }
+    const CaptionAuthor::Options options;
     spec.narration =
         CaptionAuthor::author(flow, recording.timeline, motionOf(flow), options, ProvidedCopySource());
     if (!spec.narration) words.notes.push_back("No hero beats to caption.");
@@ -152,11 +136,14 @@ EffectsSpec ReelAuthorVerb::author(
     const ReelRecording& recording, const FlowSpec* flow, const fs::path& target, Words& words) const {
     EffectsSpec spec = EffectsAuthor::author(
         recording.timeline, background(target), motionOf(flow), format_.value_or(ReelFormat::deviceNative));
-    spec.brand = brand(words);
+    spec.brand = brand_.read(words.notes);
     if (flow) spec.setTransitions(transitionsOf(*flow, recording.timeline));
     if (captions_) addCaptions(spec, recording, flow, words);
     CaptionPace::keepUnderCaptions(spec);
+    CaptionRoom::makeBelow(spec);
+    if (spec.brand) theme(spec);
     addTypography(spec, recording, flow, words);
+    CaptionRoom::seatBelow(spec);
     return spec;
 }
 

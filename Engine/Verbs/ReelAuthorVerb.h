@@ -1,6 +1,7 @@
 // Makes the document of a reel from a recording.
 #pragma once
 
+#include "Engine/Reel/BrandArguments.h"
 #include "Engine/Verbs/Verb.h"
 #include "TavixReel/Cards/TypographyDirectives.h"
 #include "TavixReel/Document/EffectsSpec.h"
@@ -28,18 +29,19 @@ private:
         std::vector<std::string> notes, errors;   // of authoring, for people
     };
 
-    std::optional<BrandKit> brand(Words& words) const;
     std::optional<FlowSpec> flow(const ReelRecording& recording, Terminal& terminal) const;
     Background background(const std::filesystem::path& target) const;
     EffectsSpec author(const ReelRecording& recording, const FlowSpec* flow,
         const std::filesystem::path& target, Words& words) const;
+    void theme(EffectsSpec& spec) const;
     void addCaptions(
         EffectsSpec& spec, const ReelRecording& recording, const FlowSpec* flow, Words& words) const;
     void addTypography(
         EffectsSpec& spec, const ReelRecording& recording, const FlowSpec* flow, Words& words) const;
 
     std::string recording_;
-    std::optional<std::string> flow_, background_, typography_, themeApp_, brandBundle_, output_;
+    std::optional<std::string> flow_, background_, typography_, output_;
+    BrandArguments brand_;
     std::optional<ReelFormat> format_;
     bool captions_ = false, replaces_ = false;
 };

@@ -9,6 +9,7 @@
 #include "Engine/Verbs/ReelAuthorVerb.h"
 #include "Engine/Verbs/ReelDescribeVerb.h"
 #include "Engine/Verbs/ReelLintVerb.h"
+#include "Engine/Verbs/ReelNewVerb.h"
 #include "Engine/Verbs/ReelProbeVerb.h"
 #include "Engine/Verbs/ReelRenderVerb.h"
 #include "Engine/Verbs/ReelSheetVerb.h"
@@ -19,6 +20,8 @@
 #include "Engine/Verbs/SchemaVerb.h"
 #include "Engine/Verbs/SheetVerb.h"
 #include "Engine/Verbs/StillVerb.h"
+#include "Engine/Verbs/TeaserVerb.h"
+#include "Engine/Verbs/ThemeVerb.h"
 
 namespace tavix::engine {
 
@@ -52,7 +55,13 @@ constexpr VerbEntry entries[] = {
         "List the backgrounds, effects, transitions, motions, sounds and more that documents may name, or "
         "show one.",
         "tavix presets motions rise-up --preview rise-up.png", make<PresetsVerb>},
+    {"teaser", "Render a film of headlines, without a recording.", "tavix teaser launch.json -o launch.mp4",
+        make<TeaserVerb>},
+    {"theme", "Dress a reel in the colours and the font of an application.",
+        "tavix theme shop.tavixproj --brand-bundle shop-web/ --replace", make<ThemeVerb>},
     {"brand", "Tell the colours and fonts of an application.", "tavix brand shop-web/", make<BrandVerb>},
+    {"reel new", "Make a bundle of a recording and what lies beside it.",
+        "tavix reel new shop.tavixproj --video shop.mov", make<ReelNewVerb>},
     {"reel author", "Make the document of a reel from a screen recording.",
         "tavix reel author shop.tavixproj --captions --background aurora", make<ReelAuthorVerb>},
     {"reel lint", "Judge a flow: what is wrong, and what will not look good.",

@@ -1,7 +1,7 @@
 #include "TavixReelRender/Film/ReelFilm.h"
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/Decimals.h"
-#include "TavixCore/Support/Failure.h"
 #include "TavixPlatform/Media/VideoFile.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // of their frames.
 #include "TavixReelRender/Film/ReelFilm.h"
 #include "ReelTestKit.h"
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixCore/Values/SeededRandom.h"
 #include "TavixPlatform/Media/Tests/TestClip.h"
 

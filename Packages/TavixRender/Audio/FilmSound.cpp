@@ -1,6 +1,6 @@
 #include "TavixRender/Audio/FilmSound.h"
 
-#include "TavixCore/Support/Failure.h"
+#include "TavixBase/Failure.h"
 #include "TavixRender/Encoding/HiddenFile.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 

@@ -1,0 +1,36 @@
+#include "Engine/Reel/ReelFilmFile.h"
+
+#include "Engine/FinishedFile.h"
+#include "Engine/Interruption.h"
+#include "Engine/RenderNotes.h"
+#include "Engine/SystemWatch.h"
+#include "Engine/Terminal.h"
+#include "TavixReel/Project/ReelAssets.h"
+#include "TavixReelRender/Export/ReelExport.h"
+
+namespace tavix::engine {
+
+void renderReel(const ReelDocument& reel, const FilmArguments& wishes, const Interruption& interruption,
+    Terminal& terminal) {
+    requireRenderable(reel);
+    const OutputChoice choice = wishes.choose(reel.name);
+    requireNoPart(choice.target, reel);
+    const imaging::Size size = wishes.size(reel.size(), choice.format);
+    const ReelExport::Config config{.spec = ReelAssets::scaled(reel.spec, size.width, size.height),
+        .footage = reel.footage(),
+        .assetRoot = reel.assetRoot,
+        .fps = wishes.rate(reel.spec.output.fps, choice.format)};
+    RenderNotes notes(terminal);
+    const SystemWatch::Task task("to render the film");
+    writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
+        ReelExport::write(
+            config, wishes.file(choice, unfinished), notes.log(),
+            [&](double fraction) { terminal.progress(fraction); }, interruption.token());
+    });
+    terminal.tell("✓ Wrote " + choice.target.string());
+    if (terminal.mode() == Terminal::Mode::json)
+        terminal.result(
+            filmResult(choice.target, ReelExport::frameCount(config), config.fps, size, notes.warnings()));
+}
+
+}   // namespace tavix::engine

@@ -1,0 +1,23 @@
+// Renders a film of headlines, without a recording.
+#pragma once
+
+#include "Engine/FilmArguments.h"
+#include "Engine/Verbs/Verb.h"
+
+#include <optional>
+#include <string>
+
+namespace tavix::engine {
+
+class TeaserVerb : public Verb {
+public:
+    void declare(Arguments& arguments, Terminal& terminal) override;
+    void run(Terminal& terminal) override;
+
+private:
+    std::string spec_;
+    std::optional<std::string> project_;
+    FilmArguments film_;
+};
+
+}   // namespace tavix::engine
