@@ -40,23 +40,6 @@ fs::path assetRootOf(const CompositionSpec& spec, const fs::path& file) {
 
 constexpr std::string_view notRenderable = "not-renderable";
 
-void requireSide(const DocumentFile& document, const char* path, std::int64_t sidePx) {
-    if (sidePx >= minSidePx && sidePx <= maxSidePx) return;
-    throw DocumentError(document.shownPath, path,
-        std::to_string(sidePx) + " pixels cannot be rendered; use " + std::to_string(minSidePx) + " to " +
-            std::to_string(maxSidePx) + " pixels.",
-        notRenderable);
-}
-
-void requireFps(const DocumentFile& document) {
-    const FrameRate& fps = document.spec.output.fps;
-    if (!(fps < minFps) && !(FrameRate(maxFps) < fps)) return;
-    throw DocumentError(document.shownPath, "output.fps",
-        fps.shown() + " frames a second cannot be rendered; use " + std::to_string(minFps) + " to " +
-            std::to_string(maxFps) + " frames a second.",
-        notRenderable);
-}
-
 DocumentFile readDocument(const std::string& given) {
     try {
         if (const fs::path bundle = bundleOf(given); !bundle.empty()) {
@@ -82,16 +65,32 @@ DocumentFile openDocument(const std::string& given) {
     return document;
 }
 
+void requireRenderable(const FilmClaim& film) {
+    const auto requireSide = [&](const char* path, std::int64_t sidePx) {
+        if (sidePx < minSidePx || sidePx > maxSidePx)
+            throw DocumentError(film.file, path,
+                std::to_string(sidePx) + " pixels cannot be rendered; use " + std::to_string(minSidePx) +
+                    " to " + std::to_string(maxSidePx) + " pixels.",
+                notRenderable);
+    };
+    requireSide("output.widthPx", film.widthPx);
+    requireSide("output.heightPx", film.heightPx);
+    if (film.fps < minFps || FrameRate(maxFps) < film.fps)
+        throw DocumentError(film.file, "output.fps",
+            film.fps.shown() + " frames a second cannot be rendered; use " + std::to_string(minFps) + " to " +
+                std::to_string(maxFps) + " frames a second.",
+            notRenderable);
+    if (!(film.lengthSec <= maxHours * 3600))
+        throw DocumentError(film.file, film.lengthPath,
+            "The film would be longer than " + std::to_string(int(maxHours)) + " hours, which is the most; " +
+                film.lengthRemedy + ".",
+            notRenderable);
+}
+
 void requireRenderable(const DocumentFile& document) {
     const CompositionOutput& output = document.spec.output;
-    requireSide(document, "output.widthPx", output.widthPx);
-    requireSide(document, "output.heightPx", output.heightPx);
-    requireFps(document);
-    if (!(CompositionTimeline(document.spec).totalSec <= maxHours * 3600))
-        throw DocumentError(document.shownPath, "scenes",
-            "The film would be longer than " + std::to_string(int(maxHours)) +
-                " hours, which is the most; shorten its scenes.",
-            notRenderable);
+    requireRenderable({document.shownPath, output.widthPx, output.heightPx, output.fps,
+        CompositionTimeline(document.spec).totalSec, "scenes", "shorten its scenes"});
     if (CompositionRenderer::frameCount(document.spec) < 1)
         throw DocumentError(document.shownPath, "scenes",
             "The film would have no frames; add a scene and give it a durationSec.", notRenderable);

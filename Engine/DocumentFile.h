@@ -3,6 +3,7 @@
 
 #include "TavixCore/Document/CompositionSpec.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -21,7 +22,16 @@ struct DocumentFile {
 // `assetRoot` or its own folder. Throws `DocumentError`, or `Failure` when there is nothing to read.
 DocumentFile openDocument(const std::string& given);
 
+// What a document of any kind says of its film.
+struct FilmClaim {
+    std::string file;   // for messages
+    std::int64_t widthPx = 0, heightPx = 0;
+    FrameRate fps;
+    double lengthSec = 0;
+    const char *lengthPath, *lengthRemedy;   // what makes it long, and what to do
+};
 // Throws `DocumentError` for a frame size, a rate or a length that nobody can mean.
+void requireRenderable(const FilmClaim& film);
 void requireRenderable(const DocumentFile& document);
 
 // The limits of what is rendered, for documents and for arguments.

@@ -46,19 +46,8 @@ ReelDocument openReel(
 
 void requireRenderable(const ReelDocument& reel) {
     const EffectsOutput& output = reel.spec.output;
-    const auto require = [&](bool holds, const char* key, const std::string& sentence) {
-        if (!holds) throw DocumentError(reel.file.string(), key, sentence);
-    };
-    const auto isSide = [](std::int64_t px) { return px >= minSidePx && px <= maxSidePx; };
-    const std::string sides =
-        "must be " + std::to_string(minSidePx) + " to " + std::to_string(maxSidePx) + " pixels.";
-    require(isSide(output.widthPx), "output.widthPx", sides);
-    require(isSide(output.heightPx), "output.heightPx", sides);
-    require(output.fps >= minFps && output.fps <= maxFps, "output.fps",
-        "must be " + std::to_string(minFps) + " to " + std::to_string(maxFps) + " frames a second.");
-    require(reel.durationSec() <= maxHours * 3600, "retimeTrack",
-        "makes the reel longer than " + std::to_string(int(maxHours)) +
-            " hours; slow down less of the recording.");
+    requireRenderable({reel.file.string(), output.widthPx, output.heightPx, output.fps, reel.durationSec(),
+        "retimeTrack", "slow down less of the recording"});
 }
 
 void requireNoPart(const fs::path& target, const ReelDocument& reel) {

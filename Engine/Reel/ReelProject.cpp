@@ -40,7 +40,7 @@ void make(const fs::path& bundle, const std::function<void()>& fill) {
     }
 }
 
-void copy(const fs::path& from, const fs::path& to) {
+void copyFile(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::copy_file(from, to, error);
     if (error) throw Failure("Cannot copy \"" + from.string() + "\": " + error.message() + ".");
@@ -62,9 +62,9 @@ void writeBlankRecording(const fs::path& video) {
 
 void writeProject(const fs::path& bundle, const ReelProjectParts& parts) {
     make(bundle, [&] {
-        if (parts.sidecar) copy(*parts.sidecar, bundle / ReelProjectBundle::timelineName);
-        if (parts.flow) copy(*parts.flow, bundle / ReelProjectBundle::flowName);
-        copy(parts.video, bundle / ReelProjectBundle::rawVideoName);
+        if (parts.sidecar) copyFile(*parts.sidecar, bundle / ReelProjectBundle::timelineName);
+        if (parts.flow) copyFile(*parts.flow, bundle / ReelProjectBundle::flowName);
+        copyFile(parts.video, bundle / ReelProjectBundle::rawVideoName);
     });
 }
 

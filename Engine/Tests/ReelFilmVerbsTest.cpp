@@ -61,8 +61,9 @@ TEST_F(ReelFilms, RenderNeverTakesAPartOfTheReelAway) {
 TEST_F(ReelFilms, RenderSaysWhatIsWrong) {
     const struct {
         const char *key, *value, *sentence;
-    } cases[] = {{"\"widthPx\": 64", "\"widthPx\": 0", "\"output.widthPx\" must be 2 to 8192 pixels."},
-        {"\"fps\": 10", "\"fps\": 900", "\"output.fps\" must be 1 to 240 frames a second."},
+    } cases[] = {{"\"widthPx\": 64", "\"widthPx\": 0",
+                     "output.widthPx: 0 pixels cannot be rendered; use 2 to 8192 pixels."},
+        {"\"fps\": 10", "\"fps\": 900", "output.fps: 900 frames a second cannot be rendered; use 1 to 240"},
         {"\"endSec\": 2", "\"endSec\": -1", ""}};
     for (const auto& c : cases) {
         std::string broken = effects;
@@ -132,7 +133,8 @@ TEST_F(ReelFilms, ATeaserIsAFilmOrAProjectOfTheSame) {
     EXPECT_EQ(number(again, "frames"), 35);
     EXPECT_EQ(readBytes(at("launch.mp4")), readBytes(at("again.mp4")));
     write("empty.json", R"({"output": {"widthPx": 96, "heightPx": 64, "fps": 10}})");
-    EXPECT_THAT(tavix({"teaser", "empty.json"}).err, HasSubstr("\"beats\" must hold at least one headline."));
+    EXPECT_THAT(tavix({"teaser", "empty.json"}).err,
+        HasSubstr("beats: The film would have no frames; add a headline."));
     write("bare.json", R"({"beats": []})");
     EXPECT_EQ(tavix({"teaser", "bare.json"}).status, 1);
 }

@@ -32,7 +32,8 @@ void TeaserVerb::run(Terminal& terminal) {
     reel.name = fs::path(spec_).stem().string();
     reel.spec = ReelAssets::rooted(TeaserAuthor::author(teaser), reel.assetRoot);
     reel.recording.rawDurationSec = TeaserAuthor::sourceSeconds;
-    if (teaser.beats.empty()) throw DocumentError(spec_, "beats", "must hold at least one headline.");
+    if (teaser.beats.empty())
+        throw DocumentError(spec_, "beats", "The film would have no frames; add a headline.");
     if (project_) {
         requireRenderable(reel);
         const fs::path document = writeCardProject(*project_, reel.spec);
