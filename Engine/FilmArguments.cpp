@@ -74,11 +74,11 @@ FrameRate FilmArguments::rate(const FrameRate& native, ExportFormat format) cons
     return ReelExporter::targetFps(fps_.value_or(native), format);
 }
 
-Json filmResult(const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate,
-    imaging::Size size, const JsonArray& warnings) {
+JsonObject filmResult(
+    const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate, imaging::Size size) {
     return JsonObject{{"output", film.string()}, {"frames", frames}, {"seconds", rate.secAt(frames)},
         {"widthPx", size.width}, {"heightPx", size.height}, {"fps", Codec<FrameRate>::write(rate)},
-        {"sizeBytes", fileSize(film)}, {"warnings", warnings}};
+        {"sizeBytes", fileSize(film)}};
 }
 
 }   // namespace tavix::engine

@@ -42,7 +42,7 @@ private:
 };
 
 // What came out, for whoever reads results.
-Json filmResult(const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate,
-    imaging::Size size, const JsonArray& warnings);
+JsonObject filmResult(
+    const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate, imaging::Size size);
 
 }   // namespace tavix::engine

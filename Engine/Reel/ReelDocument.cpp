@@ -37,8 +37,8 @@ ReelDocument openReel(
         reel.spec = readEffects(reel.file, terminal);
         return reel;
     }
-    terminal.warn("There is no \"" + reel.file.string() +
-                  "\" yet; this is what reel author would make of the steps alone.");
+    terminal.warn("no-effects", "There is no \"" + reel.file.string() +
+                                    "\" yet; this is what reel author would make of the steps alone.");
     reel.spec =
         EffectsAuthor::author(reel.recording.timeline, {}, MotionSpec::smoothGlide, ReelFormat::deviceNative);
     return reel;

@@ -2,7 +2,6 @@
 
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixReel/Project/ReelAssets.h"
@@ -20,17 +19,15 @@ void renderReel(const ReelDocument& reel, const FilmArguments& wishes, const Int
         .footage = reel.footage(),
         .assetRoot = reel.assetRoot,
         .fps = wishes.rate(reel.spec.output.fps, choice.format)};
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to render the film");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         ReelExport::write(
-            config, wishes.file(choice, unfinished), notes.log(),
+            config, wishes.file(choice, unfinished), terminal.log(),
             [&](double fraction) { terminal.progress(fraction); }, interruption.token());
     });
     terminal.tell("✓ Wrote " + choice.target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(
-            filmResult(choice.target, ReelExport::frameCount(config), config.fps, size, notes.warnings()));
+        terminal.report(filmResult(choice.target, ReelExport::frameCount(config), config.fps, size));
 }
 
 }   // namespace tavix::engine

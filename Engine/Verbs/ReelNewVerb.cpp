@@ -41,12 +41,13 @@ void ReelNewVerb::run(Terminal& terminal) {
     probeRecording(parts.video, terminal);   // says what is wrong with it before it is copied
     writeProject(bundle_, parts);
     if (!parts.sidecar)
-        terminal.warn("There is no sidecar \"" + beside.timeline.string() +
-                      "\", so the camera of the reel will stand still; tavix reel sidecar makes one.");
+        terminal.warn("no-sidecar",
+            "There is no sidecar \"" + beside.timeline.string() +
+                "\", so the camera of the reel will stand still; tavix reel sidecar makes one.");
     terminal.tell("✓ Wrote " + bundle_);
     terminal.tell("  Next: tavix reel author " + bundle_ + " --captions");
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"bundle", bundle_}, {"hasSidecar", parts.sidecar.has_value()},
+        terminal.report({{"bundle", bundle_}, {"hasSidecar", parts.sidecar.has_value()},
             {"hasFlow", parts.flow.has_value()}});
 }
 

@@ -7,7 +7,6 @@
 #include "Engine/OutputPath.h"
 #include "Engine/Reel/ReelDocument.h"
 #include "Engine/Reel/ReelStory.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
@@ -69,12 +68,11 @@ void ReelSheetVerb::run(Terminal& terminal) {
             return layout.columns * layout.rows;
         });
     const SheetLayout layout = layoutFor(static_cast<int>(shown.size()));
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to draw the sheet");
     JsonArray cells;
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         imaging::Evaluator evaluator;
-        ReelFilm film(reel.spec, reel.footage(), reel.assetRoot, evaluator, notes.log());
+        ReelFilm film(reel.spec, reel.footage(), reel.assetRoot, evaluator, terminal.log());
         SheetPainter painter(layout, evaluator);
         for (const SheetMoment& moment : shown) {
             interruption.check();
@@ -87,9 +85,9 @@ void ReelSheetVerb::run(Terminal& terminal) {
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"output", target.string()}, {"columns", layout.columns},
-            {"rows", layout.rows}, {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height},
-            {"sizeBytes", fileSize(target)}, {"cells", std::move(cells)}, {"warnings", notes.warnings()}});
+        terminal.report({{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
+            {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height},
+            {"sizeBytes", fileSize(target)}, {"cells", std::move(cells)}});
 }
 
 }   // namespace tavix::engine

@@ -6,7 +6,6 @@
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
 #include "Engine/Reel/ReelDocument.h"
-#include "Engine/RenderNotes.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixCore/Support/Decimals.h"
@@ -41,16 +40,15 @@ void ReelStillVerb::run(Terminal& terminal) {
         .footage = reel.footage(),
         .assetRoot = reel.assetRoot,
         .fps = reel.spec.output.fps};
-    RenderNotes notes(terminal);
     const SystemWatch::Task task("to draw the still");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
-        ReelExport::writeStill(config, *atSec_, unfinished, notes.log());
+        ReelExport::writeStill(config, *atSec_, unfinished, terminal.log());
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() != Terminal::Mode::json) return;
     const imaging::Size size = reel.size();
-    terminal.result(JsonObject{{"output", target.string()}, {"atSec", *atSec_}, {"widthPx", size.width},
-        {"heightPx", size.height}, {"sizeBytes", fileSize(target)}, {"warnings", notes.warnings()}});
+    terminal.report({{"output", target.string()}, {"atSec", *atSec_}, {"widthPx", size.width},
+        {"heightPx", size.height}, {"sizeBytes", fileSize(target)}});
 }
 
 }   // namespace tavix::engine

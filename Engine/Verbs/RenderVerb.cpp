@@ -58,8 +58,8 @@ void RenderVerb::run(Terminal& terminal) {
     });
     terminal.tell("✓ Wrote " + choice.target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(filmResult(choice.target, CompositionRenderer::frameCount(config.spec),
-            config.spec.output.fps, canvasSize(config.spec), notes.warnings()));
+        terminal.report(filmResult(choice.target, CompositionRenderer::frameCount(config.spec),
+            config.spec.output.fps, canvasSize(config.spec)));
 }
 
 }   // namespace tavix::engine

@@ -39,7 +39,7 @@ void TeaserVerb::run(Terminal& terminal) {
         const fs::path document = writeCardProject(*project_, reel.spec);
         terminal.tell("✓ Wrote " + document.string());
         if (terminal.mode() == Terminal::Mode::json)
-            terminal.result(JsonObject{{"bundle", *project_}, {"document", document.string()}});
+            terminal.report({{"bundle", *project_}, {"document", document.string()}});
         return;
     }
     renderReel(reel, film_, interruption, terminal);

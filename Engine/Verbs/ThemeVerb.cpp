@@ -33,7 +33,7 @@ void ThemeVerb::run(Terminal& terminal) {
     for (const std::string& note : notes) terminal.tell("  " + note);
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(JsonObject{{"output", target.string()}, {"brand", Codec<BrandKit>::write(*brand)}});
+        terminal.report({{"output", target.string()}, {"brand", Codec<BrandKit>::write(*brand)}});
 }
 
 }   // namespace tavix::engine

@@ -53,7 +53,7 @@ KineticTextBlock blockOf(
     const CardText& text, double middleFraction, double cardSec, const LayerBuild& build) {
     const auto layout = laidOut(text, middleFraction, build);
     if (!layout) return {};
-    if (layout->note && build.log) build.log("⚠️ " + *layout->note);
+    if (layout->note) tell(build.log, Finding::warning(RenderCode::fontMissing, *layout->note));
     return {*layout, text.kinetic, {cardSec, build.framesPerSec, text.delaySec}, build.evaluator};
 }
 

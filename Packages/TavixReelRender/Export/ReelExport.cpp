@@ -22,7 +22,7 @@ EffectsSpec clocked(const Config& config) {
 
 std::string headline(const Config& config, const ReelFilm& film) {
     const EffectsOutput& output = config.spec.output;
-    return "• " + std::to_string(output.widthPx) + "×" + std::to_string(output.heightPx) + " @ " +
+    return std::to_string(output.widthPx) + "×" + std::to_string(output.heightPx) + " @ " +
            config.fps.shown() + "fps — " + std::to_string(film.segmentCount()) + " segments, " +
            decimals(film.durationSec(), 1) + "s (" + std::to_string(frameCount(config)) + " frames)";
 }
@@ -40,7 +40,7 @@ void writePicture(const Config& config, const FilmFile& file, const RenderLog& l
     imaging::Evaluator evaluator(config.evaluation);
     ReelFilm film(clocked(config), config.footage, config.assetRoot, evaluator, log);
     FrameOutput::requireDrawableSize(film.size());
-    if (log) log(headline(config, film));
+    tell(log, Finding::progress(RenderCode::rendering, headline(config, film)));
     const FilmFrames frames{
         film.size(), config.fps, frameCount(config), [&](double atSec) { return film.frame(atSec); }};
     FilmWriter::write(frames, file, evaluator, log, onProgress, stop);

@@ -14,7 +14,7 @@ void tellOfFonts(const Narration& narration, const LayerBuild& build) {
     for (const Caption& caption : narration.captions)
         if (const auto note =
                 CaptionLayout::resolveFont(narration.styleOf(caption), anySizePx, build.fonts).note)
-            build.log("⚠️ " + *note);
+            build.log(Finding::warning(RenderCode::fontMissing, *note));
 }
 
 // The captions of one kind, with everything else of the narration.

@@ -34,7 +34,8 @@ ReelRenderer::~ReelRenderer() = default;
 void ReelRenderer::buildSpace(
     const EffectsSpec& spec, const TimeRemap& compositionSec, const LayerBuild& build) {
     if (!DeviceModelLoader::modelPath()) {
-        if (log_) log_("⚠️ deviceScene requested but the phone model is unavailable; rendering flat.");
+        tell(log_, Finding::warning(RenderCode::phoneMissing,
+                       "deviceScene requested but the phone model is unavailable; rendering flat."));
         return;
     }
     DeviceSceneRenderer::Settings settings;

@@ -33,8 +33,7 @@ protected:
     }
     std::filesystem::path at(const char* name) const { return studio_.folder.path() / name; }
     void write(const char* name, ExportFormat format = ExportFormat::video) {
-        ReelExport::write(config_, {.output = at(name), .format = format},
-            [this](const std::string& line) { studio_.log.push_back(line); });
+        ReelExport::write(config_, {.output = at(name), .format = format}, messagesTo(studio_.log));
     }
     int framesIn(const char* name) const {
         const auto frames = media::VideoFile(at(name)).framesFrom(
@@ -62,7 +61,7 @@ TEST_F(Exports, AFilmHasAFrameForEveryTickAndNoSoundOfItsOwn) {
     write("film.mp4");
     EXPECT_EQ(framesIn("film.mp4"), 90);
     EXPECT_TRUE(media::probeMedia(at("film.mp4")).audio.empty());
-    EXPECT_THAT(studio_.log, Contains("• 64×64 @ 30fps — 2 segments, 3.0s (90 frames)"));
+    EXPECT_THAT(studio_.log, Contains("64×64 @ 30fps — 2 segments, 3.0s (90 frames)"));
     config_.fps = *FrameRate::ratio(24000, 1001);
     write("cinema.mp4");
     EXPECT_EQ(framesIn("cinema.mp4"), 72);

@@ -63,15 +63,14 @@ EffectsSpec bareSpec(int fps) {
     return spec;
 }
 
-Studio::Studio(imaging::Size canvas)
-    : size(canvas), images([this](const std::string& line) { log.push_back(line); }) {
+Studio::Studio(imaging::Size canvas) : size(canvas), images(messagesTo(log)) {
     writeRing(folder.path());
     media::writePng(folder.path() / clearName, imaging::Bitmap(smallSize).view());
 }
 
 LayerBuild Studio::build() {
     return {{0, 0, double(size.width), double(size.height)}, 30, folder.path(), evaluator, images, fonts,
-        [this](const std::string& line) { log.push_back(line); }};
+        messagesTo(log)};
 }
 
 ReelRenderer Studio::renderer(const EffectsSpec& spec, ReelRenderer::Footage footage) {
