@@ -91,7 +91,7 @@ TEST_F(ReelFilms, AStillIsOfTheFinishedReel) {
     const imaging::Bitmap still = media::loadStillImage(at("still.png"));
     ASSERT_EQ(still.size(), (imaging::Size{64, 96}));
     const std::uint8_t* corner = still.view().row(2) + 4 * 2;
-    EXPECT_EQ(corner[0], 255);   // the blue ground around the device
+    EXPECT_GT(corner[0], 230);   // the blue ground around the device, in its shadow
     EXPECT_EQ(corner[2], 0);
     EXPECT_THAT(tavix({"reel", "still", "walk.mov", "--at", "3.6"}).err,
         HasSubstr("There is no picture at 3.60 s; the reel runs from 0 to 3.50 s."));

@@ -9,7 +9,12 @@
 namespace tavix::CaptionRoom {
 namespace {
 
-constexpr double paddingFraction = 0.115;   // of the canvas height: a large line and the margin under it
+// Of the canvas height: a large line and the margin under it, or two lines where a canvas is as narrow as a
+// phone.
+double roomFractionOf(const EffectsSpec& spec) {
+    constexpr double narrowAspect = 0.5, oneLine = 0.115, twoLines = 0.165;
+    return double(spec.output.widthPx) < narrowAspect * double(spec.output.heightPx) ? twoLines : oneLine;
+}
 
 bool isUprightWithCaptions(const EffectsSpec& spec) {
     return spec.narration && !spec.narration->captions.empty() && !spec.output.isLandscape();
@@ -19,8 +24,14 @@ bool isUprightWithCaptions(const EffectsSpec& spec) {
 
 void makeBelow(EffectsSpec& spec) {
     if (!isUprightWithCaptions(spec)) return;
-    spec.background.padding =
-        std::max(spec.background.padding, std::round(paddingFraction * double(spec.output.heightPx)));
+    const double width = double(spec.output.widthPx), height = double(spec.output.heightPx);
+    const PixelRect frame = CanvasGeometry::deviceFrameRect(spec);
+    const double roomFraction = roomFractionOf(spec);
+    // The device is as high as that lets it when either its height or its width leaves no more.
+    const double deviceHeight = (1 - 2 * roomFraction) * height;
+    const double byHeight = roomFraction * height;
+    const double byWidth = (width - deviceHeight * frame.width / frame.height) / 2;
+    spec.background.padding = std::max(spec.background.padding, std::ceil(std::min(byHeight, byWidth)));
 }
 
 void seatBelow(EffectsSpec& spec) {
