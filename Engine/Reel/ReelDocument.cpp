@@ -54,9 +54,8 @@ void requireNoPart(const fs::path& target, const ReelDocument& reel) {
     const auto& parts = reel.recording.parts;
     std::vector<fs::path> files{parts.rawVideo, parts.timeline, parts.effects, parts.flow, reel.file};
     EffectsSpec spec = ReelAssets::rooted(reel.spec, reel.assetRoot);
-    ReelAssets::forEach(spec, [&](AssetKind, std::string& path) {
-        if (!path.empty()) files.emplace_back(path);
-    });
+    ReelAssets::forEach(spec, [&](AssetKind, std::string& path) { files.emplace_back(path); });
+    std::erase_if(files, [](const fs::path& file) { return file.empty(); });   // a teaser has no recording
     for (fs::path& file : files) file = fs::absolute(file).lexically_normal();
     requireNoneOf(target, files);
 }
