@@ -102,7 +102,8 @@ Background ReelAuthorVerb::background(const fs::path& target) const {
 void ReelAuthorVerb::theme(EffectsSpec& spec) const {
     const BackgroundFill fill = spec.background.fill;
     const bool hasNarration = spec.narration.has_value();
-    spec = ThemeAuthor::apply(*spec.brand, std::move(spec));
+    const BrandKit brand = *spec.brand;   // the document moves
+    spec = ThemeAuthor::apply(brand, std::move(spec));
     if (background_) spec.background.fill = fill;
     if (!hasNarration) spec.narration.reset();
 }
