@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace tavix::text {
@@ -28,17 +29,26 @@ public:
     explicit CoverageMask(imaging::Size size);
     ~CoverageMask();
 
-    // Where outlines overlap, the larger coverage stays: a pixel on the common edge of two is not covered
-    // twice.
-    void cover(const Outline& outline, const MaskPlacement& placement, const Columns& columns);
+    // Lays the outline over what is covered. Where its edge meets the edge of one of `before`, a pixel is
+    // covered as far as both together cover it: coverage adds up where they abut, and is not counted twice
+    // where they overlap. The outline alone answers for what is missing beside the others, so it comes out
+    // the same whether they are covered in the same mask or drawn by themselves and laid under it.
+    void cover(const Outline& outline, const MaskPlacement& placement, const Columns& columns,
+        std::span<const Outline> before = {});
     // Lays the colour over a bitmap of the mask's size, as far as the mask is covered, and clears the mask.
     void paintOver(const imaging::BitmapView& target, const imaging::Color& color);
 
 private:
     struct Rasterizer;
+    void settleSeams(const Outline& outline, const MaskPlacement& placement, const imaging::PixelRegion& box,
+        std::span<const Outline> before);
+    void settle(const Outline& outline, std::span<const Outline* const> meeting,
+        const MaskPlacement& placement, const imaging::PixelRegion& seam, const imaging::PixelRegion& box);
+
     imaging::Size size_;
-    std::vector<std::uint8_t> coverage_;   // the bottom row first
-    int firstRow_, lastRow_;               // of those touched
+    std::vector<std::uint8_t> own_, other_;   // of an outline, in the box that it covers
+    std::vector<std::uint8_t> coverage_;      // the bottom row first
+    int firstRow_, lastRow_;                  // of those touched
     std::unique_ptr<Rasterizer> rasterizer_;
 };
 

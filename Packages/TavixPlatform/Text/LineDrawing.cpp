@@ -11,6 +11,8 @@
 #include <cmath>
 #include <cstring>
 #include <memory>
+#include <span>
+#include <vector>
 
 namespace tavix::text {
 namespace {
@@ -86,11 +88,30 @@ private:
             if (font.hasLayers && paintLayers(glyph, font)) return;
         }
         setColor(line_.colors[glyph.color]);
-        cover(glyph, outlineOf(line_, glyph));
+        cover(glyph, outlineOf(line_, glyph), outlinesBefore(glyph));
     }
 
-    // Glyphs of one colour are joined before they are laid over what is there: where letters that are joined
-    // overlap, their common edge stays as sharp as the rest.
+    // Drawn as its outline, in the colour of the text.
+    bool isPlain(const PlacedGlyph& glyph) const {
+        if (glyph.kind == PlacedGlyph::Kind::box) return true;
+        const GlyphFont& font = *line_.fonts[glyph.font];
+        return !font.hasPictures && !font.hasLayers;
+    }
+
+    // Of the glyphs that this one may abut, in the part or not: letters of a script that joins them, marks on
+    // their letters, dashes.
+    std::vector<Outline> outlinesBefore(const PlacedGlyph& glyph) const {
+        constexpr std::ptrdiff_t mostBefore = 4;
+        std::vector<Outline> outlines;
+        const PlacedGlyph* const first = line_.glyphs.data();
+        for (const PlacedGlyph* other = &glyph; other != first && &glyph - other < mostBefore;) {
+            --other;
+            if (other->color == glyph.color && isPlain(*other)) outlines.push_back(outlineOf(line_, *other));
+        }
+        return outlines;
+    }
+
+    // Glyphs of one colour are joined before they are laid over what is there.
     void setColor(const imaging::Color& color) {
         if (color == color_) return;
         flush();
@@ -99,9 +120,9 @@ private:
 
     void flush() { mask_.paintOver(bitmap_.view(), color_); }
 
-    void cover(const PlacedGlyph& glyph, const Outline& outline) {
+    void cover(const PlacedGlyph& glyph, const Outline& outline, std::span<const Outline> before = {}) {
         mask_.cover(outline, {scale_, (origin_.x * scale_) - region_.x0, (origin_.y * scale_) - region_.y0},
-            columnsOf(glyph));
+            columnsOf(glyph), before);
     }
 
     // The columns that a glyph may touch: all of them, or those of the part where its cluster leaves the

@@ -1,6 +1,10 @@
 #include "TavixPlatform/Text/Tests/TextTestKit.h"
 
+#include "TavixBase/Characters.h"
+
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 namespace tavix::text {
@@ -28,6 +32,16 @@ std::vector<std::string> hostileTexts() {
         repeated("\n", 2000),
         repeated("\t", 2000),
     };
+}
+
+std::vector<TextRange> charactersOf(std::string_view text) {
+    std::vector<TextRange> ranges;
+    std::size_t at = 0;
+    for (const std::string_view character : characters(text)) {
+        ranges.push_back({at, at + character.size()});
+        at += character.size();
+    }
+    return ranges;
 }
 
 std::vector<TextRange> codePointsOf(std::string_view text) {
@@ -66,12 +80,28 @@ std::uint32_t pixelAt(const imaging::Bitmap& bitmap, int x, int fromTop) {
     return pixel;
 }
 
-imaging::Bitmap lightestOf(const imaging::Bitmap& a, const imaging::Bitmap& b) {
-    imaging::Bitmap result(a.size());
-    for (int y = 0; y < a.size().height; ++y)
-        for (int i = 0; i < 4 * a.size().width; ++i)
-            result.view().row(y)[i] = std::max(a.view().row(y)[i], b.view().row(y)[i]);
+imaging::Bitmap laidOver(const imaging::Bitmap& front, const imaging::Bitmap& back) {
+    imaging::Bitmap result(front.size());
+    for (int y = 0; y < front.size().height; ++y)
+        for (int i = 0; i < 4 * front.size().width; ++i) {
+            const std::uint8_t* over = front.view().row(y);
+            const double left = 1 - over[i / 4 * 4 + 3] / 255.0;
+            result.view().row(y)[i] = std::uint8_t(std::lround(over[i] + back.view().row(y)[i] * left));
+        }
     return result;
+}
+
+std::size_t pixelsApart(const imaging::Bitmap& a, const imaging::Bitmap& b, int mostLevels) {
+    if (!(a.size() == b.size())) return SIZE_MAX;
+    std::size_t count = 0;
+    for (int y = 0; y < a.size().height; ++y)
+        for (int x = 0; x < a.size().width; ++x) {
+            int most = 0;
+            for (int i = 4 * x; i < 4 * x + 4; ++i)
+                most = std::max(most, std::abs(int(a.view().row(y)[i]) - int(b.view().row(y)[i])));
+            count += most > mostLevels;
+        }
+    return count;
 }
 
 std::size_t differingPixels(const imaging::Bitmap& a, const imaging::Bitmap& b) {

@@ -44,6 +44,8 @@ std::vector<std::string> hostileTexts();
 
 // Byte ranges of the words between blanks and line breaks.
 std::vector<TextRange> wordsOf(std::string_view text);
+// Byte ranges of what a reader sees as characters.
+std::vector<TextRange> charactersOf(std::string_view text);
 // Byte ranges of the code points; a broken byte counts as one.
 std::vector<TextRange> codePointsOf(std::string_view text);
 
@@ -53,8 +55,10 @@ LinePart wholeOf(const TypesetLine& line);
 imaging::PixelRegion regionOf(const TypesetLine& line, imaging::Point origin, double scale);
 
 std::uint32_t pixelAt(const imaging::Bitmap& bitmap, int x, int fromTop);
-// The larger of each byte.
-imaging::Bitmap lightestOf(const imaging::Bitmap& a, const imaging::Bitmap& b);
+// The one over the other.
+imaging::Bitmap laidOver(const imaging::Bitmap& front, const imaging::Bitmap& back);
+// How many pixels differ by more than that in any channel.
+std::size_t pixelsApart(const imaging::Bitmap& a, const imaging::Bitmap& b, int mostLevels);
 std::size_t differingPixels(const imaging::Bitmap& a, const imaging::Bitmap& b);
 // The sum of all alphas, in whole pixels.
 double inkOf(const imaging::Bitmap& bitmap);
