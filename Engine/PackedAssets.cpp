@@ -4,6 +4,7 @@
 #include "Engine/Errors.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
+#include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Time/CompositionMarks.h"
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Media/StillImages.h"
@@ -20,11 +21,6 @@ namespace tavix::engine {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool isFile(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored);
-}
 
 bool hasPicture(const fs::path& file) {
     media::VideoFile film(file);

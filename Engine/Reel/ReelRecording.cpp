@@ -4,6 +4,7 @@
 #include "Engine/Terminal.h"
 #include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixCore/Support/FileBytes.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixReel/Recording/PixelMarkAlignment.h"
 #include "TavixRender/Recording/SyncFrameDetector.h"
@@ -32,11 +33,6 @@ template <class T> T readDocument(const fs::path& file, Terminal& terminal) {
     } catch (const DecodingError& error) {
         throw DocumentError(file.string(), error.path(), error.message());
     }
-}
-
-bool isFile(const fs::path& file) {
-    std::error_code ignored;
-    return fs::is_regular_file(file, ignored);
 }
 
 // The times of the pictures where they were marked.

@@ -1,6 +1,8 @@
 // Points and directions of the modelling program, and places where plane drawings stand in space.
 #pragma once
 
+#include "TavixBase/Vec3.h"
+
 #include <cmath>
 #include <compare>
 
@@ -24,20 +26,7 @@ inline Vec2 normalized(Vec2 a) { return a * (1 / length(a)); }
 // A quarter turn to the right.
 inline Vec2 rightOf(Vec2 a) { return {a.y, -a.x}; }
 
-struct Vec3 {
-    double x = 0, y = 0, z = 0;
-
-    bool operator==(const Vec3&) const = default;
-    auto operator<=>(const Vec3&) const = default;
-    friend Vec3 operator+(Vec3 a, Vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-    friend Vec3 operator-(Vec3 a, Vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-    friend Vec3 operator*(Vec3 a, double s) { return {a.x * s, a.y * s, a.z * s}; }
-};
-
-inline double dot(Vec3 a, Vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-inline Vec3 cross(Vec3 a, Vec3 b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
+using Vec3 = Vec3Of<double>;
 inline double length(Vec3 a) { return std::sqrt(dot(a, a)); }
 inline Vec3 normalized(Vec3 a) { return a * (1 / length(a)); }
 

@@ -1,4 +1,5 @@
 #include "TavixCore/Project/AssetPacker.h"
+#include "TavixCore/Support/FileBytes.h"
 
 #include "TavixBase/Failure.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
@@ -14,11 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path standardized(const fs::path& path) { return fs::absolute(path).lexically_normal(); }
-
-bool isFile(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored);
-}
 
 std::string relativeTo(const std::string& name) {
     return std::string(CompositionProjectBundle::assetsDirName) + "/" + name;

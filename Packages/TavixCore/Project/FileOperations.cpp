@@ -1,14 +1,13 @@
 #include "TavixCore/Project/FileOperations.h"
 
 #include "TavixBase/Failure.h"
+#include "TavixCore/Support/DiskSync.h"
 
 #include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
 #include <memory>
 #include <string>
 #include <system_error>
-#include <unistd.h>
 
 namespace tavix {
 
@@ -48,11 +47,7 @@ void DiskOperations::rename(const Path& from, const Path& to) {
 }
 
 void DiskOperations::sync(const Path& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return require(systemError(), "write", path);
-    // Some file systems cannot do this for folders, and say so by EINVAL.
-    const std::error_code error = ::fsync(descriptor) == 0 ? std::error_code() : systemError();
-    ::close(descriptor);
+    const std::error_code error = syncToDisk(path);
     if (error != std::errc::invalid_argument) require(error, "write", path);
 }
 

@@ -63,6 +63,11 @@ void requireFile(int descriptor, const fs::path& file) {
 
 }   // namespace
 
+bool isFile(const fs::path& path) noexcept {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
 std::string readBytes(const fs::path& file, std::size_t maxBytes) try {
     // Without waiting for the other end of a pipe.
     const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));

@@ -9,6 +9,9 @@
 
 namespace tavix {
 
+// Whether a plain file is there, at the end of all links.
+bool isFile(const std::filesystem::path& path) noexcept;
+
 // Throws a `Failure` that names the file and the system's reason, or says that it has more than `maxBytes`.
 std::string readBytes(
     const std::filesystem::path& file, std::size_t maxBytes = std::numeric_limits<std::size_t>::max());

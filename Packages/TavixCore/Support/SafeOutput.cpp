@@ -1,6 +1,7 @@
 #include "TavixCore/Support/SafeOutput.h"
 
 #include "TavixBase/Failure.h"
+#include "TavixCore/Support/DiskSync.h"
 #include "TavixCore/Support/UnfinishedFolders.h"
 
 #include <cerrno>
@@ -90,15 +91,6 @@ void sweep(const fs::path& folder) {
     }
 }
 
-// Returns 0 or what went wrong. A folder can be synced like a file; that makes a rename in it last.
-int syncToDisk(const fs::path& path, int flags) {
-    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC);
-    if (descriptor < 0) return errno;
-    const int error = ::fsync(descriptor) == 0 ? 0 : errno;
-    ::close(descriptor);
-    return error;
-}
-
 }   // namespace
 
 SafeOutput::SafeOutput(const fs::path& target, IfTaken ifTaken)
@@ -150,7 +142,7 @@ SafeOutput::~SafeOutput() {
 }
 
 void SafeOutput::commit() {
-    if (const int error = syncToDisk(partial_, O_RDONLY)) fail(target_, {error, std::generic_category()});
+    if (const std::error_code error = syncToDisk(partial_)) fail(target_, error);
     struct stat earlier {};
     const bool isReplaced = ::stat(target_.c_str(), &earlier) == 0 && S_ISREG(earlier.st_mode);
     if (isReplaced && ::chmod(partial_.c_str(), earlier.st_mode & 07777) != 0) fail(target_, systemError());
@@ -158,7 +150,7 @@ void SafeOutput::commit() {
     fs::rename(partial_, target_, error);
     if (error) fail(target_, error);
     // Some file systems cannot sync a folder; the file is complete all the same.
-    syncToDisk(folderOf(target_), O_RDONLY | O_DIRECTORY);
+    syncToDisk(folderOf(target_));
 }
 
 }   // namespace tavix

@@ -1,16 +1,14 @@
 // Three numbers along the axes of space: a position, or angles in degrees.
 #pragma once
 
+#include "TavixBase/Vec3.h"
 #include "TavixCore/Support/Tables.h"
 
 #include <type_traits>
 
 namespace tavix {
 
-struct Vector3 {
-    double x = 0, y = 0, z = 0;
-    bool operator==(const Vector3&) const = default;
-};
+using Vector3 = Vec3Of<double>;
 
 const Fields<Vector3>& fieldsOf(std::type_identity<Vector3>);
 

@@ -79,7 +79,8 @@ Transform transformOf(const tinygltf::Node& node) {
 
 bool isFinite(const Transform& t) {
     const auto& q = t.orientation;
-    return isFinite(t.position) && isFinite(t.scale) && std::isfinite(q.x + q.y + q.z + q.w);
+    return scene3d::isFinite(t.position) && scene3d::isFinite(t.scale) &&
+           std::isfinite(q.x + q.y + q.z + q.w);
 }
 
 // Strips and fans as separate triangles.

@@ -3,6 +3,8 @@
 // everywhere.
 #pragma once
 
+#include "TavixBase/Vec3.h"
+
 #include <array>
 
 namespace tavix::scene3d {
@@ -12,17 +14,7 @@ struct Vec2 {
     bool operator==(const Vec2&) const = default;
 };
 
-struct Vec3 {
-    float x = 0, y = 0, z = 0;
-    bool operator==(const Vec3&) const = default;
-};
-constexpr Vec3 operator+(Vec3 a, Vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-constexpr Vec3 operator-(Vec3 a, Vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-constexpr Vec3 operator*(Vec3 a, float s) { return {a.x * s, a.y * s, a.z * s}; }
-constexpr float dot(Vec3 a, Vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-constexpr Vec3 cross(Vec3 a, Vec3 b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
+using Vec3 = Vec3Of<float>;
 float length(Vec3 a);
 Vec3 normalized(Vec3 a);   // zero stays zero
 bool isFinite(Vec3 a);

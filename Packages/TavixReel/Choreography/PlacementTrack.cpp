@@ -22,11 +22,8 @@ bool isPark(const std::optional<std::string>& move) {
     return move == nameOf(PhoneMove::parkLeft) || move == nameOf(PhoneMove::parkRight);
 }
 
-Vector3 sum(const Vector3& a, const Vector3& b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
-Vector3 difference(const Vector3& a, const Vector3& b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
-
 void turn(std::vector<DevicePoseKeyframe>& pose, const Vector3& by) {
-    for (DevicePoseKeyframe& key : pose) key.tiltDegrees = sum(key.tiltDegrees, by);
+    for (DevicePoseKeyframe& key : pose) key.tiltDegrees = key.tiltDegrees + by;
 }
 
 // The clip at the start, what the reel has between the two, the clip at the end.
@@ -81,8 +78,8 @@ std::optional<DeviceTracks> applyEntranceExit(const DeviceTracks& reel, const Ve
     if (!(lengths + leastReelSec < reelEndSec)) return std::nullopt;
     const double exitSec = reelEndSec - (exit ? exit->durationSec : 0);
     Clip out = exit ? exit->shifted(exitSec) : Clip{};
-    if (!in.pose.empty()) turn(in.pose, difference(baseTilt, in.pose.back().tiltDegrees));
-    if (!out.pose.empty()) turn(out.pose, difference(baseTilt, out.pose.front().tiltDegrees));
+    if (!in.pose.empty()) turn(in.pose, baseTilt - in.pose.back().tiltDegrees);
+    if (!out.pose.empty()) turn(out.pose, baseTilt - out.pose.front().tiltDegrees);
     return DeviceTracks{spliced(in.pose, reel.pose, out.pose, in.durationSec, exitSec),
         spliced(in.placement, reel.placement, out.placement, in.durationSec, exitSec)};
 }

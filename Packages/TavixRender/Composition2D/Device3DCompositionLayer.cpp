@@ -1,7 +1,5 @@
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 
-#include "TavixBase/Overloaded.h"
-#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Compositor/DeviceFrame.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
@@ -67,18 +65,7 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
 
 Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build)
     : evaluator_(build.evaluator), log_(build.log), bounds_(build.bounds), scene3D_(*content.scene3D),
-      placement_(content.placement) {
-    std::visit(
-        Overloaded{
-            [&](const StillScreen& still) {
-                stillScreen_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
-            },
-            [&](const VideoClip& clip) {
-                clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
-            },
-        },
-        content.screen);
-}
+      placement_(content.placement), screen_(content.screen, build) {}
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     if (std::exchange(needsApplyScene_, false))
@@ -94,7 +81,7 @@ std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
 }
 
 void Device3DCompositionLayer::rest() {
-    if (clip_) clip_->rest();
+    screen_.rest();
     renderer_->rest();
     heldScreen_.reset();
     lastFrame_.reset();
@@ -103,9 +90,7 @@ void Device3DCompositionLayer::rest() {
 std::optional<Image> Device3DCompositionLayer::screenAt(double localSec) {
     if (scrubQuality_ && heldScreen_ && std::abs(localSec - heldScreen_->sec) < heldScreenSec)
         return heldScreen_->fitted;
-    const auto source = stillScreen_ ? stillScreen_
-                        : clip_      ? clip_->frame(localSec, scrubQuality_)
-                                     : std::nullopt;
+    const auto source = screen_.at(localSec, scrubQuality_);
     if (!source) return std::nullopt;
     heldScreen_ = {coverCrop(*source, screenAspect_), localSec};
     return heldScreen_->fitted;

@@ -4,7 +4,7 @@
 #include "TavixCore/Device/DeviceContent.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
-#include "TavixRender/Composition2D/SequentialClipReader.h"
+#include "TavixRender/Composition2D/ScreenPictures.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include <cstdint>
@@ -46,11 +46,10 @@ private:
     imaging::Rect bounds_;   // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
+    ScreenPictures screen_;
     double screenAspect_ = 1;                         // width by height
     std::shared_ptr<DeviceSceneRenderer> renderer_;   // shared with the pool
     bool needsApplyScene_ = false;   // it came from the pool and holds another document's values
-    std::optional<imaging::Image> stillScreen_;
-    std::optional<SequentialClipReader> clip_;
     bool scrubQuality_ = false;
     std::optional<HeldScreen> heldScreen_;
     std::optional<DrawnFrame> lastFrame_;

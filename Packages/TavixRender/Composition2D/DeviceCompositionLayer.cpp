@@ -1,9 +1,7 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 
-#include "TavixBase/Overloaded.h"
 #include "TavixCore/Animation/CompositionMath.h"
 #include "TavixCore/Values/Clamp01.h"
-#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/Compositor/MovedDevice.h"
@@ -68,23 +66,9 @@ DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
     : bounds_(build.bounds), device_(CanvasDrawing::resolveDevice(content.mockup, content.basePaddingPx,
                                  bounds_, build.assetRoot, build.images)),
-      screenFade_(timedKeyframes(content.screenOpacity)),
+      screen_(content.screen, build), screenFade_(timedKeyframes(content.screenOpacity)),
       trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
-    openScreen(content.screen, build);
     bake(peakMagnification(layer) * peakScale(trajectory_), build.evaluator);
-}
-
-void DeviceCompositionLayer::openScreen(const ScreenSource& source, const LayerBuild& build) {
-    std::visit(
-        Overloaded{
-            [&](const StillScreen& still) {
-                stillScreen_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
-            },
-            [&](const VideoClip& clip) {
-                clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
-            },
-        },
-        source);
 }
 
 void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& evaluator) {
@@ -93,10 +77,10 @@ void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& eval
         return std::max(1.0, picture.extent().height / std::max(place.height, 1e-6));
     };
     const double bezelDetail = detailLeft(device_.picture, device_.frameRect);
-    if (stillScreen_ && screenFade_.empty()) {
-        const double unitDetail = std::max(bezelDetail, detailLeft(*stillScreen_, device_.screenRect));
+    if (screen_.still() && screenFade_.empty()) {
+        const double unitDetail = std::max(bezelDetail, detailLeft(*screen_.still(), device_.screenRect));
         stillUnit_ = bakedForMagnification(
-            [&](int detail) { return stillUnitAt(device_, *stillScreen_, detail, bounds_); },
+            [&](int detail) { return stillUnitAt(device_, *screen_.still(), detail, bounds_); },
             std::min(magnification, unitDetail), evaluator);
         return;
     }
@@ -109,7 +93,7 @@ std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
         FlatDeviceMotion::moveAt(trajectory_, localSec, device_.frameRect, bounds_.height);
     const imaging::Affine affine = CanvasDrawing::affineOf(move, bounds_);
     if (stillUnit_) return stillUnit_->transformed(affine);
-    const std::optional<Image> screen = clip_ ? clip_->frame(localSec) : stillScreen_;
+    const std::optional<Image> screen = screen_.at(localSec);
     if (!screen) return std::nullopt;
     const double opacity =
         CompositionMath::sample(screenFade_, localSec, CompositionMath::Mixing::linear).value_or(1);

@@ -6,7 +6,7 @@
 #include "TavixCore/Geometry/CameraFrameTransform.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
-#include "TavixRender/Composition2D/SequentialClipReader.h"
+#include "TavixRender/Composition2D/ScreenPictures.h"
 #include "TavixRender/Compositor/DeviceFrame.h"
 
 #include <vector>
@@ -18,23 +18,19 @@ public:
     DeviceCompositionLayer(
         const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
-    void rest() override {
-        if (clip_) clip_->rest();
-    }
+    void rest() override { screen_.rest(); }
 
 private:
-    void openScreen(const ScreenSource& source, const LayerBuild& build);
     void bake(double magnification, imaging::Evaluator& evaluator);
     imaging::Image screenAt(
         const imaging::Image& screen, const CameraFrameTransform& move, double opacity) const;
 
     imaging::Rect bounds_;   // of the canvas
     CanvasDrawing::FittedDevice device_;
+    ScreenPictures screen_;
     std::vector<CompositionKeyframe> screenFade_;
     DevicePlacementTrajectory trajectory_;
     std::optional<imaging::Image> stillUnit_;   // screen and bezel in one, where nothing between them changes
-    std::optional<imaging::Image> stillScreen_;   // a still that fades
-    std::optional<SequentialClipReader> clip_;    // or a recording, whose last frame stays on
 };
 
 }   // namespace tavix

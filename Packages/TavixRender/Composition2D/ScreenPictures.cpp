@@ -1,0 +1,23 @@
+#include "TavixRender/Composition2D/ScreenPictures.h"
+
+#include "TavixBase/Overloaded.h"
+#include "TavixRender/Assets/CompositionAssets.h"
+
+#include <variant>
+
+namespace tavix {
+
+ScreenPictures::ScreenPictures(const ScreenSource& source, const LayerBuild& build) {
+    std::visit(Overloaded{
+                   [&](const StillScreen& still) {
+                       still_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
+                   },
+                   [&](const VideoClip& clip) {
+                       clip_.emplace(
+                           CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
+                   },
+               },
+        source);
+}
+
+}   // namespace tavix

@@ -1,0 +1,32 @@
+// What is seen on the screen of a device: a still, or a clip whose last picture stays on.
+#pragma once
+
+#include "TavixCore/Device/ScreenSource.h"
+#include "TavixRender/Composition2D/LayerBuild.h"
+#include "TavixRender/Composition2D/SequentialClipReader.h"
+
+#include <optional>
+
+namespace tavix {
+
+// Used by one thread at a time.
+class ScreenPictures {
+public:
+    ScreenPictures(const ScreenSource& source, const LayerBuild& build);
+
+    // Of a still that can be read.
+    const std::optional<imaging::Image>& still() const { return still_; }
+    // Nothing where there is no picture. `approximate` asks a clip for whatever is quick.
+    std::optional<imaging::Image> at(double localSec, bool approximate = false) {
+        return clip_ ? clip_->frame(localSec, approximate) : still_;
+    }
+    void rest() {
+        if (clip_) clip_->rest();
+    }
+
+private:
+    std::optional<imaging::Image> still_;
+    std::optional<SequentialClipReader> clip_;
+};
+
+}   // namespace tavix
