@@ -55,6 +55,7 @@ public:
         AVFormatContext* made = nullptr;
         check(avformat_alloc_output_context2(&made, nullptr, nullptr, recipe.path.c_str()));
         format_.reset(made);
+        made->flags |= AVFMT_FLAG_BITEXACT;   // the same bytes each time, so that a hole in them is the same
         encoder_ = libav::owned<libav::CodecContext>(avcodec_alloc_context3(codec));
         openEncoder(*codec);
         stream_ = avformat_new_stream(made, nullptr);
