@@ -10,6 +10,7 @@
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Judge/IgnoredBesideMotion.h"
 #include "TavixCore/Judge/PassedOver.h"
+#include "TavixCore/Judge/WithoutEffect.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixRender/Composition2D/CompositionFootageAudit.h"
@@ -57,6 +58,7 @@ Json withWarnings(Findings findings, const Terminal& terminal) {
 Findings writtenInVain(const Json& written) {
     Findings found = CompositionLint::passedOver(written);
     append(found, CompositionLint::ignoredBesideMotion(written));
+    append(found, CompositionLint::withoutEffect(written));
     return found;
 }
 

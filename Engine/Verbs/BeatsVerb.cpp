@@ -19,9 +19,17 @@ std::string counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
+// As a document says it: from the folder of the bundle that the music is in.
+std::string pathInDocument(const fs::path& music) {
+    const fs::path whole = fs::absolute(music).lexically_normal();
+    for (fs::path folder = whole.parent_path(); folder != folder.parent_path(); folder = folder.parent_path())
+        if (folder.extension() == ".tavixcomp") return whole.lexically_relative(folder).generic_string();
+    return music.generic_string();
+}
+
 // What a document says of such music.
 std::string musicBed(const fs::path& music, const BeatAnalysis& heard) {
-    return R"("music": {"path": )" + writeJson(music.generic_string()) + R"(, "bpm": )" +
+    return R"("music": {"path": )" + writeJson(pathInDocument(music)) + R"(, "bpm": )" +
            decimals(heard.bpm, 2) + R"(, "firstBeatSec": )" + decimals(heard.firstBeatSec, 3) + "}";
 }
 

@@ -12,7 +12,8 @@ const Names<ShapeKind>& namesOf(std::type_identity<ShapeKind>) {
 
 const Fields<ShapeContent>& fieldsOf(std::type_identity<ShapeContent>) {
     static const Fields<ShapeContent> table{"ShapeContent",
-        {field<&ShapeContent::shape>("shape", "Its outline."),
+        {field<&ShapeContent::shape>("shape",
+             "Its outline. An ellipse is a rect whose corners are as round as they can be: a circle where it is as wide as high."),
             field<&ShapeContent::fill>("fill",
                 "Its paint. A gradient spans the whole canvas, not the shape: the shape is a window on it."),
             field<&ShapeContent::widthFraction>("widthFraction", "Its width.").measuredIn(Unit::canvasWidths),

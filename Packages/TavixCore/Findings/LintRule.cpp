@@ -154,7 +154,7 @@ constexpr RuleEntry table[] = {
         R"({"kind": "text", "text": {"text": " "}})", "Write something, or drop the layer."},
     {Rule::animationUnknown, "animation-unknown", error, "An animation of text is not known.",
         R"({"kind": "text", "text": {"text": "Hello", "kinetic": {"preset": "fade-upp"}}})",
-        "Use one of `tavix presets text`."},
+        "Use one of `tavix presets kinetic`."},
     {Rule::alignmentUnknown, "alignment-unknown", error, "An alignment is not left, center or right.",
         R"({"kind": "text", "text": {"text": "Hello", "alignment": "middle"}})",
         "Use left, center or right."},

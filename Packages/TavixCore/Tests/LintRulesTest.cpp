@@ -5,6 +5,7 @@
 #include "TavixCore/Judge/IgnoredBesideMotion.h"
 #include "TavixCore/Judge/Muting.h"
 #include "TavixCore/Judge/PassedOver.h"
+#include "TavixCore/Judge/WithoutEffect.h"
 #include "TavixCore/Support/Document.h"
 
 #include <gmock/gmock.h>
@@ -82,6 +83,31 @@ TEST(LintRules, OfADocumentAreKeptByTheWriter) {
     EXPECT_THAT(spec.lint->mute, ElementsAre("text-small", "from a later version"));
     EXPECT_EQ(decodeJson<CompositionSpec>(encodedJson(spec)), spec);
     EXPECT_THAT(encodedJson(CompositionSpec{}), testing::Not(HasSubstr("lint")));
+}
+
+TEST(WithoutEffect, IsToldOfParametersAndOfWords) {
+    const auto told = [](const std::string& scene) {
+        std::vector<std::string> found;
+        for (const Finding& finding : withoutEffect(parseJson("{\"scenes\": [" + scene + "]}")))
+            found.push_back(finding.path + ": " + finding.message);
+        return found;
+    };
+    const std::string params = R"("params": {"amplitude": 20, "scale": 1.3, "rotatoin": 2}})";
+    EXPECT_THAT(told(R"({"transition": {"style": "push", )" + params + "}"),
+        ElementsAre(
+            "scenes[0].transition.params.amplitude: amplitude has no effect on a push, which has no parameters.",
+            "scenes[0].transition.params.scale: scale has no effect on a push, which has no parameters."));
+    EXPECT_THAT(told(R"({"transition": {"style": "dreamyZoom", )" + params + "}"),
+        ElementsAre(
+            "scenes[0].transition.params.amplitude: amplitude has no effect on a dreamyZoom, which has "
+            "rotation, scale."));
+    EXPECT_THAT(told(R"({"layers": [{"kind": "text", "text": {"text": "Two words",
+                     "emphasis": [{"wordIndices": [0, 1, 7, -1]}]}}]})"),
+        ElementsAre("scenes[0].layers[0].text.emphasis[0].wordIndices[2]: There is no word 7: the text has 2 "
+                    "words, counted from 0.",
+            "scenes[0].layers[0].text.emphasis[0].wordIndices[3]: There is no word -1: the text has 2 words, "
+            "counted from 0."));
+    EXPECT_THAT(told(R"({"transition": {"params": 3}, "layers": {"text": 4}}, 5)"), ElementsAre());
 }
 
 TEST(IgnoredBesideMotion, IsToldKeyByKey) {
