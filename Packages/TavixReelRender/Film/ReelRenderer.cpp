@@ -1,5 +1,6 @@
 #include "TavixReelRender/Film/ReelRenderer.h"
 
+#include "TavixCore/Device/ChoreographyAuthor.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
@@ -31,6 +32,21 @@ ReelRenderer::ReelRenderer(const EffectsSpec& spec, Footage footage, const Layer
 
 ReelRenderer::~ReelRenderer() = default;
 
+namespace {
+
+// A flip turns the device; a document that was written by hand may not say how.
+std::vector<DevicePoseKeyframe> poseTrackOf(const EffectsSpec& spec) {
+    const DeviceScene& scene = *spec.deviceScene;
+    if (!scene.poseTrack.empty()) return scene.poseTrack;
+    std::vector<double> flipsSec;
+    for (const ScreenTransition& transition : spec.transitions())
+        if (transition.style == TransitionStyle::flip) flipsSec.push_back(transition.atSec);
+    if (flipsSec.empty()) return {};
+    return ChoreographyAuthor::flipTrack(std::move(flipsSec), scene.tiltDegrees);
+}
+
+}   // namespace
+
 void ReelRenderer::buildSpace(
     const EffectsSpec& spec, const TimeRemap& compositionSec, const LayerBuild& build) {
     if (!DeviceModelLoader::modelPath()) {
@@ -40,6 +56,7 @@ void ReelRenderer::buildSpace(
     }
     DeviceSceneRenderer::Settings settings;
     settings.initialScene = *spec.deviceScene;
+    settings.initialScene.poseTrack = poseTrackOf(spec);
     settings.output = {int(bounds_.width), int(bounds_.height)};
     const PixelRect& content = bake_.device.screenRect;
     settings.deviceRect = {content.x, content.y, content.width, content.height};

@@ -271,6 +271,22 @@ TEST(ReelFrames, InSpaceTheCameraZoomsOnTheScreenOfThePhone) {
     EXPECT_NEAR(gridPoint(middleOfPhone).y, 160, 3);
     EXPECT_NEAR(middleOfPhone.b, 200, 3);
     EXPECT_EQ(frame.at(3, 150), (Pixel{0, 0, 0, 255}));
+    // A flip shows the back of the phone, which is grey, and then the next picture.
+    ScreenTransition flip;
+    flip.atSec = 1;
+    flip.revealSec = 2.5;
+    EffectsSpec byHand = spec;
+    byHand.setTransitions({flip});
+    byHand.deviceScene->poseTrack.clear();
+    ReelRenderer turning = studio.renderer(byHand, {.transitions = {{flip, grid(200), grid(40)}}});
+    bool hasShownItsBack = false;
+    for (double sec = 1; sec < 2; sec += 0.1) {
+        const Pixel seen = studio.picture(turning.footage(grid(200), sec, sec)).at(150, 150);
+        hasShownItsBack = hasShownItsBack || std::abs(seen.r - seen.b) + std::abs(seen.g - seen.r) < 20;
+    }
+    EXPECT_TRUE(hasShownItsBack);
+    EXPECT_NEAR(studio.picture(turning.footage(grid(200), 2.4, 2.4)).at(150, 150).b, 40, 6);
+
     const Picture dark = studio.picture(renderer.footage(std::nullopt, 0, 0));
     EXPECT_LT(dark.at(150, 150).b, 12);
 }
