@@ -88,7 +88,15 @@ void save(const CompositionSpec& spec, const fs::path& bundle) {
 }
 
 void save(const CompositionSpec& spec, const fs::path& bundle, FileOperations& files) {
-    const std::string document = encodedJson(spec);
+    saveText(encodedJson(spec), bundle, files);
+}
+
+void saveText(const std::string& document, const fs::path& bundle) {
+    DiskOperations disk;
+    saveText(document, bundle, disk);
+}
+
+void saveText(const std::string& document, const fs::path& bundle, FileOperations& files) {
     const BundleLock lock(bundle);
     requireHeld(lock, bundle);
     BundleReplacement::repair(bundle, files);

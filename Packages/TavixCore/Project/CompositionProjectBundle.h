@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tavix {
@@ -32,6 +33,9 @@ CompositionSpec read(const std::filesystem::path& bundle);
 // Writes the document alone; its paths stay as they are.
 void save(const CompositionSpec& spec, const std::filesystem::path& bundle);
 void save(const CompositionSpec& spec, const std::filesystem::path& bundle, FileOperations& files);
+// The same of a document as it is to stand in the file.
+void saveText(const std::string& document, const std::filesystem::path& bundle);
+void saveText(const std::string& document, const std::filesystem::path& bundle, FileOperations& files);
 
 // Packs: copies every file that the document refers to into the bundle's assets, in the place of those that
 // were there, and writes the document with the new paths. Relative paths hang from `assetRoot`, or from the

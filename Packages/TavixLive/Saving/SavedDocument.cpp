@@ -1,0 +1,186 @@
+#include "TavixLive/Saving/SavedDocument.h"
+
+#include "TavixCore/Judge/CompositionRoad.h"
+#include "TavixCore/Paths/Matching.h"
+#include "TavixCore/Paths/Merge.h"
+#include "TavixCore/Support/Document.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace tavix {
+
+namespace {
+
+// Three forms of a document: as resolving made it, as it has become, and as it was written.
+struct Forms {
+    Json base, current, written;
+};
+
+JsonArray* listAt(Json& object, std::string_view key) {
+    const JsonObject* members = object.object();
+    const Json* found = members ? members->find(key) : nullptr;
+    return found ? const_cast<Json*>(found)->array() : nullptr;
+}
+
+JsonArray* layersOf(Json& document, std::size_t scene) {
+    JsonArray* scenes = listAt(document, "scenes");
+    return scenes && scene < scenes->size() ? listAt((*scenes)[scene], "layers") : nullptr;
+}
+
+void replace(JsonArray& list, std::size_t from, std::size_t count, JsonArray by) {
+    const auto first = list.begin() + std::ptrdiff_t(from);
+    list.erase(first, first + std::ptrdiff_t(count));
+    list.insert(list.begin() + std::ptrdiff_t(from), std::make_move_iterator(by.begin()),
+        std::make_move_iterator(by.end()));
+}
+
+// Neighbouring layers of a scene that one written layer was turned into, by a name.
+struct Group {
+    std::size_t first, count, writtenAs;
+};
+
+std::vector<Group> bakedGroups(const CompositionScene& scene) {
+    std::vector<Group> groups;
+    for (std::size_t i = 0; i < scene.layers.size(); ++i) {
+        const LayerOrigin& origin = scene.layers[i].origin;
+        if (origin.baked == LayerOrigin::Baked::nothing || !origin.writtenAs) continue;
+        if (!groups.empty() && groups.back().writtenAs == *origin.writtenAs &&
+            groups.back().first + groups.back().count == i)
+            ++groups.back().count;
+        else
+            groups.push_back({i, 1, *origin.writtenAs});
+    }
+    return groups;
+}
+
+// Where the group stands unchanged among the layers; nothing where an edit touched it.
+std::optional<std::size_t> untouched(const JsonArray& group, const JsonArray& among) {
+    const auto found = std::ranges::search(among, group);
+    if (found.empty()) return std::nullopt;
+    return std::size_t(found.begin() - among.begin());
+}
+
+// What a name was turned into becomes the name again in all three forms, or nowhere.
+void restoreNames(Forms& forms, const CompositionSpec& base) {
+    const JsonArray* const before = listAt(forms.base, "scenes");
+    const JsonArray* const after = listAt(forms.current, "scenes");
+    if (before == nullptr || after == nullptr) return;
+    const std::vector<std::optional<std::size_t>> origin = matched(*before, *after);
+    for (std::size_t i = 0; i < base.scenes.size(); ++i) {
+        const auto now = std::ranges::find(origin, std::optional(i));
+        JsonArray* const baseLayers = layersOf(forms.base, i);
+        JsonArray* const writtenLayers = layersOf(forms.written, i);
+        JsonArray* const currentLayers =
+            now == origin.end() ? nullptr : layersOf(forms.current, std::size_t(now - origin.begin()));
+        if (baseLayers == nullptr || writtenLayers == nullptr) continue;
+        std::vector<Group> groups = bakedGroups(base.scenes[i]);
+        std::ranges::reverse(groups);   // so that what is replaced moves nothing that comes next
+        for (const Group& group : groups) {
+            if (group.writtenAs >= writtenLayers->size()) continue;
+            const auto first = baseLayers->begin() + std::ptrdiff_t(group.first);
+            const JsonArray made(first, first + std::ptrdiff_t(group.count));
+            const auto at = currentLayers ? untouched(made, *currentLayers) : std::nullopt;
+            const Json name = (*writtenLayers)[group.writtenAs];
+            if (at) {
+                replace(*baseLayers, group.first, group.count, {name});
+                replace(*currentLayers, *at, group.count, {name});
+            } else {
+                replace(*writtenLayers, group.writtenAs, 1, made);
+            }
+        }
+    }
+}
+
+Json* memberAt(Json& document, const JsonPointer& pointer) {
+    return const_cast<Json*>(find(document, pointer));
+}
+
+// A time in seconds that was edited counts, and not the beat or the mark that it came from.
+void dropSymbols(Json& document, const std::vector<MergeConflict>& conflicts, CompositionSpec& current) {
+    for (const MergeConflict& conflict : conflicts) {
+        if (conflict.path.isRoot()) continue;
+        const Located owner = locate(typeOf<CompositionSpec>(), &current, conflict.path.parent());
+        Json* const object = memberAt(document, conflict.path.parent());
+        if (!owner || owner.type->kind != Type::Kind::record || object == nullptr || !object->object())
+            continue;
+        for (const Field& row : static_cast<const RecordType&>(*owner.type).rows)
+            if ((isInBeats(row.role) || isByMark(row.role)) && row.partner == conflict.path.tokens().back())
+                object->object()->remove(row.key);
+    }
+}
+
+// The document as it would be read again; nothing when it cannot be.
+std::optional<CompositionSpec> readAgain(const Json& document, const SavingRoad& road) try {
+    return CompositionRoad::resolve(decodeValue<CompositionSpec>(document), road.assetRoot, road.load).spec;
+} catch (const Failure&) {
+    return std::nullopt;
+}
+
+// A layer that would not come out right keeps no time by a beat or a mark.
+bool mendTimes(Json& document, const CompositionSpec& read, const CompositionSpec& current) {
+    bool hasMended = false;
+    for (std::size_t i = 0; i < std::min(read.scenes.size(), current.scenes.size()); ++i) {
+        JsonArray* const layers = layersOf(document, i);
+        const auto &before = read.scenes[i].layers, &wanted = current.scenes[i].layers;
+        if (layers == nullptr || before.size() != wanted.size()) continue;
+        for (std::size_t j = 0; j < wanted.size(); ++j) {
+            const auto writtenAs = before[j].origin.writtenAs;
+            if (before[j] == wanted[j] || !writtenAs || *writtenAs >= layers->size()) continue;
+            JsonObject* const layer = (*layers)[*writtenAs].object();
+            if (layer == nullptr) continue;
+            const Json inSeconds = writeValue(typeOf<CompositionLayer>(), &wanted[j]);
+            for (const Field& row : fieldsOf(std::type_identity<CompositionLayer>{}).type.rows) {
+                if (!(isInBeats(row.role) || isByMark(row.role)) || !layer->find(row.key)) continue;
+                layer->remove(row.key);
+                if (const Json* sec = inSeconds.find(row.partner))
+                    layer->set(row.partner, *sec);
+                else
+                    layer->remove(row.partner);
+                hasMended = true;
+            }
+        }
+    }
+    return hasMended;
+}
+
+// Scenes that would not come out right are written as they have become.
+bool mendScenes(Json& document, const CompositionSpec& read, const CompositionSpec& current) {
+    JsonArray* const scenes = listAt(document, "scenes");
+    if (scenes == nullptr || scenes->size() != current.scenes.size() || read.scenes.size() != scenes->size())
+        return false;
+    bool hasMended = false;
+    for (std::size_t i = 0; i < scenes->size(); ++i) {
+        if (read.scenes[i] == current.scenes[i]) continue;
+        (*scenes)[i] = writeValue(typeOf<CompositionScene>(), &current.scenes[i]);
+        hasMended = true;
+    }
+    return hasMended;
+}
+
+}   // namespace
+
+Json savedDocument(const Json& written, const CompositionSpec& base, const CompositionSpec& current,
+    const SavingRoad& road) {
+    if (base == current) return written;
+    const Type& type = typeOf<CompositionSpec>();
+    Forms forms{writeValue(type, &base), writeValue(type, &current), written};
+    restoreNames(forms, base);
+    Merged merged = merge(forms.base, forms.current, forms.written);
+    CompositionSpec sought = current;
+    dropSymbols(merged.document, merged.conflicts, sought);
+    auto read = readAgain(merged.document, road);
+    if (read == current) return merged.document;
+    if (read && mendTimes(merged.document, *read, current)) {
+        read = readAgain(merged.document, road);
+        if (read == current) return merged.document;
+    }
+    if (read && mendScenes(merged.document, *read, current)) {
+        read = readAgain(merged.document, road);
+        if (read == current) return merged.document;
+    }
+    return writeValue(type, &current);
+}
+
+}   // namespace tavix
