@@ -2,6 +2,7 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
+#include "Engine/FrameSize.h"
 #include "Engine/StarterDocument.h"
 #include "Engine/Templates.h"
 #include "Engine/Terminal.h"
@@ -10,13 +11,14 @@
 #include "TavixCore/Support/FileBytes.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
 namespace tavix::engine {
 
 namespace {
+
+constexpr int leastSidePx = 320, mostSidePx = 4096;   // what lint takes
 
 namespace fs = std::filesystem;
 
@@ -27,18 +29,6 @@ void requireFreshBundle(const fs::path& bundle) {
                          lastComponent(bundle).string() + extension + "\".");
     if (fs::exists(fs::symlink_status(bundle)))
         throw Failure("\"" + bundle.string() + "\" is there already and is left alone; choose another name.");
-}
-
-imaging::Size sizeNamed(const std::string& text) {
-    constexpr int least = 320, most = 4096;   // what lint takes
-    imaging::Size size;
-    char cross = 0, more = 0;
-    if (std::sscanf(text.c_str(), "%d%c%d%c", &size.width, &cross, &size.height, &more) == 3 &&
-        cross == 'x' && std::min(size.width, size.height) >= least &&
-        std::max(size.width, size.height) <= most)
-        return size;
-    throw UsageError("--size takes a width and a height from " + std::to_string(least) + " to " +
-                     std::to_string(most) + ", as in 1080x1920, not \"" + text + "\".");
 }
 
 std::string sizeText(imaging::Size size) {
@@ -73,7 +63,8 @@ void NewVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("bundle", bundle_, "The bundle to make; its name ends in .tavixcomp.");
     arguments.text("--template", template_, "NAME", "What to start from; tavix new --list tells the names.");
     arguments.value(
-        "--size", "WxH", [this](const std::string& text) { size_ = sizeNamed(text); },
+        "--size", "WxH",
+        [this](const std::string& text) { size_ = sizeNamed(text, leastSidePx, mostSidePx); },
         "The frame of a template, as in 1080x1920; its own by default.");
     arguments.flag("--list", isList_, "List the templates.");
     arguments.jsonFlag(terminal);

@@ -17,6 +17,7 @@
 #include "Engine/Verbs/ReelStillVerb.h"
 #include "Engine/Verbs/RenderVerb.h"
 #include "Engine/Verbs/ResolveVerb.h"
+#include "Engine/Verbs/RunVerb.h"
 #include "Engine/Verbs/SchemaVerb.h"
 #include "Engine/Verbs/SheetVerb.h"
 #include "Engine/Verbs/StillVerb.h"
@@ -60,6 +61,9 @@ constexpr VerbEntry entries[] = {
     {"theme", "Dress a reel in the colours and the font of an application.",
         "tavix theme shop.tavixproj --brand-bundle shop-web/ --replace", make<ThemeVerb>},
     {"brand", "Tell the colours and fonts of an application.", "tavix brand shop-web/", make<BrandVerb>},
+    {"run", "Play a flow on a web page and record it, with no screen.",
+        "tavix run flow.json --url https://app.example --device iphone-16-pro -o app.tavixproj",
+        make<RunVerb>},
     {"reel author", "Make the document of a reel from a screen recording.",
         "tavix reel author shop.tavixproj --captions --background aurora", make<ReelAuthorVerb>},
     {"reel new", "Make a bundle of a recording and what lies beside it.",
