@@ -1,6 +1,7 @@
 #include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/BrandVerb.h"
+#include "Engine/Verbs/DemoVerb.h"
 #include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
@@ -64,6 +65,8 @@ constexpr VerbEntry entries[] = {
     {"run", "Play a flow on a web page and record it, with no screen.",
         "tavix run flow.json --url https://app.example --device iphone-16-pro -o app.tavixproj",
         make<RunVerb>},
+    {"demo", "Record a flow on a web page and make the film of it, in one go.",
+        "tavix demo flow.json --url https://app.example -o app.mp4", make<DemoVerb>},
     {"reel author", "Make the document of a reel from a screen recording.",
         "tavix reel author shop.tavixproj --captions --background aurora", make<ReelAuthorVerb>},
     {"reel new", "Make a bundle of a recording and what lies beside it.",
