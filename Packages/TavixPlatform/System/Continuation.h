@@ -54,6 +54,8 @@ public:
             if (!alive.expired()) then(std::forward<decltype(arguments)>(arguments)...);
         };
     }
+    // Expires with what it guards, also for who looks from another thread.
+    std::weak_ptr<void> thread() const { return alive_; }
     // What was guarded before does nothing from now on.
     void cut() { alive_ = std::make_shared<int>(); }
 

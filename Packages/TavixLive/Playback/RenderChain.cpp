@@ -1,0 +1,174 @@
+#include "TavixLive/Playback/RenderChain.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace tavix {
+
+namespace {
+
+// A little more than a frame at 25 a second.
+constexpr double toldSec = 0.041;
+
+long inMs(double sec) { return std::lround(sec * 1000); }
+
+}   // namespace
+
+// What both executors reach. The lock is held for the reading and writing of these fields alone.
+struct RenderChain::Shared {
+    std::mutex mutex;
+    FrameSourceRef source;
+    bool isScrubbing = false;
+    RenderLog scrubLog;   // told on the render executor
+};
+
+// One picture to draw, for all who asked for it. It is written on the main executor until it is drawn (under
+// the lock of the shared state), and read there again afterwards.
+struct RenderChain::Order {
+    struct Asker {
+        Deliver deliver;
+        std::optional<std::weak_ptr<void>> wantedBy;
+        bool isWaiting() const { return !wantedBy || !wantedBy->expired(); }
+    };
+    bool isWanted() const { return std::ranges::any_of(askers, &Asker::isWaiting); }
+
+    double atSec = 0;
+    std::vector<Asker> askers;
+    bool isLive = false, isTaken = false;
+    FrameSource::Drawn drawn;
+};
+
+RenderChain::RenderChain(
+    system::SerialExecutor& render, system::Executor& main, FrameSourceRef source, RenderLog scrubLog)
+    : render_(render), main_(main), shared_(std::make_shared<Shared>()) {
+    shared_->source = std::move(source);
+    shared_->scrubLog = std::move(scrubLog);
+}
+
+// A source goes where it is used: what it holds takes time to let go.
+RenderChain::~RenderChain() { setFrameSource(nullptr); }
+
+void RenderChain::setFrameSource(FrameSourceRef source) {
+    {
+        const std::lock_guard lock(shared_->mutex);
+        std::swap(shared_->source, source);
+    }
+    render_.post([old = std::move(source)]() mutable { old.reset(); });
+}
+
+void RenderChain::setScrubQuality(bool isOn) {
+    const std::lock_guard lock(shared_->mutex);
+    shared_->isScrubbing = isOn;
+}
+
+void RenderChain::request(double atSec, Deliver deliver, std::optional<std::weak_ptr<void>> wantedBy) {
+    bool isScrubbing = false;
+    {
+        const std::lock_guard lock(shared_->mutex);
+        isScrubbing = shared_->isScrubbing;
+        if (isScrubbing && queued_ && !queued_->isTaken) {
+            queued_->atSec = atSec;
+            queued_->askers.push_back({std::move(deliver), std::move(wantedBy)});
+            return;
+        }
+    }
+    auto order = std::make_shared<Order>();
+    order->atSec = atSec;
+    order->askers.push_back({std::move(deliver), std::move(wantedBy)});
+    queued_ = isScrubbing ? order : nullptr;
+    drawOn(std::move(order));
+}
+
+void RenderChain::requestLive(double atSec, Deliver deliver) {
+    auto order = std::make_shared<Order>();
+    order->atSec = atSec;
+    order->askers.push_back({std::move(deliver), {}});
+    order->isLive = true;
+    drawOn(std::move(order));
+}
+
+void RenderChain::drawOn(std::shared_ptr<Order> order) {
+    ++*openRequests_;
+    const auto open = std::weak_ptr<int>(openRequests_);   // as long as this lives
+    render_.post([this, open, shared = std::weak_ptr<Shared>(shared_), &main = main_, order] {
+        const auto alive = shared.lock();
+        if (!alive) return;
+        drawNow(alive, *order);
+        main.post([this, open, order] {
+            if (const auto count = open.lock()) --*count;
+            if (open.expired() || !order->drawn.pixels) return;
+            const StagePicture picture{order->drawn.pixels, order->atSec};
+            // Any of them may end this.
+            for (const Order::Asker& asker : order->askers)
+                if (!open.expired() && asker.deliver && asker.isWaiting())
+                    asker.deliver(picture, order->drawn);
+            if (!open.expired() && onDelivered_) onDelivered_();
+        });
+    });
+}
+
+void RenderChain::drawNow(const std::shared_ptr<Shared>& shared, Order& order) {
+    FrameSourceRef source;
+    auto quality = FrameQuality::full;
+    {
+        const std::lock_guard lock(shared->mutex);
+        order.isTaken = true;
+        if (!order.isWanted()) return;
+        source = shared->source;
+        if (shared->isScrubbing && !order.isLive) quality = FrameQuality::scrub;
+    }
+    if (!source) return;
+    order.drawn = source->draw(order.atSec, quality);
+    if (shared->scrubLog) log(*shared, order, source->hasDevicesInSpace());
+}
+
+void RenderChain::log(const Shared& shared, const Order& order, bool hasDevicesInSpace) {
+    char line[128];
+    const auto tell = [&](auto... numbers) {
+        std::snprintf(line, sizeof line, numbers...);
+        shared.scrubLog(Finding::progress(RenderCode::scrub, line));
+    };
+    const FrameSource::Drawn& drawn = order.drawn;
+    if (hasDevicesInSpace)
+        tell("frame3D t=%.2f build=%ldms coalesced=%ld", order.atSec, inMs(drawn.buildSec),
+            long(order.askers.size()));
+    else if (drawn.buildSec >= toldSec)
+        tell("frame2D t=%.2f build=%ldms", order.atSec, inMs(drawn.buildSec));
+    if (!hasDevicesInSpace && drawn.paintSec >= toldSec)
+        tell("paint2D t=%.2f paint=%ldms", order.atSec, inMs(drawn.paintSec));
+}
+
+void RenderChain::fillStore(double atSec, std::function<void(bool)> then) {
+    render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, atSec, then = std::move(then)] {
+        const auto alive = shared.lock();
+        if (!alive) return;
+        FrameSourceRef source;
+        {
+            const std::lock_guard lock(alive->mutex);
+            source = alive->source;
+        }
+        const bool isMissing = source && !source->isStored(atSec);
+        if (isMissing) source->draw(atSec, FrameQuality::full);
+        main.post([then, isMissing] { then(isMissing); });
+    });
+}
+
+void RenderChain::findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then) {
+    render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, atSec = std::move(atSec),
+                     then = std::move(then)] {
+        const auto alive = shared.lock();
+        if (!alive) return;
+        FrameSourceRef source;
+        {
+            const std::lock_guard lock(alive->mutex);
+            source = alive->source;
+        }
+        std::vector<bool> found;
+        for (const double sec : atSec) found.push_back(source && source->isStored(sec));
+        main.post([then, found = std::move(found)] { then(found); });
+    });
+}
+
+}   // namespace tavix

@@ -1,0 +1,42 @@
+// What a preview takes its pictures from.
+#pragma once
+
+#include "TavixPlatform/Imaging/Bitmap.h"
+
+#include <memory>
+
+namespace tavix {
+
+// In the size of the stage, opaque, in BGRA. Shared by who shows it; the memory serves a later picture once
+// nobody does.
+struct StagePicture {
+    imaging::BitmapRef pixels;
+    double atSec = 0;   // whose frame it is
+};
+
+// While someone drags through the time, the screens of devices in space may lag behind.
+enum class FrameQuality { full, scrub };
+
+// Used on the render executor alone, once it has been made.
+class FrameSource {
+public:
+    struct Drawn {
+        imaging::BitmapRef pixels;
+        double buildSec = 0, paintSec = 0;   // what it took
+        bool isStored = false;               // it was in memory
+    };
+
+    virtual ~FrameSource() = default;
+    // Of a time in the film. Never fails: what cannot be drawn is left out, and named in the log.
+    virtual Drawn draw(double atSec, FrameQuality quality) = 0;
+    // Whether `draw` would find the frame in memory, at full quality.
+    virtual bool isStored(double atSec) const = 0;
+
+    // These are what they are from the start, and may be asked for on any thread.
+    virtual double totalSec() const = 0;
+    virtual bool hasDevicesInSpace() const = 0;
+};
+
+using FrameSourceRef = std::shared_ptr<FrameSource>;
+
+}   // namespace tavix

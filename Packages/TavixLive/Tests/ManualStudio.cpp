@@ -1,0 +1,25 @@
+#include "ManualStudio.h"
+
+namespace tavix::testing {
+
+FrameSource::Drawn FakeSource::draw(double atSec, FrameQuality quality) {
+    draws.push_back({atSec, quality, time_.nowSec()});
+    const double cost = costAt ? costAt(atSec) : costSec_;
+    time_.spend(cost);
+    auto pixels = std::make_shared<imaging::Bitmap>(imaging::Size{1, 1});
+    pixels->view().row(0)[0] = static_cast<std::uint8_t>(number_);
+    return {pixels, cost, 0, false};
+}
+
+int numberOf(const StagePicture& picture) { return picture.pixels->view().row(0)[0]; }
+
+ManualStudio::ManualStudio(double totalSec, double costSec)
+    : source(std::make_shared<FakeSource>(time, 1, totalSec, costSec)),
+      chain(std::make_shared<RenderChain>(
+          render, main, source, [this](const Finding& finding) { log.push_back(finding.message); })) {}
+
+PlayerItem ManualStudio::item(double framesPerSec) {
+    return {chain, std::nullopt, source->totalSec(), framesPerSec};
+}
+
+}   // namespace tavix::testing
