@@ -8,6 +8,7 @@
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
 #include "Engine/Words.h"
+#include "TavixAgent/Edit/Revision.h"
 #include "TavixCore/Support/TavixVersion.h"
 
 #include <optional>
@@ -140,6 +141,8 @@ int runCommand(std::span<const std::string> words) {
     } catch (const DocumentError& error) {
         return end(terminal, ExitStatus::documentHasErrors, placed(error),
             {Finding::Level::error, error.path(), error.message(), {}, error.code(), error.file()});
+    } catch (const RevisionError& error) {
+        return endWith(terminal, ExitStatus::inputOrOutputFailed, "revision-changed", error);
     } catch (const UsageError& error) {
         return endWith(terminal, ExitStatus::wrongUse, "wrong-use", error);
     } catch (const Interrupted& error) {

@@ -2,12 +2,12 @@
 // failed.
 #pragma once
 
+#include "TavixAgent/Document/DocumentErrors.h"
 #include "TavixBase/Failure.h"
 
 #include <exception>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tavix::engine {
 
@@ -15,29 +15,6 @@ namespace ExitStatus {
 inline constexpr int done = 0, documentHasErrors = 1, wrongUse = 2, inputOrOutputFailed = 3;
 inline constexpr int stoppedBySignal = 128;   // and the signal's number on top, as shells have it
 }   // namespace ExitStatus
-
-// The arguments cannot be meant.
-class UsageError : public Failure {
-public:
-    using Failure::Failure;
-};
-
-// The document was read, but cannot be used as it stands.
-class DocumentError : public Failure {
-public:
-    // The code is that of the rule of lint that tells it.
-    DocumentError(
-        std::string file, std::string path, const std::string& message, std::string_view code = "unreadable")
-        : Failure(message), file_(std::move(file)), path_(std::move(path)), code_(code) {}
-
-    const std::string& file() const { return file_; }
-    const std::string& path() const { return path_; }   // within the document; empty for the whole
-    std::string_view code() const { return code_; }
-
-private:
-    std::string file_, path_;
-    std::string_view code_;   // of a table or a literal
-};
 
 // The document has errors, and all of them have been told.
 class ErrorsTold : public Failure {

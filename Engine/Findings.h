@@ -8,10 +8,13 @@
 #include <string>
 #include <vector>
 
+namespace tavix {
+struct DocumentFile;
+}
+
 namespace tavix::engine {
 
 class Terminal;
-struct DocumentFile;
 
 // As in "error scenes[0].durationSec: Scenes need a length.", with the suggestion and the code of the rule on
 // a line of their own.

@@ -5,10 +5,13 @@
 
 #include <vector>
 
+namespace tavix {
+struct DocumentFile;
+}
+
 namespace tavix::engine {
 
 class Terminal;
-struct DocumentFile;
 
 // Of a document with its times in seconds that can be rendered. Shows how far it is; a signal ends it.
 std::vector<CompositionLint::Finding> frameFindings(const DocumentFile& document, Terminal& terminal);

@@ -46,8 +46,8 @@ ReelDocument openReel(
 
 void requireRenderable(const ReelDocument& reel) {
     const EffectsOutput& output = reel.spec.output;
-    requireRenderable({reel.file.string(), output.widthPx, output.heightPx, output.fps, reel.durationSec(),
-        "retimeTrack", "slow down less of the recording"});
+    requireRenderable(FilmClaim{reel.file.string(), output.widthPx, output.heightPx, output.fps,
+        reel.durationSec(), "retimeTrack", "slow down less of the recording"});
 }
 
 void requireNoPart(const fs::path& target, const ReelDocument& reel) {

@@ -11,9 +11,11 @@
 #include <span>
 #include <vector>
 
-namespace tavix::engine {
-
+namespace tavix {
 struct DocumentFile;
+}
+
+namespace tavix::engine {
 
 // What a finding is about: a layer of a scene, a scene, or neither, which is the document.
 struct FindingPlace {

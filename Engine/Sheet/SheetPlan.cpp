@@ -2,8 +2,8 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/SceneNames.h"
 #include "Engine/Sheet/SheetLayout.h"
+#include "TavixAgent/Document/SceneNames.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"

@@ -60,7 +60,7 @@ TEST_F(EngineTest, RefusesWrongUseWithASentence) {
         {{"still", "tiny.json", "--at", "soon"}, "--at takes a number, not \"soon\"."},
         {{"still", "tiny.json", "--at", "-1"}, "the film runs from 0 to 1.00 s."},
         {{"still", "tiny.json", "--scene", "onyl"},
-            "There is no scene \"onyl\"; the document has only. Did you mean only?"},
+            "There is no scene \"onyl\"; the document has only. Did you mean \"only\"?"},
         {{"still", "tiny.json", "--at", "0", "-o", "a.jpg"}, "a still is a .png file."},
         {{"sheet", "tiny.json", "--columns", "99"}, "--columns takes a whole number from 1 to 48"},
         {{"schema", "layr"}, "There is no type \"layr\""},

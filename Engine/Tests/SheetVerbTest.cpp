@@ -62,7 +62,7 @@ TEST_F(Sheets, RefuseWhatIsNotThere) {
         {{"--from", "3", "--to", "2"}, "There are no pictures from 3 s to 2 s"},
         {{"--scene", "second", "--to", "3.5"}, "the scene runs from 0 to 3 s."},
         {{"--scene", "secnd"},
-            "There is no scene \"secnd\"; the document has first or second. Did you mean second?"},
+            "There is no scene \"secnd\"; the document has first, second. Did you mean \"second\"?"},
         {{"--every", "0.01"},
             "--every 0.01 makes more than the 48 pictures that a sheet holds; give at least 0.083 s"},
         {{"--every", "0"}, "--every 0 makes more than"},

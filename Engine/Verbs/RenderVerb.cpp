@@ -6,6 +6,7 @@
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
+#include "Engine/ProgressLines.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
@@ -19,6 +20,8 @@ void RenderVerb::declare(Arguments& arguments, Terminal& terminal) {
         "render needs a document: a .tavixcomp bundle or a composition.json.");
     film_.declare(arguments);
     arguments.flag("--no-lint", isUnjudged_, "Render a document that has errors, as well as it goes.");
+    arguments.choice<bool>("--progress", hasLines_, {{"json", true}},
+        "For programs: how far it is as JSON, a line each, and a last one that says done or failed.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
@@ -39,8 +42,21 @@ CompositionRenderer::Config RenderVerb::config(
 }
 
 void RenderVerb::run(Terminal& terminal) {
+    ProgressLines lines(hasLines_.value_or(false));
+    if (lines.isOn()) terminal.setMode(Terminal::Mode::quiet);
+    try {
+        render(terminal, lines);
+    } catch (const std::exception& error) {
+        lines.failed(error);
+        throw;
+    }
+}
+
+void RenderVerb::render(Terminal& terminal, ProgressLines& lines) {
     const Interruption interruption;
+    lines.stage("read");
     DocumentFile document = openDocument(document_);
+    lines.stage("judge");
     if (isUnjudged_)
         resolveTimes(document);
     else
@@ -50,16 +66,22 @@ void RenderVerb::run(Terminal& terminal) {
     requireNoAsset(choice.target, document);
     CompositionRenderer::Config config = this->config(document, choice);
     const SystemWatch::Task task("to render the film");
+    lines.stage("render");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
-        CompositionExport::write(
-            config, terminal.log(), [&](double fraction) { terminal.progress(fraction); },
-            interruption.token());
+        const auto tellProgress = [&](double fraction) {
+            terminal.progress(fraction);
+            lines.progress(fraction);
+        };
+        CompositionExport::write(config, terminal.log(), tellProgress, interruption.token());
     });
     terminal.tell("✓ Wrote " + choice.target.string());
-    if (terminal.mode() == Terminal::Mode::json)
-        terminal.report(filmResult(choice.target, CompositionRenderer::frameCount(config.spec),
-            config.spec.output.fps, canvasSize(config.spec)));
+    const auto result = [&] {
+        return filmResult(choice.target, CompositionRenderer::frameCount(config.spec), config.spec.output.fps,
+            canvasSize(config.spec));
+    };
+    if (lines.isOn()) lines.done(result());
+    if (terminal.mode() == Terminal::Mode::json) terminal.report(result());
 }
 
 }   // namespace tavix::engine

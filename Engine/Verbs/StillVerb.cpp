@@ -7,49 +7,21 @@
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
-#include "Engine/SceneNames.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
-#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
-#include <cstdio>
-
 namespace tavix::engine {
-
-namespace {
-
-std::string seconds(double value) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.2f s", value);
-    return text;
-}
-
-}   // namespace
 
 void StillVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("document", document_, "A .tavixcomp bundle or a composition.json.",
         "still needs a document: a .tavixcomp bundle or a composition.json.");
-    arguments.number("--at", atSec_, "SEC", "The moment, in seconds from the start of the film.");
-    arguments.text("--scene", scene_, "ID", "The scene that --local counts in.");
-    arguments.number("--local", localSec_, "SEC", "The moment, in seconds from the start of the scene.");
+    arguments.number("--at", wish_.atSec, "SEC", "The moment, in seconds from the start of the film.");
+    arguments.text("--scene", wish_.scene, "ID", "The scene that --local counts in.");
+    arguments.number("--local", wish_.localSec, "SEC", "The moment, in seconds from the start of the scene.");
     arguments.text("-o,--output", output_, "FILE", "The picture, a .png. The document's name by default.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
-}
-
-double StillVerb::globalSec(const CompositionSpec& spec) const {
-    if (atSec_.has_value() == scene_.has_value())
-        throw UsageError("Say which moment: either --at SEC, or --scene ID with --local SEC.");
-    if (atSec_ && localSec_) throw UsageError("--local goes with --scene, and not with --at.");
-    const CompositionTimeline timeline(spec);
-    const double atSec =
-        atSec_ ? *atSec_ : *timeline.globalTime(sceneNamed(spec, *scene_), localSec_.value_or(0));
-    const double totalSec = timeline.totalSec;
-    if (!(atSec >= 0 && atSec <= totalSec))
-        throw UsageError("There is no picture at " + seconds(atSec) + "; the film runs from 0 to " +
-                         seconds(totalSec) + ".");
-    return atSec;
 }
 
 void StillVerb::run(Terminal& terminal) {
@@ -57,7 +29,7 @@ void StillVerb::run(Terminal& terminal) {
     DocumentFile document = openDocument(document_);
     resolveTimes(document);
     requireRenderable(document);
-    const double atSec = globalSec(document.spec);
+    const double atSec = momentOf(document.spec, wish_);
     const std::filesystem::path target = outputPath(output_, document.name, ".png");
     if (lowerExtension(target) != ".png")
         throw UsageError("\"" + target.string() + "\" cannot be written; a still is a .png file.");

@@ -3,6 +3,7 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/Verbs/Verb.h"
+#include "TavixAgent/Document/SceneNames.h"
 
 #include <optional>
 #include <string>
@@ -15,11 +16,9 @@ public:
     void run(Terminal& terminal) override;
 
 private:
-    double globalSec(const CompositionSpec& spec) const;
-
     std::string document_;
-    std::optional<std::string> output_, scene_;
-    std::optional<double> atSec_, localSec_;
+    std::optional<std::string> output_;
+    MomentWish wish_;
 };
 
 }   // namespace tavix::engine

@@ -1,12 +1,20 @@
 #include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/BrandVerb.h"
+#include "Engine/Verbs/CheckVerb.h"
 #include "Engine/Verbs/DemoVerb.h"
+#include "Engine/Verbs/DescribeVerb.h"
+#include "Engine/Verbs/DiffVerb.h"
+#include "Engine/Verbs/EditVerb.h"
 #include "Engine/Verbs/LintVerb.h"
+#include "Engine/Verbs/McpInstallVerb.h"
+#include "Engine/Verbs/McpServeVerb.h"
+#include "Engine/Verbs/McpStatusVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
 #include "Engine/Verbs/PresetsVerb.h"
 #include "Engine/Verbs/ProbeVerb.h"
+#include "Engine/Verbs/ReadVerb.h"
 #include "Engine/Verbs/ReelAuthorVerb.h"
 #include "Engine/Verbs/ReelDescribeVerb.h"
 #include "Engine/Verbs/ReelLintVerb.h"
@@ -36,6 +44,16 @@ constexpr VerbEntry entries[] = {
         "tavix new hello.tavixcomp --template teaser --size 1080x1920", make<NewVerb>},
     {"lint", "Judge a document: errors, and what will not look right.", "tavix lint hello.tavixcomp --json",
         make<LintVerb>},
+    {"describe", "Tell what a moment of a film shows, and where, without drawing it.",
+        "tavix describe hello.tavixcomp --at 1.5", make<DescribeVerb>},
+    {"check", "Judge all there is of a document, and mend what is certain.",
+        "tavix check hello.tavixcomp --fix", make<CheckVerb>},
+    {"read", "Print a document or a part of it, and its revision.",
+        "tavix read hello.tavixcomp --pointer /scenes/0 --depth 2", make<ReadVerb>},
+    {"edit", "Change a document by a JSON Patch, whole or not at all.",
+        "tavix edit hello.tavixcomp --pointer /scenes/0/durationSec --value 3", make<EditVerb>},
+    {"diff", "Tell how two documents differ, and which times of the film it touches.",
+        "tavix diff old.tavixcomp new.tavixcomp --sheet changes.png", make<DiffVerb>},
     {"audit", "Open the films of a document and tell which end too early.", "tavix audit hello.tavixcomp",
         make<AuditVerb>},
     {"render", "Render a document to a film or an animated GIF.",
@@ -67,6 +85,14 @@ constexpr VerbEntry entries[] = {
         make<RunVerb>},
     {"demo", "Record a flow on a web page and make the film of it, in one go.",
         "tavix demo flow.json --url https://app.example -o app.mp4", make<DemoVerb>},
+    {"mcp serve", "Serve agents over standard input and output, by the Model Context Protocol.",
+        "tavix mcp serve --root films/", make<McpServeVerb>},
+    {"mcp install", "Put the server and a short skill into a program that agents run in.",
+        "tavix mcp install --host claude --global", make<McpInstallVerb>},
+    {"mcp uninstall", "Take them out again.", "tavix mcp uninstall --host claude --global",
+        make<McpUninstallVerb>},
+    {"mcp status", "Tell which of those programs are here, and where the server is.",
+        "tavix mcp status --json", make<McpStatusVerb>},
     {"reel author", "Make the document of a reel from a screen recording.",
         "tavix reel author shop.tavixproj --captions --background aurora", make<ReelAuthorVerb>},
     {"reel new", "Make a bundle of a recording and what lies beside it.",

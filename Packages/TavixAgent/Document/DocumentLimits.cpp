@@ -1,12 +1,12 @@
-#include "Engine/DocumentLimits.h"
+#include "TavixAgent/Document/DocumentLimits.h"
 
-#include "Engine/Errors.h"
+#include "TavixAgent/Document/DocumentErrors.h"
 
 #include <algorithm>
 #include <string>
 #include <variant>
 
-namespace tavix::engine {
+namespace tavix {
 
 namespace {
 
@@ -53,4 +53,4 @@ void requireBounded(const DocumentFile& document) {
     }
 }
 
-}   // namespace tavix::engine
+}   // namespace tavix

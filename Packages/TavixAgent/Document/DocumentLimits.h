@@ -2,11 +2,11 @@
 // machine busy for hours.
 #pragma once
 
-#include "Engine/DocumentFile.h"
+#include "TavixAgent/Document/DocumentFile.h"
 
-namespace tavix::engine {
+namespace tavix {
 
 // Throws `DocumentError` that says which layer holds too much of what, and how much it may hold.
 void requireBounded(const DocumentFile& document);
 
-}   // namespace tavix::engine
+}   // namespace tavix
