@@ -299,7 +299,7 @@ TEST_F(ReelVerbs, AreAFamily) {
     EXPECT_THAT(tavix({"reel", "author", "--help"}).out, HasSubstr("--typography"));
     EXPECT_THAT(tavix({"reel"}).err, HasSubstr("A verb is missing after \"reel\", as in tavix reel author."));
     EXPECT_THAT(tavix({"reel", "descibe"}).err, HasSubstr("Did you mean reel describe?"));
-    EXPECT_THAT(tavix({"real"}).err, HasSubstr("Did you mean reel?"));
+    EXPECT_THAT(tavix({"reeel"}).err, HasSubstr("Did you mean reel?"));
 }
 
 }   // namespace
