@@ -260,8 +260,9 @@ TEST_F(Recordings, DamageIsToldAndAWholeFilmHasNone) {
     const VideoProbe cut = SyncFrameDetector::probe(at("cut.mkv"));
     EXPECT_TRUE(cut.isDamaged);
     EXPECT_TRUE(cut.syncSeconds);   // what can be read counts all the same
+    // In the middle of the first picture: what a hole does to the blocks of the file is told by chance alone.
     std::string holed = bytes;
-    for (std::size_t i = bytes.size() / 2; i < bytes.size() / 2 + 2000; ++i) holed[i] = char(i * 37);
+    for (std::size_t i = 1400; i < 1700; ++i) holed[i] = char(i * 37);
     std::ofstream(at("holed.mkv"), std::ios::binary) << holed;
     EXPECT_TRUE(SyncFrameDetector::probe(at("holed.mkv")).isDamaged);
 }
