@@ -8,6 +8,8 @@
 namespace tavix::engine {
 
 // Throws a `UsageError` for anything else, and for a side outside the range.
-imaging::Size sizeNamed(const std::string& text, int leastPx, int mostPx);
+// The option is the one that the text was given to.
+imaging::Size sizeNamed(
+    const std::string& text, int leastPx, int mostPx, const std::string& option = "--size");
 
 }   // namespace tavix::engine

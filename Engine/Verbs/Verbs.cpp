@@ -10,6 +10,7 @@
 #include "Engine/Verbs/McpInstallVerb.h"
 #include "Engine/Verbs/McpServeVerb.h"
 #include "Engine/Verbs/McpStatusVerb.h"
+#include "Engine/Verbs/MeasureVerb.h"
 #include "Engine/Verbs/NewVerb.h"
 #include "Engine/Verbs/PackVerb.h"
 #include "Engine/Verbs/PresetsVerb.h"
@@ -68,6 +69,8 @@ constexpr VerbEntry entries[] = {
         "tavix pack composition.json -o hello.tavixcomp", make<PackVerb>},
     {"beats", "Hear the tempo, the first beat and the drop of a piece of music.",
         "tavix beats song.mp3 --write", make<BeatsVerb>},
+    {"measure", "Rehearse a document: what its live preview costs on this machine.",
+        "tavix measure hello.tavixcomp --stage 540x960", make<MeasureVerb>},
     {"schema", "Print the JSON Schema of documents or of a part of them.", "tavix schema layer",
         make<SchemaVerb>},
     {"probe", "Tell what a film or sound file holds.", "tavix probe clip.mov --json", make<ProbeVerb>},

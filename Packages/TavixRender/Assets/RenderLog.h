@@ -26,8 +26,8 @@ inline constexpr std::string_view
     pictureMissing = "picture-missing",
     clipMissing = "clip-missing", clipDamaged = "clip-damaged", fontMissing = "font-missing",
     textCut = "text-cut", phoneMissing = "phone-missing", phoneNotBuilt = "phone-not-built",
-    phoneNotDrawn = "phone-not-drawn", screenNotUpdated = "screen-not-updated",
-    soundMissing = "sound-missing", soundDamaged = "sound-damaged",
+    phoneNotDrawn = "phone-not-drawn", frameNotDrawn = "frame-not-drawn",
+    screenNotUpdated = "screen-not-updated", soundMissing = "sound-missing", soundDamaged = "sound-damaged",
     // Notes: what was done.
     soundAdded = "sound-added", soundAbsent = "sound-absent", written = "written",
     // Progress.

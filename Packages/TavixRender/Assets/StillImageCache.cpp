@@ -2,15 +2,40 @@
 
 #include "TavixPlatform/Media/StillImages.h"
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace tavix {
 
 std::optional<imaging::Image> StillImageCache::image(const std::filesystem::path& path) {
-    const auto known = byPath_.find(path);
-    if (known != byPath_.end()) return known->second;
-    return byPath_.emplace(path, load(path)).first->second;
+    auto known = byPath_.find(path);
+    if (known == byPath_.end()) {
+        // First what the file is: one that changes while it is read is read again.
+        const auto file = FileIdentity::of(path);
+        known = byPath_.emplace(path, Entry{file, load(path), renewals_}).first;
+    }
+    known->second.lastAsked = renewals_;
+    return known->second.image;
+}
+
+void StillImageCache::renew(std::size_t mostBytes) {
+    ++renewals_;
+    std::erase_if(
+        byPath_, [](const auto& known) { return FileIdentity::of(known.first) != known.second.file; });
+    std::vector<decltype(byPath_)::iterator> byUse;
+    for (auto known = byPath_.begin(); known != byPath_.end(); ++known) byUse.push_back(known);
+    std::ranges::stable_sort(
+        byUse, std::greater(), [](const auto& known) { return known->second.lastAsked; });
+    double bytes = 0;
+    for (const auto& known : byUse) {
+        if (!known->second.image) continue;
+        const imaging::Rect extent = known->second.image->extent();
+        bytes += extent.width * extent.height * 4;
+        if (bytes > double(mostBytes)) byPath_.erase(known);
+    }
 }
 
 std::optional<imaging::Image> StillImageCache::load(const std::filesystem::path& path) const {

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "TavixPlatform/Imaging/Image.h"
+#include "TavixRender/Assets/FileIdentity.h"
 #include "TavixRender/Assets/RenderLog.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -18,12 +21,21 @@ public:
 
     // The picture with its bottom-left corner at the origin, or nothing.
     std::optional<imaging::Image> image(const std::filesystem::path& path);
+    // For who goes on with it: forgets pictures whose file has changed, and then those that have not been
+    // asked for the longest, until the others take no more memory than that.
+    void renew(std::size_t mostBytes);
 
 private:
     std::optional<imaging::Image> load(const std::filesystem::path& path) const;
 
     RenderLog log_;
-    std::map<std::filesystem::path, std::optional<imaging::Image>> byPath_;
+    struct Entry {
+        std::optional<FileIdentity> file;
+        std::optional<imaging::Image> image;
+        std::uint64_t lastAsked;
+    };
+    std::map<std::filesystem::path, Entry> byPath_;
+    std::uint64_t renewals_ = 0;
 };
 
 }   // namespace tavix

@@ -10,8 +10,8 @@ class CompositionFrameSource {
 public:
     CompositionFrameSource(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
         imaging::Evaluator& evaluator, const RenderLog& log,
-        Composition3DRendererPool* rendererPool = nullptr)
-        : resolved_(spec, assetRoot, evaluator, log, rendererPool) {}
+        Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr)
+        : resolved_(spec, assetRoot, evaluator, log, rendererPool, memory) {}
 
     ResolvedComposition& resolved() { return resolved_; }
     double totalSec() const { return resolved_.timeline().totalSec; }

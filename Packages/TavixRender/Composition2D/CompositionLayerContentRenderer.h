@@ -17,6 +17,8 @@ public:
     virtual std::optional<imaging::Image> contentImage(double localSec) = 0;
     // The layer is out of sight, perhaps for good: gives up what takes memory and can be had again.
     virtual void rest() {}
+    // The next build of the document goes on with this layer.
+    virtual void takenOver() {}
     // True for a device in space: its picture is a pass of its own, dearer than all the rest.
     virtual bool hasDevicesInSpace() const { return false; }
 };

@@ -59,6 +59,7 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     layer->needsApplyScene_ = layer->renderer_ != nullptr;
     if (layer->renderer_ != nullptr) return layer;
     layer->renderer_ = std::make_shared<DeviceSceneRenderer>(settingsOf(content, build, deviceRect));
+    layer->appliedVersion_ = layer->renderer_->sceneVersion();
     if (build.rendererPool != nullptr) build.rendererPool->store(poolKey, invariants, layer->renderer_);
     return layer;
 }
@@ -68,8 +69,10 @@ Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content,
       placement_(content.placement), screen_(content.screen, build) {}
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
-    if (std::exchange(needsApplyScene_, false))
+    if (std::exchange(needsApplyScene_, false)) {
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
+        appliedVersion_ = renderer_->sceneVersion();
+    }
     const auto screen = screenAt(localSec);
     if (!screen) return std::nullopt;
     const Digest hash = renderer_->frameHash(*screen, localSec);
@@ -78,6 +81,10 @@ std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     // Drawn now: a finished frame is a part of what it is made from, which can go.
     lastFrame_ = {hash, evaluator_.drawnForFrame(image.cropped(bounds_), imaging::pixelsCovering(bounds_))};
     return lastFrame_->image;
+}
+
+void Device3DCompositionLayer::takenOver() {
+    needsApplyScene_ = needsApplyScene_ || renderer_->sceneVersion() != appliedVersion_;
 }
 
 void Device3DCompositionLayer::rest() {

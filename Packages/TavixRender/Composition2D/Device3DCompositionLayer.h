@@ -24,6 +24,7 @@ public:
     bool hasDevicesInSpace() const override { return true; }
     std::optional<imaging::Image> contentImage(double localSec) override;
     void rest() override;
+    void takenOver() override;
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
     void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }
@@ -49,7 +50,9 @@ private:
     ScreenPictures screen_;
     double screenAspect_ = 1;                         // width by height
     std::shared_ptr<DeviceSceneRenderer> renderer_;   // shared with the pool
-    bool needsApplyScene_ = false;   // it came from the pool and holds another document's values
+    bool needsApplyScene_ = false;   // it holds other values: those of another build, or of a drag
+    std::uint64_t appliedVersion_ =
+        0;   // of the renderer's scene, when it last held the values of this layer
     bool scrubQuality_ = false;
     std::optional<HeldScreen> heldScreen_;
     std::optional<DrawnFrame> lastFrame_;

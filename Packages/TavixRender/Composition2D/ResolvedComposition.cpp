@@ -4,6 +4,7 @@
 #include "TavixCore/Animation/CurveEvaluation.h"
 #include "TavixCore/Device/DeviceDepthTrajectory.h"
 #include "TavixCore/Findings/AuthoredPath.h"
+#include "TavixPlatform/Imaging/Hash.h"
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
@@ -13,7 +14,6 @@
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 #include "TavixRender/Compositor/TransitionBlend.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
-#include "TavixRender/DeviceScene/DeviceDarkroom.h"
 
 #include <algorithm>
 #include <limits>
@@ -29,16 +29,8 @@ using imaging::Image;
 
 constexpr std::uint64_t seedStepOfScene = 1009, seedStepOfLayer = 9176;
 
-// What a layer is told besides its content.
-struct LayerPlace {
-    const CompositionSpec& spec;
-    double windowSec;
-    std::int64_t presetSeed;                  // of a text
-    Composition3DRendererPool::Key poolKey;   // of a device in space
-};
-
 std::unique_ptr<CompositionLayerContentRenderer> makeTextRenderer(const TextContent& text,
-    const CompositionLayer& layer, const LayerPlace& place, const LayerBuild& build) {
+    const CompositionLayer& layer, const LayerInputs::Place& place, const LayerBuild& build) {
     const NormalizedPoint position{
         layer.position.x / build.bounds.width, layer.position.y / build.bounds.height};
     return std::make_unique<TextCompositionLayer>(text,
@@ -58,7 +50,7 @@ std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const Device
 }
 
 std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
-    const CompositionLayer& layer, const LayerPlace& place, const LayerBuild& build) {
+    const CompositionLayer& layer, const LayerInputs::Place& place, const LayerBuild& build) {
     using Made = std::unique_ptr<CompositionLayerContentRenderer>;
     return std::visit(
         Overloaded{
@@ -114,35 +106,36 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
 
 ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-    const RenderLog& log, Composition3DRendererPool* rendererPool)
+    const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* memory)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const RenderLog told = onceEach(log);
-    std::string path;   // of what is built now
-    StillImageCache images([&](const Finding& finding) { tell(placedAt(path, told), finding); });
+    BuildMemory own;
+    BuildMemory& kept = memory ? *memory : own;
+    hasMemory_ = memory != nullptr;
     const text::FontBook fonts;
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
     const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
-        images, fonts, told, rendererPool, std::make_shared<DeviceDarkroom>()};
-    buildBackgrounds(build, path);
-    buildLayers(build, path);
+        kept.images(), fonts, told, rendererPool, kept.darkroom()};
+    kept.begin({bounds_, build.framesPerSec, build.assetRoot}, told);
+    buildBackgrounds(build, kept);
+    buildLayers(build, kept);
+    kept.end();
 }
 
-void ResolvedComposition::buildBackgrounds(const LayerBuild& build, std::string& path) {
-    std::vector<std::pair<BackgroundFill, Image>> drawn;   // most scenes share one
+void ResolvedComposition::buildBackgrounds(const LayerBuild& build, BuildMemory& memory) {
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
         const CompositionScene& scene = spec_.scenes[i];
-        path = scene.background ? "scenes[" + std::to_string(i) + "].background" : "background";
+        memory.goTo(scene.background ? "scenes[" + std::to_string(i) + "].background" : "background");
         const BackgroundFill& fill = scene.background ? *scene.background : spec_.background;
-        auto known = std::ranges::find(drawn, fill, &std::pair<BackgroundFill, Image>::first);
-        if (known == drawn.end())
-            known = drawn.insert(drawn.end(), {fill, FillCompositionLayer::drawn(fill, build)});
-        backgrounds_.push_back(known->second);
+        backgrounds_.push_back(memory.background(
+            fill, filesOf(fill, build.assetRoot), [&] { return FillCompositionLayer::drawn(fill, build); }));
+        transitionIDs_.push_back(scene.transition ? memory.transitionID(*scene.transition) : 0);
     }
 }
 
-void ResolvedComposition::buildLayers(const LayerBuild& build, std::string& path) {
+void ResolvedComposition::buildLayers(const LayerBuild& build, BuildMemory& memory) {
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
         const CompositionScene& scene = spec_.scenes[i];
         auto& resolved = layers_.emplace_back();
@@ -151,16 +144,41 @@ void ResolvedComposition::buildLayers(const LayerBuild& build, std::string& path
             const LayerWindow window = shownWindow(layer, scene);
             if (!(window.startSec < window.endSec)) continue;
             const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            path = CompositionLint::authoredPath(
+            const std::string path = CompositionLint::authoredPath(
                 "scenes[" + std::to_string(i) + "].layers[" + std::to_string(j) + "]", spec_);
+            memory.goTo(path);
             LayerBuild here = build;
             here.log = placedAt(path, build.log);
-            const LayerPlace place{spec_, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
-            resolved.push_back({layer, makeRenderer(layer, place, here), window, anchor,
-                {layer.effects, bounds_, vignettedOf(layer)}});
+            const LayerInputs::Place place{
+                spec_, build.assetRoot, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
+            auto [renderer, lookID] = memory.layer(LayerInputs::of(layer, place), layer, window,
+                [&] { return makeRenderer(layer, place, here); });
+            resolved.push_back({layer, std::move(renderer), window, anchor,
+                {layer.effects, bounds_, vignettedOf(layer)}, lookID});
             hasDevicesInSpace_ = hasDevicesInSpace_ || resolved.back().renderer->hasDevicesInSpace();
         }
     }
+}
+
+void ResolvedComposition::addSceneKey(Hash& key, const CompositionTimeline::ActiveScene& active) const {
+    key.add(backgrounds_[active.index].lookID);
+    for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(active.index, active.localSeconds))
+        if (resolved->window.contains(active.localSeconds))
+            key.add(resolved->lookID).add(active.localSeconds - resolved->window.startSec);
+}
+
+std::optional<Digest> ResolvedComposition::frameKey(double globalSec) const {
+    if (!hasMemory_) return std::nullopt;
+    Hash key;
+    key.add(bounds_);
+    if (const auto sample = timeline_.sample(globalSec)) {
+        addSceneKey(key, sample->outgoing);
+        if (sample->incoming && spec_.scenes[sample->outgoing.index].transition) {
+            key.add(transitionIDs_[sample->outgoing.index]).add(sample->progress);
+            addSceneKey(key, *sample->incoming);
+        }
+    }
+    return key.digest();
 }
 
 Image ResolvedComposition::frame(double globalSec) {
@@ -187,7 +205,7 @@ void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming)
 }
 
 Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
-    std::vector<Image> bottomToTop{backgrounds_[scene]};
+    std::vector<Image> bottomToTop{backgrounds_[scene].image};
     for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
         if (!resolved->window.contains(localSec)) continue;
         const double layerSec = localSec - resolved->window.startSec;

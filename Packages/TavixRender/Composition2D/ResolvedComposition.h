@@ -5,6 +5,7 @@
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/Composition2D/BuildMemory.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
 
@@ -26,10 +27,11 @@ class ResolvedComposition {
 public:
     // The pool keeps stages of 3D devices for the next build; it must outlive this. Never fails: what cannot
     // be read is named in the log and not drawn. Relative paths belong to `assetRoot`, or to the document's
-    // own when none is given. The evaluator draws what does not change in time, here and now.
+    // own when none is given. The evaluator draws what does not change in time, here and now. With a memory
+    // what the build before made of equal parts serves this one too; what is drawn is the same as without.
     ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
         imaging::Evaluator& evaluator, const RenderLog& log,
-        Composition3DRendererPool* rendererPool = nullptr);
+        Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr);
 
     const CompositionSpec& spec() const { return spec_; }
     const CompositionTimeline& timeline() const { return timeline_; }
@@ -39,6 +41,9 @@ public:
     const std::vector<ResolvedCompositionLayer>& layers(std::size_t scene) const { return layers_[scene]; }
 
     imaging::Image frame(double globalSec);
+    // Of what a frame shows, found without drawing anything: in builds with one memory equal keys mean equal
+    // frames. Nothing without a memory.
+    std::optional<Digest> frameKey(double globalSec) const;
     // Without the transitions around it.
     imaging::Image renderScene(std::size_t scene, double localSec);
     // Lets the screens of 3D devices lag behind while someone drags through the time.
@@ -51,15 +56,17 @@ public:
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
-    // `path` follows what is built, so that what is told then can name its place.
-    void buildBackgrounds(const LayerBuild& build, std::string& path);
-    void buildLayers(const LayerBuild& build, std::string& path);
+    void buildBackgrounds(const LayerBuild& build, BuildMemory& memory);
+    void buildLayers(const LayerBuild& build, BuildMemory& memory);
     void restAllBut(std::size_t outgoing, std::size_t incoming);
+    void addSceneKey(Hash& key, const CompositionTimeline::ActiveScene& active) const;
 
     CompositionSpec spec_;
     CompositionTimeline timeline_;
     imaging::Rect bounds_;
-    std::vector<imaging::Image> backgrounds_;
+    bool hasMemory_ = false;
+    std::vector<BuildMemory::Background> backgrounds_;
+    std::vector<std::uint64_t> transitionIDs_;   // of the scenes; 0 without a transition
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
     std::pair<std::size_t, std::size_t> shownScenes_{0, 0};   // of the last frame; one twice, or two
     bool hasDevicesInSpace_ = false;

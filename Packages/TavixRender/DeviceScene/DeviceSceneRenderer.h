@@ -63,6 +63,8 @@ public:
     void applyScene(const DeviceScene& scene, const std::optional<DevicePlacementSpec>& placement,
         std::optional<double> motionBlur = {},
         const std::optional<std::vector<DeviceScalarKeyframe>>& depthTrack = {});
+    // Changes whenever the scene does.
+    std::uint64_t sceneVersion() const { return sceneVersion_; }
     void liveUpdateTilt(const Vector3& tiltDegrees);
     // Gives up the stage and what is on its screen; the next frame sets them up again.
     void rest();

@@ -43,6 +43,14 @@ protected:
         spec.background = RGBAColor{0, 0, 1, 1};
         return {spec, folder.path(), evaluator, testing::messagesTo(log), pool};
     }
+    // As a preview goes from edit to edit.
+    Picture drawnWarm(Composition3DRendererPool& stages, BuildMemory& memory, double sec = 0) {
+        CompositionLayer layer;
+        layer.content = device;
+        CompositionSpec spec = testing::specOf(canvas, 30, {testing::sceneOf(2, {layer})});
+        return Picture(
+            ResolvedComposition(spec, folder.path(), evaluator, {}, &stages, &memory).frame(sec), canvas);
+    }
     Picture drawn(double sec = 0) { return Picture(resolved().frame(sec), canvas); }
 
     testing::TemporaryFolder folder;
@@ -149,6 +157,29 @@ TEST(CoverCrop, KeepsTheMiddleInTheAspectOfTheScreen) {
                           .distanceTo(Picture(card.translated(-c.corner.x, -c.corner.y), c.expected)),
                 1);
         }
+    }
+}
+
+// A drag shows other values on the stage that the layer of the next build goes on with.
+TEST_F(DeviceInSpace, ShowsItsOwnValuesAgainAfterADragThatCameToNothing) {
+    Composition3DRendererPool stages;
+    BuildMemory memory;
+    const Picture before = drawnWarm(stages, memory);
+    DeviceScene3D dragged = *device.scene3D;
+    dragged.tiltDegrees.y = 50;
+    stages.liveApply({0, 0}, dragged, std::nullopt);
+    EXPECT_EQ(drawnWarm(stages, memory).distanceTo(before), 0);
+}
+
+TEST_F(DeviceInSpace, IsTheSameOnAWarmMemoryAfterEveryEdit) {
+    Composition3DRendererPool stages;
+    BuildMemory memory;
+    for (const double yaw : {0.0, 20.0, 20.0, -35.0, 0.0}) {
+        device.scene3D->tiltDegrees.y = yaw;
+        device.placement = DevicePlacementSpec{{{0, {yaw / 300, 0}, 1, {}, {}}}};
+        Composition3DRendererPool coldStages;
+        BuildMemory cold;
+        EXPECT_EQ(drawnWarm(stages, memory).distanceTo(drawnWarm(coldStages, cold)), 0) << yaw;
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace tavix {
@@ -37,6 +38,32 @@ public:
                 each.position = {real(0, size.width), real(0, size.height)};
         spec.fonts = {{"bars", testing::testFont}};
         return spec;
+    }
+
+    // One change of many kinds, mostly a small one.
+    void edit(CompositionSpec& spec) {
+        CompositionScene& scene = spec.scenes[std::size_t(below(int(spec.scenes.size())))];
+        const auto at = std::size_t(below(int(scene.layers.size())));
+        CompositionLayer& touched = scene.layers[at];
+        switch (below(11)) {
+        case 0: touched.opacity = real(0.2, 1); break;
+        case 1: touched.position = {real(0, size.width), real(0, size.height)}; break;
+        case 2: touched.content = content(); break;
+        case 3: touched.effects = effects(); break;
+        case 4: touched.tracks = layer().tracks; break;
+        case 5: std::swap(touched, scene.layers[std::size_t(below(int(scene.layers.size())))]); break;
+        case 6: {
+            const CompositionLayer twin = touched;
+            scene.layers.insert(scene.layers.begin() + std::ptrdiff_t(at), twin);
+            break;
+        }
+        case 7:
+            if (scene.layers.size() > 3) scene.layers.erase(scene.layers.begin() + std::ptrdiff_t(at));
+            break;
+        case 8: scene.background = testing::ownColor(below(20)); break;
+        case 9: scene.durationSec = real(0.5, 1.2); break;
+        default: spec.seed = below(3); break;
+        }
     }
 
 private:
@@ -136,6 +163,41 @@ TEST_F(RandomFilms, AreTheSameWithAndWithoutAllThatIsKept) {
             ASSERT_EQ(Picture(surface.pixels()).distanceTo(alone(spec, frame / 10.0)), 0)
                 << "frame " << frame;
         }
+    }
+}
+
+// Edits on a memory that goes on from build to build, against who builds every frame anew.
+TEST_F(RandomFilms, AreTheSameAfterEveryEditAndHaveTheirKeys) {
+    Films films(77);
+    std::mt19937 random(3);
+    std::vector<std::pair<Digest, Picture>> byKey;
+    for (int round = 0; round < 5; ++round) {
+        CompositionSpec spec = films.film();
+        imaging::Evaluator evaluator({.threadCount = 2, .comparesStructures = true});
+        BuildMemory memory;
+        imaging::FrameSurface surface(evaluator, size);
+        byKey.clear();
+        int repeats = 0;
+        for (int edits = 0; edits < 25; ++edits) {
+            ResolvedComposition composition(spec, assets->path(), evaluator, complain, nullptr, &memory);
+            for (const double sec : {0.2, 0.6, double(random() % 16) / 10}) {
+                surface.update(composition.frame(sec));
+                const Picture drawn(surface.pixels());
+                ASSERT_EQ(drawn.distanceTo(alone(spec, sec)), 0)
+                    << "film " << round << ", edit " << edits << " at " << sec;
+                const auto key = composition.frameKey(sec);
+                ASSERT_TRUE(key);
+                const auto known = std::ranges::find(byKey, *key, &std::pair<Digest, Picture>::first);
+                if (known == byKey.end()) {
+                    byKey.emplace_back(*key, drawn);
+                } else {
+                    ++repeats;
+                    ASSERT_EQ(drawn.distanceTo(known->second), 0);
+                }
+            }
+            films.edit(spec);
+        }
+        EXPECT_GT(repeats, 10) << "an edit of one scene touches the frames of the other";
     }
 }
 

@@ -1,0 +1,251 @@
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include "TavixBase/Utf8.h"
+#include "TavixCore/Judge/CompositionRoad.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixCore/Time/CompositionTimeline.h"
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+std::string formatted(const char* format, auto... values) {
+    char text[256];
+    std::snprintf(text, sizeof text, format, values...);
+    return text;
+}
+
+std::string sizeText(const CompositionOutput& output) {
+    return std::to_string(output.widthPx) + "×" + std::to_string(output.heightPx);
+}
+
+// What was wrong with a text that is no document.
+std::string decodeErrorMessage(const DecodingError& error) {
+    const std::string place = error.path().empty() ? "root" : error.path();
+    switch (error.kind()) {
+    case DecodingError::Kind::keyNotFound: {
+        const auto dot = place.rfind('.');
+        const std::string key = dot == std::string::npos ? place : place.substr(dot + 1);
+        return "Missing key \"" + key + "\" at " +
+               (dot == std::string::npos ? "root" : place.substr(0, dot)) + ".";
+    }
+    case DecodingError::Kind::valueNotFound:
+    case DecodingError::Kind::typeMismatch: return error.message() + " (at " + place + ")";
+    case DecodingError::Kind::dataCorrupted: break;
+    }
+    return "Invalid JSON — " + error.message();
+}
+
+bool isUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = utf8::lengthAt(text, at);
+        if (length == 0) return false;
+        at += length;
+    }
+    return true;
+}
+
+// A project that cannot be remembered opens all the same.
+void remember(const std::filesystem::path& bundle, const RecentProjects& recents, const RenderLog& log) {
+    using namespace std::chrono;
+    try {
+        recents.add(bundle, floor<seconds>(system_clock::now()));
+    } catch (const Failure& failure) {
+        tell(log, Finding::warning("project-not-remembered", failure.message()));
+    }
+}
+
+void run(const CompositionEditorModel::Done& done) {
+    if (done) done();
+}
+
+}   // namespace
+
+CompositionEditorModel::CompositionEditorModel(const Services& services)
+    : services_(services), main_(services.executors.main),
+      preview_(services.executors, services.maker, services.output, services.logs) {
+    Player& player = preview_.player();
+    player.setSink([this](const StagePicture& picture) {
+        if (!state.showsLiveFrame() && sink_) sink_(picture);
+    });
+    player.setTimeObserver(1.0 / 30, [this] {
+        if (!isScrubbing_) state.currentTime = preview_.player().currentSec();
+        state.isPlaying = preview_.player().isPlaying();
+    });
+    player.setOnEnd([this] { reachEnd(); });
+}
+
+CompositionEditorModel::~CompositionEditorModel() { exportStop_.request_stop(); }
+
+void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then) {
+    close();
+    system::runThere(
+        services_.executors.workers, main_,
+        [bundle, recents = services_.recents, log = services_.logs.render] {
+            DocumentOnDisk onDisk = DocumentOnDisk::read(bundle);
+            if (recents) remember(bundle, *recents, log);
+            return onDisk;
+        },
+        document_.guard([this, bundle, then](system::Outcome<DocumentOnDisk>& outcome) {
+            try {
+                onDisk_ = std::move(outcome.value());
+                arrive(onDisk_->spec, bundle, [this, then] {
+                    const CompositionSpec& spec = edited().spec;
+                    state.statusMessage = sizeText(spec.output) + " @ " + spec.output.fps.shown() + "fps — " +
+                                          std::to_string(spec.scenes.size()) + " scene(s), " +
+                                          formatted("%.1fs.", CompositionTimeline(spec).totalSec);
+                    run(then);
+                });
+            } catch (const std::exception& error) {
+                state.errorMessage = std::string("Could not open: ") + error.what();
+                state.statusMessage = "Open failed.";
+                run(then);
+            }
+        }));
+}
+
+void CompositionEditorModel::loadInMemory(
+    const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then) {
+    close();
+    arrive(spec, assetRoot, [this, then] {
+        state.statusMessage = sizeText(edited().spec.output) +
+                              formatted(" — %.2fs", CompositionTimeline(edited().spec).totalSec);
+        run(then);
+    });
+}
+
+void CompositionEditorModel::arrive(
+    const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then) {
+    {
+        const Batch together;
+        state.bundle = assetRoot;
+        state.edited = EditState{spec, {}};
+        state.isLoaded = true;
+        state.hasUnsavedChanges = false;
+        state.errorMessage = std::nullopt;
+    }
+    refreshNow(document_.guard(std::move(then)));
+}
+
+void CompositionEditorModel::close() {
+    document_.cut();
+    ++refreshEpoch_;
+    for (system::Timer* timer : {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_})
+        timer->cancel();
+    preview_.close();
+    history_.clear();
+    gesture_.reset();
+    onDisk_.reset();
+    isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ = false;
+    seekTarget_.reset();
+    liveTarget_.reset();
+    liveScene3D_.reset();
+    livePlacement_.reset();
+    const Batch together;
+    state.isPlaying = false;
+    state.isLoaded = false;
+    state.hasUnsavedChanges = false;
+    state.bundle = std::nullopt;
+    state.edited = EditState{};
+    state.outputDuration = 0;
+    state.currentTime = 0;
+    state.statusMessage = "";
+    state.showsLiveFrame = false;
+}
+
+void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged) {
+    if (!state.bundle() || !onDisk_) return;
+    struct Written {
+        CompositionSpec spec;
+        DocumentOnDisk onDisk;
+    };
+    system::runThere(
+        services_.executors.workers, main_,
+        [before = *onDisk_, spec = edited().spec, bundle = *state.bundle(), ifChanged] {
+            return Written{spec, before.saved(spec, bundle, ifChanged)};
+        },
+        document_.guard([this, then](system::Outcome<Written>& outcome) {
+            try {
+                Written& written = outcome.value();
+                onDisk_ = std::move(written.onDisk);
+                // What was changed while it was written is not saved yet.
+                state.hasUnsavedChanges = !(written.spec == edited().spec);
+                state.statusMessage = "Saved composition.json.";
+            } catch (const std::exception& error) {
+                state.errorMessage = error.what();
+            }
+            run(then);
+        }));
+}
+
+std::string CompositionEditorModel::specJSONText() const { return encodedJson(edited().spec); }
+
+std::optional<std::string> CompositionEditorModel::applySpecJSON(std::string_view text) {
+    if (!isUtf8(text)) return "Text is not valid UTF-8.";
+    try {
+        EditState changed{decodeJson<CompositionSpec>(text), edited().selection};
+        const CompositionRoad::AssetRoot root =
+            state.bundle() ? CompositionRoad::AssetRoot(*state.bundle()) : std::nullopt;
+        changed.spec = CompositionRoad::resolve(std::move(changed.spec), root).spec;
+        clampSelection(changed);
+        become("Edit JSON", std::move(changed));
+        return std::nullopt;
+    } catch (const DecodingError& error) {
+        return decodeErrorMessage(error);
+    } catch (const Failure& failure) {
+        return failure.message();
+    }
+}
+
+void CompositionEditorModel::update(
+    const std::string& stepName, const std::function<void(EditState&)>& mutate) {
+    EditState changed = edited();
+    mutate(changed);
+    become(stepName, std::move(changed));
+}
+
+void CompositionEditorModel::become(const std::string& stepName, EditState changed) {
+    if (changed.spec == edited().spec) {
+        state.edited = std::move(changed);
+        return;
+    }
+    const History::Moment before = moment();
+    state.edited = std::move(changed);
+    if (!gesture_) history_.record(stepName, before, moment());
+    state.hasUnsavedChanges = true;
+    scheduleRefresh();
+}
+
+void CompositionEditorModel::beginGesture(const std::string& stepName) {
+    if (!gesture_) gesture_ = Gesture{stepName, moment()};
+}
+
+void CompositionEditorModel::endGesture() {
+    if (!gesture_) return;
+    const Gesture ended = *std::exchange(gesture_, std::nullopt);
+    history_.record(ended.name, ended.before, moment());
+}
+
+void CompositionEditorModel::undo() {
+    endGesture();
+    if (const auto before = history_.undo(edited())) show(*before);
+}
+
+void CompositionEditorModel::redo() {
+    endGesture();
+    if (const auto after = history_.redo(edited())) show(*after);
+}
+
+void CompositionEditorModel::show(const History::Moment& moment) {
+    state.edited = moment.state;
+    state.hasUnsavedChanges = true;
+    scheduleRefresh();
+    if (state.outputDuration() > 0 && !state.isPlaying()) seek(moment.playheadSec);
+}
+
+}   // namespace tavix

@@ -1,0 +1,143 @@
+// The one object behind a window with a composition: the open document, its undo, its preview and its player.
+// Every change of the document goes through `update`, which asks for a refresh of the preview.
+#pragma once
+
+#include "TavixLive/Files/RecentProjects.h"
+#include "TavixLive/Model/EditorState.h"
+#include "TavixLive/Model/History.h"
+#include "TavixLive/Playback/LivePreview.h"
+#include "TavixLive/Saving/DocumentOnDisk.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+namespace tavix {
+
+// Lives on the main executor. Long work comes back to it and is dropped when it is not wanted any more.
+class CompositionEditorModel {
+public:
+    struct Services {
+        LivePreview::Executors executors;
+        std::shared_ptr<PreviewMaker> maker;
+        media::AudioOutput* output = nullptr;
+        RecentProjects* recents = nullptr;   // none: nothing is remembered
+        LivePreview::Logs logs = {};
+    };
+    using Done = std::function<void()>;
+
+    explicit CompositionEditorModel(const Services& services);
+    ~CompositionEditorModel();
+
+    EditorState state;
+
+    // Reads a bundle, and shows it. What fails is told in the state.
+    void open(const std::filesystem::path& bundle, Done then = {});
+    // A document that no bundle stands behind yet; its files hang from that folder.
+    void loadInMemory(const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then = {});
+    void close();
+    // Changes the file where the document was edited. One that another program has written meanwhile is left
+    // alone, unless that is asked for.
+    void save(Done then = {}, DocumentOnDisk::IfChanged ifChanged = DocumentOnDisk::IfChanged::refuse);
+    std::string specJSONText() const;
+    // The text as the new document; otherwise what is wrong with it.
+    std::optional<std::string> applySpecJSON(std::string_view text);
+
+    // The one way to change the document: a step of that name, unless nothing changes.
+    void update(const std::string& stepName, const std::function<void(EditState&)>& mutate);
+    // Everything in between is one step.
+    void beginGesture(const std::string& stepName);
+    void endGesture();
+    void undo();
+    void redo();
+    const History& history() const { return history_; }
+
+    void scheduleRefresh();
+    void refreshNow(Done then = {});
+    // How much room the stage has, in pixels of the screen.
+    void setStageRoom(imaging::Size room);
+    void setStageSink(std::function<void(const StagePicture&)> sink);
+
+    void seek(double toSec);
+    void togglePlay();
+    void selectScene(std::size_t scene, bool isSought);
+    void selectLayer(std::size_t scene, std::size_t layer);
+    void clearSelection();
+
+    // Drags: shown at once, and a part of the document when they end.
+    void liveUpdatePlacement(std::size_t scene, std::size_t layer, const DevicePlacementSpec& placement);
+    void liveUpdateScene3D(std::size_t scene, std::size_t layer, const DeviceScene3D& scene3D);
+    void commitLiveEdits();
+    void setPreviewOverscan(double value);
+    void zoomPreview(double factor);
+    void resetPreviewView();
+
+    void exportTo(const std::filesystem::path& file, Done then = {});
+    void stopExport() { exportStop_.request_stop(); }
+    void analyzeMusicGrid(Done then = {});
+
+    LivePreview& preview() { return preview_; }
+
+    static constexpr double quietSec = 0.25, coalesceSec = 0.12, scrubEndSec = 0.3, overscanCommitSec = 0.25;
+
+private:
+    struct LiveTarget {
+        std::size_t scene, layer;
+        bool operator==(const LiveTarget&) const = default;
+    };
+    struct Gesture {
+        std::string name;
+        History::Moment before;
+    };
+
+    const EditState& edited() const { return state.edited(); }
+    History::Moment moment() const { return {edited(), state.currentTime()}; }
+    void become(const std::string& stepName, EditState changed);
+    void show(const History::Moment& moment);
+    void arrive(const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then);
+    void finishRefresh(std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then);
+    void endRefresh();
+    void letLiveFrameGo();
+    void prewarm3D();
+    void issueChainedSeek();
+    void lowerScrubQuality();
+    void endScrub();
+    void reachEnd();
+    void liveApply(const LiveTarget& target);
+    void issueLiveRender();
+    void livePreviewTransform();
+    DevicePlacementSpec overscannedPlacement(DevicePlacementSpec placement) const;
+    CompositionSpec overscanned(const CompositionSpec& spec) const;
+
+    Services services_;
+    system::SerialExecutor& main_;
+    LivePreview preview_;
+    History history_;
+    std::optional<Gesture> gesture_;
+    std::optional<DocumentOnDisk> onDisk_;   // of a bundle that is open
+    system::Lifeline lifeline_, document_;   // of the model, and of the open document
+    imaging::Size room_{540, 960};
+
+    system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_;
+    std::uint64_t refreshEpoch_ = 0;
+    bool isRefreshing_ = false;
+    std::optional<double> lastRefreshAtSec_;
+    std::weak_ptr<RenderChain> prewarmed_;
+
+    bool isSeekInFlight_ = false, isScrubbing_ = false;
+    std::optional<double> seekTarget_;
+
+    std::optional<LiveTarget> liveTarget_;
+    std::optional<DeviceScene3D> liveScene3D_;
+    std::optional<DevicePlacementSpec> livePlacement_;
+    bool isLiveRenderInFlight_ = false, isLiveRenderDirty_ = false;
+    std::function<void(const StagePicture&)> sink_;
+    std::stop_source exportStop_;
+};
+
+}   // namespace tavix

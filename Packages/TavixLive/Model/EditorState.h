@@ -1,0 +1,38 @@
+// What the views of an editor watch.
+#pragma once
+
+#include "TavixCore/Values/NormalizedVec2.h"
+#include "TavixLive/Observing/Observable.h"
+#include "TavixLive/Operations/DeviceOperations.h"
+#include "TavixLive/Operations/EditState.h"
+#include "TavixLive/Stage/FrameSource.h"
+#include "TavixRender/Encoding/ExportOptions.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tavix {
+
+struct EditorState {
+    Observable<bool> isLoaded{false};
+    Observable<std::optional<std::filesystem::path>> bundle;   // where the files of the document lie, too
+    Observable<EditState> edited;                              // the resolved document, and what is selected
+    Observable<bool> hasUnsavedChanges{false};
+    Observable<double> outputDuration{0}, currentTime{0};   // seconds
+    Observable<bool> isPlaying{false};
+    Observable<std::optional<std::string>> errorMessage;   // the one that the user must see
+    Observable<std::string> statusMessage;
+    Observable<bool> isAnalyzingMusic{false};
+    Observable<bool> isExporting{false};
+    Observable<double> exportProgress{0};   // 0 to 1
+    Observable<ExportFormat> exportFormat{ExportFormat::video};
+    Observable<VideoCodec> exportVideoCodec{VideoCodec::h264};
+    Observable<ExportContainer> exportContainer{ExportContainer::mp4};
+    Observable<ResolutionPreset> exportResolution{ResolutionPreset::native};
+    Observable<bool> showsLiveFrame{false};   // a frame of a drag stands on the stage
+    Observable<double> previewOverscan{1};    // 0.1 to 1: how much the device is shrunk to see around it
+    Observable<NormalizedVec2> previewPan{NormalizedVec2{}};
+};
+
+}   // namespace tavix

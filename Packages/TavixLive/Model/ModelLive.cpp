@@ -1,0 +1,139 @@
+// Drags, which go past the document until they end, and the zoom of the stage.
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+constexpr double leastOverscan = 0.1, noOverscan = 0.999, leastZoomStep = 0.0001;
+
+}   // namespace
+
+void CompositionEditorModel::liveUpdatePlacement(
+    std::size_t scene, std::size_t layer, const DevicePlacementSpec& placement) {
+    livePlacement_ = placement;
+    liveApply({scene, layer});
+}
+
+void CompositionEditorModel::liveUpdateScene3D(
+    std::size_t scene, std::size_t layer, const DeviceScene3D& scene3D) {
+    liveScene3D_ = scene3D;
+    liveApply({scene, layer});
+}
+
+void CompositionEditorModel::liveApply(const LiveTarget& target) {
+    EditState held = edited();
+    const auto* device = held.content<DeviceContent>(target.scene, target.layer);
+    if (device == nullptr) return;
+    liveTarget_ = target;
+    state.hasUnsavedChanges = true;
+    const auto scene3D = liveScene3D_ ? liveScene3D_ : device->scene3D;
+    auto placement = livePlacement_ ? livePlacement_ : device->placement;
+    if (placement) placement = overscannedPlacement(std::move(*placement));
+    if (scene3D)
+        preview_.onMaker([key = Composition3DRendererPool::Key{target.scene, target.layer}, scene3D,
+                             placement](PreviewMaker& maker) {
+            maker.setLiveMode(true);
+            maker.liveApply(key, *scene3D, placement);
+        });
+    if (isLiveRenderInFlight_)
+        isLiveRenderDirty_ = true;
+    else
+        issueLiveRender();
+}
+
+// As fast as frames can be drawn, and never more than one at a time.
+void CompositionEditorModel::issueLiveRender() {
+    if (!preview_.pictures()) return;
+    isLiveRenderInFlight_ = true;
+    isLiveRenderDirty_ = false;
+    preview_.pictures()->requestLive(
+        state.currentTime(), document_.guard([this](const StagePicture& picture, const FrameSource::Drawn&) {
+            isLiveRenderInFlight_ = false;
+            state.showsLiveFrame = true;
+            if (sink_) sink_(picture);
+            if (isLiveRenderDirty_) issueLiveRender();
+        }));
+}
+
+void CompositionEditorModel::commitLiveEdits() {
+    isLiveRenderDirty_ = false;
+    const auto target = std::exchange(liveTarget_, std::nullopt);
+    const auto scene3D = std::exchange(liveScene3D_, std::nullopt);
+    const auto placement = std::exchange(livePlacement_, std::nullopt);
+    preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
+    if (!target) return;
+    update("Move device", [&](EditState& changed) {
+        auto* device = changed.content<DeviceContent>(target->scene, target->layer);
+        if (device == nullptr) return;
+        if (scene3D) device->scene3D = scene3D;
+        if (placement) device->placement = placement;
+    });
+    state.hasUnsavedChanges = true;
+    scheduleRefresh();
+}
+
+DevicePlacementSpec CompositionEditorModel::overscannedPlacement(DevicePlacementSpec placement) const {
+    const double overscan = state.previewOverscan();
+    if (overscan >= noOverscan) return placement;
+    for (DevicePlacementKeyframe& keyframe : placement.track) {
+        keyframe.offset.x *= overscan;
+        keyframe.offset.y *= overscan;
+        keyframe.scale = std::max(keyframe.scale * overscan, leastPlacementScale);
+    }
+    return placement;
+}
+
+// With more room around every device; the document itself stays as it is.
+CompositionSpec CompositionEditorModel::overscanned(const CompositionSpec& spec) const {
+    CompositionSpec shown = spec;
+    if (state.previewOverscan() >= noOverscan) return shown;
+    for (CompositionScene& scene : shown.scenes)
+        for (CompositionLayer& layer : scene.layers)
+            if (auto* device = std::get_if<DeviceContent>(&layer.content); device && device->placement)
+                device->placement = overscannedPlacement(std::move(*device->placement));
+    return shown;
+}
+
+void CompositionEditorModel::setPreviewOverscan(double value) {
+    overscanTimer_.cancel();
+    state.previewOverscan = std::clamp(value, leastOverscan, 1.0);
+    scheduleRefresh();
+}
+
+void CompositionEditorModel::zoomPreview(double factor) {
+    const double zoomed = std::clamp(state.previewOverscan() * factor, leastOverscan, 1.0);
+    if (std::abs(zoomed - state.previewOverscan()) < leastZoomStep) return;
+    state.previewOverscan = zoomed;
+    livePreviewTransform();
+}
+
+void CompositionEditorModel::resetPreviewView() {
+    state.previewPan = NormalizedVec2{};
+    setPreviewOverscan(1);
+}
+
+void CompositionEditorModel::livePreviewTransform() {
+    preview_.onMaker([spec = overscanned(edited().spec)](PreviewMaker& maker) {
+        maker.setLiveMode(true);
+        for (std::size_t i = 0; i < spec.scenes.size(); ++i)
+            for (std::size_t j = 0; j < spec.scenes[i].layers.size(); ++j) {
+                const auto* device = std::get_if<DeviceContent>(&spec.scenes[i].layers[j].content);
+                if (device && device->scene3D) maker.liveApply({i, j}, *device->scene3D, device->placement);
+            }
+    });
+    if (isLiveRenderInFlight_)
+        isLiveRenderDirty_ = true;
+    else
+        issueLiveRender();
+    overscanTimer_ = main_.after(overscanCommitSec, [this] {
+        preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
+        scheduleRefresh();
+    });
+}
+
+}   // namespace tavix

@@ -1,0 +1,106 @@
+// How the preview follows the document.
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include "TavixCore/Judge/CompositionLint.h"
+#include "TavixCore/Time/CompositionTimeline.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+constexpr double liveFrameStaysSec = 0.12;
+constexpr double prewarmSec[] = {0.3, 0.55};   // into a scene: its first device has come in then
+
+// The start of the first scene with a device in space, on the film's clock.
+std::optional<double> first3DSceneStart(const CompositionSpec& spec) {
+    const CompositionTimeline timeline(spec);
+    for (std::size_t i = 0; i < spec.scenes.size(); ++i)
+        for (const CompositionLayer& layer : spec.scenes[i].layers)
+            if (const auto* device = std::get_if<DeviceContent>(&layer.content); device && device->scene3D)
+                return timeline.startSec[i];
+    return std::nullopt;
+}
+
+}   // namespace
+
+// A burst of edits costs one refresh at once and one at its end.
+void CompositionEditorModel::scheduleRefresh() {
+    const bool isQuiet =
+        !isRefreshing_ && (!lastRefreshAtSec_ || main_.nowSec() - *lastRefreshAtSec_ > quietSec);
+    refreshTimer_ = main_.after(isQuiet ? 0 : coalesceSec, [this] {
+        refreshTimer_.cancel();
+        refreshNow();
+    });
+}
+
+void CompositionEditorModel::refreshNow(Done then) {
+    if (!state.isLoaded() || !state.bundle()) return;
+    const std::uint64_t epoch = ++refreshEpoch_;
+    isRefreshing_ = true;
+    for (const CompositionLint::Finding& finding : CompositionLint::lint(edited().spec))
+        if (finding.level == CompositionLint::Level::error) {
+            state.errorMessage = finding.path + ": " + finding.message;
+            endRefresh();
+            if (then) then();
+            return;
+        }
+    preview_.show(overscanned(edited().spec), *state.bundle(), room_,
+        document_.guard([this, epoch, then = std::move(then)](
+                            const LivePreview::Ended& ended) { finishRefresh(epoch, ended, then); }));
+}
+
+void CompositionEditorModel::finishRefresh(
+    std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then) {
+    endRefresh();
+    if (ended.isOvertaken || epoch != refreshEpoch_) return;
+    if (ended.failure) {
+        state.errorMessage = "Preview failed: " + *ended.failure;
+    } else {
+        state.outputDuration = preview_.totalSec();
+        state.currentTime = std::min(state.currentTime(), preview_.totalSec());
+        state.errorMessage = std::nullopt;
+        prewarm3D();
+        letLiveFrameGo();
+    }
+    if (then) then();
+}
+
+void CompositionEditorModel::endRefresh() {
+    isRefreshing_ = false;
+    lastRefreshAtSec_ = main_.nowSec();
+}
+
+// The frame of a drag stays until that of the document has come.
+void CompositionEditorModel::letLiveFrameGo() {
+    if (!state.showsLiveFrame() || isLiveRenderInFlight_) return;
+    liveFrameTimer_ = main_.after(liveFrameStaysSec, [this, epoch = refreshEpoch_] {
+        if (epoch != refreshEpoch_ || isLiveRenderInFlight_ || !state.showsLiveFrame()) return;
+        state.showsLiveFrame = false;
+        preview_.player().redraw();
+    });
+}
+
+// Sets up the stages of devices before anybody comes to them. They stay while the player keeps its item.
+void CompositionEditorModel::prewarm3D() {
+    const auto startSec = first3DSceneStart(edited().spec);
+    if (!startSec || !preview_.pictures() || prewarmed_.lock() == preview_.player().item()->pictures) return;
+    prewarmed_ = preview_.player().item()->pictures;
+    for (const double sec : prewarmSec)
+        if (*startSec + sec < preview_.totalSec())
+            preview_.pictures()->fillStore(*startSec + sec, [](bool) {});
+}
+
+void CompositionEditorModel::setStageRoom(imaging::Size room) {
+    if (room == room_) return;
+    room_ = room;
+    scheduleRefresh();
+}
+
+void CompositionEditorModel::setStageSink(std::function<void(const StagePicture&)> sink) {
+    sink_ = std::move(sink);
+}
+
+}   // namespace tavix

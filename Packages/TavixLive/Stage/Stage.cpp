@@ -1,0 +1,149 @@
+#include "TavixLive/Stage/Stage.h"
+
+#include "TavixLive/Stage/FrameStore.h"
+#include "TavixLive/Stage/StageDocument.h"
+#include "TavixPlatform/Imaging/FrameSurface.h"
+#include "TavixRender/Audio/CompositionAudioMuxer.h"
+#include "TavixRender/Composition2D/ResolvedComposition.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+}   // namespace
+
+// What all sources of a stage share.
+struct Stage::Workroom {
+    Workroom(const Options& chosen, RenderLog told)
+        : options(chosen), log(std::move(told)), evaluator(chosen.evaluation) {}
+
+    void resize(imaging::Size wanted) {
+        if (surface && size == wanted) return;
+        size = wanted;
+        surface.emplace(evaluator, size);
+        store.emplace(size, options.storeBytes);
+    }
+
+    Options options;
+    RenderLog log;
+    imaging::Evaluator evaluator;
+    BuildMemory memory;
+    Composition3DRendererPool devices;
+    bool showsLiveValues = false;   // frames are not those of the document, and not kept
+    imaging::Size size;
+    std::optional<imaging::FrameSurface> surface;
+    std::optional<FrameStore> store;
+    // Of the pictures that are shown, wait to be shown, or come next.
+    std::shared_ptr<imaging::BytePool> pictures = std::make_shared<imaging::BytePool>(64u << 20);
+};
+
+class Stage::Source final : public FrameSource {
+public:
+    Source(std::shared_ptr<Workroom> room, const CompositionSpec& document,
+        const std::optional<std::filesystem::path>& assetRoot)
+        : room_(std::move(room)), resolved_(document, assetRoot, room_->evaluator, room_->log,
+                                      &room_->devices, room_->options.takesOver ? &room_->memory : nullptr),
+          totalSec_(resolved_.timeline().totalSec), hasDevicesInSpace_(resolved_.hasDevicesInSpace()),
+          size_(canvasSize(document)) {}
+
+    Drawn draw(double atSec, FrameQuality quality) override;
+    bool isStored(double atSec) const override {
+        const auto key = resolved_.frameKey(atSec);
+        return key && !room_->showsLiveValues && room_->store && size_ == room_->size &&
+               room_->store->has(*key);
+    }
+    double totalSec() const override { return totalSec_; }
+    bool hasDevicesInSpace() const override { return hasDevicesInSpace_; }
+
+private:
+    std::shared_ptr<Workroom> room_;
+    ResolvedComposition resolved_;
+    double totalSec_;
+    bool hasDevicesInSpace_;
+    imaging::Size size_;
+};
+
+FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
+    const auto start = Clock::now();
+    room_->resize(size_);
+    auto pixels = std::make_shared<imaging::Bitmap>(imaging::Bitmap::uninitialised(size_, room_->pictures));
+    Drawn drawn{pixels};
+    auto key =
+        quality == FrameQuality::full && !room_->showsLiveValues ? resolved_.frameKey(atSec) : std::nullopt;
+    if (key && room_->store->restore(*key, pixels->view())) {
+        drawn.isStored = true;
+        drawn.paintSec = secondsSince(start);
+        return drawn;
+    }
+    try {
+        resolved_.setScrubQuality(quality == FrameQuality::scrub);
+        const imaging::Rect canvas{0, 0, double(size_.width), double(size_.height)};
+        // Opaque, whatever the document leaves clear.
+        const imaging::Image frame = imaging::Image::stacked(
+            {imaging::Image::solid(imaging::Color::black()).cropped(canvas), resolved_.frame(atSec)});
+        drawn.buildSec = secondsSince(start);
+        room_->surface->update(frame);
+    } catch (const std::exception& error) {
+        char sec[32];
+        std::snprintf(sec, sizeof sec, "%.2f", atSec);
+        tell(room_->log, Finding::warning(RenderCode::frameNotDrawn,
+                             "The frame at " + std::string(sec) + " s is not drawn: " + error.what()));
+        room_->surface.emplace(room_->evaluator, size_);
+        key.reset();   // it is tried again
+    }
+    const imaging::ConstBitmapView shown = room_->surface->pixels();
+    for (int y = 0; y < size_.height; ++y)
+        std::memcpy(pixels->view().row(y), shown.row(y), std::size_t(size_.width) * 4);
+    if (key && room_->options.storeBytes > 0) room_->store->keep(*key, shown);
+    drawn.paintSec = secondsSince(start) - drawn.buildSec;
+    return drawn;
+}
+
+Stage::Stage(const Options& options, RenderLog log)
+    : room_(std::make_shared<Workroom>(options, std::move(log))) {}
+
+Stage::~Stage() = default;
+
+FrameSourceRef Stage::source(const CompositionSpec& spec, const AssetRoot& assetRoot, imaging::Size room) {
+    const imaging::Size size = stageSize(canvasSize(spec), room);
+    room_->showsLiveValues = false;
+    return std::make_shared<Source>(
+        room_, stageDocument(spec, size, assetRoot, room_->memory.images()), assetRoot);
+}
+
+void Stage::liveApply(const Composition3DRendererPool::Key& key, const DeviceScene3D& scene3D,
+    const std::optional<DevicePlacementSpec>& placement) {
+    room_->showsLiveValues = true;
+    room_->devices.liveApply(key, scene3D, placement);
+}
+
+void Stage::setLiveMode(bool isOn) { room_->devices.setLiveMode(isOn); }
+
+void Stage::forgetDevices() { room_->devices.removeAll(); }
+
+std::optional<media::AudioTimeline> Stage::sound(
+    const CompositionSpec& spec, const AssetRoot& assetRoot) const {
+    if (!spec.audio) return std::nullopt;
+    media::AudioTimeline timeline;
+    const double totalSec = CompositionTimeline(spec).totalSec;
+    if (!CompositionAudioMuxer::insertAudio(*spec.audio, timeline, assetRoot, totalSec, room_->log))
+        return std::nullopt;
+    return timeline;
+}
+
+std::size_t Stage::storedBytes() const { return room_->store ? room_->store->byteCount() : 0; }
+
+}   // namespace tavix
