@@ -32,7 +32,7 @@ void ProgressLines::failed(const std::exception& error) {
 
 void ProgressLines::write(JsonObject line) {
     if (!isOn_) return;
-    const std::string text = styledJson(line, {}, "", 0) + "\n";
+    const std::string text = styledJson(std::move(line), {}, "", 0) + "\n";
     std::fwrite(text.data(), 1, text.size(), stdout);
     std::fflush(stdout);
 }

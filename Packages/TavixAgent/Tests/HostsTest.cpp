@@ -23,8 +23,7 @@ using ::testing::StartsWith;
 constexpr const char* jsonFiles[] = {
     "",
     "{}",
-    "{\n  // my servers\n  \"mcpServers\": {\n    \"other\": {\"command\": \"x\", \"args\": []}, // keep\n  "
-    "},\n}\n",
+    "{\n  // my servers\n  \"mcpServers\": {\n    \"other\": {\"command\": \"x\", \"args\": []}, // keep\n  },\n}\n",
     "{\"theme\":\"dark\",\"mcpServers\":{}}",
     "{\r\n\t\"servers\" : {\r\n\t\t\"a\" : { \"url\" : \"http://x\" }\r\n\t},\r\n\t\"mcp\": { }\r\n}\r\n",
 };
