@@ -23,7 +23,8 @@ const Fields<DeviceMockup>& fieldsOf(std::type_identity<DeviceMockup>) {
                 "screenCornerRadiusFraction", "Corner radius of the screen.")
                 .measuredIn(Unit::shorterSides),
             field<&M::bundledID>(
-                "bundledID", "A device of the catalog, as `tavix presets devices` lists them.")}};
+                "bundledID", "A device of the catalog, as `tavix presets devices` lists them.")
+                .as(Role::device)}};
     return table;
 }
 

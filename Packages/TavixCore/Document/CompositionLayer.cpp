@@ -6,7 +6,7 @@ namespace tavix {
 
 const Fields<CompositionLayer>& fieldsOf(std::type_identity<CompositionLayer>) {
     static const Fields<CompositionLayer> table{"CompositionLayer",
-        {field<&CompositionLayer::id>("id", "A name to speak of it."),
+        {field<&CompositionLayer::id>("id", "A name to speak of it.").as(Role::identifier),
             field<&CompositionLayer::fromSec>("fromSec", "When it appears, from the start of its scene.")
                 .measuredIn(Unit::seconds)
                 .unlessDefault(),

@@ -6,7 +6,7 @@ namespace tavix {
 
 const Fields<CompositionScene>& fieldsOf(std::type_identity<CompositionScene>) {
     static const Fields<CompositionScene> table{"CompositionScene",
-        {field<&CompositionScene::id>("id", "A name to speak of it."),
+        {field<&CompositionScene::id>("id", "A name to speak of it.").as(Role::identifier),
             field<&CompositionScene::durationSec>(
                 "durationSec", "How long it is, its transition to the next scene included.")
                 .measuredIn(Unit::seconds),

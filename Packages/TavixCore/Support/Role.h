@@ -24,6 +24,12 @@ enum class Role {
     fontFile,   // the name of a font, or a file
     font,       // a key of the document's fonts, a name, or a file
     fontPath,   // always a file
+    // Names of the catalog; those that an enumeration lists are known by their type.
+    device,
+    background,
+    textAnimation,
+    // By which an author, a path and a finding speak of the thing; unlike those beside it.
+    identifier,
     // Of a picture in output pixels, which grows with it.
     pixelPoint,
     pixelLength,

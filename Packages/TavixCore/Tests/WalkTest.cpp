@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -65,6 +66,30 @@ TEST(Walking, MeetsTheDocumentAsItIsWritten) {
         });
     }
     EXPECT_GT(met, 2000u);
+}
+
+// A name that the reference sends to a catalog for is known as such to those who walk.
+TEST(Walking, KnowsNamesOfTheCatalog) {
+    const std::map<std::string_view, std::set<Role>> catalogs{{"devices", {Role::device}},
+        {"backgrounds", {Role::background}}, {"kinetic", {Role::textAnimation}}, {"fonts", {Role::font}},
+        {"sounds", {Role::sound}}};
+    std::set<std::string_view> met;
+    SeededRandom dice("catalogs");
+    for (int i = 0; i < 300; ++i) {
+        const CompositionSpec spec = randomComposition(dice);
+        walk(spec, [&](const Place& place) {
+            if (!place.row || place.type.kind == Type::Kind::word) return Walk::into;
+            for (const auto& [catalog, roles] : catalogs) {
+                if (place.row->meaning.find("tavix presets " + std::string(catalog)) ==
+                    std::string_view::npos)
+                    continue;
+                met.insert(catalog);
+                EXPECT_TRUE(roles.contains(place.row->role)) << place.at.text();
+            }
+            return Walk::into;
+        });
+    }
+    for (const auto& [catalog, roles] : catalogs) EXPECT_TRUE(met.contains(catalog)) << catalog;
 }
 
 // Every value of the written form is met, but for the tags of unions.

@@ -9,7 +9,8 @@ const Fields<BackgroundImage>& fieldsOf(std::type_identity<BackgroundImage>) {
         {field<&BackgroundImage::path>("path", "A picture file, relative to the asset root.")
                 .as(Role::picture),
             field<&BackgroundImage::bundledID>(
-                "bundledID", "A picture of the catalog, as `tavix presets backgrounds` lists them.")}};
+                "bundledID", "A picture of the catalog, as `tavix presets backgrounds` lists them.")
+                .as(Role::background)}};
     return table;
 }
 

@@ -7,7 +7,8 @@ namespace tavix {
 const Fields<KineticPresetRef>& fieldsOf(std::type_identity<KineticPresetRef>) {
     using R = KineticPresetRef;
     static const Fields<R> table{"KineticPresetRef",
-        {field<&R::preset>("preset", "Which animation, as `tavix presets kinetic` lists them."),
+        {field<&R::preset>("preset", "Which animation, as `tavix presets kinetic` lists them.")
+                .as(Role::textAnimation),
             field<&R::speed>("speed", "How quick it is.").unlessDefault(),
             field<&R::weight>("weight", "How it moves; the preset's own way when absent."),
             field<&R::intensity>("intensity", "How far it goes.").unlessDefault()}};
