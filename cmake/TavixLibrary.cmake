@@ -126,7 +126,7 @@ function(tavix_test name)
     list(TRANSFORM ARG_USES PREPEND tavix_)
     target_link_libraries(tavix_${name}_tests PRIVATE
         tavix_flags ${ARG_USES} tavix_testsupport ${ARG_EXTERNAL} GTest::gmock GTest::gtest_main)
-    gtest_discover_tests(tavix_${name}_tests DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(tavix_${name}_tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
 
 # tavix_benchmark(name SOURCES ... USES ... [INSIDE ...]): one Google Benchmark program.
