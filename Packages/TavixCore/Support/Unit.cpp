@@ -13,6 +13,7 @@ Told told(Unit unit) {
     switch (unit) {
     case Unit::none: return {"", 0.1};
     case Unit::seconds: return {"s", 0.05};
+    case Unit::milliseconds: return {"ms", 50};
     case Unit::beats: return {"beats", 0.5};
     case Unit::beatsPerMinute: return {"beats/min", 1};
     case Unit::hertz: return {"Hz", 0.1};

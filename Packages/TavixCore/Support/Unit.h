@@ -8,6 +8,7 @@ namespace tavix {
 enum class Unit {
     none,
     seconds,
+    milliseconds,
     beats,
     beatsPerMinute,
     hertz,

@@ -21,7 +21,8 @@ const Fields<Timeline::Event>& fieldsOf(std::type_identity<Timeline::Event>) {
             field<&E::tSec>("tSec", "When the step starts, on the clock of the video.")
                 .measuredIn(Unit::seconds)
                 .required(),
-            field<&E::regionPx>("regionPx", "Where its target stands, in pixels of the video."),
+            field<&E::regionPx>("regionPx", "Where its target stands, in pixels of the video.")
+                .measuredIn(Unit::pixels),
             field<&E::label>("label", "The name of its target, which marks refer to."),
             field<&E::actionSec>("actionSec", "When the gesture lands, on the clock of the video.")
                 .measuredIn(Unit::seconds),

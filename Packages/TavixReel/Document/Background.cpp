@@ -18,6 +18,7 @@ const Fields<Background>& fieldsOf(std::type_identity<Background>) {
         {olderField<Background, BackgroundImage, useImage>("image", "A picture; older form of fill."),
             field<&Background::fill>("fill", "What fills the frame."),
             field<&Background::padding>("padding", "Output pixels left free around the recording.")
+                .measuredIn(Unit::pixels)
                 .as(Role::pixelLength),
             field<&Background::shadow>("shadow", "The shadow under the recording."),
             field<&Background::device>("device", "The device frame around the recording.")}};

@@ -28,8 +28,11 @@ const Fields<CutDressing>& fieldsOf(std::type_identity<CutDressing>) {
     using D = CutDressing;
     static const Fields<D> table{
         "CutDressing", {field<&D::style>("style", "The kind of light."),
-                           field<&D::intensity>("intensity", "Its strength at the seam.").clamped(0, 1),
+                           field<&D::intensity>("intensity", "Its strength at the seam.")
+                               .measuredIn(Unit::fraction)
+                               .clamped(0, 1),
                            field<&D::halfWidthSec>("halfWidthSec", "Seconds from the seam to no light.")
+                               .measuredIn(Unit::seconds)
                                .clamped(0.02, 0.5)}};
     return table;
 }

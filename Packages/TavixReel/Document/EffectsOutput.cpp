@@ -48,11 +48,14 @@ const Names<ReelFormat>& namesOf(std::type_identity<ReelFormat>) {
 const Fields<EffectsOutput>& fieldsOf(std::type_identity<EffectsOutput>) {
     using O = EffectsOutput;
     static const Fields<O> table{
-        "EffectsOutput", {field<&O::widthPx>("widthPx", "How wide the frame is, in pixels.").required(),
+        "EffectsOutput", {field<&O::widthPx>("widthPx", "How wide the frame is, in pixels.")
+                                 .measuredIn(Unit::pixels)
+                                 .required(),
                              field<&O::heightPx>("heightPx", "How high the frame is, in pixels.")
+                                 .measuredIn(Unit::pixels)
                                  .required()
                                  .readBy(readHeight),
-                             field<&O::fps>("fps", "Frames per second.").required(),
+                             field<&O::fps>("fps", "Frames per second.").measuredIn(Unit::hertz).required(),
                              field<&O::aspect>("aspect", "How it lies; by its longer side when absent.")}};
     return table;
 }

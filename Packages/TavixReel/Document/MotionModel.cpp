@@ -7,8 +7,10 @@ namespace tavix {
 const Fields<MotionSpring>& fieldsOf(std::type_identity<MotionSpring>) {
     using S = MotionSpring;
     static const Fields<S> table{
-        "MotionSpring", {field<&S::zoomResponse>("zoomResponse", "Seconds that a zoom takes to arrive."),
-                            field<&S::panResponse>("panResponse", "Seconds that a pan takes to arrive."),
+        "MotionSpring", {field<&S::zoomResponse>("zoomResponse", "Seconds that a zoom takes to arrive.")
+                                .measuredIn(Unit::seconds),
+                            field<&S::panResponse>("panResponse", "Seconds that a pan takes to arrive.")
+                                .measuredIn(Unit::seconds),
                             field<&S::damping>("damping", "Of the pan; 1 does not swing.")}};
     return table;
 }

@@ -33,7 +33,8 @@ const Fields<CaptionStyleOverride>& fieldsOf(std::type_identity<CaptionStyleOver
     static const Fields<O> table{"CaptionStyleOverride",
         {field<&O::fontName>("fontName", "What the font calls itself; \"system\" is the system's own."),
             field<&O::fontPath>("fontPath", "The font file.").as(Role::fontPath),
-            field<&O::fontSizeFraction>("fontSizeFraction", "Text size as a fraction of the canvas height."),
+            field<&O::fontSizeFraction>("fontSizeFraction", "Text size as a fraction of the canvas height.")
+                .measuredIn(Unit::canvasHeights),
             field<&O::textColor>("textColor", "Colour of the text."),
             field<&O::barColor>("barColor", "Colour of the bar behind the text."),
             field<&O::fontWeight>("fontWeight", "Weight of the font."),
@@ -47,7 +48,8 @@ const Fields<Caption>& fieldsOf(std::type_identity<Caption>) {
         "Caption", {field<&C::stepIndex>("stepIndex", "The number of the step that it tells of."),
                        field<&C::text>("text", "What it says."),
                        field<&C::window>("window", "When it is on screen.").required(),
-                       field<&C::position>("position", "Its middle on the canvas, as fractions; y down."),
+                       field<&C::position>("position", "Its middle on the canvas, as fractions; y down.")
+                           .measuredIn(Unit::canvasSides),
                        field<&C::style>("style", "What it changes of the narration's style."),
                        field<&C::kinetic>("kinetic", "How it moves."),
                        field<&C::emphasis>("emphasis", "Words that stand out.").unlessDefault()}};

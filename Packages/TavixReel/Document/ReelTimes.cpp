@@ -10,9 +10,9 @@ bool RetimeSegment::isRamp() const { return std::abs(speedFactor - 1) > 0.000000
 
 const Fields<TimeRangeSec>& fieldsOf(std::type_identity<TimeRangeSec>) {
     using T = TimeRangeSec;
-    static const Fields<T> table{
-        "TimeRangeSec", {field<&T::startSec>("startSec", "Where it starts, in seconds.").required(),
-                            field<&T::endSec>("endSec", "Where it ends, in seconds.").required()}};
+    static const Fields<T> table{"TimeRangeSec",
+        {field<&T::startSec>("startSec", "Where it starts, in seconds.").measuredIn(Unit::seconds).required(),
+            field<&T::endSec>("endSec", "Where it ends, in seconds.").measuredIn(Unit::seconds).required()}};
     return table;
 }
 
@@ -30,9 +30,11 @@ const Fields<Cut>& fieldsOf(std::type_identity<Cut>) {
 
 const Fields<RetimeSegment>& fieldsOf(std::type_identity<RetimeSegment>) {
     using R = RetimeSegment;
-    static const Fields<R> table{"RetimeSegment",
-        {field<&R::range>("range", "What is played at another pace.").required(),
-            field<&R::speedFactor>("speedFactor", "The pace; 2 is twice as fast.").required()}};
+    static const Fields<R> table{
+        "RetimeSegment", {field<&R::range>("range", "What is played at another pace.").required(),
+                             field<&R::speedFactor>("speedFactor", "The pace; 2 is twice as fast.")
+                                 .measuredIn(Unit::times)
+                                 .required()}};
     return table;
 }
 

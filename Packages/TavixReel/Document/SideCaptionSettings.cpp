@@ -8,7 +8,9 @@ const Fields<SideCaptionSettings>& fieldsOf(std::type_identity<SideCaptionSettin
     using S = SideCaptionSettings;
     static const Fields<S> table{"SideCaptionSettings",
         {field<&S::enabled>("enabled", "Whether the device steps aside for captions."),
-            field<&S::gapSec>("gapSec", "Captions further apart move it anew, in seconds.").atLeast(0),
+            field<&S::gapSec>("gapSec", "Captions further apart move it anew, in seconds.")
+                .measuredIn(Unit::seconds)
+                .atLeast(0),
             field<&S::firstParkLeft>("firstParkLeft", "Whether it goes to the left at first.")}};
     return table;
 }

@@ -16,17 +16,21 @@ const Fields<CardText>& fieldsOf(std::type_identity<CardText>) {
     using T = CardText;
     static const Fields<T> table{"CardText",
         {field<&T::text>("text", "What it says."), field<&T::emphasis>("emphasis", "Words that stand out."),
-            field<&T::sizeFraction>("sizeFraction", "Text size as a fraction of the canvas height."),
+            field<&T::sizeFraction>("sizeFraction", "Text size as a fraction of the canvas height.")
+                .measuredIn(Unit::canvasHeights),
             field<&T::fontName>("fontName", "What the font calls itself; the system's own when absent."),
             field<&T::fontPath>("fontPath", "The font file.").as(Role::fontPath),
             field<&T::fontWeight>("fontWeight", "Weight of the font."),
             field<&T::color>("color", "Colour of the text."),
             field<&T::shadow>("shadow", "Soft shadow under the text."),
             field<&T::maxWidthFraction>(
-                "maxWidthFraction", "Greatest width of a line, as a fraction of the canvas width."),
-            field<&T::delaySec>("delaySec", "Seconds from the card's start to the text's."),
+                "maxWidthFraction", "Greatest width of a line, as a fraction of the canvas width.")
+                .measuredIn(Unit::canvasWidths),
+            field<&T::delaySec>("delaySec", "Seconds from the card's start to the text's.")
+                .measuredIn(Unit::seconds),
             field<&T::kinetic>("kinetic", "How it moves."),
-            field<&T::strokeWidthFraction>("strokeWidthFraction", "Width of the outline."),
+            field<&T::strokeWidthFraction>("strokeWidthFraction", "Width of the outline.")
+                .measuredIn(Unit::canvasHeights),
             field<&T::strokeColor>("strokeColor", "Colour of the outline."),
             field<&T::textGradient>("textGradient", "Gradient that fills the text."),
             field<&T::alignment>("alignment", "How its lines stand to one another.")}};
@@ -67,13 +71,17 @@ const Fields<TitleCard>& fieldsOf(std::type_identity<TitleCard>) {
     using C = TitleCard;
     static const Fields<C> table{"TitleCard",
         {field<&C::anchor>("anchor", "What it was placed by."),
-            field<&C::insertionSec>("insertionSec", "Before which moment of the recording it stands."),
-            field<&C::durationSec>("durationSec", "How long it stands, in seconds.").clamped(1.2, 8),
+            field<&C::insertionSec>("insertionSec", "Before which moment of the recording it stands.")
+                .measuredIn(Unit::seconds),
+            field<&C::durationSec>("durationSec", "How long it stands, in seconds.")
+                .measuredIn(Unit::seconds)
+                .clamped(1.2, 8),
             field<&C::background>("background", "What is behind it; the reel's own when absent."),
             field<&C::headline>("headline", "Its first text."), field<&C::subline>("subline", "Its second."),
             field<&C::showLogo>("showLogo", "Whether it bears a logo."),
             field<&C::logoPath>("logoPath", "The picture of the logo.").as(Role::picture),
-            field<&C::logoSizeFraction>("logoSizeFraction", "Its size as a fraction of the canvas height.")}};
+            field<&C::logoSizeFraction>("logoSizeFraction", "Its size as a fraction of the canvas height.")
+                .measuredIn(Unit::canvasHeights)}};
     return table;
 }
 

@@ -63,15 +63,20 @@ const Fields<Step>& fieldsOf(std::type_identity<Step>) {
             field<&Step::interaction>("interaction", "What is done.").required(),
             field<&Step::target>("target", "What it is done to.").required(),
             field<&Step::state>("state", "What the app shows before it."),
-            field<&Step::dwellBeforeMs>("dwellBeforeMs", "Pause before it, in milliseconds.").required(),
-            field<&Step::dwellAfterMs>("dwellAfterMs", "Pause after it, in milliseconds.").required(),
+            field<&Step::dwellBeforeMs>("dwellBeforeMs", "Pause before it, in milliseconds.")
+                .measuredIn(Unit::milliseconds)
+                .required(),
+            field<&Step::dwellAfterMs>("dwellAfterMs", "Pause after it, in milliseconds.")
+                .measuredIn(Unit::milliseconds)
+                .required(),
             field<&Step::direction>("direction", "Where a swipe or scroll goes."),
             field<&Step::caption>("caption", "The text shown with it."),
             field<&Step::flip>("flip", "Older form of the transition flip."),
             field<&Step::transition>("transition", "The style of the change of screen."),
             field<&Step::transitionTiming>("transitionTiming", "Its tempo: gentle, snappy or bouncy."),
             field<&Step::typography>("typography", "How its text moves."),
-            field<&Step::durationSec>("durationSec", "How long a timed gesture takes."),
+            field<&Step::durationSec>("durationSec", "How long a timed gesture takes.")
+                .measuredIn(Unit::seconds),
             field<&Step::distance>("distance", "How far the gesture goes."),
             field<&Step::animated>("animated", "Whether the app animates it.")}};
     return table;

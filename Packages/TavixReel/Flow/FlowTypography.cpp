@@ -46,8 +46,9 @@ const Fields<FlowTypography>& fieldsOf(std::type_identity<FlowTypography>) {
         {field<&T::style>("style", "How all text moves, by the name of a preset."),
             field<&T::speed>("speed", "How fast it moves."), field<&T::weight>("weight", "How heavy it is."),
             field<&T::intensity>("intensity", "How strongly it moves."),
-            field<&T::bpm>("bpm", "The tempo that it moves to, in beats per minute."),
-            field<&T::offsetSec>("offsetSec", "When the first beat falls."),
+            field<&T::bpm>("bpm", "The tempo that it moves to, in beats per minute.")
+                .measuredIn(Unit::beatsPerMinute),
+            field<&T::offsetSec>("offsetSec", "When the first beat falls.").measuredIn(Unit::seconds),
             field<&T::phoneChoreography>("phoneChoreography", "What the device does meanwhile."),
             field<&T::cards>("cards", "The title cards.").unlessDefault()}};
     return table;

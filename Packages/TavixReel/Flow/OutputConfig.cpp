@@ -25,14 +25,15 @@ const Names<OutputConfig::Codec>& namesOf(std::type_identity<OutputConfig::Codec
 
 const Fields<OutputConfig>& fieldsOf(std::type_identity<OutputConfig>) {
     using O = OutputConfig;
-    static const Fields<O> table{
-        "OutputConfig", {field<&O::aspect>("aspect", "How the frame lies.").required(),
-                            field<&O::width>("width", "How wide it is, in pixels.").required(),
-                            field<&O::height>("height", "How high it is, in pixels.").required(),
-                            field<&O::fps>("fps", "Frames per second.").required(),
-                            field<&O::targetLengthSec>("targetLengthSec", "How long the reel should be."),
-                            field<&O::container>("container", "The kind of file.").required(),
-                            field<&O::codec>("codec", "How pictures are coded.").required()}};
+    static const Fields<O> table{"OutputConfig",
+        {field<&O::aspect>("aspect", "How the frame lies.").required(),
+            field<&O::width>("width", "How wide it is, in pixels.").measuredIn(Unit::pixels).required(),
+            field<&O::height>("height", "How high it is, in pixels.").measuredIn(Unit::pixels).required(),
+            field<&O::fps>("fps", "Frames per second.").measuredIn(Unit::hertz).required(),
+            field<&O::targetLengthSec>("targetLengthSec", "How long the reel should be.")
+                .measuredIn(Unit::seconds),
+            field<&O::container>("container", "The kind of file.").required(),
+            field<&O::codec>("codec", "How pictures are coded.").required()}};
     return table;
 }
 

@@ -30,14 +30,17 @@ std::optional<double> VideoProbe::flashSpanSec() const {
 const Fields<VideoProbe>& fieldsOf(std::type_identity<VideoProbe>) {
     using P = VideoProbe;
     static const Fields<P> table{"VideoProbe",
-        {field<&P::widthPx>("widthPx", "How wide the video is."),
-            field<&P::heightPx>("heightPx", "How high the video is."),
-            field<&P::fps>("fps", "Its frames per second."),
-            field<&P::syncSeconds>("syncSeconds", "When the flash at the go starts."),
-            field<&P::syncEndSeconds>("syncEndSeconds", "When it is over."),
-            field<&P::endFlashStartSeconds>("endFlashStartSeconds", "When the flash at the end starts."),
-            field<&P::endFlashEndSeconds>("endFlashEndSeconds", "When it is over."),
-            field<&P::markBlipSeconds>("markBlipSeconds", "When marks appear in the corner."),
+        {field<&P::widthPx>("widthPx", "How wide the video is.").measuredIn(Unit::pixels),
+            field<&P::heightPx>("heightPx", "How high the video is.").measuredIn(Unit::pixels),
+            field<&P::fps>("fps", "Its frames per second.").measuredIn(Unit::hertz),
+            field<&P::syncSeconds>("syncSeconds", "When the flash at the go starts.")
+                .measuredIn(Unit::seconds),
+            field<&P::syncEndSeconds>("syncEndSeconds", "When it is over.").measuredIn(Unit::seconds),
+            field<&P::endFlashStartSeconds>("endFlashStartSeconds", "When the flash at the end starts.")
+                .measuredIn(Unit::seconds),
+            field<&P::endFlashEndSeconds>("endFlashEndSeconds", "When it is over.").measuredIn(Unit::seconds),
+            field<&P::markBlipSeconds>("markBlipSeconds", "When marks appear in the corner.")
+                .measuredIn(Unit::seconds),
             field<&P::isDamaged>("isDamaged", "Whether pictures are missing or broken, or it ends too early.")
                 .unlessDefault()}};
     return table;
