@@ -101,7 +101,7 @@ recorder::RecorderSettings RecordingArguments::settings(const std::string& flow,
     for (const std::string& origin : allowed_) settings.allowed.push_back(originNamed(origin));
     settings.flow = readFlow(flow, terminal);
     for (const auto& finding : FlowSpecLint::lint(settings.flow))
-        terminal.warn(Finding::warning("flow", finding.message, flow), flow + ": " + finding.message);
+        terminal.warn(Finding::warning(finding.code, finding.message, flow), flow + ": " + finding.message);
     if (settings.flow.steps.empty()) throw DocumentError(flow, "steps", "There is no step to record.");
     const Frame frame = this->frame(settings.flow);
     settings.address = *url_;

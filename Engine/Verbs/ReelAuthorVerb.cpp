@@ -76,8 +76,8 @@ std::optional<FlowSpec> ReelAuthorVerb::flow(const ReelRecording& recording, Ter
     const fs::path file = flow_ ? fs::path(*flow_) : recording.parts.flow;
     FlowSpec read = readFlow(file, terminal);
     for (const auto& finding : FlowSpecLint::lint(read))
-        terminal.warn(
-            Finding::warning("flow", finding.message, file.string()), file.string() + ": " + finding.message);
+        terminal.warn(Finding::warning(finding.code, finding.message, file.string()),
+            file.string() + ": " + finding.message);
     return read;
 }
 

@@ -36,7 +36,7 @@ private:
     template <class... Parts> void add(Finding::Level level, const Parts&... parts) {
         std::string message;
         (message.append(worded(parts)), ...);
-        findings.push_back({level, std::move(message)});
+        findings.push_back({.level = level, .message = std::move(message), .code = "flow"});
     }
 };
 

@@ -57,10 +57,4 @@ std::optional<std::string> summary(const FlowSpec& flow) {
     return line;
 }
 
-const Names<Finding::Level>& namesOf(std::type_identity<Finding::Level>) {
-    using enum Finding::Level;
-    static const Names<Finding::Level> table{"level", {{error, "error"}, {warning, "warning"}}};
-    return table;
-}
-
 }   // namespace tavix::FlowSpecLint

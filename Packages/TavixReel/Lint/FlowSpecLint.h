@@ -2,11 +2,10 @@
 // taste of a reel in plain rules and changes nothing.
 #pragma once
 
-#include "TavixCore/Support/Tables.h"
+#include "TavixBase/Finding.h"
 
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace tavix {
@@ -15,20 +14,13 @@ struct FlowSpec;
 
 namespace FlowSpecLint {
 
-struct Finding {
-    enum class Level { error, warning };
+using tavix::Finding;
 
-    Level level = Level::error;
-    std::string message;
-    bool operator==(const Finding&) const = default;
-};
-
+// Errors and warnings, in the order of the rules.
 std::vector<Finding> lint(const FlowSpec& flow);
 
 // What the flow asks of its text, in a line; nothing when it asks nothing.
 std::optional<std::string> summary(const FlowSpec& flow);
-
-const Names<Finding::Level>& namesOf(std::type_identity<Finding::Level>);
 
 }   // namespace FlowSpecLint
 

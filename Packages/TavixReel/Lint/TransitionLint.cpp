@@ -50,8 +50,8 @@ void lintCounts(const std::vector<StyledStep>& styled, Report& report) {
             styled.size(), " transitions — a reel reads best with ≤2; extras compete for attention.");
     const auto flips = std::ranges::count(styled, TransitionStyle::flip, &StyledStep::style);
     if (flips >= 2)
-        report.warning(flips, " flips — keep one per reel; the flip is the single biggest context change and "
-                              "repeats dilute it.");
+        report.warning(flips,
+            " flips — keep one per reel; the flip is the single biggest context change and repeats dilute it.");
     std::string accents;
     std::size_t accentCount = 0;
     for (const StyledStep& one : styled) {
@@ -60,8 +60,7 @@ void lintCounts(const std::vector<StyledStep>& styled, Report& report) {
     }
     if (accentCount > 1)
         report.warning(accentCount, " accent transitions (", accents,
-            ") — one accent per reel; the rest should be flip/wipe/push/crossZoom on a gentle/snappy "
-            "timing.");
+            ") — one accent per reel; the rest should be flip/wipe/push/crossZoom on a gentle/snappy timing.");
 }
 
 }   // namespace

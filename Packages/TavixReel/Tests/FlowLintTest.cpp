@@ -18,8 +18,7 @@ using testing::StartsWith;
 std::vector<std::string> linted(const FlowSpec& flow) {
     std::vector<std::string> lines;
     for (const auto& finding : FlowSpecLint::lint(flow))
-        lines.push_back(
-            (finding.level == FlowSpecLint::Finding::Level::error ? "E " : "W ") + finding.message);
+        lines.push_back((finding.level == Finding::Level::error ? "E " : "W ") + finding.message);
     return lines;
 }
 
@@ -50,26 +49,22 @@ TEST(FlowLint, KeepsTransitionsFewFarAndUnlike) {
     flow.steps.push_back({.index = 10, .flip = false});
     EXPECT_THAT(linted(flow),
         ElementsAre(
-            "E steps[6].transition \"spin\" is not a known style (flip, wipe, push, crossZoom, dreamyZoom, "
-            "crosswarp, ripple, fade).",
+            "E steps[6].transition \"spin\" is not a known style (flip, wipe, push, crossZoom, dreamyZoom, crosswarp, ripple, fade).",
             "W 5 transitions — a reel reads best with ≤2; extras compete for attention.",
-            "W 2 flips — keep one per reel; the flip is the single biggest context change and repeats dilute "
-            "it.",
-            "W 3 accent transitions (flip, ripple, ripple) — one accent per reel; the rest should be "
-            "flip/wipe/push/crossZoom on a gentle/snappy timing.",
+            "W 2 flips — keep one per reel; the flip is the single biggest context change and repeats dilute it.",
+            "W 3 accent transitions (flip, ripple, ripple) — one accent per reel; the rest should be flip/wipe/push/crossZoom on a gentle/snappy timing.",
             "W transitions on adjacent steps 3 and 4 — space them out so they don't flicker into each other.",
-            "W consecutive flip transitions (steps 1, 3) — vary the style so the reel doesn't feel "
-            "repetitive."));
+            "W consecutive flip transitions (steps 1, 3) — vary the style so the reel doesn't feel repetitive."));
 
     FlowSpec inPlace = flowOf({styled(2, "wipe")});
     inPlace.steps[0].interaction = Interaction::scroll;
     EXPECT_THAT(linted(inPlace),
-        ElementsAre("W steps[2] has a wipe transition on a scroll — that interaction stays on "
-                    "one screen, so there is nothing to transition to."));
+        ElementsAre(
+            "W steps[2] has a wipe transition on a scroll — that interaction stays on one screen, so there is nothing to transition to."));
     inPlace.steps[0].interaction = Interaction::toggle;
-    EXPECT_THAT(
-        linted(inPlace), ElementsAre("W steps[2] wipe on a toggle — usually an in-place change; keep the "
-                                     "transition only if the whole screen swaps."));
+    EXPECT_THAT(linted(inPlace),
+        ElementsAre(
+            "W steps[2] wipe on a toggle — usually an in-place change; keep the transition only if the whole screen swaps."));
 }
 
 // Each row changes one thing of a flow that is fine.
