@@ -57,8 +57,7 @@ std::string transcoding(const std::filesystem::path& clip, const std::filesystem
     return "ffmpeg -nostdin -loglevel error -y -i '" + clip.string() +
            "' -an -c:v libx264 -preset veryfast -profile:v high -b:v " + std::to_string(bitsPerSec) + " -g " +
            std::to_string(2 * fps) +
-           " -x264-params cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=4 -threads 3 "
-           "'" +
+           " -x264-params cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=4 -threads 3 '" +
            to.string() + "'";
 }
 
@@ -82,8 +81,8 @@ void measureClip(int rounds) {
         }
     }
     const double frames = lengthSec * fps;
-    std::printf("\nOne full-frame clip, %d x %d %d, against ffmpeg: render %.2f ms (cpu %.2f), transcoding "
-                "%.2f ms (cpu %.2f), ratio %.2f (cpu %.2f)\n",
+    std::printf(
+        "\nOne full-frame clip, %d x %d %d, against ffmpeg: render %.2f ms (cpu %.2f), transcoding %.2f ms (cpu %.2f), ratio %.2f (cpu %.2f)\n",
         widthPx, heightPx, fps, render.wallSec * 1000 / frames, render.cpuSec * 1000 / frames,
         transcode.wallSec * 1000 / frames, transcode.cpuSec * 1000 / frames,
         render.wallSec / transcode.wallSec, render.cpuSec / transcode.cpuSec);

@@ -147,10 +147,10 @@ int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::max(std::atoi(argv[1]), 1) : 3;
     std::puts(
         "Milliseconds a frame: the render, its encoder alone, the composing alone; wall time and CPU time.");
-    std::puts("| document      | frame           | render |    cpu | encode |    cpu | compose |     cpu | "
-              "ratio |");
-    std::puts("|---------------|-----------------|--------|--------|--------|--------|---------|---------|---"
-              "----|");
+    std::puts(
+        "| document      | frame           | render |    cpu | encode |    cpu | compose |     cpu | ratio |");
+    std::puts(
+        "|---------------|-----------------|--------|--------|--------|--------|---------|---------|-------|");
     tavix::benchmarks::measure(1080, 1920, 30, 4, rounds);
     tavix::benchmarks::measure(1920, 1080, 60, 3, rounds);
     tavix::benchmarks::measureClip(rounds);

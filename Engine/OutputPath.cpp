@@ -29,8 +29,8 @@ fs::path outputPath(
     if (!given) return name + extension;
     if (given->empty()) throw UsageError("The output has no name; give -o a file.");
     if (std::find(standardOutputs.begin(), standardOutputs.end(), *given) != standardOutputs.end())
-        throw UsageError("The output cannot be standard output, because it is finished out of order; name a "
-                         "file with -o.");
+        throw UsageError(
+            "The output cannot be standard output, because it is finished out of order; name a file with -o.");
     fs::path path = *given;
     std::error_code ignored;
     if (fs::is_directory(path, ignored) || !path.has_filename()) path /= name + extension;

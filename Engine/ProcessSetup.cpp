@@ -46,8 +46,8 @@ void endOnFault(int signal) {
         SystemWatch::writeSentence(STDERR_FILENO);
         ::_exit(ExitStatus::inputOrOutputFailed);
     }
-    constexpr std::string_view sentence = "tavix: A fault of Tavix itself ended it; nothing was written. "
-                                          "Please report the document that did.\n";
+    constexpr std::string_view sentence =
+        "tavix: A fault of Tavix itself ended it; nothing was written. Please report the document that did.\n";
     [[maybe_unused]] const auto written = ::write(STDERR_FILENO, sentence.data(), sentence.size());
     std::signal(signal, SIG_DFL);
     ::raise(signal);

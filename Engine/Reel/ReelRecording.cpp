@@ -105,8 +105,7 @@ VideoProbe probeRecording(const fs::path& video, Terminal& terminal) {
     if (probe.isDamaged)
         terminal.warn("recording-damaged",
             "\"" + video.string() +
-                "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, "
-                "and marks there are not found.",
+                "\" is damaged or cut short; where a picture cannot be decoded, the one before it stays, and marks there are not found.",
             video.string());
     return probe;
 }

@@ -48,9 +48,8 @@ TEST_F(MeasureVerb, SpeaksToPeopleAndRefusesWhatNobodyCanMean) {
     EXPECT_THAT(told.out, HasSubstr("scenes[0].layers[0]  shape: "));
     const Outcome wrong = tavix({"measure", "tiny.json", "--stage", "big"});
     EXPECT_EQ(wrong.status, 2);
-    EXPECT_THAT(
-        wrong.err, HasSubstr("--stage takes a width and a height from 16 to 8192, as in 1080x1920, not "
-                             "\"big\"."));
+    EXPECT_THAT(wrong.err,
+        HasSubstr("--stage takes a width and a height from 16 to 8192, as in 1080x1920, not \"big\"."));
     EXPECT_EQ(tavix({"measure", "tiny.json", "--play", "0"}).status, 2);
 }
 

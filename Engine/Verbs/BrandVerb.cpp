@@ -36,9 +36,7 @@ std::string linesOf(const BrandKit& brand) {
 
 void BrandVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("bundle", bundle_,
-        "An application's bundle, a web application's folder, a desktop entry, an Android res folder, or any "
-        "folder "
-        "with an icon.",
+        "An application's bundle, a web application's folder, a desktop entry, an Android res folder, or any folder with an icon.",
         "brand needs an application's bundle or folder.");
     arguments.jsonFlag(terminal);
 }

@@ -85,8 +85,7 @@ void CheckVerb::declare(Arguments& arguments, Terminal& terminal) {
         "check needs a document: a .tavixcomp bundle or a composition.json.");
     arguments.flag("--quick", isQuick_, "Judge the document and its files, and draw no frames.");
     arguments.flag("--fix", mends_,
-        "Mend what is certain and changes nothing that was meant, and show what changed. A document that "
-        "would be worse for it stays as it was.");
+        "Mend what is certain and changes nothing that was meant, and show what changed. A document that would be worse for it stays as it was.");
     arguments.texts("--mute", muted_, "CODE", "A rule that is not told, by its code; see lint.");
     arguments.jsonFlag(terminal);
 }

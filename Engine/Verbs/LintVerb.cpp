@@ -13,12 +13,9 @@ void LintVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.flag(
         "--footage", opensFootage_, "Open the films too, and tell which are too short; see audit.");
     arguments.flag("--frames", drawsFrames_,
-        "Draw the film small, and tell what its frames show: flashes that can cause seizures, black or "
-        "frozen "
-        "stretches, texts that are hard to read.");
+        "Draw the film small, and tell what its frames show: flashes that can cause seizures, black or frozen stretches, texts that are hard to read.");
     arguments.texts("--mute", muted_, "CODE",
-        "A rule that is not told, by its code; may be given several times. A document keeps its own under "
-        "lint.mute.");
+        "A rule that is not told, by its code; may be given several times. A document keeps its own under lint.mute.");
     arguments.flag("--codes", listsCodes_, "List the rules with their codes and what to do about each.");
     arguments.flag("--markdown", isMarkdown_, "With --codes: as a page for people.");
     arguments.jsonFlag(terminal);

@@ -67,8 +67,7 @@ void PackVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("document", document_, "A composition.json, or a bundle with files outside of it.",
         "pack needs a document: a composition.json or a .tavixcomp bundle.");
     arguments.text("-o,--output", output_, "BUNDLE",
-        "The bundle; its assets and its document are replaced. The document's name with .tavixcomp by "
-        "default.");
+        "The bundle; its assets and its document are replaced. The document's name with .tavixcomp by default.");
     arguments.flag("--allow-outside", allowsOutside_,
         "Pack also files that lie outside of the document's folder; each is told.");
     arguments.jsonFlag(terminal);

@@ -60,8 +60,7 @@ std::filesystem::path screensRoot() {
     if (const auto screen = ResourceFolders::find("templates/assets/journal.png"))
         return screen->parent_path().parent_path();
     throw Failure(
-        "The screens of previews are not installed: share/tavix/templates/assets is missing beside the "
-        "program; install it again.");
+        "The screens of previews are not installed: share/tavix/templates/assets is missing beside the program; install it again.");
 }
 
 PresetScene deviceFilm(int widthPx, int heightPx, double durationSec, JsonObject device) {
@@ -164,9 +163,9 @@ PresetScene presetScene(std::string_view family, const std::string& name, const 
         requireKnown("background", family, name, ids);
         return background(name);
     }
-    throw UsageError("presets " + std::string(family) +
-                     " cannot be shown; --preview goes with motions, formations, transitions, backgrounds, "
-                     "devices and kinetic.");
+    throw UsageError(
+        "presets " + std::string(family) +
+        " cannot be shown; --preview goes with motions, formations, transitions, backgrounds, devices and kinetic.");
 }
 
 }   // namespace tavix::engine

@@ -35,8 +35,7 @@ void ReelSidecarVerb::run(Terminal& terminal) {
     if (!made)
         throw Failure(
             "\"" + parts.rawVideo.string() +
-            "\" has no flash at the go, so nothing ties its clock to the app's; let the app fill its "
-            "screen with pure magenta for 60 milliseconds when it starts.");
+            "\" has no flash at the go, so nothing ties its clock to the app's; let the app fill its screen with pure magenta for 60 milliseconds when it starts.");
     writeFile(made->aligned.timeline, file);
     const std::size_t events = made->aligned.timeline.events.size();
     if (!probe.endFlashStartSeconds)

@@ -75,8 +75,7 @@ constexpr VerbEntry entries[] = {
         make<SchemaVerb>},
     {"probe", "Tell what a film or sound file holds.", "tavix probe clip.mov --json", make<ProbeVerb>},
     {"presets",
-        "List the backgrounds, effects, transitions, motions, sounds and more that documents may name, or "
-        "show one.",
+        "List the backgrounds, effects, transitions, motions, sounds and more that documents may name, or show one.",
         "tavix presets motions rise-up --preview rise-up.png", make<PresetsVerb>},
     {"teaser", "Render a film of headlines, without a recording.", "tavix teaser launch.json -o launch.mp4",
         make<TeaserVerb>},

@@ -69,8 +69,8 @@ const Fields<FrameDescription>& fieldsOf(std::type_identity<FrameDescription>) {
             field<&R::filmSec>("filmSec", "How long the film is."),
             field<&R::widthPx>("widthPx", "The width of the frame."),
             field<&R::heightPx>("heightPx", "The height of the frame."),
-            field<&R::scenes>("scenes", "What is shown; two while a transition runs. Boxes are those before "
-                                        "the transition moves the scenes."),
+            field<&R::scenes>("scenes",
+                "What is shown; two while a transition runs. Boxes are those before the transition moves the scenes."),
             field<&R::transition>("transition", "The style of the transition that runs."),
             field<&R::transitionProgress>("transitionProgress", "From 0 to 1."),
             field<&R::music>("music", "The music that plays."),

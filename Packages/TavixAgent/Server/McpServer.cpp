@@ -27,9 +27,7 @@ constexpr std::size_t workerCount = 3, mostWaiting = 64;
 constexpr int stableMs = 3'600'000;   // lists stay as long as the program runs
 
 constexpr const char* instructions =
-    "Tavix makes product videos from a JSON document. new_document starts one, edit_document changes it, "
-    "describe tells what a moment shows, check tells what is wrong with a repair, sheet and still show it, "
-    "render makes the film. Ask describe before pictures; give edit_document the revision you read.";
+    "Tavix makes product videos from a JSON document. new_document starts one, edit_document changes it, describe tells what a moment shows, check tells what is wrong with a repair, sheet and still show it, render makes the film. Ask describe before pictures; give edit_document the revision you read.";
 
 Json serverInfo() {
     return JsonObject{{"name", "tavix"}, {"title", "Tavix"}, {"version", TavixVersion::current}};

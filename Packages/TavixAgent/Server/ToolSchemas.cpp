@@ -165,19 +165,19 @@ Json renderOutput() {
 }
 
 Json presets() {
-    return objectOf({{"family", "string",
-                         "backgrounds, effects, transitions, curves, devices, motions, formations, kinetic, "
-                         "fonts or sounds.",
-                         true},
-        {"name", "string", "One of it, in full."}, {"search", "string", "Only those with these words."},
-        cursor});
+    return objectOf(
+        {{"family", "string",
+             "backgrounds, effects, transitions, curves, devices, motions, formations, kinetic, fonts or sounds.",
+             true},
+            {"name", "string", "One of it, in full."}, {"search", "string", "Only those with these words."},
+            cursor});
 }
 Json schema() {
-    return objectOf({{"type", "string",
-                         "composition, scene, layer, text, device, image, video, shape, fill, track, effect, "
-                         "transition or audio.",
-                         true},
-        cursor});
+    return objectOf(
+        {{"type", "string",
+             "composition, scene, layer, text, device, image, video, shape, fill, track, effect, transition or audio.",
+             true},
+            cursor});
 }
 Json schemaOutput() { return givenBy({{"schema", typed("object", "The schema.")}}); }
 

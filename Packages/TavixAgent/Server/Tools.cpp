@@ -197,33 +197,24 @@ constexpr const char* brandVerb = "brand";
 
 constexpr Tool table[] = {
     {"new_document", "Start a document",
-        "Start here: writes a .tavixcomp bundle from a template and tells its revision and outline. Costs "
-        "little.",
+        "Start here: writes a .tavixcomp bundle from a template and tells its revision and outline. Costs little.",
         false, ToolSchemas::newDocument, ToolSchemas::newDocumentOutput, newDocument},
     {"read_document", "Read a document",
-        "Read a document or, by pointer and depth, a part of it as its author wrote it, with its revision. "
-        "Cheap when you give a pointer.",
+        "Read a document or, by pointer and depth, a part of it as its author wrote it, with its revision. Cheap when you give a pointer.",
         true, ToolSchemas::readDocument, ToolSchemas::readDocumentOutput, readDocument},
     {"edit_document", "Change a document",
-        "Change a document by a JSON Patch, or set the value at a pointer; leave the value out to remove. "
-        "All "
-        "of it or nothing. Give ifRevision, so that nobody's change is lost. Tells which findings came and "
-        "went.",
+        "Change a document by a JSON Patch, or set the value at a pointer; leave the value out to remove. All of it or nothing. Give ifRevision, so that nobody's change is lost. Tells which findings came and went.",
         false, ToolSchemas::editDocument, ToolSchemas::editDocumentOutput, editDocument},
     {"check", "Judge a document",
-        "What is wrong, most important first, each with a pointer and where certain a repair to pass to "
-        "edit_document; loudness, size and time of an export. Takes seconds; quick draws no frames.",
+        "What is wrong, most important first, each with a pointer and where certain a repair to pass to edit_document; loudness, size and time of an export. Takes seconds; quick draws no frames.",
         true, ToolSchemas::check, ToolSchemas::checkOutput, check},
     {"describe", "See a frame in words",
-        "What a moment shows, where, how large, hidden by what, in which font and contrast, and when it "
-        "changes; or over from and to, what happens when. Ask this before any picture: it costs a few "
-        "hundred words and milliseconds.",
+        "What a moment shows, where, how large, hidden by what, in which font and contrast, and when it changes; or over from and to, what happens when. Ask this before any picture: it costs a few hundred words and milliseconds.",
         true, ToolSchemas::describe, ToolSchemas::describeOutput, describe},
     {"still", "See one frame", "One frame as a picture. Takes about a second; describe is cheaper.", true,
         ToolSchemas::still, ToolSchemas::pictureOutput, still},
     {"sheet", "See the film at a glance",
-        "A contact sheet of the film, of a scene or of a stretch, in one picture. Use it to judge the look, "
-        "once describe and check have nothing more to say.",
+        "A contact sheet of the film, of a scene or of a stretch, in one picture. Use it to judge the look, once describe and check have nothing more to say.",
         true, ToolSchemas::sheet, ToolSchemas::pictureOutput, sheet},
     {"diff", "Compare two documents",
         "What changed from one document to another, in words, with the times of the film that it touches.",
@@ -232,8 +223,7 @@ constexpr Tool table[] = {
         "Render the film to a file. Takes a while: it tells its progress and can be cancelled. Check first.",
         false, ToolSchemas::render, ToolSchemas::renderOutput, render},
     {"presets", "Names to use",
-        "Names of a family with a line each, or one in full: motions, transitions, effects, kinetic texts, "
-        "sounds and more. Narrow it by search words.",
+        "Names of a family with a line each, or one in full: motions, transitions, effects, kinetic texts, sounds and more. Narrow it by search words.",
         true, ToolSchemas::presets, ToolSchemas::anyOutput, presets},
     {"schema", "Keys of a type",
         "The JSON Schema of one type of a document, as layer or text, with the types that it uses.", true,

@@ -30,9 +30,7 @@ constexpr const char* jsonFiles[] = {
 constexpr const char* tomlFiles[] = {
     "",
     "model = \"x\"\n",
-    "# mine\nmodel = \"x\"\n\n[mcp_servers.other]\ncommand = \"y\" # keep\nargs = [\n  "
-    "\"[mcp_servers.tavix]\",\n]\n\n# "
-    "about the last one\n[profiles.a]\nnote = \"\"\"\n[mcp_servers.tavix]\n\"\"\"\n",
+    "# mine\nmodel = \"x\"\n\n[mcp_servers.other]\ncommand = \"y\" # keep\nargs = [\n  \"[mcp_servers.tavix]\",\n]\n\n# about the last one\n[profiles.a]\nnote = \"\"\"\n[mcp_servers.tavix]\n\"\"\"\n",
     "[a]\nb = 1",
 };
 
@@ -69,14 +67,14 @@ TEST(ServerEntry, IsAddedOnceAndTakenOutWithoutATrace) {
 
 TEST(ServerEntry, KeepsCommentsAndOrder) {
     const std::string with = ServerEntry::withEntry(jsonFiles[2], hostNamed("claude"), "tavix");
-    EXPECT_EQ(with, "{\n  // my servers\n  \"mcpServers\": {\n    \"other\": {\"command\": \"x\", \"args\": "
-                    "[]}, // keep\n"
-                    "    \"tavix\": {\"args\": [\"mcp\", \"serve\"], \"command\": \"tavix\"},\n  },\n}\n");
+    EXPECT_EQ(with,
+        "{\n  // my servers\n  \"mcpServers\": {\n    \"other\": {\"command\": \"x\", \"args\": []}, // keep\n"
+        "    \"tavix\": {\"args\": [\"mcp\", \"serve\"], \"command\": \"tavix\"},\n  },\n}\n");
     const std::string toml = ServerEntry::withEntry(
         "[mcp_servers.tavix]\ncommand = \"old\"   # mine\nstartup_timeout_sec = 20\n\n[z]\n",
         hostNamed("codex"), "tavix");
-    EXPECT_EQ(toml, "[mcp_servers.tavix]\ncommand = \"tavix\"\nstartup_timeout_sec = 20\nargs = [\"mcp\", "
-                    "\"serve\"]\n\n[z]\n");
+    EXPECT_EQ(toml,
+        "[mcp_servers.tavix]\ncommand = \"tavix\"\nstartup_timeout_sec = 20\nargs = [\"mcp\", \"serve\"]\n\n[z]\n");
 }
 
 TEST(ServerEntry, RefusesWhatItWouldBreak) {

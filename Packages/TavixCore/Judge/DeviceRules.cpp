@@ -52,8 +52,7 @@ void screenHasAPath(const DeviceContent& device, const KeyPath& at, LintReport& 
 void screensHaveDevices(const DeviceContent& device, const KeyPath& at, LintReport& report) {
     if (!device.screens.empty())
         report.tell(Rule::screensAlone, KeyPath(at, "screens"),
-            "screens are for the devices of a formation, one each; without a choreographyPreset only screen "
-            "is shown.");
+            "screens are for the devices of a formation, one each; without a choreographyPreset only screen is shown.");
 }
 
 void judgePlacement(
@@ -63,8 +62,7 @@ void judgePlacement(
     if (!device.placement->track.empty() &&
         hasTrack(scope.layer, {AnimProperty::x, AnimProperty::y, AnimProperty::scale}))
         report.tell(Rule::twoMotions, placementAt,
-            "Device has both a placement track and x/y/scale keyframes — pick one motion system "
-            "(placement = baked springs, tracks = generic keyframes).");
+            "Device has both a placement track and x/y/scale keyframes — pick one motion system (placement = baked springs, tracks = generic keyframes).");
     timesAscend(device.placement->track, KeyPath(placementAt, "track"),
         "Placement times must be strictly ascending.", report);
 }
@@ -91,8 +89,8 @@ void posesLieInTheWindow(
     const double windowSec = writtenWindow(scope.layer, scope.in.scene()).lengthSec();
     if (windowSec + windowSlackSec(scope.in.spec) < lastSec)
         report.tell(Rule::poseLate, poseAt,
-            worded("Last pose keyframe at {}s is past the layer's {}s window — scene3D pose times are "
-                   "LAYER-LOCAL (0 = the layer's start), not the reel clock.",
+            worded(
+                "Last pose keyframe at {}s is past the layer's {}s window — scene3D pose times are LAYER-LOCAL (0 = the layer's start), not the reel clock.",
                 {apart(lastSec, windowSec), apart(windowSec, lastSec)}));
 }
 
@@ -101,8 +99,7 @@ void judgeModel(const LayerScope& scope, const DeviceContent& device, const KeyP
     const KeyPath modelAt(at, "scene3D"), poseAt(modelAt, "poseTrack"), depthAt(modelAt, "depthTrack");
     if (hasTrack(scope.layer, {AnimProperty::rotationDeg}))
         report.tell(Rule::flatTurn, modelAt,
-            "A 3D device layer owns the phone's rotation (tilt/poseTrack) — a flat rotationDeg keyframe "
-            "track would spin the finished 3D render. Drop the track or scene3D.");
+            "A 3D device layer owns the phone's rotation (tilt/poseTrack) — a flat rotationDeg keyframe track would spin the finished 3D render. Drop the track or scene3D.");
     timesAscend(device.scene3D->poseTrack, poseAt, "Pose times must be strictly ascending.", report);
     timesAscend(device.scene3D->depthTrack, depthAt, "Depth times must be strictly ascending.", report);
     posesLieInTheWindow(scope, *device.scene3D, poseAt, report);

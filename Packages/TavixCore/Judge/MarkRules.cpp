@@ -77,12 +77,11 @@ private:
     void deviceIsPlain(const KeyPath& at) const {
         if (devices_.count == 0)
             report_.tell(Rule::markDevice, at,
-                "Mark references need a device layer (with a video screen) in the same scene — this scene "
-                "has none.");
+                "Mark references need a device layer (with a video screen) in the same scene — this scene has none.");
         if (devices_.count > 1)
             report_.tell(Rule::markDevice, at,
-                worded("This scene has {} device layers — set \"clip\" on the mark reference to pick one "
-                       "(device ids: {}).",
+                worded(
+                    "This scene has {} device layers — set \"clip\" on the mark reference to pick one (device ids: {}).",
                     {static_cast<double>(devices_.count), listed(devices_.ids)}));
     }
 

@@ -11,8 +11,7 @@ void transitionHasALength(const SceneScope& scope, const KeyPath& at, LintReport
     const SceneTransition& transition = *scope.scene().transition;
     if (transition.durationSec > 0 || transition.durationBeats) return;
     report.tell(Rule::transitionLength, KeyPath(at, "durationSec"),
-        "Transition durationSec (or durationBeats on a music grid) is required and must be > 0 "
-        "(the tempo decision is always explicit).");
+        "Transition durationSec (or durationBeats on a music grid) is required and must be > 0 (the tempo decision is always explicit).");
 }
 
 void scenesOutliveTransition(const SceneScope& scope, const KeyPath& at, LintReport& report) {
@@ -21,8 +20,8 @@ void scenesOutliveTransition(const SceneScope& scope, const KeyPath& at, LintRep
         std::min(scope.scene().durationSec, scope.spec.scenes[scope.index + 1].durationSec);
     if (shorterSec < overlapSec)
         report.tell(Rule::transitionOverlap, KeyPath(at, "durationSec"),
-            worded("Transition ({}s) is longer than the shorter adjacent scene ({}s) — both scenes must "
-                   "outlive the overlap.",
+            worded(
+                "Transition ({}s) is longer than the shorter adjacent scene ({}s) — both scenes must outlive the overlap.",
                 {overlapSec, shorterSec}));
 }
 

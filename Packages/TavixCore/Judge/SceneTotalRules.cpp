@@ -79,8 +79,8 @@ void checkSceneTotals(const SceneScope& scope, LintReport& report) {
     const auto springs = static_cast<double>(tally.bouncySprings);
     if (tally.models >= 2)
         report.tell(Rule::spaceCost, layersAt,
-            worded("{} has {} 3D device layers — each one is a full 3D render per frame; expect "
-                   "roughly {}× frame cost.",
+            worded(
+                "{} has {} 3D device layers — each one is a full 3D render per frame; expect roughly {}× frame cost.",
                 {scope.name(), models, models}));
     if (maxConcurrent(tally.texts) > 2)
         report.tell(Rule::textsAtOnce, layersAt,

@@ -60,8 +60,8 @@ void isLargeEnough(const TextContent& text, std::size_t wordCount, const KeyPath
     const KeyPath sizeAt(at, "sizeFraction");
     if (text.sizeFraction < labelSizeFloor)
         report.tell(Rule::textSmall, sizeAt,
-            worded("sizeFraction {} is below the label minimum {} (≈32px @1080w) — unreadable at video "
-                   "distance.",
+            worded(
+                "sizeFraction {} is below the label minimum {} (≈32px @1080w) — unreadable at video distance.",
                 {text.sizeFraction, labelSizeFloor}));
     else if (text.sizeFraction < supportSizeFloor && wordCount >= sentenceWords)
         report.tell(Rule::textSmall, sizeAt,

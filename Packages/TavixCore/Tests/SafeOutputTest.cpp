@@ -62,9 +62,9 @@ TEST_F(SafeOutputs, LeaveTheTargetAloneWhenAbandoned) {
 TEST_F(SafeOutputs, BelongToOneAtATime) {
     auto first = std::make_unique<SafeOutput>(target);
     write(first->partial(), "the first's");
-    EXPECT_EQ(failureOf(target), "\"" + target.string() +
-                                     "\" is being written by another program; wait for that one, or name "
-                                     "another file.");
+    EXPECT_EQ(failureOf(target),
+        "\"" + target.string() +
+            "\" is being written by another program; wait for that one, or name another file.");
     fs::create_symlink(target, folder / "alias.mp4");
     EXPECT_NE(failureOf(folder / "alias.mp4"), "nothing failed");   // the same file by another name
     EXPECT_EQ(failureOf(folder / "other.mp4"), "nothing failed");

@@ -101,16 +101,15 @@ void BeatResolver::resolveSceneLength(const MutablePlace& place, double beats) {
     const double lengthSec = grid_.beatDuration() * beats;
     if (scene.durationSec > 0)
         report_.tell(CompositionLint::Rule::twoClocks, place.at,
-            worded("{}: durationSec ({}) and durationBeats ({} = {}s) both set — pick one "
-                   "duration authority.",
+            worded(
+                "{}: durationSec ({}) and durationBeats ({} = {}s) both set — pick one duration authority.",
                 {name, twoDecimals(scene.durationSec), twoDecimals(beats), twoDecimals(lengthSec)}));
     constexpr double unseenSec = 0.05;
     const double motionEndSec = deviceMotionEndSec(scene);
     if (lengthSec + unseenSec < motionEndSec)
         report_.tell(CompositionLint::Rule::motionCut, place.at,
             worded(
-                "{}: the device motion runs to {}s but durationBeats: {} resolves to {}s — the tail will be "
-                "cut.",
+                "{}: the device motion runs to {}s but durationBeats: {} resolves to {}s — the tail will be cut.",
                 {name, twoDecimals(motionEndSec), twoDecimals(beats), twoDecimals(lengthSec)}),
             worded("Use durationBeats: {} to fit it.",
                 {decimals(std::ceil(motionEndSec / grid_.beatDuration()), 0)}));
@@ -164,8 +163,7 @@ void BeatResolver::resolveMoment(const MutablePlace& place, double beat) {
     }
     if (layer_->fromMark)
         return report_.tell(CompositionLint::Rule::beatOnMark, place.at,
-            "Beat keyframes need a concrete or beat-valued layer start — this layer starts at a recording "
-            "mark.",
+            "Beat keyframes need a concrete or beat-valued layer start — this layer starts at a recording mark.",
             "Use atMark for the keyframe too, or give the layer fromBeat/fromSec.");
     settle(place, snapped(grid_.timeOfBeat(beat) - sceneStartSec() - layer_->fromSec));
 }

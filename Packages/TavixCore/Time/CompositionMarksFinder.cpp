@@ -50,8 +50,8 @@ std::optional<MarkFinder::Moment> MarkFinder::find(
     if (!wantsEnd) return Moment{entry, event->actionSec.value_or(event->tSec) + ref.offsetSec};
     if (event->endSec) return Moment{entry, *event->endSec + ref.offsetSec};
     report_.tell(CompositionLint::Rule::markEnd, at,
-        worded("Mark \"{}\" has no end time — only scripted steps (a `durationSec` scroll) land "
-               "\"#end\" marks.",
+        worded(
+            "Mark \"{}\" has no end time — only scripted steps (a `durationSec` scroll) land \"#end\" marks.",
             {label}));
     return std::nullopt;
 }
@@ -87,12 +87,11 @@ bool MarkFinder::hasMarks(DeviceEntry& entry, const KeyPath& at) {
     entry.sidecarMissing = true;
     if (!entry.clipPath)
         report_.tell(CompositionLint::Rule::markRecording, at,
-            "Mark references need a VIDEO device screen — the device layer plays a still, which "
-            "has no timeline sidecar.");
+            "Mark references need a VIDEO device screen — the device layer plays a still, which has no timeline sidecar.");
     else
         report_.tell(CompositionLint::Rule::markRecording, at,
-            worded("No timeline sidecar for \"{}\" — expected {} next to the clip (tavix run writes it; the "
-                   ".tavixcomp bundler copies it).",
+            worded(
+                "No timeline sidecar for \"{}\" — expected {} next to the clip (tavix run writes it; the .tavixcomp bundler copies it).",
                 {*entry.clipPath, sidecars_.fileOf(*entry.clipPath).filename().string()}),
             "Re-copy the recording together with its .timeline.json, or drop the mark references.");
     return false;
@@ -114,8 +113,8 @@ const Timeline::Event* MarkFinder::eventOf(
     const std::vector<Timeline::Event>& events = found->second;
     if (events.size() == 1) return &events.front();
     report_.tell(CompositionLint::Rule::markTwice, at,
-        worded("Mark \"{}\" is ambiguous — {} steps carry it. Give each step a distinct "
-               "target.label in the FlowSpec.",
+        worded(
+            "Mark \"{}\" is ambiguous — {} steps carry it. Give each step a distinct target.label in the FlowSpec.",
             {label, std::to_string(events.size())}));
     return nullptr;
 }

@@ -31,9 +31,9 @@ struct Address {
 Address addressOf(const std::string& given) {
     if (const auto origin = originOf(given)) return {std::nullopt, given, *origin};
     if (given.find("://") != given.npos || given.starts_with("data:"))
-        throw Failure("\"" + given.substr(0, 80) +
-                      "\" cannot be recorded; give an address that begins with http:// or https://, or the "
-                      "page's file or folder.");
+        throw Failure(
+            "\"" + given.substr(0, 80) +
+            "\" cannot be recorded; give an address that begins with http:// or https://, or the page's file or folder.");
     Address address{SiteFolder(given), {}, std::string(SiteFolder::origin)};
     address.url = address.site->startUrl();
     return address;

@@ -194,8 +194,7 @@ void StepPlayer::enterText(const Step& step, DoneReport::StepMark& mark) {
     const Json takesText = take_.stage().ask("focusedIsText");
     if (!takesText.boolean() || !*takesText.boolean())
         throw Failure(shown(step.target) +
-                      " takes no text: after a tap on it nothing that can be typed into has "
-                      "the focus.");
+                      " takes no text: after a tap on it nothing that can be typed into has the focus.");
     const std::string text = step.target.textValue.value_or("");
     if (text.empty())
         notes_.push_back(

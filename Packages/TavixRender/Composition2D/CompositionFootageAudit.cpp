@@ -64,8 +64,7 @@ Finding tooShort(const std::string& path, const std::string& scene, const char* 
         scene + ": the " + label + "'s footage ends " + toHundredths(usableSec) +
             "s into the layer window but the window runs to " + toHundredths(windowSec) +
             "s — the last frame freezes for " + toHundredths(windowSec - usableSec) + "s.",
-        "Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a "
-        "longer segment — recordings never stretch.");
+        "Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a longer segment — recordings never stretch.");
 }
 
 }   // namespace

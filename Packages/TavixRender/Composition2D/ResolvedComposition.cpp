@@ -42,9 +42,9 @@ std::unique_ptr<CompositionLayerContentRenderer> makeDeviceRenderer(const Device
     const CompositionLayer& layer, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
     if (device.scene3D) {
         if (auto inSpace = Device3DCompositionLayer::make(device, build, poolKey)) return inSpace;
-        tell(build.log, Finding::warning(RenderCode::phoneMissing,
-                            "scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
-                            "rendering the flat mockup."));
+        tell(build.log,
+            Finding::warning(RenderCode::phoneMissing,
+                "scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering the flat mockup."));
     }
     return std::make_unique<DeviceCompositionLayer>(device, layer, build);
 }

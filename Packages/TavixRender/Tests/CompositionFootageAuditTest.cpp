@@ -60,13 +60,10 @@ TEST(CompositionFootageAudit, SaysWhereAndHowMuchIsMissing) {
             return std::optional(5.0);
         });
     ASSERT_EQ(found.size(), 1u);
-    EXPECT_EQ(found[0], (Finding{CompositionLint::Level::warning, "scenes[0].layers[1]",
-                            "tour: the device screen's footage ends 3.00s into the layer window but the "
-                            "window runs to 6.50s — the "
-                            "last frame freezes for 3.50s.",
-                            "Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim "
-                            "later, or re-record a "
-                            "longer segment — recordings never stretch."}));
+    EXPECT_EQ(found[0],
+        (Finding{CompositionLint::Level::warning, "scenes[0].layers[1]",
+            "tour: the device screen's footage ends 3.00s into the layer window but the window runs to 6.50s — the last frame freezes for 3.50s.",
+            "Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a longer segment — recordings never stretch."}));
 }
 
 TEST(CompositionFootageAudit, OpensEachFilmOnceAndPassesOverThoseItCannotRead) {

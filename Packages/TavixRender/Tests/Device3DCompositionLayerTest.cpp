@@ -74,9 +74,9 @@ TEST_F(DeviceInSpace, IsFlatWithoutAModelAndSaysSo) {
     setenv("TAVIX_RESOURCES", folder.path().c_str(), 1);
     EXPECT_FALSE(resolved().hasDevicesInSpace());
     EXPECT_EQ(drawn().at(60, 107), red);
-    EXPECT_THAT(
-        log, ::testing::Contains("scene3D requested but the 3D device pass is unavailable (no model/GPU) — "
-                                 "rendering the flat mockup."));
+    EXPECT_THAT(log,
+        ::testing::Contains(
+            "scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering the flat mockup."));
 }
 
 TEST_F(DeviceInSpace, IsLeftOutWhileItsModelIsBrokenOrItsScreenHasNoPicture) {

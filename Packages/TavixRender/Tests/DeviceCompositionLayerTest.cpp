@@ -181,8 +181,9 @@ TEST_F(FlatDevice, ShowsNothingWithoutItsScreen) {
 TEST_F(FlatDevice, IsFlatWhereItCannotBeDrawnInSpace) {
     device.scene3D.emplace();
     EXPECT_EQ(drawn().at(100, 150), red);
-    EXPECT_THAT(log, ::testing::ElementsAre("scene3D requested but the 3D device pass is unavailable (no "
-                                            "model/GPU) — rendering the flat mockup."));
+    EXPECT_THAT(log,
+        ::testing::ElementsAre(
+            "scene3D requested but the 3D device pass is unavailable (no model/GPU) — rendering the flat mockup."));
 }
 
 TEST_F(FlatDevice, TakesTheFirstFrameThatCanBeRead) {

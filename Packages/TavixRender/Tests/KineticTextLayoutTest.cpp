@@ -250,13 +250,11 @@ TEST(KineticTextLayout, ANoteNamesTheFontThatStoodIn) {
     Request request = requestFor("text");
     EXPECT_FALSE(laidOut(request).note);
     request.style.fontName = "Palatino-Roman";
-    EXPECT_EQ(laidOut(request).note, "The font \"Palatino-Roman\" is not on this machine; \"P052\" stands in "
-                                     "for it. Bring its file in the "
-                                     "bundle and name that as the font.");
+    EXPECT_EQ(laidOut(request).note,
+        "The font \"Palatino-Roman\" is not on this machine; \"P052\" stands in for it. Bring its file in the bundle and name that as the font.");
     request.style.fontName = "fonts/Lost.otf";
-    EXPECT_EQ(laidOut(request).note, "The font file \"fonts/Lost.otf\" is missing or holds no font; "
-                                     "\"Inter\" stands in for it. Check its path, "
-                                     "which starts at the document's folder.");
+    EXPECT_EQ(laidOut(request).note,
+        "The font file \"fonts/Lost.otf\" is missing or holds no font; \"Inter\" stands in for it. Check its path, which starts at the document's folder.");
 }
 
 TEST(KineticTextLayout, OddSizesGiveALayoutAllTheSame) {

@@ -76,8 +76,8 @@ int main(int argc, char** argv) {
         else if (argc == 3)
             writeStill(argv[1], std::atof(argv[2]));
         else
-            return std::fputs("usage: tavix_walk_recording FOLDER.tavixproj, or tavix_walk_recording "
-                              "FILE.png SECOND\n",
+            return std::fputs(
+                       "usage: tavix_walk_recording FOLDER.tavixproj, or tavix_walk_recording FILE.png SECOND\n",
                        stderr),
                    2;
     } catch (const std::exception& failure) {

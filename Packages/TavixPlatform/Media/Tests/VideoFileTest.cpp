@@ -371,8 +371,8 @@ TEST_F(VideoFileTest, RefusesWhatIsNoFilmWithASentence) {
         "Dear Sir or Madam, this is not a film, though it is called one. Yours, a text file.\n");
     write("list.m3u8", "#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXTINF:2,\nsecret.mp4\n#EXT-X-ENDLIST\n");
     write("list.ffconcat", "ffconcat version 1.0\nfile 'secret.mp4'\n");
-    write("far.sdp", "v=0\no=- 0 0 IN IP4 127.0.0.1\nc=IN IP4 127.0.0.1\nt=0 0\nm=video 5004 RTP/AVP "
-                     "96\na=rtpmap:96 H264/90000\n");
+    write("far.sdp",
+        "v=0\no=- 0 0 IN IP4 127.0.0.1\nc=IN IP4 127.0.0.1\nt=0 0\nm=video 5004 RTP/AVP 96\na=rtpmap:96 H264/90000\n");
     const std::string wave(
         "RIFF\x24\x01\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x40\x1f\0\0\x40\x1f\0\0\1\0\x08\0data\0\1\0\0", 44);
     write("sound.wav", wave + std::string(256, '\x80'));
