@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixCore/Support/Json.h"
+#include "TavixPlatform/System/ProgramRun.h"
 
 #include <filesystem>
 #include <functional>
@@ -22,11 +23,7 @@ struct VerbRequest {
     std::function<void(double fraction, const std::string& stage)> onProgress = {};
 };
 
-struct VerbOutcome {
-    int status = 0;
-    std::string out, err;
-    bool wasStopped = false, ranOutOfTime = false;
-
+struct VerbOutcome : system::ProgramOutcome {
     // The last JSON value of the output, when there is one.
     std::optional<Json> json() const;
     // What went wrong, as a finished sentence.
