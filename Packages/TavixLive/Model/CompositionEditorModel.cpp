@@ -85,7 +85,7 @@ CompositionEditorModel::~CompositionEditorModel() { exportStop_.request_stop(); 
 void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then) {
     close();
     system::runThere(
-        services_.executors.workers, main_,
+        files(), main_,
         [bundle, recents = services_.recents, log = services_.logs.render] {
             DocumentOnDisk onDisk = DocumentOnDisk::read(bundle);
             if (recents) remember(bundle, *recents, log);
@@ -93,7 +93,7 @@ void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then
         },
         document_.guard([this, bundle, then](system::Outcome<DocumentOnDisk>& outcome) {
             try {
-                onDisk_ = std::move(outcome.value());
+                onDisk_ = std::make_shared<DocumentOnDisk>(std::move(outcome.value()));
                 arrive(onDisk_->spec, bundle, [this, then] {
                     const CompositionSpec& spec = edited().spec;
                     state.statusMessage = sizeText(spec.output) + " @ " + spec.output.fps.shown() + "fps — " +
@@ -129,18 +129,27 @@ void CompositionEditorModel::arrive(
         state.hasUnsavedChanges = false;
         state.errorMessage = std::nullopt;
     }
-    refreshNow(document_.guard(std::move(then)));
+    startJournal();
+    watchFile();
+    refreshNow(then ? Done(document_.guard(std::move(then))) : Done());
 }
 
 void CompositionEditorModel::close() {
     document_.cut();
     ++refreshEpoch_;
-    for (system::Timer* timer : {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_})
+    for (system::Timer* timer : {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_, &lookTimer_,
+             &assetsTimer_})
         timer->cancel();
     preview_.close();
     history_.clear();
     gesture_.reset();
     onDisk_.reset();
+    journal_.reset();
+    recovered_.reset();
+    watches_.clear();
+    saveAgain_ = {};
+    fileProblem_.reset();
+    isSaving_ = isLooking_ = isLookDue_ = isLookAsked_ = areWatchesStale_ = false;
     isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ = false;
     seekTarget_.reset();
     liveTarget_.reset();
@@ -150,37 +159,14 @@ void CompositionEditorModel::close() {
     state.isPlaying = false;
     state.isLoaded = false;
     state.hasUnsavedChanges = false;
+    state.fileConflicts = DocumentMerge::Conflicts();
+    state.isKept = true;
     state.bundle = std::nullopt;
     state.edited = EditState{};
     state.outputDuration = 0;
     state.currentTime = 0;
     state.statusMessage = "";
     state.showsLiveFrame = false;
-}
-
-void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged) {
-    if (!state.bundle() || !onDisk_) return;
-    struct Written {
-        CompositionSpec spec;
-        DocumentOnDisk onDisk;
-    };
-    system::runThere(
-        services_.executors.workers, main_,
-        [before = *onDisk_, spec = edited().spec, bundle = *state.bundle(), ifChanged] {
-            return Written{spec, before.saved(spec, bundle, ifChanged)};
-        },
-        document_.guard([this, then](system::Outcome<Written>& outcome) {
-            try {
-                Written& written = outcome.value();
-                onDisk_ = std::move(written.onDisk);
-                // What was changed while it was written is not saved yet.
-                state.hasUnsavedChanges = !(written.spec == edited().spec);
-                state.statusMessage = "Saved composition.json.";
-            } catch (const std::exception& error) {
-                state.errorMessage = error.what();
-            }
-            run(then);
-        }));
 }
 
 std::string CompositionEditorModel::specJSONText() const { return encodedJson(edited().spec); }
@@ -217,7 +203,7 @@ void CompositionEditorModel::become(const std::string& stepName, EditState chang
     const History::Moment before = moment();
     state.edited = std::move(changed);
     if (!gesture_) history_.record(stepName, before, moment());
-    state.hasUnsavedChanges = true;
+    noteUnsaved(true);
     scheduleRefresh();
 }
 
@@ -229,6 +215,7 @@ void CompositionEditorModel::endGesture() {
     if (!gesture_) return;
     const Gesture ended = *std::exchange(gesture_, std::nullopt);
     history_.record(ended.name, ended.before, moment());
+    if (isLookDue_) lookAtFile();
 }
 
 void CompositionEditorModel::undo() {
@@ -243,7 +230,7 @@ void CompositionEditorModel::redo() {
 
 void CompositionEditorModel::show(const History::Moment& moment) {
     state.edited = moment.state;
-    state.hasUnsavedChanges = true;
+    noteUnsaved(true);
     scheduleRefresh();
     if (state.outputDuration() > 0 && !state.isPlaying()) seek(moment.playheadSec);
 }

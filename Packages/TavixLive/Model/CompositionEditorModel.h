@@ -2,11 +2,14 @@
 // Every change of the document goes through `update`, which asks for a refresh of the preview.
 #pragma once
 
+#include "TavixLive/Files/Backups.h"
 #include "TavixLive/Files/RecentProjects.h"
 #include "TavixLive/Model/EditorState.h"
 #include "TavixLive/Model/History.h"
 #include "TavixLive/Playback/LivePreview.h"
 #include "TavixLive/Saving/DocumentOnDisk.h"
+#include "TavixLive/Saving/JournalKeeper.h"
+#include "TavixPlatform/System/FolderWatcher.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -28,6 +31,12 @@ public:
         media::AudioOutput* output = nullptr;
         RecentProjects* recents = nullptr;   // none: nothing is remembered
         LivePreview::Logs logs = {};
+        // Reads and writes documents, while the workers may be busy with an export; without one they do it.
+        system::Executor* files = nullptr;
+        system::FolderWatcher* watcher = nullptr;   // none: what others write is noticed when saving, or asked
+        std::filesystem::path stateFolder = {};     // of journals; empty: nothing outlives a crash
+        const Backups* backups = nullptr;           // none: what saving replaces is gone
+        double journalDelaySec = JournalKeeper::usualDelaySec;
     };
     using Done = std::function<void()>;
 
@@ -44,6 +53,23 @@ public:
     // Changes the file where the document was edited. One that another program has written meanwhile is left
     // alone, unless that is asked for.
     void save(Done then = {}, DocumentOnDisk::IfChanged ifChanged = DocumentOnDisk::IfChanged::refuse);
+
+    // Whether another program has written the file: asked when something changes in the bundle, and by a window
+    // that comes to the front. What it changed becomes a step, merged with what is not saved yet; where both
+    // changed the same value, nothing happens until it is chosen what to keep (`fileConflicts` of the state).
+    void lookAtFile() { look(false); }
+    void chooseForConflict(std::size_t index, MergeSide side);
+    void chooseForAllConflicts(MergeSide side);
+    // Once everything is chosen.
+    void takeInFile() { look(true); }
+
+    // Asked once at the start: what sessions that crashed have left (`lostWork` of the state). Each is to be
+    // brought back or given up; until then it is found again.
+    void findLostWork(Done then = {});
+    // As unsaved changes, in the place of the document that is open, and merged with what the file has become.
+    void recoverLostWork(std::size_t index, Done then = {});
+    void forgetLostWork(std::size_t index);
+
     std::string specJSONText() const;
     // The text as the new document; otherwise what is wrong with it.
     std::optional<std::string> applySpecJSON(std::string_view text);
@@ -95,11 +121,29 @@ private:
         History::Moment before;
     };
 
+    struct Look;
+
     const EditState& edited() const { return state.edited(); }
+    system::Executor& files() const {
+        return services_.files ? *services_.files : services_.executors.workers;
+    }
     History::Moment moment() const { return {edited(), state.currentTime()}; }
     void become(const std::string& stepName, EditState changed);
     void show(const History::Moment& moment);
     void arrive(const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then);
+    void noteUnsaved(bool isUnsaved);
+    void watchFile();
+    void noteBundleEvent(const std::string& name);
+    void noteAssetEvent(const std::string& name);
+    void look(bool isAsked);
+    void finishLook(system::Outcome<Look>& outcome);
+    void takeIn(Look& found);
+    void clearFileProblem();
+    void startJournal();
+    void noteJournal();
+    UnsavedWork unsavedWork() const;
+    void offerLostWork();
+    std::optional<LostWork> takeLostWork(std::size_t index);
     void finishRefresh(std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then);
     void endRefresh();
     void letLiveFrameGo();
@@ -109,6 +153,7 @@ private:
     void endScrub();
     void reachEnd();
     void liveApply(const LiveTarget& target);
+    void applyLiveEdits(EditState& changed) const;
     void issueLiveRender();
     void livePreviewTransform();
     DevicePlacementSpec overscannedPlacement(DevicePlacementSpec placement) const;
@@ -119,11 +164,19 @@ private:
     LivePreview preview_;
     History history_;
     std::optional<Gesture> gesture_;
-    std::optional<DocumentOnDisk> onDisk_;   // of a bundle that is open
+    std::shared_ptr<const DocumentOnDisk> onDisk_;   // of a bundle that is open
+    std::optional<JournalKeeper> journal_;           // of a document that is open
+    std::vector<LostWork> lost_;
+    std::optional<LostWork> recovered_;   // until it is in the journal of this session
+    std::vector<system::FolderWatcher::Watch> watches_;
+    bool isSaving_ = false, isLooking_ = false, isLookDue_ = false, isLookAsked_ = false;
+    bool areWatchesStale_ = false;
+    Done saveAgain_;                          // asked for while it was saving
+    std::optional<std::string> fileProblem_;   // that is told as the error message
     system::Lifeline lifeline_, document_;   // of the model, and of the open document
     imaging::Size room_{540, 960};
 
-    system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_;
+    system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_, lookTimer_, assetsTimer_;
     std::uint64_t refreshEpoch_ = 0;
     bool isRefreshing_ = false;
     std::optional<double> lastRefreshAtSec_;

@@ -5,20 +5,34 @@
 #include "TavixLive/Observing/Observable.h"
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/EditState.h"
+#include "TavixLive/Saving/DocumentMerge.h"
 #include "TavixLive/Stage/FrameSource.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavix {
+
+// Unsaved changes of a session that crashed.
+struct LostWorkOffer {
+    std::filesystem::path assetRoot;   // the bundle, where there was one
+    std::chrono::sys_seconds at;       // of the last change
+    bool operator==(const LostWorkOffer&) const = default;
+};
 
 struct EditorState {
     Observable<bool> isLoaded{false};
     Observable<std::optional<std::filesystem::path>> bundle;   // where the files of the document lie, too
     Observable<EditState> edited;                              // the resolved document, and what is selected
     Observable<bool> hasUnsavedChanges{false};
+    Observable<bool> isKept{true};   // of unsaved changes: a crash would not cost them
+    // Values that another program and the user have both changed; empty when there is nothing to choose.
+    Observable<DocumentMerge::Conflicts> fileConflicts;
+    Observable<std::vector<LostWorkOffer>> lostWork;   // the latest first
     Observable<double> outputDuration{0}, currentTime{0};   // seconds
     Observable<bool> isPlaying{false};
     Observable<std::optional<std::string>> errorMessage;   // the one that the user must see

@@ -30,7 +30,7 @@ void CompositionEditorModel::liveApply(const LiveTarget& target) {
     const auto* device = held.content<DeviceContent>(target.scene, target.layer);
     if (device == nullptr) return;
     liveTarget_ = target;
-    state.hasUnsavedChanges = true;
+    noteUnsaved(true);
     const auto scene3D = liveScene3D_ ? liveScene3D_ : device->scene3D;
     auto placement = livePlacement_ ? livePlacement_ : device->placement;
     if (placement) placement = overscannedPlacement(std::move(*placement));
@@ -60,21 +60,26 @@ void CompositionEditorModel::issueLiveRender() {
         }));
 }
 
+void CompositionEditorModel::applyLiveEdits(EditState& changed) const {
+    auto* device =
+        liveTarget_ ? changed.content<DeviceContent>(liveTarget_->scene, liveTarget_->layer) : nullptr;
+    if (device == nullptr) return;
+    if (liveScene3D_) device->scene3D = liveScene3D_;
+    if (livePlacement_) device->placement = livePlacement_;
+}
+
 void CompositionEditorModel::commitLiveEdits() {
     isLiveRenderDirty_ = false;
-    const auto target = std::exchange(liveTarget_, std::nullopt);
-    const auto scene3D = std::exchange(liveScene3D_, std::nullopt);
-    const auto placement = std::exchange(livePlacement_, std::nullopt);
     preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
-    if (!target) return;
-    update("Move device", [&](EditState& changed) {
-        auto* device = changed.content<DeviceContent>(target->scene, target->layer);
-        if (device == nullptr) return;
-        if (scene3D) device->scene3D = scene3D;
-        if (placement) device->placement = placement;
-    });
-    state.hasUnsavedChanges = true;
+    EditState changed = edited();
+    applyLiveEdits(changed);
+    liveScene3D_.reset();
+    livePlacement_.reset();
+    if (!std::exchange(liveTarget_, std::nullopt)) return;
+    become("Move device", std::move(changed));
+    noteUnsaved(true);
     scheduleRefresh();
+    if (isLookDue_) lookAtFile();
 }
 
 DevicePlacementSpec CompositionEditorModel::overscannedPlacement(DevicePlacementSpec placement) const {

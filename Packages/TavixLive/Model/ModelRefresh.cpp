@@ -61,7 +61,7 @@ void CompositionEditorModel::finishRefresh(
     } else {
         state.outputDuration = preview_.totalSec();
         state.currentTime = std::min(state.currentTime(), preview_.totalSec());
-        state.errorMessage = std::nullopt;
+        state.errorMessage = fileProblem_;   // that one does not go by drawing
         prewarm3D();
         letLiveFrameGo();
     }

@@ -7,6 +7,7 @@
 #include "TavixCore/Support/Document.h"
 #include "TavixLive/Saving/SavedDocument.h"
 
+#include <system_error>
 #include <utility>
 
 namespace tavix {
@@ -15,29 +16,38 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string textIn(const fs::path& bundle) {
-    return readBytes(CompositionProjectBundle::specFile(bundle), JsonLimits{}.maxBytes);
-}
-
 CompositionSpec resolved(const std::string& text, const fs::path& bundle) {
     return CompositionRoad::resolve(decodeJson<CompositionSpec>(text), bundle).spec;
 }
 
 }   // namespace
 
-DocumentOnDisk DocumentOnDisk::read(const fs::path& bundle) {
-    CompositionProjectService::load(bundle);   // says what is wrong, and takes back what was cut off
-    std::string text = textIn(bundle);
+std::string DocumentOnDisk::textIn(const fs::path& bundle) {
+    return readBytes(CompositionProjectBundle::specFile(bundle), JsonLimits{}.maxBytes);
+}
+
+DocumentOnDisk DocumentOnDisk::of(std::string text, const fs::path& bundle) {
     CompositionSpec spec = resolved(text, bundle);
     return {std::move(text), std::move(spec)};
 }
 
+DocumentOnDisk DocumentOnDisk::read(const fs::path& bundle) {
+    CompositionProjectService::load(bundle);   // says what is wrong, and takes back what was cut off
+    return of(textIn(bundle), bundle);
+}
+
 DocumentOnDisk DocumentOnDisk::saved(
     const CompositionSpec& edited, const fs::path& bundle, IfChanged ifChanged) const {
-    if (ifChanged == IfChanged::refuse && textIn(bundle) != text)
-        throw Failure(
-            "\"" + CompositionProjectBundle::specFile(bundle).string() +
-            "\" was changed by another program since it was opened; open it again, or save over it.");
+    const fs::path file = CompositionProjectBundle::specFile(bundle);
+    std::error_code ignored;   // writing tells what is wrong
+    if (ifChanged == IfChanged::overwrite)
+        fs::create_directories(bundle, ignored);
+    else if (!isFile(file))
+        throw Changed("\"" + file.string() + "\" is not there any more; save over it to write it again.");
+    else if (textIn(bundle) != text)
+        throw Changed("\"" + file.string() +
+                      "\" was changed by another program since it was opened; choose what to keep of its "
+                      "changes and of yours, or save over it.");
     const Json document = savedDocument(parseJson(text), spec, edited, {bundle});
     DocumentOnDisk now{textSaying(text, document), {}};
     now.spec = resolved(now.text, bundle);

@@ -1,6 +1,8 @@
-// The document of a bundle as it stood in its file, and what it was read as: what saving starts from.
+// The document of a bundle as it stood in its file, and what it was read as: what saving starts from, and what
+// two hands on the file have in common.
 #pragma once
 
+#include "TavixBase/Failure.h"
 #include "TavixCore/Document/CompositionSpec.h"
 
 #include <filesystem>
@@ -14,11 +16,20 @@ struct DocumentOnDisk {
 
     // Throws a `Failure` for what is no bundle or cannot be read.
     static DocumentOnDisk read(const std::filesystem::path& bundle);
+    // Of a text that once stood in the file. Throws a `DecodingError`.
+    static DocumentOnDisk of(std::string text, const std::filesystem::path& bundle);
+    // What stands in the file now. Throws a `Failure` when it cannot be read.
+    static std::string textIn(const std::filesystem::path& bundle);
 
+    // Saving was refused: another program has written the file, or taken it away.
+    class Changed : public Failure {
+    public:
+        using Failure::Failure;
+    };
     enum class IfChanged { refuse, overwrite };   // where another program has written the file since
 
     // Writes the edited document over the file, changed where it was edited and nowhere else. Gives what
-    // stands on disk now. Throws a `Failure`, and then the file is as it was.
+    // stands on disk now. Throws `Changed` or another `Failure`, and then the file is as it was.
     DocumentOnDisk saved(
         const CompositionSpec& edited, const std::filesystem::path& bundle, IfChanged ifChanged) const;
 };

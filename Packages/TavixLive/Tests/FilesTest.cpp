@@ -1,10 +1,13 @@
+#include "TavixBase/Failure.h"
 #include "TavixCore/Support/FileBytes.h"
+#include "TavixLive/Files/Backups.h"
 #include "TavixLive/Files/RecentProjects.h"
 #include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <algorithm>
+#include <random>
 
 namespace tavix {
 namespace {
@@ -55,6 +58,49 @@ TEST(RecentProjects, PassOverWhatIsNoEntry) {
     const auto items = RecentProjects(defaults).list();
     ASSERT_EQ(items.size(), 1u);
     EXPECT_EQ(items[0].date, RecentProjects::Date{});
+}
+
+constexpr Backups::Time someTime = std::chrono::sys_days(2026y / 11 / 23) + 15h;
+
+TEST(Backups, GrowThinWithAge) {
+    std::mt19937 random(2);
+    std::vector<Backups::Time> kept;
+    for (int save = 0; save < 4000; ++save) {   // some twelve a working hour, for a year and more
+        const Backups::Time now = someTime + std::chrono::hours(2 * save) + std::chrono::minutes(random() % 50);
+        kept.push_back(now);
+        kept = Backups::thinned(kept, now);
+        ASSERT_EQ(kept.front(), now);
+        ASSERT_EQ(Backups::thinned(kept, now), kept) << "once is enough";
+        ASSERT_LE(kept.size(), 10u + 25 + 31 + 54);
+    }
+    const Backups::Time now = kept.front();
+    const auto between = [&](auto from, auto to) {
+        return std::ranges::count_if(kept, [&](auto at) { return now - at >= from && now - at < to; });
+    };
+    EXPECT_EQ(between(0h, 20h), 10);
+    EXPECT_NEAR(double(between(48h, 240h)), 8, 1) << "one a day";
+    EXPECT_NEAR(double(between(24h * 70, 24h * 140)), 10, 1) << "one a week";
+    EXPECT_EQ(between(24h * 366, 24h * 9999), 0);
+}
+
+TEST(Backups, AreOfOneBundleAndNotKeptTwice) {
+    const testsupport::TemporaryFolder folder;
+    const Backups backups(folder / "deep");
+    const auto one = folder / "film.tavixcomp", other = folder / "else" / "film.tavixcomp";
+    EXPECT_TRUE(backups.list(one).empty());
+    for (int i = 0; i < 6; ++i)
+        backups.keep(one, "text " + std::to_string(i / 2), someTime + std::chrono::milliseconds(10 * i));
+    backups.keep(other, "another", someTime);
+    const auto kept = backups.list(one);
+    ASSERT_EQ(kept.size(), 3u);
+    EXPECT_EQ(readBytes(kept[0].file), "text 2");
+    EXPECT_EQ(kept[0].at, someTime + 40ms);
+    EXPECT_EQ(readBytes(kept[2].file), "text 0");
+    EXPECT_EQ(backups.list(other).size(), 1u);
+    for (int i = 0; i < 30; ++i) backups.keep(one, std::to_string(i), someTime + std::chrono::seconds(1 + i));
+    EXPECT_EQ(backups.list(one).size(), 10u) << "the others were of the same hour";
+    writeBytesAtomically("", folder / "file");
+    EXPECT_THROW(Backups(folder / "file").keep(one, "x", someTime), Failure);
 }
 
 }   // namespace

@@ -1,0 +1,220 @@
+// The file behind the document: saving, and other hands on it.
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixCore/Support/FileBytes.h"
+#include "TavixLive/Model/FollowedSelection.h"
+
+#include <chrono>
+#include <exception>
+#include <system_error>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double settleSec = 0.05;        // a program may write a file in more than one step
+constexpr double assetsSettleSec = 0.25;   // and many files one after another
+
+// What saving is about to replace. A document that cannot be backed up is saved all the same.
+void keepBackup(const Backups& backups, const fs::path& bundle, const RenderLog& log) {
+    using namespace std::chrono;
+    try {
+        backups.keep(bundle, DocumentOnDisk::textIn(bundle), floor<milliseconds>(system_clock::now()));
+    } catch (const Failure& failure) {
+        if (isFile(CompositionProjectBundle::specFile(bundle)))
+            tell(log, Finding::warning("backup-not-kept", failure.message()));
+    }
+}
+
+}   // namespace
+
+// What looking at the file found.
+struct CompositionEditorModel::Look {
+    std::shared_ptr<const DocumentOnDisk> theirs;   // none: the file is as it was
+    EditState ours;
+    DocumentMerge::Conflicts conflicts;
+    std::optional<EditState> merged;   // when nothing is left to choose
+};
+
+void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged) {
+    if (!state.bundle() || !onDisk_) return;
+    if (isSaving_) {
+        saveAgain_ = [this, then = std::move(then), ifChanged] { save(then, ifChanged); };
+        return;
+    }
+    isSaving_ = true;
+    struct Written {
+        CompositionSpec spec;
+        DocumentOnDisk onDisk;
+    };
+    system::runThere(
+        files(), main_,
+        [before = onDisk_, spec = edited().spec, bundle = *state.bundle(), ifChanged,
+            backups = services_.backups, log = services_.logs.render] {
+            if (backups) keepBackup(*backups, bundle, log);
+            return Written{spec, before->saved(spec, bundle, ifChanged)};
+        },
+        document_.guard([this, then = std::move(then)](system::Outcome<Written>& outcome) {
+            isSaving_ = false;
+            try {
+                Written& written = outcome.value();
+                onDisk_ = std::make_shared<DocumentOnDisk>(std::move(written.onDisk));
+                state.fileConflicts = DocumentMerge::Conflicts();
+                clearFileProblem();
+                // What was changed while it was written is not saved yet.
+                noteUnsaved(!(written.spec == edited().spec));
+                state.statusMessage = "Saved composition.json.";
+            } catch (const DocumentOnDisk::Changed& refusal) {
+                state.errorMessage = fileProblem_ = refusal.message();
+                lookAtFile();
+            } catch (const std::exception& error) {
+                state.errorMessage = error.what();
+            }
+            if (then) then();
+            if (const auto again = std::exchange(saveAgain_, {})) again();
+            if (isLookDue_) lookAtFile();
+        }));
+}
+
+void CompositionEditorModel::noteUnsaved(bool isUnsaved) {
+    state.hasUnsavedChanges = isUnsaved;
+    if (!journal_) return;
+    if (isUnsaved)
+        journal_->noteChange();
+    else
+        journal_->noteSaved();
+    state.isKept = journal_->isKept();
+}
+
+void CompositionEditorModel::watchFile() {
+    watches_.clear();
+    if (services_.watcher == nullptr || !onDisk_) return;
+    const fs::path bundle = *state.bundle();
+    const auto watch = [&](const fs::path& folder, void (CompositionEditorModel::*noted)(const std::string&)) {
+        watches_.push_back(services_.watcher->watch(folder, main_,
+            document_.guard([this, noted](const std::string& name) { (this->*noted)(name); })));
+    };
+    try {
+        watch(bundle, &CompositionEditorModel::noteBundleEvent);
+    } catch (const std::system_error& error) {
+        tell(services_.logs.render,
+            Finding::warning("file-not-watched",
+                std::string("What other programs change is noticed late: ") + error.what() + "."));
+    }
+    std::error_code ignored;
+    const fs::path assets = CompositionProjectBundle::assetsFolder(bundle);
+    if (fs::is_directory(assets, ignored)) try {
+            watch(assets, &CompositionEditorModel::noteAssetEvent);
+        } catch (const std::system_error&) {}   // told already, or gone a moment later
+}
+
+void CompositionEditorModel::noteBundleEvent(const std::string& name) {
+    const bool isOtherFolder = name.empty() || name == CompositionProjectBundle::assetsDirName;
+    if (name == CompositionProjectBundle::specName || isOtherFolder) {
+        areWatchesStale_ |= isOtherFolder;
+        lookTimer_ = main_.after(settleSec, [this] {
+            if (std::exchange(areWatchesStale_, false)) watchFile();
+            lookAtFile();
+        });
+    }
+    if (name != CompositionProjectBundle::specName) noteAssetEvent(name);
+}
+
+void CompositionEditorModel::noteAssetEvent(const std::string& name) {
+    if (name.starts_with('.')) return;   // a file that is being made
+    assetsTimer_ = main_.after(assetsSettleSec, [this] { scheduleRefresh(); });
+}
+
+void CompositionEditorModel::look(bool isAsked) {
+    if (!onDisk_) return;
+    isLookAsked_ |= isAsked;
+    isLookDue_ = isSaving_ || gesture_ || liveTarget_ || isLooking_;
+    if (isLookDue_) return;
+    isLooking_ = true;
+    system::runThere(
+        files(), main_,
+        [base = onDisk_, ours = edited(), bundle = *state.bundle(), chosen = state.fileConflicts(),
+            mayTakeIn = std::exchange(isLookAsked_, false)] {
+            Look found;
+            found.ours = ours;
+            if (DocumentOnDisk::textIn(bundle) == base->text) return found;
+            found.theirs = std::make_shared<DocumentOnDisk>(DocumentOnDisk::read(bundle));
+            DocumentMerge merge(base->spec, ours.spec, found.theirs->spec);
+            merge.chooseAsIn(chosen);
+            found.conflicts = merge.conflicts();
+            if (found.conflicts.empty() || (mayTakeIn && merge.isDecided())) {
+                found.merged.emplace(EditState{merge.document(), {}});
+                found.merged->selection = followedSelection(ours, found.merged->spec);
+            }
+            return found;
+        },
+        document_.guard([this](system::Outcome<Look>& outcome) { finishLook(outcome); }));
+}
+
+void CompositionEditorModel::finishLook(system::Outcome<Look>& outcome) {
+    isLooking_ = false;
+    try {
+        Look& found = outcome.value();
+        if (found.conflicts.empty()) clearFileProblem();
+        if (!found.theirs) {
+            state.fileConflicts = DocumentMerge::Conflicts();
+        } else if (isSaving_ || gesture_ || liveTarget_ || !(found.ours.spec == edited().spec)) {
+            isLookDue_ = true;   // the document went on meanwhile
+            isLookAsked_ |= found.merged && !found.conflicts.empty();
+        } else if (found.merged) {
+            takeIn(found);
+        } else {
+            state.fileConflicts = std::move(found.conflicts);
+            state.statusMessage =
+                "Another program changed composition.json where you did, too; choose what to keep.";
+        }
+    } catch (const std::exception& error) {
+        fileProblem_ = std::string("Another program changed composition.json, which cannot be taken in: ") +
+                       error.what() + " The document stays as it is here.";
+        state.errorMessage = fileProblem_;
+    }
+    if (isLookDue_) look(false);
+}
+
+void CompositionEditorModel::takeIn(Look& found) {
+    const History::Moment before = moment();
+    const bool isChanged = !(found.merged->spec == before.state.spec);
+    const bool isSelectionKept = edited().selection == found.ours.selection;
+    const Batch together;
+    clearFileProblem();
+    onDisk_ = found.theirs;
+    state.fileConflicts = DocumentMerge::Conflicts();
+    if (isChanged) {
+        if (!isSelectionKept) found.merged->selection = edited().selection;
+        clampSelection(*found.merged);
+        state.edited = std::move(*found.merged);
+        history_.record("Take in changes", before, moment());
+        scheduleRefresh();
+    }
+    noteUnsaved(!(edited().spec == onDisk_->spec));
+    state.statusMessage = "Took in what another program changed.";
+}
+
+void CompositionEditorModel::clearFileProblem() {
+    if (fileProblem_ && state.errorMessage() == fileProblem_) state.errorMessage = std::nullopt;
+    fileProblem_.reset();
+}
+
+void CompositionEditorModel::chooseForConflict(std::size_t index, MergeSide side) {
+    auto conflicts = state.fileConflicts();
+    if (index >= conflicts.size()) return;
+    conflicts[index].chosen = side;
+    state.fileConflicts = std::move(conflicts);
+}
+
+void CompositionEditorModel::chooseForAllConflicts(MergeSide side) {
+    auto conflicts = state.fileConflicts();
+    for (DocumentMerge::Conflict& conflict : conflicts) conflict.chosen = side;
+    state.fileConflicts = std::move(conflicts);
+}
+
+}   // namespace tavix
