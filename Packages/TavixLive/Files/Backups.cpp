@@ -41,8 +41,7 @@ std::optional<Backups::Time> timeIn(const std::string& name) {
             &second, &milli, &end) != 7 ||
         std::size_t(end) != name.size())
         return std::nullopt;
-    const year_month_day calendar{
-        std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
+    const year_month_day calendar{std::chrono::year(year), std::chrono::month(month), std::chrono::day(day)};
     if (!calendar.ok()) return std::nullopt;
     return sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second) + milliseconds(milli);
 }
@@ -76,8 +75,8 @@ std::vector<Backups::Time> Backups::thinned(std::vector<Time> times, Time now) {
 fs::path Backups::folderOf(const fs::path& bundle) const {
     const std::string path = fs::absolute(bundle).lexically_normal().string();
     char hash[24];
-    std::snprintf(
-        hash, sizeof hash, "-%016llx", static_cast<unsigned long long>(XXH3_64bits(path.data(), path.size())));
+    std::snprintf(hash, sizeof hash, "-%016llx",
+        static_cast<unsigned long long>(XXH3_64bits(path.data(), path.size())));
     return folder_ / (bundle.stem().string() + hash);
 }
 
@@ -86,8 +85,7 @@ std::vector<Backups::Item> Backups::list(const fs::path& bundle) const {
     std::error_code error;
     for (fs::directory_iterator entry(folderOf(bundle), error), end; !error && entry != end;
          entry.increment(error))
-        if (const auto at = timeIn(entry->path().filename().string()))
-            items.push_back({entry->path(), *at});
+        if (const auto at = timeIn(entry->path().filename().string())) items.push_back({entry->path(), *at});
     std::ranges::sort(items, std::greater(), &Item::at);
     return items;
 }

@@ -137,8 +137,8 @@ void CompositionEditorModel::arrive(
 void CompositionEditorModel::close() {
     document_.cut();
     ++refreshEpoch_;
-    for (system::Timer* timer : {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_, &lookTimer_,
-             &assetsTimer_})
+    for (system::Timer* timer :
+        {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_, &lookTimer_, &assetsTimer_})
         timer->cancel();
     preview_.close();
     history_.clear();

@@ -33,9 +33,10 @@ public:
         LivePreview::Logs logs = {};
         // Reads and writes documents, while the workers may be busy with an export; without one they do it.
         system::Executor* files = nullptr;
-        system::FolderWatcher* watcher = nullptr;   // none: what others write is noticed when saving, or asked
-        std::filesystem::path stateFolder = {};     // of journals; empty: nothing outlives a crash
-        const Backups* backups = nullptr;           // none: what saving replaces is gone
+        system::FolderWatcher* watcher =
+            nullptr;                              // none: what others write is noticed when saving, or asked
+        std::filesystem::path stateFolder = {};   // of journals; empty: nothing outlives a crash
+        const Backups* backups = nullptr;         // none: what saving replaces is gone
         double journalDelaySec = JournalKeeper::usualDelaySec;
     };
     using Done = std::function<void()>;
@@ -54,9 +55,10 @@ public:
     // alone, unless that is asked for.
     void save(Done then = {}, DocumentOnDisk::IfChanged ifChanged = DocumentOnDisk::IfChanged::refuse);
 
-    // Whether another program has written the file: asked when something changes in the bundle, and by a window
-    // that comes to the front. What it changed becomes a step, merged with what is not saved yet; where both
-    // changed the same value, nothing happens until it is chosen what to keep (`fileConflicts` of the state).
+    // Whether another program has written the file: asked when something changes in the bundle, and by a
+    // window that comes to the front. What it changed becomes a step, merged with what is not saved yet;
+    // where both changed the same value, nothing happens until it is chosen what to keep (`fileConflicts` of
+    // the state).
     void lookAtFile() { look(false); }
     void chooseForConflict(std::size_t index, MergeSide side);
     void chooseForAllConflicts(MergeSide side);
@@ -66,7 +68,8 @@ public:
     // Asked once at the start: what sessions that crashed have left (`lostWork` of the state). Each is to be
     // brought back or given up; until then it is found again.
     void findLostWork(Done then = {});
-    // As unsaved changes, in the place of the document that is open, and merged with what the file has become.
+    // As unsaved changes, in the place of the document that is open, and merged with what the file has
+    // become.
     void recoverLostWork(std::size_t index, Done then = {});
     void forgetLostWork(std::size_t index);
 
@@ -171,9 +174,9 @@ private:
     std::vector<system::FolderWatcher::Watch> watches_;
     bool isSaving_ = false, isLooking_ = false, isLookDue_ = false, isLookAsked_ = false;
     bool areWatchesStale_ = false;
-    Done saveAgain_;                          // asked for while it was saving
+    Done saveAgain_;                           // asked for while it was saving
     std::optional<std::string> fileProblem_;   // that is told as the error message
-    system::Lifeline lifeline_, document_;   // of the model, and of the open document
+    system::Lifeline lifeline_, document_;     // of the model, and of the open document
     imaging::Size room_{540, 960};
 
     system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_, lookTimer_, assetsTimer_;

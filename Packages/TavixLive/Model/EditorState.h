@@ -32,7 +32,7 @@ struct EditorState {
     Observable<bool> isKept{true};   // of unsaved changes: a crash would not cost them
     // Values that another program and the user have both changed; empty when there is nothing to choose.
     Observable<DocumentMerge::Conflicts> fileConflicts;
-    Observable<std::vector<LostWorkOffer>> lostWork;   // the latest first
+    Observable<std::vector<LostWorkOffer>> lostWork;        // the latest first
     Observable<double> outputDuration{0}, currentTime{0};   // seconds
     Observable<bool> isPlaying{false};
     Observable<std::optional<std::string>> errorMessage;   // the one that the user must see

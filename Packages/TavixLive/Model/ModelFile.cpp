@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double settleSec = 0.05;        // a program may write a file in more than one step
+constexpr double settleSec = 0.05;         // a program may write a file in more than one step
 constexpr double assetsSettleSec = 0.25;   // and many files one after another
 
 // What saving is about to replace. A document that cannot be backed up is saved all the same.
@@ -94,7 +94,8 @@ void CompositionEditorModel::watchFile() {
     watches_.clear();
     if (services_.watcher == nullptr || !onDisk_) return;
     const fs::path bundle = *state.bundle();
-    const auto watch = [&](const fs::path& folder, void (CompositionEditorModel::*noted)(const std::string&)) {
+    const auto watch = [&](const fs::path& folder,
+                           void (CompositionEditorModel::*noted)(const std::string&)) {
         watches_.push_back(services_.watcher->watch(folder, main_,
             document_.guard([this, noted](const std::string& name) { (this->*noted)(name); })));
     };

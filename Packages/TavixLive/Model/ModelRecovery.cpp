@@ -9,7 +9,9 @@ namespace tavix {
 
 namespace {
 
-std::filesystem::path journalsIn(const std::filesystem::path& stateFolder) { return stateFolder / "journals"; }
+std::filesystem::path journalsIn(const std::filesystem::path& stateFolder) {
+    return stateFolder / "journals";
+}
 
 }   // namespace
 

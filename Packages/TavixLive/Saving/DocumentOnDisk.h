@@ -1,5 +1,5 @@
-// The document of a bundle as it stood in its file, and what it was read as: what saving starts from, and what
-// two hands on the file have in common.
+// The document of a bundle as it stood in its file, and what it was read as: what saving starts from, and
+// what two hands on the file have in common.
 #pragma once
 
 #include "TavixBase/Failure.h"

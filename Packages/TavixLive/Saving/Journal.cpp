@@ -68,7 +68,8 @@ Journal::Journal(const fs::path& journals) {
         fs::rename(coming, folder_, error);
     }
     if (error)
-        throw Failure("Cannot keep unsaved changes in \"" + journals.string() + "\": " + error.message() + ".");
+        throw Failure(
+            "Cannot keep unsaved changes in \"" + journals.string() + "\": " + error.message() + ".");
 }
 
 Journal::~Journal() { removeAll(folder_); }

@@ -16,14 +16,14 @@ namespace tavix {
 struct UnsavedWork {
     using Time = std::chrono::sys_seconds;
 
-    std::filesystem::path assetRoot;         // the bundle, where there is one
+    std::filesystem::path assetRoot;          // the bundle, where there is one
     std::optional<std::string> writtenText;   // what stood in the bundle's file; none: it was never saved
     CompositionSpec spec;
     Time at{};
 };
 
-// Of one open document, in a folder of its own that is locked as long as this lives: so a journal whose lock is
-// free is of a session that crashed. A healthy end takes it away. Blocks; used by one thread at a time.
+// Of one open document, in a folder of its own that is locked as long as this lives: so a journal whose lock
+// is free is of a session that crashed. A healthy end takes it away. Blocks; used by one thread at a time.
 class Journal {
 public:
     // Throws a `Failure` when the folder cannot be made.
@@ -49,7 +49,7 @@ public:
 
     const std::filesystem::path& assetRoot() const { return assetRoot_; }
     UnsavedWork::Time at() const { return at_; }
-    UnsavedWork read() const;   // throws a `Failure`
+    UnsavedWork read() const;       // throws a `Failure`
     void forget() const noexcept;   // it is never found again
 
 private:

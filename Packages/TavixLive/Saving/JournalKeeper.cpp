@@ -65,8 +65,9 @@ void JournalKeeper::step() {
                 if (isKept && onWritten_) onWritten_();
             } catch (const std::exception& error) {
                 if (!std::exchange(hasFailed_, true))
-                    tell(around_.log, Finding::warning("journal-not-written",
-                                          std::string("A crash would cost what is not saved: ") + error.what()));
+                    tell(around_.log,
+                        Finding::warning("journal-not-written",
+                            std::string("A crash would cost what is not saved: ") + error.what()));
             }
             step();
         }));

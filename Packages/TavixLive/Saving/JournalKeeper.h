@@ -1,5 +1,5 @@
-// Keeps a journal up to date with a document that is edited, a short time after every change, and never on the
-// executor where it is edited.
+// Keeps a journal up to date with a document that is edited, a short time after every change, and never on
+// the executor where it is edited.
 #pragma once
 
 #include "TavixLive/Saving/Journal.h"
@@ -12,8 +12,8 @@
 
 namespace tavix {
 
-// Used on the main executor, of which both it and its document are a part. Its end is a healthy one: nothing is
-// left on disk.
+// Used on the main executor, of which both it and its document are a part. Its end is a healthy one: nothing
+// is left on disk.
 class JournalKeeper {
 public:
     struct Surroundings {

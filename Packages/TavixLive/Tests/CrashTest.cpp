@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -65,8 +66,8 @@ public:
     void judge() {
         std::int64_t inBundle = 0, inJournal = 0;
         ASSERT_NO_THROW(inBundle = CompositionProjectService::load(bundle_).spec.seed);
-        for (const LostWork& lost : LostWork::find(folder_ / "state" / "journals"))
-            inJournal = std::max(inJournal, lost.read().spec.seed);
+        for (const LostWork& one : LostWork::find(folder_ / "state" / "journals"))
+            inJournal = std::max(inJournal, one.read().spec.seed);
         const std::int64_t back = std::max(inBundle, inJournal);
         EXPECT_GE(back, lastKept_);
         std::int64_t last = 0;
@@ -123,7 +124,7 @@ TEST(Crash, CostsNoBundleAndNothingThatWasKept) {
     for (int i = 0; i < together; ++i)
         desks.push_back(std::make_unique<Desk>(sec > 0 ? JournalKeeper::usualDelaySec : 0.02));
     for (int round = 0; round < crashes; round += together) {
-        for (const auto& desk : desks) desk->start(random());
+        for (const auto& desk : desks) desk->start(unsigned(random()));
         const auto start = Clock::now();
         std::vector<std::pair<Clock::time_point, Desk*>> ends;
         for (const auto& desk : desks) {
@@ -137,7 +138,8 @@ TEST(Crash, CostsNoBundleAndNothingThatWasKept) {
         for (const auto& [end, desk] : ends) {
             for (auto now = Clock::now(); now < end; now = Clock::now())
                 for (const auto& [later, other] : ends)
-                    if (later >= end) other->listen(std::min(end, Clock::now() + std::chrono::milliseconds(5)));
+                    if (later >= end)
+                        other->listen(std::min(end, Clock::now() + std::chrono::milliseconds(5)));
             desk->kill();
             desk->judge();
             if (::testing::Test::HasFatalFailure()) return;

@@ -84,7 +84,7 @@ TEST(DocumentMerge, LetsEachConflictBeChosenByItself) {
     theirs.seed = 2;
     ours.scenes[0].layers[1].opacity = 0.5;
     theirs.scenes[0].layers.erase(theirs.scenes[0].layers.begin() + 1);   // changed here, removed there
-    ours.scenes[1].layers.clear();                                       // and the other way round
+    ours.scenes[1].layers.clear();                                        // and the other way round
     theirs.scenes[1].layers[0].opacity = 0.25;
     for (unsigned choice = 0; choice < 8; ++choice) {
         SCOPED_TRACE(choice);

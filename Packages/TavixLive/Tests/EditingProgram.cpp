@@ -42,7 +42,7 @@ public:
 };
 
 void say(const char* what, std::int64_t number) {
-    const std::string line = std::string(what) + " " + std::to_string(number) + "\n";
+    const std::string line = std::string(what).append(" ").append(std::to_string(number)).append("\n");
     if (::write(STDOUT_FILENO, line.data(), line.size()) != ssize_t(line.size())) std::_Exit(1);
 }
 
@@ -50,8 +50,7 @@ class Session {
 public:
     Session(std::string bundle, const std::filesystem::path& stateFolder, double delaySec, unsigned seed)
         : bundle_(std::move(bundle)), backups_(stateFolder / "backups"), random_(seed),
-          model_(services(stateFolder, delaySec)),
-          kept_(watch([this] { sayKept(); }, model_.state.isKept)) {}
+          model_(services(stateFolder, delaySec)), kept_(watch([this] { sayKept(); }, model_.state.isKept)) {}
 
     void run() {
         main_.post([this] {
@@ -66,8 +65,7 @@ public:
     }
 
 private:
-    CompositionEditorModel::Services services(
-        const std::filesystem::path& stateFolder, double delaySec) {
+    CompositionEditorModel::Services services(const std::filesystem::path& stateFolder, double delaySec) {
         CompositionEditorModel::Services services{{main_, render_, workers_}, std::make_shared<EmptyMaker>()};
         services.files = &files_;
         services.stateFolder = stateFolder;

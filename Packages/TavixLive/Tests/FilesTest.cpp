@@ -66,7 +66,8 @@ TEST(Backups, GrowThinWithAge) {
     std::mt19937 random(2);
     std::vector<Backups::Time> kept;
     for (int save = 0; save < 4000; ++save) {   // some twelve a working hour, for a year and more
-        const Backups::Time now = someTime + std::chrono::hours(2 * save) + std::chrono::minutes(random() % 50);
+        const Backups::Time now =
+            someTime + std::chrono::hours(2 * save) + std::chrono::minutes(random() % 50);
         kept.push_back(now);
         kept = Backups::thinned(kept, now);
         ASSERT_EQ(kept.front(), now);

@@ -61,7 +61,8 @@ TEST(Journal, GoesForGoodWhenItIsForgottenAndStaysWhenItIsNot) {
 TEST(Journal, LeavesWhatItCannotReadAndSweepsWhatIsEmpty) {
     const testsupport::TemporaryFolder folder;
     fs::create_directory(folder / "empty");
-    for (const char* text : {"", "{", "{\"version\": 2}", "{\"version\": 1, \"at\": 1, \"assetRoot\": \"/\"}"}) {
+    for (const char* text :
+        {"", "{", "{\"version\": 2}", "{\"version\": 1, \"at\": 1, \"assetRoot\": \"/\"}"}) {
         const fs::path damaged = folder / ("damaged" + std::to_string(entriesIn(folder.path())));
         fs::create_directory(damaged);
         writeBytesAtomically(text, damaged / "unsaved.json");

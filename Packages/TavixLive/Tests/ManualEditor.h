@@ -37,9 +37,7 @@ protected:
     }
     // A light edit of the first scene's first layer; another one each time.
     void tint() {
-        model->update("Tint", [&](EditState& state) {
-            state.layer(0, 0)->opacity = 0.2 + 0.5 / ++tints_;
-        });
+        model->update("Tint", [&](EditState& state) { state.layer(0, 0)->opacity = 0.2 + 0.5 / ++tints_; });
     }
     EditorState& state() { return model->state; }
     const CompositionSpec& spec() { return model->state.edited().spec; }

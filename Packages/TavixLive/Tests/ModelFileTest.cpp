@@ -115,8 +115,8 @@ TEST_F(ModelFile, ChangesNothingUntilItIsChosenWhatToKeep) {
     time.advance(0.5);
     EXPECT_EQ(spec(), ours) << "nothing is chosen";
     for (std::size_t i = 0; i < 2; ++i)
-        model->chooseForConflict(
-            i, state().fileConflicts()[i].values.path.text() == "/seed" ? MergeSide::theirs : MergeSide::ours);
+        model->chooseForConflict(i,
+            state().fileConflicts()[i].values.path.text() == "/seed" ? MergeSide::theirs : MergeSide::ours);
     model->chooseForConflict(7, MergeSide::ours);
     // Meanwhile work goes on, and the other one's too.
     model->update("Longer", [](EditState& changed) { changed.spec.scenes[0].durationSec = 4; });
@@ -215,8 +215,7 @@ TEST_F(ModelFile, DrawsAnewWhenAFileOfTheDocumentChanges) {
     watcher.change(bundle, "assets");
     time.advance(1);
     maker->built.clear();
-    for (int i = 0; i < 5; ++i)
-        watcher.change(CompositionProjectBundle::assetsFolder(bundle), "screen.png");
+    for (int i = 0; i < 5; ++i) watcher.change(CompositionProjectBundle::assetsFolder(bundle), "screen.png");
     watcher.change(CompositionProjectBundle::assetsFolder(bundle), ".screen.png.part");
     time.advance(1);
     EXPECT_EQ(maker->built.size(), 1u);
