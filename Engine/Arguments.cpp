@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <map>
 
 namespace tavix::engine {
 
@@ -31,6 +32,7 @@ struct Arguments::Impl {
     CLI::App app;
     std::string verb;
     std::string missingPositional;
+    std::map<std::string, std::vector<std::string>> words;   // of an argument, by its long name
 
     Impl(std::string_view name, std::string_view summary)
         : app(std::string(summary), "tavix " + std::string(name)), verb(name) {
@@ -112,9 +114,14 @@ void Arguments::choiceAmong(std::string_view name, const std::vector<std::string
                              suggestion(value, known));
         chosen(static_cast<std::size_t>(found - known.begin()));
     };
+    completes(std::string(name), {known.begin(), known.end()});
     std::string shown;
     for (const std::string_view word : known) shown.append(shown.empty() ? "" : "|").append(word);
     impl_->add(name, meaning, take)->type_name(shown);
+}
+
+void Arguments::completes(const std::string& name, std::vector<std::string> words) {
+    impl_->words[name] = std::move(words);
 }
 
 void Arguments::jsonFlag(Terminal& terminal) {
@@ -162,5 +169,23 @@ void Arguments::requireNoExtras() const {
 }
 
 std::string Arguments::help() const { return impl_->app.help(); }
+
+std::vector<ArgumentEntry> Arguments::entries() const {
+    std::vector<ArgumentEntry> all;
+    for (const CLI::Option* option : impl_->app.get_options()) {
+        ArgumentEntry entry;
+        entry.isInPlace = option->get_positional();
+        for (const std::string& name : option->get_snames()) entry.names.push_back("-" + name);
+        for (const std::string& name : option->get_lnames()) entry.names.push_back("--" + name);
+        if (entry.isInPlace) entry.names = {option->get_name(true)};
+        if (option->get_items_expected_max() > 0) entry.placeholder = option->get_type_name();
+        entry.meaning = option->get_description();
+        entry.isRequired = option->get_required();
+        if (const auto known = impl_->words.find(entry.names.back()); known != impl_->words.end())
+            entry.words = known->second;
+        all.push_back(std::move(entry));
+    }
+    return all;
+}
 
 }   // namespace tavix::engine

@@ -2,6 +2,7 @@
 // a `UsageError` with a sentence.
 #pragma once
 
+#include "Engine/ArgumentEntry.h"
 #include "Engine/Words.h"
 
 #include <functional>
@@ -53,9 +54,14 @@ public:
     void jsonFlag(Terminal& terminal);
     void quietFlag(Terminal& terminal);
 
+    // The words that an argument takes, where whoever asked last for it knows them: for completion alone.
+    void completes(const std::string& name, std::vector<std::string> words);
+
     // False when help was asked for, which is then in `help`.
     bool parse(std::span<const std::string> words);
     std::string help() const;
+    // All of them, in the order of their declaration; that for help too.
+    std::vector<ArgumentEntry> entries() const;
 
 private:
     void choiceAmong(std::string_view name, const std::vector<std::string_view>& known,

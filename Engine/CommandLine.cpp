@@ -2,15 +2,16 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/FindingForms.h"
 #include "Engine/Interruption.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
 #include "Engine/Verbs/Verb.h"
 #include "Engine/Words.h"
+#include "TavixAgent/Check/FindingReport.h"
 #include "TavixAgent/Edit/Revision.h"
 #include "TavixCore/Support/TavixVersion.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -114,7 +115,7 @@ std::string placed(const DocumentError& error) {
 int end(Terminal& terminal, int status, const std::string& sentence, const Finding& error) {
     terminal.complain(sentence);
     if (terminal.mode() != Terminal::Mode::json || SystemWatch::hasRefused()) return status;
-    JsonObject told = jsonOf(error);
+    JsonObject told = findingAsJson(error);
     told.set("status", status);
     try {
         terminal.report({{"error", std::move(told)}});
@@ -133,6 +134,10 @@ int endWith(Terminal& terminal, int status, std::string_view code, const std::ex
 
 int runCommand(std::span<const std::string> words) {
     Terminal terminal;
+    // Before the verb reads its words: one that cannot be read is told as JSON too.
+    const auto options =
+        words.first(static_cast<std::size_t>(std::ranges::find(words, "--") - words.begin()));
+    if (std::ranges::find(options, "--json") != options.end()) terminal.setMode(Terminal::Mode::json);
     try {
         dispatch(words, terminal);
         return ExitStatus::done;

@@ -2,10 +2,11 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
-#include "Engine/FindingForms.h"
 #include "Engine/FrameFindings.h"
 #include "Engine/Printable.h"
 #include "Engine/Terminal.h"
+#include "TavixAgent/Check/FindingReport.h"
+#include "TavixAgent/Edit/DocumentEdit.h"
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Judge/IgnoredBesideMotion.h"
@@ -46,12 +47,6 @@ std::vector<CompositionLint::MutedCode> mutedBy(const CompositionSpec& spec, con
             muted.push_back({spec.lint->mute[i], "lint.mute[" + std::to_string(i) + "]"});
     for (const std::string& code : checks.mute) muted.push_back({code, {}});
     return muted;
-}
-
-// As one list, since for machines a list is all that lint gives.
-Json withWarnings(Findings findings, const Terminal& terminal) {
-    findings.insert(findings.end(), terminal.warnings().begin(), terminal.warnings().end());
-    return jsonOf(findings);
 }
 
 // What only the written document tells: reading it has passed over it.
@@ -114,11 +109,20 @@ CompositionLint::Told findingsIn(DocumentFile document, const Checks& checks, Te
     return CompositionLint::told(judged(document, checks, terminal), muted);
 }
 
-void report(const CompositionLint::Told& told, Terminal& terminal) {
+Json writtenIn(const std::string& given) try {
+    return parseJson(readBytes(documentFileOf(given), JsonLimits{}.maxBytes));
+} catch (const Failure&) {
+    return {};
+}
+
+void report(const std::string& given, const CompositionLint::Told& told, Terminal& terminal) {
     if (const std::string note = told.mutedNote(); !note.empty()) terminal.warn("muted", note);
-    if (terminal.mode() == Terminal::Mode::json)
-        terminal.result(withWarnings(told.findings, terminal));
-    else
+    if (terminal.mode() == Terminal::Mode::json) {
+        // With the warnings as one list, since for machines a list is all that lint gives.
+        Findings all = told.findings;
+        all.insert(all.end(), terminal.warnings().begin(), terminal.warnings().end());
+        terminal.result(findingsAsJson(all, writtenIn(given)));
+    } else
         terminal.result(linesOf(told.findings));
     if (hasErrors(told.findings)) throw ErrorsTold();
 }

@@ -3,6 +3,7 @@
 
 #include "TavixCore/Findings/CompositionFinding.h"
 #include "TavixCore/Judge/Muting.h"
+#include "TavixCore/Support/Json.h"
 
 #include <span>
 #include <string>
@@ -32,9 +33,11 @@ struct Checks {
 CompositionLint::Told findingsOf(const std::string& given, const Checks& checks, Terminal& terminal);
 // Of one that is open.
 CompositionLint::Told findingsIn(DocumentFile document, const Checks& checks, Terminal& terminal);
-// As the result of the command; how many are muted goes to standard error. Throws `ErrorsTold` when there are
-// errors among those that are told.
-void report(const CompositionLint::Told& told, Terminal& terminal);
+// What its author wrote; null where that is no JSON.
+Json writtenIn(const std::string& given);
+// As the result of the command, with what mends each finding; how many are muted goes to standard error.
+// Throws `ErrorsTold` when there are errors among those that are told.
+void report(const std::string& given, const CompositionLint::Told& told, Terminal& terminal);
 
 // On standard error, each as the warning or the error that it is.
 void tellFindings(std::span<const CompositionLint::Finding> findings, Terminal& terminal);

@@ -1,7 +1,6 @@
 #include "Engine/LintCodes.h"
 
-#include "Engine/FindingForms.h"
-
+#include "TavixAgent/Check/FindingReport.h"
 #include "TavixCore/Findings/LintRule.h"
 
 #include <algorithm>
@@ -28,6 +27,12 @@ codes begin with `frames-` and `flash-` are told by `tavix lint --frames`, which
 )";
 
 }   // namespace
+
+std::vector<std::string> lintCodeNames() {
+    std::vector<std::string> names;
+    for (const RuleEntry& entry : CompositionLint::rules()) names.emplace_back(entry.code);
+    return names;
+}
 
 std::string lintCodesAsText() {
     std::size_t widest = 0;

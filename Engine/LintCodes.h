@@ -4,10 +4,12 @@
 #include "TavixCore/Support/Json.h"
 
 #include <string>
+#include <vector>
 
 namespace tavix::engine {
 
 std::string lintCodesAsText();
+std::vector<std::string> lintCodeNames();
 Json lintCodesAsJson();
 std::string lintCodesPage();   // in Markdown, with an example of each
 

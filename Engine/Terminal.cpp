@@ -3,6 +3,7 @@
 #include "Engine/FindingForms.h"
 #include "Engine/Printable.h"
 #include "Engine/SystemWatch.h"
+#include "TavixAgent/Check/FindingReport.h"
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixRender/Assets/RenderLog.h"
@@ -49,8 +50,8 @@ void Terminal::result(const std::string& text) {
 void Terminal::result(const Json& json) { result(writeJson(json) + "\n"); }
 
 void Terminal::report(JsonObject json) {
-    json.set("warnings", jsonOf(std::span<const Finding>(warnings_)));
-    if (!notes_.empty()) json.set("notes", jsonOf(std::span<const Finding>(notes_)));
+    json.set("warnings", findingsAsJson(warnings_));
+    if (!notes_.empty()) json.set("notes", findingsAsJson(notes_));
     result(Json(std::move(json)));
 }
 

@@ -45,6 +45,20 @@ TEST_F(AgentVerbs, EditLeavesEveryOtherByte) {
     EXPECT_EQ(film(), before);
 }
 
+TEST_F(AgentVerbs, LintAndCheckTellAFindingInOneForm) {
+    const Json checked = parseJson(tavix({"check", "film.json", "--quick", "--json"}).out);
+    const Json linted = parseJson(tavix({"lint", "film.json", "--footage", "--json"}).out);
+    const JsonArray& findings = *checked.find("findings")->array();
+    ASSERT_FALSE(findings.empty());
+    EXPECT_EQ(linted.array()->size(), findings.size());
+    bool hasRepair = false;
+    for (const Json& finding : findings) {
+        EXPECT_THAT(*linted.array(), ::testing::Contains(finding)) << *finding.find("message")->text();
+        hasRepair = hasRepair || finding.find("repair");
+    }
+    EXPECT_TRUE(hasRepair);   // of "opcity"
+}
+
 TEST_F(AgentVerbs, EditIsWholeOrNothing) {
     const std::string before = film();
     const struct {

@@ -12,7 +12,7 @@ void AuditVerb::declare(Arguments& arguments, Terminal& terminal) {
 }
 
 void AuditVerb::run(Terminal& terminal) {
-    report(findingsOf(document_, {.footage = true}, terminal), terminal);
+    report(document_, findingsOf(document_, {.footage = true}, terminal), terminal);
 }
 
 }   // namespace tavix::engine

@@ -5,6 +5,7 @@
 #include "Engine/Errors.h"
 #include "Engine/Findings.h"
 #include "Engine/Interruption.h"
+#include "Engine/LintCodes.h"
 #include "Engine/Terminal.h"
 #include "TavixAgent/Check/FilmFigures.h"
 #include "TavixAgent/Check/FindingReport.h"
@@ -87,6 +88,7 @@ void CheckVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.flag("--fix", mends_,
         "Mend what is certain and changes nothing that was meant, and show what changed. A document that would be worse for it stays as it was.");
     arguments.texts("--mute", muted_, "CODE", "A rule that is not told, by its code; see lint.");
+    arguments.completes("--mute", lintCodeNames());
     arguments.jsonFlag(terminal);
 }
 
@@ -129,9 +131,8 @@ void CheckVerb::run(Terminal& terminal) {
     const auto figures = isQuick_ ? std::nullopt : figuresOfFilm(document_, told, terminal);
     const std::string bytes = readBytes(documentFileOf(document_), JsonLimits{}.maxBytes);
     if (terminal.mode() == Terminal::Mode::json) {
-        const Json written = isReadable ? parseJson(bytes) : Json();
         JsonObject result{{"revision", revisionOf(bytes)},
-            {"findings", findingsAsJson(firstOf(told.findings), written)},
+            {"findings", findingsAsJson(firstOf(told.findings), writtenIn(document_))},
             {"findingCount", told.findings.size()}, {"mutedCount", told.muted.size()}};
         if (figures) result.set("figures", writeValue(typeOf<FilmFigures>(), &*figures));
         if (mended)

@@ -16,6 +16,7 @@ void LintVerb::declare(Arguments& arguments, Terminal& terminal) {
         "Draw the film small, and tell what its frames show: flashes that can cause seizures, black or frozen stretches, texts that are hard to read.");
     arguments.texts("--mute", muted_, "CODE",
         "A rule that is not told, by its code; may be given several times. A document keeps its own under lint.mute.");
+    arguments.completes("--mute", lintCodeNames());
     arguments.flag("--codes", listsCodes_, "List the rules with their codes and what to do about each.");
     arguments.flag("--markdown", isMarkdown_, "With --codes: as a page for people.");
     arguments.jsonFlag(terminal);
@@ -26,7 +27,7 @@ void LintVerb::run(Terminal& terminal) {
     if (document_.empty())
         throw UsageError("lint needs a document: a .tavixcomp bundle or a composition.json.");
     const Checks checks{.lint = true, .footage = opensFootage_, .frames = drawsFrames_, .mute = muted_};
-    report(findingsOf(document_, checks, terminal), terminal);
+    report(document_, findingsOf(document_, checks, terminal), terminal);
 }
 
 void LintVerb::listCodes(Terminal& terminal) const {

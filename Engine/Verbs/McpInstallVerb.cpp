@@ -28,6 +28,9 @@ std::filesystem::path projectFolder(const std::string& given) {
 
 void McpHostVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text("--host", host_, "ID", "The program that agents run in: " + hostIDs() + ".");
+    std::vector<std::string> ids;
+    for (const Host& host : hosts()) ids.emplace_back(host.id);
+    arguments.completes("--host", std::move(ids));
     arguments.flag("--global", isGlobal_, "For all of your projects.");
     arguments.text("--repo", repo_, "FOLDER", "For the project in this folder.");
     if (takesCommand())
@@ -39,7 +42,7 @@ void McpHostVerb::run(Terminal& terminal) {
     if (!host_) throw UsageError("Say which host, as in --host claude; there are " + hostIDs() + ".");
     if (isGlobal_ == repo_.has_value())
         throw UsageError("Say where: either --global, or --repo FOLDER for one project.");
-    InstallRequest request{.host = hostNamed(*host_), .folders = UserFolders::ofEnvironment()};
+    InstallRequest request{hostNamed(*host_), UserFolders::ofEnvironment(), {}};
     if (repo_) request.project = projectFolder(*repo_);
     if (command_) request.command = *command_;
     const InstallResult result = change(request);

@@ -48,9 +48,10 @@ bool hasInput() {
 
 }   // namespace
 
-void McpServeVerb::declare(Arguments& arguments, Terminal&) {
+void McpServeVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text("--root", root_, "FOLDER",
         "The folder that is read and written, and nothing outside it; this one by default.");
+    arguments.jsonFlag(terminal);
 }
 
 void McpServeVerb::run(Terminal&) {

@@ -62,6 +62,9 @@ void write(const TemplateDocument& made, const fs::path& bundle) {
 void NewVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("bundle", bundle_, "The bundle to make; its name ends in .tavixcomp.");
     arguments.text("--template", template_, "NAME", "What to start from; tavix new --list tells the names.");
+    std::vector<std::string> names;
+    for (const Template& entry : templates()) names.emplace_back(entry.name);
+    arguments.completes("--template", std::move(names));
     arguments.value(
         "--size", "WxH",
         [this](const std::string& text) { size_ = sizeNamed(text, leastSidePx, mostSidePx); },

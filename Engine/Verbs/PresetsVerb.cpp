@@ -151,6 +151,8 @@ std::string tableOf(const std::vector<Preset>& presets, std::string_view usage) 
 void PresetsVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("family", family_, "One of " + listed(familyNames()) + ".",
         "presets needs a family: " + listed(familyNames()) + ".");
+    const std::vector<std::string_view> families = familyNames();
+    arguments.completes("family", {families.begin(), families.end()});
     arguments.positional(
         "name", name_, "A device, a motion, a formation or an animation of text, to see what it becomes.");
     arguments.text("--preview", preview_, "FILE",

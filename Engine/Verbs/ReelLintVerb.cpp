@@ -2,9 +2,9 @@
 
 #include "Engine/Arguments.h"
 #include "Engine/Errors.h"
-#include "Engine/FindingForms.h"
 #include "Engine/Reel/ReelRecording.h"
 #include "Engine/Terminal.h"
+#include "TavixAgent/Check/FindingReport.h"
 #include "TavixReel/Lint/FlowSpecLint.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ void ReelLintVerb::run(Terminal& terminal) {
     const std::vector<Finding> findings = FlowSpecLint::lint(flow);
     const auto summary = FlowSpecLint::summary(flow);
     if (terminal.mode() == Terminal::Mode::json) {
-        JsonObject result{{"findings", jsonOf(findings)}};
+        JsonObject result{{"findings", findingsAsJson(findings)}};
         if (summary) result.set("summary", *summary);
         terminal.report(std::move(result));
     } else {

@@ -10,9 +10,10 @@
 
 namespace tavix::engine {
 
-void ResolveVerb::declare(Arguments& arguments, Terminal&) {
+void ResolveVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("document", document_, "A .tavixcomp bundle or a composition.json.",
         "resolve needs a document: a .tavixcomp bundle or a composition.json.");
+    arguments.jsonFlag(terminal);
 }
 
 void ResolveVerb::run(Terminal& terminal) {

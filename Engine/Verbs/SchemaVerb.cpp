@@ -31,12 +31,17 @@ const DocumentSchema& schemaNamed(const std::string& type) {
 
 }   // namespace
 
-void SchemaVerb::declare(Arguments& arguments, Terminal&) {
-    arguments.positional("type", type_, "One of " + listed(typeNames()) + "; composition by default.");
+void SchemaVerb::declare(Arguments& arguments, Terminal& terminal) {
+    const std::vector<std::string_view> names = typeNames();
+    arguments.positional("type", type_, "One of " + listed(names) + "; composition by default.");
+    arguments.completes("type", {names.begin(), names.end()});
     arguments.flag("--markdown", isMarkdown_, "Print a page for people instead.");
+    arguments.jsonFlag(terminal);
 }
 
 void SchemaVerb::run(Terminal& terminal) {
+    if (isMarkdown_ && terminal.mode() == Terminal::Mode::json)
+        throw UsageError("--markdown is for people and --json for machines; leave out one of them.");
     const DocumentSchema& schema = type_.empty() ? documentSchemas().front() : schemaNamed(type_);
     if (isMarkdown_)
         terminal.result(documentReference(schema));

@@ -3,7 +3,6 @@
 #include "Engine/Arguments.h"
 #include "Engine/AssetFiles.h"
 #include "Engine/Errors.h"
-#include "Engine/FindingForms.h"
 #include "Engine/Findings.h"
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
@@ -11,6 +10,7 @@
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
+#include "TavixAgent/Check/FindingReport.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
@@ -35,7 +35,7 @@ JsonObject resultOf(const CompositionSpec& spec, const std::filesystem::path& ta
     }
     return JsonObject{{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
         {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height}, {"sizeBytes", fileSize(target)},
-        {"cells", std::move(cells)}, {"findings", jsonOf(findings)}};
+        {"cells", std::move(cells)}, {"findings", findingsAsJson(findings)}};
 }
 
 }   // namespace

@@ -2,11 +2,13 @@
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/BrandVerb.h"
 #include "Engine/Verbs/CheckVerb.h"
+#include "Engine/Verbs/CompletionVerb.h"
 #include "Engine/Verbs/DemoVerb.h"
 #include "Engine/Verbs/DescribeVerb.h"
 #include "Engine/Verbs/DiffVerb.h"
 #include "Engine/Verbs/EditVerb.h"
 #include "Engine/Verbs/LintVerb.h"
+#include "Engine/Verbs/ManualVerb.h"
 #include "Engine/Verbs/McpInstallVerb.h"
 #include "Engine/Verbs/McpServeVerb.h"
 #include "Engine/Verbs/McpStatusVerb.h"
@@ -113,6 +115,9 @@ constexpr VerbEntry entries[] = {
         "tavix reel sheet shop.tavixproj --every 0.5", make<ReelSheetVerb>},
     {"reel describe", "Tell what a reel does and when, or draw it.",
         "tavix reel describe shop.tavixproj --plot shop.png", make<ReelDescribeVerb>},
+    {"completion", "Print what a shell needs to complete the words of the command.",
+        "tavix completion bash > ~/.local/share/bash-completion/completions/tavix", make<CompletionVerb>},
+    {"manual", "Print a page of the manual, for man.", "tavix manual render | man -l -", make<ManualVerb>},
 };
 
 }   // namespace

@@ -46,19 +46,41 @@ Json textSchema(const char* meaning) { return JsonObject{{"type", "string"}, {"d
 
 void orderByImportance(std::vector<Finding>& findings) { std::ranges::stable_sort(findings, {}, weightOf); }
 
-Json findingAsJson(const Finding& finding, const Json& written) {
-    JsonObject one{{"level", isError(finding) ? "error" : "warning"}, {"code", finding.code},
-        {"path", finding.path}, {"pointer", CompositionLint::pointerOf(finding.path, written).text()},
+const char* wordOf(Finding::Level level) {
+    switch (level) {
+    case Finding::Level::error: return "error";
+    case Finding::Level::warning: return "warning";
+    case Finding::Level::note: return "note";
+    case Finding::Level::progress: break;
+    }
+    return "progress";
+}
+
+JsonObject findingAsJson(const Finding& finding) {
+    JsonObject one{{"level", wordOf(finding.level)}, {"code", finding.code}, {"path", finding.path},
         {"message", finding.message}};
     if (finding.suggestion) one.set("suggestion", *finding.suggestion);
+    if (!finding.file.empty()) one.set("file", finding.file);
+    return one;
+}
+
+JsonObject findingAsJson(const Finding& finding, const Json& written) {
+    JsonObject one = findingAsJson(finding);
+    one.set("pointer", CompositionLint::pointerOf(finding.path, written).text());
     if (const JsonPatch repair = CompositionLint::repairOf(finding, written); !repair.empty())
         one.set("repair", writePatch(repair));
     return one;
 }
 
+Json findingsAsJson(std::span<const Finding> findings) {
+    JsonArray all;
+    for (const Finding& finding : findings) all.emplace_back(findingAsJson(finding));
+    return all;
+}
+
 Json findingsAsJson(std::span<const Finding> findings, const Json& written) {
     JsonArray all;
-    for (const Finding& finding : findings) all.push_back(findingAsJson(finding, written));
+    for (const Finding& finding : findings) all.emplace_back(findingAsJson(finding, written));
     return all;
 }
 
@@ -70,6 +92,7 @@ Json findingSchema() {
                 {"path", textSchema("Where it is, with keys and indices.")},
                 {"pointer", textSchema("The same as a JSON Pointer in the document as it is written.")},
                 {"message", textSchema("What is wrong.")}, {"suggestion", textSchema("What to do.")},
+                {"file", textSchema("The file that it speaks of.")},
                 {"repair", JsonObject{{"type", "array"}, {"items", JsonObject{{"type", "object"}}},
                                {"description", "A JSON Patch that mends it, where that is certain."}}}}},
         {"required", JsonArray{"level", "code", "path", "pointer", "message"}}};

@@ -13,11 +13,16 @@ namespace tavix {
 // Errors first, then what harms or cannot be seen, then taste; otherwise in their order.
 void orderByImportance(std::vector<Finding>& findings);
 
-// {level, code, path, pointer, message, suggestion?, repair?}. The paths are those of the document as it is
-// written.
-Json findingAsJson(const Finding& finding, const Json& written);
+// "error", "warning", "note" or "progress".
+const char* wordOf(Finding::Level level);
+
+// {level, code, path, message, suggestion?, file?}: every finding of the product, wherever it is told. Of a
+// document, as it is written and with its paths, also {pointer, repair?}.
+JsonObject findingAsJson(const Finding& finding);
+JsonObject findingAsJson(const Finding& finding, const Json& written);
+Json findingsAsJson(std::span<const Finding> findings);
 Json findingsAsJson(std::span<const Finding> findings, const Json& written);
-// The JSON Schema of one of them.
+// The JSON Schema of one of a document.
 Json findingSchema();
 
 // All repairs that change no intent, as one patch that can be applied to the document.
