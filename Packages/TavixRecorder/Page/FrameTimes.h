@@ -5,12 +5,15 @@
 
 namespace tavix::recorder {
 
-// Whole microseconds, as the browser counts, so that nothing adds up over a long recording.
+// Whole tenths of a millisecond, so that nothing adds up over a long recording: what browsers tell pages of
+// time is no finer, and where a time lies between two tenths each run tells another one of them.
 class FrameTimes {
 public:
     explicit FrameTimes(int fps) : fps_(fps) {}
 
-    std::int64_t microsecondsAt(std::int64_t frame) const { return frame * 1'000'000 / fps_; }
+    std::int64_t microsecondsAt(std::int64_t frame) const {
+        return (frame * 20'000 + fps_) / (2 * fps_) * 100;
+    }
     double millisecondsAt(std::int64_t frame) const { return double(microsecondsAt(frame)) / 1000; }
     // From the frame before it to this one.
     double millisecondsBefore(std::int64_t frame) const {

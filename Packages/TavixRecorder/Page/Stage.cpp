@@ -3,7 +3,7 @@
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixRecorder/Browser/Base64.h"
-#include "TavixRecorder/Page/DriverScript.h"
+#include "TavixRecorder/Page/Scripts.h"
 #include "TavixRecorder/Page/SiteFolder.h"
 
 #include <algorithm>
@@ -22,10 +22,7 @@ constexpr double pageEpochSec = 1748857260;
 // time.
 constexpr double headStartMs = 2000;
 // The browser cuts times off to whole microseconds, also those that only just miss the next one.
-constexpr double hairMs = 0.0002;
-// A frame is never behind the page's clock: to an animation that begins between frames that would be another
-// frame.
-constexpr double aheadMs = 0.01;
+constexpr double hairMs = 0.0004;
 constexpr double mostLoadingSec = 30;       // of the page's clock
 constexpr double requestPatienceSec = 10;   // of ours
 // Keys and buttons reach the page at once, while its time stands still; movements and touches reach it with
@@ -92,7 +89,10 @@ void Stage::listen() {
     devTools_.on("Network.requestWillBeSent", [this](const Json& event) {
         const Json* request = event.find("request");
         if (!request) return;
-        requests_[textAt(event, "requestId")] = textAt(*request, "url");
+        // Streams of events end with the page, and what lies within the browser is not told to end.
+        const std::string url = textAt(*request, "url");
+        if (textAt(event, "type") != "EventSource" && !url.starts_with("blob:"))
+            requests_[textAt(event, "requestId")] = url;
         if (textAt(event, "type") == "Document" && textAt(event, "frameId") == mainFrame_)
             pageRequest_ = textAt(event, "requestId");
     });
@@ -133,6 +133,8 @@ void Stage::prepare() {
     devTools_.call("Fetch.enable", {{"patterns", JsonArray{JsonObject{{"urlPattern", "*"}}}}});
     devTools_.call(
         "Page.addScriptToEvaluateOnNewDocument", {{"source", driverScript}, {"worldName", driverWorld}});
+    devTools_.call("Page.addScriptToEvaluateOnNewDocument",
+        {{"source", std::string(clockScript) + "(" + std::to_string(settings_.fps) + ")"}});
     const Json own = JsonObject{{"isDriven", true}, {"initialState", settings_.initialState}};
     devTools_.call(
         "Page.addScriptToEvaluateOnNewDocument", {{"source", "globalThis.tavix = " + writeJson(own)}});
@@ -140,11 +142,11 @@ void Stage::prepare() {
                            .call("Emulation.setVirtualTimePolicy",
                                {{"policy", "pause"}, {"initialVirtualTime", pageEpochSec}})
                            .result;
-    // Frames lie at whole milliseconds of the machine's clock, so that none depends on when the browser was
-    // started.
+    // Frames lie at whole tenths of a millisecond of the machine's clock, so that none depends on when the
+    // browser was started.
     const double startMs = numberAt(began, "virtualTimeTicksBase");
-    baseMs_ = std::ceil(startMs + headStartMs);
-    epochSec_ = wallSec() - monotonicMs() / 1000;
+    baseMs_ = std::ceil((startMs + headStartMs) * 10) / 10;
+    epochSec_ = std::round(wallSec() * 1000 - monotonicMs()) / 1000;
     advance(baseMs_ - startMs);
 }
 
@@ -184,6 +186,8 @@ void Stage::load() {
     // By a script, so that the page's clock begins by the clock that stands still, and not by the machine's.
     devTools_.post(
         "Runtime.evaluate", {{"expression", "location.replace(" + writeJson(settings_.url) + ")"}});
+    // Time begins when the page answers, and not while it is asked for.
+    devTools_.waitUntil([this] { return pageStatus_ || !loadFault_.empty(); }, requestPatienceSec);
     const std::int64_t most = times_.framesIn(mostLoadingSec);
     bool isSettled = false;
     for (int calm = 0; calm < 3 && frame_ < most;) {
@@ -231,7 +235,7 @@ const std::string& Stage::nextFrame() {
     const double stepMs = times_.millisecondsBefore(frame_);
     advance(stepMs);
     Reply reply = devTools_.call("HeadlessExperimental.beginFrame",
-        {{"frameTimeTicks", baseMs_ + times_.millisecondsAt(frame_) + aheadMs}, {"interval", stepMs},
+        {{"frameTimeTicks", baseMs_ + times_.millisecondsAt(frame_) + hairMs}, {"interval", stepMs},
             {"screenshot", JsonObject{{"format", "png"}, {"optimizeForSpeed", true}}}});
     devTools_.settle(std::exchange(inputs_, {}), inputSec);
     hasChanged_ = !reply.picture.empty() && reply.picture != picture_;
@@ -273,7 +277,9 @@ void Stage::tell(std::string_view event, const Json& detail) {
 
 // Events carry the time of the page's clock, in seconds since 1970 as this machine's clock of events counts
 // them, so that speeds come out the same on every machine.
-double Stage::inputTimestamp() const { return epochSec_ + (baseMs_ + times_.millisecondsAt(frame_)) / 1000; }
+double Stage::inputTimestamp() const {
+    return epochSec_ + (baseMs_ + times_.millisecondsAt(frame_) + hairMs) / 1000;
+}
 
 void Stage::touch(Phase phase, double x, double y) {
     const char* types[] = {"touchStart", "touchMove", "touchEnd"};
@@ -291,10 +297,8 @@ void Stage::mouse(Phase phase, double x, double y) {
         {"buttons", phase == Phase::up ? 0 : 1}};
     if (phase == Phase::move)
         inputs_.push_back(devTools_.send("Input.dispatchMouseEvent", std::move(event)));
-    else {
+    else
         devTools_.offer("Input.dispatchMouseEvent", std::move(event), pressSec);
-        ask("motion");   // what it set in motion begins now, and not with whatever asks next
-    }
 }
 
 void Stage::hover(double x, double y) {
