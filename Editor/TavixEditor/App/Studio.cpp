@@ -1,0 +1,50 @@
+#include "TavixEditor/App/Studio.h"
+
+#include "TavixLive/Stage/Stage.h"
+#include "TavixPlatform/Sound/PulseAudioOutput.h"
+
+#include <utility>
+
+namespace tavix::editor {
+
+namespace {
+
+// Asks at every start, since a server may come and go.
+class DesktopAudioOutput final : public media::AudioOutput {
+public:
+    explicit DesktopAudioOutput(system::SerialExecutor& sound) : heard_(sound, "Tavix"), silent_(sound) {}
+
+    void start(const media::AudioFormat& format, Fill fill) override {
+        stop();
+        used_ = heard_.isReady() ? static_cast<media::AudioOutput*>(&heard_) : &silent_;
+        used_->start(format, std::move(fill));
+    }
+    void stop() override {
+        heard_.stop();
+        silent_.stop();
+    }
+    double heardFrames() const override { return used_ ? used_->heardFrames() : 0; }
+
+private:
+    media::PulseAudioOutput heard_;
+    NullAudioOutput silent_;
+    media::AudioOutput* used_ = nullptr;
+};
+
+std::unique_ptr<media::AudioOutput> outputOf(Sound sound, system::SerialExecutor& executor) {
+    if (sound == Sound::desktop) return std::make_unique<DesktopAudioOutput>(executor);
+    return std::make_unique<NullAudioOutput>(executor);
+}
+
+}   // namespace
+
+Studio::Studio(const system::StandardFolders& folders, Sound sound)
+    : output_(outputOf(sound, sound_)), defaults(folders.config), recents(defaults),
+      model({.executors = {main_, render_, workers_},
+          .maker = std::make_shared<Stage>(Stage::Options{}, RenderLog{}),
+          .output = output_.get(),
+          .recents = &recents}) {}
+
+Studio::~Studio() = default;
+
+}   // namespace tavix::editor

@@ -1,0 +1,40 @@
+// The threads, the sound and the model behind the window.
+#pragma once
+
+#include "TavixEditor/App/QtMainExecutor.h"
+#include "TavixLive/Files/RecentProjects.h"
+#include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixLive/Playback/NullAudioOutput.h"
+#include "TavixPlatform/System/StandardFolders.h"
+#include "TavixPlatform/System/WorkerThread.h"
+
+#include <memory>
+
+namespace tavix::editor {
+
+// Where sound is heard: the desktop's server where one answers, otherwise nowhere, in time.
+enum class Sound { desktop, nowhere };
+
+class Studio {
+public:
+    Studio(const system::StandardFolders& folders, Sound sound);
+    ~Studio();
+
+private:
+    // In the order in which they are needed: those below go first. Work comes back to the main executor, so
+    // it outlives the threads.
+    QtMainExecutor main_;
+    system::WorkerPool workers_{3};   // an export and an analysis leave one for files
+    system::WorkerThread render_, sound_;
+    std::unique_ptr<media::AudioOutput> output_;
+
+public:
+    UserDefaults defaults;
+    RecentProjects recents;
+    CompositionEditorModel model;
+
+    QtMainExecutor& main() { return main_; }
+    system::Executor& workers() { return workers_; }
+};
+
+}   // namespace tavix::editor

@@ -1,0 +1,174 @@
+#include "TavixEditor/Stage/StageView.h"
+
+#include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace tavix::editor {
+
+using design::Style;
+
+namespace {
+
+// The image borrows the pixels and keeps them alive. RGB32: no alpha to blend.
+QImage borrowed(const imaging::BitmapRef& pixels, double ratio) {
+    auto* keep = new imaging::BitmapRef(pixels);
+    const imaging::ConstBitmapView view = pixels->view();
+    QImage image(
+        view.pixels, view.size.width, view.size.height, qsizetype(view.strideBytes), QImage::Format_RGB32,
+        [](void* kept) { delete static_cast<imaging::BitmapRef*>(kept); }, keep);
+    image.setDevicePixelRatio(ratio);
+    return image;
+}
+
+// Titles stay within nine tenths of a frame, what happens within 93 parts of a hundred (SMPTE RP 2046-1).
+constexpr double titleSafe = 0.90, actionSafe = 0.93;
+
+}   // namespace
+
+StageView::StageView(CompositionEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize(240, 200);
+    setAccessibleName(QCoreApplication::translate("StageView", "Stage"));
+    model_.setStageSink([this](const StagePicture& picture) { show(picture); });
+    connections_.push_back(
+        tavix::show([this] { showDocument(); }, model_.state.edited, model_.state.isLoaded));
+}
+
+StageView::~StageView() { model_.setStageSink({}); }
+
+void StageView::showDocument() {
+    const CompositionOutput& output = model_.state.edited().spec.output;
+    if (!model_.state.isLoaded()) image_ = {};
+    const QSizeF canvas{double(output.widthPx), double(output.heightPx)};
+    if (canvas != viewport_.canvas()) {
+        viewport_.setCanvas(canvas);
+        moved();
+    }
+}
+
+void StageView::show(const StagePicture& picture) {
+    image_ = borrowed(picture.pixels, devicePixelRatioF());
+    update(viewport_.drawnRect());
+}
+
+void StageView::tellRoom() {
+    const QSizeF canvas = QSizeF(viewport_.drawnRect().size()) * devicePixelRatioF();
+    const QSize room(int(std::lround(canvas.width())), int(std::lround(canvas.height())));
+    if (room == room_ || room.isEmpty()) return;
+    room_ = room;
+    model_.setStageRoom({room.width(), room.height()});
+}
+
+void StageView::moved() {
+    tellRoom();
+    update();
+}
+
+void StageView::fit() {
+    viewport_.fit();
+    moved();
+}
+void StageView::zoomBy(double factor) {
+    viewport_.zoomTo(viewport_.scale() * factor);
+    moved();
+}
+void StageView::zoomToActualPixels() {
+    viewport_.zoomTo(1 / devicePixelRatioF());
+    moved();
+}
+void StageView::setSafeAreasShown(bool areShown) {
+    showsSafeAreas_ = areShown;
+    update();
+}
+
+void StageView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const QRect canvas = viewport_.drawnRect();
+    for (const QRect& rect : event->region() - QRegion(canvas)) painter.fillRect(rect, Style::theme().stage);
+    painter.setClipRegion(event->region());
+    if (image_.isNull()) {
+        painter.fillRect(canvas, Qt::black);
+    } else if (image_.size() == room_) {
+        painter.drawImage(canvas.topLeft(), image_);
+    } else {   // magnified, or for the moment until a frame of the new size comes
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, viewport_.scale() <= 1);
+        painter.drawImage(canvas, image_, image_.rect());
+    }
+    if (showsSafeAreas_) drawSafeAreas(painter);
+}
+
+void StageView::drawSafeAreas(QPainter& painter) const {
+    const QRectF canvas = viewport_.drawnRect();
+    painter.setBrush(Qt::NoBrush);
+    for (const double part : {actionSafe, titleSafe}) {
+        QRectF area(0, 0, canvas.width() * part, canvas.height() * part);
+        area.moveCenter(canvas.center());
+        painter.setPen(QPen(QColor(0, 0, 0, 110), 3));
+        painter.drawRect(area);
+        painter.setPen(QPen(QColor(255, 255, 255, 190), 1));
+        painter.drawRect(area);
+    }
+}
+
+void StageView::resizeEvent(QResizeEvent*) {
+    viewport_.setView(size());
+    moved();
+}
+
+void StageView::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        viewport_.zoomAbout(event->position(), std::exp(event->angleDelta().y() / 480.0));
+    } else {
+        const QPoint step = event->hasPixelDelta() ? event->pixelDelta() : event->angleDelta() / 2;
+        if (viewport_.isFitted()) return event->ignore();
+        viewport_.pan(event->modifiers().testFlag(Qt::ShiftModifier) ? step.transposed() : step);
+    }
+    event->accept();
+    moved();
+}
+
+void StageView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton) return QWidget::mousePressEvent(event);
+    panFrom_ = event->position();
+    setCursor(Qt::ClosedHandCursor);
+}
+
+void StageView::mouseMoveEvent(QMouseEvent* event) {
+    if (!panFrom_) return;
+    viewport_.pan(event->position() - *panFrom_);
+    panFrom_ = event->position();
+    moved();
+}
+
+void StageView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton) return;
+    panFrom_.reset();
+    unsetCursor();
+}
+
+bool StageView::event(QEvent* event) {
+    if (event->type() == QEvent::NativeGesture) {
+        const auto* gesture = static_cast<QNativeGestureEvent*>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
+            viewport_.zoomAbout(gesture->position(), 1 + gesture->value());
+            moved();
+            return true;
+        }
+    }
+    if (event->type() == QEvent::ScreenChangeInternal) tellRoom();   // other device pixels
+    return QWidget::event(event);
+}
+
+}   // namespace tavix::editor

@@ -1,0 +1,59 @@
+// Shows the frames of the film as they come, in the device pixels of the stage, and forwards what is done on
+// it. Frames are drawn elsewhere, off the main thread: to show one is a plain copy.
+#pragma once
+
+#include "TavixEditor/Stage/StageViewport.h"
+#include "TavixLive/Observing/Observable.h"
+
+#include <QImage>
+#include <QWidget>
+
+#include <memory>
+
+namespace tavix {
+class CompositionEditorModel;
+struct StagePicture;
+}   // namespace tavix
+
+namespace tavix::editor {
+
+class StageView final : public QWidget {
+public:
+    explicit StageView(CompositionEditorModel& model, QWidget* parent = nullptr);
+    ~StageView() override;
+
+    const StageViewport& viewport() const { return viewport_; }
+    void fit();
+    void zoomBy(double factor);   // about the middle
+    void zoomToActualPixels();    // a pixel of the canvas is one of the screen
+    void setSafeAreasShown(bool areShown);
+    bool areSafeAreasShown() const { return showsSafeAreas_; }
+    // As it stands on the stage; null before the first.
+    QImage frame() const { return image_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void show(const StagePicture& picture);
+    void showDocument();
+    void moved();      // the canvas stands elsewhere
+    void tellRoom();   // to the model, once it is another one
+    void drawSafeAreas(QPainter& painter) const;
+
+    CompositionEditorModel& model_;
+    StageViewport viewport_;
+    QImage image_;
+    QSize room_;
+    bool showsSafeAreas_ = false;
+    std::optional<QPointF> panFrom_;
+    Connections connections_;
+};
+
+}   // namespace tavix::editor

@@ -1,0 +1,112 @@
+#include "TavixEditor/Windows/EditorView.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixEditor/App/Actions.h"
+#include "TavixEditor/App/Words.h"
+#include "TavixEditor/Panels/TransportBar.h"
+#include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Windows/MenuBar.h"
+#include "TavixLive/Model/CompositionEditorModel.h"
+#ifdef TAVIX_HAS_TIMELINE
+#include "TavixEditor/Inspector/InspectorView.h"
+#include "TavixEditor/Timeline/TimelineView.h"
+#endif
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSplitter>
+
+namespace tavix::editor {
+
+using namespace design;
+
+namespace {
+
+QPushButton* buttonOf(QAction* action, const QString& words) {
+    auto* button = new QPushButton(words);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setEnabled(action->isEnabled());
+    QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::changed, button, [=] { button->setEnabled(action->isEnabled()); });
+    button->setToolTip(action->shortcut().toString(QKeySequence::NativeText));
+    return button;
+}
+
+}   // namespace
+
+EditorView::EditorView(CompositionEditorModel& model, const Actions& actions, QWidget* parent)
+    : QWidget(parent), model_(model) {
+    onGround(this, QPalette::Mid);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeTopBar(actions));
+    column->addWidget(makeRule(Qt::Horizontal));
+    column->addWidget(makeWorkspace(actions), 1);
+    EditorState& state = model_.state;
+    connections_.push_back(tavix::show([this] { showState(); }, state.bundle, state.hasUnsavedChanges,
+        state.statusMessage, state.errorMessage));
+}
+
+QWidget* EditorView::makeTopBar(const Actions& actions) {
+    auto* bar = onGround(new QWidget, QPalette::Mid);
+    bar->setFixedHeight(height::toolbar);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(space::small, 0, space::medium, 0);
+    row->setSpacing(space::small);
+    row->addWidget(makeMenuBar(actions), 0, Qt::AlignVCenter);
+    row->addSpacing(space::small);
+    name_ = makeLabel({}, TextSize::strong);
+    edited_ = makeLabel({}, TextSize::caption, Tone::secondary);
+    status_ = makeLabel({}, TextSize::caption, Tone::secondary);
+    row->addWidget(name_);
+    row->addWidget(edited_);
+    row->addStretch();
+    row->addWidget(status_);
+    row->addSpacing(space::small);
+    row->addWidget(buttonOf(actions.save, tr("Save")));
+    auto* exportButton = buttonOf(actions.exportFilm, tr("Export…"));
+    exportButton->setDefault(true);
+    row->addWidget(exportButton);
+    return bar;
+}
+
+QWidget* EditorView::makeWorkspace(const Actions& actions) {
+    auto* middle = new QWidget;
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    stage_ = new StageView(model_);
+    column->addWidget(stage_, 1);
+    column->addWidget(makeRule(Qt::Horizontal));
+    column->addWidget(new TransportBar(model_, actions));
+#ifdef TAVIX_HAS_TIMELINE
+    auto* wide = new QSplitter(Qt::Horizontal);
+    wide->addWidget(middle);
+    wide->addWidget(makeInspectorView(model_, wide));
+    wide->setStretchFactor(0, 1);
+    wide->setCollapsible(0, false);
+    wide->setSizes({1200, 304});
+    auto* tall = new QSplitter(Qt::Vertical);
+    tall->addWidget(wide);
+    tall->addWidget(makeTimelineView(model_, tall));
+    tall->setStretchFactor(0, 1);
+    tall->setCollapsible(0, false);
+    tall->setSizes({640, 240});
+    return tall;
+#else
+    return middle;
+#endif
+}
+
+void EditorView::showState() {
+    const auto& bundle = model_.state.bundle();
+    name_->setText(bundle ? pathWords(bundle->stem()) : QString());
+    edited_->setText(model_.state.hasUnsavedChanges() ? tr("Edited") : QString());
+    status_->setText(words(model_.state.statusMessage()));
+}
+
+}   // namespace tavix::editor

@@ -1,0 +1,40 @@
+// A composition being edited: the stage with its transport, the inspector beside it, the timeline below.
+#pragma once
+
+#include "TavixLive/Observing/Observable.h"
+
+#include <QCoreApplication>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QSplitter;
+
+namespace tavix {
+class CompositionEditorModel;
+}
+
+namespace tavix::editor {
+
+struct Actions;
+class StageView;
+
+class EditorView final : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(EditorView)
+public:
+    EditorView(CompositionEditorModel& model, const Actions& actions, QWidget* parent = nullptr);
+
+    StageView& stage() { return *stage_; }
+
+private:
+    QWidget* makeTopBar(const Actions& actions);
+    QWidget* makeWorkspace(const Actions& actions);
+    void showState();
+
+    CompositionEditorModel& model_;
+    StageView* stage_ = nullptr;
+    QLabel *name_ = nullptr, *edited_ = nullptr, *status_ = nullptr;
+    Connections connections_;
+};
+
+}   // namespace tavix::editor

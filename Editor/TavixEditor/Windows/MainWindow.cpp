@@ -1,0 +1,236 @@
+#include "TavixEditor/Windows/MainWindow.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/Words.h"
+#include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Windows/EditorView.h"
+#include "TavixEditor/Windows/WelcomeView.h"
+#include "TavixLive/Operations/LayerOperations.h"
+#include "TavixLive/Operations/SceneOperations.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QScreen>
+#include <QStackedLayout>
+
+#include <algorithm>
+
+namespace tavix::editor {
+
+namespace {
+
+constexpr QSize welcomeSize(780, 500), leastEditorSize(1000, 680);
+
+}   // namespace
+
+MainWindow::MainWindow(Studio& studio)
+    : studio_(studio), actions_(makeActions(this)), unsaved_(studio.model, this),
+      pages_(new QStackedLayout(this)), welcome_(new WelcomeView(studio, actions_)),
+      editor_(new EditorView(studio.model, actions_)) {
+    setObjectName(QStringLiteral("editor"));
+    setAcceptDrops(true);
+    pages_->addWidget(welcome_);
+    pages_->addWidget(editor_);
+    welcome_->onOpenRecent = [this](const std::filesystem::path& bundle) { openDocument(bundle); };
+    addActions(actions_.all);
+    connectFileActions();
+    connectEditActions();
+    connectPlayActions();
+    connectViewActions();
+    EditorState& state = studio_.model.state;
+    connections_.push_back(tavix::show([this] { applyWindowMode(); }, state.isLoaded));
+    connections_.push_back(tavix::show([this] { showActions(); }, state.isLoaded, state.bundle, state.edited,
+        state.isPlaying, state.hasUnsavedChanges, state.isExporting));
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::openDocument(const std::filesystem::path& path) {
+    if (!CompositionProjectBundle::isBundle(path)) {
+        studio_.model.state.errorMessage = utf8Of(tr("Not a Tavix composition — open a .tavixcomp bundle."));
+        return;
+    }
+    unsaved_.resolve([this, path] { studio_.model.open(std::filesystem::absolute(path)); });
+}
+
+void MainWindow::askForBundle() {
+    auto* dialog = new QFileDialog(this, tr("Open Project"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);   // a bundle is a folder
+    QObject::connect(dialog, &QFileDialog::fileSelected, this,
+        [this](const QString& file) { openDocument(pathOf(file)); });
+    dialog->open();
+}
+
+void MainWindow::closeDocument() {
+    unsaved_.resolve([this] { studio_.model.close(); });
+}
+
+void MainWindow::connectFileActions() {
+    const auto on = [this](QAction* action, auto job) {
+        QObject::connect(action, &QAction::triggered, this, job);
+    };
+    on(actions_.open, [this] { askForBundle(); });
+    on(actions_.save, [this] { studio_.model.save(); });
+    on(actions_.revert, [this] { studio_.model.open(*studio_.model.state.bundle()); });
+    on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
+    on(actions_.quit, [this] { close(); });
+    on(actions_.copyFrame,
+        [this] { QGuiApplication::clipboard()->setImage(editor_->stage().frame().copy()); });
+}
+
+void MainWindow::connectEditActions() {
+    CompositionEditorModel& model = studio_.model;
+    const auto on = [this](QAction* action, auto job) {
+        QObject::connect(action, &QAction::triggered, this, job);
+    };
+    on(actions_.undo, [&model] { model.undo(); });
+    on(actions_.redo, [&model] { model.redo(); });
+    on(actions_.deselect, [&model] { model.clearSelection(); });
+    on(actions_.duplicate, [&model] {
+        const Selection at = model.state.edited().selection;
+        if (at.scene && at.layer)
+            model.update("Duplicate layer",
+                [&](EditState& state) { LayerOperations::duplicateLayer(state, *at.scene, *at.layer); });
+        else if (at.scene)
+            model.update("Duplicate scene",
+                [&](EditState& state) { SceneOperations::duplicateScene(state, *at.scene); });
+    });
+    on(actions_.remove, [&model] {
+        const Selection at = model.state.edited().selection;
+        if (at.scene && at.layer)
+            model.update("Remove layer",
+                [&](EditState& state) { LayerOperations::deleteLayer(state, *at.scene, *at.layer); });
+        else if (at.scene)
+            model.update(
+                "Remove scene", [&](EditState& state) { SceneOperations::removeScene(state, *at.scene); });
+    });
+    on(actions_.addScene, [&model] { model.update("Add scene", SceneOperations::addScene); });
+    const std::pair<QAction*, ContentKind> kinds[] = {{actions_.addText, ContentKind::text},
+        {actions_.addDevice, ContentKind::device}, {actions_.addImage, ContentKind::image},
+        {actions_.addVideo, ContentKind::video}, {actions_.addShape, ContentKind::shape},
+        {actions_.addFill, ContentKind::fill}};
+    for (const auto& [action, kind] : kinds)
+        on(action, [&model, kind = kind] {
+            const std::size_t scene = model.state.edited().selection.scene.value_or(0);
+            model.update(
+                "Add layer", [&](EditState& state) { LayerOperations::addLayer(state, scene, kind); });
+        });
+}
+
+void MainWindow::connectPlayActions() {
+    CompositionEditorModel& model = studio_.model;
+    const auto seekBy = [this, &model](QAction* action, auto stepSec) {
+        action->setAutoRepeat(true);
+        QObject::connect(action, &QAction::triggered, this,
+            [&model, stepSec] { model.seek(model.state.currentTime() + stepSec(model)); });
+    };
+    const auto frameSec = [](const CompositionEditorModel& of) {
+        return 1 / std::max(double(of.state.edited().spec.output.fps), 1.0);
+    };
+    QObject::connect(actions_.play, &QAction::triggered, this, [&model] { model.togglePlay(); });
+    QObject::connect(actions_.toStart, &QAction::triggered, this, [&model] { model.seek(0); });
+    QObject::connect(
+        actions_.toEnd, &QAction::triggered, this, [&model] { model.seek(model.state.outputDuration()); });
+    seekBy(actions_.stepBack, [frameSec](const CompositionEditorModel& of) { return -frameSec(of); });
+    seekBy(actions_.stepForward, frameSec);
+    seekBy(actions_.secondBack, [](const CompositionEditorModel&) { return -1.0; });
+    seekBy(actions_.secondForward, [](const CompositionEditorModel&) { return 1.0; });
+}
+
+void MainWindow::connectViewActions() {
+    StageView& stage = editor_->stage();
+    const auto on = [this](QAction* action, auto job) {
+        QObject::connect(action, &QAction::triggered, this, job);
+    };
+    constexpr double zoomStep = 1.25;
+    on(actions_.zoomIn, [&stage] { stage.zoomBy(zoomStep); });
+    on(actions_.zoomOut, [&stage] { stage.zoomBy(1 / zoomStep); });
+    on(actions_.fit, [&stage] { stage.fit(); });
+    on(actions_.actualPixels, [&stage] { stage.zoomToActualPixels(); });
+    on(actions_.safeAreas, [this, &stage] { stage.setSafeAreasShown(actions_.safeAreas->isChecked()); });
+    on(actions_.fullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
+}
+
+void MainWindow::showActions() {
+    const EditorState& state = studio_.model.state;
+    const bool isLoaded = state.isLoaded();
+    for (QAction* action : actions_.all) action->setEnabled(isLoaded);
+    for (QAction* action : {actions_.newProject, actions_.open, actions_.quit, actions_.close,
+             actions_.themeDesktop, actions_.themeDark, actions_.themeLight, actions_.palette,
+             actions_.setUpAgents, actions_.checkForUpdates, actions_.about})
+        action->setEnabled(true);
+    const auto named = [](QAction* action, const std::string* step, const QString& plain,
+                           const QString& with) {
+        action->setEnabled(step != nullptr);
+        action->setText(step ? with.arg(words(*step)) : plain);
+    };
+    const History& history = studio_.model.history();
+    named(actions_.undo, history.undoName(), tr("&Undo"), tr("&Undo %1"));
+    named(actions_.redo, history.redoName(), tr("&Redo"), tr("&Redo %1"));
+    const Selection& selection = state.edited().selection;
+    for (QAction* action : {actions_.duplicate, actions_.remove, actions_.deselect})
+        action->setEnabled(isLoaded && selection.scene);
+    actions_.save->setEnabled(isLoaded && state.hasUnsavedChanges());
+    actions_.revert->setEnabled(isLoaded && state.hasUnsavedChanges());
+    actions_.exportFilm->setEnabled(isLoaded && !state.isExporting());
+    actions_.play->setText(state.isPlaying() ? tr("&Pause") : tr("&Play"));
+    actions_.play->setIcon(design::iconOf(state.isPlaying() ? design::Icon::pause : design::Icon::play));
+    actions_.safeAreas->setChecked(editor_->stage().areSafeAreasShown());
+    const auto& bundle = state.bundle();
+    setWindowTitle(
+        bundle ? pathWords(bundle->stem()) + QStringLiteral("[*] — Tavix") : QStringLiteral("Tavix"));
+    setWindowModified(state.hasUnsavedChanges());
+}
+
+void MainWindow::applyWindowMode() {
+    const bool isLoaded = studio_.model.state.isLoaded();
+    pages_->setCurrentWidget(isLoaded ? static_cast<QWidget*>(editor_) : welcome_);
+    const QScreen* on = screen();
+    const QRect room = on ? on->availableGeometry() : QRect();
+    if (isLoaded) {
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        setMinimumSize(leastEditorSize.boundedTo(room.isValid() ? room.size() : leastEditorSize));
+        if (room.isValid()) setGeometry(room);
+        if (isVisible()) showMaximized();
+        editor_->stage().setFocus();
+    } else {
+        if (isMaximized() || isFullScreen()) showNormal();
+        setFixedSize(welcomeSize);
+        if (room.isValid()) move(room.center() - QPoint(welcomeSize.width() / 2, welcomeSize.height() / 2));
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!mayClose_) {
+        event->ignore();
+        unsaved_.resolve([this] {
+            mayClose_ = true;
+            close();
+        });
+        return;
+    }
+    mayClose_ = false;
+    event->accept();
+    studio_.model.close();
+    if (onClosed) onClosed();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+    event->acceptProposedAction();
+    openDocument(pathOf(urls.first().toLocalFile()));
+}
+
+}   // namespace tavix::editor

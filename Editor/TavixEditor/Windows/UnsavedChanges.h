@@ -1,0 +1,28 @@
+// The one question that stops people: what becomes of changes that are not saved.
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+namespace tavix {
+class CompositionEditorModel;
+}
+
+namespace tavix::editor {
+
+class UnsavedChanges {
+public:
+    UnsavedChanges(CompositionEditorModel& model, QWidget* window) : model_(model), window_(window) {}
+
+    // Goes on where there is nothing to lose, when it was saved, or was meant to be lost. A save that fails,
+    // or a second thought, ends it there; a question that is open already is not asked twice.
+    void resolve(std::function<void()> goOn);
+
+private:
+    CompositionEditorModel& model_;
+    QWidget* window_;
+    bool isAsking_ = false;
+};
+
+}   // namespace tavix::editor

@@ -1,0 +1,106 @@
+#include "TavixEditor/Windows/WelcomeView.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixEditor/App/Actions.h"
+#include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/Words.h"
+#include "TavixEditor/Windows/RecentCard.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace tavix::editor {
+
+using namespace design;
+
+WelcomeView::WelcomeView(Studio& studio, const Actions& actions, QWidget* parent)
+    : QWidget(parent), studio_(studio) {
+    onGround(this, QPalette::Window);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(makeBeginnings(actions));
+    row->addWidget(makeRule(Qt::Vertical));
+    row->addWidget(makeRecents(), 1);
+    error_ = new QLabel(this);
+    error_->setObjectName(QStringLiteral("welcomeError"));
+    error_->setWordWrap(true);
+    error_->setContentsMargins(space::small, space::small, space::small, space::small);
+    error_->setAutoFillBackground(true);
+    QPalette red = error_->palette();
+    red.setColor(QPalette::Window, QColor(0xb3, 0x26, 0x1e, 217));
+    red.setColor(QPalette::WindowText, Qt::white);
+    error_->setPalette(red);
+    connections_.push_back(tavix::show([this] { showError(); }, studio_.model.state.errorMessage));
+}
+
+QWidget* WelcomeView::makeBeginnings(const Actions& actions) {
+    auto* pane = onGround(new QWidget, QPalette::Mid);
+    pane->setFixedWidth(280);
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins(space::page, space::page, space::page, space::page);
+    column->setSpacing(space::small);
+    column->addStretch(1);
+    column->addWidget(makeLabel(QStringLiteral("Tavix"), TextSize::display));
+    column->addWidget(makeLabel(
+        tr("Version %1").arg(QCoreApplication::applicationVersion()), TextSize::caption, Tone::secondary));
+    column->addSpacing(space::section);
+    const auto add = [&](QAction* action, const QString& words, bool isDefault) {
+        auto* button = new QPushButton(action->icon(), words);
+        button->setDefault(isDefault);
+        QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+        column->addWidget(button);
+    };
+    add(actions.open, tr("Open Project"), true);
+    add(actions.newProject, tr("New from Template"), false);
+    column->addStretch(2);
+    return pane;
+}
+
+QWidget* WelcomeView::makeRecents() {
+    auto* pane = new QWidget;
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins(space::section, space::page, space::section, space::section);
+    column->setSpacing(space::small);
+    column->addWidget(makeLabel(tr("Recent Projects"), TextSize::title));
+    column->addSpacing(space::tight);
+    recents_ = new QVBoxLayout;
+    recents_->setSpacing(space::tight);
+    column->addLayout(recents_);
+    column->addStretch();
+    return pane;
+}
+
+void WelcomeView::readRecents() {
+    while (QLayoutItem* item = recents_->takeAt(0)) {
+        if (item->widget()) item->widget()->deleteLater();
+        delete item;
+    }
+    const auto items = studio_.recents.list();
+    for (const RecentProjects::Item& item : items) {
+        auto* card = new RecentCard(item);
+        QObject::connect(card, &QAbstractButton::clicked, this, [this, path = item.path] {
+            if (onOpenRecent) onOpenRecent(path);
+        });
+        recents_->addWidget(card);
+    }
+    if (items.empty())
+        recents_->addWidget(makeLabel(tr("No recent projects"), TextSize::body, Tone::secondary));
+}
+
+void WelcomeView::showEvent(QShowEvent*) { readRecents(); }
+
+void WelcomeView::showError() {
+    const auto& message = studio_.model.state.errorMessage();
+    error_->setVisible(message.has_value());
+    if (!message) return;
+    error_->setText(words(*message));
+    const int width = this->width() - 2 * space::section;
+    const int height = error_->heightForWidth(width);
+    error_->setGeometry(space::section, this->height() - space::medium - height, width, height);
+    error_->raise();
+}
+
+}   // namespace tavix::editor
