@@ -59,6 +59,25 @@ TEST_F(AgentVerbs, LintAndCheckTellAFindingInOneForm) {
     EXPECT_TRUE(hasRepair);   // of "opcity"
 }
 
+TEST_F(AgentVerbs, CaptionsGoOutAndComeIn) {
+    EXPECT_EQ(tavix({"captions", "film.json"}).out, "1\n00:00:00,000 --> 00:00:02,500\nHello\n");
+    write("in.vtt", "WEBVTT\n\n00:00.500 --> 00:01.250 line:0\n<b>Hi</b> there\n");
+    const Json taken =
+        json({"captions", "film.json", "--import", "in.vtt", "--if-revision", revision(), "--json"});
+    EXPECT_EQ(taken.find("warnings")->array()->size(), 1u);
+    EXPECT_EQ(*taken.find("revision")->text(), revision());
+    const Outcome out = tavix({"captions", "film.json", "-o", "out.srt"});
+    EXPECT_EQ(out.status, 0);
+    EXPECT_THAT(readBytes(at("out.srt")), HasSubstr("2\n00:00:00,500 --> 00:00:01,250\nHi there\n"));
+    EXPECT_EQ(tavix({"captions", "film.json", "--import", "in.vtt", "--if-revision", "x"}).status, 3);
+    EXPECT_THAT(tavix({"captions", "film.json", "-o", "out.txt"}).err, HasSubstr("use .srt or .vtt."));
+    EXPECT_THAT(tavix({"captions", "film.json", "--import", "film.json"}).err,
+        HasSubstr("\"film.json\" cannot be taken in. There are no captions in it"));
+    const Json cuts = json({"timeline", "film.json", "-o", "film.otio", "--json"});
+    EXPECT_EQ(*cuts.find("output")->text(), "film.otio");
+    EXPECT_EQ(parseJson(readBytes(at("film.otio"))).find("OTIO_SCHEMA")->stringValue(), "Timeline.1");
+}
+
 TEST_F(AgentVerbs, EditIsWholeOrNothing) {
     const std::string before = film();
     const struct {

@@ -1,6 +1,7 @@
 #include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/BrandVerb.h"
+#include "Engine/Verbs/CaptionsVerb.h"
 #include "Engine/Verbs/CheckVerb.h"
 #include "Engine/Verbs/CompletionVerb.h"
 #include "Engine/Verbs/DemoVerb.h"
@@ -35,6 +36,7 @@
 #include "Engine/Verbs/StillVerb.h"
 #include "Engine/Verbs/TeaserVerb.h"
 #include "Engine/Verbs/ThemeVerb.h"
+#include "Engine/Verbs/TimelineVerb.h"
 
 namespace tavix::engine {
 
@@ -69,6 +71,10 @@ constexpr VerbEntry entries[] = {
         "tavix resolve hello.tavixcomp > resolved.json", make<ResolveVerb>},
     {"pack", "Make a bundle of a document and the files that it refers to.",
         "tavix pack composition.json -o hello.tavixcomp", make<PackVerb>},
+    {"captions", "Write the texts of a film as captions, or take captions into it.",
+        "tavix captions hello.tavixcomp -o hello.srt", make<CaptionsVerb>},
+    {"timeline", "Write the cuts of a film for editing programs, as OpenTimelineIO.",
+        "tavix timeline hello.tavixcomp -o hello.otio", make<TimelineVerb>},
     {"beats", "Hear the tempo, the first beat and the drop of a piece of music.",
         "tavix beats song.mp3 --write", make<BeatsVerb>},
     {"measure", "Rehearse a document: what its live preview costs on this machine.",
