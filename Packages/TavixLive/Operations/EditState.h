@@ -4,16 +4,27 @@
 
 #include "TavixCore/Document/CompositionSpec.h"
 
+#include <compare>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace tavix {
 
+struct LayerPlace {
+    std::size_t scene = 0, layer = 0;
+    auto operator<=>(const LayerPlace&) const = default;
+};
+
 struct Selection {
     std::optional<std::size_t> scene, layer;   // a layer only with its scene
+    std::vector<LayerPlace> others = {};       // layers selected beside that one
+
+    bool contains(const LayerPlace& place) const;
+    std::vector<LayerPlace> layers() const;   // that one first
     bool operator==(const Selection&) const = default;
 };
 

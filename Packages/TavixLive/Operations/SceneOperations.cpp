@@ -5,6 +5,17 @@
 
 namespace tavix {
 
+bool Selection::contains(const LayerPlace& place) const {
+    return (scene == place.scene && layer == place.layer) || std::ranges::find(others, place) != others.end();
+}
+
+std::vector<LayerPlace> Selection::layers() const {
+    if (!scene || !layer) return {};
+    std::vector<LayerPlace> all{{*scene, *layer}};
+    all.insert(all.end(), others.begin(), others.end());
+    return all;
+}
+
 void clampSelection(EditState& state) {
     Selection& selected = state.selection;
     if (selected.scene && *selected.scene >= state.spec.scenes.size()) {
@@ -14,6 +25,9 @@ void clampSelection(EditState& state) {
     if (!selected.scene) selected.layer.reset();
     if (selected.layer && *selected.layer >= state.spec.scenes[*selected.scene].layers.size())
         selected.layer.reset();
+    std::erase_if(
+        selected.others, [&](const LayerPlace& place) { return !state.layer(place.scene, place.layer); });
+    if (!selected.layer) selected.others.clear();
 }
 
 namespace SceneOperations {
