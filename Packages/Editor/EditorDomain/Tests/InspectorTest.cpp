@@ -1,0 +1,210 @@
+// The rows of the inspector, and what its controls write.
+#include "Editor/EditorDomain/Inspector/InspectorEdit.h"
+#include "Editor/EditorDomain/Inspector/Themes.h"
+#include "TavixLive/Operations/LayerOperations.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tavix {
+namespace {
+
+using Control = InspectorRow::Control;
+
+EditState withLayers(std::initializer_list<ContentKind> kinds) {
+    EditState state;
+    state.spec.output = {1080, 1920, 30};
+    state.spec.scenes.emplace_back().durationSec = 4;
+    for (const ContentKind kind : kinds) LayerOperations::addLayer(state, 0, kind);
+    return state;
+}
+
+const InspectorRow* find(const Inspection& shown, const std::string& path) {
+    for (const InspectorSection& section : shown.sections)
+        for (const InspectorRow& row : section.rows)
+            if (row.path.text() == path) return &row;
+    return nullptr;
+}
+
+InspectorRow rowAt(const EditState& state, const std::string& path) {
+    const Inspection shown = inspection(state);
+    const InspectorRow* const row = find(shown, path);
+    EXPECT_TRUE(row) << path;
+    return row ? *row : InspectorRow{};
+}
+
+TEST(InspectorRows, TellWhatTheDocumentSaysOfItsValues) {
+    const EditState state = withLayers({ContentKind::text});
+    const InspectorRow size = rowAt(state, "/text/sizeFraction");
+    EXPECT_EQ(size.control, Control::number);
+    EXPECT_EQ(size.label, "Size");
+    EXPECT_NEAR(size.value.doubleValue().value() * size.shownTimes, 86.4, 1e-9);   // pixels of 1920 lines
+    EXPECT_EQ(size.unit, Unit::pixels);
+    EXPECT_EQ(rowAt(state, "/text/color").control, Control::color);
+    EXPECT_EQ(rowAt(state, "/text/font").control, Control::font);
+    EXPECT_EQ(rowAt(state, "/text/text").control, Control::paragraph);
+    EXPECT_EQ(rowAt(state, "/text/kinetic").control, Control::kinetic);
+    const InspectorRow opacity = rowAt(state, "/opacity");
+    EXPECT_EQ(opacity.range.lower, 0);
+    EXPECT_EQ(opacity.range.upper, 1);
+    EXPECT_TRUE(opacity.isAtRest);
+    const InspectorRow position = rowAt(state, "/position");
+    EXPECT_EQ(position.control, Control::numbers);
+    EXPECT_THAT(position.parts, testing::ElementsAre("x", "y"));
+    EXPECT_THAT(rowAt(state, "/text/fontWeight").words, testing::Contains("semibold"));
+}
+
+TEST(InspectorRows, EveryKindOfLayerHasRowsThatCanBeSetToWhatTheyShow) {
+    for (const ContentKindRow& kind : contentKinds) {
+        EditState state = withLayers({kind.kind});
+        for (const std::string_view effect : effectKinds()) LayerOperations::addEffect(state, 0, 0, effect);
+        LayerOperations::setEnterPhase(state, 0, 0, KineticPhase::identity);
+        if (auto* device = state.content<DeviceContent>(0, 0)) device->placement.emplace();
+        const EditState before = state;
+        const Inspection shown = inspection(state);
+        std::set<std::string> paths;
+        for (const InspectorSection& section : shown.sections)
+            for (const InspectorRow& row : section.rows) {
+                EXPECT_TRUE(paths.insert(row.path.text()).second) << row.path.text();
+                EXPECT_FALSE(row.label.empty()) << row.path.text();
+                EXPECT_FALSE(row.help.empty()) << row.path.text();
+                const bool isWhole = row.control < Control::alternative;
+                if (!isWhole || row.path.text() == "/durationSec") continue;
+                EXPECT_EQ(InspectorEdit::set(state, row.path, row.value), std::nullopt) << row.path.text();
+                EXPECT_EQ(state, before) << kind.label << row.path.text();
+            }
+        EXPECT_GT(paths.size(), 10u) << kind.label;
+    }
+}
+
+TEST(InspectorRows, SeveralLayersShowWhatTheyHaveInCommonAndWhereTheyDiffer) {
+    EditState state = withLayers({ContentKind::text, ContentKind::text, ContentKind::shape});
+    state.content<TextContent>(0, 1)->trackingEm = 0.2;
+    state.selection = {0, 0, {{0, 1}}};
+    EXPECT_TRUE(rowAt(state, "/text/trackingEm").isMixed);
+    EXPECT_FALSE(rowAt(state, "/text/sizeFraction").isMixed);
+    EXPECT_EQ(inspection(state).title, "2 layers");
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/text/trackingEm"), Json(0.1)), std::nullopt);
+    EXPECT_EQ(state.content<TextContent>(0, 0)->trackingEm, 0.1);
+    EXPECT_EQ(state.content<TextContent>(0, 1)->trackingEm, 0.1);
+    EXPECT_EQ(state.content<TextContent>(0, 1)->text, "New text");
+    state.selection = {0, 0, {{0, 2}}};
+    const Inspection mixed = inspection(state);
+    EXPECT_FALSE(find(mixed, "/text/sizeFraction"));
+    EXPECT_TRUE(find(mixed, "/opacity"));
+}
+
+TEST(InspectorRows, APartOfAPointLeavesTheOtherToEachLayer) {
+    EditState state = withLayers({ContentKind::text, ContentKind::text});
+    state.layer(0, 0)->position = {10, 20};
+    state.layer(0, 1)->position = {30, 40};
+    state.selection = {0, 0, {{0, 1}}};
+    EXPECT_EQ(InspectorEdit::setPart(state, JsonPointer::parse("/position"), "x", 99), std::nullopt);
+    EXPECT_EQ(state.layer(0, 0)->position, (PixelPoint{99, 20}));
+    EXPECT_EQ(state.layer(0, 1)->position, (PixelPoint{99, 40}));
+}
+
+TEST(InspectorRows, OptionalValuesComeAndGo) {
+    EditState state = withLayers({ContentKind::text});
+    const JsonPointer shadow = JsonPointer::parse("/text/shadow");
+    EXPECT_EQ(rowAt(state, "/text/shadow").value, Json(false));
+    const std::size_t before = inspection(state).sections.size();
+    InspectorEdit::setPresent(state, shadow, true);
+    EXPECT_TRUE(state.content<TextContent>(0, 0)->shadow);
+    EXPECT_EQ(rowAt(state, "/text/shadow").value, Json(true));
+    EXPECT_EQ(inspection(state).sections.size(), before);
+    EXPECT_EQ(InspectorEdit::reset(state, rowAt(state, "/text/shadow")), std::nullopt);
+    EXPECT_FALSE(state.content<TextContent>(0, 0)->shadow);
+}
+
+TEST(InspectorRows, AReadLayerTellsWhatItsMotionSets) {
+    EditState state = withLayers({ContentKind::device});
+    state.content<DeviceContent>(0, 0)->placement.emplace();
+    EXPECT_FALSE(rowAt(state, "/device/placement").isSetByPreset);
+    state.layer(0, 0)->origin.baked = LayerOrigin::Baked::motion;
+    EXPECT_TRUE(rowAt(state, "/device/placement").isSetByPreset);
+    EXPECT_FALSE(rowAt(state, "/device/basePaddingPx").isSetByPreset);
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/opacity"), Json(0.5)), std::nullopt);
+    EXPECT_EQ(state.layer(0, 0)->origin.baked, LayerOrigin::Baked::motion);   // it still comes from there
+}
+
+TEST(InspectorRows, AFormIsChosenAnew) {
+    EditState state = withLayers({ContentKind::device});
+    EXPECT_EQ(rowAt(state, "/device/screen").control, Control::alternative);
+    const auto words = rowAt(state, "/device/screen").words;
+    ASSERT_EQ(words.size(), 2u);
+    InspectorEdit::setAlternative(state, JsonPointer::parse("/device/screen"), words[1]);
+    EXPECT_TRUE(std::holds_alternative<VideoClip>(state.content<DeviceContent>(0, 0)->screen));
+}
+
+TEST(InspectorEdit, TimesGoThroughTheirRules) {
+    EditState state = withLayers({ContentKind::text, ContentKind::text});
+    state.layer(0, 1)->durationSec = 1;
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/fromSec"), Json(9)), std::nullopt);
+    EXPECT_EQ(state.layer(0, 1)->fromSec, 3);
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/durationSec"), Json(7)), std::nullopt);
+    EXPECT_EQ(state.layer(0, 1)->durationSec, std::nullopt);   // it runs to the scene's end
+    state.selection = {0, std::nullopt, {}};
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/durationSec"), Json(2)), std::nullopt);
+    EXPECT_EQ(state.scene(0)->durationSec, 2);
+    EXPECT_EQ(state.layer(0, 1)->fromSec, 1.5);   // stretched with it
+}
+
+TEST(InspectorEdit, WhatDoesNotFitIsToldAndChangesNothing) {
+    EditState state = withLayers({ContentKind::text});
+    const EditState before = state;
+    const auto complaint = InspectorEdit::set(state, JsonPointer::parse("/text/color"), Json("green"));
+    ASSERT_TRUE(complaint);
+    EXPECT_THAT(*complaint, testing::EndsWith("."));
+    EXPECT_EQ(state, before);
+}
+
+TEST(InspectorEdit, TheDocumentKeepsItsScenesAndWhereTheyCameFrom) {
+    EditState state = withLayers({ContentKind::device});
+    state.layer(0, 0)->origin.baked = LayerOrigin::Baked::motion;
+    state.selection = {};
+    EXPECT_EQ(InspectorEdit::set(state, JsonPointer::parse("/output/widthPx"), Json(720)), std::nullopt);
+    EXPECT_EQ(state.spec.output.widthPx, 720);
+    EXPECT_EQ(state.layer(0, 0)->origin.baked, LayerOrigin::Baked::motion);
+}
+
+TEST(Labels, AreReadable) {
+    const struct {
+        const char *key, *label;
+    } cases[] = {{"maxWidthFraction", "Max width"}, {"trackingEm", "Tracking"}, {"fromSec", "Start"},
+        {"cornerRadiusFraction", "Corner radius"}, {"driftPeriodSec", "Drift period"},
+        {"scene3D", "In space"}, {"opacity", "Opacity"}, {"anchorX", "Anchor X"}};
+    for (const auto& c : cases) EXPECT_EQ(labelOfKey(c.key), c.label);
+}
+
+TEST(Themes, AreKnownByTheirFill) {
+    CompositionSpec spec;
+    EXPECT_EQ(selectedTheme(spec), std::nullopt);
+    for (const BasicCompositionTheme theme : allThemes) {
+        spec.background = fillOf(theme);
+        EXPECT_EQ(selectedTheme(spec), theme);
+    }
+    std::get<RGBAColor>(spec.background).r = 0.92;
+    EXPECT_EQ(selectedTheme(spec), std::nullopt);
+    EXPECT_EQ(std::get<LinearGradient>(fillOf(BasicCompositionTheme::sunset)).angleDegrees, 35);
+}
+
+TEST(Audio, APickedTrackMakesABedAndGainDecidesWhetherItIsHeard) {
+    EditState state;
+    EXPECT_FALSE(isMuted(state.spec));
+    setTrack(state, "song.mp3");
+    const MusicBed& bed = *state.spec.audio->music;
+    EXPECT_EQ(bed.path, "song.mp3");
+    EXPECT_EQ(bed.gain, 0.7);
+    EXPECT_EQ(bed.fadeOutSec, 1.5);
+    EXPECT_FALSE(isMuted(state.spec));
+    state.spec.audio->music->gain = 0;
+    EXPECT_TRUE(isMuted(state.spec));
+    setTrack(state, "other.mp3");
+    EXPECT_EQ(state.spec.audio->music->gain, 0);   // of a bed that is there only the file changes
+}
+
+}   // namespace
+}   // namespace tavix
