@@ -76,7 +76,10 @@ CompositionEditorModel::CompositionEditorModel(const Services& services)
     player.setTimeObserver(1.0 / 30, [this] {
         if (!isScrubbing_) state.currentTime = preview_.player().currentSec();
         state.isPlaying = preview_.player().isPlaying();
+        followLoop();
     });
+    preview_.ahead().setOnCached(
+        [this](const std::vector<FilmRange>& cached) { state.cachedRanges = cached; });
     player.setOnEnd([this] { reachEnd(); });
 }
 
@@ -141,6 +144,7 @@ void CompositionEditorModel::close() {
         {&refreshTimer_, &scrubTimer_, &overscanTimer_, &liveFrameTimer_, &lookTimer_, &assetsTimer_})
         timer->cancel();
     preview_.close();
+    preview_.ahead().setLoop(std::nullopt);
     history_.clear();
     gesture_.reset();
     onDisk_.reset();
@@ -166,6 +170,7 @@ void CompositionEditorModel::close() {
     state.outputDuration = 0;
     state.currentTime = 0;
     state.statusMessage = "";
+    state.loop = std::nullopt;
     state.showsLiveFrame = false;
 }
 

@@ -94,6 +94,8 @@ public:
 
     void seek(double toSec);
     void togglePlay();
+    // A part of the film to play again and again; one that is empty or outside of the film is none.
+    void setLoop(std::optional<FilmRange> loop);
     void selectScene(std::size_t scene, bool isSought);
     void selectLayer(std::size_t scene, std::size_t layer);
     void clearSelection();
@@ -155,6 +157,7 @@ private:
     void lowerScrubQuality();
     void endScrub();
     void reachEnd();
+    void followLoop();
     void liveApply(const LiveTarget& target);
     void applyLiveEdits(EditState& changed) const;
     void issueLiveRender();

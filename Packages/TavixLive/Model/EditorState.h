@@ -5,6 +5,7 @@
 #include "TavixLive/Observing/Observable.h"
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/EditState.h"
+#include "TavixLive/Playback/DrawAhead.h"
 #include "TavixLive/Saving/DocumentMerge.h"
 #include "TavixLive/Stage/FrameSource.h"
 #include "TavixRender/Encoding/ExportOptions.h"
@@ -35,6 +36,8 @@ struct EditorState {
     Observable<std::vector<LostWorkOffer>> lostWork;        // the latest first
     Observable<double> outputDuration{0}, currentTime{0};   // seconds
     Observable<bool> isPlaying{false};
+    Observable<std::optional<FilmRange>> loop;             // what is played again and again
+    Observable<std::vector<FilmRange>> cachedRanges;       // whose frames are in memory, in order and apart
     Observable<std::optional<std::string>> errorMessage;   // the one that the user must see
     Observable<std::string> statusMessage;
     Observable<bool> isAnalyzingMusic{false};

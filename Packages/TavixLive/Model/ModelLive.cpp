@@ -49,6 +49,7 @@ void CompositionEditorModel::liveApply(const LiveTarget& target) {
 // As fast as frames can be drawn, and never more than one at a time.
 void CompositionEditorModel::issueLiveRender() {
     if (!preview_.pictures()) return;
+    preview_.ahead().disturb();
     isLiveRenderInFlight_ = true;
     isLiveRenderDirty_ = false;
     preview_.pictures()->requestLive(

@@ -13,6 +13,7 @@ namespace {
 constexpr double atEndSec = 0.05;    // as good as the end
 constexpr double insideSec = 0.02;   // of a scene or a layer
 constexpr double afterEnteringSec = 0.05;
+constexpr double loopedLateSec = 0.25;   // the clock is looked at some thirty times a second
 
 }   // namespace
 
@@ -37,6 +38,7 @@ void CompositionEditorModel::issueChainedSeek() {
 
 void CompositionEditorModel::lowerScrubQuality() {
     if (!std::exchange(isScrubbing_, true) && preview_.pictures()) preview_.pictures()->setScrubQuality(true);
+    preview_.ahead().disturb();
     scrubTimer_ = main_.after(scrubEndSec, [this] { endScrub(); });
 }
 
@@ -53,13 +55,44 @@ void CompositionEditorModel::togglePlay() {
     if (player.isPlaying()) {
         player.pause();
     } else {
-        if (state.currentTime() >= state.outputDuration() - atEndSec) seek(0);
+        const auto& loop = state.loop();
+        if (loop && (state.currentTime() < loop->startSec || state.currentTime() >= loop->endSec - atEndSec))
+            seek(loop->startSec);
+        else if (state.currentTime() >= state.outputDuration() - atEndSec)
+            seek(0);
         player.play();
     }
+    preview_.ahead().disturb();
     state.isPlaying = player.isPlaying();
 }
 
+void CompositionEditorModel::setLoop(std::optional<FilmRange> loop) {
+    if (loop) {
+        loop->startSec = std::max(loop->startSec, 0.0);
+        loop->endSec = std::min(loop->endSec, state.outputDuration());
+        if (!(loop->endSec - loop->startSec > atEndSec)) loop.reset();
+    }
+    state.loop = loop;
+    preview_.ahead().setLoop(loop);
+}
+
+// A playhead that comes to the end of the loop goes on from its start; one that was set outside goes on
+// there.
+void CompositionEditorModel::followLoop() {
+    Player& player = preview_.player();
+    const auto& loop = state.loop();
+    if (!loop || !player.isPlaying() || isScrubbing_) return;
+    const double nowSec = player.currentSec();
+    if (nowSec >= loop->endSec && nowSec < loop->endSec + loopedLateSec) player.seek(loop->startSec);
+}
+
 void CompositionEditorModel::reachEnd() {
+    preview_.ahead().disturb();
+    if (const auto& loop = state.loop(); loop && loop->endSec >= state.outputDuration() - atEndSec) {
+        preview_.player().seek(loop->startSec);
+        preview_.player().play();
+        return;
+    }
     preview_.player().seek(0);
     const Batch together;
     state.isPlaying = false;

@@ -90,7 +90,8 @@ void CompositionEditorModel::prewarm3D() {
     prewarmed_ = preview_.player().item()->pictures;
     for (const double sec : prewarmSec)
         if (*startSec + sec < preview_.totalSec())
-            preview_.pictures()->fillStore(*startSec + sec, [](bool) {});
+            preview_.pictures()->requestLive(
+                *startSec + sec, [](const StagePicture&, const FrameSource::Drawn&) {});
 }
 
 void CompositionEditorModel::setStageRoom(imaging::Size room) {

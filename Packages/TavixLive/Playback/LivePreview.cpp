@@ -39,7 +39,7 @@ std::string structuralKey(const CompositionSpec& spec) try {
 LivePreview::LivePreview(
     const Executors& executors, std::shared_ptr<PreviewMaker> maker, media::AudioOutput* output, Logs logs)
     : executors_(executors), maker_(std::move(maker)), logs_(std::move(logs)),
-      player_(executors.main, output) {}
+      player_(executors.main, output), ahead_(executors.main, player_) {}
 
 LivePreview::~LivePreview() {
     // What it was made with goes where it was used.
@@ -54,6 +54,7 @@ void LivePreview::close() {
     ++epoch_;
     player_.setItem(std::nullopt);
     shownKey_.reset();
+    ahead_.start();
     onMaker([](PreviewMaker& maker) { maker.forgetDevices(); });
 }
 
@@ -89,6 +90,7 @@ void LivePreview::lightly(const std::shared_ptr<Request>& request) {
             if (!isOvertaken) {
                 player_.item()->pictures->setFrameSource(std::move(source.value()));
                 player_.redraw();
+                ahead_.disturb();
             }
             if (request->then) request->then({isOvertaken, {}});
         }));
@@ -123,10 +125,15 @@ void LivePreview::setItem(const std::shared_ptr<Request>& request, FrameSourceRe
     item.framesPerSec = std::clamp(double(request->spec.output.fps), 1.0, mostFramesPerSec);
     item.pictures =
         std::make_shared<RenderChain>(executors_.render, executors_.main, std::move(source), logs_.scrub);
+    item.pictures->setOnFrameDelivered(
+        lifeline_.guard([this](const StagePicture& picture, const FrameSource::Drawn& drawn) {
+            if (drawn.isKept) ahead_.noteStored(picture.atSec);
+        }));
     if (sound) item.sound.emplace(std::move(*sound), logs_.render);
     const double atSec = std::min(player_.currentSec(), item.totalSec);
     const bool wasPlaying = player_.isPlaying();
     player_.setItem(std::move(item));
+    ahead_.start();
     shownKey_ = request->key;
     player_.seek(atSec, [request](bool hasArrived) {
         if (request->then) request->then({!hasArrived, {}});

@@ -1,6 +1,7 @@
 // A document that plays: makes the player show it, and every document that comes after it, at the least cost.
 #pragma once
 
+#include "TavixLive/Playback/DrawAhead.h"
 #include "TavixLive/Playback/Player.h"
 #include "TavixLive/Stage/PreviewMaker.h"
 
@@ -48,6 +49,7 @@ public:
     void close();
 
     Player& player() { return player_; }
+    DrawAhead& ahead() { return ahead_; }
     RenderChain* pictures() { return player_.item() ? player_.item()->pictures.get() : nullptr; }
     double totalSec() const { return player_.item() ? player_.item()->totalSec : 0; }
 
@@ -76,6 +78,7 @@ private:
     std::shared_ptr<PreviewMaker> maker_;
     Logs logs_;
     Player player_;
+    DrawAhead ahead_;
     std::optional<std::string> shownKey_;   // of the item
     std::uint64_t epoch_ = 0;
     system::Lifeline lifeline_;

@@ -55,6 +55,7 @@ public:
         if (!isPlaying_ && item_) request(slotOf(currentSec()), {});
     }
     double currentSec() const;
+    std::int64_t slotCount() const;   // of the pictures of the item, at its rate
 
     // Where pictures go, and who is told: about every that many seconds while it plays, and when it has come
     // to the end, where it pauses.
@@ -75,7 +76,6 @@ private:
     };
     double secOf(std::int64_t slot) const { return double(slot) / item_->framesPerSec; }
     std::int64_t slotOf(double sec) const;   // whose picture is to be seen then
-    std::int64_t slotCount() const;
     void startClock();
     void stopClock();
     void tick();

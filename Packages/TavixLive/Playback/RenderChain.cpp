@@ -104,7 +104,7 @@ void RenderChain::drawOn(std::shared_ptr<Order> order) {
             for (const Order::Asker& asker : order->askers)
                 if (!open.expired() && asker.deliver && asker.isWaiting())
                     asker.deliver(picture, order->drawn);
-            if (!open.expired() && onDelivered_) onDelivered_();
+            if (!open.expired() && onDelivered_) onDelivered_(picture, order->drawn);
         });
     });
 }
@@ -140,7 +140,7 @@ void RenderChain::log(const Shared& shared, const Order& order, bool hasDevicesI
         tell("paint2D t=%.2f paint=%ldms", order.atSec, inMs(drawn.paintSec));
 }
 
-void RenderChain::fillStore(double atSec, std::function<void(bool)> then) {
+void RenderChain::fillStore(double atSec, std::function<void(FrameSource::Filled)> then) {
     render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, atSec, then = std::move(then)] {
         const auto alive = shared.lock();
         if (!alive) return;
@@ -149,9 +149,15 @@ void RenderChain::fillStore(double atSec, std::function<void(bool)> then) {
             const std::lock_guard lock(alive->mutex);
             source = alive->source;
         }
-        const bool isMissing = source && !source->isStored(atSec);
-        if (isMissing) source->draw(atSec, FrameQuality::full);
-        main.post([then, isMissing] { then(isMissing); });
+        using enum FrameSource::Filled;
+        FrameSource::Filled filled = refused;
+        if (source && source->isStored(atSec))
+            filled = wasThere;
+        else if (source && !source->hasRoom())
+            filled = hasNoRoom;
+        else if (source && source->draw(atSec, FrameQuality::full).isKept)
+            filled = drawn;
+        main.post([then, filled] { then(filled); });
     });
 }
 

@@ -41,11 +41,11 @@ public:
     // Scrubbing has rough pictures, soon.
     void setScrubQuality(bool isOn);
     // Told after each delivery.
-    void setOnFrameDelivered(std::function<void()> told) { onDelivered_ = std::move(told); }
+    void setOnFrameDelivered(Deliver told) { onDelivered_ = std::move(told); }
 
     bool isIdle() const { return *openRequests_ == 0; }
-    // Draws a frame into the memory of the source when it is not there. Tells whether it was drawn.
-    void fillStore(double atSec, std::function<void(bool wasDrawn)> then);
+    // Draws a frame into the memory of the source when it is not there and there is room.
+    void fillStore(double atSec, std::function<void(FrameSource::Filled filled)> then);
     // Which of the times are in memory.
     void findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then);
 
@@ -61,7 +61,7 @@ private:
     std::shared_ptr<Shared> shared_;
     std::shared_ptr<Order> queued_;   // the one that waits while scrubbing
     std::shared_ptr<int> openRequests_ = std::make_shared<int>(0);
-    std::function<void()> onDelivered_;
+    Deliver onDelivered_;
 };
 
 }   // namespace tavix

@@ -24,13 +24,17 @@ public:
         imaging::BitmapRef pixels;
         double buildSec = 0, paintSec = 0;   // what it took
         bool isStored = false;               // it was in memory
+        bool isKept = false;                 // and now it is
     };
+    enum class Filled { wasThere, drawn, hasNoRoom, refused };   // refused: it is none that can be kept
 
     virtual ~FrameSource() = default;
     // Of a time in the film. Never fails: what cannot be drawn is left out, and named in the log.
     virtual Drawn draw(double atSec, FrameQuality quality) = 0;
     // Whether `draw` would find the frame in memory, at full quality.
     virtual bool isStored(double atSec) const = 0;
+    // Whether one more frame fits into memory without another one leaving it.
+    virtual bool hasRoom() const = 0;
 
     // These are what they are from the start, and may be asked for on any thread.
     virtual double totalSec() const = 0;

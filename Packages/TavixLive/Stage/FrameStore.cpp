@@ -81,6 +81,12 @@ FrameStore::Tiles::value_type* FrameStore::shared(
     return &*entry;
 }
 
+bool FrameStore::hasRoom() const {
+    const std::size_t frameBytes =
+        std::size_t(size_.width) * std::size_t(size_.height) * packedBytes + tileCount_ * sizeof(void*);
+    return bytes_ + frameBytes <= mostBytes_;
+}
+
 void FrameStore::dropOldest() {
     Frame& oldest = byUse_.back();
     for (Tiles::value_type* tile : oldest.tiles) {

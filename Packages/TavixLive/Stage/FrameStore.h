@@ -30,6 +30,8 @@ public:
     // The frame is opaque.
     void keep(const Digest& key, const imaging::ConstBitmapView& frame);
 
+    // Whether any one more frame fits without another one going.
+    bool hasRoom() const;
     std::size_t byteCount() const { return bytes_; }
     std::size_t frameCount() const { return byKey_.size(); }
 

@@ -65,6 +65,7 @@ public:
         return key && !room_->showsLiveValues && room_->store && size_ == room_->size &&
                room_->store->has(*key);
     }
+    bool hasRoom() const override { return room_->store && room_->store->hasRoom(); }
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return hasDevicesInSpace_; }
 
@@ -84,7 +85,7 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
     auto key =
         quality == FrameQuality::full && !room_->showsLiveValues ? resolved_.frameKey(atSec) : std::nullopt;
     if (key && room_->store->restore(*key, pixels->view())) {
-        drawn.isStored = true;
+        drawn.isStored = drawn.isKept = true;
         drawn.paintSec = secondsSince(start);
         return drawn;
     }
@@ -107,7 +108,10 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
     const imaging::ConstBitmapView shown = room_->surface->pixels();
     for (int y = 0; y < size_.height; ++y)
         std::memcpy(pixels->view().row(y), shown.row(y), std::size_t(size_.width) * 4);
-    if (key && room_->options.storeBytes > 0) room_->store->keep(*key, shown);
+    if (key && room_->options.storeBytes > 0) {
+        room_->store->keep(*key, shown);
+        drawn.isKept = true;
+    }
     drawn.paintSec = secondsSince(start) - drawn.buildSec;
     return drawn;
 }

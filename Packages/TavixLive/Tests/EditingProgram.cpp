@@ -23,6 +23,7 @@ public:
         return {std::make_shared<imaging::Bitmap>(imaging::Size{1, 1})};
     }
     bool isStored(double) const override { return false; }
+    bool hasRoom() const override { return false; }
     double totalSec() const override { return 1; }
     bool hasDevicesInSpace() const override { return false; }
 };

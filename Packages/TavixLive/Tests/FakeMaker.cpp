@@ -10,8 +10,10 @@ FrameSourceRef FakeMaker::source(const CompositionSpec& spec, const AssetRoot&, 
     time_.spend(buildSec);
     if (fails) throw std::runtime_error("No.");
     built.push_back({spec, time_.nowSec() - buildSec});
-    return last = std::make_shared<FakeSource>(
-               time_, int(built.size()), CompositionTimeline(spec).totalSec, drawSec);
+    last =
+        std::make_shared<FakeSource>(time_, int(built.size()), CompositionTimeline(spec).totalSec, drawSec);
+    last->room = room;
+    return last;
 }
 
 CompositionSpec smallFilm() {

@@ -32,6 +32,7 @@ public:
     std::vector<std::pair<DeviceScene3D, std::optional<DevicePlacementSpec>>> applied;
     std::shared_ptr<FakeSource> last;
     double buildSec = 0.01, drawSec = 0.005;
+    std::size_t room = 0;   // of the memory of frames
     bool fails = false, isLive = false;
     int forgotten = 0;
 

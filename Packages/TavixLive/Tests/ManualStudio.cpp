@@ -1,5 +1,7 @@
 #include "ManualStudio.h"
 
+#include <cmath>
+
 namespace tavix::testing {
 
 FrameSource::Drawn FakeSource::draw(double atSec, FrameQuality quality) {
@@ -8,8 +10,11 @@ FrameSource::Drawn FakeSource::draw(double atSec, FrameQuality quality) {
     time_.spend(cost);
     auto pixels = std::make_shared<imaging::Bitmap>(imaging::Size{1, 1});
     pixels->view().row(0)[0] = static_cast<std::uint8_t>(number_);
-    return {pixels, cost, 0, false};
+    if (quality == FrameQuality::full && stored.size() < room) stored.insert(slotOf(atSec));
+    return {pixels, cost, 0, false, isStored(atSec)};
 }
+
+long FakeSource::slotOf(double atSec) { return std::lround(atSec * 30); }
 
 int numberOf(const StagePicture& picture) { return picture.pixels->view().row(0)[0]; }
 

@@ -6,13 +6,14 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace tavix::testing {
 
 // Its pictures are of one pixel, whose blue is the number of the source.
-class FakeSource final : public FrameSource {
+class FakeSource : public FrameSource {
 public:
     struct Draw {
         double atSec;
@@ -24,11 +25,15 @@ public:
         : time_(time), number_(number), totalSec_(totalSec), costSec_(costSec) {}
 
     Drawn draw(double atSec, FrameQuality quality) override;
-    bool isStored(double) const override { return false; }
+    bool isStored(double atSec) const override { return stored.contains(slotOf(atSec)); }
+    bool hasRoom() const override { return stored.size() < room; }
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return isInSpace; }
 
+    static long slotOf(double atSec);   // at 30 a second
     bool isInSpace = false;
+    std::set<long> stored;   // slots, of full quality
+    std::size_t room = 0;    // frames; nothing is stored without
     std::vector<Draw> draws;
     std::function<double(double atSec)> costAt;   // in place of the one cost
 

@@ -118,7 +118,7 @@ TEST(RenderChain, MayEndWithinADelivery) {
 TEST(RenderChain, DrawsADragAtFullQualityAndTellsWhoWaits) {
     ManualStudio studio(10, 0.02);
     int delivered = 0;
-    studio.chain->setOnFrameDelivered([&] { ++delivered; });
+    studio.chain->setOnFrameDelivered([&](const auto&, const auto&) { ++delivered; });
     studio.chain->setScrubQuality(true);
     studio.chain->requestLive(1, [](const auto&, const auto&) {});
     studio.time.advance(1);
