@@ -34,6 +34,8 @@ std::string linesOf(const RehearsalReport& report) {
         report.scrubMs.p95Ms());
     lines += line(
         "light edits    %.0f ms, 95 of 100 within %.0f ms", report.editMs.medianMs(), report.editMs.p95Ms());
+    if (report.dragPicturesPerSec > 0)
+        lines += line("drags in space %.1f pictures a second", report.dragPicturesPerSec);
     lines += line("sound          pictures within %.0f ms of it", report.driftMs);
     lines += line("main executor  held for %.1f ms at most", report.mainHoldMs);
     for (std::size_t i = 0; i < std::min(mostLayersTold, report.layers.size()); ++i) {
@@ -62,8 +64,9 @@ Json jsonOf(const RehearsalReport& report) {
         {"playback", JsonObject{{"fps", rounded(report.picturesPerSec)},
                          {"droppedShare", rounded(report.droppedShare)}, {"sec", rounded(report.playedSec)}}},
         {"scrubMs", jsonOf(report.scrubMs)}, {"editMs", jsonOf(report.editMs)},
-        {"firstPictureMs", rounded(report.firstPictureMs)}, {"driftMs", rounded(report.driftMs)},
-        {"mainHoldMs", rounded(report.mainHoldMs)}, {"layers", std::move(layers)}};
+        {"dragFps", rounded(report.dragPicturesPerSec)}, {"firstPictureMs", rounded(report.firstPictureMs)},
+        {"driftMs", rounded(report.driftMs)}, {"mainHoldMs", rounded(report.mainHoldMs)},
+        {"layers", std::move(layers)}};
 }
 
 // Told from several threads; heard when the work is done.

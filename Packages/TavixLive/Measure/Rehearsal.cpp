@@ -18,13 +18,26 @@ namespace tavix {
 namespace {
 
 constexpr double msPerSec = 1000;
+constexpr double intoSceneSec = 0.8;    // a device has come in by then
 constexpr double scrubEverySec = 0.1;   // so that each is answered by itself
 
-// A light edit, such as a hand on a slider makes it: the look of a layer, another one each time.
-void nudge(CompositionSpec& spec, int step) {
+// The layers that are to be seen at that time of the film.
+std::vector<CompositionLayer*> layersAt(CompositionSpec& spec, double atSec) {
     std::vector<CompositionLayer*> layers;
-    for (CompositionScene& scene : spec.scenes)
-        for (CompositionLayer& layer : scene.layers) layers.push_back(&layer);
+    const auto sample = CompositionTimeline(spec).sample(atSec);
+    if (!sample) return layers;
+    CompositionScene& scene = spec.scenes[sample->outgoing.index];
+    const double localSec = sample->outgoing.localSeconds;
+    for (CompositionLayer& layer : scene.layers)
+        if (layer.opacity > 0 && localSec >= layer.fromSec &&
+            localSec < layer.fromSec + layer.durationSec.value_or(scene.durationSec))
+            layers.push_back(&layer);
+    return layers;
+}
+
+// A light edit, such as a hand on a slider makes it: the look of a layer in sight, another one each time.
+void nudge(CompositionSpec& spec, double atSec, int step) {
+    const std::vector<CompositionLayer*> layers = layersAt(spec, atSec);
     if (layers.empty()) {
         spec.background = RGBAColor{0.1 + 0.02 * (step % 40), 0.2, 0.3, 1};
         return;
@@ -97,9 +110,9 @@ private:
 
     void edit(int step) {
         preview_.pictures()->setScrubQuality(false);
-        if (step == plan_.edits) return play();
+        if (step == plan_.edits) return drag();
         preview_.player().seek((step + 0.5) / plan_.edits * preview_.totalSec(), [this, step](bool) {
-            nudge(spec_, step);
+            nudge(spec_, preview_.player().currentSec(), step);
             const double startSec = nowSec();
             onPicture_ = [this, step, startSec] {
                 report_.editMs.all.push_back((nowSec() - startSec) * msPerSec);
@@ -107,6 +120,40 @@ private:
             };
             preview_.show(spec_, assetRoot_, plan_.room, {});
         });
+    }
+
+    // A device in space under a hand that turns it, where there is one.
+    void drag() {
+        const CompositionTimeline timeline(spec_);
+        for (std::size_t i = 0; i < spec_.scenes.size(); ++i)
+            for (std::size_t j = 0; j < spec_.scenes[i].layers.size(); ++j)
+                if (const auto* device = std::get_if<DeviceContent>(&spec_.scenes[i].layers[j].content);
+                    device && device->scene3D) {
+                    const double untilSec = nowSec() + plan_.draggedSec;
+                    return dragOn({i, j}, *device, timeline.startSec[i] + intoSceneSec, untilSec);
+                }
+        play();
+    }
+
+    void dragOn(
+        const Composition3DRendererPool::Key& key, DeviceContent device, double atSec, double untilSec) {
+        if (nowSec() >= untilSec) {
+            report_.dragPicturesPerSec = double(dragged_) / plan_.draggedSec;
+            preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
+            // As it was before.
+            return preview_.show(
+                spec_, assetRoot_, plan_.room, [this](const LivePreview::Ended&) { play(); });
+        }
+        device.scene3D->tiltDegrees.y += 1;
+        preview_.onMaker([key, scene3D = *device.scene3D, placement = device.placement](PreviewMaker& maker) {
+            maker.setLiveMode(true);
+            maker.liveApply(key, scene3D, placement);
+        });
+        preview_.pictures()->requestLive(
+            atSec, [this, key, device, atSec, untilSec](const StagePicture&, const FrameSource::Drawn&) {
+                ++dragged_;
+                dragOn(key, device, atSec, untilSec);
+            });
     }
 
     void play() {
@@ -136,6 +183,7 @@ private:
     RehearsalReport report_;
     std::optional<std::string> failure_;
     std::function<void()> onPicture_;
+    int dragged_ = 0;
 
     // In the order in which they are needed: those below go first.
     system::EventLoop main_;

@@ -27,8 +27,9 @@ struct RehearsalReport {
     double firstPictureMs = 0;
     Latencies scrubMs, editMs;   // until the picture is on the stage
     double playedSec = 0, picturesPerSec = 0, droppedShare = 0;
-    double driftMs = 0;      // of pictures against the sound, the worst
-    double mainHoldMs = 0;   // the longest time that the main executor was held
+    double dragPicturesPerSec = 0;   // of a device in space; 0 without one
+    double driftMs = 0;              // of pictures against the sound, the worst
+    double mainHoldMs = 0;           // the longest time that the main executor was held
     // What a layer adds to building the document anew, the dearest first.
     struct LayerCost {
         std::size_t scene, layer;
@@ -41,6 +42,7 @@ struct RehearsalReport {
 struct RehearsalPlan {
     imaging::Size room{540, 960};
     double mostPlayedSec = 20;
+    double draggedSec = 2;
     int scrubs = 40, edits = 24;
 };
 

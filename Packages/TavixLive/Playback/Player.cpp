@@ -20,6 +20,7 @@ constexpr double starvedSec = 0.25;   // after that long without a picture a lat
 Player::~Player() { setItem(std::nullopt); }
 
 void Player::setItem(std::optional<PlayerItem> item) {
+    isShownRough_ = false;
     pause();
     seekOrder_.cut();
     costSec_ = 0;
@@ -62,6 +63,7 @@ void Player::pause() {
     stopClock();
     isPlaying_ = false;
     forgetAhead();
+    if (isShownRough_) redraw();   // at rest it is a fine one
 }
 
 void Player::startClock() {
@@ -113,6 +115,7 @@ void Player::request(std::int64_t slot, Sought done) {
         [this, done = std::move(done)](const StagePicture& picture, const FrameSource::Drawn& drawn) {
             noteCost(drawn);
             shownAtSec_ = main_.nowSec();
+            isShownRough_ = drawn.isRough;
             if (sink_) sink_(picture);
             if (done) done(true);
         },
@@ -147,14 +150,14 @@ void Player::askAhead() {
             [this, slot](const StagePicture& picture, const FrameSource::Drawn& drawn) {
                 receive(slot, picture, drawn);
             },
-            aheadOrders_.thread());
+            aheadOrders_.thread(), RenderChain::Detail::asTimeAllows);
     }
 }
 
 void Player::receive(std::int64_t slot, const StagePicture& picture, const FrameSource::Drawn& drawn) {
     --openCount_;
     noteCost(drawn);
-    ready_.push_back({slot, picture});
+    ready_.push_back({slot, picture, drawn.isRough});
     if (!isPlaying_) return;
     showDue();
     askAhead();
@@ -185,6 +188,7 @@ void Player::show(const Ready& ready) {
         ++counts_.shown;
         counts_.worstDriftSec = std::max(counts_.worstDriftSec, lateSec);
     }
+    isShownRough_ = ready.isRough;
     if (sink_) sink_(ready.picture);
 }
 

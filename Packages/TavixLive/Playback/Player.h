@@ -73,6 +73,7 @@ private:
     struct Ready {
         std::int64_t slot;
         StagePicture picture;
+        bool isRough;
     };
     double secOf(std::int64_t slot) const { return double(slot) / item_->framesPerSec; }
     std::int64_t slotOf(double sec) const;   // whose picture is to be seen then
@@ -96,7 +97,7 @@ private:
     std::function<void()> onEnd_, onTime_;
     double observedEverySec_ = 0, observedAtSec_ = 0;
 
-    bool isPlaying_ = false;
+    bool isPlaying_ = false, isShownRough_ = false;
     double positionSec_ = 0;    // while paused, and where playing began
     double startedAtSec_ = 0;   // of the main executor
     system::Timer nextTick_;

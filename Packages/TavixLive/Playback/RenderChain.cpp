@@ -12,6 +12,25 @@ namespace {
 // A little more than a frame at 25 a second.
 constexpr double toldSec = 0.041;
 
+// Pictures that take longer, twice in a row, are drawn roughly until they take no time to speak of.
+constexpr double hurriedSec = 0.03, leisurelySec = 0.01;
+
+// Whether a row of pictures has to hurry.
+class Pace {
+public:
+    bool isHurried() const { return isHurried_; }
+    void note(const FrameSource::Drawn& drawn) {
+        if (drawn.isStored) return;
+        const double sec = drawn.buildSec + drawn.paintSec;
+        slow_ = sec > hurriedSec ? slow_ + 1 : 0;
+        isHurried_ = isHurried_ ? sec > leisurelySec : slow_ > 1;
+    }
+
+private:
+    bool isHurried_ = false;
+    int slow_ = 0;
+};
+
 long inMs(double sec) { return std::lround(sec * 1000); }
 
 }   // namespace
@@ -22,6 +41,7 @@ struct RenderChain::Shared {
     FrameSourceRef source;
     bool isScrubbing = false;
     RenderLog scrubLog;   // told on the render executor
+    Pace pace;            // used there
 };
 
 // One picture to draw, for all who asked for it. It is written on the main executor until it is drawn (under
@@ -36,6 +56,7 @@ struct RenderChain::Order {
 
     double atSec = 0;
     std::vector<Asker> askers;
+    Detail detail = Detail::full;
     bool isLive = false, isTaken = false;
     FrameSource::Drawn drawn;
 };
@@ -63,7 +84,8 @@ void RenderChain::setScrubQuality(bool isOn) {
     shared_->isScrubbing = isOn;
 }
 
-void RenderChain::request(double atSec, Deliver deliver, std::optional<std::weak_ptr<void>> wantedBy) {
+void RenderChain::request(
+    double atSec, Deliver deliver, std::optional<std::weak_ptr<void>> wantedBy, Detail detail) {
     bool isScrubbing = false;
     {
         const std::lock_guard lock(shared_->mutex);
@@ -77,6 +99,7 @@ void RenderChain::request(double atSec, Deliver deliver, std::optional<std::weak
     auto order = std::make_shared<Order>();
     order->atSec = atSec;
     order->askers.push_back({std::move(deliver), std::move(wantedBy)});
+    order->detail = detail;
     queued_ = isScrubbing ? order : nullptr;
     drawOn(std::move(order));
 }
@@ -86,6 +109,7 @@ void RenderChain::requestLive(double atSec, Deliver deliver) {
     order->atSec = atSec;
     order->askers.push_back({std::move(deliver), {}});
     order->isLive = true;
+    order->detail = Detail::asTimeAllows;
     drawOn(std::move(order));
 }
 
@@ -120,7 +144,10 @@ void RenderChain::drawNow(const std::shared_ptr<Shared>& shared, Order& order) {
         if (shared->isScrubbing && !order.isLive) quality = FrameQuality::scrub;
     }
     if (!source) return;
+    const bool isInARow = order.detail == Detail::asTimeAllows && quality == FrameQuality::full;
+    if (isInARow && shared->pace.isHurried()) quality = FrameQuality::rough;
     order.drawn = source->draw(order.atSec, quality);
+    if (isInARow) shared->pace.note(order.drawn);
     if (shared->scrubLog) log(*shared, order, source->hasDevicesInSpace());
 }
 

@@ -32,11 +32,15 @@ public:
 
     // Of what is drawn from now on; a picture that is being drawn is still of the old one.
     void setFrameSource(FrameSourceRef source);
+    enum class Detail { full, asTimeAllows };
+
     // Every request is answered. While scrubbing at most one drawing waits: requests that come meanwhile are
     // all answered with a picture of the newest time among them.
     // A request whose `wantedBy` has expired is neither drawn nor answered.
-    void request(double atSec, Deliver deliver, std::optional<std::weak_ptr<void>> wantedBy = {});
-    // Out of turn with nothing: drawn as it stands now, at full quality, for who shows a drag.
+    // One of a row of pictures, such as a film that plays, may be rough where full ones take too long.
+    void request(double atSec, Deliver deliver, std::optional<std::weak_ptr<void>> wantedBy = {},
+        Detail detail = Detail::full);
+    // Out of turn with nothing: drawn as it stands now, as finely as time allows, for who shows a drag.
     void requestLive(double atSec, Deliver deliver);
     // Scrubbing has rough pictures, soon.
     void setScrubQuality(bool isOn);

@@ -14,8 +14,9 @@ struct StagePicture {
     double atSec = 0;   // whose frame it is
 };
 
-// While someone drags through the time, the screens of devices in space may lag behind.
-enum class FrameQuality { full, scrub };
+// Devices in space are drawn with every other pixel where a full picture would come too late; while someone
+// drags through the time, their screens may lag behind, too.
+enum class FrameQuality { full, rough, scrub };
 
 // Used on the render executor alone, once it has been made.
 class FrameSource {
@@ -25,6 +26,7 @@ public:
         double buildSec = 0, paintSec = 0;   // what it took
         bool isStored = false;               // it was in memory
         bool isKept = false;                 // and now it is
+        bool isRough = false;                // a better one could be drawn
     };
     enum class Filled { wasThere, drawn, hasNoRoom, refused };   // refused: it is none that can be kept
 

@@ -82,8 +82,7 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
     room_->resize(size_);
     auto pixels = std::make_shared<imaging::Bitmap>(imaging::Bitmap::uninitialised(size_, room_->pictures));
     Drawn drawn{pixels};
-    auto key =
-        quality == FrameQuality::full && !room_->showsLiveValues ? resolved_.frameKey(atSec) : std::nullopt;
+    auto key = room_->showsLiveValues ? std::nullopt : resolved_.frameKey(atSec);
     if (key && room_->store->restore(*key, pixels->view())) {
         drawn.isStored = drawn.isKept = true;
         drawn.paintSec = secondsSince(start);
@@ -91,6 +90,7 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
     }
     try {
         resolved_.setScrubQuality(quality == FrameQuality::scrub);
+        resolved_.setRough(quality != FrameQuality::full);
         const imaging::Rect canvas{0, 0, double(size_.width), double(size_.height)};
         // Opaque, whatever the document leaves clear.
         const imaging::Image frame = imaging::Image::stacked(
@@ -108,7 +108,8 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
     const imaging::ConstBitmapView shown = room_->surface->pixels();
     for (int y = 0; y < size_.height; ++y)
         std::memcpy(pixels->view().row(y), shown.row(y), std::size_t(size_.width) * 4);
-    if (key && room_->options.storeBytes > 0) {
+    drawn.isRough = quality != FrameQuality::full && hasDevicesInSpace_;
+    if (key && quality == FrameQuality::full && room_->options.storeBytes > 0) {
         room_->store->keep(*key, shown);
         drawn.isKept = true;
     }

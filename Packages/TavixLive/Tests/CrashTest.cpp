@@ -47,6 +47,11 @@ public:
         lastKept_ = 0;
         edits_.clear();
     }
+    // Until it is at work.
+    void await() {
+        const auto most = Clock::now() + std::chrono::seconds(30);
+        while (edits_.empty() && Clock::now() < most) listen(Clock::now() + std::chrono::milliseconds(20));
+    }
     // What it says until then; each line with the time at which it was heard.
     void listen(Clock::time_point until) {
         for (;;) {
@@ -125,11 +130,12 @@ TEST(Crash, CostsNoBundleAndNothingThatWasKept) {
         desks.push_back(std::make_unique<Desk>(sec > 0 ? JournalKeeper::usualDelaySec : 0.02));
     for (int round = 0; round < crashes; round += together) {
         for (const auto& desk : desks) desk->start(unsigned(random()));
+        for (const auto& desk : desks) desk->await();
         const auto start = Clock::now();
         std::vector<std::pair<Clock::time_point, Desk*>> ends;
         for (const auto& desk : desks) {
             const double part = double(random() % 1000) / 1000;
-            const double atSec = sec > 0 ? 0.5 + part * sec : 0.15 + part * 0.5;
+            const double atSec = part * (sec > 0 ? sec : 0.5);
             ends.emplace_back(
                 start + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(atSec)),
                 desk.get());

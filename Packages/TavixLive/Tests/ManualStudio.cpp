@@ -6,12 +6,13 @@ namespace tavix::testing {
 
 FrameSource::Drawn FakeSource::draw(double atSec, FrameQuality quality) {
     draws.push_back({atSec, quality, time_.nowSec()});
-    const double cost = costAt ? costAt(atSec) : costSec_;
+    const double full = costAt ? costAt(atSec) : costSec_;
+    const double cost = quality == FrameQuality::rough ? full / 2 : full;
     time_.spend(cost);
     auto pixels = std::make_shared<imaging::Bitmap>(imaging::Size{1, 1});
     pixels->view().row(0)[0] = static_cast<std::uint8_t>(number_);
     if (quality == FrameQuality::full && stored.size() < room) stored.insert(slotOf(atSec));
-    return {pixels, cost, 0, false, isStored(atSec)};
+    return {pixels, cost, 0, false, isStored(atSec), quality != FrameQuality::full};
 }
 
 long FakeSource::slotOf(double atSec) { return std::lround(atSec * 30); }

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tavix {
 namespace {
 
@@ -124,6 +126,28 @@ TEST(RenderChain, DrawsADragAtFullQualityAndTellsWhoWaits) {
     studio.time.advance(1);
     EXPECT_EQ(studio.source->draws.front().quality, FrameQuality::full);
     EXPECT_EQ(delivered, 1);
+}
+
+TEST(RenderChain, DrawsARowRoughlyWhileFinePicturesAreTooSlow) {
+    ManualStudio studio(10, 0.02);
+    double costSec = 0.02;
+    studio.source->costAt = [&](double) { return costSec; };
+    const auto drawRow = [&](int count) {
+        studio.source->draws.clear();
+        for (int i = 0; i < count; ++i)
+            studio.chain->request(0.1 * i, {}, {}, RenderChain::Detail::asTimeAllows);
+        studio.time.advance(5);
+        return std::ranges::count(
+            studio.source->draws, FrameQuality::rough, &testing::FakeSource::Draw::quality);
+    };
+    EXPECT_EQ(drawRow(10), 0);
+    costSec = 0.05;
+    EXPECT_EQ(drawRow(10), 8) << "once is an accident";
+    studio.chain->request(1, {});
+    studio.time.advance(1);
+    EXPECT_EQ(studio.source->draws.back().quality, FrameQuality::full) << "it is by itself";
+    costSec = 0.018;
+    EXPECT_EQ(drawRow(10), 1);
 }
 
 TEST(RenderChain, LogsSlowFlatFramesAndAllThatHaveDevicesInSpace) {

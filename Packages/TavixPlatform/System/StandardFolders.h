@@ -12,9 +12,14 @@ struct StandardFolders {
     std::filesystem::path cache;    // what can be made again
     std::filesystem::path data;     // what the user collected
 
-    // "tavix" under $XDG_CONFIG_HOME and its like, which count when they are absolute, or under their
-    // defaults in the home folder; without a home folder all of it is temporary.
+    // $XDG_CONFIG_HOME and its like, which count when they are absolute, or their defaults in the home
+    // folder; without a home folder all of it is temporary.
+    static StandardFolders ofDesktop();
+    // "tavix" in each of those.
     static StandardFolders ofUser();
 };
+
+// That of $HOME, if it is absolute, or of the user's account; empty without one.
+std::filesystem::path homeFolder();
 
 }   // namespace tavix::system

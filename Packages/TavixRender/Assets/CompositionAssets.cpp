@@ -1,6 +1,7 @@
 #include "TavixRender/Assets/CompositionAssets.h"
 
-#include <cstdlib>
+#include "TavixPlatform/System/StandardFolders.h"
+
 #include <variant>
 
 namespace tavix::CompositionAssets {
@@ -12,9 +13,9 @@ std::filesystem::path resolved(
 }
 
 std::filesystem::path tildeExpanded(const std::string& path) {
-    const char* home = std::getenv("HOME");
-    const bool isBelowHome = path == "~" || path.starts_with("~/");
-    return isBelowHome && home != nullptr ? home + path.substr(1) : path;
+    if (path != "~" && !path.starts_with("~/")) return path;
+    const std::filesystem::path home = system::homeFolder();
+    return home.empty() ? path : home.string() + path.substr(1);
 }
 
 BackgroundFill absolutized(

@@ -1,6 +1,7 @@
 #include "TavixRender/Brand/DesktopHints.h"
 
 #include "TavixBase/TextTrimming.h"
+#include "TavixPlatform/System/StandardFolders.h"
 #include "TavixRender/Brand/BrandFiles.h"
 #include "TavixRender/Brand/IconPalette.h"
 #include "TavixRender/Brand/MarkupScan.h"
@@ -34,11 +35,7 @@ std::vector<fs::path> dataFolders() {
     const auto variable = [](const char* name) {
         return std::string(std::getenv(name) ? std::getenv(name) : "");
     };
-    std::vector<fs::path> folders;
-    if (const std::string home = variable("XDG_DATA_HOME"); !home.empty())
-        folders.emplace_back(home);
-    else if (const std::string user = variable("HOME"); !user.empty())
-        folders.push_back(fs::path(user) / ".local/share");
+    std::vector<fs::path> folders{system::StandardFolders::ofDesktop().data};
     std::string shared = variable("XDG_DATA_DIRS");
     if (shared.empty()) shared = "/usr/local/share:/usr/share";
     std::istringstream parts(shared);

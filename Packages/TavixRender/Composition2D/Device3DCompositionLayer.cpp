@@ -6,7 +6,9 @@
 #include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <utility>
 #include <variant>
 
@@ -22,6 +24,8 @@ constexpr double longestDoubledSidePx = 2048;
 constexpr double sameAspect = 0.001;
 // Within this a scrub shows the screen of before.
 constexpr double heldScreenSec = 0.12;
+// What a preview tells of a device that takes as long as a frame of 25 a second.
+constexpr double toldSec = 0.041;
 
 DeviceSceneRenderer::Settings settingsOf(
     const DeviceContent& content, const LayerBuild& build, const Rect& deviceRect) {
@@ -44,6 +48,18 @@ DeviceSceneRenderer::Settings settingsOf(
 
 }   // namespace
 
+// What a picture of the device took.
+struct Device3DCompositionLayer::Stages {
+    double decodeSec = 0, passesSec = 0, rasterSec = 0;
+
+    // Since the lap before, or the beginning.
+    double lap() {
+        const auto now = std::chrono::steady_clock::now();
+        return std::chrono::duration<double>(now - std::exchange(before, now)).count();
+    }
+    std::chrono::steady_clock::time_point before = std::chrono::steady_clock::now();
+};
+
 std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
     if (!DeviceModelLoader::modelPath()) return nullptr;
@@ -65,22 +81,38 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
 }
 
 Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build)
-    : evaluator_(build.evaluator), log_(build.log), bounds_(build.bounds), scene3D_(*content.scene3D),
-      placement_(content.placement), screen_(content.screen, build) {}
+    : evaluator_(build.evaluator), log_(build.log), isPreview_(build.rendererPool != nullptr),
+      bounds_(build.bounds), scene3D_(*content.scene3D), placement_(content.placement),
+      screen_(content.screen, build) {}
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     if (std::exchange(needsApplyScene_, false)) {
         renderer_->applyScene(scene3D_.asDeviceScene(), placement_, scene3D_.motionBlur, scene3D_.depthTrack);
         appliedVersion_ = renderer_->sceneVersion();
     }
+    Stages took;
     const auto screen = screenAt(localSec);
     if (!screen) return std::nullopt;
+    took.decodeSec = took.lap();
+    renderer_->setRough(isRough_);
     const Digest hash = renderer_->frameHash(*screen, localSec);
     if (lastFrame_ && lastFrame_->hash == hash) return lastFrame_->image;
     const Image image = renderer_->render(*screen, localSec, {evaluator_, log_});
+    took.passesSec = took.lap();
     // Drawn now: a finished frame is a part of what it is made from, which can go.
     lastFrame_ = {hash, evaluator_.drawnForFrame(image.cropped(bounds_), imaging::pixelsCovering(bounds_))};
+    took.rasterSec = took.lap();
+    if (isPreview_) logStages(localSec, took);
     return lastFrame_->image;
+}
+
+void Device3DCompositionLayer::logStages(double localSec, const Stages& took) const {
+    if (took.decodeSec + took.passesSec + took.rasterSec < toldSec) return;
+    const auto inMs = [](double sec) { return std::lround(sec * 1000); };
+    char line[128];
+    std::snprintf(line, sizeof line, "dev3D u=%.2f decode=%ldms rk=%ldms raster=%ldms", localSec,
+        inMs(took.decodeSec), inMs(took.passesSec), inMs(took.rasterSec));
+    tell(log_, Finding::progress(RenderCode::scrub, line));
 }
 
 void Device3DCompositionLayer::takenOver() {

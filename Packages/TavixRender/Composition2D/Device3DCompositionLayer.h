@@ -28,6 +28,8 @@ public:
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
     void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }
+    // While it is on, the device is drawn with every other pixel.
+    void setRough(bool isOn) { isRough_ = isOn; }
 
 private:
     struct HeldScreen {
@@ -41,9 +43,12 @@ private:
 
     Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build);
     std::optional<imaging::Image> screenAt(double localSec);
+    struct Stages;
+    void logStages(double localSec, const Stages& took) const;
 
     imaging::Evaluator& evaluator_;
     RenderLog log_;
+    bool isPreview_;
     imaging::Rect bounds_;   // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
@@ -53,7 +58,7 @@ private:
     bool needsApplyScene_ = false;   // it holds other values: those of another build, or of a drag
     std::uint64_t appliedVersion_ =
         0;   // of the renderer's scene, when it last held the values of this layer
-    bool scrubQuality_ = false;
+    bool scrubQuality_ = false, isRough_ = false;
     std::optional<HeldScreen> heldScreen_;
     std::optional<DrawnFrame> lastFrame_;
 };

@@ -239,11 +239,18 @@ std::vector<const ResolvedCompositionLayer*> ResolvedComposition::depthOrderedLa
     return ordered;
 }
 
-void ResolvedComposition::setScrubQuality(bool isOn) {
+template <class Job> void ResolvedComposition::forDevicesInSpace(Job job) {
     for (const auto& scene : layers_)
         for (const ResolvedCompositionLayer& resolved : scene)
-            if (auto* device = dynamic_cast<Device3DCompositionLayer*>(resolved.renderer.get()))
-                device->setScrubQuality(isOn);
+            if (auto* device = dynamic_cast<Device3DCompositionLayer*>(resolved.renderer.get())) job(*device);
+}
+
+void ResolvedComposition::setScrubQuality(bool isOn) {
+    forDevicesInSpace([isOn](Device3DCompositionLayer& device) { device.setScrubQuality(isOn); });
+}
+
+void ResolvedComposition::setRough(bool isOn) {
+    forDevicesInSpace([isOn](Device3DCompositionLayer& device) { device.setRough(isOn); });
 }
 
 std::int64_t ResolvedComposition::presetSeed(

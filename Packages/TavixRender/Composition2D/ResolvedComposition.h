@@ -48,6 +48,7 @@ public:
     imaging::Image renderScene(std::size_t scene, double localSec);
     // Lets the screens of 3D devices lag behind while someone drags through the time.
     void setScrubQuality(bool isOn);
+    void setRough(bool isOn);   // of devices in space
     // In document order, but neighbouring devices in space that are live at that time stand with the nearest
     // last.
     std::vector<const ResolvedCompositionLayer*> depthOrderedLayers(std::size_t scene, double localSec) const;
@@ -56,6 +57,7 @@ public:
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
+    template <class Job> void forDevicesInSpace(Job job);
     void buildBackgrounds(const LayerBuild& build, BuildMemory& memory);
     void buildLayers(const LayerBuild& build, BuildMemory& memory);
     void restAllBut(std::size_t outgoing, std::size_t incoming);

@@ -5,8 +5,9 @@
 
 namespace tavix {
 
-// `preview` is for a film that is played while it is made.
-enum class DeviceQuality { preview, full };
+// `preview` is for a film that is played while it is made, `rough` for one whose pictures would come too
+// late.
+enum class DeviceQuality { rough, preview, full };
 
 // The body is drawn at the size of the picture, and lit once in each pixel of a surface. The screen is drawn
 // up to twice as large: its picture is the one thing with detail finer than a pixel.
@@ -14,10 +15,11 @@ struct DevicePassPlan {
     scene3d::Samples body = scene3d::Samples::sixtyFour;
     int screenScale = 2;
     scene3d::Samples screen = scene3d::Samples::sixteen;
+    int reduction = 1;   // along a side; such a picture is enlarged to the size of the output
 };
 
 // For a picture of that size. One with a side above 2048 pixels has pixels enough, and takes a quarter of the
-// samples that a smaller one does; a preview takes four a pixel.
+// samples that a smaller one does; a preview takes four a pixel, and a rough one draws every other pixel.
 DevicePassPlan devicePassPlan(imaging::Size output, DeviceQuality quality);
 
 }   // namespace tavix

@@ -53,6 +53,17 @@ Image halved(scene3d::EncodedFrame frame, imaging::Size whole) {
         .placedInto({rect.x / 2, rect.y / 2, rect.width / 2, rect.height / 2});
 }
 
+imaging::Size reduced(imaging::Size size, int reduction) {
+    const auto side = [&](int px) { return std::max((px + reduction - 1) / reduction, 1); };
+    return {side(size.width), side(size.height)};
+}
+
+Image enlarged(const Image& image, imaging::Size from, imaging::Size to) {
+    if (from == to) return image;
+    return image.transformed(
+        imaging::Affine::scaling(double(to.width) / from.width, double(to.height) / from.height));
+}
+
 }   // namespace
 
 DeviceSceneRenderer::DeviceSceneRenderer(Settings settings)
@@ -145,32 +156,37 @@ void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, co
 // Both passes, one over the other. The lit body goes through the tone curve and the screen does not: its
 // pixels are those of its picture.
 Image DeviceSceneRenderer::photographed(const DeviceStance& stance) {
-    const DevicePassPlan plan = devicePassPlan(settings_.output, settings_.quality);
+    const DevicePassPlan plan =
+        devicePassPlan(settings_.output, isRough_ ? DeviceQuality::rough : settings_.quality);
     return Image::stacked({clearIn(boundsOf(settings_.output)), bodyPass(plan, stance), screenPass(plan)});
 }
 
 struct DeviceSceneRenderer::BodyPicture {
     DeviceStance stance;
+    bool isRough;
     Image image;
 };
 
 Image DeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const DeviceStance& stance) {
-    if (lastBody_ && lastBody_->stance == stance) return lastBody_->image;
+    if (lastBody_ && lastBody_->stance == stance && lastBody_->isRough == isRough_) return lastBody_->image;
     lastBody_.reset();   // its memory serves the next one
+    const imaging::Size size = reduced(settings_.output, plan.reduction);
     const scene3d::LinearFrame light =
-        settings_.darkroom->engine.renderLinear(stage_->bodyScene(), {settings_.output, plan.body});
-    const Image image = imageOf(DeviceStudio::applyACES(light, settings_.darkroom->pictures));
-    lastBody_ = std::make_unique<BodyPicture>(BodyPicture{stance, image});
+        settings_.darkroom->engine.renderLinear(stage_->bodyScene(), {size, plan.body});
+    const Image image = enlarged(
+        imageOf(DeviceStudio::applyACES(light, settings_.darkroom->pictures)), size, settings_.output);
+    lastBody_ = std::make_unique<BodyPicture>(BodyPicture{stance, isRough_, image});
     return image;
 }
 
 Image DeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
-    const imaging::Size output = settings_.output;
+    const imaging::Size output = reduced(settings_.output, plan.reduction);
     const auto detail = plan.screenScale > 1 ? scene3d::TextureDetail::halved : scene3d::TextureDetail::fine;
     const scene3d::Pass pass{
         {output.width * plan.screenScale, output.height * plan.screenScale}, plan.screen, detail};
     scene3d::EncodedFrame frame = settings_.darkroom->engine.renderEncoded(stage_->screenScene(), pass);
-    return plan.screenScale > 1 ? halved(std::move(frame), pass.size) : imageOf(std::move(frame));
+    return plan.screenScale > 1 ? halved(std::move(frame), pass.size)
+                                : enlarged(imageOf(std::move(frame)), output, settings_.output);
 }
 
 DeviceStance DeviceSceneRenderer::stanceAt(double outputSec) const {
@@ -190,7 +206,7 @@ std::optional<DeviceMotionBlur> DeviceSceneRenderer::blurAt(double outputSec) co
 Digest DeviceSceneRenderer::frameHash(const Image& deviceLayer, double outputSec) const {
     const DeviceStance stance = stanceAt(outputSec);
     Hash hash;
-    hash.add(sceneVersion_);
+    hash.add(sceneVersion_).add(isRough_);
     hash.add(screenImage(transitionWindows_, deviceLayer, motion_, outputSec).hash());
     hash.add(stance.poseDegrees.x).add(stance.poseDegrees.y).add(stance.poseDegrees.z);
     const auto& place = stance.placement;

@@ -69,6 +69,8 @@ public:
     // Gives up the stage and what is on its screen; the next frame sets them up again.
     void rest();
     void setLiveMode(bool isOn);
+    // Pictures in time before fine ones: `DeviceQuality::rough`.
+    void setRough(bool isOn) { isRough_ = isOn; }
 
 private:
     enum class State { fresh, built, failed };
@@ -94,7 +96,7 @@ private:
     std::uint64_t sceneVersion_ = 0;   // counts what was applied
     State state_ = State::fresh;
     std::unique_ptr<DeviceStage> stage_;
-    bool liveMode_ = false;
+    bool liveMode_ = false, isRough_ = false;
     bool hasToldOfScreen_ = false;            // its failure is told once
     std::optional<double> lastBlitSec_;       // when the screen was last brought up to date
     std::optional<Digest> lastBlit_;          // and with what

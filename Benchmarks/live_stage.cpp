@@ -1,0 +1,81 @@
+// A live preview at 540 x 960, in milliseconds of all threads together: frames of examples as they are
+// played, one after another, and as they are drawn once they are in memory; and a light edit with its
+// picture, on a stage that goes on from the document before and on one that begins anew.
+#include "Cost.h"
+#include "TavixCore/Judge/CompositionRoad.h"
+#include "TavixCore/Project/CompositionProjectService.h"
+#include "TavixCore/Time/CompositionTimeline.h"
+#include "TavixLive/Stage/Stage.h"
+#include "TestSupport/SourceTree.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <string>
+
+namespace tavix {
+namespace {
+
+constexpr imaging::Size room{540, 960};
+
+struct Film {
+    explicit Film(const char* name)
+        : bundle(testsupport::inSourceTree("Examples") / (std::string(name) + ".tavixcomp")),
+          spec(CompositionRoad::judge(CompositionProjectService::load(bundle).spec, bundle).spec) {}
+    std::filesystem::path bundle;
+    CompositionSpec spec;
+};
+
+// The mean of a frame, and that of the dearest tenth of a second.
+void play(benchmark::State& state, const char* name, FrameQuality quality, std::size_t storeBytes) {
+    const Film film(name);
+    Stage stage({.evaluation = {}, .storeBytes = storeBytes}, {});
+    const FrameSourceRef source = stage.source(film.spec, film.bundle, room);
+    const int frames = int(source->totalSec() * 30);
+    double worstSec = 0;
+    const auto whole = [&] {
+        for (int i = 0; i < frames; i += 3)
+            worstSec = std::max(worstSec, benchmarks::measured([&] {
+                for (int j = i; j < std::min(i + 3, frames); ++j) { auto c = benchmarks::measured([&]{ source->draw(j / 30.0, quality); }); if (c.cpuSec > 0.06) std::fprintf(stderr, "%d %.0f  ", j, c.cpuSec*1000); }
+            }).cpuSec / 3);
+    };
+    if (storeBytes > 0) whole();
+    worstSec = 0;
+    double cpuSec = 0;
+    for (auto _ : state) cpuSec += benchmarks::measured(whole).cpuSec;
+    state.counters["cpuMs"] = cpuSec * 1000 / (double(state.iterations()) * frames);
+    state.counters["dearestCpuMs"] = worstSec * 1000;
+}
+
+void edit(benchmark::State& state, const char* name, bool takesOver) {
+    Film film(name);
+    Stage stage({.evaluation = {}, .takesOver = takesOver}, {});
+    const CompositionTimeline timeline(film.spec);
+    stage.source(film.spec, film.bundle, room)->draw(1, FrameQuality::full);
+    double cpuSec = 0;
+    int step = 0;
+    for (auto _ : state) {
+        for (CompositionLayer& layer : film.spec.scenes[0].layers) layer.opacity = 0.5 + 0.01 * (++step % 40);
+        cpuSec += benchmarks::measured([&] {
+            stage.source(film.spec, film.bundle, room)->draw(timeline.startSec[0] + 1, FrameQuality::full);
+        }).cpuSec;
+    }
+    state.counters["cpuMs"] = cpuSec * 1000 / double(state.iterations());
+}
+
+const int registered = [] {
+    for (const char* name : {"hero-phone", "phone-tour", "kinetic-type", "on-the-beat"}) {
+        const auto named = [&](const char* what) { return std::string(what) + "/" + name; };
+        const auto once = [](auto* made) { made->Iterations(1)->Unit(benchmark::kMillisecond); };
+        once(benchmark::RegisterBenchmark(named("playFull").c_str(), play, name, FrameQuality::full, 0));
+        once(benchmark::RegisterBenchmark(named("playRough").c_str(), play, name, FrameQuality::rough, 0));
+        once(benchmark::RegisterBenchmark(
+            named("playFromMemory").c_str(), play, name, FrameQuality::full, std::size_t(1) << 30));
+        benchmark::RegisterBenchmark(named("editGoingOn").c_str(), edit, name, true)->Iterations(20);
+        benchmark::RegisterBenchmark(named("editAnew").c_str(), edit, name, false)->Iterations(3);
+    }
+    return 0;
+}();
+
+}   // namespace
+}   // namespace tavix
