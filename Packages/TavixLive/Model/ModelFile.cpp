@@ -83,7 +83,8 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
 void CompositionEditorModel::noteUnsaved(bool isUnsaved) {
     state.hasUnsavedChanges = isUnsaved;
     // What is to be chosen may be something else now.
-    if (isUnsaved && !state.fileConflicts().empty()) lookTimer_ = main_.after(settleSec, [this] { lookAtFile(); });
+    if (isUnsaved && !state.fileConflicts().empty())
+        lookTimer_ = main_.after(settleSec, [this] { lookAtFile(); });
     if (!journal_) return;
     if (isUnsaved)
         journal_->noteChange();

@@ -11,7 +11,7 @@ namespace {
 constexpr double sameMomentSec = 1e-6;
 constexpr double nearTheEndSec = 0.001;   // sound ends at a whole frame of its own
 constexpr double shortestTickSec = 0.001;
-constexpr int mostAhead = 3;          // pictures that are asked for or wait
+constexpr int mostAhead = 6;          // pictures that are asked for or wait, so that a dear one is no gap
 constexpr double costMemory = 0.75;   // how much the cost of a picture counts that came before
 constexpr double starvedSec = 0.25;   // after that long without a picture a late one is better than none
 
@@ -83,6 +83,15 @@ void Player::stopClock() {
     positionSec_ = currentSec();
     countSlotsTo(positionSec_);
     if (output_ != nullptr && item_->sound) output_->stop();
+}
+
+// Those that wait to be shown are of the old source; the next one to come is of the new.
+void Player::redraw() {
+    if (!item_) return;
+    if (!isPlaying_) return request(slotOf(currentSec()), {});
+    forgetAhead();
+    nextSlot_ = slotOf(currentSec()) + 1;
+    askAhead();
 }
 
 void Player::forgetAhead() {

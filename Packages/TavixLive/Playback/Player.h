@@ -51,9 +51,7 @@ public:
     // on from there.
     void seek(double toSec, Sought done = {});
     // The picture once more, from a source that has changed.
-    void redraw() {
-        if (!isPlaying_ && item_) request(slotOf(currentSec()), {});
-    }
+    void redraw();
     double currentSec() const;
     std::int64_t slotCount() const;   // of the pictures of the item, at its rate
 

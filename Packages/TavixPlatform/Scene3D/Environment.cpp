@@ -106,10 +106,11 @@ std::vector<LobeSample> lobeOf(double roughness, int count, std::size_t mapCount
     return lobe;
 }
 
-OctahedralMap filteredMap(const std::vector<OctahedralMap>& maps, int sidePx, double roughness) {
+OctahedralMap filteredMap(
+    imaging::ParallelLoop& loop, const std::vector<OctahedralMap>& maps, int sidePx, double roughness) {
     const std::vector<LobeSample> lobe = lobeOf(roughness, sidePx >= 128 ? 40 : 96, maps.size());
     OctahedralMap result(sidePx);
-    result.fill([&](Vec3 n) {
+    result.fill(loop, [&](Vec3 n) {
         imaging::checkStop();
         const Vec3 side = normalized(cross(std::abs(n.y) < 0.99f ? Vec3{0, 1, 0} : Vec3{1, 0, 0}, n));
         const Vec3 other = cross(n, side);
@@ -147,13 +148,14 @@ EnvironmentRef Environment::make(const EquirectangularImage& picture) {
     requireUsable(picture);
     const EquirectangularImage source = reduced(picture);
     std::vector<OctahedralMap> maps;
-    maps.emplace_back(baseSidePx).fill([&](Vec3 d) { return smoothAt(source, d); });
+    imaging::ParallelLoop loop(0);
+    maps.emplace_back(baseSidePx).fill(loop, [&](Vec3 d) { return smoothAt(source, d); });
     while (maps.back().sidePx() > 8) maps.push_back(maps.back().halved());
 
     const std::shared_ptr<Environment> result(new Environment());
     for (int i = 0; i < levelCount; ++i) {
         const double roughness = double(i) / (levelCount - 1);
-        const OctahedralMap map = i == 0 ? maps[0] : filteredMap(maps, sideOf(i), roughness);
+        const OctahedralMap map = i == 0 ? maps[0] : filteredMap(loop, maps, sideOf(i), roughness);
         result->levels_[std::size_t(i)] = {map.sidePx(), std::uint32_t(result->texels_.size() / 4)};
         result->texels_.insert(result->texels_.end(), map.texels().begin(), map.texels().end());
     }

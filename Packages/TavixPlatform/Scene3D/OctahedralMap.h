@@ -2,6 +2,7 @@
 // upper half lies in the middle; a border of one texel continues over the folds. Inside the library only.
 #pragma once
 
+#include "TavixPlatform/Imaging/ParallelLoop.h"
 #include "TavixPlatform/Scene3D/Vectors.h"
 
 #include <cstddef>
@@ -19,10 +20,11 @@ public:
     Vec3 at(Vec3 direction) const;                              // bilinear
     OctahedralMap halved() const;
 
-    // Sets each texel to the light from its direction.
-    template <class LightFrom> void fill(const LightFrom& lightFrom) {
-        for (int y = 0; y < sidePx_; ++y)
+    // Sets each texel to the light from its direction, which is asked for on several threads.
+    template <class LightFrom> void fill(imaging::ParallelLoop& rows, const LightFrom& lightFrom) {
+        rows.run(sidePx_, [&](int y) {
             for (int x = 0; x < sidePx_; ++x) set(x, y, lightFrom(directionOf(x, y)));
+        });
         closeBorder();
     }
     // Calls visit(direction, light, solid angle) for each texel.

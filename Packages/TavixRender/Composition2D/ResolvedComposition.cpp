@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <numeric>
 #include <utility>
 #include <variant>
 
@@ -94,6 +95,9 @@ std::optional<double> liveDepth(const ResolvedCompositionLayer& resolved, double
     if (device == nullptr || !device->scene3D || !resolved.window.contains(localSec)) return std::nullopt;
     return DeviceDepthTrajectory::sample(device->scene3D->depthTrack, localSec - resolved.window.startSec);
 }
+
+// Scenes that a preview keeps ready, since people go to and fro; a film that is written goes on.
+constexpr std::size_t awakeInPreview = 4;
 
 }   // namespace
 
@@ -197,11 +201,19 @@ Image ResolvedComposition::frame(double globalSec) {
 }
 
 void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming) {
-    const auto now = std::pair(outgoing, incoming), before = std::exchange(shownScenes_, now);
-    if (now == before) return;
-    for (const std::size_t scene : {before.first, before.second})
-        if (scene != outgoing && scene != incoming)
-            for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
+    if (awake_.empty() && hasMemory_) {
+        // What was taken over may be awake in any scene.
+        awake_.resize(layers_.size());
+        std::iota(awake_.begin(), awake_.end(), std::size_t(0));
+    }
+    for (const std::size_t scene : {incoming, outgoing}) {
+        std::erase(awake_, scene);
+        awake_.insert(awake_.begin(), scene);
+    }
+    const std::size_t shown = outgoing == incoming ? 1 : 2;
+    for (const std::size_t most = hasMemory_ ? awakeInPreview : shown; awake_.size() > most;
+         awake_.pop_back())
+        for (const ResolvedCompositionLayer& layer : layers_[awake_.back()]) layer.renderer->rest();
 }
 
 Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {

@@ -70,7 +70,7 @@ private:
     std::vector<BuildMemory::Background> backgrounds_;
     std::vector<std::uint64_t> transitionIDs_;   // of the scenes; 0 without a transition
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
-    std::pair<std::size_t, std::size_t> shownScenes_{0, 0};   // of the last frame; one twice, or two
+    std::vector<std::size_t> awake_;   // the scenes whose layers hold what they draw with, the latest first
     bool hasDevicesInSpace_ = false;
 };
 
