@@ -152,6 +152,7 @@ void CompositionEditorModel::close() {
     recovered_.reset();
     watches_.clear();
     saveAgain_ = {};
+    scene3DStash_.clear();
     fileProblem_.reset();
     isSaving_ = isLooking_ = isLookDue_ = isLookAsked_ = areWatchesStale_ = false;
     isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ = false;

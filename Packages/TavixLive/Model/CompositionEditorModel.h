@@ -87,7 +87,7 @@ public:
     const History& history() const { return history_; }
 
     void scheduleRefresh();
-    void refreshNow(Done then = {});
+    void refreshNow(Done then = {});   // `then` also when another refresh has overtaken it
     // How much room the stage has, in pixels of the screen.
     void setStageRoom(imaging::Size room);
     void setStageSink(std::function<void(const StagePicture&)> sink);
@@ -100,12 +100,18 @@ public:
     void selectLayer(std::size_t scene, std::size_t layer);
     void clearSelection();
 
+    // Flat, or in space again as it was before, while the document is open.
+    void setDevice3D(std::size_t scene, std::size_t layer, bool isEnabled);
+    // A keyframe so many seconds after the end of the scene, which grows by them; the playhead goes there.
+    void appendKeyframe(std::size_t scene, std::size_t layer, double extraSec);
+
     // Drags: shown at once, and a part of the document when they end.
     void liveUpdatePlacement(std::size_t scene, std::size_t layer, const DevicePlacementSpec& placement);
     void liveUpdateScene3D(std::size_t scene, std::size_t layer, const DeviceScene3D& scene3D);
     void commitLiveEdits();
     void setPreviewOverscan(double value);
     void zoomPreview(double factor);
+    void setPreviewPan(double x, double y) { state.previewPan = NormalizedVec2{x, y}; }
     void resetPreviewView();
 
     void exportTo(const std::filesystem::path& file, Done then = {});
@@ -172,6 +178,7 @@ private:
     std::optional<Gesture> gesture_;
     std::shared_ptr<const DocumentOnDisk> onDisk_;   // of a bundle that is open
     std::optional<JournalKeeper> journal_;           // of a document that is open
+    DeviceOperations::Scene3DStash scene3DStash_;    // of the open document
     std::vector<LostWork> lost_;
     std::optional<LostWork> recovered_;   // until it is in the journal of this session
     std::vector<system::FolderWatcher::Watch> watches_;

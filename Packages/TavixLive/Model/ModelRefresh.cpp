@@ -55,7 +55,10 @@ void CompositionEditorModel::refreshNow(Done then) {
 void CompositionEditorModel::finishRefresh(
     std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then) {
     endRefresh();
-    if (ended.isOvertaken || epoch != refreshEpoch_) return;
+    if (ended.isOvertaken || epoch != refreshEpoch_) {
+        if (then) then();
+        return;
+    }
     if (ended.failure) {
         state.errorMessage = "Preview failed: " + *ended.failure;
     } else {

@@ -87,6 +87,16 @@ TEST_F(EditorModel, DropsARefreshThatIsOvertaken) {
     time.advance(2);
     EXPECT_EQ(state().outputDuration(), 6);
     EXPECT_FALSE(state().errorMessage());
+    // Who waits for one that is overtaken is told all the same.
+    bool isOpen = false;
+    model->loadInMemory(testing::smallFilm(), "/nowhere", [&] { isOpen = true; });
+    time.advance(0.1);
+    tint();
+    time.advance(0.3);
+    tint();
+    time.advance(2);
+    EXPECT_TRUE(isOpen);
+    EXPECT_EQ(state().statusMessage(), "1080×1920 — 6.00s");
 }
 
 TEST_F(EditorModel, TellsWhatLintFindsAndGoesOnShowingWhatItShowed) {
@@ -237,6 +247,40 @@ TEST_F(EditorModel, MakesRoomAroundDevicesInThePreviewAlone) {
     time.advance(1);
     EXPECT_EQ(maker->built.size(), 1u);
     EXPECT_FALSE(maker->isLive);
+}
+
+TEST_F(EditorModel, KeepsWhatADeviceWasInSpaceWhileTheDocumentIsOpen) {
+    CompositionSpec spec = testing::smallFilmWithDevice();
+    const auto in3D = [this] { return state().edited().spec.scenes[0].layers[0]; };
+    std::get<DeviceContent>(spec.scenes[0].layers[0].content).scene3D->tiltDegrees.y = 42;
+    load(spec);
+    model->setDevice3D(0, 0, false);
+    EXPECT_FALSE(std::get<DeviceContent>(in3D().content).scene3D);
+    model->setDevice3D(0, 0, true);
+    EXPECT_EQ(state().edited().spec, spec);
+    EXPECT_EQ(model->history().stepCount(), 2u);
+    model->setDevice3D(0, 0, false);
+    load(testing::smallFilmWithDevice());
+    model->setDevice3D(0, 0, false);
+    model->setDevice3D(0, 0, true);
+    EXPECT_EQ(state().edited().spec, testing::smallFilmWithDevice());
+}
+
+TEST_F(EditorModel, GoesToAKeyframeThatIsAppended) {
+    CompositionSpec spec = testing::smallFilmWithDevice();
+    std::swap(spec.scenes[0], spec.scenes[1]);
+    load(spec);
+    model->appendKeyframe(1, 0, 1.5);
+    time.advance(1);
+    EXPECT_EQ(state().outputDuration(), 7.5);
+    EXPECT_EQ(state().currentTime(), 7.5);
+    EXPECT_EQ(std::get<DeviceContent>(state().edited().spec.scenes[1].layers[0].content)
+                  .placement->track.back()
+                  .tSec,
+        4.5);
+    model->appendKeyframe(0, 0, 1);   // no device
+    time.advance(1);
+    EXPECT_EQ(state().outputDuration(), 7.5);
 }
 
 TEST_F(EditorModel, MovesThePlayheadIntoALayerThatIsSelected) {

@@ -106,6 +106,25 @@ TEST_F(DeviceInSpace, TakesTheStageOfItsPoolAndBringsItUpToDate) {
     EXPECT_EQ(drawn(), front);
 }
 
+// A stage that is set up, and a canvas that is large, take longer than a frame anywhere.
+TEST_F(DeviceInSpace, TellsAPreviewWhatASlowPictureTook) {
+    const auto drawLarge = [&] {
+        CompositionLayer layer;
+        layer.content = device;
+        const CompositionSpec spec = testing::specOf({2160, 3840}, 30, {testing::sceneOf(2, {layer})});
+        log.clear();
+        ResolvedComposition(spec, folder.path(), evaluator, testing::messagesTo(log), pool).frame(0.5);
+    };
+    drawLarge();
+    EXPECT_THAT(log, ::testing::IsEmpty()) << "it is no preview";
+    Composition3DRendererPool kept;
+    pool = &kept;
+    drawLarge();
+    ASSERT_EQ(log.size(), 1u);
+    EXPECT_THAT(
+        log[0], ::testing::MatchesRegex("dev3D u=0\\.50 decode=[0-9]+ms rk=[0-9]+ms raster=[0-9]+ms"));
+}
+
 // Two phones side by side that turn apart. Nothing in their names keeps them from sharing a stage.
 TEST_F(DeviceInSpace, ShowsEveryPhoneOfAFilmAsAStillDoesWhateverTheyAreCalled) {
     const std::pair<std::optional<std::string>, std::optional<std::string>> names[] = {
