@@ -3,14 +3,12 @@
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "TavixEditor/App/Actions.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/InspectorView.h"
 #include "TavixEditor/Panels/TransportBar.h"
 #include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Timeline/TimelineView.h"
 #include "TavixEditor/Windows/MenuBar.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
-#ifdef TAVIX_HAS_TIMELINE
-#include "TavixEditor/Inspector/InspectorView.h"
-#include "TavixEditor/Timeline/TimelineView.h"
-#endif
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -83,7 +81,6 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     column->addWidget(stage_, 1);
     column->addWidget(makeRule(Qt::Horizontal));
     column->addWidget(new TransportBar(model_, actions));
-#ifdef TAVIX_HAS_TIMELINE
     auto* wide = new QSplitter(Qt::Horizontal);
     wide->addWidget(middle);
     wide->addWidget(makeInspectorView(model_, wide));
@@ -97,9 +94,6 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     tall->setCollapsible(0, false);
     tall->setSizes({640, 240});
     return tall;
-#else
-    return middle;
-#endif
 }
 
 void EditorView::showState() {

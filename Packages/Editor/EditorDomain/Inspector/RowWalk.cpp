@@ -159,6 +159,8 @@ private:
             InspectorRow row = rowFor(field, at, depth, *control);
             describe(row, field, type);
             fillIn(row, type, values, rest);
+            // What is written in any case was chosen by its author, whatever it is.
+            if (field.written == Field::Written::always) row.isAtRest = true;
             rows.push_back(std::move(row));
             return;
         }

@@ -32,7 +32,10 @@ double ScrubRange::clamped(double value) const { return std::clamp(value, lower,
 
 std::string ScrubRange::text(double value) const {
     char shown[64];
-    std::snprintf(shown, sizeof shown, "%.*f", decimals, value);
+    // Where whole steps are taken a fraction is shown only when there is one.
+    const bool isWhole =
+        pointStep && *pointStep >= 1 && std::abs(value - std::round(value)) < 0.5 * std::pow(10, -decimals);
+    std::snprintf(shown, sizeof shown, "%.*f", isWhole ? 0 : decimals, value);
     const bool isZero = std::string_view(shown).find_first_not_of("-0.") == std::string_view::npos;
     return isZero && shown[0] == '-' ? shown + 1 : shown;
 }

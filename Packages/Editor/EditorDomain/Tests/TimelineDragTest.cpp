@@ -71,7 +71,7 @@ TEST(TimelineScene, StacksLayersFromTheFrontAndPutsTheSelectedSceneOnTop) {
     EXPECT_EQ(scene.bars[2].label, "Front");
     EXPECT_EQ(scene.bars[2].row, 0);
     EXPECT_EQ(scene.bars[0].row, 2);
-    EXPECT_EQ(scene.bars[3].row, 2);   // backs stand in one line
+    EXPECT_EQ(scene.bars[3].row, 0);   // the front of its own scene
     EXPECT_EQ(scene.bars[3].startSec, 5.5);
     EXPECT_EQ(scene.bars[0].endSec, 6);   // to its scene's end
     EXPECT_TRUE(scene.bars[0].isOpen);
@@ -130,7 +130,7 @@ TEST(TimelineLayout, KnowsWhatLiesUnderThePointer) {
         {800, 25, {Part::bandBody, 1}}, {1008, 25, {Part::bandEnd, 1}}, {511, 25, {Part::transitionStart, 0}},
         {560, 25, {Part::transition, 0}}, {400, front, {Part::barBody, 2}}, {361, front, {Part::barStart, 2}},
         {458, front, {Part::barEnd, 2}}, {200, middle, {Part::barBody, 1}}, {900, front, {Part::nothing}},
-        {580, layout.laneTop(2) + 5, {Part::barBody, 3}}};   // the later scene lies on top
+        {580, front, {Part::barBody, 3}}};   // the later scene lies on top
     for (const auto& c : cases) EXPECT_EQ(layout.hit(scene, c.x, c.y), c.expected) << c.x << ", " << c.y;
     EXPECT_THAT(layout.barsIn(scene, {100, layout.laneTop(0), 300, 40}), testing::ElementsAre(1, 2));
 }

@@ -156,6 +156,8 @@ TEST(ScrubRange, ADragRunsThroughTheRangeAndStopsAtItsEnds) {
     EXPECT_EQ((ScrubRange{0, 340, 0}.dragged(3, 1, false)), 5);
     EXPECT_EQ((ScrubRange{-INFINITY, INFINITY, 1, 1.0}.dragged(540, -40, false)), 500);
     EXPECT_EQ((ScrubRange{-1, 1, 2}.text(-0.001)), "0.00");
+    EXPECT_EQ((ScrubRange{0, 2000, 1, 1.0}.text(540)), "540");
+    EXPECT_EQ((ScrubRange{0, 2000, 1, 1.0}.text(540.25)), "540.2");
 }
 
 TEST(ScrubRange, ReadsTheDecimalsOfAFormat) {

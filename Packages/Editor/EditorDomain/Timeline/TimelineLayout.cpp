@@ -8,7 +8,7 @@ namespace tavix::timeline {
 namespace {
 
 constexpr double chevronPoints = 18, leastBandForChevron = 44;
-constexpr double cueReachPoints = 5;
+constexpr double cueReachPoints = 5, mostFootShare = 0.67;
 
 // Edges leave at least half of a short bar to its body.
 double edgeOf(const Box& box) { return std::min(Layout::edgePoints, box.width / 4); }
@@ -83,6 +83,11 @@ double Layout::keyframeRowTop(const Scene& scene, std::size_t row) const {
 
 double Layout::contentHeight(const Scene& scene) const {
     return keyframeRowTop(scene, scene.keyframeRows.size()) + gap;
+}
+
+double Layout::footHeight(const Scene& scene, double viewHeight) const {
+    const double foot = contentHeight(scene) - soundTop(scene);
+    return foot > gap && foot <= (viewHeight - headHeight) * mostFootShare ? foot : 0;
 }
 
 Box Layout::bandBox(const Band& band) const {

@@ -58,6 +58,9 @@ struct Layout {
     double keyframesTop(const Scene& scene) const;
     double keyframeRowTop(const Scene& scene, std::size_t row) const;
     double contentHeight(const Scene& scene) const;
+    // Sounds and keyframes: the lower end of a view, while the layers scroll above it. 0 in a view too low
+    // for that.
+    double footHeight(const Scene& scene, double viewHeight) const;
 
     Box bandBox(const Band& band) const;
     Box chevronBox(const Band& band) const;

@@ -84,7 +84,7 @@ void addBars(Scene& scene, const EditState& state) {
         for (std::size_t k = 0; k < from.layers.size(); ++k) {
             const CompositionLayer& layer = from.layers[k];
             const double start = scene.bands[i].startSec + layer.fromSec;
-            Bar bar{{i, k}, scene.rows - 1 - int(k), kindOf(layer.content), start,
+            Bar bar{{i, k}, int(from.layers.size() - 1 - k), kindOf(layer.content), start,
                 start + LayerOperations::layerWindowLength(state.spec, i, k), barLabel(layer),
                 keyframeTimes(layer), state.selection.contains({i, k}), !layer.durationSec};
             scene.bars.push_back(std::move(bar));

@@ -28,7 +28,7 @@ struct Band {
 
 struct Bar {
     LayerPlace place;
-    int row = 0;   // 0 is the uppermost, in front of all
+    int row = 0;   // 0 is the uppermost, in front of all of its scene
     ContentKind kind = ContentKind::text;
     double startSec = 0, endSec = 0;
     std::string label;

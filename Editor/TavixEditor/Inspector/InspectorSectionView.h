@@ -1,0 +1,36 @@
+// A heading of the inspector and the rows under it; a click on the heading folds them away.
+#pragma once
+
+#include "TavixEditor/Inspector/RowControl.h"
+
+#include <QWidget>
+
+#include <vector>
+
+class QLabel;
+class QToolButton;
+
+namespace tavix::editor {
+
+class InspectorSectionView final : public QWidget {
+public:
+    InspectorSectionView(const InspectorSection& section, RowEdits& edits, QWidget* parent);
+    void show(const InspectorSection& section);   // of the same form
+
+private:
+    struct Row {
+        QLabel* label;
+        QToolButton* reset;   // null for what has no default to go back to
+        RowControl control;
+        InspectorRow shown;
+    };
+    QWidget* makeHeading(const QString& title);
+    void addRow(const InspectorRow& row, RowEdits& edits);
+    void showRow(Row& row, const InspectorRow& now);
+
+    QWidget* body_;
+    std::string title_;
+    std::vector<Row> rows_;
+};
+
+}   // namespace tavix::editor

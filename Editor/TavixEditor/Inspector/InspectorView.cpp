@@ -1,0 +1,181 @@
+#include "TavixEditor/Inspector/InspectorView.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDomain/Inspector/InspectorEdit.h"
+#include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/InspectorSectionView.h"
+#include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixLive/Operations/LayerOperations.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <vector>
+
+namespace tavix::editor {
+
+using namespace design;
+
+namespace {
+
+// Whether widgets made for the one inspection serve the other.
+bool isLike(const Inspection& a, const Inspection& b) {
+    if (a.sections.size() != b.sections.size()) return false;
+    for (std::size_t i = 0; i < a.sections.size(); ++i) {
+        const auto &one = a.sections[i], &other = b.sections[i];
+        if (one.title != other.title || one.rows.size() != other.rows.size()) return false;
+        for (std::size_t k = 0; k < one.rows.size(); ++k)
+            if (!one.rows[k].isLike(other.rows[k])) return false;
+    }
+    return true;
+}
+
+class InspectorPanel final : public QWidget, private RowEdits {
+    Q_DECLARE_TR_FUNCTIONS(InspectorPanel)
+public:
+    InspectorPanel(CompositionEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+        onGround(this, QPalette::Window);
+        setMinimumWidth(264);
+        title_ = makeLabel({}, TextSize::title);
+        subtitle_ = makeLabel({}, TextSize::caption, Tone::secondary);
+        complaint_ = makeLabel({}, TextSize::caption);
+        complaint_->setWordWrap(true);
+        complaint_->setForegroundRole(QPalette::BrightText);
+        complaint_->hide();
+        area_ = new QScrollArea;
+        area_->setFrameShape(QFrame::NoFrame);
+        area_->setWidgetResizable(true);
+        area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(0, space::medium, 0, 0);
+        column->setSpacing(space::tight);
+        for (QLabel* const label : {title_, subtitle_, complaint_}) {
+            label->setContentsMargins(space::large, 0, space::large, 0);
+            column->addWidget(label);
+        }
+        column->addWidget(area_, 1);
+        setAccessibleName(tr("Inspector"));
+        connections_.push_back(watch([this] { refresh(); }, model_.state.edited));
+        refresh();
+    }
+
+private:
+    void refresh() {
+        Inspection now = inspection(model_.state.edited());
+        title_->setText(words(now.title));
+        subtitle_->setText(words(now.subtitle));
+        subtitle_->setVisible(!now.subtitle.empty());
+        if (!isLike(now, shown_) || sections_.empty()) {
+            shown_ = std::move(now);
+            // A control may stand on the stack, in the middle of telling its change: it goes when it has
+            // ended.
+            rebuild();
+            return;
+        }
+        for (std::size_t i = 0; i < sections_.size(); ++i) sections_[i]->show(now.sections[i]);
+        shown_ = std::move(now);
+    }
+
+    void rebuild() {
+        const int scrolled = area_->verticalScrollBar() ? area_->verticalScrollBar()->value() : 0;
+        if (QWidget* const old = area_->takeWidget()) {
+            old->hide();
+            old->deleteLater();
+        }
+        sections_.clear();
+        auto* content = onGround(new QWidget, QPalette::Window);
+        auto* column = new QVBoxLayout(content);
+        column->setContentsMargins(space::large, space::small, space::large, space::large);
+        column->setSpacing(space::medium);
+        for (const InspectorSection& section : shown_.sections) {
+            auto* view = new InspectorSectionView(section, *this, content);
+            view->show(section);
+            sections_.push_back(view);
+            column->addWidget(view);
+        }
+        addActions(column);
+        column->addStretch();
+        area_->setWidget(content);
+        area_->verticalScrollBar()->setValue(scrolled);
+    }
+
+    void addActions(QVBoxLayout* column) {
+        const EditState& state = model_.state.edited();
+        if (state.selection.layer) {
+            auto* add = new QPushButton(tr("Add Effect"));
+            auto* menu = new QMenu(add);
+            for (const std::string_view kind : effectKinds())
+                menu->addAction(wordLabel(std::string(kind)), this, [this, kind] {
+                    model_.update(tr("Add Effect").toStdString(), [&](EditState& changed) {
+                        for (const LayerPlace& place : changed.selection.layers())
+                            LayerOperations::addEffect(changed, place.scene, place.layer, kind);
+                    });
+                });
+            add->setMenu(menu);
+            column->addWidget(add);
+        } else if (!state.selection.scene && state.spec.audio && state.spec.audio->music) {
+            auto* analyze = new QPushButton(tr("Find Beats"));
+            analyze->setToolTip(tr("Listens to the music, and sets the tempo and the first beat."));
+            connect(analyze, &QPushButton::clicked, this, [this] { model_.analyzeMusicGrid(); });
+            column->addWidget(analyze);
+        }
+    }
+
+    // All edits come here. Until one is told with `isEditing` false they are one step.
+    void edit(const InspectorRow& row, bool isEditing,
+        const std::function<InspectorEdit::Complaint(EditState&)>& change) {
+        const std::string step = tr("Change %1").arg(words(row.label)).toStdString();
+        if (isEditing) model_.beginGesture(step);
+        InspectorEdit::Complaint complaint;
+        model_.update(step, [&](EditState& state) { complaint = change(state); });
+        if (!isEditing) model_.endGesture();
+        complaint_->setText(complaint ? words(*complaint) : QString());
+        complaint_->setVisible(complaint.has_value());
+        if (complaint) refresh();
+    }
+
+    void set(const InspectorRow& row, const Json& value, bool isEditing) override {
+        edit(row, isEditing,
+            [path = row.path, value](EditState& state) { return InspectorEdit::set(state, path, value); });
+    }
+    void setPart(const InspectorRow& row, const std::string& part, double value, bool isEditing) override {
+        edit(row, isEditing,
+            [&](EditState& state) { return InspectorEdit::setPart(state, row.path, part, value); });
+    }
+    void setPresent(const InspectorRow& row, bool isThere) override {
+        edit(row, false, [path = row.path, isThere](EditState& state) {
+            InspectorEdit::setPresent(state, path, isThere);
+            return std::nullopt;
+        });
+    }
+    void setAlternative(const InspectorRow& row, const std::string& tag) override {
+        edit(row, false, [path = row.path, tag](EditState& state) {
+            InspectorEdit::setAlternative(state, path, tag);
+            return std::nullopt;
+        });
+    }
+    void remove(const InspectorRow& row) override {
+        edit(row, false, [path = row.path](EditState& state) { return InspectorEdit::remove(state, path); });
+    }
+    std::optional<std::filesystem::path> folder() const override { return model_.state.bundle(); }
+
+    CompositionEditorModel& model_;
+    Inspection shown_;
+    QLabel *title_, *subtitle_, *complaint_;
+    QScrollArea* area_;
+    std::vector<InspectorSectionView*> sections_;
+    Connections connections_;
+};
+
+}   // namespace
+
+QWidget* makeInspectorView(CompositionEditorModel& model, QWidget* parent) {
+    return new InspectorPanel(model, parent);
+}
+
+}   // namespace tavix::editor

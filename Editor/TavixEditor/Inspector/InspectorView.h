@@ -1,0 +1,15 @@
+// The inspector of the editor's window.
+#pragma once
+
+class QWidget;
+
+namespace tavix {
+class CompositionEditorModel;
+}
+
+namespace tavix::editor {
+
+// Watches the model, and changes it by named steps. The model outlives the view.
+QWidget* makeInspectorView(CompositionEditorModel& model, QWidget* parent);
+
+}   // namespace tavix::editor

@@ -1,0 +1,224 @@
+// Controls of texts: what is written, its font and its animation, and the files of pictures and sounds.
+#include "TavixEditor/Inspector/RowControl.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixCore/Typography/KineticSelector.h"
+#include "TavixCore/Typography/KineticVocabulary.h"
+#include "TavixEditor/App/Words.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFontComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QToolButton>
+
+#include <memory>
+
+namespace tavix::editor {
+
+using namespace design;
+
+namespace {
+
+QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
+
+// All that is typed until the field is left is one step.
+class Paragraph final : public QPlainTextEdit {
+public:
+    explicit Paragraph(QWidget* parent) : QPlainTextEdit(parent) {
+        setTabChangesFocus(true);
+        setFixedHeight(68);
+        setFrameShape(QFrame::NoFrame);
+    }
+    std::function<void()> onLeave;
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override {
+        QPlainTextEdit::focusOutEvent(event);
+        if (event->reason() != Qt::PopupFocusReason && onLeave) onLeave();
+    }
+};
+
+QString filterOf(Role role) {
+    switch (role) {
+    case Role::picture: return told("Pictures (*.png *.jpg *.jpeg *.webp *.heic)");
+    case Role::clip:
+    case Role::recording: return told("Clips (*.mp4 *.mov *.webm *.mkv)");
+    case Role::soundFile: return told("Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)");
+    case Role::fontPath: return told("Fonts (*.ttf *.otf *.ttc)");
+    default: return {};
+    }
+}
+
+// What lies in the bundle is named from there.
+std::string namedFrom(const std::optional<std::filesystem::path>& folder, const std::filesystem::path& file) {
+    if (!folder) return file.string();
+    const std::filesystem::path relative = file.lexically_relative(*folder);
+    const bool isInside = !relative.empty() && *relative.begin() != "..";
+    return (isInside ? relative : file).string();
+}
+
+}   // namespace
+
+RowControl makeParagraphControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
+    auto* field = new Paragraph(parent);
+    field->setAccessibleName(words(row.label));
+    const auto kept = std::make_shared<InspectorRow>(row);
+    const auto isShowing = std::make_shared<bool>(false), isDirty = std::make_shared<bool>(false);
+    QObject::connect(field, &QPlainTextEdit::textChanged, field, [=, &edits] {
+        if (*isShowing) return;
+        *isDirty = true;
+        edits.set(*kept, Json(utf8Of(field->toPlainText())), true);
+    });
+    field->onLeave = [=, &edits] {
+        if (*isDirty) edits.set(*kept, Json(utf8Of(field->toPlainText())), false);
+        *isDirty = false;
+    };
+    return {field,
+        [=](const InspectorRow& now) {
+            *kept = now;
+            const QString text = now.isMixed ? QString() : words(now.value.stringValue().value_or(""));
+            field->setPlaceholderText(now.isMixed ? mixedWords() : told("Text"));
+            if (text == field->toPlainText()) return;
+            *isShowing = true;
+            field->setPlainText(text);
+            *isShowing = false;
+        },
+        true};
+}
+
+RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
+    auto* box = new QWidget(parent);
+    auto* line = new QHBoxLayout(box);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(space::tight);
+    auto* field = new QLineEdit(box);
+    field->setFrame(false);
+    field->setAccessibleName(words(row.label));
+    field->setPlaceholderText(told("No file"));
+    auto* choose = makeIconButton(Icon::folder, told("Choose a file…"), box);
+    line->addWidget(field, 1);
+    line->addWidget(choose);
+    const auto kept = std::make_shared<InspectorRow>(row);
+    const auto tell = [=, &edits](const std::string& path) {
+        edits.set(*kept, path.empty() && kept->isOptional ? Json() : Json(path), false);
+    };
+    QObject::connect(field, &QLineEdit::editingFinished, field, [=] {
+        if (field->isModified()) tell(utf8Of(field->text()));
+        field->setModified(false);
+    });
+    QObject::connect(choose, &QToolButton::clicked, field, [=, &edits] {
+        const auto folder = edits.folder();
+        const QString file = QFileDialog::getOpenFileName(
+            field, told("Choose a file"), folder ? pathWords(*folder) : QString(), filterOf(kept->role));
+        if (!file.isEmpty()) tell(namedFrom(folder, pathOf(file)));
+    });
+    return {box, [=](const InspectorRow& now) {
+                *kept = now;
+                if (field->hasFocus() && field->isModified()) return;
+                field->setPlaceholderText(now.isMixed ? mixedWords() : told("No file"));
+                field->setText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
+                field->setCursorPosition(0);
+            }};
+}
+
+RowControl makeFontControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
+    auto* box = new QFontComboBox(parent);
+    box->setAccessibleName(words(row.label));
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(8);
+    box->setMaxVisibleItems(14);
+    box->lineEdit()->setFrame(false);
+    const auto kept = std::make_shared<InspectorRow>(row);
+    const auto tell = [=, &edits] {
+        const std::string name = utf8Of(box->currentText().trimmed());
+        edits.set(*kept, name.empty() ? Json() : Json(name), false);
+    };
+    QObject::connect(box, &QComboBox::activated, box, tell);
+    QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, box, [=] {
+        if (box->currentText().trimmed() != words(kept->value.stringValue().value_or(""))) tell();
+    });
+    return {box, [=](const InspectorRow& now) {
+                *kept = now;
+                const QSignalBlocker quietly(box);
+                box->lineEdit()->setPlaceholderText(now.isMixed ? mixedWords() : told("The theme's"));
+                if (!box->lineEdit()->hasFocus())
+                    box->setEditText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
+            }};
+}
+
+RowControl makeKineticControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
+    auto* box = new QWidget(parent);
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(space::small);
+    grid->setVerticalSpacing(space::tight);
+    const auto kept = std::make_shared<InspectorRow>(row);
+    auto* notice = makeLabel(
+        told(
+            "This item has hand-authored values. Choose a preset to replace them with editable semantic controls."),
+        TextSize::caption, Tone::secondary, box);
+    notice->setWordWrap(true);
+    grid->addWidget(notice, 0, 0, 1, 2);
+    struct Choice {
+        const char* key;
+        QComboBox* box;
+    };
+    std::vector<Choice> choices;
+    const auto add = [&](const char* key, const QString& label, const auto& ids, bool hasDefault) {
+        auto* choice = new QComboBox(box);
+        choice->setAccessibleName(label);
+        if (hasDefault) choice->addItem(told("Preset's own"));
+        for (const std::string_view id : ids) choice->addItem(wordLabel(std::string(id)), words(id));
+        const int at = int(choices.size()) + 1;
+        grid->addWidget(makeLabel(label, TextSize::caption, Tone::secondary, box), at, 0);
+        grid->addWidget(choice, at, 1);
+        choices.push_back({key, choice});
+        QObject::connect(choice, &QComboBox::activated, choice, [=, &edits](int index) {
+            // A hand-made style is given up for a preset, whatever is chosen first.
+            const Json* const preset = kept->value.find("preset");
+            JsonObject made = preset && kept->value.object()
+                                  ? *kept->value.object()
+                                  : JsonObject{{"preset", Json(KineticVocabulary::defaultPreset)}};
+            const QVariant word = choice->itemData(index);
+            if (word.isValid())
+                made.set(key, Json(utf8Of(word.toString())));
+            else
+                made.remove(key);
+            edits.set(*kept, Json(std::move(made)), false);
+        });
+    };
+    add("preset", told("Preset"), KineticVocabulary::presetIDs, false);
+    add("speed", told("Speed"), KineticVocabulary::speeds(), false);
+    add("weight", told("Weight"), KineticVocabulary::weights(), true);
+    add("intensity", told("Intensity"), KineticVocabulary::intensities(), false);
+    grid->setColumnStretch(1, 1);
+    return {box,
+        [=](const InspectorRow& now) {
+            *kept = now;
+            const Json* const preset = now.value.find("preset");
+            notice->setVisible(!preset && !now.isMixed);
+            const std::pair<const char*, std::string_view> usual[] = {
+                {"speed", KineticVocabulary::defaultSpeed},
+                {"intensity", KineticVocabulary::defaultIntensity}};
+            for (const Choice& choice : choices) {
+                const Json* const value = now.value.find(choice.key);
+                std::string word = value ? value->stringValue().value_or("") : "";
+                for (const auto& [key, standard] : usual)
+                    if (word.empty() && preset && std::string_view(key) == choice.key) word = standard;
+                const int fallback = preset && std::string_view(choice.key) == "weight" ? 0 : -1;
+                choice.box->setPlaceholderText(now.isMixed ? mixedWords() : told("Hand-made"));
+                choice.box->setCurrentIndex(now.isMixed    ? -1
+                                            : word.empty() ? fallback
+                                                           : choice.box->findData(words(word)));
+            }
+        },
+        true};
+}
+
+}   // namespace tavix::editor

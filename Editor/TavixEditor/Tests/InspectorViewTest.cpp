@@ -1,0 +1,155 @@
+// That what is typed and dragged in the inspector reaches the document as one step each.
+#include "TavixEditor/Inspector/InspectorView.h"
+#include "EditorTestKit.h"
+#include "TavixEditor/Inspector/CurveEditor.h"
+#include "TavixEditor/Inspector/GradientBar.h"
+#include "TavixEditor/Inspector/ScrubField.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace tavix::editor {
+namespace {
+
+using testing::QuietStudio;
+
+struct InspectorViewTest : ::testing::Test {
+    QuietStudio studio;
+    std::unique_ptr<QWidget> view;
+
+    void SetUp() override {
+        view.reset(makeInspectorView(studio.model, nullptr));
+        view->resize(320, 900);
+        view->show();
+        studio.model.selectLayer(0, 1);
+        QApplication::processEvents();
+    }
+    template <class Widget> Widget* named(const char* name) const {
+        for (Widget* const each : view->findChildren<Widget*>())
+            if (each->isVisibleTo(view.get()) && each->accessibleName() == QLatin1String(name)) return each;
+        return nullptr;
+    }
+    const TextContent& content() const { return std::get<TextContent>(studio.layer(1).content); }
+};
+
+TEST_F(InspectorViewTest, SumsAreWorkedOutInFields) {
+    auto* const x = named<ScrubField>("Position x");
+    ASSERT_TRUE(x);
+    x->setFocus();
+    x->selectAll();
+    QTest::keyClicks(x, QStringLiteral("1080/3"));
+    QTest::keyClick(x, Qt::Key_Return);
+    EXPECT_EQ(studio.layer(1).position.x, 360);
+    EXPECT_EQ(*studio.model.history().undoName(), "Change Position");
+    QTest::keyClicks(x, QStringLiteral("nonsense"));
+    QTest::keyClick(x, Qt::Key_Return);
+    EXPECT_EQ(studio.layer(1).position.x, 360);
+    QTest::keyClick(x, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(studio.layer(1).position.x, 370);
+    studio.model.undo();
+    EXPECT_EQ(x->value(), 360);   // the field follows the document
+}
+
+TEST_F(InspectorViewTest, ADragOnAFieldIsOneStep) {
+    auto* const y = named<ScrubField>("Position y");
+    ASSERT_TRUE(y);
+    const double before = studio.layer(1).position.y;
+    QTest::mousePress(y, Qt::LeftButton, {}, {6, 10});
+    for (const int x : {20, 60, 106}) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 10), y->mapToGlobal(QPointF(x, 10)), Qt::NoButton,
+            Qt::LeftButton, {});
+        QApplication::sendEvent(y, &move);
+    }
+    QTest::mouseRelease(y, Qt::LeftButton, {}, {106, 10});
+    EXPECT_EQ(studio.layer(1).position.y, before + 100);
+    EXPECT_EQ(studio.model.history().stepCount(), 1u);
+}
+
+TEST_F(InspectorViewTest, TypingIsOneStepUntilTheFieldIsLeft) {
+    auto* const field = view->findChild<QPlainTextEdit*>();
+    ASSERT_TRUE(field);
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("Hello"));
+    EXPECT_EQ(content().text, "Hello");
+    view->setFocus();
+    named<ScrubField>("Position x")->setFocus();
+    EXPECT_EQ(studio.model.history().stepCount(), 1u);
+    studio.model.undo();
+    EXPECT_EQ(content().text, "Middle");
+    EXPECT_EQ(field->toPlainText(), QStringLiteral("Middle"));
+}
+
+TEST_F(InspectorViewTest, SwitchesMakeOptionalPartsComeAndGo) {
+    auto* const shadow = named<QCheckBox>("Shadow");
+    ASSERT_TRUE(shadow);
+    shadow->click();
+    QApplication::processEvents();
+    EXPECT_TRUE(content().shadow);
+    auto* const again = named<QCheckBox>("Shadow");
+    ASSERT_TRUE(again);
+    EXPECT_TRUE(again->isChecked());
+    again->click();
+    EXPECT_FALSE(content().shadow);
+}
+
+TEST_F(InspectorViewTest, SeveralLayersAreChangedAtOnce) {
+    studio.model.update({}, [](EditState& state) { state.selection = {0, 1, {{0, 2}}}; });
+    QApplication::processEvents();
+    auto* const x = named<ScrubField>("Position x");
+    ASSERT_TRUE(x);
+    x->setFocus();
+    x->selectAll();
+    QTest::keyClicks(x, QStringLiteral("25"));
+    QTest::keyClick(x, Qt::Key_Return);
+    EXPECT_EQ(studio.layer(1).position.x, 25);
+    EXPECT_EQ(studio.layer(2).position.x, 25);
+    EXPECT_NE(studio.layer(0).position.x, 25);
+}
+
+TEST(CurveEditor, HandlesAreDraggedAndStayInTheirBounds) {
+    CurveEditor editor;
+    editor.resize(240, 140);
+    editor.show();
+    editor.setCurve(BezierCurve{0.42, 0, 0.58, 1});
+    std::vector<bool> told;
+    editor.onChange = [&](const TimingCurve&, bool isEditing) { told.push_back(isEditing); };
+    // The upper end of the plot is 1.8, the lower -0.7; 16 points stay free at the sides.
+    QTest::mousePress(&editor, Qt::LeftButton, {}, {136, 44});
+    QMouseEvent move(QEvent::MouseMove, QPointF(120, -40), editor.mapToGlobal(QPointF(120, -40)),
+        Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&editor, &move);
+    QTest::mouseRelease(&editor, Qt::LeftButton, {}, {120, 0});
+    const auto& bent = std::get<BezierCurve>(editor.curve());
+    EXPECT_NEAR(bent.x2, 0.5, 0.01);
+    EXPECT_EQ(bent.y2, 1.7);
+    EXPECT_EQ(bent.x1, 0.42);
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
+TEST(GradientBar, StopsAreAddedMovedAndTakenAway) {
+    GradientBar bar;
+    bar.resize(216, 40);
+    bar.show();
+    bar.setGradient({{{{0, 0, 0, 1}, 0}, {{1, 1, 1, 1}, 1}}, 0});
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {58, 30});   // a quarter of the way
+    ASSERT_EQ(bar.gradient().stops.size(), 3u);
+    EXPECT_NEAR(bar.gradient().stops[1].location, 0.25, 0.01);
+    EXPECT_NEAR(bar.gradient().stops[1].color.r, 0.25, 0.01);   // it changes nothing by itself
+    EXPECT_EQ(bar.chosen(), 1u);
+    bar.setFocus();
+    QTest::keyClick(&bar, Qt::Key_Delete);
+    EXPECT_EQ(bar.gradient().stops.size(), 2u);
+    QTest::keyClick(&bar, Qt::Key_Delete);
+    EXPECT_EQ(bar.gradient().stops.size(), 2u);   // two are the fewest
+}
+
+}   // namespace
+}   // namespace tavix::editor

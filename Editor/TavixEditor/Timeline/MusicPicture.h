@@ -1,0 +1,27 @@
+// What a piece of music looks like: its waveform, and where it was heard to drop. Made off the main thread.
+#pragma once
+
+#include "Editor/EditorDomain/Timeline/Waveform.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QObject;
+
+namespace tavix::editor {
+
+struct MusicPicture {
+    std::shared_ptr<const Waveform> wave;   // null: it cannot be heard
+    std::optional<double> dropSec;          // in its file
+};
+
+// Throws nothing: what cannot be read has no picture. Takes a second for some minutes of music.
+MusicPicture pictureOfMusic(const std::filesystem::path& file);
+
+// Comes back on the main thread, unless the receiver has gone.
+void loadMusicPicture(
+    const std::filesystem::path& file, QObject* receiver, std::function<void(const MusicPicture&)> then);
+
+}   // namespace tavix::editor

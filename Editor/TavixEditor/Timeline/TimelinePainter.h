@@ -1,0 +1,59 @@
+// Draws what of the timeline lies in a rectangle. Texts are shaped once, diamonds stamped, beat lines laid
+// into one row of pixels that a texture repeats, and the waveform read from its pyramid, for the visible
+// columns alone.
+#pragma once
+
+#include "Editor/EditorDomain/Timeline/TimelineDrag.h"
+#include "Editor/EditorDomain/Timeline/TimelineLayout.h"
+#include "Editor/EditorDomain/Timeline/Waveform.h"
+
+#include <QPixmap>
+#include <QRect>
+#include <QStaticText>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class QPainter;
+
+namespace tavix::editor {
+
+class TimelinePainter {
+public:
+    struct Shown {
+        const timeline::Scene& scene;
+        const timeline::Layout& layout;
+        const std::vector<timeline::Drag::MarkPlace>& marks;   // selected keyframes
+        timeline::Hit hover;
+        double pixelRatio = 1;
+    };
+
+    // Texts of bars and bands are shaped again for the next drawing.
+    void forget();
+    void setWaveform(std::shared_ptr<const Waveform> wave, std::optional<double> dropSec);
+
+    // `content` is a rectangle of the content, and the painter's own coordinates.
+    void paintHead(QPainter& painter, const Shown& shown, const QRect& content);
+    void paintBody(QPainter& painter, const Shown& shown, const QRect& content);
+
+private:
+    void paintRuler(QPainter& painter, const Shown& shown, const QRect& content) const;
+    void paintBands(QPainter& painter, const Shown& shown, const QRect& content);
+    void paintBeats(QPainter& painter, const Shown& shown, const QRect& content) const;
+    void paintBars(QPainter& painter, const Shown& shown, const QRect& content);
+    void paintBar(QPainter& painter, const Shown& shown, std::size_t index, const QRectF& box);
+    void paintSound(QPainter& painter, const Shown& shown, const QRect& content) const;
+    void paintWave(QPainter& painter, const Shown& shown, const QRect& strip) const;
+    void paintKeyframes(QPainter& painter, const Shown& shown, const QRect& content);
+    const QStaticText& label(
+        std::vector<QStaticText>& cache, std::size_t index, const std::string& text) const;
+    const QPixmap& diamond(bool isSelected, double ratio);
+
+    std::vector<QStaticText> barLabels_, bandLabels_;
+    QPixmap diamonds_[2];
+    std::shared_ptr<const Waveform> wave_;
+    std::optional<double> dropSec_;   // in the music's file
+};
+
+}   // namespace tavix::editor
