@@ -100,6 +100,9 @@ const Fields<EffectsSpec>& fieldsOf(std::type_identity<EffectsSpec>) {
             field<&E::motion>("motion", "How the camera moves."),
             field<&E::cuts>("cuts", "What is left out."),
             field<&E::retimeTrack>("retimeTrack", "What is played at another pace."),
+            field<&E::retimeFrames>("retimeFrames",
+                "What frames of it show: the picture of their time, or a mix of those that pass in it.")
+                .unlessDefault(),
             field<&E::narration>("narration", "The captions."),
             field<&E::brand>("brand", "The look of the application."),
             // The scene stands before what it mirrors, so that a key of their own wins.

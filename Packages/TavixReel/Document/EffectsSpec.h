@@ -32,6 +32,7 @@ struct EffectsSpec {
     MotionModel motion;
     std::vector<Cut> cuts;
     std::vector<RetimeSegment> retimeTrack;
+    RetimeFrames retimeFrames = RetimeFrames::pick;
     std::optional<Narration> narration;
     std::optional<BrandKit> brand;
     std::optional<DeviceScene> deviceScene;

@@ -28,6 +28,12 @@ const Fields<Cut>& fieldsOf(std::type_identity<Cut>) {
     return table;
 }
 
+const Names<RetimeFrames>& namesOf(std::type_identity<RetimeFrames>) {
+    using enum RetimeFrames;
+    static const Names<RetimeFrames> table{"retime frames", {{pick, "pick"}, {blend, "blend"}}, pick};
+    return table;
+}
+
 const Fields<RetimeSegment>& fieldsOf(std::type_identity<RetimeSegment>) {
     using R = RetimeSegment;
     static const Fields<R> table{

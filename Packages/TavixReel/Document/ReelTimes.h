@@ -30,9 +30,14 @@ struct RetimeSegment {
     bool operator==(const RetimeSegment&) const = default;
 };
 
+// What a frame of retimed footage shows: the picture of its time, as a player would; or a mix of all that
+// pass in its time, and of two where there are less.
+enum class RetimeFrames { pick, blend };
+
 const Fields<TimeRangeSec>& fieldsOf(std::type_identity<TimeRangeSec>);
 const Names<Cut::Kind>& namesOf(std::type_identity<Cut::Kind>);
 const Fields<Cut>& fieldsOf(std::type_identity<Cut>);
+const Names<RetimeFrames>& namesOf(std::type_identity<RetimeFrames>);
 const Fields<RetimeSegment>& fieldsOf(std::type_identity<RetimeSegment>);
 
 }   // namespace tavix

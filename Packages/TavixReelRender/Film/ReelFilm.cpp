@@ -5,6 +5,7 @@
 #include "TavixPlatform/Media/VideoFile.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <variant>
@@ -58,6 +59,9 @@ ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
       segments_(requiredSegments(spec, footage)), log_(onceEach(log)), images_(log_),
       recording_(readerOf(footage.video, log_)) {
     durationSec_ = ReelTimeline::outputDurationSec(segments_);
+    frameSec_ = 1 / std::max(double(spec.output.fps), 1.0);
+    if (spec.retimeFrames == RetimeFrames::blend)
+        paced_.emplace(std::make_unique<media::VideoFile>(footage.video));
     const imaging::Rect bounds{0, 0, double(size_.width), double(size_.height)};
     const LayerBuild build{
         bounds, std::max(double(spec.output.fps), 1.0), assetRoot, evaluator, images_, fonts_, log_};
@@ -92,12 +96,32 @@ std::vector<TransitionInput> ReelFilm::transitionInputs(const EffectsSpec& spec,
     return inputs;
 }
 
+// At another pace than the recording's own, of a document that asks for it.
+std::optional<Image> ReelFilm::mixture(double preCutSec) {
+    if (!paced_) return std::nullopt;
+    for (const ReelTimeline::ReelSegment& segment : segments_) {
+        const auto* piece = std::get_if<RetimedSegment>(&segment);
+        if (!piece || preCutSec < piece->range.startSec || preCutSec >= piece->range.endSec) continue;
+        if (std::abs(piece->speed - 1) < roundingSec) return std::nullopt;
+        const double rawSec = trimStartSec_ + preCutSec;
+        if (piece->speed < 1) return paced_->between(rawSec);
+        const double endSec = std::min(preCutSec + frameSec_ * piece->speed, piece->range.endSec);
+        return paced_->passing(rawSec, trimStartSec_ + endSec);
+    }
+    return std::nullopt;
+}
+
+std::optional<Image> ReelFilm::picture(double preCutSec) {
+    if (auto mixed = mixture(preCutSec)) return mixed;
+    return recording_.frame(trimStartSec_ + preCutSec);
+}
+
 Image ReelFilm::frame(double compositionSec) {
     const auto at = ReelTimeline::locate(compositionSec + roundingSec, segments_);
     if (const auto* card = std::get_if<ReelTimeline::CardTime>(&at))
         return renderer_->card(card->index, card->localSeconds);
     const double preCutSec = std::get<ReelTimeline::FootageTime>(at).originalSeconds;
-    return renderer_->footage(recording_.frame(trimStartSec_ + preCutSec), preCutSec, compositionSec);
+    return renderer_->footage(picture(preCutSec), preCutSec, compositionSec);
 }
 
 }   // namespace tavix

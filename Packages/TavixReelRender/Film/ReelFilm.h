@@ -5,6 +5,7 @@
 #include "TavixCore/Document/FrameRate.h"
 #include "TavixReel/Document/EffectsSpec.h"
 #include "TavixReel/Time/ReelTimeline.h"
+#include "TavixReelRender/Film/PacedFootage.h"
 #include "TavixReelRender/Film/ReelRenderer.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"
@@ -44,14 +45,17 @@ public:
 
 private:
     std::vector<TransitionInput> transitionInputs(const EffectsSpec& spec, const ReelFootage& footage);
+    std::optional<imaging::Image> picture(double preCutSec);
+    std::optional<imaging::Image> mixture(double preCutSec);
 
     imaging::Size size_;
-    double trimStartSec_ = 0, durationSec_ = 0;
+    double trimStartSec_ = 0, durationSec_ = 0, frameSec_ = 0;
     std::vector<ReelTimeline::ReelSegment> segments_;
     RenderLog log_;
     text::FontBook fonts_;
     StillImageCache images_;
     SequentialClipReader recording_;
+    std::optional<PacedFootage> paced_;   // of a document that wants retimed footage mixed
     std::optional<ReelRenderer> renderer_;
 };
 
