@@ -17,7 +17,9 @@ std::string sentenceOfOne(const std::exception& error) {
         return "The system refused: " + system->code().message() + ".";
     }
     const std::string sentence = error.what();
-    return sentence.ends_with('.') ? sentence : "The work could not be done: " + sentence + ".";
+    const bool isFinished =
+        sentence.ends_with('.') || sentence.ends_with('?');   // as in "Did you mean this?"
+    return isFinished ? sentence : "The work could not be done: " + sentence + ".";
 }
 
 }   // namespace

@@ -69,6 +69,9 @@ TEST_F(ReelVerbs, AuthorNeverTakesADocumentAwayUnasked) {
     EXPECT_EQ(effects("other.json").find("cameraTrack")->array()->size(), 4u);
     EXPECT_EQ(tavix({"reel", "author", "walk.mov", "--replace"}).status, 0);
     EXPECT_EQ(effects(), effects("other.json"));
+    EXPECT_EQ(tavix({"reel", "author", "walk.mov", "--replace", "--format", "verticl"}).err,
+        "tavix: --format \"verticl\" is not known; use deviceNative, vertical or horizontal. Did you mean "
+        "vertical?\n");
 }
 
 TEST_F(ReelVerbs, AuthorWorksInABundleAndWithoutASidecar) {
