@@ -10,6 +10,7 @@
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixPlatform/Media/VideoFile.h"
 #include "TavixPlatform/Text/FontBook.h"
+#include "TavixReel/Project/ReelProjectBundle.h"
 
 #include <algorithm>
 #include <limits>
@@ -36,6 +37,12 @@ std::optional<std::string> faultOf(AssetKind kind, const fs::path& file) try {
     case AssetKind::recording:
         if (hasPicture(file)) return std::nullopt;
         return "No picture of the film \"" + file.string() + "\" can be decoded.";
+    case AssetKind::reel:
+        if (!ReelProjectBundle::isBundle(file))
+            return "\"" + file.string() + "\" is no reel: a folder with a " +
+                   std::string(ReelProjectBundle::rawVideoName) + ", whose name ends in ." +
+                   std::string(ReelProjectBundle::pathExtension) + ".";
+        return faultOf(AssetKind::clip, ReelProjectBundle::parts(file).rawVideo);
     case AssetKind::sound:
         if (media::probeAudio(file)) return std::nullopt;
         return "There is no sound in \"" + file.string() + "\".";
@@ -50,7 +57,7 @@ std::optional<std::string> faultOf(AssetKind kind, const fs::path& file) try {
 
 void requireDecodable(const AssetFile& asset) {
     const SystemWatch::Task task("to read \"" + asset.path.filename().string() + "\"");
-    if (!isFile(asset.path)) return;
+    if (asset.kind != AssetKind::reel && !isFile(asset.path)) return;
     if (const auto fault = faultOf(asset.kind, asset.path))
         throw Failure(*fault + " It is not packed; name another file in the document.");
     if (asset.kind != AssetKind::recording) return;

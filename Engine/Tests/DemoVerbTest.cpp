@@ -29,8 +29,8 @@ protected:
                 "target": {"kind": "viewId", "identifier": "go"}}]})");
     }
     Outcome demo(std::vector<std::string> more = {}) const {
-        std::vector<std::string> words{"demo", "shop.json", "--url", "page", "--size", "180x320", "--scale",
-            "1", "--fps", "10", "--background", "#ff0000"};
+        std::vector<std::string> words{"demo", "shop.json", "--url", "page", "--size", "540x960", "--scale",
+            "3", "--fps", "10", "--background", "#ff0000"};
         words.insert(words.end(), more.begin(), more.end());
         return tavix(words);
     }

@@ -57,7 +57,10 @@ LayerContent cardContent(const ScreenSource& screen, const Cut& cut) {
     if (const auto* const still = std::get_if<StillScreen>(&screen))
         return ImageContent{still->path, cut.heightFraction, cornerRadiusFraction, cut.sourceRect};
     VideoContent video;
-    video.clip = std::get<VideoClip>(screen);
+    if (const auto* const reel = std::get_if<ReelClip>(&screen))
+        video.clip.path = reel->recordingPath();
+    else
+        video.clip = std::get<VideoClip>(screen);
     video.clip.trimStartMark.reset();   // which a video layer never has
     video.rect = NormalizedRect{
         0.5 - cardWidthFraction / 2, 0.5 - cut.heightFraction / 2, cardWidthFraction, cut.heightFraction};

@@ -23,10 +23,18 @@ const Fields<VideoClip>& fieldsOf(std::type_identity<VideoClip>) {
     return table;
 }
 
+const Fields<ReelClip>& fieldsOf(std::type_identity<ReelClip>) {
+    static const Fields<ReelClip> table{
+        "ReelClip", {field<&ReelClip::path>("path", "The folder of the reel, whose name ends in .tavixproj.")
+                            .as(Role::reelFolder)}};
+    return table;
+}
+
 const Alternatives<ScreenSource>& alternativesOf(std::type_identity<ScreenSource>) {
     static const Alternatives<ScreenSource> table{.name = "ScreenSource",
         .noun = "screen kind",
-        .rows = {flat<ScreenSource, StillScreen>("still"), flat<ScreenSource, VideoClip>("video")},
+        .rows = {flat<ScreenSource, StillScreen>("still"), flat<ScreenSource, VideoClip>("video"),
+            flat<ScreenSource, ReelClip>("reel")},
         .fallbackTag = "still"};
     return table;
 }

@@ -55,6 +55,25 @@ std::string AssetPacker::rebasedClip(const std::string& path) {
     return copied;
 }
 
+std::string AssetPacker::rebasedFolder(const std::string& path) {
+    if (path.empty()) return path;
+    Path source = resolved(path);
+    if (!source.has_filename()) source = source.parent_path();   // of a name that ends in a slash
+    if (const auto earlier = rebased_.find(source); earlier != rebased_.end()) return earlier->second;
+    std::error_code error;
+    if (!fs::is_directory(source, error))
+        throw Failure("Missing asset \"" + path + "\" (resolved to " + source.string() + ").");
+    const std::string name = freeName(source);
+    files_.makeFolder(staging_ / name);
+    for (fs::directory_iterator entry(source, error), end; !error && entry != end; entry.increment(error))
+        if (isFile(entry->path())) stage(entry->path(), name + "/" + entry->path().filename().string());
+    if (error)
+        throw Failure("The folder \"" + source.string() + "\" cannot be read: " + error.message() + ".");
+    files_.sync(staging_ / name);
+    names_.insert(name);
+    return rebased_[source] = relativeTo(name);
+}
+
 std::string AssetPacker::freeName(const Path& source) const {
     if (const auto kept = kept_.find(source); kept != kept_.end()) return kept->second;
     std::string name = source.filename().string();

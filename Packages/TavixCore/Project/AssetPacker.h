@@ -27,6 +27,8 @@ public:
     std::string rebased(const std::string& path);
     // The same for a recorded clip, whose marks stand in a file beside it.
     std::string rebasedClip(const std::string& path);
+    // The same for a folder, with the files that lie in it and not below.
+    std::string rebasedFolder(const std::string& path);
     bool hasFile(const std::string& path) const;
 
     // Each file that was copied, by its absolute path, with its path in the packed document.

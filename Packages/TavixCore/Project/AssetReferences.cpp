@@ -19,6 +19,7 @@ std::optional<AssetKind> kindOf(const std::string& reference, Role role) {
     case Role::picture: return AssetKind::picture;
     case Role::clip: return AssetKind::clip;
     case Role::recording: return AssetKind::recording;
+    case Role::reelFolder: return AssetKind::reel;
     case Role::soundFile: return AssetKind::sound;
     case Role::sound:
         if (!named<SFXCatalog::Sound>(reference)) return AssetKind::sound;
@@ -53,7 +54,9 @@ void forEachAsset(CompositionSpec& spec, const AssetVisit& visit) {
 void packReferences(CompositionSpec& spec, AssetPacker& packer) {
     forEachAsset(spec, [&](AssetKind kind, std::string& path) {
         if (kind == AssetKind::wishedFont && !packer.hasFile(path)) return;
-        path = kind == AssetKind::recording ? packer.rebasedClip(path) : packer.rebased(path);
+        path = kind == AssetKind::recording ? packer.rebasedClip(path)
+               : kind == AssetKind::reel    ? packer.rebasedFolder(path)
+                                            : packer.rebased(path);
     });
 }
 

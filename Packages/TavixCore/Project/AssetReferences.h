@@ -17,6 +17,7 @@ enum class AssetKind {
     picture,
     clip,
     recording,   // a clip whose marks stand in a file beside it
+    reel,        // a folder
     sound,
 };
 

@@ -19,6 +19,7 @@ enum class Role {
     picture,
     clip,
     recording,   // a clip whose marks stand in a file beside it
+    reelFolder,
     soundFile,
     sound,      // a sound of the catalog, or a file
     fontFile,   // the name of a font, or a file

@@ -1,13 +1,15 @@
 // A reel on disk: a folder with the recording and its documents, or a loose video with them beside it.
 #pragma once
 
+#include "TavixCore/Device/ScreenSource.h"
+
 #include <filesystem>
 #include <string_view>
 
 namespace tavix::ReelProjectBundle {
 
 inline constexpr std::string_view pathExtension = "tavixproj";
-inline constexpr std::string_view rawVideoName = "raw.mov";
+inline constexpr std::string_view rawVideoName = ReelClip::recordingName;
 inline constexpr std::string_view timelineName = "timeline.json";
 inline constexpr std::string_view effectsName = "effects.json";
 inline constexpr std::string_view flowName = "flow.json";

@@ -2,12 +2,9 @@
 
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/Decimals.h"
-#include "TavixPlatform/Media/VideoFile.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <memory>
 #include <variant>
 
 namespace tavix {
@@ -26,17 +23,8 @@ imaging::Size canvasOf(const EffectsOutput& output) {
     return {side(output.widthPx), side(output.heightPx)};
 }
 
-TimeRangeSec trimOf(const ReelFootage& footage) {
-    return {std::max(footage.trimStartSec, 0.0), std::min(footage.trimEndSec, footage.durationSec)};
-}
-
-// Every moment of the film, to its last picture.
-SequentialClipReader readerOf(const std::filesystem::path& video, const RenderLog& log) {
-    return {std::make_unique<media::VideoFile>(video), {video.string(), 0, std::nullopt, true}, log};
-}
-
 std::vector<ReelTimeline::ReelSegment> requiredSegments(const EffectsSpec& spec, const ReelFootage& footage) {
-    const TimeRangeSec trim = trimOf(footage);
+    const TimeRangeSec trim = footage.trim();
     if (!(trim.startSec < trim.endSec))
         throw Failure("Trim window is empty (start " + twoDecimals(trim.startSec) + " s, end " +
                       twoDecimals(trim.endSec) + " s).");
@@ -47,21 +35,12 @@ std::vector<ReelTimeline::ReelSegment> requiredSegments(const EffectsSpec& spec,
 
 }   // namespace
 
-std::vector<ReelTimeline::ReelSegment> reelSegments(const EffectsSpec& spec, const ReelFootage& footage) {
-    const TimeRangeSec trim = trimOf(footage);
-    return ReelTimeline::segmentsOf(spec, std::max(trim.endSec - trim.startSec, 0.0));
-}
-
 ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
     const RenderLog& log)
-    : size_(canvasOf(spec.output)), trimStartSec_(trimOf(footage).startSec),
-      segments_(requiredSegments(spec, footage)), log_(onceEach(log)), images_(log_),
-      recording_(readerOf(footage.video, log_)) {
+    : size_(canvasOf(spec.output)), segments_(requiredSegments(spec, footage)), log_(onceEach(log)),
+      images_(log_), recording_(spec, footage, segments_, log_) {
     durationSec_ = ReelTimeline::outputDurationSec(segments_);
-    frameSec_ = 1 / std::max(double(spec.output.fps), 1.0);
-    if (spec.retimeFrames == RetimeFrames::blend)
-        paced_.emplace(std::make_unique<media::VideoFile>(footage.video));
     const imaging::Rect bounds{0, 0, double(size_.width), double(size_.height)};
     const LayerBuild build{
         bounds, std::max(double(spec.output.fps), 1.0), assetRoot, evaluator, images_, fonts_, log_};
@@ -69,59 +48,19 @@ ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
         return ReelTimeline::compositionSec(preCutSec, segments);
     };
     renderer_.emplace(spec,
-        ReelRenderer::Footage{footage.size, transitionInputs(spec, footage),
+        ReelRenderer::Footage{footage.size, RecordingPictures::transitionInputs(spec, footage, log_),
             ReelTimeline::cutSeamsSec(segments_), toComposition},
         build);
 }
 
 ReelFilm::~ReelFilm() = default;
 
-// Read before the film itself, by a reader of their own that is closed again.
-std::vector<TransitionInput> ReelFilm::transitionInputs(const EffectsSpec& spec, const ReelFootage& footage) {
-    constexpr double lastPictureSec = 0.03;   // before the end of the film there is a picture for sure
-    SequentialClipReader reader = readerOf(footage.video, log_);
-    const auto picture = [&](double preCutSec) {
-        const double rawSec = std::min(trimStartSec_ + preCutSec, footage.durationSec - lastPictureSec);
-        const auto image = reader.frame(std::max(rawSec, 0.0));
-        if (!image)
-            throw Failure("The picture at " + twoDecimals(rawSec) + " s of \"" + footage.video.string() +
-                          "\", which a transition needs, cannot be read.");
-        return *image;
-    };
-    std::vector<TransitionInput> inputs;
-    for (const ScreenTransition& transition : spec.transitions()) {
-        const Image outgoing = picture(transition.atSec);
-        inputs.push_back({transition, outgoing, picture(transition.revealSec)});
-    }
-    return inputs;
-}
-
-// At another pace than the recording's own, of a document that asks for it.
-std::optional<Image> ReelFilm::mixture(double preCutSec) {
-    if (!paced_) return std::nullopt;
-    for (const ReelTimeline::ReelSegment& segment : segments_) {
-        const auto* piece = std::get_if<RetimedSegment>(&segment);
-        if (!piece || preCutSec < piece->range.startSec || preCutSec >= piece->range.endSec) continue;
-        if (std::abs(piece->speed - 1) < roundingSec) return std::nullopt;
-        const double rawSec = trimStartSec_ + preCutSec;
-        if (piece->speed < 1) return paced_->between(rawSec);
-        const double endSec = std::min(preCutSec + frameSec_ * piece->speed, piece->range.endSec);
-        return paced_->passing(rawSec, trimStartSec_ + endSec);
-    }
-    return std::nullopt;
-}
-
-std::optional<Image> ReelFilm::picture(double preCutSec) {
-    if (auto mixed = mixture(preCutSec)) return mixed;
-    return recording_.frame(trimStartSec_ + preCutSec);
-}
-
 Image ReelFilm::frame(double compositionSec) {
     const auto at = ReelTimeline::locate(compositionSec + roundingSec, segments_);
     if (const auto* card = std::get_if<ReelTimeline::CardTime>(&at))
         return renderer_->card(card->index, card->localSeconds);
     const double preCutSec = std::get<ReelTimeline::FootageTime>(at).originalSeconds;
-    return renderer_->footage(picture(preCutSec), preCutSec, compositionSec);
+    return renderer_->footage(recording_.at(preCutSec), preCutSec, compositionSec);
 }
 
 }   // namespace tavix

@@ -5,9 +5,9 @@
 #include "TavixCore/Device/DevicePlacementTrajectory.h"
 #include "TavixReelRender/Canvas/CanvasBake.h"
 #include "TavixReelRender/Canvas/CutDressingOverlay.h"
-#include "TavixReelRender/Canvas/ReelScreen.h"
 #include "TavixReelRender/Cards/TitleCardRenderer.h"
 #include "TavixReelRender/Film/ReelCaptions.h"
+#include "TavixRender/Composition2D/ReelScreen.h"
 
 #include <cstddef>
 #include <memory>

@@ -2,6 +2,7 @@
 
 #include "TavixCore/Paths/Walk.h"
 #include "TavixCore/Support/FieldTables.h"
+#include "TavixReel/Project/ReelProjectBundle.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 
@@ -28,6 +29,10 @@ template <class T> std::vector<UsedFile> filesIn(const T& value, const Fonts& fo
         case Role::clip:
         case Role::recording:
         case Role::fontFile: note(*text); break;
+        case Role::reelFolder:
+            for (const auto name : {ReelProjectBundle::rawVideoName, ReelProjectBundle::effectsName})
+                note(*text + "/" + std::string(name));
+            break;
         case Role::font: {
             const auto alias = fonts.find(*text);
             note(alias == fonts.end() ? *text : alias->second);

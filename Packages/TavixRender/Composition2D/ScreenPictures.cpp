@@ -16,6 +16,9 @@ ScreenPictures::ScreenPictures(const ScreenSource& source, const LayerBuild& bui
                        clip_.emplace(
                            CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
                    },
+                   [&](const ReelClip& reel) {
+                       reel_.emplace(CompositionAssets::resolved(reel.path, build.assetRoot), build.log);
+                   },
                },
         source);
 }

@@ -31,7 +31,7 @@ public:
             device.screenOpacity, [](const CompositionKeyframe& keyframe) { return !keyframe.atMark; });
         // A still that is missing leaves the bezel, unless it was to fade; a clip that is missing leaves
         // nothing.
-        drawsNothing_ = !screen_.isThere && (fades || std::holds_alternative<VideoClip>(device.screen));
+        drawsNothing_ = !screen_.isThere && (fades || !std::holds_alternative<StillScreen>(device.screen));
     }
 
     ContentShape at(double localSec) const override {
@@ -64,6 +64,10 @@ private:
 DeviceScreen screenOf(const ScreenSource& source, FilmAssets& assets) {
     if (const auto* clip = std::get_if<VideoClip>(&source)) {
         const bool isThere = assets.clip(clip->path).size.has_value();
+        return {isThere, isThere};
+    }
+    if (const auto* reel = std::get_if<ReelClip>(&source)) {
+        const bool isThere = assets.clip(reel->recordingPath()).size.has_value();
         return {isThere, isThere};
     }
     const auto& header = assets.still(std::get<StillScreen>(source).path).header;

@@ -58,6 +58,8 @@ public:
     void operator()(const DeviceContent& device) {
         if (const auto* video = std::get_if<VideoClip>(&device.screen))
             clip(video->path, path_ + ".device.screen.path");
+        else if (const auto* reel = std::get_if<ReelClip>(&device.screen))
+            clip(reel->recordingPath(), path_ + ".device.screen.path");
         else
             picture(std::get<StillScreen>(device.screen).path, path_ + ".device.screen.path");
         if (device.mockup.framePath) picture(*device.mockup.framePath, path_ + ".device.mockup.framePath");

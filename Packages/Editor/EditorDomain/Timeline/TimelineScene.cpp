@@ -39,6 +39,7 @@ std::string shownBy(const LayerContent& content) {
         std::string operator()(const DeviceContent& device) const { return std::visit(*this, device.screen); }
         std::string operator()(const StillScreen& still) const { return fileName(still.path); }
         std::string operator()(const VideoClip& clip) const { return fileName(clip.path); }
+        std::string operator()(const ReelClip& reel) const { return fileName(reel.path); }
         std::string operator()(const ImageContent& image) const { return fileName(image.path); }
         std::string operator()(const VideoContent& video) const { return fileName(video.clip.path); }
         std::string operator()(const ShapeContent& shape) const {

@@ -1,4 +1,4 @@
-#include "TavixReelRender/Canvas/ReelScreen.h"
+#include "TavixRender/Composition2D/ReelScreen.h"
 
 #include "TavixCore/Document/TransitionMath.h"
 #include "TavixReel/Camera/CameraTransform.h"

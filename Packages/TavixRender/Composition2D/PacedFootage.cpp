@@ -1,4 +1,4 @@
-#include "TavixReelRender/Film/PacedFootage.h"
+#include "TavixRender/Composition2D/PacedFootage.h"
 
 #include <algorithm>
 #include <limits>
