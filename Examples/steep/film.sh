@@ -8,5 +8,5 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 "$tavix" run Examples/steep/flow.json --url Examples/steep --size 780x1688 --scale 2 --fps 30 -o "$work/steep.tavixproj"
 "$tavix" reel author "$work/steep.tavixproj" --captions --format vertical --background aurora
-"$tavix" reel sheet "$work/steep.tavixproj" --columns 9 --every 1.8 --width 1400 -o "$work/steep.png"
+"$tavix" reel sheet "$work/steep.tavixproj" --columns 9 --every 2 --width 1400 -o "$work/steep.png"
 ffmpeg -nostdin -loglevel error -y -i "$work/steep.png" -q:v 4 docs/images/steep.jpg
