@@ -1,5 +1,6 @@
 #include "TavixPlatform/Imaging/BytePool.h"
 
+#include <bit>
 #include <new>
 
 namespace tavix::imaging {
@@ -13,6 +14,12 @@ constexpr std::size_t slackBytes = 256;
 std::uint8_t* allocate(std::size_t capacity) {
     return static_cast<std::uint8_t*>(::operator new[](capacity + slackBytes, alignment));
 }
+// Pictures that grow and shrink from frame to frame take the same few sizes: eight to the double.
+std::size_t roundedUp(std::size_t count) {
+    const std::size_t step = std::bit_floor(count) / 8 + 1;
+    return (count + step - 1) / step * step;
+}
+
 void release(std::uint8_t* bytes) { ::operator delete[](bytes, alignment); }
 
 }   // namespace
@@ -49,7 +56,8 @@ BytePool::Block BytePool::take(std::size_t count) {
         }
         ++allocationCount_;
     }
-    return {allocate(count), count};
+    const std::size_t capacity = roundedUp(count);
+    return {allocate(capacity), capacity};
 }
 
 void BytePool::giveBack(Block block) {

@@ -7,7 +7,7 @@
 namespace tavix::media {
 namespace {
 
-constexpr std::size_t mostReady = 3;   // more only takes memory: one decoder keeps one taker busy
+constexpr std::size_t mostReady = 1;   // beside the one being decoded; more only takes memory
 
 }   // namespace
 

@@ -12,9 +12,9 @@ namespace tavix::media {
 namespace {
 
 // Pictures that nobody shows any more and that the next ones are written to.
-constexpr std::size_t mostIdleBytes = std::size_t{96} << 20;
-// More threads than this hold more decoded frames than they save time.
-constexpr unsigned mostDecoderThreads = 4;
+constexpr std::size_t mostIdleBytes = std::size_t{16} << 20;
+// More threads than this hold more decoded frames than they save time: each holds some of its own.
+constexpr unsigned mostDecoderThreads = 2;
 // How far before the wanted time decoding starts when nothing nearer works; doubled from try to try.
 constexpr double firstStepBackSec = 0.5;
 

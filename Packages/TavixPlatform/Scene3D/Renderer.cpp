@@ -15,7 +15,7 @@ namespace tavix::scene3d {
 namespace {
 
 // What the pictures of a frame take. They change their size with what moves, so that more would pile up.
-constexpr std::size_t mostIdleBytes = 48u << 20;
+constexpr std::size_t mostIdleBytes = 16u << 20;
 
 View viewOf(const Scene& scene, imaging::Size size) {
     if (!scene.camera || !scene.camera->camera)

@@ -58,7 +58,7 @@ public:
     }
 
     struct Background {
-        imaging::Image image;
+        std::optional<imaging::Image> image;
         std::uint64_t lookID = 0;
     };
     template <class Draw>

@@ -21,6 +21,10 @@ public:
     virtual void takenOver() {}
     // True for a device in space: its picture is a pass of its own, dearer than all the rest.
     virtual bool hasDevicesInSpace() const { return false; }
+    // While it is on, the layer may show what is quick to have instead of what is right.
+    virtual void setScrubQuality(bool) {}
+    // The same of devices in space, whose passes are dear.
+    virtual void setRough(bool) {}
 };
 
 }   // namespace tavix

@@ -60,12 +60,16 @@ struct Device3DCompositionLayer::Stages {
     std::chrono::steady_clock::time_point before = std::chrono::steady_clock::now();
 };
 
+bool Device3DCompositionLayer::canMake(const DeviceContent& content) {
+    return content.scene3D && DeviceModelLoader::modelPath();
+}
+
 std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey) {
-    if (!DeviceModelLoader::modelPath()) return nullptr;
+    if (!canMake(content)) return nullptr;
     std::unique_ptr<Device3DCompositionLayer> layer(new Device3DCompositionLayer(content, build));
-    const CanvasDrawing::FittedDevice device = CanvasDrawing::resolveDevice(
-        content.mockup, content.basePaddingPx, build.bounds, build.assetRoot, build.images);
+    const CanvasDrawing::DevicePlace device =
+        CanvasDrawing::placeOfDevice(content.mockup, content.basePaddingPx, build.bounds, build.assetRoot);
     layer->screenAspect_ = device.screenRect.width / std::max(device.screenRect.height, 1.0);
     const PixelRect& frame = device.frameRect;
     const Rect deviceRect{frame.x, frame.y, frame.width, frame.height};

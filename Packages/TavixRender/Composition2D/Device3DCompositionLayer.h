@@ -21,15 +21,17 @@ public:
     // is one that fits, and draws for a preview; without a pool the layer has its own, which draws fully.
     static std::unique_ptr<Device3DCompositionLayer> make(
         const DeviceContent& content, const LayerBuild& build, const Composition3DRendererPool::Key& poolKey);
+    // Whether `make` would give a layer.
+    static bool canMake(const DeviceContent& content);
     bool hasDevicesInSpace() const override { return true; }
     std::optional<imaging::Image> contentImage(double localSec) override;
     void rest() override;
     void takenOver() override;
 
     // While it is on, the screen may lag behind: a clip is decoded roughly, and not for every step.
-    void setScrubQuality(bool isOn) { scrubQuality_ = isOn; }
+    void setScrubQuality(bool isOn) override { scrubQuality_ = isOn; }
     // While it is on, the device is drawn with every other pixel.
-    void setRough(bool isOn) { isRough_ = isOn; }
+    void setRough(bool isOn) override { isRough_ = isOn; }
 
 private:
     struct HeldScreen {

@@ -82,6 +82,8 @@ void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& eval
         stillUnit_ = bakedForMagnification(
             [&](int detail) { return stillUnitAt(device_, *screen_.still(), detail, bounds_); },
             std::min(magnification, unitDetail), evaluator);
+        device_.picture = Image();   // neither it nor the screen's is looked at again
+        screen_.forgetStill();
         return;
     }
     device_.picture = bakedForMagnification([&](int detail) { return bezelAt(device_, detail, bounds_); },

@@ -9,6 +9,7 @@
 #include "TavixRender/Composition2D/DeviceCompositionLayer.h"
 #include "TavixRender/Composition2D/FillCompositionLayer.h"
 #include "TavixRender/Composition2D/ImageCompositionLayer.h"
+#include "TavixRender/Composition2D/LayerWhenShown.h"
 #include "TavixRender/Composition2D/ShapeCompositionLayer.h"
 #include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
@@ -108,60 +109,124 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
     return {side(spec.output.widthPx), side(spec.output.heightPx)};
 }
 
+// Of a build with a memory, that memory; a build without one makes things late, with one of its own.
+struct ResolvedComposition::Workshop {
+    // Decoded files that are likely to be asked for again. What was made of them needs them no more.
+    static constexpr std::size_t mostPictureBytes = 48u << 20;
+
+    Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
+        const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
+        const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given)
+        : memory(given ? *given : own.emplace()), isLean(!given),
+          build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts, onceEach(log),
+              rendererPool, memory.darkroom()} {
+        memory.begin({bounds, build.framesPerSec, build.assetRoot}, build.log);
+    }
+
+    const BackgroundFill& fillOf(const CompositionSpec& spec, std::size_t scene) const {
+        const CompositionScene& it = spec.scenes[scene];
+        return it.background ? *it.background : spec.background;
+    }
+    std::string pathOfFill(const CompositionSpec& spec, std::size_t scene) const {
+        return spec.scenes[scene].background ? "scenes[" + std::to_string(scene) + "].background"
+                                             : "background";
+    }
+    std::unique_ptr<CompositionLayerContentRenderer> make(
+        const CompositionLayer& layer, const LayerInputs::Place& place, const std::string& path) {
+        memory.goTo(path);
+        LayerBuild here = build;
+        here.log = placedAt(path, build.log);
+        auto made = makeRenderer(layer, place, here);
+        if (isLean) memory.images().renew(mostPictureBytes);
+        return made;
+    }
+
+    const text::FontBook fonts = {};
+    std::optional<BuildMemory> own;
+    BuildMemory& memory;
+    bool isLean;
+    LayerBuild build;
+};
+
 ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
     const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* memory)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
-    const RenderLog told = onceEach(log);
-    BuildMemory own;
-    BuildMemory& kept = memory ? *memory : own;
-    hasMemory_ = memory != nullptr;
-    const text::FontBook fonts;
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    const LayerBuild build{bounds_, double(spec_.output.fps), assetRoot ? assetRoot : documentRoot, evaluator,
-        kept.images(), fonts, told, rendererPool, kept.darkroom()};
-    kept.begin({bounds_, build.framesPerSec, build.assetRoot}, told);
-    buildBackgrounds(build, kept);
-    buildLayers(build, kept);
-    kept.end();
+    workshop_ = std::make_unique<Workshop>(
+        bounds_, spec_, assetRoot ? assetRoot : documentRoot, evaluator, log, rendererPool, memory);
+    buildBackgrounds();
+    buildLayers();
+    if (memory) memory->end();
 }
 
-void ResolvedComposition::buildBackgrounds(const LayerBuild& build, BuildMemory& memory) {
+ResolvedComposition::~ResolvedComposition() = default;
+
+void ResolvedComposition::buildBackgrounds() {
+    backgrounds_.resize(spec_.scenes.size());
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
-        const CompositionScene& scene = spec_.scenes[i];
-        memory.goTo(scene.background ? "scenes[" + std::to_string(i) + "].background" : "background");
-        const BackgroundFill& fill = scene.background ? *scene.background : spec_.background;
-        backgrounds_.push_back(memory.background(
-            fill, filesOf(fill, build.assetRoot), [&] { return FillCompositionLayer::drawn(fill, build); }));
-        transitionIDs_.push_back(scene.transition ? memory.transitionID(*scene.transition) : 0);
+        const auto& transition = spec_.scenes[i].transition;
+        transitionIDs_.push_back(transition ? workshop_->memory.transitionID(*transition) : 0);
+        if (workshop_->isLean) continue;
+        const BackgroundFill& fill = workshop_->fillOf(spec_, i);
+        workshop_->memory.goTo(workshop_->pathOfFill(spec_, i));
+        backgrounds_[i] =
+            workshop_->memory.background(fill, filesOf(fill, workshop_->build.assetRoot), [&] {
+                return std::optional(FillCompositionLayer::drawn(fill, workshop_->build));
+            });
     }
 }
 
-void ResolvedComposition::buildLayers(const LayerBuild& build, BuildMemory& memory) {
+const Image& ResolvedComposition::backgroundOf(std::size_t scene) {
+    std::optional<Image>& image = backgrounds_[scene].image;
+    if (image) return *image;
+    const BackgroundFill& fill = workshop_->fillOf(spec_, scene);
+    for (const std::size_t shown : awake_)
+        if (!image && backgrounds_[shown].image && workshop_->fillOf(spec_, shown) == fill)
+            image = backgrounds_[shown].image;
+    if (image) return *image;
+    workshop_->memory.goTo(workshop_->pathOfFill(spec_, scene));
+    image = FillCompositionLayer::drawn(fill, workshop_->build);
+    workshop_->memory.images().renew(Workshop::mostPictureBytes);
+    return *image;
+}
+
+void ResolvedComposition::buildLayers() {
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) {
         const CompositionScene& scene = spec_.scenes[i];
         auto& resolved = layers_.emplace_back();
         for (std::size_t j = 0; j < scene.layers.size(); ++j) {
-            const CompositionLayer& layer = scene.layers[j];
-            const LayerWindow window = shownWindow(layer, scene);
+            const LayerWindow window = shownWindow(scene.layers[j], scene);
             if (!(window.startSec < window.endSec)) continue;
-            const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
-            const std::string path = CompositionLint::authoredPath(
-                "scenes[" + std::to_string(i) + "].layers[" + std::to_string(j) + "]", spec_);
-            memory.goTo(path);
-            LayerBuild here = build;
-            here.log = placedAt(path, build.log);
-            const LayerInputs::Place place{
-                spec_, build.assetRoot, window.lengthSec(), presetSeed(spec_.seed, i, j), {i, j}};
-            auto [renderer, lookID] = memory.layer(LayerInputs::of(layer, place), layer, window,
-                [&] { return makeRenderer(layer, place, here); });
-            resolved.push_back({layer, std::move(renderer), window, anchor,
-                {layer.effects, bounds_, vignettedOf(layer)}, lookID});
+            resolved.push_back(resolvedLayer(i, j, window));
             hasDevicesInSpace_ = hasDevicesInSpace_ || resolved.back().renderer->hasDevicesInSpace();
         }
     }
+}
+
+ResolvedCompositionLayer ResolvedComposition::resolvedLayer(
+    std::size_t scene, std::size_t index, const LayerWindow& window) {
+    const CompositionLayer& layer = spec_.scenes[scene].layers[index];
+    const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
+    const LayerInputs::Place place{spec_, workshop_->build.assetRoot, window.lengthSec(),
+        presetSeed(spec_.seed, scene, index), {scene, index}};
+    const auto make = [&workshop = *workshop_, &layer, place, scene, index] {
+        return workshop.make(layer, place,
+            CompositionLint::authoredPath(
+                "scenes[" + std::to_string(scene) + "].layers[" + std::to_string(index) + "]", place.spec));
+    };
+    BuildMemory::Layer built;
+    if (workshop_->isLean) {
+        const auto* device = std::get_if<DeviceContent>(&layer.content);
+        built.renderer = std::make_shared<LayerWhenShown>(
+            make, device != nullptr && Device3DCompositionLayer::canMake(*device));
+    } else {
+        built = workshop_->memory.layer(LayerInputs::of(layer, place), layer, window, make);
+    }
+    return {layer, std::move(built.renderer), window, anchor, {layer.effects, bounds_, vignettedOf(layer)},
+        built.lookID};
 }
 
 void ResolvedComposition::addSceneKey(Hash& key, const CompositionTimeline::ActiveScene& active) const {
@@ -172,7 +237,7 @@ void ResolvedComposition::addSceneKey(Hash& key, const CompositionTimeline::Acti
 }
 
 std::optional<Digest> ResolvedComposition::frameKey(double globalSec) const {
-    if (!hasMemory_) return std::nullopt;
+    if (workshop_->isLean) return std::nullopt;
     Hash key;
     key.add(bounds_);
     if (const auto sample = timeline_.sample(globalSec)) {
@@ -201,7 +266,7 @@ Image ResolvedComposition::frame(double globalSec) {
 }
 
 void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming) {
-    if (awake_.empty() && hasMemory_) {
+    if (awake_.empty() && !workshop_->isLean) {
         // What was taken over may be awake in any scene.
         awake_.resize(layers_.size());
         std::iota(awake_.begin(), awake_.end(), std::size_t(0));
@@ -211,15 +276,27 @@ void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming)
         awake_.insert(awake_.begin(), scene);
     }
     const std::size_t shown = outgoing == incoming ? 1 : 2;
-    for (const std::size_t most = hasMemory_ ? awakeInPreview : shown; awake_.size() > most;
+    for (const std::size_t most = !workshop_->isLean ? awakeInPreview : shown; awake_.size() > most;
          awake_.pop_back())
-        for (const ResolvedCompositionLayer& layer : layers_[awake_.back()]) layer.renderer->rest();
+        restScene(awake_.back(), outgoing);
+}
+
+void ResolvedComposition::restScene(std::size_t scene, std::size_t outgoing) {
+    for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
+    if (!workshop_->isLean) return;
+    auto& left = backgrounds_[scene].image;
+    auto& next = backgrounds_[outgoing].image;
+    if (left && !next && workshop_->fillOf(spec_, scene) == workshop_->fillOf(spec_, outgoing)) next = left;
+    left.reset();
 }
 
 Image ResolvedComposition::renderScene(std::size_t scene, double localSec) {
-    std::vector<Image> bottomToTop{backgrounds_[scene].image};
+    std::vector<Image> bottomToTop{backgroundOf(scene)};
     for (const ResolvedCompositionLayer* resolved : depthOrderedLayers(scene, localSec)) {
-        if (!resolved->window.contains(localSec)) continue;
+        if (!resolved->window.contains(localSec)) {
+            if (workshop_->isLean) resolved->renderer->rest();
+            continue;
+        }
         const double layerSec = localSec - resolved->window.startSec;
         CompositionLayerContentRenderer& renderer = *resolved->renderer;
         const auto content = renderer.contentImage(layerSec);
@@ -251,18 +328,14 @@ std::vector<const ResolvedCompositionLayer*> ResolvedComposition::depthOrderedLa
     return ordered;
 }
 
-template <class Job> void ResolvedComposition::forDevicesInSpace(Job job) {
-    for (const auto& scene : layers_)
-        for (const ResolvedCompositionLayer& resolved : scene)
-            if (auto* device = dynamic_cast<Device3DCompositionLayer*>(resolved.renderer.get())) job(*device);
-}
-
 void ResolvedComposition::setScrubQuality(bool isOn) {
-    forDevicesInSpace([isOn](Device3DCompositionLayer& device) { device.setScrubQuality(isOn); });
+    for (const auto& scene : layers_)
+        for (const ResolvedCompositionLayer& resolved : scene) resolved.renderer->setScrubQuality(isOn);
 }
 
 void ResolvedComposition::setRough(bool isOn) {
-    forDevicesInSpace([isOn](Device3DCompositionLayer& device) { device.setRough(isOn); });
+    for (const auto& scene : layers_)
+        for (const ResolvedCompositionLayer& resolved : scene) resolved.renderer->setRough(isOn);
 }
 
 std::int64_t ResolvedComposition::presetSeed(

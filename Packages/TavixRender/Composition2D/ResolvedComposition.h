@@ -1,5 +1,4 @@
-// A composition made ready to be drawn: one background and the layers of every scene. It answers any time, in
-// any order, with a lazy picture of the frame.
+// A composition made ready to be drawn. It answers any time, in any order, with a lazy picture of the frame.
 #pragma once
 
 #include "TavixCore/Document/CompositionSpec.h"
@@ -12,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -27,11 +27,17 @@ class ResolvedComposition {
 public:
     // The pool keeps stages of 3D devices for the next build; it must outlive this. Never fails: what cannot
     // be read is named in the log and not drawn. Relative paths belong to `assetRoot`, or to the document's
-    // own when none is given. The evaluator draws what does not change in time, here and now. With a memory
-    // what the build before made of equal parts serves this one too; what is drawn is the same as without.
+    // own when none is given. The evaluator draws what does not change in time, once.
+    //
+    // What a frame shows is made for the first frame that shows it and given up when it is out of sight, so
+    // memory does not grow with the document. With a memory all of it is made at once and stays, and what the
+    // build before made of equal parts serves this one too. What is drawn is the same.
     ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
         imaging::Evaluator& evaluator, const RenderLog& log,
         Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr);
+    ~ResolvedComposition();
+    ResolvedComposition(const ResolvedComposition&) = delete;
+    ResolvedComposition& operator=(const ResolvedComposition&) = delete;
 
     const CompositionSpec& spec() const { return spec_; }
     const CompositionTimeline& timeline() const { return timeline_; }
@@ -57,17 +63,21 @@ public:
     static std::int64_t presetSeed(std::int64_t documentSeed, std::size_t scene, std::size_t layerIndex);
 
 private:
-    template <class Job> void forDevicesInSpace(Job job);
-    void buildBackgrounds(const LayerBuild& build, BuildMemory& memory);
-    void buildLayers(const LayerBuild& build, BuildMemory& memory);
+    struct Workshop;   // what layers are made with
+
+    void buildBackgrounds();
+    void buildLayers();
+    ResolvedCompositionLayer resolvedLayer(std::size_t scene, std::size_t index, const LayerWindow& window);
+    const imaging::Image& backgroundOf(std::size_t scene);
     void restAllBut(std::size_t outgoing, std::size_t incoming);
+    void restScene(std::size_t scene, std::size_t outgoing);
     void addSceneKey(Hash& key, const CompositionTimeline::ActiveScene& active) const;
 
     CompositionSpec spec_;
     CompositionTimeline timeline_;
     imaging::Rect bounds_;
-    bool hasMemory_ = false;
-    std::vector<BuildMemory::Background> backgrounds_;
+    std::unique_ptr<Workshop> workshop_;
+    std::vector<BuildMemory::Background> backgrounds_;   // of scenes out of sight without a picture
     std::vector<std::uint64_t> transitionIDs_;   // of the scenes; 0 without a transition
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
     std::vector<std::size_t> awake_;   // the scenes whose layers hold what they draw with, the latest first

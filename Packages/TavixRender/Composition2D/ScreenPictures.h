@@ -17,6 +17,7 @@ public:
 
     // Of a still that can be read.
     const std::optional<imaging::Image>& still() const { return still_; }
+    void forgetStill() { still_.reset(); }
     // Nothing where there is no picture. `approximate` asks a clip for whatever is quick.
     std::optional<imaging::Image> at(double localSec, bool approximate = false) {
         if (reel_) return reel_->at(localSec, approximate);

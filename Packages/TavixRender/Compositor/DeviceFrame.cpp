@@ -2,6 +2,7 @@
 
 #include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Geometry/CanvasGeometry.h"
+#include "TavixPlatform/Media/StillHeader.h"
 #include "TavixRender/Assets/BundledFrames.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Assets/FileIdentity.h"
@@ -11,6 +12,7 @@
 #include <deque>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace tavix::CanvasDrawing {
 
@@ -37,7 +39,11 @@ private:
         FileIdentity file;
         Image picture;
     };
-    static constexpr std::size_t mostEntries = 8;   // of some 16 MiB each
+    static constexpr double mostBytes = 48 << 20;   // three of a phone's frame in full size
+
+    static double bytesOf(const Image& picture) {
+        return picture.extent().width * picture.extent().height * 4;
+    }
 
     std::optional<Image> find(const FileIdentity& file) {
         const std::lock_guard lock(mutex_);
@@ -47,12 +53,14 @@ private:
     }
     void keep(Entry entry) {
         const std::lock_guard lock(mutex_);
-        if (entries_.size() == mostEntries) entries_.pop_front();
+        bytes_ += bytesOf(entry.picture);
         entries_.push_back(std::move(entry));
+        for (; bytes_ > mostBytes; entries_.pop_front()) bytes_ -= bytesOf(entries_.front().picture);
     }
 
     std::mutex mutex_;
     std::deque<Entry> entries_;   // the oldest first
+    double bytes_ = 0;
 };
 
 FramePictures& framePictures() {
@@ -60,9 +68,27 @@ FramePictures& framePictures() {
     return pictures;
 }
 
-std::optional<Image> bundledFrame(const BundledDevice& device, StillImageCache& images) {
-    const auto file = BundledFrames::url(device);
-    return file ? framePictures().image(*file, images) : std::nullopt;
+// The files that the picture of a frame may be read from, the best first.
+std::vector<fs::path> frameFiles(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
+    std::vector<fs::path> files;
+    if (mockup.framePath && !mockup.framePath->empty())
+        files.push_back(CompositionAssets::resolved(
+            CompositionAssets::tildeExpanded(*mockup.framePath).string(), assetRoot));
+    const BundledDevice* named = mockup.bundledID ? DeviceCatalog::device(*mockup.bundledID) : nullptr;
+    for (const BundledDevice* device : {named, &DeviceCatalog::defaultDevice()})
+        if (const auto file = device != nullptr ? BundledFrames::url(*device) : std::nullopt)
+            files.push_back(*file);
+    return files;
+}
+
+std::optional<imaging::Size> frameSize(
+    const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
+    for (const fs::path& file : frameFiles(mockup, assetRoot)) {
+        try {
+            return media::readStillHeader(file).size;
+        } catch (const media::MediaError&) {}   // the next one stands in for it
+    }
+    return std::nullopt;
 }
 
 double aspectWithoutPicture(const DeviceMockup& mockup) {
@@ -70,32 +96,37 @@ double aspectWithoutPicture(const DeviceMockup& mockup) {
     return (device != nullptr ? *device : DeviceCatalog::defaultDevice()).frameAspect;
 }
 
+DevicePlace placeWithAspect(
+    double aspect, const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds) {
+    const PixelRect frame = CanvasGeometry::deviceFrameRect({bounds.width, bounds.height}, paddingPx, aspect);
+    const PixelRect screen{frame.x + mockup.screen.x * frame.width,
+        frame.y + mockup.screen.y * frame.height, mockup.screen.width * frame.width,
+        mockup.screen.height * frame.height};
+    return {frame, screen, std::min(screen.width, screen.height) * mockup.screenCornerRadiusFraction};
+}
+
 }   // namespace
 
 Image resolveFrameImage(
     const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot, StillImageCache& images) {
-    if (mockup.framePath && !mockup.framePath->empty()) {
-        const fs::path file = CompositionAssets::resolved(
-            CompositionAssets::tildeExpanded(*mockup.framePath).string(), assetRoot);
+    for (const fs::path& file : frameFiles(mockup, assetRoot))
         if (const auto image = framePictures().image(file, images)) return *image;
-    }
-    if (const auto* device = mockup.bundledID ? DeviceCatalog::device(*mockup.bundledID) : nullptr)
-        if (const auto image = bundledFrame(*device, images)) return *image;
-    return bundledFrame(DeviceCatalog::defaultDevice(), images).value_or(Image());
+    return Image();
 }
 
 FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
     const std::optional<fs::path>& assetRoot, StillImageCache& images) {
-    FittedDevice fitted{.picture = resolveFrameImage(mockup, assetRoot, images)};
-    const imaging::Rect extent = fitted.picture.extent();
+    const Image picture = resolveFrameImage(mockup, assetRoot, images);
+    const imaging::Rect extent = picture.extent();
     const double aspect = extent.isEmpty() ? aspectWithoutPicture(mockup) : extent.width / extent.height;
-    const PixelRect frame = CanvasGeometry::deviceFrameRect({bounds.width, bounds.height}, paddingPx, aspect);
-    fitted.frameRect = frame;
-    fitted.screenRect = {frame.x + mockup.screen.x * frame.width, frame.y + mockup.screen.y * frame.height,
-        mockup.screen.width * frame.width, mockup.screen.height * frame.height};
-    fitted.cornerRadiusPx =
-        std::min(fitted.screenRect.width, fitted.screenRect.height) * mockup.screenCornerRadiusFraction;
-    return fitted;
+    return {placeWithAspect(aspect, mockup, paddingPx, bounds), picture};
+}
+
+DevicePlace placeOfDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
+    const std::optional<fs::path>& assetRoot) {
+    const auto size = frameSize(mockup, assetRoot);
+    const double aspect = size ? double(size->width) / size->height : aspectWithoutPicture(mockup);
+    return placeWithAspect(aspect, mockup, paddingPx, bounds);
 }
 
 }   // namespace tavix::CanvasDrawing

@@ -11,17 +11,24 @@
 
 namespace tavix::CanvasDrawing {
 
-// Rectangles have a top-left origin. The picture is the file's, in its own size; it is empty when there is
-// none to read, and the rectangles are those of the catalog's shape then.
-struct FittedDevice {
-    imaging::Image picture;
+// Where a device and its screen lie. Rectangles have a top-left origin.
+struct DevicePlace {
     PixelRect frameRect, screenRect;
     double cornerRadiusPx = 0;
+};
+// The picture is the file's, in its own size; it is empty when there is none to read, and the rectangles are
+// those of the catalog's shape then.
+struct FittedDevice : DevicePlace {
+    imaging::Image picture;
 };
 
 // As large as it fits into the canvas with that padding on all sides, in its middle.
 FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
     const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
+
+// The same without the picture: files of frames are asked for their sizes alone.
+DevicePlace placeOfDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
+    const std::optional<std::filesystem::path>& assetRoot);
 
 // The mockup's own picture, or that of its catalog device, or of the default one: the first that can be read;
 // empty when none can. Frames stay decoded while the program runs and their files stay.

@@ -14,8 +14,8 @@ namespace tavix {
 struct DeviceDarkroom {
     explicit DeviceDarkroom(const scene3d::RendererOptions& options = {}) : engine(options) {}
 
-    // What the body of a frame of 3840 x 2160 takes.
-    static constexpr std::size_t mostIdleBytes = 32u << 20;
+    // What the passes of a frame of 1080 x 1920 take.
+    static constexpr std::size_t mostIdleBytes = 16u << 20;
 
     scene3d::Renderer engine;
     // Of pictures of the passes, which come and go with frames.
