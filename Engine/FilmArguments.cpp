@@ -4,6 +4,7 @@
 #include "Engine/DocumentFile.h"
 #include "Engine/Errors.h"
 #include "Engine/FinishedFile.h"
+#include "Engine/Quantities.h"
 #include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixRender/Export/ExportGeometry.h"
@@ -44,9 +45,15 @@ void FilmArguments::declare(Arguments& arguments) {
         "Quicker, or better pictures at the same bit rate.");
     arguments.choice("--format", request_.format, wordsOf<ExportFormat>(), "A film or an animated GIF.");
     arguments.choice<VideoCodec>("--codec", request_.codec,
-        {{"h264", VideoCodec::h264}, {"hevc", VideoCodec::hevc}, {"prores422hq", VideoCodec::proRes422HQ},
+        {{"h264", VideoCodec::h264}, {"hevc", VideoCodec::hevc}, {"vp9", VideoCodec::vp9},
+            {"av1", VideoCodec::av1}, {"prores422hq", VideoCodec::proRes422HQ},
             {"prores4444", VideoCodec::proRes4444}},
-        "How the film is coded.");
+        "How the film is coded; H.264 by default, and VP9 in .webm files.");
+    arguments.wholeNumber("--quality", quality_, 0, 100, "N",
+        "How good the pictures are, 0 to 100, whatever that takes: 80 is hard to tell from the source.");
+    arguments.value(
+        "--rate", "BITS", [this](const std::string& text) { bitsPerSec_ = bitsPerSecNamed(text, "--rate"); },
+        "Bits a second that the pictures take on average, as in 8M or 800k.");
     arguments.choice("--container", request_.container, wordsOf<ExportContainer>(), "The kind of film file.");
     arguments.choice<ResolutionPreset>("--resolution", resolution_,
         {{"native", ResolutionPreset::native}, {"1080p", ResolutionPreset::p1080},
@@ -65,6 +72,18 @@ imaging::Size FilmArguments::size(imaging::Size native, ExportFormat format) con
                          std::to_string(size.height) + " pixels here; no side may be longer than " +
                          std::to_string(maxSidePx) + ".");
     return size;
+}
+
+ExportRate FilmArguments::kept(const OutputChoice& choice) const {
+    if (!quality_ && !bitsPerSec_) return {};
+    if (quality_ && bitsPerSec_)
+        throw UsageError("--quality and --rate contradict each other; give one of the two.");
+    const std::string given = quality_ ? "--quality" : "--rate";
+    if (choice.format == ExportFormat::gif)
+        throw UsageError(given + " is for video, and a GIF has none; drop one of the two.");
+    if (isProRes(choice.codec))
+        throw UsageError(given + " does not go with ProRes, which has a rate of its own; drop one of the two.");
+    return {quality_, bitsPerSec_};
 }
 
 FrameRate FilmArguments::rate(const FrameRate& native, ExportFormat format) const {

@@ -25,13 +25,23 @@ public:
     // each other.
     OutputChoice choose(const std::string& name) const { return chooseOutput(request_, name); }
 
+    // The same of what is made on the way to a film: the output says nothing of its kind.
+    OutputChoice chooseKind() const {
+        OutputRequest kind = request_;
+        kind.output.reset();
+        return chooseOutput(kind, "film");
+    }
+    const std::optional<std::string>& output() const { return request_.output; }
+
     // Of the film, for what has that size and rate by itself. Both throw `UsageError` for what cannot be.
     imaging::Size size(imaging::Size native, ExportFormat format) const;
     FrameRate rate(const FrameRate& native, ExportFormat format) const;
 
     media::EncodingEffort effort() const { return effort_.value_or(media::EncodingEffort::fast); }
+    // How much of the pictures the film keeps. Throws `UsageError` where the film takes no such wish.
+    ExportRate kept(const OutputChoice& choice) const;
     FilmFile file(const OutputChoice& choice, const std::filesystem::path& output) const {
-        return {output, choice.format, choice.codec, choice.container, effort()};
+        return {output, choice.format, choice.codec, choice.container, effort(), kept(choice)};
     }
 
 private:
@@ -39,6 +49,8 @@ private:
     std::optional<media::EncodingEffort> effort_;
     std::optional<ResolutionPreset> resolution_;
     std::optional<FrameRate> fps_;
+    std::optional<int> quality_;
+    std::optional<std::int64_t> bitsPerSec_;
 };
 
 // What came out, for whoever reads results.

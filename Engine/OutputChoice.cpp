@@ -20,10 +20,11 @@ std::string extensionOf(const Kind& kind) {
 
 Kind kindOfExtension(const std::filesystem::path& path) {
     for (const Kind kind : {Kind{ExportFormat::video, ExportContainer::mp4},
-             Kind{ExportFormat::video, ExportContainer::mov}, Kind{ExportFormat::gif, {}}})
+             Kind{ExportFormat::video, ExportContainer::mov}, Kind{ExportFormat::video, ExportContainer::webm},
+             Kind{ExportFormat::gif, {}}})
         if (lowerExtension(path) == extensionOf(kind)) return kind;
     throw UsageError(
-        "\"" + path.string() + "\" has an extension that is not written; use .mp4, .mov or .gif.");
+        "\"" + path.string() + "\" has an extension that is not written; use .mp4, .mov, .webm or .gif.");
 }
 
 bool asksForProRes(const OutputRequest& request) { return request.codec && isProRes(*request.codec); }
@@ -46,6 +47,18 @@ Kind kindOfFlags(const OutputRequest& request) {
     throw UsageError("\"" + path.string() + "\" does not go with " + wish + "; change the one or the other.");
 }
 
+// WebM takes open codecs alone, and QuickTime does not know them.
+void requireRoomFor(
+    const std::optional<VideoCodec>& codec, ExportContainer container, const std::filesystem::path& path) {
+    if (!codec) return;
+    const bool isOpen = *codec == VideoCodec::vp9 || *codec == VideoCodec::av1;
+    const std::string name(displayName(*codec));
+    if (isOpen && container == ExportContainer::mov)
+        failWithConflict(path, name + ", which is written to .mp4 and .webm files");
+    if (!isOpen && container == ExportContainer::webm)
+        failWithConflict(path, name + ", which is not written to .webm files");
+}
+
 void requireAgreement(
     const OutputRequest& request, const Kind& asked, const std::filesystem::path& path, const Kind& named) {
     if (request.format && named.format != asked.format)
@@ -59,6 +72,7 @@ void requireAgreement(
         failWithConflict(path, "--container " + std::string(nameOf(*request.container)));
     if (asksForProRes(request) && named.container != ExportContainer::mov)
         failWithConflict(path, "ProRes, which is written to .mov files only");
+    requireRoomFor(request.codec, named.container, path);
 }
 
 }   // namespace
@@ -68,7 +82,9 @@ OutputChoice chooseOutput(const OutputRequest& request, const std::string& docum
     const std::filesystem::path target = outputPath(request.output, documentName, extensionOf(asked));
     const Kind named = kindOfExtension(target);
     requireAgreement(request, asked, target, named);
-    return {target, named.format, request.codec.value_or(VideoCodec::h264), named.container};
+    const bool isWebm = named.format == ExportFormat::video && named.container == ExportContainer::webm;
+    const VideoCodec usual = isWebm ? VideoCodec::vp9 : VideoCodec::h264;
+    return {target, named.format, request.codec.value_or(usual), named.container};
 }
 
 }   // namespace tavix::engine

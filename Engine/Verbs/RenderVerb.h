@@ -3,13 +3,16 @@
 
 #include "Engine/DocumentFile.h"
 #include "Engine/FilmArguments.h"
+#include "Engine/PieceArguments.h"
 #include "Engine/Verbs/Verb.h"
-#include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/CompositionExport.h"
 
+#include <optional>
 #include <string>
 
 namespace tavix::engine {
 
+class Interruption;
 class ProgressLines;
 
 class RenderVerb : public Verb {
@@ -18,13 +21,24 @@ public:
     void run(Terminal& terminal) override;
 
 private:
+    struct Made {
+        PieceRender::Report pieces;
+        std::optional<JsonObject> likeness;   // where it was verified
+    };
     void render(Terminal& terminal, ProgressLines& lines);
-    CompositionRenderer::Config config(const DocumentFile& document, const OutputChoice& choice) const;
+    DocumentFile judged(ProgressLines& lines) const;
+    Made write(CompositionRenderer::Config& config, const OutputChoice& choice,
+        const Interruption& interruption, Terminal& terminal, ProgressLines& lines) const;
+    PieceRender::Report fit(CompositionRenderer::Config& config, const CompositionRenderer::Progress& onProgress,
+        const Interruption& interruption, Terminal& terminal) const;
 
     std::string document_;
     FilmArguments film_;
+    PieceArguments pieces_;
     std::optional<bool> hasLines_;
-    bool isUnjudged_ = false;
+    std::optional<std::int64_t> mostBytes_;
+    bool isUnjudged_ = false, isVerified_ = false, isPlanned_ = false;
+    std::optional<int> segment_;
 };
 
 }   // namespace tavix::engine

@@ -1,6 +1,7 @@
 #include "Engine/Verbs/AuditVerb.h"
 #include "Engine/Verbs/BeatsVerb.h"
 #include "Engine/Verbs/BrandVerb.h"
+#include "Engine/Verbs/CacheVerb.h"
 #include "Engine/Verbs/CaptionsVerb.h"
 #include "Engine/Verbs/CheckVerb.h"
 #include "Engine/Verbs/CompletionVerb.h"
@@ -8,6 +9,7 @@
 #include "Engine/Verbs/DescribeVerb.h"
 #include "Engine/Verbs/DiffVerb.h"
 #include "Engine/Verbs/EditVerb.h"
+#include "Engine/Verbs/JoinVerb.h"
 #include "Engine/Verbs/LintVerb.h"
 #include "Engine/Verbs/ManualVerb.h"
 #include "Engine/Verbs/McpInstallVerb.h"
@@ -63,6 +65,10 @@ constexpr VerbEntry entries[] = {
         make<AuditVerb>},
     {"render", "Render a document to a film or an animated GIF.",
         "tavix render hello.tavixcomp -o hello.mp4 --effort best", make<RenderVerb>},
+    {"join", "Join the segments of a film that were rendered one by one.",
+        "tavix join hello.tavixcomp --from segments/ -o hello.mp4", make<JoinVerb>},
+    {"cache", "Tell what renders have kept for the next ones, or remove it.", "tavix cache --clear",
+        make<CacheVerb>},
     {"still", "Render one moment of a document to a picture.",
         "tavix still hello.tavixcomp --scene card --local 1.5 -o card.png", make<StillVerb>},
     {"sheet", "Render a contact sheet: the whole film at a glance.",

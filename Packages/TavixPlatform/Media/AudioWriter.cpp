@@ -7,6 +7,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 namespace tavix::media {
@@ -14,10 +15,11 @@ namespace {
 
 libav::CodecContext openEncoder(const AudioSettings& settings, const std::string& failure) {
     const libav::ErrorScope errors;
-    const AVCodec* codec = avcodec_find_encoder_by_name("aac");
-    if (!codec) throw MediaError(failure + ": FFmpeg was built without AAC.");
+    const bool isOpus = settings.codec == AudioCodec::opus;
+    const AVCodec* codec = avcodec_find_encoder_by_name(isOpus ? "libopus" : "aac");
+    if (!codec) throw MediaError(failure + ": FFmpeg was built without " + (isOpus ? "Opus." : "AAC."));
     auto encoder = libav::owned<libav::CodecContext>(avcodec_alloc_context3(codec));
-    encoder->sample_fmt = AV_SAMPLE_FMT_FLTP;
+    encoder->sample_fmt = isOpus ? AV_SAMPLE_FMT_FLT : AV_SAMPLE_FMT_FLTP;
     encoder->sample_rate = settings.format.sampleRate;
     encoder->time_base = {1, settings.format.sampleRate};
     av_channel_layout_default(&encoder->ch_layout, settings.format.channels);
@@ -25,7 +27,7 @@ libav::CodecContext openEncoder(const AudioSettings& settings, const std::string
     encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER | AV_CODEC_FLAG_BITEXACT;
     // There are bits enough to code noise as it is, instead of having the player make its own.
     libav::Options options;
-    options.set("aac_pns", "0");
+    if (!isOpus) options.set("aac_pns", "0");
     libav::check(avcodec_open2(encoder.get(), codec, options.get()), errors, failure);
     return encoder;
 }
@@ -36,12 +38,13 @@ class AudioWriter::Session {
 public:
     explicit Session(const AudioSettings& settings)
         : failure_("Cannot encode the sound \"" + settings.path.string() + "\""),
-          encoder_(openEncoder(settings, failure_)), file_(settings.path, "ipod"),
+          encoder_(openEncoder(settings, failure_)), file_(settings.path, settings.codec == AudioCodec::opus ? "webm" : "ipod"),
           packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
         file_.addTrack(*encoder_, 0);
         libav::Options options;
         // The length is told in these units, to the sample.
-        options.set("movie_timescale", std::to_string(settings.format.sampleRate));
+        if (settings.codec == AudioCodec::aac)
+            options.set("movie_timescale", std::to_string(settings.format.sampleRate));
         file_.begin(options);
     }
 
@@ -73,13 +76,21 @@ private:
         if (av_channel_layout_copy(&frame->ch_layout, &encoder_->ch_layout) < 0 ||
             av_frame_get_buffer(frame.get(), 0) < 0)
             throw std::bad_alloc();
-        for (std::size_t channel = 0; channel < channels(); ++channel) {
-            auto* plane = reinterpret_cast<float*>(frame->extended_data[channel]);
-            for (std::size_t i = channel; i < pending_.size(); i += channels()) *plane++ = pending_[i];
-        }
+        fill(*frame);
         written_ += frame->nb_samples;
         pending_.clear();
         send(frame.get());
+    }
+
+    void fill(AVFrame& frame) const {
+        if (!av_sample_fmt_is_planar(encoder_->sample_fmt)) {
+            std::memcpy(frame.data[0], pending_.data(), pending_.size() * sizeof(float));
+            return;
+        }
+        for (std::size_t channel = 0; channel < channels(); ++channel) {
+            auto* plane = reinterpret_cast<float*>(frame.extended_data[channel]);
+            for (std::size_t i = channel; i < pending_.size(); i += channels()) *plane++ = pending_[i];
+        }
     }
 
     // Null says that there are no more frames.

@@ -1,5 +1,6 @@
-// Writes sound as AAC in an MPEG-4 file (.m4a). The file says which samples the coder added before and after,
-// so that what is read back begins with the first sample and has as many as were written.
+// Writes sound as AAC in an MPEG-4 file (.m4a), or as Opus in WebM. The file says which samples the coder
+// added before and after, so that what is read back begins with the first sample and has as many as were
+// written.
 #pragma once
 
 #include "TavixPlatform/Media/AudioFormat.h"
@@ -12,10 +13,13 @@
 
 namespace tavix::media {
 
+enum class AudioCodec { aac, opus };
+
 struct AudioSettings {
     std::filesystem::path path;   // replaced when it exists; its folder must exist
     AudioFormat format;
     std::int64_t bitsPerSec = 256'000;
+    AudioCodec codec = AudioCodec::aac;   // Opus takes 48,000 samples a second
 };
 
 // Used by one thread at a time. Every member may throw MediaError. The same samples give the same bytes.

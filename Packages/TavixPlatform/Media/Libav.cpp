@@ -14,6 +14,31 @@ extern "C" {
 #include <mutex>
 
 namespace tavix::media::libav {
+
+namespace {
+
+// The threads of the AV1 encoder end only once they know that no more frames come, and that only after a
+// frame.
+void endAv1(AVCodecContext& encoder) {
+    const Packet packet(av_packet_alloc());
+    const Frame frame(av_frame_alloc());
+    if (!packet || !frame) return;
+    frame->format = encoder.pix_fmt;
+    frame->width = encoder.width;
+    frame->height = encoder.height;
+    if (encoder.frame_number == 0 && av_frame_get_buffer(frame.get(), 0) >= 0)
+        avcodec_send_frame(&encoder, frame.get());
+    avcodec_send_frame(&encoder, nullptr);
+    while (avcodec_receive_packet(&encoder, packet.get()) >= 0) av_packet_unref(packet.get());
+}
+
+}   // namespace
+
+void Deleter::operator()(AVCodecContext* p) const {
+    if (avcodec_is_open(p) && av_codec_is_encoder(p->codec) && p->codec_id == AV_CODEC_ID_AV1) endAv1(*p);
+    avcodec_free_context(&p);
+}
+
 namespace {
 
 // The libraries have one log for the whole process; the scope of the calling thread says where a line

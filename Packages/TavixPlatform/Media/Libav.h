@@ -17,7 +17,7 @@ extern "C" {
 namespace tavix::media::libav {
 
 struct Deleter {
-    void operator()(AVCodecContext* p) const { avcodec_free_context(&p); }
+    void operator()(AVCodecContext* p) const;
     void operator()(AVFrame* p) const { av_frame_free(&p); }
     void operator()(AVPacket* p) const { av_packet_free(&p); }
     void operator()(AVBSFContext* p) const { av_bsf_free(&p); }

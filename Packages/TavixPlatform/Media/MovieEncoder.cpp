@@ -1,10 +1,12 @@
 #include "TavixPlatform/Media/MovieEncoder.h"
 
 #include "TavixPlatform/Media/OutputFile.h"
+#include "TavixPlatform/Media/PieceFile.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace tavix::media {
@@ -12,7 +14,7 @@ namespace {
 
 // Threads, and whatever else an encoder would take from the machine, are fixed: a frame refers only to what
 // the frames encoded beside it have finished, so the pictures depend on how many there are.
-constexpr int encoderThreads = 3;
+constexpr int encoderThreads = 2;
 constexpr int keyFrameDistanceSec = 2;   // an editor decodes no more than that to show any one frame
 
 struct Codec {
@@ -26,11 +28,13 @@ constexpr unsigned tagOf(char a, char b, char c, char d) { return MKTAG(a, b, c,
 
 // Of the two ProRes encoders this one is four times as quick at the same distance from the source.
 const Codec& codecOf(MovieCodec codec) {
-    static constexpr std::array<Codec, 4> codecs{{
+    static constexpr std::array<Codec, 6> codecs{{
         {"libx264", AV_PIX_FMT_YUV420P, "H.264", 0},
         {"libx265", AV_PIX_FMT_YUV420P, "HEVC", tagOf('h', 'v', 'c', '1')},
         {"prores_aw", AV_PIX_FMT_YUV422P10, "ProRes 422 HQ", tagOf('a', 'p', 'c', 'h')},
         {"prores_aw", AV_PIX_FMT_YUVA444P10, "ProRes 4444", tagOf('a', 'p', '4', 'h')},
+        {"libvpx-vp9", AV_PIX_FMT_YUV420P, "VP9", 0},
+        {"libsvtav1", AV_PIX_FMT_YUV420P, "AV1", 0},
     }};
     return codecs[static_cast<std::size_t>(codec)];
 }
@@ -65,6 +69,11 @@ void tagColor(AVCodecContext& encoder) {
     if (encoder.pix_fmt == AV_PIX_FMT_YUV420P) encoder.chroma_sample_location = AVCHROMA_LOC_LEFT;
 }
 
+// Of the encoder's own scale, on which less is better: `best` for 100 and `worst` for 0.
+std::string constantRate(int quality, double best, double worst) {
+    return std::to_string(std::lround(worst + (best - worst) * std::clamp(quality, 0, 100) / 100));
+}
+
 void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
     struct Manner {
         const char* preset;
@@ -75,6 +84,7 @@ void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Opti
     encoder.profile = FF_PROFILE_H264_HIGH;
     options.set("preset", manner.preset);
     options.set("profile", "high");
+    if (settings.quality) options.set("crf", constantRate(*settings.quality, 12, 42));
     options.set("x264-params", "cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=" +
                                    std::to_string(manner.framesAhead));
 }
@@ -82,10 +92,40 @@ void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Opti
 void setHevc(const MovieSettings& settings, libav::Options& options) {
     static constexpr std::array presets{"ultrafast", "medium", "slow"};
     options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
+    if (settings.quality) options.set("crf", constantRate(*settings.quality, 14, 44));
     // info=0 leaves the library's version and settings out of the stream. One frame at a time, its rows in
     // parallel: with several, rate control now and then depends on which is done first.
     options.set("x265-params", "log-level=none:info=0:frame-threads=1:pools=" +
                                    std::to_string(encoderThreads) + ":chromaloc=0:open-gop=0:b-pyramid=1");
+}
+
+// These two are chosen for small films: without a rate they keep to a quality that few can tell from the
+// source.
+constexpr int usualQuality = 70;
+
+void setVp9(const MovieSettings& settings, libav::Options& options) {
+    static constexpr std::array speeds{"6", "4", "2"};
+    options.set("deadline", "good");
+    options.set("cpu-used", speeds[static_cast<std::size_t>(settings.effort)]);
+    options.set("row-mt", "1");
+    options.set("lag-in-frames", "16");
+    if (settings.bitsPerSec == 0)
+        options.set("crf", constantRate(settings.quality.value_or(usualQuality), 15, 55));
+}
+
+// It prints to standard error, unless this is set before it is first used.
+void quietAv1() {
+    static const int isSet = ::setenv("SVT_LOG", "0", 0);
+    static_cast<void>(isSet);
+}
+
+void setAv1(const MovieSettings& settings, libav::Options& options) {
+    static constexpr std::array presets{"10", "8", "6"};
+    quietAv1();
+    options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
+    options.set("svtav1-params", "lp=" + std::to_string(encoderThreads));
+    if (settings.bitsPerSec == 0)
+        options.set("crf", constantRate(settings.quality.value_or(usualQuality), 18, 58));
 }
 
 void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
@@ -98,11 +138,15 @@ void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Op
 
 void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
     if (isProRes(settings.codec)) return setProRes(settings, encoder, options);
-    encoder.bit_rate = settings.bitsPerSec;
+    encoder.bit_rate = settings.quality ? 0 : settings.bitsPerSec;
     encoder.gop_size =
         std::max(static_cast<int>(std::lround(keyFrameDistanceSec * av_q2d(encoder.framerate))), 1);
-    if (settings.codec == MovieCodec::h264) return setH264(settings, encoder, options);
-    setHevc(settings, options);
+    switch (settings.codec) {
+    case MovieCodec::h264: return setH264(settings, encoder, options);
+    case MovieCodec::hevc: return setHevc(settings, options);
+    case MovieCodec::vp9: return setVp9(settings, options);
+    default: return setAv1(settings, options);
+    }
 }
 
 }   // namespace
@@ -153,23 +197,51 @@ libav::BitstreamFilter openMovieFilter(const MovieSettings& settings, const AVCo
     return filter;
 }
 
-libav::Options movieOptions(int timescale) {
+libav::Options movieOptions(MovieContainer container, int timescale) {
     libav::Options options;
+    if (container == MovieContainer::webm) {
+        options.set("cues_to_front", "1");
+        return options;
+    }
     options.set("movflags", "faststart+write_colr");
     options.set("video_track_timescale", std::to_string(timescale));
     options.set("movie_timescale", std::to_string(timescale));
     return options;
 }
 
-const char* nameOf(MovieContainer container) { return container == MovieContainer::mov ? "mov" : "mp4"; }
+const char* nameOf(MovieContainer container) {
+    switch (container) {
+    case MovieContainer::mov: return "mov";
+    case MovieContainer::webm: return "webm";
+    default: return "mp4";
+    }
+}
 
-std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder) {
-    const MovieContainer container = isProRes(settings.codec) ? MovieContainer::mov : settings.container;
-    auto file = std::make_unique<OutputFile>(settings.path, nameOf(container));
-    file->addTrack(encoder, codecOf(settings.codec).tag);
-    libav::Options options = movieOptions(settings.timescale);
-    file->begin(options);
-    return file;
+namespace {
+
+// A film of one track.
+class MovieFile final : public PacketSink {
+public:
+    MovieFile(const MovieSettings& settings, const AVCodecContext& encoder, MovieContainer container)
+        : file_(settings.path, nameOf(container)) {
+        file_.addTrack(encoder, codecOf(settings.codec).tag);
+        libav::Options options = movieOptions(container, settings.timescale);
+        file_.begin(options);
+    }
+    void take(AVPacket& packet) override { file_.write(packet); }
+    void finish() override { file_.finish(); }
+
+private:
+    OutputFile file_;
+};
+
+}   // namespace
+
+std::unique_ptr<PacketSink> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder) {
+    if (settings.container == MovieContainer::piece)
+        return std::make_unique<PieceWriter>(settings.path, encoder, codecOf(settings.codec).tag);
+    const bool isMov = isProRes(settings.codec);
+    return std::make_unique<MovieFile>(settings, encoder, isMov ? MovieContainer::mov : settings.container);
 }
 
 }   // namespace tavix::media

@@ -8,7 +8,7 @@
 
 namespace tavix::media {
 
-class OutputFile;
+class PacketSink;
 
 // Throws MediaError when the codec cannot write such a movie, a frame of 4:2:0 with an odd side for one.
 libav::CodecContext openMovieEncoder(const MovieSettings& settings);
@@ -18,10 +18,10 @@ libav::CodecContext openMovieEncoder(const MovieSettings& settings);
 libav::BitstreamFilter openMovieFilter(const MovieSettings& settings, const AVCodecContext& encoder);
 
 // How movie files are written: the index first, the colours named, times in units of the timescale.
-libav::Options movieOptions(int timescale);
-const char* nameOf(MovieContainer container);   // among containers to write
+libav::Options movieOptions(MovieContainer container, int timescale);
+const char* nameOf(MovieContainer container);   // among containers to write; not of a piece
 
 // Creates the file; the index will stand in front of the pictures, for playing while it is still loading.
-std::unique_ptr<OutputFile> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder);
+std::unique_ptr<PacketSink> openMovieFile(const MovieSettings& settings, const AVCodecContext& encoder);
 
 }   // namespace tavix::media

@@ -2,7 +2,7 @@
 
 #include "TavixPlatform/Media/MovieEncoder.h"
 #include "TavixPlatform/Media/MovieSlots.h"
-#include "TavixPlatform/Media/OutputFile.h"
+#include "TavixPlatform/Media/PacketSink.h"
 
 #include <deque>
 #include <new>
@@ -13,8 +13,9 @@
 namespace tavix::media {
 namespace {
 
-// When packets are to be decoded. libx265 leaves these times undefined in movies of one or two frames; here
-// they are the presentation times in order, shifted by the two frames that it reorders at most.
+// When packets are to be decoded. libx265 leaves these times undefined in movies of one or two frames, and
+// libx264 sets them otherwise in those, which then do not go before another piece; here they are the
+// presentation times in order, shifted by the two frames that both reorder at most.
 class DecodingTimes {
 public:
     explicit DecodingTimes(std::int64_t frameDuration) : frameDuration_(frameDuration) {}
@@ -68,9 +69,13 @@ private:
         libav::check(avcodec_send_frame(encoder_.get(), frame), errors, failure_);
         while (receive(errors, avcodec_receive_packet(encoder_.get(), packet_.get()))) {
             packet_->duration = frameDuration_;
-            if (encoder_->codec_id == AV_CODEC_ID_HEVC) packet_->dts = decodingTimes_.next();
+            if (reordersFrames()) packet_->dts = decodingTimes_.next();
             writeFiltered(errors);
         }
+    }
+
+    bool reordersFrames() const {
+        return encoder_->codec_id == AV_CODEC_ID_H264 || encoder_->codec_id == AV_CODEC_ID_HEVC;
     }
 
     // For encoders that read several frames at once: they would hold more slots than there are.
@@ -92,9 +97,9 @@ private:
     }
 
     void writeFiltered(const libav::ErrorScope& errors) {
-        if (!filter_) return file_->write(*packet_);
+        if (!filter_) return file_->take(*packet_);
         libav::check(av_bsf_send_packet(filter_.get(), packet_.get()), errors, failure_);
-        while (receive(errors, av_bsf_receive_packet(filter_.get(), packet_.get()))) file_->write(*packet_);
+        while (receive(errors, av_bsf_receive_packet(filter_.get(), packet_.get()))) file_->take(*packet_);
     }
 
     void tag(AVFrame& frame) const {
@@ -110,7 +115,7 @@ private:
     DecodingTimes decodingTimes_;
     libav::CodecContext encoder_;
     libav::BitstreamFilter filter_;
-    std::unique_ptr<OutputFile> file_;
+    std::unique_ptr<PacketSink> file_;
     libav::Packet packet_;
 };
 

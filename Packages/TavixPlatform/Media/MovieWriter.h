@@ -20,19 +20,22 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace tavix::media {
 
-enum class MovieCodec { h264, hevc, proRes422HQ, proRes4444 };
-enum class MovieContainer { mp4, mov };
+enum class MovieCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1 };
+// A piece is no film that anybody plays: see MovieJoin.h.
+enum class MovieContainer { mp4, mov, webm, piece };
 enum class EncodingEffort { fast, balanced, best };   // at the same bit rate: quicker, or better pictures
 
 struct MovieSettings {
     std::filesystem::path path;   // replaced when it exists; its folder must exist
-    imaging::Size sizePx;         // even in both directions for h264 and hevc, an even width for ProRes
+    imaging::Size sizePx;         // even in both directions, but an even width only for ProRes
     MovieCodec codec = MovieCodec::h264;
     MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
     std::int64_t bitsPerSec = 0;                      // average; 0 leaves it to the codec, ProRes knows none
+    std::optional<int> quality = {};   // 0 to 100 instead of a rate; of no meaning to ProRes
     EncodingEffort effort = EncodingEffort::fast;
     int timescale = 600;      // units per second of presentation times
     int frameDuration = 20;   // of a frame, in these units: 600 / 20 are 30 frames a second

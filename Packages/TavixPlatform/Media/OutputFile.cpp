@@ -47,9 +47,14 @@ void OutputFile::addTrack(const AVCodecContext& encoder, unsigned tag) {
 }
 
 void OutputFile::addTrack(const AVStream& like, unsigned tag) {
+    addTrack(*like.codecpar, like.time_base, like.avg_frame_rate, tag);
+}
+
+void OutputFile::addTrack(
+    const AVCodecParameters& like, AVRational timeBase, AVRational frameRate, unsigned tag) {
     const libav::ErrorScope errors;
-    const AVStream& stream = newTrack(like.time_base, like.avg_frame_rate);
-    libav::check(avcodec_parameters_copy(stream.codecpar, like.codecpar), errors, failure());
+    const AVStream& stream = newTrack(timeBase, frameRate);
+    libav::check(avcodec_parameters_copy(stream.codecpar, &like), errors, failure());
     stream.codecpar->codec_tag = tag;
 }
 

@@ -3,6 +3,7 @@
 #include "TavixPlatform/Text/FontCore.h"
 #include "TavixPlatform/Text/FontStandIns.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tavix::text {
@@ -32,6 +33,15 @@ const FontBook* FontBook::withFile(const std::filesystem::path& file) const {
 }
 
 const std::string& FontBook::nameOfFile() const { return core_->nameOfFile(); }
+
+std::vector<std::filesystem::path> FontBook::files() const {
+    std::vector<std::filesystem::path> files;
+    for (const FaceRef& face : core_->faces()) files.emplace_back(face->file);
+    std::ranges::sort(files);
+    const auto repeated = std::ranges::unique(files);
+    files.erase(repeated.begin(), repeated.end());
+    return files;
+}
 
 FoundFont FontBook::named(std::string_view name, double sizePx) const {
     if (auto font = core_->find(name, sizePx)) return {std::move(*font), false};

@@ -47,6 +47,9 @@ public:
     // Of a book with a file, the PostScript name of the file's first face.
     const std::string& nameOfFile() const;
 
+    // Every file that text may be set from, in the order of their paths: the fonts of the folders.
+    std::vector<std::filesystem::path> files() const;
+
     // By PostScript name, full name or family, whatever its case; then by the table of stand-ins
     // (FontStandIns.h); then the interface font. The size is held between 1 and 4096 pixels.
     FoundFont named(std::string_view name, double sizePx) const;

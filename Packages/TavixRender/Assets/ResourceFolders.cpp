@@ -1,8 +1,8 @@
 #include "TavixRender/Assets/ResourceFolders.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <system_error>
-#include <vector>
 
 namespace tavix::ResourceFolders {
 
@@ -28,6 +28,19 @@ std::optional<fs::path> find(std::string_view relativePath) {
         if (fs::is_regular_file(candidate, unreadable)) return candidate;
     }
     return std::nullopt;
+}
+
+std::vector<fs::path> files() {
+    std::vector<fs::path> found;
+    std::error_code unreadable;
+    for (const fs::path& folder : folders())
+        for (fs::recursive_directory_iterator entry(folder, unreadable), end; entry != end;
+             entry.increment(unreadable)) {
+            if (unreadable) break;
+            if (entry->is_regular_file(unreadable)) found.push_back(entry->path());
+        }
+    std::ranges::sort(found);
+    return found;
 }
 
 }   // namespace tavix::ResourceFolders

@@ -161,14 +161,17 @@ bool addCues(const std::vector<SoundCue>& cues, media::AudioTimeline& to, const 
 }
 
 bool renderAudioMix(const Mix& mix, double lengthSec, const fs::path& file, const RenderLog& log,
-    const std::stop_token& stop) {
+    const std::stop_token& stop, ExportContainer container) {
     media::AudioTimeline timeline;
     if (!insertAudio(mix.audio, timeline, mix.assetRoot, mix.totalSec, log)) return false;
     timeline.frames = timeline.frameAt(lengthSec);
     const media::AudioFormat format = timeline.format;
     FrameOutput::makeRoomFor(file);
     try {
-        media::AudioWriter writer({file, format});
+        const bool isOpus = container == ExportContainer::webm;
+        media::AudioSettings settings{file, format};
+        settings.codec = isOpus ? media::AudioCodec::opus : media::AudioCodec::aac;
+        media::AudioWriter writer(settings);
         media::AudioMixer mixer(std::move(timeline), [&](const std::string& sentence) {
             tell(log, Finding::warning(RenderCode::soundDamaged, sentence));
         });
@@ -188,10 +191,10 @@ bool renderAudioMix(const Mix& mix, double lengthSec, const fs::path& file, cons
 void remux(const fs::path& visual, const fs::path& audio, const fs::path& output, ExportContainer container,
     const std::stop_token& stop) {
     pictureLength(visual);   // says when there is no picture
-    const bool isMov = container == ExportContainer::mov;
+    constexpr media::MovieContainer containers[] = {
+        media::MovieContainer::mp4, media::MovieContainer::mov, media::MovieContainer::webm};
     try {
-        media::remux({visual, audio, output, isMov ? media::MovieContainer::mov : media::MovieContainer::mp4},
-            [&] { checkStop(stop); });
+        media::remux({visual, audio, output, containers[std::size_t(container)]}, [&] { checkStop(stop); });
     } catch (const media::MediaError& error) {
         throw Failure(error.what());
     }
@@ -201,7 +204,7 @@ void mux(const fs::path& visual, const Mix& mix, const fs::path& output, ExportC
     const RenderLog& log, const std::stop_token& stop) {
     const HiddenFile sound(output, ".tavix-audio-mix-" + uuid() + ".m4a");
     try {
-        if (renderAudioMix(mix, pictureLength(visual), sound.path(), log, stop)) {
+        if (renderAudioMix(mix, pictureLength(visual), sound.path(), log, stop, container)) {
             remux(visual, sound.path(), output, container, stop);
             tell(log, Finding::note(RenderCode::soundAdded, "muxed music/cues under the visual track"));
             return;

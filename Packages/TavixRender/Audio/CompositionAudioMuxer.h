@@ -30,10 +30,11 @@ struct Mix {
     double totalSec = 0;
 };
 
-// Mixes to AAC in an MPEG-4 file, with silence up to `lengthSec`. Returns false, and writes nothing, when
-// there is nothing to hear.
+// Mixes to a file of sound that the container takes, AAC or Opus, with silence up to `lengthSec`. Returns
+// false, and writes nothing, when there is nothing to hear.
 bool renderAudioMix(const Mix& mix, double lengthSec, const std::filesystem::path& file,
-    const RenderLog& log = {}, const std::stop_token& stop = {});
+    const RenderLog& log = {}, const std::stop_token& stop = {},
+    ExportContainer container = ExportContainer::mp4);
 
 // Copies picture and sound into one file, without coding either again; the sound ends with the picture.
 void remux(const std::filesystem::path& visual, const std::filesystem::path& audio,

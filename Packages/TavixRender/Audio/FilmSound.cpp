@@ -23,9 +23,7 @@ void writeUnder(const CompositionAudioMuxer::Mix& mix, const FilmFile& film, con
     };
     try {
         picture(silent, [&](double fraction) { report(fraction * pictureShare); });
-        const bool isMov = isProRes(film.codec) || film.container == ExportContainer::mov;
-        CompositionAudioMuxer::mux(
-            visual.path(), mix, film.output, isMov ? ExportContainer::mov : ExportContainer::mp4, log, stop);
+        CompositionAudioMuxer::mux(visual.path(), mix, film.output, film.finalContainer(), log, stop);
     } catch (const RenderStopped&) {
         throw;
     } catch (const Failure& failure) {

@@ -65,6 +65,11 @@ LayerInputs LayerInputs::of(const CompositionLayer& layer, const Place& place) {
     return inputs;
 }
 
+std::vector<UsedFile> filesOf(
+    const CompositionScene& scene, const Fonts& fonts, const AssetRoot& assetRoot) {
+    return filesIn(scene, fonts, assetRoot);
+}
+
 std::vector<UsedFile> filesOf(const BackgroundFill& fill, const AssetRoot& assetRoot) {
     return filesIn(fill, {}, assetRoot);
 }

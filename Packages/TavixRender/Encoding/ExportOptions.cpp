@@ -9,9 +9,11 @@ std::string_view displayName(VideoCodec codec) {
     case VideoCodec::h264: return "H.264";
     case VideoCodec::hevc: return "HEVC";
     case VideoCodec::proRes422HQ: return "ProRes 422 HQ";
-    case VideoCodec::proRes4444: break;
+    case VideoCodec::proRes4444: return "ProRes 4444";
+    case VideoCodec::vp9: return "VP9";
+    case VideoCodec::av1: break;
     }
-    return "ProRes 4444";
+    return "AV1";
 }
 
 std::string_view displayName(ResolutionPreset resolution) {
@@ -32,13 +34,15 @@ const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>) {
 const Names<VideoCodec>& namesOf(std::type_identity<VideoCodec>) {
     static const Names<VideoCodec> table{
         "video codec", {{VideoCodec::h264, "h264"}, {VideoCodec::hevc, "hevc"},
-                           {VideoCodec::proRes422HQ, "proRes422HQ"}, {VideoCodec::proRes4444, "proRes4444"}}};
+                           {VideoCodec::proRes422HQ, "proRes422HQ"}, {VideoCodec::proRes4444, "proRes4444"},
+                           {VideoCodec::vp9, "vp9"}, {VideoCodec::av1, "av1"}}};
     return table;
 }
 
 const Names<ExportContainer>& namesOf(std::type_identity<ExportContainer>) {
     static const Names<ExportContainer> table{
-        "container", {{ExportContainer::mp4, "mp4"}, {ExportContainer::mov, "mov"}}};
+        "container", {{ExportContainer::mp4, "mp4"}, {ExportContainer::mov, "mov"},
+                         {ExportContainer::webm, "webm"}}};
     return table;
 }
 

@@ -3,19 +3,28 @@
 
 #include "TavixCore/Support/Tables.h"
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 
 namespace tavix {
 
 enum class ExportFormat { video, gif };
-enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444 };
-enum class ExportContainer { mp4, mov };
+enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1 };
+enum class ExportContainer { mp4, mov, webm };
 enum class ResolutionPreset { native, p1080, k4 };
 
 constexpr bool isProRes(VideoCodec codec) {
     return codec == VideoCodec::proRes422HQ || codec == VideoCodec::proRes4444;
 }
+
+// What is kept of a film, in place of what is usual for its codec. At most one of the two.
+struct ExportRate {
+    std::optional<int> quality = {};                // 0 to 100
+    std::optional<std::int64_t> bitsPerSec = {};    // on average, of the pictures
+    bool operator==(const ExportRate&) const = default;
+};
 
 // For people: "H.264", "ProRes 422 HQ", "1080p".
 std::string_view displayName(VideoCodec codec);

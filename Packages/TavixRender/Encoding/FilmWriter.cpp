@@ -52,7 +52,8 @@ void write(const FilmFrames& film, const FilmFile& file, imaging::Evaluator& eva
         walkFrames(encoder, run);
     } else {
         FrameSequenceEncoder encoder(
-            {file.output, film.size, film.fps, file.codec, file.container, file.effort}, evaluator);
+            {file.output, film.size, film.fps, file.codec, file.container, file.effort, file.rate},
+            evaluator);
         walkFrames(encoder, run);
     }
     if (onProgress) onProgress(1);

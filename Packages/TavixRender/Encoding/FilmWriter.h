@@ -27,6 +27,10 @@ struct FilmFile {
     VideoCodec codec = VideoCodec::h264;
     ExportContainer container = ExportContainer::mp4;
     media::EncodingEffort effort = media::EncodingEffort::fast;
+    ExportRate rate = {};
+
+    // The container that it has in the end: ProRes has but one.
+    ExportContainer finalContainer() const { return isProRes(codec) ? ExportContainer::mov : container; }
 };
 
 namespace FilmWriter {

@@ -21,9 +21,11 @@ media::MovieCodec mediaCodec(VideoCodec codec) {
     case VideoCodec::h264: return media::MovieCodec::h264;
     case VideoCodec::hevc: return media::MovieCodec::hevc;
     case VideoCodec::proRes422HQ: return media::MovieCodec::proRes422HQ;
-    case VideoCodec::proRes4444: break;
+    case VideoCodec::proRes4444: return media::MovieCodec::proRes4444;
+    case VideoCodec::vp9: return media::MovieCodec::vp9;
+    case VideoCodec::av1: break;
     }
-    return media::MovieCodec::proRes4444;
+    return media::MovieCodec::av1;
 }
 
 int roundedUpToEven(int side) { return side + side % 2; }
@@ -35,18 +37,35 @@ imaging::Size codedSizeFor(imaging::Size size, VideoCodec codec) {
     return {roundedUpToEven(size.width), halvesHeight ? roundedUpToEven(size.height) : size.height};
 }
 
-media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& settings, imaging::Size codedSize) {
-    const bool isMov = isProRes(settings.codec) || settings.container == ExportContainer::mov;
-    const FrameClock clock = FrameClock::of(settings.fps);
-    const double framesPerSec = double(clock.timescale) / clock.frameDuration;
+media::MovieContainer mediaContainer(const FrameSequenceEncoder::Settings& settings) {
+    if (settings.isPiece) return media::MovieContainer::piece;
+    if (isProRes(settings.codec)) return media::MovieContainer::mov;
+    switch (settings.container) {
+    case ExportContainer::mp4: return media::MovieContainer::mp4;
+    case ExportContainer::mov: return media::MovieContainer::mov;
+    case ExportContainer::webm: break;
+    }
+    return media::MovieContainer::webm;
+}
+
+// 0 leaves it to the codec.
+std::int64_t bitsPerSecOf(const FrameSequenceEncoder::Settings& settings, double framesPerSec) {
+    const bool hasUsualRate = settings.codec == VideoCodec::h264 || settings.codec == VideoCodec::hevc;
+    if (settings.rate.bitsPerSec) return std::max(*settings.rate.bitsPerSec, minBitsPerSec);
+    if (!hasUsualRate || settings.rate.quality) return 0;
     const double bitsPerSec =
         double(settings.size.width) * settings.size.height * framesPerSec * bitsPerPixel;
+    return std::max(static_cast<std::int64_t>(bitsPerSec), minBitsPerSec);
+}
+
+media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& settings, imaging::Size codedSize) {
+    const FrameClock clock = FrameClock::of(settings.fps);
     return {.path = settings.output,
         .sizePx = codedSize,
         .codec = mediaCodec(settings.codec),
-        .container = isMov ? media::MovieContainer::mov : media::MovieContainer::mp4,
-        .bitsPerSec =
-            isProRes(settings.codec) ? 0 : std::max(static_cast<std::int64_t>(bitsPerSec), minBitsPerSec),
+        .container = mediaContainer(settings),
+        .bitsPerSec = bitsPerSecOf(settings, double(clock.timescale) / clock.frameDuration),
+        .quality = settings.rate.quality,
         .effort = settings.effort,
         .timescale = clock.timescale,
         .frameDuration = clock.frameDuration};

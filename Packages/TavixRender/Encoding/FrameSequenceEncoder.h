@@ -23,6 +23,8 @@ public:
         VideoCodec codec = VideoCodec::h264;
         ExportContainer container = ExportContainer::mp4;   // ProRes is always written as QuickTime
         media::EncodingEffort effort = media::EncodingEffort::fast;
+        ExportRate rate = {};
+        bool isPiece = false;   // of a film that is joined later; then the container says nothing
     };
 
     // Every member throws `Failure`. The evaluator must outlive the encoder.

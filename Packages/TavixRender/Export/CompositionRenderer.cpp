@@ -10,8 +10,6 @@
 
 namespace tavix::CompositionRenderer {
 
-namespace {
-
 std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t frameCount) {
     char seconds[64];
     std::snprintf(seconds, sizeof seconds, "%.1f", totalSec);
@@ -20,10 +18,8 @@ std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t 
            "s (" + std::to_string(frameCount) + " frames)";
 }
 
-}   // namespace
-
 FilmFile fileOf(const Config& config) {
-    return {config.output, config.fileFormat, config.videoCodec, config.container, config.effort};
+    return {config.output, config.fileFormat, config.videoCodec, config.container, config.effort, config.rate};
 }
 
 void render(

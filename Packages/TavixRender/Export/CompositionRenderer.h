@@ -9,9 +9,11 @@
 #include "TavixRender/Encoding/FilmWriter.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <stop_token>
+#include <string>
 #include <string_view>
 
 namespace tavix {
@@ -26,14 +28,21 @@ struct Config {
     VideoCodec videoCodec = VideoCodec::h264;
     ExportContainer container = ExportContainer::mp4;
     media::EncodingEffort effort = media::EncodingEffort::fast;
+    ExportRate rate = {};
     imaging::EvaluatorOptions evaluation = {};
+    // Where finished pieces of films are kept for the next render; absent: nowhere.
+    std::optional<std::filesystem::path> pieceStore = {};
+    std::size_t memoryBytes = 0;   // that films may take; 0: a quarter of the machine's
 };
 
 using Progress = FilmWriter::Progress;
 
 FilmFile fileOf(const Config& config);
 
-// As FilmWriter::write.
+// What a render says first: "1080×1920 @ 30fps — 3 scenes, 12.4s (372 frames)".
+std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t frameCount);
+
+// Makes the film in one go, without sound and without pieces. As FilmWriter::write.
 void render(const Config& config, const RenderLog& log, const Progress& onProgress = {},
     const std::stop_token& stop = {});
 

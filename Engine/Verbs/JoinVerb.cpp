@@ -1,0 +1,49 @@
+#include "Engine/Verbs/JoinVerb.h"
+
+#include "Engine/Arguments.h"
+#include "Engine/AssetFiles.h"
+#include "Engine/Errors.h"
+#include "Engine/Findings.h"
+#include "Engine/FinishedFile.h"
+#include "Engine/Interruption.h"
+#include "Engine/SegmentPlan.h"
+#include "Engine/SystemWatch.h"
+#include "Engine/Terminal.h"
+#include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Export/FilmCheck.h"
+#include "TavixRender/Export/PieceRender.h"
+
+namespace tavix::engine {
+
+void JoinVerb::declare(Arguments& arguments, Terminal& terminal) {
+    arguments.positional("document", document_, "The document whose segments they are.",
+        "join needs a document: a .tavixcomp bundle or a composition.json.");
+    arguments.text("--from", folder_, "FOLDER", "Where the segments lie; here by default.");
+    film_.declare(arguments);
+    arguments.quietFlag(terminal);
+    arguments.jsonFlag(terminal);
+}
+
+void JoinVerb::run(Terminal& terminal) {
+    const Interruption interruption;
+    DocumentFile document = openDocument(document_);
+    resolveTimes(document);
+    requireRenderable(document);
+    const OutputChoice choice = film_.choose(document.name);
+    requireNoAsset(choice.target, document);
+    const SegmentPlan plan(document, film_, {});
+    const std::vector<std::filesystem::path> files = plan.filesIn(folder_.value_or(""));
+    CompositionRenderer::Config config = plan.config();
+    const SystemWatch::Task task("to join the film");
+    writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
+        config.output = unfinished;
+        PieceRender::join(config, files, terminal.log(), interruption.token());
+        FilmCheck::probe(config, unfinished);
+    });
+    terminal.tell("✓ Wrote " + choice.target.string());
+    if (terminal.mode() == Terminal::Mode::json)
+        terminal.report(filmResult(choice.target, CompositionRenderer::frameCount(config.spec),
+            config.spec.output.fps, canvasSize(config.spec)));
+}
+
+}   // namespace tavix::engine

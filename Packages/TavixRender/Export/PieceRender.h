@@ -1,0 +1,39 @@
+// Films of pieces: each piece is drawn and encoded by itself, side by side on large machines, and all are
+// joined in the end. The film is the same, byte by byte, however many are made at once and whether they are
+// made or found.
+#pragma once
+
+#include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/FilmPieces.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <stop_token>
+#include <vector>
+
+namespace tavix::PieceRender {
+
+// All of these throw `Failure`; `stop` ends in `RenderStopped`.
+
+// One piece to a file.
+void write(const CompositionRenderer::Config& config, const FilmPiece& piece,
+    const std::filesystem::path& file, const RenderLog& log,
+    const CompositionRenderer::Progress& onProgress = {}, const std::stop_token& stop = {});
+
+struct Report {
+    std::size_t pieces = 0, reused = 0;
+};
+
+// All pieces of the film, one file each. The config's store is asked for every one and keeps what is new.
+Report writeAll(const CompositionRenderer::Config& config, const std::vector<FilmPiece>& pieces,
+    const std::vector<std::filesystem::path>& files, const RenderLog& log,
+    const CompositionRenderer::Progress& onProgress = {}, const std::stop_token& stop = {});
+
+// The film of these pieces, with the sound of the document under it.
+void join(const CompositionRenderer::Config& config, const std::vector<std::filesystem::path>& files,
+    const RenderLog& log, const std::stop_token& stop = {});
+
+// How many pieces are made at once.
+int workerCount(const CompositionRenderer::Config& config, std::size_t pieces);
+
+}   // namespace tavix::PieceRender
