@@ -5,6 +5,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,10 +53,11 @@ void Command::send(int signal) const { ::kill(process_, signal); }
 
 Outcome Command::wait() {
     int status = 0;
-    ::waitpid(process_, &status, 0);
+    rusage used{};
+    ::wait4(process_, &status, 0, &used);
     process_ = -1;
-    return {
-        WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), readBytes(out_), readBytes(err_)};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), readBytes(out_),
+        readBytes(err_), used.ru_maxrss};
 }
 
 Outcome runIn(const std::filesystem::path& folder, const std::vector<std::string>& words) {

@@ -11,6 +11,7 @@ namespace tavix::engine::testing {
 struct Outcome {
     int status = -1;   // of the exit; 128 and more when a signal ended the process
     std::string out, err;
+    long peakKib = 0;   // of memory that it had at once
 };
 
 // A command that runs in a folder, with its output kept there out of sight.

@@ -49,7 +49,7 @@ TEST_F(EngineTest, RefusesWrongUseWithASentence) {
         {{"render", "tiny.json", "-o", "/dev/stdout"}, "The output cannot be standard output"},
         {{"render", "tiny.json", "-o", "/dev/null"}, "\"/dev/null\" is no regular file"},
         {{"render", "tiny.json", "-o", "film"}, "\"film\" has no extension; call it \"film.mp4\"."},
-        {{"render", "tiny.json", "-o", "a.avi"}, "use .mp4, .mov or .gif."},
+        {{"render", "tiny.json", "-o", "a.avi"}, "use .mp4, .mov, .webm or .gif."},
         {{"render", "tiny.json", "-o", "a.mp4", "--format", "gif"},
             "\"a.mp4\" does not go with --format gif"},
         {{"render", "tiny.json", "-o", "a.mov", "--container", "mp4"}, "does not go with --container mp4"},

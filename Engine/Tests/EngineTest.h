@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -27,7 +28,10 @@ inline constexpr const char* tinyDocument = R"({
 
 class EngineTest : public ::testing::Test {
 protected:
-    EngineTest() { write("tiny.json", tinyDocument); }
+    EngineTest() {
+        write("tiny.json", tinyDocument);
+        ::setenv("XDG_CACHE_HOME", cache_.path().c_str(), 1);   // of the commands that are run
+    }
 
     void write(const std::string& name, const std::string& content) {
         std::filesystem::create_directories(at(name).parent_path());
@@ -56,9 +60,10 @@ protected:
         return found;
     }
     const std::filesystem::path& folder() const { return folder_.path(); }
+    std::filesystem::path cache() const { return cache_.path() / "tavix"; }
 
 private:
-    testsupport::TemporaryFolder folder_;
+    testsupport::TemporaryFolder folder_, cache_;
 };
 
 }   // namespace tavix::engine::testing

@@ -38,6 +38,10 @@ TEST_F(EngineTest, WritesEveryKindOfFilm) {
         {{"-o", "a.mov"}, "a.mov", "h264,64,96,10"},
         {{"-o", "deep/er/a.mp4", "--codec", "HEVC"}, "deep/er/a.mp4", "hevc,64,96,10"},
         {{"--codec", "prores422hq"}, "tiny.mov", "prores,64,96,10"},
+        {{"-o", "a.webm"}, "a.webm", "vp9,64,96,10"},
+        {{"--codec", "vp9"}, "tiny.mp4", "vp9,64,96,10"},
+        {{"-o", "b.webm", "--codec", "av1", "--quality", "50"}, "b.webm", "av1,64,96,10"},
+        {{"--codec", "av1", "--rate", "300k"}, "tiny.mp4", "av1,64,96,10"},
         {{"--format", "gif"}, "tiny.gif", "gif,64,96,10"},
         {{"-o", "slow.gif", "--fps", "5"}, "slow.gif", "gif,64,96,5"},
         {{"-o", "twice.mp4", "--fps", "20", "--effort", "best"}, "twice.mp4", "h264,64,96,20"},
@@ -224,8 +228,8 @@ TEST_P(InterruptedRender, LeavesTheOlderFilmAlone) {
     const auto lengthened = [](std::string document) {
         return document.replace(document.find("\"durationSec\": 1,"), 17, "\"durationSec\": 9000,");
     };
-    stop(lengthened(tinyDocument), ".tavix-partial-film.mp4/film.mp4");
-    stop(lengthened(withSound("ding")), ".tavix-partial-film.mp4/.tavix-visual-film.mp4");
+    stop(lengthened(tinyDocument), ".tavix-partial-film.mp4/.tavix-piece-0-film.mp4");
+    stop(lengthened(withSound("ding")), ".tavix-partial-film.mp4/.tavix-piece-1-film.mp4");
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptedRender, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
