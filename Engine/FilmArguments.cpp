@@ -82,7 +82,8 @@ ExportRate FilmArguments::kept(const OutputChoice& choice) const {
     if (choice.format == ExportFormat::gif)
         throw UsageError(given + " is for video, and a GIF has none; drop one of the two.");
     if (isProRes(choice.codec))
-        throw UsageError(given + " does not go with ProRes, which has a rate of its own; drop one of the two.");
+        throw UsageError(
+            given + " does not go with ProRes, which has a rate of its own; drop one of the two.");
     return {quality_, bitsPerSec_};
 }
 

@@ -19,9 +19,9 @@ std::string extensionOf(const Kind& kind) {
 }
 
 Kind kindOfExtension(const std::filesystem::path& path) {
-    for (const Kind kind : {Kind{ExportFormat::video, ExportContainer::mp4},
-             Kind{ExportFormat::video, ExportContainer::mov}, Kind{ExportFormat::video, ExportContainer::webm},
-             Kind{ExportFormat::gif, {}}})
+    for (const Kind kind :
+        {Kind{ExportFormat::video, ExportContainer::mp4}, Kind{ExportFormat::video, ExportContainer::mov},
+            Kind{ExportFormat::video, ExportContainer::webm}, Kind{ExportFormat::gif, {}}})
         if (lowerExtension(path) == extensionOf(kind)) return kind;
     throw UsageError(
         "\"" + path.string() + "\" has an extension that is not written; use .mp4, .mov, .webm or .gif.");

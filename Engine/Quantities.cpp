@@ -2,8 +2,8 @@
 
 #include "Engine/Errors.h"
 
-#include <charconv>
 #include <cctype>
+#include <charconv>
 #include <cstdio>
 #include <optional>
 #include <span>

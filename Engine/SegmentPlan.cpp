@@ -19,8 +19,7 @@ namespace {
 CompositionRenderer::Config configFor(
     const DocumentFile& document, const FilmArguments& film, const PieceArguments& pieces) {
     const OutputChoice choice = film.chooseKind();
-    if (choice.format == ExportFormat::gif)
-        throw UsageError("A GIF is made in one go and has no segments.");
+    if (choice.format == ExportFormat::gif) throw UsageError("A GIF is made in one go and has no segments.");
     CompositionRenderer::Config config = configOf(document, film, choice);
     pieces.apply(config);
     return config;

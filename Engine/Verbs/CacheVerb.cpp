@@ -18,8 +18,7 @@ void CacheVerb::declare(Arguments& arguments, Terminal& terminal) {
 
 void CacheVerb::run(Terminal& terminal) {
     const std::filesystem::path folder = PieceStore::usualFolder();
-    if (folder.empty())
-        throw Failure("Nothing is kept: neither XDG_CACHE_HOME nor HOME names a folder.");
+    if (folder.empty()) throw Failure("Nothing is kept: neither XDG_CACHE_HOME nor HOME names a folder.");
     const PieceStore store(folder);
     const PieceStore::Usage usage = isCleared_ ? store.clear() : store.usage();
     if (terminal.mode() == Terminal::Mode::json)

@@ -106,11 +106,21 @@ void RenderVerb::render(Terminal& terminal, ProgressLines& lines) {
     if (terminal.mode() == Terminal::Mode::json) terminal.report(result());
 }
 
-RenderVerb::Made RenderVerb::write(CompositionRenderer::Config& config, const OutputChoice& choice,
-    const Interruption& interruption, Terminal& terminal, ProgressLines& lines) const {
-    if (choice.format == ExportFormat::gif && (mostBytes_ || isVerified_))
+void RenderVerb::requireAgreement(const CompositionRenderer::Config& config) const {
+    if (config.fileFormat == ExportFormat::gif && (mostBytes_ || isVerified_))
         throw UsageError(std::string(mostBytes_ ? "--max-size" : "--verify") +
                          " is for video, and a GIF takes none; drop one of the two.");
+    if (!mostBytes_) return;
+    if (config.rate != ExportRate{})
+        throw UsageError("--max-size chooses the rate itself; drop --quality and --rate.");
+    if (isProRes(config.videoCodec))
+        throw UsageError(
+            "--max-size does not go with ProRes, which has a rate of its own; drop one of the two.");
+}
+
+RenderVerb::Made RenderVerb::write(CompositionRenderer::Config& config, const OutputChoice& choice,
+    const Interruption& interruption, Terminal& terminal, ProgressLines& lines) const {
+    requireAgreement(config);
     Made made;
     const SystemWatch::Task task("to render the film");
     lines.stage("render");
@@ -120,9 +130,9 @@ RenderVerb::Made RenderVerb::write(CompositionRenderer::Config& config, const Ou
             terminal.progress(fraction);
             lines.progress(fraction);
         };
-        made.pieces = mostBytes_ ? fit(config, tellProgress, interruption, terminal)
-                                 : CompositionExport::write(
-                                       config, terminal.log(), tellProgress, interruption.token());
+        made.pieces =
+            mostBytes_ ? fit(config, tellProgress, interruption, terminal)
+                       : CompositionExport::write(config, terminal.log(), tellProgress, interruption.token());
         if (choice.format == ExportFormat::video) FilmCheck::probe(config, unfinished);
         if (!isVerified_) return;
         lines.stage("verify");
@@ -139,25 +149,22 @@ PieceRender::Report RenderVerb::fit(CompositionRenderer::Config& config,
     constexpr double containerShare = 0.02, soundBitsPerSec = 256'000, safety = 0.95;
     constexpr int mostTries = 5;
     constexpr std::int64_t leastBitsPerSec = 50'000;
-    if (config.rate != ExportRate{})
-        throw UsageError("--max-size chooses the rate itself; drop --quality and --rate.");
-    if (isProRes(config.videoCodec))
-        throw UsageError("--max-size does not go with ProRes, which has a rate of its own; drop one of the two.");
     const double totalSec = std::max(CompositionTimeline(config.spec).totalSec, 1e-3);
-    const double forPictures = double(*mostBytes_) * 8 * (1 - containerShare) / totalSec -
-                               (config.spec.audio ? soundBitsPerSec : 0);
+    const double forPictures =
+        double(*mostBytes_) * 8 * (1 - containerShare) / totalSec - (config.spec.audio ? soundBitsPerSec : 0);
     auto bitsPerSec = std::int64_t(forPictures);
     PieceRender::Report report;
     for (int i = 0; i < mostTries && bitsPerSec >= leastBitsPerSec; ++i) {
         config.rate.bitsPerSec = bitsPerSec;
-        terminal.tell("• " + shownBytes(*mostBytes_) + " leave " + shownRate(bitsPerSec) + " for the pictures");
+        terminal.tell(
+            "• " + shownBytes(*mostBytes_) + " leave " + shownRate(bitsPerSec) + " for the pictures");
         report = CompositionExport::write(config, terminal.log(), onProgress, interruption.token());
         const double bytes = double(fileSize(config.output));
         if (bytes <= double(*mostBytes_)) return report;
         bitsPerSec = std::int64_t(double(bitsPerSec) * safety * double(*mostBytes_) / bytes);
     }
-    throw UsageError("The film does not fit into " + shownBytes(*mostBytes_) +
-                     "; give --max-size more, or make the film smaller by --resolution or --fps.");
+    throw Failure("The film does not fit into " + shownBytes(*mostBytes_) +
+                  "; give --max-size more, or make the film smaller by --resolution or --fps.");
 }
 
 }   // namespace tavix::engine

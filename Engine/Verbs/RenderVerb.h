@@ -26,11 +26,13 @@ private:
         std::optional<JsonObject> likeness;   // where it was verified
     };
     void render(Terminal& terminal, ProgressLines& lines);
+    void requireAgreement(const CompositionRenderer::Config& config) const;
     DocumentFile judged(ProgressLines& lines) const;
     Made write(CompositionRenderer::Config& config, const OutputChoice& choice,
         const Interruption& interruption, Terminal& terminal, ProgressLines& lines) const;
-    PieceRender::Report fit(CompositionRenderer::Config& config, const CompositionRenderer::Progress& onProgress,
-        const Interruption& interruption, Terminal& terminal) const;
+    PieceRender::Report fit(CompositionRenderer::Config& config,
+        const CompositionRenderer::Progress& onProgress, const Interruption& interruption,
+        Terminal& terminal) const;
 
     std::string document_;
     FilmArguments film_;

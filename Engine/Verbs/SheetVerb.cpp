@@ -7,6 +7,7 @@
 #include "Engine/FinishedFile.h"
 #include "Engine/Interruption.h"
 #include "Engine/OutputPath.h"
+#include "Engine/Sheet/SheetFrames.h"
 #include "Engine/Sheet/SheetPainter.h"
 #include "Engine/SystemWatch.h"
 #include "Engine/Terminal.h"
@@ -14,9 +15,9 @@
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
-#include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace tavix::engine {
 
@@ -78,17 +79,22 @@ void SheetVerb::run(Terminal& terminal) {
     requireNoAsset(target, document);
     const SystemWatch::Task task("to draw the sheet");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
+        const CompositionSpec& spec = document.spec;
+        std::vector<imaging::Bitmap> frames =
+            sheetFrames(spec, document.assetRoot, shown, layout.cell, terminal.log(), [&](std::size_t done) {
+                interruption.check();
+                terminal.progress(double(done) / double(shown.size()));
+            });
         imaging::Evaluator evaluator;
-        Composition3DRendererPool stages;
-        ResolvedComposition resolved(document.spec, document.assetRoot, evaluator, terminal.log(), &stages);
+        ResolvedComposition resolved(spec, document.assetRoot, evaluator, {});
         SheetPainter painter(layout, evaluator);
         FindingMarks marks(told.findings, document, resolved, evaluator);
         for (std::size_t i = 0; i < shown.size(); ++i) {
             interruption.check();
-            terminal.progress(double(i) / double(shown.size()));
-            const double atSec = document.spec.output.fps.secAt(shown[i].frame);
-            painter.put(resolved.frame(atSec), canvasSize(document.spec), atSec, shown[i].kind);
-            painter.mark(marks.at(atSec), canvasSize(document.spec));
+            const double atSec = spec.output.fps.secAt(shown[i].frame);
+            const auto frame = std::make_shared<const imaging::Bitmap>(std::move(frames[i]));
+            painter.put(imaging::Image::bitmap(frame), layout.cell, atSec, shown[i].kind);
+            painter.mark(marks.at(atSec), canvasSize(spec));
         }
         if (isAnnotated_) painter.add(sheetLegend(told.findings, layout.sheet.width, layout.marginPx));
         media::writePng(unfinished, painter.draw().view());

@@ -28,7 +28,8 @@ failures = []
 
 
 def run(folder, words, fault=None, count=None, limit=None, **options):
-    environment = dict(os.environ, LC_ALL="C")
+    # Nothing is kept from one run to the next: each draws all of its film.
+    environment = dict(os.environ, LC_ALL="C", XDG_CACHE_HOME="/dev/null")
     if fault is not None:
         environment.update(LD_PRELOAD=SHIM, TAVIX_FAULT=fault)
     if count is not None:

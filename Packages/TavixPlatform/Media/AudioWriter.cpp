@@ -38,7 +38,8 @@ class AudioWriter::Session {
 public:
     explicit Session(const AudioSettings& settings)
         : failure_("Cannot encode the sound \"" + settings.path.string() + "\""),
-          encoder_(openEncoder(settings, failure_)), file_(settings.path, settings.codec == AudioCodec::opus ? "webm" : "ipod"),
+          encoder_(openEncoder(settings, failure_)),
+          file_(settings.path, settings.codec == AudioCodec::opus ? "webm" : "ipod"),
           packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
         file_.addTrack(*encoder_, 0);
         libav::Options options;

@@ -86,8 +86,7 @@ void joinPieces(const JoinSettings& settings, const std::function<void()>& check
     const bool hasSound = sound && sound->track();
     const AVRational soundBase = hasSound ? sound->track()->time_base : AVRational{1, 1};
     OutputFile file(settings.output, nameOf(settings.container));
-    file.addTrack(
-        pieces.parameters(), pieces.timeBase(), pieces.frameRate(), pieces.parameters().codec_tag);
+    file.addTrack(pieces.parameters(), pieces.timeBase(), pieces.frameRate(), pieces.parameters().codec_tag);
     if (hasSound) {
         file.addTrack(*sound->track(), 0);
         sound->endAt(av_rescale_q(lengthOf(settings), pieces.timeBase(), soundBase));

@@ -35,7 +35,7 @@ struct MovieSettings {
     MovieCodec codec = MovieCodec::h264;
     MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
     std::int64_t bitsPerSec = 0;                      // average; 0 leaves it to the codec, ProRes knows none
-    std::optional<int> quality = {};   // 0 to 100 instead of a rate; of no meaning to ProRes
+    std::optional<int> quality = {};                  // 0 to 100 instead of a rate; of no meaning to ProRes
     EncodingEffort effort = EncodingEffort::fast;
     int timescale = 600;      // units per second of presentation times
     int frameDuration = 20;   // of a frame, in these units: 600 / 20 are 30 frames a second

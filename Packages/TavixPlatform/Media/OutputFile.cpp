@@ -27,6 +27,8 @@ OutputFile::OutputFile(const std::filesystem::path& path, const char* container)
     : path_(path), format_(makeFormat(container, failure())) {
     // Without it the file would name the library's version and be different after every update.
     format_->flags |= AVFMT_FLAG_BITEXACT;
+    // It tells what a sound begins with too early; shifting all tracks for it would move the pictures.
+    if (std::string_view(container) == "webm") format_->avoid_negative_ts = 0;
     open();
 }
 

@@ -20,8 +20,7 @@ public:
     // that track's time base. `tag` 0 leaves the sample entry's code to the container.
     void addTrack(const AVCodecContext& encoder, unsigned tag);
     void addTrack(const AVStream& like, unsigned tag);
-    void addTrack(
-        const AVCodecParameters& like, AVRational timeBase, AVRational frameRate, unsigned tag);
+    void addTrack(const AVCodecParameters& like, AVRational timeBase, AVRational frameRate, unsigned tag);
     // Writes the head. All tracks have been added.
     void begin(libav::Options& options);
     void write(AVPacket& packet, int track = 0);

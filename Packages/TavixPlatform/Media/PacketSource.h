@@ -14,7 +14,7 @@ public:
     // Of the first track of that kind.
     PacketSource(const std::filesystem::path& file, AVMediaType kind);
 
-    const AVStream* track() const { return track_; }   // null when the file has none
+    const AVStream* track() const { return track_; }                         // null when the file has none
     AVPacket* packet() const { return isLive_ ? packet_.get() : nullptr; }   // null after the last one
     void advance();
     // Times are in units of the track. What begins at the end or later is left out.

@@ -20,8 +20,8 @@ constexpr std::int64_t mostPacketBytes = std::int64_t{1} << 30;
 struct TrackHead {
     std::int64_t bitRate;
     std::int32_t kind, codec, format, profile, level, width, height;
-    std::int32_t aspectNumerator, aspectDenominator, fieldOrder, range, primaries, curve, matrix,
-        chromaPlace, delay;
+    std::int32_t aspectNumerator, aspectDenominator, fieldOrder, range, primaries, curve, matrix, chromaPlace,
+        delay;
     std::int32_t timeNumerator, timeDenominator, rateNumerator, rateDenominator;
     std::uint32_t tag;
     std::int32_t bitsPerCodedSample, bitsPerRawSample, extraBytes;

@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 void addFile(ContentHash& hash, const fs::path& path) {
     std::string said = path.string();
     if (const auto file = FileIdentity::of(path))
-        for (const auto number : {std::int64_t(file->device), std::int64_t(file->node), file->sizeBytes,
-                 file->changedNs})
+        for (const auto number :
+            {std::int64_t(file->device), std::int64_t(file->node), file->sizeBytes, file->changedNs})
             said += ' ' + std::to_string(number);
     hash.add(said + '\n');
 }
@@ -40,8 +40,7 @@ std::string_view buildIdOf(const dl_phdr_info& object) {
             const char* name = at + sizeof *note;
             const char* content = name + padded(note->n_namesz);
             const bool isGnu = std::string_view(name, note->n_namesz) == std::string_view("GNU", 4);
-            if (note->n_type == NT_GNU_BUILD_ID && isGnu)
-                return {content, note->n_descsz};
+            if (note->n_type == NT_GNU_BUILD_ID && isGnu) return {content, note->n_descsz};
             at = content + padded(note->n_descsz);
         }
     }

@@ -65,8 +65,7 @@ LayerInputs LayerInputs::of(const CompositionLayer& layer, const Place& place) {
     return inputs;
 }
 
-std::vector<UsedFile> filesOf(
-    const CompositionScene& scene, const Fonts& fonts, const AssetRoot& assetRoot) {
+std::vector<UsedFile> filesOf(const CompositionScene& scene, const Fonts& fonts, const AssetRoot& assetRoot) {
     return filesIn(scene, fonts, assetRoot);
 }
 

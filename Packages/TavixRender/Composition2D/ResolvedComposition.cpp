@@ -117,9 +117,9 @@ struct ResolvedComposition::Workshop {
     Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
         const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
         const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given)
-        : memory(given ? *given : own.emplace()), isLean(!given),
-          build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts, onceEach(log),
-              rendererPool, memory.darkroom()} {
+        : memory(given ? *given : own.emplace()),
+          isLean(!given), build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts,
+                              onceEach(log), rendererPool, memory.darkroom()} {
         memory.begin({bounds, build.framesPerSec, build.assetRoot}, build.log);
     }
 
@@ -172,10 +172,8 @@ void ResolvedComposition::buildBackgrounds() {
         if (workshop_->isLean) continue;
         const BackgroundFill& fill = workshop_->fillOf(spec_, i);
         workshop_->memory.goTo(workshop_->pathOfFill(spec_, i));
-        backgrounds_[i] =
-            workshop_->memory.background(fill, filesOf(fill, workshop_->build.assetRoot), [&] {
-                return std::optional(FillCompositionLayer::drawn(fill, workshop_->build));
-            });
+        backgrounds_[i] = workshop_->memory.background(fill, filesOf(fill, workshop_->build.assetRoot),
+            [&] { return std::optional(FillCompositionLayer::drawn(fill, workshop_->build)); });
     }
 }
 

@@ -78,7 +78,7 @@ private:
     imaging::Rect bounds_;
     std::unique_ptr<Workshop> workshop_;
     std::vector<BuildMemory::Background> backgrounds_;   // of scenes out of sight without a picture
-    std::vector<std::uint64_t> transitionIDs_;   // of the scenes; 0 without a transition
+    std::vector<std::uint64_t> transitionIDs_;           // of the scenes; 0 without a transition
     std::vector<std::vector<ResolvedCompositionLayer>> layers_;
     std::vector<std::size_t> awake_;   // the scenes whose layers hold what they draw with, the latest first
     bool hasDevicesInSpace_ = false;

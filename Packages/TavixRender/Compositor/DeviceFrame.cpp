@@ -81,8 +81,7 @@ std::vector<fs::path> frameFiles(const DeviceMockup& mockup, const std::optional
     return files;
 }
 
-std::optional<imaging::Size> frameSize(
-    const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
+std::optional<imaging::Size> frameSize(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
     for (const fs::path& file : frameFiles(mockup, assetRoot)) {
         try {
             return media::readStillHeader(file).size;
@@ -99,9 +98,8 @@ double aspectWithoutPicture(const DeviceMockup& mockup) {
 DevicePlace placeWithAspect(
     double aspect, const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds) {
     const PixelRect frame = CanvasGeometry::deviceFrameRect({bounds.width, bounds.height}, paddingPx, aspect);
-    const PixelRect screen{frame.x + mockup.screen.x * frame.width,
-        frame.y + mockup.screen.y * frame.height, mockup.screen.width * frame.width,
-        mockup.screen.height * frame.height};
+    const PixelRect screen{frame.x + mockup.screen.x * frame.width, frame.y + mockup.screen.y * frame.height,
+        mockup.screen.width * frame.width, mockup.screen.height * frame.height};
     return {frame, screen, std::min(screen.width, screen.height) * mockup.screenCornerRadiusFraction};
 }
 

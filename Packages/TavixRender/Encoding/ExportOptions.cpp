@@ -32,17 +32,15 @@ const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>) {
 }
 
 const Names<VideoCodec>& namesOf(std::type_identity<VideoCodec>) {
-    static const Names<VideoCodec> table{
-        "video codec", {{VideoCodec::h264, "h264"}, {VideoCodec::hevc, "hevc"},
-                           {VideoCodec::proRes422HQ, "proRes422HQ"}, {VideoCodec::proRes4444, "proRes4444"},
-                           {VideoCodec::vp9, "vp9"}, {VideoCodec::av1, "av1"}}};
+    static const Names<VideoCodec> table{"video codec",
+        {{VideoCodec::h264, "h264"}, {VideoCodec::hevc, "hevc"}, {VideoCodec::proRes422HQ, "proRes422HQ"},
+            {VideoCodec::proRes4444, "proRes4444"}, {VideoCodec::vp9, "vp9"}, {VideoCodec::av1, "av1"}}};
     return table;
 }
 
 const Names<ExportContainer>& namesOf(std::type_identity<ExportContainer>) {
-    static const Names<ExportContainer> table{
-        "container", {{ExportContainer::mp4, "mp4"}, {ExportContainer::mov, "mov"},
-                         {ExportContainer::webm, "webm"}}};
+    static const Names<ExportContainer> table{"container",
+        {{ExportContainer::mp4, "mp4"}, {ExportContainer::mov, "mov"}, {ExportContainer::webm, "webm"}}};
     return table;
 }
 

@@ -21,8 +21,8 @@ constexpr bool isProRes(VideoCodec codec) {
 
 // What is kept of a film, in place of what is usual for its codec. At most one of the two.
 struct ExportRate {
-    std::optional<int> quality = {};                // 0 to 100
-    std::optional<std::int64_t> bitsPerSec = {};    // on average, of the pictures
+    std::optional<int> quality = {};               // 0 to 100
+    std::optional<std::int64_t> bitsPerSec = {};   // on average, of the pictures
     bool operator==(const ExportRate&) const = default;
 };
 

@@ -47,9 +47,9 @@ PieceRender::Report write(const CompositionRenderer::Config& config, const Rende
     const std::int64_t count = CompositionRenderer::frameCount(config.spec);
     if (count < 1) throw Failure("The composition is empty (0 frames).");
     FrameOutput::requireDrawableSize(canvasSize(config.spec));
-    tell(log, Finding::progress(RenderCode::rendering,
-                  CompositionRenderer::headline(
-                      config.spec, CompositionTimeline(config.spec).totalSec, count)));
+    tell(log,
+        Finding::progress(RenderCode::rendering,
+            CompositionRenderer::headline(config.spec, CompositionTimeline(config.spec).totalSec, count)));
     const auto report = [&](double fraction) {
         if (onProgress) onProgress(fraction);
     };
@@ -59,6 +59,7 @@ PieceRender::Report write(const CompositionRenderer::Config& config, const Rende
     try {
         made = PieceRender::writeAll(
             config, pieces, files.paths(), log, [&](double done) { report(done * pictureShare); }, stop);
+        report(pictureShare);
         PieceRender::join(config, files.paths(), log, stop);
     } catch (const RenderStopped&) {
         throw;

@@ -29,9 +29,7 @@ constexpr double leastSimilarity = 0.6, mostColorError = 16;
 }
 
 // ITU-R BT.709, of values that are encoded.
-double brightness(const std::uint8_t* bgra) {
-    return 0.0722 * bgra[0] + 0.7152 * bgra[1] + 0.2126 * bgra[2];
-}
+double brightness(const std::uint8_t* bgra) { return 0.0722 * bgra[0] + 0.7152 * bgra[1] + 0.2126 * bgra[2]; }
 
 // Of squares of 8 pixels that lie side by side.
 double similarity(const Bitmap& a, const Bitmap& b) {
@@ -91,8 +89,8 @@ void probe(const CompositionRenderer::Config& config, const std::filesystem::pat
     const std::int64_t count = CompositionRenderer::frameCount(config.spec);
     const auto samples = media::VideoFile(film).samples();
     if (std::int64_t(samples.size()) != count)
-        fail(film, "it has " + std::to_string(samples.size()) + " frames, and not " + std::to_string(count) +
-                       ".");
+        fail(film,
+            "it has " + std::to_string(samples.size()) + " frames, and not " + std::to_string(count) + ".");
     const FrameClock clock = FrameClock::of(config.spec.output.fps);
     for (std::int64_t i = 0; i < count; ++i) {
         const double sec = double(clock.timeOf(i)) / clock.timescale;
@@ -120,8 +118,8 @@ Likeness verify(const CompositionRenderer::Config& config, const std::filesystem
     const imaging::PixelRegion canvas{0, 0, size.width, size.height};
     imaging::Evaluator evaluator(config.evaluation);
     ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, {});
-    const auto frames = media::VideoFile(film).framesFrom(
-        0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
+    const auto frames =
+        media::VideoFile(film).framesFrom(0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
     Likeness likeness;
     const auto black = imaging::Image::solid(imaging::Color::black()).cropped(resolved.bounds());
     for (auto frame = frames->next(); frame; frame = frames->next()) {

@@ -85,7 +85,8 @@ PieceKeys::SceneKey PieceKeys::sceneKey(std::size_t scene) const {
 // Calls visit(frame's sample) for every frame.
 template <class Visit> void PieceKeys::forScenesOf(const FilmPiece& piece, const Visit& visit) const {
     for (std::int64_t i = 0; i < piece.frameCount; ++i)
-        if (const auto sample = timeline_.sample(spec_.output.fps.secAt(piece.firstFrame + i))) visit(*sample);
+        if (const auto sample = timeline_.sample(spec_.output.fps.secAt(piece.firstFrame + i)))
+            visit(*sample);
 }
 
 std::optional<Digest> PieceKeys::keyed(const Digest& common, const FilmPiece& piece) const {

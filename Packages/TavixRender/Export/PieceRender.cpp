@@ -67,7 +67,8 @@ public:
 private:
     RenderLog watched(const RenderLog& log) {
         return [this, log](const Finding& finding) {
-            const bool isSaid = finding.level == Finding::Level::warning || finding.level == Finding::Level::error;
+            const bool isSaid =
+                finding.level == Finding::Level::warning || finding.level == Finding::Level::error;
             if (isSaid) loudScenes_.insert(shown_.begin(), shown_.end());
             tell(log, finding);
         };
@@ -143,7 +144,8 @@ struct Shop {
         for (std::size_t i = next++; i < jobs.size(); i = next++) {
             const Job& job = jobs[i];
             if (!worker) worker.emplace(config, evaluation, log);
-            worker->write(job.piece, job.file, [this] { counter.add(1); }, stop);
+            worker->write(
+                job.piece, job.file, [this] { counter.add(1); }, stop);
             const std::lock_guard lock(keeping);
             if (store && job.key && worker->isSilent(job.piece) && keys->holds(job.piece))
                 store->keep(*job.key, job.file);
@@ -198,8 +200,10 @@ int workerCount(const Config& config, std::size_t pieces) {
     const double bytesEach = fixedBytes + bytesPerPixel * size.width * size.height;
     const double budget = double(MachineShare::memoryBytes(config.memoryBytes));
     // An encoder has two threads, and one draws.
-    const int byCores = std::max(config.evaluation.threadCount > 0 ? config.evaluation.threadCount
-                                                                   : MachineShare::cores(), 2) / 2;
+    const int byCores =
+        std::max(
+            config.evaluation.threadCount > 0 ? config.evaluation.threadCount : MachineShare::cores(), 2) /
+        2;
     const int most = std::min(byCores, int(std::min(double(byCores), budget / bytesEach)));
     return std::clamp(most, 1, int(std::max<std::size_t>(pieces, 1)));
 }
@@ -207,11 +211,13 @@ int workerCount(const Config& config, std::size_t pieces) {
 void write(const Config& config, const FilmPiece& piece, const std::filesystem::path& file,
     const RenderLog& log, const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) {
     std::int64_t done = 0;
-    Worker(config, config.evaluation, log).write(piece, file,
-        [&] {
-            if (onProgress) onProgress(double(++done) / double(piece.frameCount));
-        },
-        stop);
+    Worker(config, config.evaluation, log)
+        .write(
+            piece, file,
+            [&] {
+                if (onProgress) onProgress(double(++done) / double(piece.frameCount));
+            },
+            stop);
 }
 
 Report writeAll(const Config& config, const std::vector<FilmPiece>& pieces,
@@ -255,26 +261,25 @@ void join(const Config& config, const std::vector<std::filesystem::path>& files,
     const FrameClock clock = FrameClock::of(config.spec.output.fps);
     const ExportContainer container = CompositionRenderer::fileOf(config).finalContainer();
     const bool isWebm = container == ExportContainer::webm;
-    const HiddenFile sound(config.output, ".tavix-audio-mix-" + config.output.filename().string() +
-                                              (isWebm ? ".webm" : ".m4a"));
+    const HiddenFile sound(
+        config.output, ".tavix-audio-mix-" + config.output.filename().string() + (isWebm ? ".webm" : ".m4a"));
     FrameOutput::makeRoomFor(config.output);
-    media::JoinSettings settings{files, std::nullopt, config.output, mediaContainer(container),
-        clock.frameDuration};
+    media::JoinSettings settings{
+        files, std::nullopt, config.output, mediaContainer(container), clock.frameDuration};
     try {
         if (config.spec.audio) {
             auto root = config.assetRoot;
             if (!root && config.spec.assetRoot) root = *config.spec.assetRoot;
             const double totalSec = CompositionTimeline(config.spec).totalSec;
-            const double lengthSec = double(clock.timeOf(CompositionRenderer::frameCount(config.spec))) /
-                                     clock.timescale;
+            const double lengthSec =
+                double(clock.timeOf(CompositionRenderer::frameCount(config.spec))) / clock.timescale;
             const CompositionAudioMuxer::Mix mix{*config.spec.audio, root, totalSec};
-            const bool isHeard = CompositionAudioMuxer::renderAudioMix(
-                mix, lengthSec, sound.path(), log, stop, container);
+            const bool isHeard =
+                CompositionAudioMuxer::renderAudioMix(mix, lengthSec, sound.path(), log, stop, container);
             if (isHeard) settings.sound = sound.path();
-            tell(log, isHeard ? Finding::note(RenderCode::soundAdded,
-                                    "muxed music/cues under the visual track")
-                              : Finding::note(RenderCode::soundAbsent,
-                                    "no playable audio — output stays silent"));
+            tell(log,
+                isHeard ? Finding::note(RenderCode::soundAdded, "muxed music/cues under the visual track")
+                        : Finding::note(RenderCode::soundAbsent, "no playable audio — output stays silent"));
         }
         media::joinPieces(settings, [&] {
             if (stop.stop_requested()) throw RenderStopped();

@@ -60,9 +60,7 @@ bool linkOrCopy(const fs::path& from, const fs::path& to) {
 
 PieceStore::PieceStore(fs::path folder) : folder_(std::move(folder)) {}
 
-fs::path PieceStore::fileOf(const Digest& key) const {
-    return folder_ / nameOf(key).append(extension);
-}
+fs::path PieceStore::fileOf(const Digest& key) const { return folder_ / nameOf(key).append(extension); }
 
 bool PieceStore::fetch(const Digest& key, std::int64_t frameCount, const fs::path& to) const {
     const fs::path file = fileOf(key);
@@ -83,8 +81,7 @@ void PieceStore::keep(const Digest& key, const fs::path& piece) const {
     std::error_code error;
     fs::create_directories(folder_, error);
     const fs::path file = fileOf(key);
-    const fs::path hidden =
-        folder_ / (nameOf(key) + "-" + std::to_string(::getpid())).append(unfinished);
+    const fs::path hidden = folder_ / (nameOf(key) + "-" + std::to_string(::getpid())).append(unfinished);
     if (linkOrCopy(piece, hidden)) fs::rename(hidden, file, error);
     // Of two names of one file renaming removes neither.
     fs::remove(hidden, error);

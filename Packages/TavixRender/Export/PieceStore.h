@@ -15,8 +15,8 @@ public:
 
     explicit PieceStore(std::filesystem::path folder);
 
-    // Puts the piece at `to`, as a link where the file system can; false when there is none, or a damaged one,
-    // which is removed. A `frameCount` that it does not have is damage.
+    // Puts the piece at `to`, as a link where the file system can; false when there is none, or a damaged
+    // one, which is removed. A `frameCount` that it does not have is damage.
     bool fetch(const Digest& key, std::int64_t frameCount, const std::filesystem::path& to) const;
     // Takes a finished piece in and leaves the file where it is.
     void keep(const Digest& key, const std::filesystem::path& piece) const;

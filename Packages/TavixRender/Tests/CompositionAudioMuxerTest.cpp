@@ -184,7 +184,7 @@ TEST_F(CompositionSound, HasTheLevelsThatTheDocumentAsksFor) {
 TEST_F(CompositionSound, TellsOfBothPasses) {
     film(CompositionAudio{std::nullopt, {cue(0.1, "one.wav")}}, 2);
     EXPECT_THAT(progress, ElementsAre(0, 0.475, 0.95, 1));
-    EXPECT_EQ(lines.back(), "muxed music/cues under the visual track");
+    EXPECT_THAT(lines, Contains("muxed music/cues under the visual track"));
     EXPECT_THAT(names(), Not(Contains(HasSubstr(".tavix"))));
 }
 
@@ -194,7 +194,7 @@ TEST_F(CompositionSound, StaysSilentWithoutAnythingToHear) {
         {MusicBed{"text.wav"}, {cue(0, "text.wav")}}, {MusicBed{"silent.mp4"}, {cue(5, "one.wav")}}};
     for (const CompositionAudio& audio : cases) {
         const auto file = film(audio, 1);
-        EXPECT_EQ(lines.back(), "no playable audio — output stays silent");
+        EXPECT_THAT(lines, Contains("no playable audio — output stays silent"));
         EXPECT_EQ(readBytes(file), readBytes(silent));
         EXPECT_THAT(names(), Not(Contains(HasSubstr(".tavix"))));
     }

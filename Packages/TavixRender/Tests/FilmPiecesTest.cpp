@@ -102,8 +102,7 @@ TEST(FilmPieces, HoldEveryFrameOnce) {
         std::vector<CompositionScene> scenes;
         for (std::size_t i = 0; i < 1 + random() % 9; ++i) {
             scenes.push_back(sceneOf(upTo(7), {}));
-            if (random() % 2 == 0)
-                scenes.back().transition = transitionOf(TransitionStyle::fade, upTo(1));
+            if (random() % 2 == 0) scenes.back().transition = transitionOf(TransitionStyle::fade, upTo(1));
         }
         CompositionSpec spec = specOf(size, 30, scenes);
         spec.output.fps = *FrameRate::ratio(std::int64_t(1 + random() % 60), std::int64_t(1 + random() % 2));
@@ -174,8 +173,7 @@ TEST_F(Pieces, AreMissedByEveryEditThatShows) {
             }},
         {"a length", [](auto& c) { c.spec.scenes[0].durationSec = 1.2; }},
         {"a transition", [](auto& c) { c.spec.scenes[2].transition->durationSec = 0.5; }},
-        {"its style",
-            [](auto& c) { c.spec.scenes[2].transition->style = TransitionStyle::push; }},
+        {"its style", [](auto& c) { c.spec.scenes[2].transition->style = TransitionStyle::push; }},
         {"an effect", [](auto& c) { c.spec.scenes[1].layers[0].effects = {BlurEffect{0.05}}; }},
         {"one more layer", [](auto& c) { c.spec.scenes[2].layers.push_back(fillLayer(blue)); }},
         {"the order of scenes", [](auto& c) { std::swap(c.spec.scenes[0], c.spec.scenes[1]); }},
@@ -248,7 +246,11 @@ TEST_F(Pieces, OfAStoppedRenderServeTheNextOne) {
     auto asked = config(spec, "a.mp4");
     std::stop_source stop;
     EXPECT_THROW(CompositionExport::write(
-                     asked, {}, [&](double done) { if (done > 0.4) stop.request_stop(); }, stop.get_token()),
+                     asked, {},
+                     [&](double done) {
+                         if (done > 0.4) stop.request_stop();
+                     },
+                     stop.get_token()),
         RenderStopped);
     EXPECT_FALSE(fs::exists(asked.output));
     const auto resumed = render(asked);

@@ -58,8 +58,7 @@ TEST_P(JoinedPieces, AreOneFilmWithoutAGap) {
         SCOPED_TRACE(i);
         EXPECT_EQ(film.presentationTimes[std::size_t(i)], i * 20);
         for (int plane = 0; plane < planeCount(format); ++plane)
-            EXPECT_LT(
-                meanError(*film.frames[std::size_t(i)], format, plane, i), GetParam().meanErrorLimit);
+            EXPECT_LT(meanError(*film.frames[std::size_t(i)], format, plane, i), GetParam().meanErrorLimit);
     }
 }
 
@@ -106,10 +105,14 @@ TEST(MovieJoin, RefusesPiecesThatDoNotGoTogether) {
     const TemporaryFolder folder;
     const auto h264 = writePiece(folder, MovieCodec::h264, 0, 3);
     const auto hevc = writePiece(folder, MovieCodec::hevc, 3, 3);
-    EXPECT_THAT(failureOf([&] { joinPieces({{h264, hevc}, std::nullopt, folder / "film.mp4"}); }),
+    EXPECT_THAT(failureOf([&] {
+        joinPieces({{h264, hevc}, std::nullopt, folder / "film.mp4"});
+    }),
         testing::HasSubstr("does not go with the first one"));
     EXPECT_FALSE(std::filesystem::exists(folder / "film.mp4"));
-    EXPECT_THAT(failureOf([&] { joinPieces({{}, std::nullopt, folder / "film.mp4"}); }),
+    EXPECT_THAT(failureOf([&] {
+        joinPieces({{}, std::nullopt, folder / "film.mp4"});
+    }),
         testing::HasSubstr("at least one piece"));
 }
 
