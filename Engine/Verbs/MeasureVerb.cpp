@@ -74,6 +74,7 @@ class Gathered {
 public:
     RenderLog log() {
         return [this](const Finding& finding) {
+            if (finding.level == Finding::Level::progress) return;   // what single pictures took
             const std::lock_guard lock(mutex_);
             findings_.push_back(finding);
         };

@@ -135,9 +135,10 @@ void LivePreview::setItem(const std::shared_ptr<Request>& request, FrameSourceRe
     player_.setItem(std::move(item));
     ahead_.start();
     shownKey_ = request->key;
-    player_.seek(atSec, [request](bool hasArrived) {
-        if (request->then) request->then({!hasArrived, {}});
-    });
+    // Also when somebody has sought another picture of it meanwhile.
+    player_.seek(atSec, lifeline_.guard([this, request](bool) {
+        if (request->then) request->then({isStale(*request), {}});
+    }));
     if (wasPlaying) player_.play();
 }
 

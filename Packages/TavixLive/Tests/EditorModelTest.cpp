@@ -366,6 +366,17 @@ TEST_F(EditorModel, OpensAndSavesABundle) {
     EXPECT_EQ(state().statusMessage(), "Open failed.");
 }
 
+TEST_F(EditorModel, KnowsTheNewLengthWhenSomebodySeeksBeforeItIsShown) {
+    load(testing::smallFilm());
+    maker->drawSec = 0.1;
+    model->update("Longer", [](EditState& changed) { changed.spec.scenes[0].durationSec = 9; });
+    time.advance(0.03);   // built, and its first picture under way
+    model->seek(2);
+    time.advance(2);
+    EXPECT_EQ(state().outputDuration(), 12);
+    EXPECT_EQ(state().currentTime(), 2);
+}
+
 // Whatever is under way, closing ends it, and nothing of it comes back.
 TEST_F(EditorModel, ClosesInTheMiddleOfEverything) {
     std::mt19937 random(3);
