@@ -60,8 +60,7 @@ ReelExport::Config reelOf(const std::filesystem::path& clip) {
     Narration narration;
     Caption caption;
     caption.text = "What passes below";
-    caption.startSec = 1;
-    caption.endSec = 3;
+    caption.window = {1, 3};
     narration.captions = {caption};
     spec.narration = narration;
     return {.spec = spec,
