@@ -25,7 +25,7 @@ namespace {
 
 JsonObject resultOf(const CompositionSpec& spec, const std::filesystem::path& target,
     const SheetLayout& layout, const std::vector<SheetMoment>& moments,
-    const std::vector<CompositionLint::Finding>& findings) {
+    const std::vector<CompositionLint::Finding>& findings, const Json& written) {
     const CompositionTimeline timeline(spec);
     JsonArray cells;
     for (const SheetMoment& moment : moments) {
@@ -36,7 +36,7 @@ JsonObject resultOf(const CompositionSpec& spec, const std::filesystem::path& ta
     }
     return JsonObject{{"output", target.string()}, {"columns", layout.columns}, {"rows", layout.rows},
         {"widthPx", layout.sheet.width}, {"heightPx", layout.sheet.height}, {"sizeBytes", fileSize(target)},
-        {"cells", std::move(cells)}, {"findings", findingsAsJson(findings)}};
+        {"cells", std::move(cells)}, {"findings", findingsAsJson(findings, written)}};
 }
 
 }   // namespace
@@ -101,7 +101,7 @@ void SheetVerb::run(Terminal& terminal) {
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
-        terminal.report(resultOf(document.spec, target, layout, shown, told.findings));
+        terminal.report(resultOf(document.spec, target, layout, shown, told.findings, writtenIn(document_)));
 }
 
 }   // namespace tavix::engine

@@ -9,6 +9,15 @@ namespace {
 constexpr double mostMissingSec = 0.5;       // containers round, and count frames that are not shown
 constexpr double usualFrameSec = 1.0 / 30;   // where a film tells neither times nor a rate
 
+// Frames up to this decode in few milliseconds beside whoever shows them. More threads would each hold frames
+// of their own.
+constexpr std::int64_t mostPixelsOfOneThread = std::int64_t{1920} * 1200;
+
+int usefulThreads(const AVStream& track, int threads) {
+    const auto pixels = std::int64_t{track.codecpar->width} * track.codecpar->height;
+    return pixels <= mostPixelsOfOneThread ? 1 : threads;
+}
+
 AVStream& showableTrack(const MediaInput& input) {
     AVStream& track = firstVideoTrack(input);
     refuseFrameSize(track.codecpar->width, track.codecpar->height);
@@ -25,7 +34,7 @@ AVStream& firstVideoTrack(const MediaInput& input) {
 
 VideoTrack::VideoTrack(const std::filesystem::path& path, int threads)
     : input_(path), track_(showableTrack(input_)), setting_(frameSettingOf(input_.format(), track_)),
-      decoder_(input_, track_, threads) {}
+      decoder_(input_, track_, usefulThreads(track_, threads)) {}
 
 double VideoTrack::timeOf(const AVFrame& frame) const {
     if (frame.best_effort_timestamp != AV_NOPTS_VALUE)
