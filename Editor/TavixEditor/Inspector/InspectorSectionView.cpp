@@ -11,8 +11,6 @@
 #include <QPainter>
 #include <QToolButton>
 
-#include <set>
-
 namespace tavix::editor {
 
 using namespace design;
@@ -22,12 +20,6 @@ namespace {
 constexpr int labelWidth = 92, indent = 10;
 
 QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
-
-// Headings that are folded away stay so from layer to layer.
-std::set<QString>& foldedTitles() {
-    static std::set<QString> titles{told("Frame")};
-    return titles;
-}
 
 class Heading final : public QAbstractButton {
 public:
@@ -79,7 +71,7 @@ InspectorSectionView::InspectorSectionView(const InspectorSection& section, RowE
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(space::tight);
-    if (!section.title.empty()) column->addWidget(makeHeading(words(section.title)));
+    if (!section.title.empty()) column->addWidget(makeHeading(section.title, edits));
     column->addWidget(body_);
     auto* grid = new QGridLayout(body_);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -90,16 +82,16 @@ InspectorSectionView::InspectorSectionView(const InspectorSection& section, RowE
     for (const InspectorRow& row : section.rows) addRow(row, edits);
 }
 
-QWidget* InspectorSectionView::makeHeading(const QString& title) {
-    auto* heading = new Heading(title, this);
-    const bool isFolded = foldedTitles().contains(title);
+QWidget* InspectorSectionView::makeHeading(const std::string& title, RowEdits& edits) {
+    auto* heading = new Heading(words(title), this);
+    const bool isFolded = edits.foldedSections().contains(title);
     heading->setChecked(!isFolded);
     body_->setVisible(!isFolded);
-    connect(heading, &QAbstractButton::toggled, this, [this, title](bool isOpen) {
+    connect(heading, &QAbstractButton::toggled, this, [this, title, &edits](bool isOpen) {
         if (isOpen)
-            foldedTitles().erase(title);
+            edits.foldedSections().erase(title);
         else
-            foldedTitles().insert(title);
+            edits.foldedSections().insert(title);
         body_->setVisible(isOpen);
     });
     return heading;

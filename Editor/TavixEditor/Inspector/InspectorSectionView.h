@@ -24,7 +24,7 @@ private:
         RowControl control;
         InspectorRow shown;
     };
-    QWidget* makeHeading(const QString& title);
+    QWidget* makeHeading(const std::string& title, RowEdits& edits);
     void addRow(const InspectorRow& row, RowEdits& edits);
     void showRow(Row& row, const InspectorRow& now);
 

@@ -4,6 +4,7 @@
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorSectionView.h"
+#include "TavixEditor/Inspector/MotionGallery.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixLive/Operations/LayerOperations.h"
 
@@ -15,6 +16,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <set>
+#include <string>
 #include <vector>
 
 namespace tavix::editor {
@@ -107,6 +110,14 @@ private:
     void addActions(QVBoxLayout* column) {
         const EditState& state = model_.state.edited();
         if (state.selection.layer) {
+            const LayerPlace first = state.selection.layers().front();
+            if (std::holds_alternative<DeviceContent>(
+                    state.spec.scenes[first.scene].layers[first.layer].content)) {
+                auto* motions = new QPushButton(tr("Choose Motion…"));
+                connect(motions, &QPushButton::clicked, this,
+                    [this] { showMotionGallery(model_, this, mapToGlobal(QPoint(0, 0))); });
+                column->insertWidget(0, motions);
+            }
             auto* add = new QPushButton(tr("Add Effect"));
             auto* menu = new QMenu(add);
             for (const std::string_view kind : effectKinds())
@@ -148,8 +159,11 @@ private:
             [&](EditState& state) { return InspectorEdit::setPart(state, row.path, part, value); });
     }
     void setPresent(const InspectorRow& row, bool isThere) override {
-        edit(row, false, [path = row.path, isThere](EditState& state) {
-            InspectorEdit::setPresent(state, path, isThere);
+        edit(row, false, [this, path = row.path, isThere](EditState& state) {
+            const bool isSpace = path.text() == "/device/scene3D";
+            for (const LayerPlace& place : isSpace ? state.selection.layers() : std::vector<LayerPlace>())
+                DeviceOperations::setDevice3D(state, stash_, place.scene, place.layer, isThere);
+            if (!isSpace) InspectorEdit::setPresent(state, path, isThere);
             return std::nullopt;
         });
     }
@@ -163,12 +177,15 @@ private:
         edit(row, false, [path = row.path](EditState& state) { return InspectorEdit::remove(state, path); });
     }
     std::optional<std::filesystem::path> folder() const override { return model_.state.bundle(); }
+    std::set<std::string>& foldedSections() override { return folded_; }
 
     CompositionEditorModel& model_;
     Inspection shown_;
     QLabel *title_, *subtitle_, *complaint_;
     QScrollArea* area_;
     std::vector<InspectorSectionView*> sections_;
+    std::set<std::string> folded_{"Frame"};   // they stay so from layer to layer
+    DeviceOperations::Scene3DStash stash_;    // what flat devices were in space
     Connections connections_;
 };
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <set>
 
 class QWidget;
 
@@ -23,6 +24,7 @@ public:
     virtual void setAlternative(const InspectorRow& row, const std::string& tag) = 0;
     virtual void remove(const InspectorRow& row) = 0;
     virtual std::optional<std::filesystem::path> folder() const = 0;   // that relative paths hang from
+    virtual std::set<std::string>& foldedSections() = 0;               // by their titles
 };
 
 struct RowControl {

@@ -147,8 +147,9 @@ RowControl makeFontControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
                 *kept = now;
                 const QSignalBlocker quietly(box);
                 box->lineEdit()->setPlaceholderText(now.isMixed ? mixedWords() : told("The theme's"));
-                if (!box->lineEdit()->hasFocus())
-                    box->setEditText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
+                if (box->lineEdit()->hasFocus()) return;
+                box->setEditText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
+                box->lineEdit()->setCursorPosition(0);
             }};
 }
 

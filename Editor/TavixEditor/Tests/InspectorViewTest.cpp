@@ -3,12 +3,19 @@
 #include "EditorTestKit.h"
 #include "TavixEditor/Inspector/CurveEditor.h"
 #include "TavixEditor/Inspector/GradientBar.h"
+#include "TavixEditor/Inspector/MotionGallery.h"
 #include "TavixEditor/Inspector/ScrubField.h"
+#include "TavixLive/Gallery/PresetGallery.h"
+#include "TavixLive/Operations/DeviceOperations.h"
+#include "TavixLive/Operations/LayerOperations.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -112,6 +119,41 @@ TEST_F(InspectorViewTest, SeveralLayersAreChangedAtOnce) {
     EXPECT_EQ(studio.layer(1).position.x, 25);
     EXPECT_EQ(studio.layer(2).position.x, 25);
     EXPECT_NE(studio.layer(0).position.x, 25);
+}
+
+TEST(MotionGallery, FindsByWordsAndGivesTheDeviceItsMotionInOneStep) {
+    QuietStudio studio;
+    studio.model.update(
+        "Add", [](EditState& state) { LayerOperations::addLayer(state, 0, ContentKind::device); });
+    const std::unique_ptr<QWidget> gallery(
+        makeMotionGallery(studio.model, nullptr));   // never shown: nothing is drawn
+    auto* const list = gallery->findChild<QListWidget*>();
+    auto* const search = gallery->findChild<QLineEdit*>();
+    ASSERT_TRUE(list && search);
+    EXPECT_EQ(std::size_t(list->count()), PresetGalleryCatalog::all().size());
+    search->setText(QStringLiteral("entrance 2d"));
+    EXPECT_GT(list->count(), 0);
+    for (int i = 0; i < list->count(); ++i) {
+        const auto& item = PresetGalleryCatalog::all()[list->item(i)->data(Qt::UserRole).toUInt()];
+        EXPECT_EQ(item.collection, PresetGalleryItem::Collection::entrance);
+        EXPECT_EQ(item.dimension, PresetGalleryItem::Dimension::flat);
+    }
+    const std::size_t steps = studio.model.history().stepCount();
+    Q_EMIT list->itemClicked(list->item(0));
+    EXPECT_EQ(studio.model.history().stepCount(), steps + 1);
+    const auto before = studio.model.state.edited();
+    EXPECT_TRUE(DeviceOperations::deviceHasAuthoredMotion(before.spec, 0, 3));
+    // What the device has now is asked about before it is replaced.
+    search->setText(QStringLiteral("fan deck"));
+    ASSERT_EQ(list->count(), 1);
+    Q_EMIT list->itemClicked(list->item(0));
+    EXPECT_EQ(studio.model.state.edited(), before);
+    auto* const replace = gallery->findChild<QPushButton*>();
+    ASSERT_TRUE(replace && replace->isVisibleTo(gallery.get()));
+    replace->click();
+    EXPECT_GT(studio.model.state.edited().spec.scenes[0].layers.size(), 3u + 2u);   // several devices
+    studio.model.undo();
+    EXPECT_EQ(studio.model.state.edited().spec, before.spec);
 }
 
 TEST(CurveEditor, HandlesAreDraggedAndStayInTheirBounds) {

@@ -29,6 +29,8 @@ TimelineCanvas::TimelineCanvas(CompositionEditorModel& model, QWidget* parent)
     setMinimumSize(200, Layout::headHeight + 2 * Layout::rowHeight);
     setAccessibleName(tr("Timeline"));
     connections_.push_back(watch([this] { showDocument(); }, model_.state.edited));
+    connections_.push_back(
+        watch([this] { update(0, Layout::rulerHeight - 2, width(), 2); }, model_.state.cachedRanges));
     connections_.push_back(watch([this] { movePlayhead(); }, model_.state.currentTime));
     showDocument();
 }
@@ -165,7 +167,8 @@ QPointF TimelineCanvas::contentPoint(const QPointF& inWidget) const {
 }
 
 void TimelineCanvas::paintPart(QPainter& painter, const QRect& rect, Strip strip) {
-    const TimelinePainter::Shown shown{scene_, layout_, marks_, hover_, devicePixelRatioF()};
+    const TimelinePainter::Shown shown{
+        scene_, layout_, marks_, hover_, model_.state.cachedRanges(), devicePixelRatioF()};
     const int dy = strip == Strip::head    ? 0
                    : strip == Strip::lanes ? scrollY_
                                            : int(layout_.soundTop(scene_)) - lanesBottom();

@@ -71,6 +71,9 @@ bool TimelineCanvas::handleKey(const QKeyEvent& event, bool isOnlyAsked) {
     case Qt::Key_K:
         return isPlain && does([&] {
             for (std::size_t row = 0; row < scene_.keyframeRows.size(); ++row) addKeyframeAtPlayhead(row);
+            if (scene_.keyframeRows.empty())
+                model_.state.statusMessage =
+                    tr("Select a layer, and choose what to animate in its menu.").toStdString();
         });
     case Qt::Key_BracketLeft: return isPlain && does([&] { trimToPlayhead(true); });
     case Qt::Key_BracketRight: return isPlain && does([&] { trimToPlayhead(false); });

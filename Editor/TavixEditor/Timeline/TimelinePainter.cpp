@@ -88,10 +88,15 @@ void TimelinePainter::paintBody(QPainter& painter, const Shown& shown, const QRe
 }
 
 void TimelinePainter::paintRuler(QPainter& painter, const Shown& shown, const QRect& content) const {
+    for (const FilmRange& range : shown.cached) {
+        const double from = shown.layout.scale.xOf(range.startSec), to = shown.layout.scale.xOf(range.endSec);
+        painter.fillRect(
+            QRectF(from, Layout::rulerHeight - 2, to - from, 2), withAlpha(Style::theme().success, 0.55));
+    }
     for (const RulerTick& tick : rulerTicks(shown.scene.totalSec)) {
         const double x = std::floor(shown.layout.scale.xOf(tick.sec));
         if (!isIn(content, x, x + 40)) continue;
-        painter.fillRect(QRectF(x, Layout::rulerHeight - 6, 1, 5), Style::theme().disabled);
+        painter.fillRect(QRectF(x, Layout::rulerHeight - 7, 1, 5), Style::theme().disabled);
         painter.setPen(Style::theme().secondary);
         painter.drawText(QPointF(x + 4, 12.5), QString::fromStdString(tick.label));
     }
@@ -106,7 +111,8 @@ void TimelinePainter::paintBands(QPainter& painter, const Shown& shown, const QR
         if (!isIn(content, box.left(), box.right())) continue;
         drawBox(painter, box, radius::bar, bandColor(band.isSelected));
         paintChevron(painter, shown.layout.chevronBox(band), !band.isCollapsed);
-        const double left = box.left() + std::max(shown.layout.chevronBox(band).width, double(labelInset));
+        const Box chevron = shown.layout.chevronBox(band);
+        const double left = chevron.x + std::max(chevron.width, double(labelInset));
         const double overlap = band.transitionSec * shown.layout.scale.pps();
         const QRectF words(left, box.top(), box.right() - overlap - left - labelInset, box.height());
         if (words.width() < 8) continue;

@@ -6,6 +6,7 @@
 #include "Editor/EditorDomain/Timeline/TimelineDrag.h"
 #include "Editor/EditorDomain/Timeline/TimelineLayout.h"
 #include "Editor/EditorDomain/Timeline/Waveform.h"
+#include "TavixLive/Playback/DrawAhead.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -26,6 +27,7 @@ public:
         const timeline::Layout& layout;
         const std::vector<timeline::Drag::MarkPlace>& marks;   // selected keyframes
         timeline::Hit hover;
+        const std::vector<FilmRange>& cached;   // whose pictures are ready
         double pixelRatio = 1;
     };
 

@@ -39,7 +39,6 @@ std::string sectionOf(const JsonPointer& path, const CompositionLayer& layer) {
         if (second == "placement" || second == "screenOpacity") return "Placement";
         if (second == "mockup") return "Frame";
         if (second == "screen" || second == "screens") return "Screen";
-        if (second == "motionPreset" || second == "choreographyPreset") return "Motion";
     }
     if (tokens.size() > 1 && first == "text" && tokens[1] == "kinetic") return "Animation";
     if (tokens.size() > 1 && first == "text" && tokens[1] == "shadow") return "Shadow";
@@ -89,7 +88,10 @@ Inspection ofLayers(const EditState& state, const std::vector<LayerPlace>& place
     shown.title = places.size() > 1 ? std::to_string(places.size()) + " layers" : timeline::barLabel(first);
     shown.subtitle = timeline::selectionSummary(state);
     for (InspectorRow& row : rowsOf(typeOf<CompositionLayer>(), records)) {
-        if (row.path.tokens().front() == "tracks") continue;   // the timeline shows them
+        const auto& tokens = row.path.tokens();
+        if (tokens.front() == "tracks") continue;   // the timeline shows them
+        // Named motions are given by the gallery, which lays them out at once.
+        if (tokens.size() > 1 && (tokens[1] == "motionPreset" || tokens[1] == "choreographyPreset")) continue;
         row.isSetByPreset = isBakedAway(first.origin, row.path);
         showInPixels(row, state.spec.output);
         put(shown.sections, sectionOf(row.path, first), std::move(row));

@@ -96,7 +96,9 @@ Box Layout::bandBox(const Band& band) const {
 
 Box Layout::chevronBox(const Band& band) const {
     const Box box = bandBox(band);
-    return {box.x, box.y, box.width < leastBandForChevron ? 0 : chevronPoints, box.height};
+    const double covered = band.incomingSec * scale.pps();   // by the transition's mark
+    const double room = box.width - covered - band.transitionSec * scale.pps();
+    return {box.x + covered, box.y, room < leastBandForChevron ? 0 : chevronPoints, box.height};
 }
 
 Box Layout::transitionBox(const Scene& scene, std::size_t band) const {

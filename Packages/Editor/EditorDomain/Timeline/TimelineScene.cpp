@@ -62,8 +62,9 @@ void addBands(
     for (std::size_t i = 0; i < scenes.size(); ++i) {
         const double start = clock.startSec[i];
         scene.bands.push_back({start, start + scenes[i].durationSec, clock.transitionDurations[i],
-            scenes[i].displayName(i), formatted("%.1fs", scenes[i].durationSec), scenes[i].layers.size(),
-            state.selection.scene == i, collapsed.contains(i)});
+            i > 0 ? clock.transitionDurations[i - 1] : 0, scenes[i].displayName(i),
+            formatted("%.1fs", scenes[i].durationSec), scenes[i].layers.size(), state.selection.scene == i,
+            collapsed.contains(i)});
         if (!collapsed.contains(i)) scene.rows = std::max(scene.rows, int(scenes[i].layers.size()));
     }
 }

@@ -18,6 +18,7 @@ namespace tavix::timeline {
 struct Band {
     double startSec = 0, endSec = 0;
     double transitionSec = 0;   // its overlap with the next one; 0: a cut
+    double incomingSec = 0;     // that with the one before
     std::string name, length;   // as in "4.0s"
     std::size_t layerCount = 0;
     bool isSelected = false, isCollapsed = false;
