@@ -10,8 +10,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tavix {
 namespace {
@@ -47,6 +50,23 @@ void play(benchmark::State& state, const char* name, FrameQuality quality, std::
     state.counters["dearestCpuMs"] = worstSec * 1000;
 }
 
+// To and fro over the film, in steps that no frame before helps with.
+void scrub(benchmark::State& state, const char* name) {
+    const Film film(name);
+    Stage stage({.evaluation = {}, .storeBytes = 0}, {});
+    const FrameSourceRef source = stage.source(film.spec, film.bundle, room);
+    std::vector<double> cpuSec;
+    double part = 0.1;
+    for (auto _ : state)
+        for (int i = 0; i < 60; ++i, part = std::fmod(part + 0.618033988749895, 1))
+            cpuSec.push_back(benchmarks::measured([&] {
+                source->draw(part * source->totalSec(), FrameQuality::scrub);
+            }).cpuSec);
+    std::ranges::sort(cpuSec);
+    state.counters["medianCpuMs"] = cpuSec[cpuSec.size() / 2] * 1000;
+    state.counters["p95CpuMs"] = cpuSec[cpuSec.size() * 95 / 100] * 1000;
+}
+
 // From a document that has been read to its first picture; the first film of a program also loads what all
 // films share.
 void open(benchmark::State& state, const char* name) {
@@ -80,6 +100,7 @@ const int registered = [] {
     for (const char* name : {"hero-phone", "phone-tour", "kinetic-type", "on-the-beat"}) {
         const auto named = [&](const char* what) { return std::string(what) + "/" + name; };
         const auto once = [](auto* made) { made->Iterations(1)->Unit(benchmark::kMillisecond); };
+        once(benchmark::RegisterBenchmark(named("scrub").c_str(), scrub, name));
         once(benchmark::RegisterBenchmark(named("open").c_str(), open, name));
         once(benchmark::RegisterBenchmark(named("playFull").c_str(), play, name, FrameQuality::full, 0));
         once(benchmark::RegisterBenchmark(named("playRough").c_str(), play, name, FrameQuality::rough, 0));

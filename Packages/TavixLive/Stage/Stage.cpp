@@ -1,8 +1,11 @@
 #include "TavixLive/Stage/Stage.h"
 
+#include "TavixCore/Project/AssetReferences.h"
 #include "TavixLive/Stage/FrameStore.h"
 #include "TavixLive/Stage/StageDocument.h"
 #include "TavixPlatform/Imaging/FrameSurface.h"
+#include "TavixRender/Assets/CompositionAssets.h"
+#include "TavixRender/Assets/StillImageCache.h"
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 
@@ -10,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -21,6 +25,17 @@ using Clock = std::chrono::steady_clock;
 
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The files of pictures that the document names.
+std::set<std::filesystem::path> picturesOf(
+    CompositionSpec spec, const std::optional<std::filesystem::path>& assetRoot) {
+    std::set<std::filesystem::path> paths;
+    forEachAsset(spec, [&](AssetKind kind, const std::string& path) {
+        if (kind == AssetKind::picture && !path.empty())
+            paths.insert(CompositionAssets::resolved(path, assetRoot));
+    });
+    return paths;
 }
 
 }   // namespace
@@ -125,6 +140,7 @@ Stage::~Stage() = default;
 FrameSourceRef Stage::source(const CompositionSpec& spec, const AssetRoot& assetRoot, imaging::Size room) {
     const imaging::Size size = stageSize(canvasSize(spec), room);
     room_->showsLiveValues = false;
+    room_->memory.images().readAhead(picturesOf(spec, assetRoot));
     return std::make_shared<Source>(
         room_, stageDocument(spec, size, assetRoot, room_->memory.images()), assetRoot);
 }

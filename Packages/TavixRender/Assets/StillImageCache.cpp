@@ -1,5 +1,6 @@
 #include "TavixRender/Assets/StillImageCache.h"
 
+#include "TavixPlatform/Imaging/ParallelLoop.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <algorithm>
@@ -9,6 +10,16 @@
 #include <vector>
 
 namespace tavix {
+
+namespace {
+
+imaging::Image decoded(const std::filesystem::path& path) {
+    imaging::Bitmap pixels = media::loadStillImage(path);
+    pixels.indexCoverage();
+    return imaging::Image::bitmap(std::make_shared<const imaging::Bitmap>(std::move(pixels)));
+}
+
+}   // namespace
 
 std::optional<imaging::Image> StillImageCache::image(const std::filesystem::path& path) {
     auto known = byPath_.find(path);
@@ -38,11 +49,29 @@ void StillImageCache::renew(std::size_t mostBytes) {
     }
 }
 
+void StillImageCache::readAhead(const std::set<std::filesystem::path>& paths) {
+    struct Reading {
+        const std::filesystem::path* path;
+        Entry entry;
+    };
+    std::vector<Reading> readings;
+    for (const std::filesystem::path& path : paths)
+        if (!byPath_.contains(path)) readings.push_back({&path, {{}, {}, renewals_}});
+    if (readings.empty()) return;
+    imaging::ParallelLoop(0).run(int(readings.size()), [&](int i) {
+        Reading& reading = readings[std::size_t(i)];
+        reading.entry.file = FileIdentity::of(*reading.path);
+        try {
+            reading.entry.image = decoded(*reading.path);
+        } catch (const media::MediaError&) {}
+    });
+    for (Reading& reading : readings)
+        if (reading.entry.image) byPath_.emplace(*reading.path, std::move(reading.entry));
+}
+
 std::optional<imaging::Image> StillImageCache::load(const std::filesystem::path& path) const {
     try {
-        imaging::Bitmap pixels = media::loadStillImage(path);
-        pixels.indexCoverage();
-        return imaging::Image::bitmap(std::make_shared<const imaging::Bitmap>(std::move(pixels)));
+        return decoded(path);
     } catch (const media::MediaError& error) {
         tell(log_, Finding::warning(RenderCode::pictureMissing,
                        "The image " + path.string() + " is not drawn: " + error.what(), path.string()));

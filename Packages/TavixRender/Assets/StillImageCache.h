@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 
 namespace tavix {
 
@@ -21,19 +22,21 @@ public:
 
     // The picture with its bottom-left corner at the origin, or nothing.
     std::optional<imaging::Image> image(const std::filesystem::path& path);
+    // Reads those that are not known yet on all cores at once. One that cannot be read is left to `image`.
+    void readAhead(const std::set<std::filesystem::path>& paths);
     // For who goes on with it: forgets pictures whose file has changed, and then those that have not been
     // asked for the longest, until the others take no more memory than that.
     void renew(std::size_t mostBytes);
 
 private:
-    std::optional<imaging::Image> load(const std::filesystem::path& path) const;
-
-    RenderLog log_;
     struct Entry {
         std::optional<FileIdentity> file;
         std::optional<imaging::Image> image;
         std::uint64_t lastAsked;
     };
+    std::optional<imaging::Image> load(const std::filesystem::path& path) const;
+
+    RenderLog log_;
     std::map<std::filesystem::path, Entry> byPath_;
     std::uint64_t renewals_ = 0;
 };
