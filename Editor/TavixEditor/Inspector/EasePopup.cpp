@@ -9,6 +9,9 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace tavix::editor {
 
@@ -99,7 +102,13 @@ void showEasePopup(QWidget* parent, const QPoint& globally, const TimingCurve& c
     column->addWidget(control);
     popup->setFixedWidth(264);
     popup->adjustSize();
-    popup->move(globally);
+    // Above the point where there is no room below.
+    const QRect room = parent->screen()->availableGeometry();
+    QPoint at = globally;
+    if (at.y() + popup->height() > room.bottom()) at.ry() -= popup->height();
+    at.rx() = std::clamp(at.x(), room.left(), std::max(room.left(), room.right() - popup->width()));
+    at.ry() = std::max(at.y(), room.top());
+    popup->move(at);
     popup->show();
 }
 
