@@ -2,7 +2,9 @@
 
 #include "TavixLive/Stage/Stage.h"
 #include "TavixPlatform/Sound/PulseAudioOutput.h"
+#include "TavixPlatform/System/InotifyWatcher.h"
 
+#include <system_error>
 #include <utility>
 
 namespace tavix::editor {
@@ -36,14 +38,27 @@ std::unique_ptr<media::AudioOutput> outputOf(Sound sound, system::SerialExecutor
     return std::make_unique<NullAudioOutput>(executor);
 }
 
+std::unique_ptr<system::FolderWatcher> watcherOfSystem() {
+    try {
+        return std::make_unique<system::InotifyWatcher>();
+    } catch (const std::system_error&) {
+        return nullptr;   // what others write is noticed when the window comes to the front
+    }
+}
+
 }   // namespace
 
-Studio::Studio(const system::StandardFolders& folders, Sound sound)
-    : output_(outputOf(sound, sound_)), defaults(folders.config), recents(defaults),
+Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
+    : output_(outputOf(sound, sound_)), watcher_(watcherOfSystem()), backups_(userFolders.state / "backups"),
+      folders(userFolders), defaults(folders.config), recents(defaults),
       model({.executors = {main_, render_, workers_},
           .maker = std::make_shared<Stage>(Stage::Options{}, RenderLog{}),
           .output = output_.get(),
-          .recents = &recents}) {}
+          .recents = &recents,
+          .files = &files_,
+          .watcher = watcher_.get(),
+          .stateFolder = folders.state,
+          .backups = &backups_}) {}
 
 Studio::~Studio() = default;
 

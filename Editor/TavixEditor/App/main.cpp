@@ -1,11 +1,9 @@
 // tavix-editor [BUNDLE…]
-#include "Editor/EditorDesignSystem/Style/Style.h"
-#include "TavixEditor/App/Studio.h"
-#include "TavixEditor/App/Words.h"
-#include "TavixEditor/Windows/MainWindow.h"
+#include "TavixEditor/App/Application.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 int main(int argc, char** argv) {
     using namespace tavix;
@@ -17,18 +15,21 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QCoreApplication::translate("main", "Edits compositions of product videos in a window."));
     parser.addPositionalArgument(QStringLiteral("BUNDLE"),
         QCoreApplication::translate("main", "A .tavixcomp bundle to open."), QStringLiteral("[BUNDLE…]"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);
+    QStringList bundles;
+    for (const QString& bundle : parser.positionalArguments())
+        bundles << QFileInfo(bundle).absoluteFilePath();   // another instance stands in another folder
 
-    design::Style::apply(application, design::dark());
-    editor::Studio studio(system::StandardFolders::ofUser(), editor::Sound::desktop);
-    editor::MainWindow window(studio);
-    window.onClosed = [] { QApplication::quit(); };
-    window.show();
-    for (const QString& argument : parser.positionalArguments())
-        window.openDocument(editor::pathOf(argument));
+    editor::OneInstance instance;
+    if (instance.handOver(bundles)) return 0;
+    editor::Application windows(system::StandardFolders::ofUser());
+    instance.listen([&windows](const QStringList& of) { windows.open(of); });
+    windows.open(bundles);
     return QApplication::exec();
 }

@@ -1,7 +1,9 @@
 #include "TavixEditor/Stage/StageView.h"
 
+#include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
-#include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixEditor/App/Studio.h"
+#include "TavixEditor/Stage/TextInPlace.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -35,7 +37,9 @@ constexpr double titleSafe = 0.90, actionSafe = 0.93;
 
 }   // namespace
 
-StageView::StageView(CompositionEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+StageView::StageView(Studio& studio, QWidget* parent)
+    : QWidget(parent), model_(studio.model), tool_(studio, viewport_) {
+    tool_.onChange = [this] { update(); };
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -107,6 +111,9 @@ void StageView::paintEvent(QPaintEvent* event) {
         painter.drawImage(canvas, image_, image_.rect());
     }
     if (showsSafeAreas_) drawSafeAreas(painter);
+    if (!model_.state.isLoaded()) return;
+    tool_.paint(painter);
+    drawHoverText(painter);
 }
 
 void StageView::drawSafeAreas(QPainter& painter) const {
@@ -139,23 +146,89 @@ void StageView::wheelEvent(QWheelEvent* event) {
     moved();
 }
 
+void StageView::drawHoverText(QPainter& painter) const {
+    const QString text = tool_.hoverText();
+    if (text.isEmpty() || tool_.isDragging()) return;
+    painter.setFont(design::fontOf(design::TextSize::caption));
+    const QSize words = painter.fontMetrics().size(Qt::TextSingleLine, text);
+    const QRectF box(design::space::small, height() - words.height() - design::space::large,
+        words.width() + 2 * design::space::small, words.height() + design::space::small);
+    design::drawBox(painter, box, design::radius::field, design::withAlpha(Style::theme().panel, 0.92));
+    painter.setPen(Style::theme().secondary);
+    painter.drawText(box, Qt::AlignCenter, text);
+}
+
 void StageView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::MiddleButton) return QWidget::mousePressEvent(event);
-    panFrom_ = event->position();
-    setCursor(Qt::ClosedHandCursor);
+    if (event->button() == Qt::MiddleButton) {
+        panFrom_ = event->position();
+        setCursor(Qt::ClosedHandCursor);
+    } else if (event->button() == Qt::LeftButton) {
+        tool_.press(event->position());
+    } else {
+        QWidget::mousePressEvent(event);
+    }
 }
 
 void StageView::mouseMoveEvent(QMouseEvent* event) {
-    if (!panFrom_) return;
-    viewport_.pan(event->position() - *panFrom_);
-    panFrom_ = event->position();
-    moved();
+    if (panFrom_) {
+        viewport_.pan(event->position() - *panFrom_);
+        panFrom_ = event->position();
+        moved();
+    } else if (tool_.isDragging()) {
+        tool_.drag(event->position(), event->modifiers());
+    } else {
+        tool_.hover(event->position());
+        setCursor(tool_.cursorAt(event->position()));
+    }
 }
 
 void StageView::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::MiddleButton) return;
-    panFrom_.reset();
-    unsetCursor();
+    if (event->button() == Qt::MiddleButton) {
+        panFrom_.reset();
+        unsetCursor();
+    } else if (event->button() == Qt::LeftButton) {
+        tool_.release();
+    }
+}
+
+void StageView::mouseDoubleClickEvent(QMouseEvent* event) {
+    tool_.release();
+    if (const auto layer = tool_.layerUnder(event->position())) editText(layer->place);
+}
+
+void StageView::leaveEvent(QEvent*) { tool_.leave(); }
+
+void StageView::keyPressEvent(QKeyEvent* event) {
+    const double step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    const auto selected = tool_.selected();
+    switch (event->key()) {
+    case Qt::Key_Left: return tool_.nudge(-step, 0);
+    case Qt::Key_Right: return tool_.nudge(step, 0);
+    case Qt::Key_Up: return tool_.nudge(0, -step);
+    case Qt::Key_Down: return tool_.nudge(0, step);
+    case Qt::Key_Escape:
+        if (tool_.isDragging()) return tool_.cancel();
+        return model_.clearSelection();
+    case Qt::Key_Return:
+        if (selected) return editText(selected->place);
+        break;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        if (selected && onRemove) return onRemove();
+        break;
+    default: break;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void StageView::editText(const StagePlace& place) {
+    const auto layer = tool_.selected();
+    EditState edited = model_.state.edited();
+    if (!layer || !(layer->place == place) || !edited.content<TextContent>(place.scene, place.layer)) return;
+    const QRectF box(viewport_.toView({layer->box.x, layer->box.y}),
+        viewport_.toView({layer->box.maxX(), layer->box.maxY()}));
+    auto* field = new TextInPlace(model_, place, viewport_.canvasRect().height(), this);
+    field->settleOver(box.toAlignedRect());
 }
 
 bool StageView::event(QEvent* event) {

@@ -2,13 +2,16 @@
 // it. Frames are drawn elsewhere, off the main thread: to show one is a plain copy.
 #pragma once
 
+#include "TavixEditor/Stage/StageTool.h"
 #include "TavixEditor/Stage/StageViewport.h"
 #include "TavixLive/Observing/Observable.h"
 
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace tavix {
 class CompositionEditorModel;
@@ -19,7 +22,7 @@ namespace tavix::editor {
 
 class StageView final : public QWidget {
 public:
-    explicit StageView(CompositionEditorModel& model, QWidget* parent = nullptr);
+    explicit StageView(Studio& studio, QWidget* parent = nullptr);
     ~StageView() override;
 
     const StageViewport& viewport() const { return viewport_; }
@@ -28,6 +31,7 @@ public:
     void zoomToActualPixels();    // a pixel of the canvas is one of the screen
     void setSafeAreasShown(bool areShown);
     bool areSafeAreasShown() const { return showsSafeAreas_; }
+    std::function<void()> onRemove;   // the selected layer, by its key
     // As it stands on the stage; null before the first.
     QImage frame() const { return image_; }
 
@@ -38,6 +42,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
@@ -46,9 +53,12 @@ private:
     void moved();      // the canvas stands elsewhere
     void tellRoom();   // to the model, once it is another one
     void drawSafeAreas(QPainter& painter) const;
+    void drawHoverText(QPainter& painter) const;
+    void editText(const StagePlace& place);
 
     CompositionEditorModel& model_;
     StageViewport viewport_;
+    StageTool tool_;
     QImage image_;
     QSize room_;
     bool showsSafeAreas_ = false;

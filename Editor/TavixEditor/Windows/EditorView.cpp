@@ -2,8 +2,11 @@
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "TavixEditor/App/Actions.h"
+#include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorView.h"
+#include "TavixEditor/Panels/ExportBar.h"
+#include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Panels/TransportBar.h"
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Timeline/TimelineView.h"
@@ -35,14 +38,16 @@ QPushButton* buttonOf(QAction* action, const QString& words) {
 
 }   // namespace
 
-EditorView::EditorView(CompositionEditorModel& model, const Actions& actions, QWidget* parent)
-    : QWidget(parent), model_(model) {
+EditorView::EditorView(Studio& studio, const Actions& actions, QWidget* parent)
+    : QWidget(parent), studio_(studio), model_(studio.model) {
     onGround(this, QPalette::Mid);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeTopBar(actions));
     column->addWidget(makeRule(Qt::Horizontal));
+    notices_ = new NoticeBar;
+    column->addWidget(notices_);
     column->addWidget(makeWorkspace(actions), 1);
     EditorState& state = model_.state;
     connections_.push_back(tavix::show([this] { showState(); }, state.bundle, state.hasUnsavedChanges,
@@ -77,8 +82,9 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     auto* column = new QVBoxLayout(middle);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    stage_ = new StageView(model_);
+    stage_ = new StageView(studio_);
     column->addWidget(stage_, 1);
+    column->addWidget(new ExportBar(model_));
     column->addWidget(makeRule(Qt::Horizontal));
     column->addWidget(new TransportBar(model_, actions));
     auto* wide = new QSplitter(Qt::Horizontal);

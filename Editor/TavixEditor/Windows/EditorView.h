@@ -17,22 +17,27 @@ class CompositionEditorModel;
 namespace tavix::editor {
 
 struct Actions;
+class NoticeBar;
 class StageView;
+class Studio;
 
 class EditorView final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(EditorView)
 public:
-    EditorView(CompositionEditorModel& model, const Actions& actions, QWidget* parent = nullptr);
+    EditorView(Studio& studio, const Actions& actions, QWidget* parent = nullptr);
 
     StageView& stage() { return *stage_; }
+    NoticeBar& notices() { return *notices_; }
 
 private:
     QWidget* makeTopBar(const Actions& actions);
     QWidget* makeWorkspace(const Actions& actions);
     void showState();
 
+    Studio& studio_;
     CompositionEditorModel& model_;
     StageView* stage_ = nullptr;
+    NoticeBar* notices_ = nullptr;
     QLabel *name_ = nullptr, *edited_ = nullptr, *status_ = nullptr;
     Connections connections_;
 };

@@ -3,9 +3,16 @@
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/ThemeChoice.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Panels/CommandPalette.h"
+#include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Windows/AgentSheet.h"
+#include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/EditorView.h"
+#include "TavixEditor/Windows/ExportSheet.h"
+#include "TavixEditor/Windows/NewProjectSheet.h"
 #include "TavixEditor/Windows/WelcomeView.h"
 #include "TavixLive/Operations/LayerOperations.h"
 #include "TavixLive/Operations/SceneOperations.h"
@@ -15,6 +22,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QStackedLayout>
@@ -29,12 +37,13 @@ constexpr QSize welcomeSize(780, 500), leastEditorSize(1000, 680);
 
 }   // namespace
 
-MainWindow::MainWindow(Studio& studio)
-    : studio_(studio), actions_(makeActions(this)), unsaved_(studio.model, this),
+MainWindow::MainWindow(Studio& studio, ThemeChoice* themes)
+    : studio_(studio), themes_(themes), actions_(makeActions(this)), unsaved_(studio.model, this),
       pages_(new QStackedLayout(this)), welcome_(new WelcomeView(studio, actions_)),
-      editor_(new EditorView(studio.model, actions_)) {
+      editor_(new EditorView(studio, actions_)) {
     setObjectName(QStringLiteral("editor"));
     setAcceptDrops(true);
+    QCoreApplication::instance()->installEventFilter(this);
     pages_->addWidget(welcome_);
     pages_->addWidget(editor_);
     welcome_->onOpenRecent = [this](const std::filesystem::path& bundle) { openDocument(bundle); };
@@ -43,20 +52,52 @@ MainWindow::MainWindow(Studio& studio)
     connectEditActions();
     connectPlayActions();
     connectViewActions();
+    connectThemes();
+    connectHelpActions();
     EditorState& state = studio_.model.state;
     connections_.push_back(tavix::show([this] { applyWindowMode(); }, state.isLoaded));
     connections_.push_back(tavix::show([this] { showActions(); }, state.isLoaded, state.bundle, state.edited,
         state.isPlaying, state.hasUnsavedChanges, state.isExporting));
+    connections_.push_back(tavix::show(
+        [this] { showNotice(); }, state.isLoaded, state.lostWork, state.fileConflicts, state.errorMessage));
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::showNotice() {
+    const auto recover = [this](std::size_t index) {
+        unsaved_.resolve([this, index] {
+            enter(editor_);
+            studio_.model.recoverLostWork(index, [this] { applyWindowMode(); });
+        });
+    };
+    const bool isLoaded = studio_.model.state.isLoaded();
+    std::optional<Notice> notice = noticeOf(studio_.model, recover);
+    editor_->notices().setNotice(isLoaded ? notice : std::nullopt);
+    // The welcome screen tells errors in a place of its own.
+    if (isLoaded || (notice && notice->weight == Notice::Weight::error)) notice.reset();
+    welcome_->notices().setNotice(notice);
+}
+
+void MainWindow::connectThemes() {
+    QAction* const chosen[] = {actions_.themeDesktop, actions_.themeDark, actions_.themeLight};
+    chosen[themes_ ? int(themes_->wish()) : 0]->setChecked(true);
+    for (int i = 0; i < 3; ++i)
+        QObject::connect(chosen[i], &QAction::triggered, this, [this, i] {
+            if (themes_) themes_->setWish(ThemeWish(i));
+        });
+}
 
 void MainWindow::openDocument(const std::filesystem::path& path) {
     if (!CompositionProjectBundle::isBundle(path)) {
         studio_.model.state.errorMessage = utf8Of(tr("Not a Tavix composition — open a .tavixcomp bundle."));
         return;
     }
-    unsaved_.resolve([this, path] { studio_.model.open(std::filesystem::absolute(path)); });
+    // The stage has its size before its first picture is drawn.
+    unsaved_.resolve([this, path] {
+        enter(editor_);
+        studio_.model.open(std::filesystem::absolute(path), [this] { applyWindowMode(); });
+    });
 }
 
 void MainWindow::askForBundle() {
@@ -72,13 +113,36 @@ void MainWindow::closeDocument() {
     unsaved_.resolve([this] { studio_.model.close(); });
 }
 
+// The bundle is copied whole as it lies on disk, with what is not saved written into the copy, which is open
+// from then on.
+void MainWindow::saveAs() {
+    auto* dialog = new QFileDialog(this, tr("Save As"));
+    dialog->setObjectName(QStringLiteral("saveAsTarget"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("tavixcomp"));
+    dialog->selectFile(pathWords(studio_.model.state.bundle()->filename()));
+    QObject::connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
+        copyBundle(studio_, pathOf(file),
+            [this, target = pathOf(file)] { studio_.model.open(target, [this] { applyWindowMode(); }); });
+    });
+    dialog->open();
+}
+
 void MainWindow::connectFileActions() {
     const auto on = [this](QAction* action, auto job) {
         QObject::connect(action, &QAction::triggered, this, job);
     };
+    on(actions_.newProject, [this] {
+        auto* sheet = new NewProjectSheet(this);
+        sheet->onMade = [this](const std::filesystem::path& bundle) { openDocument(bundle); };
+        sheet->open();
+    });
     on(actions_.open, [this] { askForBundle(); });
     on(actions_.save, [this] { studio_.model.save(); });
     on(actions_.revert, [this] { studio_.model.open(*studio_.model.state.bundle()); });
+    on(actions_.saveAs, [this] { saveAs(); });
+    on(actions_.exportFilm, [this] { (new ExportSheet(studio_.model, this))->open(); });
     on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
     on(actions_.quit, [this] { close(); });
     on(actions_.copyFrame,
@@ -150,12 +214,48 @@ void MainWindow::connectViewActions() {
         QObject::connect(action, &QAction::triggered, this, job);
     };
     constexpr double zoomStep = 1.25;
+    stage.onRemove = [this] { actions_.remove->trigger(); };
     on(actions_.zoomIn, [&stage] { stage.zoomBy(zoomStep); });
     on(actions_.zoomOut, [&stage] { stage.zoomBy(1 / zoomStep); });
     on(actions_.fit, [&stage] { stage.fit(); });
     on(actions_.actualPixels, [&stage] { stage.zoomToActualPixels(); });
     on(actions_.safeAreas, [this, &stage] { stage.setSafeAreasShown(actions_.safeAreas->isChecked()); });
     on(actions_.fullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
+}
+
+void MainWindow::tell(const char* name, const QString& title, const QString& text) {
+    auto* box = new QMessageBox(QMessageBox::NoIcon, title, title, QMessageBox::Ok, this);
+    box->setObjectName(QLatin1String(name));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(text);
+    box->open();
+}
+
+void MainWindow::connectHelpActions() {
+    const auto on = [this](QAction* action, auto job) {
+        QObject::connect(action, &QAction::triggered, this, job);
+    };
+    on(actions_.palette, [this] {
+        QList<QAction*> commands = actions_.all;
+        commands.removeOne(actions_.palette);
+        new CommandPalette(commands, this);
+    });
+    on(actions_.setUpAgents, [this] {
+        try {
+            const CLIInstaller installer(ToolchainPlaces::ofThisMachine(), studio_.defaults);
+            (new AgentSheet(studio_, installer, this))->open();
+        } catch (const Failure& failure) {
+            tell("noAgents", tr("Set up Agents"), words(failure.message()));
+        }
+    });
+    on(actions_.checkForUpdates, [this] {
+        tell("updates", tr("Tavix %1").arg(QCoreApplication::applicationVersion()),
+            tr("Tavix is updated with the other packages of this machine, by its software manager."));
+    });
+    on(actions_.about, [this] {
+        tell("about", tr("Tavix %1").arg(QCoreApplication::applicationVersion()),
+            tr("Turns a document into a finished product video."));
+    });
 }
 
 void MainWindow::showActions() {
@@ -190,13 +290,19 @@ void MainWindow::showActions() {
 }
 
 void MainWindow::applyWindowMode() {
-    const bool isLoaded = studio_.model.state.isLoaded();
-    pages_->setCurrentWidget(isLoaded ? static_cast<QWidget*>(editor_) : welcome_);
+    enter(studio_.model.state.isLoaded() ? static_cast<QWidget*>(editor_) : welcome_);
+}
+
+// The welcome screen has one size and stands in the middle; an editor takes the room that there is.
+void MainWindow::enter(QWidget* page) {
+    if (hasEntered_ && pages_->currentWidget() == page) return;
+    hasEntered_ = true;
+    pages_->setCurrentWidget(page);
     const QScreen* on = screen();
     const QRect room = on ? on->availableGeometry() : QRect();
-    if (isLoaded) {
+    if (page == editor_) {
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-        setMinimumSize(leastEditorSize.boundedTo(room.isValid() ? room.size() : leastEditorSize));
+        setMinimumSize(room.isValid() ? leastEditorSize.boundedTo(room.size()) : leastEditorSize);
         if (room.isValid()) setGeometry(room);
         if (isVisible()) showMaximized();
         editor_->stage().setFocus();
@@ -205,6 +311,21 @@ void MainWindow::applyWindowMode() {
         setFixedSize(welcomeSize);
         if (room.isValid()) move(room.center() - QPoint(welcomeSize.width() / 2, welcomeSize.height() / 2));
     }
+}
+
+// File systems of other machines tell of no changes, so it is looked when the window comes to the front.
+void MainWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && studio_.model.state.isLoaded())
+        studio_.model.lookAtFile();
+    QWidget::changeEvent(event);
+}
+
+// A gesture becomes a step when its button or its key is let go, which changes nothing that is watched.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::KeyRelease)
+        QMetaObject::invokeMethod(
+            this, [this] { showActions(); }, Qt::QueuedConnection);
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -17,12 +17,14 @@ namespace tavix::editor {
 
 class EditorView;
 class Studio;
+class ThemeChoice;
 class WelcomeView;
 
 class MainWindow final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(MainWindow)
 public:
-    explicit MainWindow(Studio& studio);
+    // The themes may be left out, as by tests.
+    explicit MainWindow(Studio& studio, ThemeChoice* themes = nullptr);
     ~MainWindow() override;
 
     // Asks about unsaved changes first. What is no composition is told, and changes nothing.
@@ -35,24 +37,33 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void connectFileActions();
     void connectEditActions();
     void connectPlayActions();
     void connectViewActions();
+    void connectThemes();
+    void enter(QWidget* page);
     void applyWindowMode();
+    void showNotice();
+    void saveAs();
+    void connectHelpActions();
+    void tell(const char* name, const QString& title, const QString& text);
     void showActions();
     void askForBundle();
     void closeDocument();
 
     Studio& studio_;
+    ThemeChoice* themes_;
     Actions actions_;
     UnsavedChanges unsaved_;
     QStackedLayout* pages_;
     WelcomeView* welcome_;
     EditorView* editor_;
-    bool mayClose_ = false;
+    bool mayClose_ = false, hasEntered_ = false;
     Connections connections_;
 };
 

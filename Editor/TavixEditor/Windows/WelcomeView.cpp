@@ -4,7 +4,9 @@
 #include "TavixEditor/App/Actions.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Windows/RecentCard.h"
+#include "TavixEditor/Windows/Thumbnails.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -18,8 +20,13 @@ using namespace design;
 WelcomeView::WelcomeView(Studio& studio, const Actions& actions, QWidget* parent)
     : QWidget(parent), studio_(studio) {
     onGround(this, QPalette::Window);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    notices_ = new NoticeBar;
+    all->addWidget(notices_);
+    auto* row = new QHBoxLayout;
+    all->addLayout(row, 1);
     row->setSpacing(0);
     row->addWidget(makeBeginnings(actions));
     row->addWidget(makeRule(Qt::Vertical));
@@ -74,6 +81,7 @@ QWidget* WelcomeView::makeRecents() {
 }
 
 void WelcomeView::readRecents() {
+    lifeline_.cut();
     while (QLayoutItem* item = recents_->takeAt(0)) {
         if (item->widget()) item->widget()->deleteLater();
         delete item;
@@ -85,9 +93,18 @@ void WelcomeView::readRecents() {
             if (onOpenRecent) onOpenRecent(path);
         });
         recents_->addWidget(card);
+        drawThumbnail(item.path, card);
     }
     if (items.empty())
         recents_->addWidget(makeLabel(tr("No recent projects"), TextSize::body, Tone::secondary));
+}
+
+void WelcomeView::drawThumbnail(const std::filesystem::path& bundle, RecentCard* card) {
+    const int sidePx = int(RecentCard::thumbnailPx * devicePixelRatioF());
+    system::runThere(
+        studio_.files(), studio_.main(),
+        [bundle, sidePx, cache = studio_.folders.cache] { return thumbnailOf(bundle, cache, sidePx); },
+        lifeline_.guard([card](system::Outcome<QImage>& outcome) { card->setThumbnail(outcome.value()); }));
 }
 
 void WelcomeView::showEvent(QShowEvent*) { readRecents(); }

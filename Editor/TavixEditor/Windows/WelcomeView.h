@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixLive/Observing/Observable.h"
+#include "TavixPlatform/System/Continuation.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -15,6 +16,8 @@ class QVBoxLayout;
 namespace tavix::editor {
 
 struct Actions;
+class NoticeBar;
+class RecentCard;
 class Studio;
 
 class WelcomeView final : public QWidget {
@@ -23,6 +26,7 @@ public:
     WelcomeView(Studio& studio, const Actions& actions, QWidget* parent = nullptr);
 
     std::function<void(const std::filesystem::path& bundle)> onOpenRecent;
+    NoticeBar& notices() { return *notices_; }
     // Reads anew what was open lately.
     void readRecents();
 
@@ -33,11 +37,14 @@ private:
     QWidget* makeBeginnings(const Actions& actions);
     QWidget* makeRecents();
     void showError();
+    void drawThumbnail(const std::filesystem::path& bundle, RecentCard* card);
 
     Studio& studio_;
+    NoticeBar* notices_ = nullptr;
     QVBoxLayout* recents_ = nullptr;
     QLabel* error_ = nullptr;
     Connections connections_;
+    system::Lifeline lifeline_;   // of the cards that stand
 };
 
 }   // namespace tavix::editor

@@ -42,7 +42,8 @@ struct EditorState {
     Observable<std::string> statusMessage;
     Observable<bool> isAnalyzingMusic{false};
     Observable<bool> isExporting{false};
-    Observable<double> exportProgress{0};   // 0 to 1
+    Observable<double> exportProgress{0};             // 0 to 1
+    Observable<std::filesystem::path> exportTarget;   // of the export that runs, or ran last
     Observable<ExportFormat> exportFormat{ExportFormat::video};
     Observable<VideoCodec> exportVideoCodec{VideoCodec::h264};
     Observable<ExportContainer> exportContainer{ExportContainer::mp4};

@@ -4,6 +4,7 @@
 #include "TavixLive/Operations/AudioOperations.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/MusicAnalysis/MusicAnalyzer.h"
@@ -27,8 +28,9 @@ std::string decimal(const char* format, double value) {
 // On a copy of everything: what is edited from now on does not reach it.
 void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done then) {
     if (!state.bundle() || state.isExporting()) return;
-    state.isExporting = true;
+    state.exportTarget = file;
     state.exportProgress = 0;
+    state.isExporting = true;
     CompositionRenderer::Config config;
     const CompositionSpec& spec = edited().spec;
     config.output = file;
@@ -55,6 +57,8 @@ void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done th
                 const std::string name = outcome.value();
                 state.exportProgress = 1;
                 state.statusMessage = "Exported " + name + ".";
+            } catch (const RenderStopped&) {
+                state.statusMessage = "Export stopped.";
             } catch (const std::exception& error) {
                 state.errorMessage = std::string("Export failed: ") + error.what();
             }

@@ -320,6 +320,8 @@ QSize Style::sizeFromContents(
 
 QRect Style::subControlRect(
     ComplexControl control, const QStyleOptionComplex* option, SubControl part, const QWidget* widget) const {
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return option->rect.adjusted(space::tight + 1, 1, -height::field, -1);
     if (control != CC_ScrollBar) return QProxyStyle::subControlRect(control, option, part, widget);
     const auto* bar =
         qstyleoption_cast<const QStyleOptionSlider*>(option);   // no arrows: the groove is all of it

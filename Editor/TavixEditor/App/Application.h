@@ -1,0 +1,33 @@
+// The windows of the program: one for each composition that is open, and one to begin with.
+#pragma once
+
+#include "TavixEditor/App/OneInstance.h"
+#include "TavixEditor/App/ThemeChoice.h"
+#include "TavixPlatform/System/StandardFolders.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace tavix::editor {
+
+class Application {
+public:
+    explicit Application(system::StandardFolders folders);
+    ~Application();
+
+    // The first goes into a window that shows nothing yet; without any, a window comes to the front.
+    void open(const QStringList& bundles);
+
+private:
+    struct Place;
+    Place& emptyPlace();
+    void leave(Place& place);
+
+    system::StandardFolders folders_;
+    ThemeChoice themes_;
+    std::vector<std::unique_ptr<Place>> places_;
+};
+
+}   // namespace tavix::editor

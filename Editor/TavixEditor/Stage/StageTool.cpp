@@ -1,0 +1,354 @@
+#include "TavixEditor/Stage/StageTool.h"
+
+#include "Editor/EditorDesignSystem/Style/Drawing.h"
+#include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/Words.h"
+#include "TavixEditor/Stage/StageViewport.h"
+#include "TavixLive/Operations/LayerOperations.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+namespace tavix::editor {
+
+namespace {
+
+constexpr double handlePx = 8, reachPx = 9, snapPx = 6, beginPx = 3, turnArmPx = 26, turnStepDeg = 15;
+constexpr StageHandle handles[] = {{-1, -1}, {1, -1}, {1, 1}, {-1, 1}, {0, -1}, {1, 0}, {0, 1}, {-1, 0}};
+
+QPointF handlePoint(const QRectF& box, StageHandle handle) {
+    return box.center() + QPointF(handle.x * box.width() / 2, handle.y * box.height() / 2);
+}
+double distance(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+double degreesOf(QPointF arm) { return std::atan2(arm.y(), arm.x()) * 180 / std::numbers::pi; }
+const char* stepName(bool isGrown, bool isTurned) {
+    return isGrown ? "Scale layer" : isTurned ? "Rotate layer" : "Move layer";
+}
+
+}   // namespace
+
+StageTool::StageTool(Studio& studio, const StageViewport& viewport)
+    : studio_(studio), model_(studio.model), viewport_(viewport) {
+    EditorState& state = model_.state;
+    connections_.push_back(show([this] { mapDocument(); }, state.edited, state.isLoaded));
+    connections_.push_back(watch(
+        [this] {
+            if (onChange && hasSelection()) onChange();
+        },
+        state.currentTime));
+}
+
+StageTool::~StageTool() = default;
+
+// One at a time; what changes meanwhile is mapped after it.
+void StageTool::mapDocument() {
+    const EditorState& state = model_.state;
+    if (!state.isLoaded()) {
+        map_.reset();
+        hovered_.reset();
+        drag_.reset();
+    }
+    if (onChange) onChange();
+    isStale_ = state.isLoaded();
+    if (isMapping_ || !isStale_) return;
+    isMapping_ = true;
+    isStale_ = false;
+    system::runThere(
+        studio_.workers(), studio_.main(),
+        [spec = state.edited().spec, root = state.bundle()] {
+            return std::make_shared<const StageMap>(spec, root);
+        },
+        lifeline_.guard([this](system::Outcome<std::shared_ptr<const StageMap>>& outcome) {
+            isMapping_ = false;
+            if (!outcome.hasFailed() && model_.state.isLoaded()) map_ = outcome.value();
+            if (isStale_) return mapDocument();
+            if (onChange) onChange();
+        }));
+}
+
+bool StageTool::hasSelection() const { return model_.state.edited().selection.layer.has_value(); }
+
+std::optional<StageLayer> StageTool::selected() const {
+    const Selection& selection = model_.state.edited().selection;
+    if (!map_ || !selection.scene || !selection.layer) return std::nullopt;
+    auto found = map_->layer({*selection.scene, *selection.layer}, model_.state.currentTime());
+    if (found && drag_) found->box = drag_->box;
+    return found;
+}
+
+std::optional<StageLayer> StageTool::layerUnder(QPointF at) const {
+    if (!map_) return std::nullopt;
+    const QPointF canvas = viewport_.toCanvas(at);
+    return map_->hit({canvas.x(), canvas.y()}, model_.state.currentTime());
+}
+
+QRectF StageTool::inView(const PixelRect& box) const {
+    return {viewport_.toView({box.x, box.y}), viewport_.toView({box.maxX(), box.maxY()})};
+}
+
+QPointF StageTool::turnHandle(const QRectF& box) const { return {box.center().x(), box.top() - turnArmPx}; }
+
+bool StageTool::mayGrow(const CompositionLayer& layer) const {
+    if (std::holds_alternative<DeviceContent>(layer.content)) return true;
+    CompositionLayer tried = layer;
+    return growLayer(tried, {}, {1, 1});
+}
+
+std::optional<StageTool::Grip> StageTool::gripAt(QPointF at) const {
+    const auto layer = selected();
+    if (!layer) return std::nullopt;
+    const QRectF box = inView(layer->box);
+    if (distance(at, turnHandle(box)) <= reachPx) return Grip{Kind::turn, {}};
+    EditState edited = model_.state.edited();
+    const CompositionLayer* held = edited.layer(layer->place.scene, layer->place.layer);
+    if (held && mayGrow(*held))
+        for (const StageHandle handle : handles)
+            if (distance(at, handlePoint(box, handle)) <= reachPx) return Grip{Kind::grow, handle};
+    if (box.contains(at)) return Grip{Kind::move, {}};
+    return std::nullopt;
+}
+
+Qt::CursorShape StageTool::cursorAt(QPointF at) const {
+    const auto grip = gripAt(at);
+    if (!grip) return Qt::ArrowCursor;
+    if (grip->kind == Kind::turn) return Qt::CrossCursor;
+    if (grip->kind == Kind::move) return Qt::SizeAllCursor;
+    if (grip->handle.x == 0) return Qt::SizeVerCursor;
+    if (grip->handle.y == 0) return Qt::SizeHorCursor;
+    return grip->handle.x == grip->handle.y ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor;
+}
+
+std::optional<DeviceOperations::DeviceDragStart> StageTool::deviceStart(const StagePlace& place) const {
+    EditState edited = model_.state.edited();
+    const auto* device = edited.content<DeviceContent>(place.scene, place.layer);
+    if (!device) return std::nullopt;
+    const double sceneSec = CompositionTimeline(edited.spec).startSec[place.scene];
+    const double atSec = std::max(
+        model_.state.currentTime() - sceneSec - edited.layer(place.scene, place.layer)->fromSec, 0.0);
+    return DeviceOperations::DeviceDragStart{
+        place.scene, place.layer, atSec, DeviceKeyframes::unifiedState(*device, edited.spec.output, atSec)};
+}
+
+// A press on the selected layer or a handle takes hold of it; elsewhere it selects what lies there.
+void StageTool::press(QPointF at) {
+    if (!map_) return;
+    auto grip = gripAt(at);
+    const auto under = layerUnder(at);
+    const auto now = selected();
+    const bool isOther = under && (!now || !(under->place == now->place));
+    if (!grip || (grip->kind == Kind::move && isOther)) {
+        if (!under) return model_.clearSelection();
+        model_.selectLayer(under->place.scene, under->place.layer);
+        grip = Grip{Kind::move, {}};
+    }
+    const auto layer = selected();
+    if (!layer) return;
+    EditState edited = model_.state.edited();
+    const CompositionLayer* before = edited.layer(layer->place.scene, layer->place.layer);
+    if (!before) return;
+    drag_ = Drag{grip->kind, grip->handle, *layer, at, *before, deviceStart(layer->place), layer->box};
+}
+
+void StageTool::drag(QPointF to, Qt::KeyboardModifiers keys) {
+    if (!drag_) return;
+    if (!drag_->hasMoved) {
+        if (distance(to, drag_->from) < beginPx) return;
+        drag_->hasMoved = true;
+        model_.beginGesture(stepName(drag_->kind == Kind::grow, drag_->kind == Kind::turn));
+    }
+    if (drag_->device)
+        dragDevice(to);
+    else
+        dragLayer(to, keys);
+    if (onChange) onChange();
+}
+
+void StageTool::change(const std::function<void(CompositionLayer&)>& mutate) {
+    const StagePlace place = drag_->layer.place;
+    model_.update("Move layer", [&](EditState& state) {
+        CompositionLayer* layer = state.layer(place.scene, place.layer);
+        if (!layer) return;
+        CompositionLayer changed = drag_->before;
+        mutate(changed);
+        *layer = std::move(changed);
+    });
+}
+
+void StageTool::dragLayer(QPointF to, Qt::KeyboardModifiers keys) {
+    const QPointF from = viewport_.toCanvas(drag_->from), now = viewport_.toCanvas(to);
+    double dx = now.x() - from.x(), dy = now.y() - from.y();
+    const PixelRect& box = drag_->layer.box;
+    drag_->guides.clear();
+    if (drag_->kind == Kind::grow) {
+        const StageGrowth by = growth(box, drag_->handle, dx, dy);
+        drag_->box = grown(box, by);
+        change([&](CompositionLayer& layer) { growLayer(layer, by, drag_->handle); });
+    } else if (drag_->kind == Kind::turn) {
+        const QPointF middle = inView(box).center();
+        double degrees = degreesOf(to - middle) - degreesOf(drag_->from - middle);
+        if (keys.testFlag(Qt::ShiftModifier)) degrees = std::round(degrees / turnStepDeg) * turnStepDeg;
+        const double windowSec = LayerOperations::layerWindowLength(
+            model_.state.edited().spec, drag_->layer.place.scene, drag_->layer.place.layer);
+        change([&](CompositionLayer& layer) { turnLayer(layer, degrees, windowSec); });
+    } else {
+        if (keys.testFlag(Qt::ShiftModifier)) (std::abs(dx) > std::abs(dy) ? dy : dx) = 0;
+        SnappedMove move{dx, dy, {}};
+        if (!keys.testFlag(Qt::ControlModifier)) {
+            std::vector<PixelRect> others;
+            for (const StageLayer& layer : map_->layersAt(model_.state.currentTime()))
+                if (!(layer.place == drag_->layer.place)) others.push_back(layer.box);
+            const QSizeF canvas = viewport_.canvas();
+            move = snappedMove(
+                box, dx, dy, {0, 0, canvas.width(), canvas.height()}, others, snapPx / viewport_.scale());
+        }
+        drag_->guides = move.guides;
+        drag_->box = {box.x + move.dxPx, box.y + move.dyPx, box.width, box.height};
+        change([&](CompositionLayer& layer) { moveLayer(layer, move.dxPx, move.dyPx); });
+    }
+}
+
+// Devices move by their keyframes, and those in space are drawn at once without the document.
+void StageTool::dragDevice(QPointF to) {
+    const auto& start = *drag_->device;
+    const QPointF by = to - drag_->from;
+    const DeviceOperations::StageView view{viewport_.canvasRect().height(), model_.state.previewOverscan()};
+    const QRectF box = inView(drag_->layer.box);
+    DeviceKeyframes::UnifiedState changed;
+    if (drag_->kind == Kind::move) {
+        changed =
+            DeviceOperations::moved(start, by.x(), by.y(), view, DeviceOperations::DeviceMoveAxis::free);
+        const QPointF canvas = viewport_.toCanvas(to) - viewport_.toCanvas(drag_->from);
+        const PixelRect& from = drag_->layer.box;
+        drag_->box = {from.x + canvas.x(), from.y + canvas.y(), from.width, from.height};
+    } else if (drag_->kind == Kind::turn) {
+        const DeviceGizmoMath::Arcball ball{
+            {box.center().x(), box.center().y()}, std::hypot(box.width(), box.height()) / 2};
+        changed =
+            DeviceOperations::rotated(start, {drag_->from.x(), drag_->from.y()}, {to.x(), to.y()}, ball);
+    } else {
+        const double sign = drag_->handle.y == 0 ? -drag_->handle.x : drag_->handle.y;
+        const double travel = drag_->handle.y == 0 ? -by.x() : by.y();
+        changed = DeviceOperations::scaled(start, sign < 0 ? travel : -travel);
+        const double factor = changed.scale / std::max(start.state.scale, 1e-6);
+        drag_->box = grown(drag_->layer.box, {factor, factor, drag_->layer.box.center()});
+    }
+    EditState held = model_.state.edited();
+    auto* device = held.content<DeviceContent>(start.scene, start.layer);
+    if (!device) return;
+    DeviceKeyframes::upsertUnifiedKeyframe(*device, start.atSec, changed);
+    if (device->scene3D) {
+        model_.liveUpdateScene3D(start.scene, start.layer, *device->scene3D);
+        if (device->placement) model_.liveUpdatePlacement(start.scene, start.layer, *device->placement);
+    } else {
+        model_.update("Move device", [&](EditState& state) {
+            if (auto* flat = state.content<DeviceContent>(start.scene, start.layer)) *flat = *device;
+        });
+    }
+}
+
+void StageTool::release() {
+    if (!drag_) return;
+    const bool hasMoved = drag_->hasMoved;
+    drag_.reset();
+    if (hasMoved) {
+        model_.commitLiveEdits();
+        model_.endGesture();
+    }
+    if (onChange) onChange();
+}
+
+void StageTool::cancel() {
+    if (!drag_) return;
+    const bool hasMoved = drag_->hasMoved;
+    if (hasMoved) {
+        model_.commitLiveEdits();
+        change([](CompositionLayer&) {});
+    }
+    drag_.reset();
+    if (hasMoved) model_.endGesture();
+    if (onChange) onChange();
+}
+
+void StageTool::nudge(double dxPx, double dyPx) {
+    const auto layer = selected();
+    if (!layer) return;
+    if (auto start = deviceStart(layer->place)) {
+        model_.update("Nudge device", [&](EditState& state) {
+            auto* device = state.content<DeviceContent>(start->scene, start->layer);
+            DeviceKeyframes::UnifiedState moved = start->state;
+            moved.offset.x += dxPx / viewport_.canvas().height();
+            moved.offset.y += dyPx / viewport_.canvas().height();
+            if (device) DeviceKeyframes::upsertUnifiedKeyframe(*device, start->atSec, moved);
+        });
+        return;
+    }
+    model_.update("Nudge layer", [&](EditState& state) {
+        if (auto* held = state.layer(layer->place.scene, layer->place.layer)) moveLayer(*held, dxPx, dyPx);
+    });
+}
+
+void StageTool::hover(QPointF at) {
+    const auto before = hovered_;
+    hovered_ = layerUnder(at);
+    const bool isSame = before.has_value() == hovered_.has_value() &&
+                        (!before || (before->place == hovered_->place && before->box == hovered_->box));
+    if (!isSame && onChange) onChange();
+}
+
+void StageTool::leave() {
+    if (!std::exchange(hovered_, std::nullopt)) return;
+    if (onChange) onChange();
+}
+
+QString StageTool::hoverText() const {
+    if (!hovered_) return {};
+    return tr("%1 · %2 × %3")
+        .arg(words(hovered_->name))
+        .arg(std::lround(hovered_->box.width))
+        .arg(std::lround(hovered_->box.height));
+}
+
+void StageTool::paint(QPainter& painter) const {
+    const design::Theme& theme = design::Style::theme();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    const auto now = selected();
+    if (hovered_ && !drag_ && !(now && hovered_->place == now->place)) {
+        painter.setPen(QPen(design::withAlpha(theme.focus, 0.7), 1));
+        painter.drawRect(inView(hovered_->box));
+    }
+    if (!now || model_.state.isPlaying()) return;
+    const QRectF box = inView(now->box);
+    painter.setPen(QPen(QColor(0, 0, 0, 90), 3));
+    painter.drawRect(box);
+    painter.setPen(QPen(theme.focus, 1.5));
+    painter.drawRect(box);
+    painter.drawLine(QPointF(box.center().x(), box.top()), turnHandle(box));
+    painter.setPen(QPen(theme.focus, 1.25));
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(turnHandle(box), handlePx / 2, handlePx / 2);
+    EditState edited = model_.state.edited();
+    const CompositionLayer* held = edited.layer(now->place.scene, now->place.layer);
+    if (held && mayGrow(*held))
+        for (const StageHandle handle : handles) {
+            const QPointF at = handlePoint(box, handle);
+            painter.drawRoundedRect(
+                QRectF(at.x() - handlePx / 2, at.y() - handlePx / 2, handlePx, handlePx), 2, 2);
+        }
+    if (!drag_) return;
+    const QRectF canvas = viewport_.canvasRect();
+    painter.setPen(QPen(theme.playhead, 1));
+    for (const StageGuide& guide : drag_->guides) {
+        const QPointF at = viewport_.toView({guide.atPx, guide.atPx});
+        if (guide.axis == StageGuide::Axis::vertical)
+            painter.drawLine(QPointF(at.x(), canvas.top()), QPointF(at.x(), canvas.bottom()));
+        else
+            painter.drawLine(QPointF(canvas.left(), at.y()), QPointF(canvas.right(), at.y()));
+    }
+}
+
+}   // namespace tavix::editor

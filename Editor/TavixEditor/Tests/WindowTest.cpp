@@ -1,0 +1,282 @@
+// What a person does with documents: open, save, close, quit, come back.
+#include "EditorWindow.h"
+
+#include "Editor/EditorDesignSystem/Style/Tokens.h"
+#include "TavixEditor/App/OneInstance.h"
+#include "TavixEditor/App/ThemeChoice.h"
+#include "TavixEditor/Panels/CommandMatch.h"
+#include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Windows/BundleCopy.h"
+#include "TavixEditor/Windows/ExportChoice.h"
+#include "TavixEditor/Windows/RecentCard.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+#include <cmath>
+
+namespace tavix::editor {
+namespace {
+
+TEST_F(EditorWindow, ShowsThePictureOfTheCompositionThatIsOpened) {
+    open(makeBundle("square"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("square[*] — Tavix"));
+    const StageView& stage = window->editor().stage();
+    ASSERT_TRUE(until([&] { return !stage.frame().isNull(); }));
+    // The shape is white, and takes the middle quarter of a black canvas.
+    const QImage frame = stage.frame();
+    EXPECT_EQ(QColor(frame.pixel(frame.width() / 2, frame.height() / 2)), QColor(Qt::white));
+    EXPECT_EQ(QColor(frame.pixel(frame.width() / 4, frame.height() / 2)), QColor(Qt::black));
+    // And is on the screen where the stage says that the canvas is.
+    const QImage shown = window->editor().stage().grab().toImage();
+    const QPoint middle = stage.viewport().drawnRect().center();
+    EXPECT_EQ(QColor(shown.pixel(middle)), QColor(Qt::white));
+}
+
+TEST_F(EditorWindow, TellsWhatIsNoCompositionAndLeavesTheOpenOneAlone) {
+    const auto bundle = makeBundle("square");
+    open(bundle);
+    edit();
+    window->openDocument("/etc/hostname");
+    EXPECT_EQ(state().errorMessage(), "Not a Tavix composition — open a .tavixcomp bundle.");
+    EXPECT_EQ(state().bundle(), bundle);
+    EXPECT_TRUE(state().hasUnsavedChanges());
+}
+
+TEST_F(EditorWindow, AClosedWindowAsksForWhatIsNotSavedAndCancelKeepsIt) {
+    open(makeBundle("square"));
+    edit();
+    bool isClosed = false;
+    window->onClosed = [&] { isClosed = true; };
+    window->close();
+    QWidget* question = dialog("unsavedChanges");
+    ASSERT_TRUE(question);
+    bool isTold = false;
+    for (const auto* label : question->findChildren<QLabel*>())
+        isTold = isTold ||
+                 label->text() == QStringLiteral("Do you want to save the changes you made to “square”?");
+    EXPECT_TRUE(isTold);
+    click(question, QStringLiteral("Cancel"));
+    QTest::qWait(50);
+    EXPECT_FALSE(isClosed);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(layer().opacity, 0.5);
+}
+
+TEST_F(EditorWindow, SaveInTheQuestionWritesTheFileBeforeTheWindowGoes) {
+    const auto bundle = makeBundle("square");
+    open(bundle);
+    edit();
+    bool isClosed = false;
+    window->onClosed = [&] { isClosed = true; };
+    window->close();
+    click(dialog("unsavedChanges"), QStringLiteral("Save"));
+    ASSERT_TRUE(until([&] { return isClosed; }));
+    EXPECT_NE(fileOf(bundle).find("\"opacity\" : 0.5"), std::string::npos) << fileOf(bundle);
+}
+
+TEST_F(EditorWindow, DontSaveLeavesTheFileAsItWas) {
+    const auto bundle = makeBundle("square");
+    const std::string before = fileOf(bundle);
+    open(bundle);
+    edit();
+    window->actions().close->trigger();
+    click(dialog("unsavedChanges"), QStringLiteral("Don’t Save"));
+    ASSERT_TRUE(until([&] { return !state().isLoaded(); }));
+    EXPECT_EQ(fileOf(bundle), before);
+    EXPECT_EQ(window->size(), QSize(780, 500));   // the welcome screen
+}
+
+TEST_F(EditorWindow, ASaveThatFailsStopsTheClose) {
+    const auto bundle = makeBundle("square");
+    open(bundle);
+    edit();
+    std::filesystem::remove_all(bundle);
+    std::ofstream(bundle.string()) << "in the way";
+    bool isClosed = false;
+    window->onClosed = [&] { isClosed = true; };
+    window->close();
+    click(dialog("unsavedChanges"), QStringLiteral("Save"));
+    ASSERT_TRUE(until([&] { return state().errorMessage().has_value(); }));
+    QTest::qWait(50);
+    EXPECT_FALSE(isClosed);
+    EXPECT_EQ(layer().opacity, 0.5);
+}
+
+TEST_F(EditorWindow, UndoAndRedoTellTheirStepsInTheMenu) {
+    open(makeBundle("square"));
+    EXPECT_FALSE(window->actions().undo->isEnabled());
+    edit();
+    EXPECT_EQ(window->actions().undo->text(), QStringLiteral("&Undo Fade"));
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(layer().opacity, 1);
+    EXPECT_EQ(window->actions().redo->text(), QStringLiteral("&Redo Fade"));
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(layer().opacity, 0.5);
+}
+
+TEST_F(EditorWindow, TheSpaceBarPlaysAndPausesAndPointsStepByFrames) {
+    open(makeBundle("square"));
+    QTest::keyClick(window.get(), Qt::Key_Period);
+    EXPECT_NEAR(state().currentTime(), 1.0 / double(state().edited().spec.output.fps), 1e-9);
+    QTest::keyClick(window.get(), Qt::Key_Space);
+    EXPECT_TRUE(state().isPlaying());
+    EXPECT_EQ(window->actions().play->text(), QStringLiteral("&Pause"));
+    ASSERT_TRUE(until([&] { return state().currentTime() > 0.3; }));
+    QTest::keyClick(window.get(), Qt::Key_Space);
+    EXPECT_FALSE(state().isPlaying());
+}
+
+TEST_F(EditorWindow, ADragOnTheStageMovesTheLayerInOneStepAndEscapeTakesItBack) {
+    open(makeBundle("square"));
+    StageView& stage = window->editor().stage();
+    ASSERT_TRUE(until([&] { return !stage.frame().isNull(); }));
+    const QPointF middle = stage.viewport().toView({200, 200});
+    const auto point = [&](QPointF at) { return at.toPoint(); };
+    const double scale = stage.viewport().scale();
+    // It can be taken hold of as soon as it is known where it is.
+    ASSERT_TRUE(until([&] {
+        QTest::mouseMove(&stage, point(middle));
+        return stage.cursor().shape() != Qt::ArrowCursor ||
+               (QTest::mouseClick(&stage, Qt::LeftButton, {}, point(middle)),
+                   state().edited().selection.layer.has_value());
+    }));
+    const QPointF to = middle + QPointF(60, 33);
+    QTest::mousePress(&stage, Qt::LeftButton, {}, point(middle));
+    for (const double part : {0.3, 0.7, 1.0}) QTest::mouseMove(&stage, point(middle + part * (to - middle)));
+    QTest::mouseRelease(&stage, Qt::LeftButton, {}, point(to));
+    EXPECT_NEAR(layer().position.x, 200 + 60 / scale, 6 / scale + 1);   // the guides may have pulled
+    EXPECT_NEAR(layer().position.y, 200 + 33 / scale, 6 / scale + 1);
+    ASSERT_TRUE(until([&] { return window->actions().undo->text() == QStringLiteral("&Undo Move layer"); }));
+    window->actions().undo->trigger();
+    EXPECT_EQ(layer().position, (PixelPoint{200, 200}));
+    EXPECT_FALSE(window->actions().undo->isEnabled());
+
+    QTest::mousePress(&stage, Qt::LeftButton, {}, point(middle));
+    QTest::mouseMove(&stage, point(to));
+    QTest::keyClick(&stage, Qt::Key_Escape);
+    EXPECT_EQ(layer().position, (PixelPoint{200, 200}));
+}
+
+TEST_F(EditorWindow, ArrowsNudgeAndDeleteRemovesWhatIsSelected) {
+    open(makeBundle("square"));
+    StageView& stage = window->editor().stage();
+    studio->model.selectLayer(0, 0);
+    stage.setFocus();
+    ASSERT_TRUE(until([&] {
+        QTest::keyClick(&stage, Qt::Key_Right);
+        return layer().position.x > 200;
+    }));
+    const double x = layer().position.x;
+    QTest::keyClick(&stage, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(layer().position, (PixelPoint{x, 190}));
+    QTest::keyClick(&stage, Qt::Key_Delete);
+    EXPECT_TRUE(state().edited().spec.scenes[0].layers.empty());
+}
+
+TEST_F(EditorWindow, ListsWhatWasOpenTheLatestFirst) {
+    open(makeBundle("first"));
+    open(makeBundle("second"));
+    window->actions().close->trigger();
+    const auto names = [&] {
+        QStringList shown;
+        for (auto* button : window->findChildren<QAbstractButton*>())
+            if (dynamic_cast<RecentCard*>(button) && button->isVisible()) shown << button->text();
+        return shown;
+    };
+    EXPECT_TRUE(until([&] {
+        return names() == QStringList({QStringLiteral("second"), QStringLiteral("first")});
+    })) << names().join(QLatin1Char(' ')).toStdString();
+}
+
+TEST(CommandMatch, PutsWordsBeforePartsOfWordsAndThoseBeforeLoseLetters) {
+    const QString save = QStringLiteral("Save As…"), safe = QStringLiteral("Safe Areas"),
+                  text = QStringLiteral("Add Text");
+    const auto rank = [](const QString& words, const char* letters) {
+        return commandRank(words, QString::fromLatin1(letters));
+    };
+    EXPECT_EQ(rank(text, "xyz"), std::nullopt);
+    EXPECT_LT(rank(save, "sav"), rank(QStringLiteral("Dissave"), "sav"));
+    EXPECT_LT(rank(safe, "area"), rank(safe, "sfar"));
+    EXPECT_TRUE(rank(text, "adt"));
+    EXPECT_EQ(rank(text, "tda"), std::nullopt);   // the order counts
+    EXPECT_EQ(rank(text, ""), 0);
+}
+
+TEST_F(EditorWindow, ThePaletteRunsTheCommandThatIsFoundFirst) {
+    open(makeBundle("square"));
+    QTest::keyClick(window.get(), Qt::Key_K, Qt::ControlModifier);
+    QWidget* palette = dialog("commandPalette");
+    ASSERT_TRUE(palette);
+    QWidget* search = palette->focusWidget();
+    ASSERT_TRUE(search);
+    QTest::keyClicks(search, QStringLiteral("add sce"));
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(until([&] { return state().edited().spec.scenes.size() == 2; }));
+}
+
+TEST_F(EditorWindow, SavesAsAnotherBundleAndLeavesTheFirstAsItWas) {
+    const auto bundle = makeBundle("square");
+    const std::string before = fileOf(bundle);
+    open(bundle);
+    edit();
+    const auto target = bundle.parent_path() / "copy.tavixcomp";
+    bool isDone = false;
+    copyBundle(*studio, target, [&] { isDone = true; });
+    ASSERT_TRUE(until([&] { return isDone; }));
+    EXPECT_EQ(fileOf(bundle), before);
+    EXPECT_NE(fileOf(target).find("\"opacity\" : 0.5"), std::string::npos);
+    copyBundle(*studio, bundle, [] { FAIL(); });
+    ASSERT_TRUE(until([&] { return state().errorMessage().has_value(); }));
+    EXPECT_EQ(fileOf(bundle), before);
+}
+
+TEST(ExportChoice, NamesTheFileByWhatIsInIt) {
+    using enum VideoCodec;
+    const auto name = [](ExportFormat format, VideoCodec codec, ExportContainer container) {
+        return exportFilename("film", {format, codec, container, ResolutionPreset::native});
+    };
+    EXPECT_EQ(name(ExportFormat::video, h264, ExportContainer::mp4), "film.mp4");
+    EXPECT_EQ(name(ExportFormat::video, hevc, ExportContainer::mov), "film.mov");
+    EXPECT_EQ(name(ExportFormat::video, proRes4444, ExportContainer::mp4), "film.mov");
+    EXPECT_EQ(name(ExportFormat::gif, h264, ExportContainer::mov), "film.gif");
+    EXPECT_EQ(exportFilename("", {}), "composition.mp4");
+}
+
+TEST(ExportChoice, TellsWhatIsLeftFromWhatIsDone) {
+    EXPECT_TRUE(std::isinf(remainingSec(0, 5)));
+    EXPECT_NEAR(remainingSec(0.25, 10), 30, 1e-9);
+    EXPECT_EQ(remainingSec(1, 10), 0);
+}
+
+TEST(ThemeChoice, FollowsTheDesktopUnlessOneWasChosen) {
+    DesktopLook look;
+    EXPECT_TRUE(themeFor(ThemeWish::desktop, look).isDark);
+    const QString space = QStringLiteral("org.freedesktop.appearance");
+    look.take(space, QStringLiteral("color-scheme"), 2u);
+    EXPECT_FALSE(themeFor(ThemeWish::desktop, look).isDark);
+    EXPECT_TRUE(themeFor(ThemeWish::dark, look).isDark);
+    look.take(space, QStringLiteral("contrast"), 1u);
+    EXPECT_EQ(&themeFor(ThemeWish::desktop, look), &design::contrastLight());
+    look.take(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), false);
+    EXPECT_TRUE(look.isMotionReduced);
+    look.take(space, QStringLiteral("color-scheme"), QStringLiteral("nonsense"));
+    EXPECT_EQ(look.scheme, DesktopLook::Scheme::none);
+}
+
+TEST(OneInstance, HandsItsBundlesToTheOneThatRuns) {
+    const QString name = QStringLiteral("tavix-editor-test-%1").arg(QCoreApplication::applicationPid());
+    EXPECT_FALSE(OneInstance(name).handOver({QStringLiteral("/a")}));
+    OneInstance first(name);
+    QList<QStringList> told;
+    first.listen([&](const QStringList& bundles) { told << bundles; });
+    EXPECT_TRUE(OneInstance(name).handOver({QStringLiteral("/a b.tavixcomp"), QStringLiteral("/ü")}));
+    EXPECT_TRUE(OneInstance(name).handOver({}));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return told.size() == 2; }, 5000));
+    EXPECT_EQ(told[0], QStringList({QStringLiteral("/a b.tavixcomp"), QStringLiteral("/ü")}));
+    EXPECT_TRUE(told[1].isEmpty());
+}
+
+}   // namespace
+}   // namespace tavix::editor

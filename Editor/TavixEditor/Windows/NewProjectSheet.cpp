@@ -1,0 +1,104 @@
+#include "TavixEditor/Windows/NewProjectSheet.h"
+
+#include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixEditor/App/EngineProgram.h"
+#include "TavixEditor/App/Words.h"
+
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace tavix::editor {
+
+using namespace design;
+
+NewProjectSheet::NewProjectSheet(QWidget* parent)
+    : QDialog(parent), templates_(new QListWidget), fault_(makeLabel({}, TextSize::body)),
+      create_(new QPushButton(tr("Create…"))) {
+    setObjectName(QStringLiteral("newProject"));
+    setWindowTitle(tr("New from Template"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMinimumSize(520, 420);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(space::section, space::section, space::section, space::large);
+    column->setSpacing(space::medium);
+    column->addWidget(makeLabel(tr("New from Template"), TextSize::title));
+    templates_->setFrameShape(QFrame::NoFrame);
+    templates_->setWordWrap(true);
+    templates_->setAccessibleName(tr("Templates"));
+    column->addWidget(templates_, 1);
+    fault_->setWordWrap(true);
+    fault_->setVisible(false);
+    column->addWidget(fault_);
+    auto* buttons = new QHBoxLayout;
+    auto* cancel = new QPushButton(tr("Cancel"));
+    create_->setDefault(true);
+    create_->setEnabled(false);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(create_);
+    column->addLayout(buttons);
+    QObject::connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    QObject::connect(create_, &QPushButton::clicked, this, [this] { askWhere(); });
+    QObject::connect(templates_, &QListWidget::itemActivated, this, [this] { askWhere(); });
+    runEngine({QStringLiteral("new"), QStringLiteral("--list"), QStringLiteral("--json")}, this,
+        [this](const EngineAnswer& answer) {
+            if (answer.isDone) return list(answer.output);
+            fault_->setText(answer.fault);
+            fault_->setVisible(true);
+        });
+}
+
+void NewProjectSheet::list(const QByteArray& json) {
+    const QJsonArray entries = QJsonDocument::fromJson(json).array();
+    for (const QJsonValue& value : entries) {
+        const QJsonObject entry = value.toObject();
+        const QString name = entry[QLatin1String("name")].toString();
+        auto* item = new QListWidgetItem(QStringLiteral("%1 · %2 × %3\n%4")
+                                             .arg(name)
+                                             .arg(entry[QLatin1String("widthPx")].toInt())
+                                             .arg(entry[QLatin1String("heightPx")].toInt())
+                                             .arg(entry[QLatin1String("about")].toString()),
+            templates_);
+        item->setData(Qt::UserRole, name);
+        item->setSizeHint({0, 2 * height::row - space::small});
+    }
+    templates_->setCurrentRow(0);
+    create_->setEnabled(templates_->count() > 0);
+}
+
+void NewProjectSheet::askWhere() {
+    const QListWidgetItem* item = templates_->currentItem();
+    if (!item) return;
+    auto* dialog = new QFileDialog(this, tr("New Project"),
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), QStringLiteral("*.tavixcomp"));
+    dialog->setObjectName(QStringLiteral("newProjectTarget"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("tavixcomp"));
+    dialog->selectFile(item->data(Qt::UserRole).toString() + QStringLiteral(".tavixcomp"));
+    QObject::connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) { make(file); });
+    dialog->open();
+}
+
+void NewProjectSheet::make(const QString& file) {
+    const QString name = templates_->currentItem()->data(Qt::UserRole).toString();
+    create_->setEnabled(false);
+    runEngine({QStringLiteral("new"), file, QStringLiteral("--template"), name}, this,
+        [this, file](const EngineAnswer& answer) {
+            create_->setEnabled(true);
+            fault_->setVisible(!answer.isDone);
+            fault_->setText(answer.fault);
+            if (!answer.isDone) return;
+            if (onMade) onMade(pathOf(file));
+            accept();
+        });
+}
+
+}   // namespace tavix::editor
