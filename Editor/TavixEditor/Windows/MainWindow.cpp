@@ -67,8 +67,9 @@ MainWindow::~MainWindow() = default;
 void MainWindow::showNotice() {
     const auto recover = [this](std::size_t index) {
         unsaved_.resolve([this, index] {
+            isOpening_ = true;
             enter(editor_);
-            studio_.model.recoverLostWork(index, [this] { applyWindowMode(); });
+            studio_.model.recoverLostWork(index, [this] { arrive(); });
         });
     };
     const bool isLoaded = studio_.model.state.isLoaded();
@@ -93,11 +94,7 @@ void MainWindow::openDocument(const std::filesystem::path& path) {
         studio_.model.state.errorMessage = utf8Of(tr("Not a Tavix composition — open a .tavixcomp bundle."));
         return;
     }
-    // The stage has its size before its first picture is drawn.
-    unsaved_.resolve([this, path] {
-        enter(editor_);
-        studio_.model.open(std::filesystem::absolute(path), [this] { applyWindowMode(); });
-    });
+    unsaved_.resolve([this, path] { openNow(std::filesystem::absolute(path)); });
 }
 
 void MainWindow::askForBundle() {
@@ -110,7 +107,25 @@ void MainWindow::askForBundle() {
 }
 
 void MainWindow::closeDocument() {
-    unsaved_.resolve([this] { studio_.model.close(); });
+    unsaved_.resolve([this] {
+        isOpening_ = false;
+        studio_.model.close();
+        applyWindowMode();
+    });
+}
+
+// The editor stands before the document arrives: the stage has its size before its first picture is drawn,
+// and between two documents the window stays as it is.
+void MainWindow::openNow(const std::filesystem::path& bundle) {
+    isOpening_ = true;
+    enter(editor_);
+    // A copy: the path may be that of the document which goes now.
+    studio_.model.open(std::filesystem::path(bundle), [this] { arrive(); });
+}
+
+void MainWindow::arrive() {
+    isOpening_ = false;
+    applyWindowMode();
 }
 
 // The bundle is copied whole as it lies on disk, with what is not saved written into the copy, which is open
@@ -123,8 +138,7 @@ void MainWindow::saveAs() {
     dialog->setDefaultSuffix(QStringLiteral("tavixcomp"));
     dialog->selectFile(pathWords(studio_.model.state.bundle()->filename()));
     QObject::connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
-        copyBundle(studio_, pathOf(file),
-            [this, target = pathOf(file)] { studio_.model.open(target, [this] { applyWindowMode(); }); });
+        copyBundle(studio_, pathOf(file), [this, target = pathOf(file)] { openNow(target); });
     });
     dialog->open();
 }
@@ -140,7 +154,7 @@ void MainWindow::connectFileActions() {
     });
     on(actions_.open, [this] { askForBundle(); });
     on(actions_.save, [this] { studio_.model.save(); });
-    on(actions_.revert, [this] { studio_.model.open(*studio_.model.state.bundle()); });
+    on(actions_.revert, [this] { openNow(*studio_.model.state.bundle()); });
     on(actions_.saveAs, [this] { saveAs(); });
     on(actions_.exportFilm, [this] { (new ExportSheet(studio_.model, this))->open(); });
     on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
@@ -290,6 +304,7 @@ void MainWindow::showActions() {
 }
 
 void MainWindow::applyWindowMode() {
+    if (isOpening_ && !studio_.model.state.isLoaded()) return;
     enter(studio_.model.state.isLoaded() ? static_cast<QWidget*>(editor_) : welcome_);
 }
 

@@ -47,6 +47,8 @@ private:
     void connectViewActions();
     void connectThemes();
     void enter(QWidget* page);
+    void openNow(const std::filesystem::path& bundle);
+    void arrive();
     void applyWindowMode();
     void showNotice();
     void saveAs();
@@ -63,7 +65,7 @@ private:
     QStackedLayout* pages_;
     WelcomeView* welcome_;
     EditorView* editor_;
-    bool mayClose_ = false, hasEntered_ = false;
+    bool mayClose_ = false, hasEntered_ = false, isOpening_ = false;
     Connections connections_;
 };
 
