@@ -14,7 +14,7 @@ constexpr std::string_view mark = "tavix piece 1\n";
 constexpr std::int64_t endOfPackets = -1;   // where a packet would tell its size
 // The digest, and before it how many packets there are.
 constexpr std::int64_t tailBytes = sizeof(Digest) + sizeof(std::int64_t);
-constexpr std::int64_t mostPacketBytes = std::int64_t{1} << 30;
+constexpr std::int64_t mostPacketBytes = std::int64_t{1} << 30, mostExtraBytes = 1 << 20;
 
 // What is said of a track apart from its extra data. Plain numbers without holes between them.
 struct TrackHead {
@@ -129,6 +129,8 @@ PieceReader::PieceReader(const std::filesystem::path& path)
     std::string start(mark.size(), '\0');
     get(start.data(), start.size());
     const auto head = get<TrackHead>();
+    if (head.extraBytes < 0 || head.extraBytes > mostExtraBytes || packetCount_ < 0)
+        throw MediaError(failure_ + "it is damaged.");
     parameters_ = parametersOf(head);
     std::string extra(static_cast<std::size_t>(head.extraBytes), '\0');
     get(extra.data(), extra.size());
@@ -144,7 +146,8 @@ PieceReader::PieceReader(const std::filesystem::path& path)
     head_.assign(reinterpret_cast<const char*>(&head), sizeof head).append(extra);
 }
 
-// Once the digest is right all the rest is what was written, and needs no doubt.
+// A piece with the right digest is what was written, unless somebody forged it: sizes are doubted all the
+// same.
 void PieceReader::requireWhole() {
     const std::int64_t end = file_.sizeBytes() - std::int64_t{sizeof(Digest)};
     if (end < static_cast<std::int64_t>(mark.size() + sizeof(TrackHead)) + tailBytes)

@@ -79,7 +79,8 @@ bool PieceStore::fetch(const Digest& key, std::int64_t frameCount, const fs::pat
 
 void PieceStore::keep(const Digest& key, const fs::path& piece) const {
     std::error_code error;
-    fs::create_directories(folder_, error);
+    // What somebody's films show is nobody else's business.
+    if (fs::create_directories(folder_, error)) fs::permissions(folder_, fs::perms::owner_all, error);
     const fs::path file = fileOf(key);
     const fs::path hidden = folder_ / (nameOf(key) + "-" + std::to_string(::getpid())).append(unfinished);
     if (linkOrCopy(piece, hidden)) fs::rename(hidden, file, error);
