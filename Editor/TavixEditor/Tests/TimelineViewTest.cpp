@@ -3,6 +3,8 @@
 #include "EditorTestKit.h"
 #include "TavixEditor/Timeline/TimelineAccessibility.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
+#include "TavixLive/Operations/LayerOperations.h"
+#include "TavixLive/Operations/TrackOperations.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -141,6 +143,23 @@ TEST_F(TimelineViewTest, ScrollingPaintsOnlyWhatComesIntoView) {
     QApplication::processEvents();
     EXPECT_GT(counter.area(), 0);
     EXPECT_LT(counter.area(), 1020 * 300 / 4);
+}
+
+TEST_F(TimelineViewTest, SoundsAndKeyframesStandOnceBelowTheLayersOrAtTheLowerEnd) {
+    studio.model.update("Many", [](EditState& state) {
+        for (int i = 0; i < 20; ++i) LayerOperations::addLayer(state, 0, ContentKind::shape);
+        TrackOperations::addTrack(state, 0, 22, AnimProperty::opacity);
+        state.selection = {0, 22, {}};
+    });
+    const double row = canvas->layout().keyframeRowTop(canvas->scene(), 0);
+    EXPECT_GT(row, 300);                       // far below the layers
+    EXPECT_LT(canvas->viewY(row), 300 - 24);   // and yet in sight
+    EXPECT_GT(canvas->mostScrollY(), 0);
+    canvas->resize(1020, 900);
+    QApplication::processEvents();
+    EXPECT_EQ(canvas->viewY(row), row);
+    EXPECT_EQ(canvas->lanesBottom(), int(canvas->layout().soundTop(canvas->scene())));
+    EXPECT_EQ(canvas->mostScrollY(), 0);
 }
 
 TEST_F(TimelineViewTest, KeysBelongToItBeforeTheyAreShortcuts) {

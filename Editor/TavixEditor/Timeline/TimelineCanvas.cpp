@@ -75,7 +75,12 @@ void TimelineCanvas::updateScale() {
     scrollY_ = std::clamp(scrollY_, 0, mostScrollY());
 }
 
-int TimelineCanvas::lanesBottom() const { return height() - int(layout_.footHeight(scene_, height())); }
+int TimelineCanvas::lanesBottom() const {
+    const double foot = layout_.footHeight(scene_, height());
+    if (foot <= 0) return height();
+    // Where there is room for everything the foot follows the layers.
+    return int(std::min(height() - foot, layout_.soundTop(scene_)));
+}
 
 int TimelineCanvas::mostScrollY() const {
     const bool hasFoot = lanesBottom() < height();
