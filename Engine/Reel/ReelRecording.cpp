@@ -35,10 +35,9 @@ template <class T> T readDocument(const fs::path& file, Terminal& terminal) {
     }
 }
 
-// The times of the pictures where they were marked.
+// On the clock of the document, with the times of the pictures where they were marked.
 Timeline aligned(const Timeline& sidecar, const VideoProbe& probe, Terminal& terminal) {
-    auto result =
-        PixelMarkAlignment::align(sidecar, probe.markBlipSeconds, PixelMarkAlignment::usualTolerance);
+    auto result = PixelMarkAlignment::onReelClock(sidecar, probe);
     const std::string expected = std::to_string(result.expected);
     if (result.matched > 0)
         terminal.tell(
@@ -48,16 +47,6 @@ Timeline aligned(const Timeline& sidecar, const VideoProbe& probe, Terminal& ter
             "The marks in the picture do not fit the sidecar, so its own times are used: it speaks of " +
                 expected + ", and " + std::to_string(probe.markBlipSeconds.size()) + " were seen.");
     return std::move(result.timeline);
-}
-
-// Counted from where the reel starts. What began before that begins with it.
-void shift(Timeline& timeline, double trimStartSec) {
-    const auto moved = [trimStartSec](double sec) { return std::max(sec - trimStartSec, 0.0); };
-    for (Timeline::Event& event : timeline.events) {
-        event.tSec = moved(event.tSec);
-        if (event.actionSec) event.actionSec = moved(*event.actionSec);
-        if (event.endSec) event.endSec = moved(*event.endSec);
-    }
 }
 
 void warnOfOtherSize(const Timeline::Video& told, const VideoProbe& probe, Terminal& terminal) {
@@ -93,7 +82,6 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
         const auto sidecar = readDocument<Timeline>(parts.timeline, terminal);
         warnOfOtherSize(sidecar.video, recording.probe, terminal);
         recording.timeline = aligned(sidecar, recording.probe, terminal);
-        shift(recording.timeline, recording.probe.trimStartSec());
     } else {
         recording.timeline.video = {recording.probe.widthPx, recording.probe.heightPx, recording.probe.fps};
     }

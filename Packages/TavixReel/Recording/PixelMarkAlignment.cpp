@@ -1,5 +1,7 @@
 #include "TavixReel/Recording/PixelMarkAlignment.h"
 
+#include "TavixReel/Recording/VideoProbe.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -144,6 +146,18 @@ Result align(const Timeline& timeline, std::span<const double> blipsSec, const T
     for (std::size_t i = 0; i < paired.size(); ++i)
         reverted += repair(result.timeline.events[i], timeline.events[i], paired[i]);
     result.matched = leftOut->size() - std::min(reverted, leftOut->size());
+    return result;
+}
+
+Result onReelClock(const Timeline& sidecar, const VideoProbe& video) {
+    Result result = align(sidecar, video.markBlipSeconds, usualTolerance);
+    const auto moved = [startSec = video.trimStartSec()](
+                           double sec) { return std::max(sec - startSec, 0.0); };
+    for (Timeline::Event& event : result.timeline.events) {
+        event.tSec = moved(event.tSec);
+        if (event.actionSec) event.actionSec = moved(*event.actionSec);
+        if (event.endSec) event.endSec = moved(*event.endSec);
+    }
     return result;
 }
 

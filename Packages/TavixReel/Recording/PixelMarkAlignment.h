@@ -7,6 +7,10 @@
 #include <cstddef>
 #include <span>
 
+namespace tavix {
+struct VideoProbe;
+}
+
 namespace tavix::PixelMarkAlignment {
 
 struct Result {
@@ -28,5 +32,9 @@ inline constexpr Tolerance usualTolerance{0.25, 3};
 // Pairs marks and blips in order so that their distances are as small and as steady as can be; a steady
 // distance counts for more. With no pairing within the tolerance nothing changes.
 Result align(const Timeline& timeline, std::span<const double> blipsSec, const Tolerance& tolerance);
+
+// The same with what was seen in the video, and on the clock that documents speak in: from where the reel
+// starts. What began before that begins with it.
+Result onReelClock(const Timeline& sidecar, const VideoProbe& video);
 
 }   // namespace tavix::PixelMarkAlignment

@@ -27,14 +27,6 @@ std::string headline(const Config& config, const ReelFilm& film) {
            decimals(film.durationSec(), 1) + "s (" + std::to_string(frameCount(config)) + " frames)";
 }
 
-// The cues on the finished reel's clock; those in what is cut out come where the footage goes on.
-CompositionAudio soundOf(const Config& config) {
-    const auto segments = reelSegments(config.spec, config.footage);
-    CompositionAudio audio{.music = std::nullopt, .cues = config.spec.soundCues};
-    for (SoundCue& cue : audio.cues) cue.atSec = ReelTimeline::compositionSec(cue.atSec, segments);
-    return audio;
-}
-
 void writePicture(const Config& config, const FilmFile& file, const RenderLog& log,
     const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
     imaging::Evaluator evaluator(config.evaluation);
@@ -52,6 +44,13 @@ double durationSec(const Config& config) {
 
 }   // namespace
 
+CompositionAudio soundOf(const EffectsSpec& spec, const ReelFootage& footage) {
+    const auto segments = reelSegments(spec, footage);
+    CompositionAudio audio{.music = std::nullopt, .cues = spec.soundCues};
+    for (SoundCue& cue : audio.cues) cue.atSec = ReelTimeline::compositionSec(cue.atSec, segments);
+    return audio;
+}
+
 std::int64_t frameCount(const Config& config) {
     return std::max<std::int64_t>(FilmWriter::frameCount(durationSec(config), config.fps), 1);
 }
@@ -59,7 +58,7 @@ std::int64_t frameCount(const Config& config) {
 void write(const Config& config, const FilmFile& file, const RenderLog& log,
     const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
     if (config.spec.soundCues.empty()) return writePicture(config, file, log, onProgress, stop);
-    const CompositionAudio audio = soundOf(config);
+    const CompositionAudio audio = soundOf(config.spec, config.footage);
     FilmSound::writeUnder(
         {audio, config.assetRoot, durationSec(config)}, file,
         [&](const FilmFile& silent, const FilmWriter::Progress& report) {

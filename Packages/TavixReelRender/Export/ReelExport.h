@@ -1,6 +1,7 @@
 // A reel as it leaves the program: a film with its sound cues under it, a GIF, or one still.
 #pragma once
 
+#include "TavixCore/Document/CompositionAudio.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixReel/Document/EffectsSpec.h"
 #include "TavixReelRender/Film/ReelFilm.h"
@@ -20,6 +21,9 @@ struct Config {
 };
 
 std::int64_t frameCount(const Config& config);
+
+// What is heard, on the finished reel's clock: cues in what is cut out come where the footage goes on.
+CompositionAudio soundOf(const EffectsSpec& spec, const ReelFootage& footage);
 
 // The recording's own sound is left out; a reel is heard by its cues alone. Blocks until the file is written.
 // Throws `Failure`; `stop` ends in `RenderStopped`.
