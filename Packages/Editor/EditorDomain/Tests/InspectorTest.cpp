@@ -133,9 +133,8 @@ TEST(InspectorRows, AReadLayerTellsWhatItsMotionSets) {
 TEST(InspectorRows, AFormIsChosenAnew) {
     EditState state = withLayers({ContentKind::device});
     EXPECT_EQ(rowAt(state, "/device/screen").control, Control::alternative);
-    const auto words = rowAt(state, "/device/screen").words;
-    ASSERT_EQ(words.size(), 2u);
-    InspectorEdit::setAlternative(state, JsonPointer::parse("/device/screen"), words[1]);
+    EXPECT_THAT(rowAt(state, "/device/screen").words, testing::IsSupersetOf({"still", "video"}));
+    InspectorEdit::setAlternative(state, JsonPointer::parse("/device/screen"), "video");
     EXPECT_TRUE(std::holds_alternative<VideoClip>(state.content<DeviceContent>(0, 0)->screen));
 }
 
