@@ -6,6 +6,7 @@
 #include "Engine/Printable.h"
 #include "Engine/Terminal.h"
 #include "TavixAgent/Check/FindingReport.h"
+#include "TavixAgent/Document/ReadingFaults.h"
 #include "TavixAgent/Edit/DocumentEdit.h"
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionRoad.h"
@@ -57,10 +58,13 @@ Findings writtenInVain(const Json& written) {
     return found;
 }
 
-Findings lintedBeyond(const CompositionSpec& spec, const DocumentFile& document, const Json& written) {
+// Where the times of a document are in doubt, so is all that is seen.
+Findings lintedBeyond(
+    const CompositionRoad::Arrival& arrival, const DocumentFile& document, const Json& written) {
+    const CompositionSpec& spec = arrival.spec;
     FilmAssets assets(document.assetRoot);
     Findings seen = FilmJudge::missingFiles(spec, assets);
-    append(seen, FilmJudge::seen(CompositionGeometry(spec, assets)));
+    if (arrival.isResolved()) append(seen, FilmJudge::seen(CompositionGeometry(spec, assets)));
     Findings found = writtenInVain(written);
     append(found, CompositionLint::atAuthoredPaths(std::move(seen), spec));
     return found;
@@ -71,7 +75,7 @@ Findings judged(DocumentFile& document, const Checks& checks, Terminal& terminal
     const auto arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
     Findings all = checks.lint ? arrival.findings() : arrival.resolving;
     if (checks.lint) {
-        append(all, lintedBeyond(arrival.spec, document, written));
+        append(all, lintedBeyond(arrival, document, written));
     }
     if (checks.footage && arrival.isResolved())
         append(all, CompositionFootageAudit::findings(arrival.spec, document.assetRoot));
@@ -98,9 +102,11 @@ CompositionLint::Told findingsOf(const std::string& given, const Checks& checks,
     try {
         return findingsIn(openDocument(given), checks, terminal);
     } catch (const DocumentError& error) {
-        return {
-            {CompositionLint::findingOf(CompositionLint::Rule::unreadable, error.path(), error.message())},
-            {}};
+        Findings faults = readingFaults(writtenIn(given));
+        if (faults.empty())
+            faults = {
+                CompositionLint::findingOf(CompositionLint::Rule::unreadable, error.path(), error.message())};
+        return {std::move(faults), {}};
     }
 }
 

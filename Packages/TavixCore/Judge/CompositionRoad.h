@@ -31,7 +31,8 @@ struct Arrival {
     bool operator==(const Arrival&) const = default;
 };
 
-// From a document that has been read.
+// From a document that has been read. Where times cannot be resolved, what would follow from that alone is
+// not told: neither moments behind a length in doubt, nor what lint says of times that are not there yet.
 Arrival judge(CompositionSpec spec, const AssetRoot& assetRoot,
     const CompositionMarks::TimelineLoader& load = CompositionMarks::loadTimeline);
 

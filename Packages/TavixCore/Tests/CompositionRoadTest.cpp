@@ -40,6 +40,29 @@ TEST(CompositionRoad, DropsAllOnOneError) {
     EXPECT_EQ(arrival.findings().size(), arrival.resolving.size() + arrival.linting.size());
 }
 
+// Six scenes in beats, with a text in each that begins on the scene's second beat, and one fault of clocks.
+std::string sixScenes(const std::string& faultOfTheSecond) {
+    std::string scenes;
+    for (int i = 0; i < 6; ++i)
+        scenes += std::string(i ? "," : "") + R"({"durationBeats": 4, )" + (i == 1 ? faultOfTheSecond : "") +
+                  R"("layers": [{"kind": "text", "text": {"text": "Hello"}, "fromBeat": )" +
+                  std::to_string(4 * i + 1) + "}]}";
+    return R"({"audio": {"music": {"path": "a.mp3", "bpm": 120}}, "scenes": [)" + scenes + "]}";
+}
+
+TEST(CompositionRoad, TellsAFaultOfClocksAndNothingThatFollowsFromIt) {
+    EXPECT_TRUE(CompositionRoad::read(sixScenes(""), std::nullopt).findings().empty());
+    // A length that was meant to go: every later text would lie outside its scene.
+    const auto arrival = CompositionRoad::read(sixScenes(R"("durationSec": 9, )"), std::nullopt);
+    ASSERT_EQ(arrival.findings().size(), 1u);
+    EXPECT_EQ(arrival.findings().front().path, "scenes[1].durationBeats");
+    EXPECT_EQ(arrival.findings().front().code, "two-clocks");
+    // What has nothing to do with it is told beside it: a colour, and an earlier moment.
+    const auto others = CompositionRoad::read(
+        sixScenes(R"("durationSec": 9, "transition": {"style": "fade", "durationSec": -1}, )"), std::nullopt);
+    EXPECT_EQ(others.findings().size(), 2u);
+}
+
 TEST(CompositionRoad, GoesOnWithWarnings) {
     const auto arrival = CompositionRoad::read(R"({"audio": {"music": {"bpm": 120}}, "scenes": [
         {"durationBeats": 4, "layers": [{"kind": "device", "device": {
