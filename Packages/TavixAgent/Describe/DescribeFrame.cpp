@@ -6,6 +6,7 @@
 #include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixRender/Judge/ContrastRules.h"
+#include "TavixRender/Judge/Screening.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,9 +121,17 @@ private:
         for (LineDescription& line : told.lines) line.box = roundedBox(line.box);
         told.fonts = fontsOf(*layout);
         const FilmJudge::TextAtRest text{scene_, drawn.layer, localSec_, drawn};
-        const auto ratio =
+        auto contrast =
             FilmJudge::contrastOf(geometry_, text, FilmJudge::paintedGround(geometry_, frame_, drawn.layer));
-        if (ratio) told.contrast = std::floor(ratio->ratio * 10) / 10;
+        if (!contrast) contrast = FilmJudge::contrastOf(geometry_, text, pictured());
+        if (contrast) told.contrast = std::floor(contrast->ratio * 10) / 10;
+    }
+
+    // Of pictures, clips and phones only their pixels tell. One drawing serves all texts of the moment.
+    const FilmJudge::GroundAt& pictured() const {
+        if (!pictured_)
+            pictured_ = PicturedGround(film_.spec(), film_.document().assetRoot, {}).at(scene_, localSec_);
+        return pictured_;
     }
 
     const OpenFilm& film_;
@@ -130,6 +139,7 @@ private:
     std::size_t scene_;
     double localSec_, startSec_, stepSec_ = 0;
     FrameGeometry frame_;
+    mutable FilmJudge::GroundAt pictured_;
 };
 
 void tellSound(const CompositionAudio& audio, double atSec, FrameDescription& told) {

@@ -31,7 +31,7 @@ struct LayerDescription {
     double sinceSec = 0, untilSec = 0;
     std::vector<LineDescription> lines;   // of a text
     std::vector<std::string> fonts;       // that draw them
-    std::optional<double> contrast;       // to 1, against plain paints under a text
+    std::optional<double> contrast;       // to 1, against what lies under a text
     bool operator==(const LayerDescription&) const = default;
 };
 

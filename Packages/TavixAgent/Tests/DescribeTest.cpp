@@ -3,6 +3,7 @@
 
 #include "TavixAgent/Document/DocumentErrors.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/Tests/RenderTestKit.h"
 
 #include <gmock/gmock.h>
@@ -228,6 +229,31 @@ TEST_F(Describe, TellsTextsAsTheyAreRead) {
     EXPECT_NEAR(*layer.contrast, 21, 0.05);   // white on black
     EXPECT_FALSE(layer.fonts.empty());
     EXPECT_THAT(textOf(frame), HasSubstr("text \"headline\" /scenes/0/layers/0"));
+}
+
+TEST_F(Describe, MeasuresContrastAgainstThePictureUnderAText) {
+    // Of WCAG 2: white on 767676 is 4.54 to 1, on 949494 3.03; a picture knows no paint.
+    const struct {
+        int grey;
+        double ratio;
+    } cases[] = {{0x76, 4.5}, {0x94, 3.0}, {0xFF, 1.0}, {0x00, 21.0}};
+    for (const auto& c : cases) {
+        imaging::Bitmap picture(canvas);
+        for (int y = 0; y < canvas.height; ++y)
+            for (int x = 0; x < canvas.width; ++x) {
+                std::uint8_t* pixel = picture.view().row(y) + std::ptrdiff_t{4} * x;
+                pixel[0] = pixel[1] = pixel[2] = std::uint8_t(c.grey);
+                pixel[3] = 255;
+            }
+        media::writePng(folder.path() / "grey.png", picture.view());
+        const auto spec = decodeValue<CompositionSpec>(parseJson(R"({
+            "output": {"widthPx": 320, "heightPx": 180, "fps": 30},
+            "background": {"kind": "image", "image": {"path": "grey.png"}},
+            "scenes": [{"durationSec": 2, "layers": [{"kind": "text", "position": {"x": 160, "y": 90},
+                "text": {"text": "Hello", "sizeFraction": 0.2, "kinetic": {"preset": "none"}}}]}]})"));
+        const FrameDescription told = describeFrame(film(spec), 1);
+        EXPECT_EQ(told.scenes.at(0).layers.at(0).contrast, c.ratio) << c.grey;
+    }
 }
 
 TEST_F(Describe, TellsBeatsSoundsAndTransitions) {

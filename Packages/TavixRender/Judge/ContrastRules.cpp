@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <span>
 #include <utility>
 
@@ -70,8 +71,14 @@ bool contains(const std::vector<imaging::Rect>& boxes, Point point) {
     });
 }
 
-std::vector<Point> samplesOf(std::span<const ColoredRun> runs, std::size_t index) {
-    std::vector<Point> points;
+// A point of a box, at rest; its place counts columns over all boxes.
+struct Sample {
+    Point rest;
+    std::size_t column = 0;
+};
+
+std::vector<Sample> samplesOf(std::span<const ColoredRun> runs, std::size_t index) {
+    std::vector<Sample> points;
     const std::vector<imaging::Rect>& boxes = runs[index].boxes;
     for (std::size_t i = 0; i < std::min(boxes.size(), mostSampledBoxes); ++i)
         for (int n = 0; n < samplesAcross * samplesDown; ++n) {
@@ -79,9 +86,27 @@ std::vector<Point> samplesOf(std::span<const ColoredRun> runs, std::size_t index
             const Point rest{box.x + box.width * (n % samplesAcross + 0.5) / samplesAcross,
                 box.y + box.height * (n / samplesAcross + 1.0) / (samplesDown + 1)};
             const auto isTheirs = [&](const ColoredRun& run) { return contains(run.boxes, rest); };
-            if (!std::ranges::any_of(runs.first(index), isTheirs)) points.push_back(rest);
+            if (!std::ranges::any_of(runs.first(index), isTheirs))
+                points.push_back({rest, i * samplesAcross + std::size_t(n % samplesAcross)});
         }
     return points;
+}
+
+// The lowest that two columns side by side, of one line, both stay under at most of their samples.
+double hardestStretch(const std::vector<Sample>& samples, const std::vector<double>& ratios) {
+    std::map<std::size_t, std::vector<double>> columns;
+    for (std::size_t i = 0; i < samples.size(); ++i) columns[samples[i].column].push_back(ratios[i]);
+    const auto middle = [](std::vector<double>& ratiosOfColumn) {
+        const auto at = ratiosOfColumn.begin() + std::ptrdiff_t(ratiosOfColumn.size() / 2);
+        std::ranges::nth_element(ratiosOfColumn, at);
+        return *at;
+    };
+    double hardest = 21;
+    for (auto& [column, own] : columns)
+        if (const auto next = columns.find(column + 1);
+            next != columns.end() && next->first % samplesAcross != 0)
+            hardest = std::min(hardest, std::max(middle(own), middle(next->second)));
+    return hardest;
 }
 
 // A time at which the text rests, when there is one.
@@ -146,18 +171,23 @@ std::optional<TextContrast> contrastOf(
     const auto& content = std::get<TextContent>(entry.layer->content);
     const std::vector<ColoredRun> runs = runsOf(*entry.content->layout());
     std::optional<TextContrast> lowest;
+    double stretch = 21;
     for (std::size_t r = 0; r < runs.size(); ++r) {
         std::vector<double> ratios;
-        for (const Point& rest : samplesOf(runs, r)) {
-            const auto under = ground(text.drawn.motion.apply(rest));
+        const std::vector<Sample> samples = samplesOf(runs, r);
+        for (const Sample& sample : samples) {
+            const auto under = ground(text.drawn.motion.apply(sample.rest));
             if (!under) return std::nullopt;
             ratios.push_back(ratioOn(*under, runs[r], content, text.drawn.opacity));
         }
         if (ratios.empty()) continue;
+        const bool isPlain = r + 1 == runs.size();
+        if (isPlain) stretch = hardestStretch(samples, ratios);
         const auto hard = ratios.begin() + std::ptrdiff_t(double(ratios.size()) * hardShare);
         std::ranges::nth_element(ratios, hard);
-        if (!lowest || *hard < lowest->ratio) lowest = TextContrast{*hard, r + 1 < runs.size()};
+        if (!lowest || *hard < lowest->ratio) lowest = TextContrast{*hard, !isPlain};
     }
+    if (lowest) lowest->ofStretch = stretch;
     return lowest;
 }
 
@@ -165,7 +195,14 @@ std::optional<Finding> lowContrast(const CompositionGeometry& geometry, const Te
     const std::optional<TextContrast>& contrast) {
     const CompositionLayer& layer = *geometry.layers(text.scene)[text.layer].layer;
     const double least = leastContrastOf(std::get<TextContent>(layer.content));
-    if (!contrast || contrast->ratio >= least) return std::nullopt;
+    if (!contrast) return std::nullopt;
+    if (contrast->ratio >= least && contrast->ofStretch < unreadableRatio)
+        return findingOf(Rule::lowContrast, pathOf(text.scene, text.layer) + ".text.color",
+            "A part of " + nameOf(layer) + " cannot be read: over a fifth of a line its contrast is " +
+                decimals(std::floor(contrast->ofStretch * 10) / 10, 1) +
+                ":1 against what lies under it there.",
+            "Move it off what it crosses, or put a panel or a shadow under the text.");
+    if (contrast->ratio >= least) return std::nullopt;
     const std::string subject = contrast->isOfEmphasis ? "The emphasis in " + nameOf(layer) : nameOf(layer);
     return findingOf(Rule::lowContrast,
         pathOf(text.scene, text.layer) + (contrast->isOfEmphasis ? ".text.emphasis" : ".text.color"),

@@ -26,7 +26,10 @@ GroundAt paintedGround(
 struct TextContrast {
     double ratio = 21;
     bool isOfEmphasis = false;   // of words that look other than the rest
+    double ofStretch = 21;       // of the stretch of a line, two ninths of it, that is hardest to read
 };
+// Below this nobody reads a stretch, however well the rest stands out.
+inline constexpr double unreadableRatio = 1.5;
 // Nothing where the ground is not known.
 std::optional<TextContrast> contrastOf(
     const CompositionGeometry& geometry, const TextAtRest& text, const GroundAt& ground);

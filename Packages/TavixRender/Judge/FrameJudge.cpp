@@ -2,12 +2,10 @@
 
 #include "TavixCore/Support/Decimals.h"
 #include "TavixCore/Time/CompositionTimeline.h"
-#include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Export/CompositionRenderer.h"
-#include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/Judge/ContrastRules.h"
 #include "TavixRender/Judge/FlashWatch.h"
+#include "TavixRender/Judge/Screening.h"
 #include "TavixRender/Judge/StillnessWatch.h"
 
 #include <algorithm>
@@ -22,38 +20,7 @@ using CompositionLint::Finding;
 using CompositionLint::findingOf;
 using CompositionLint::Rule;
 
-constexpr double widthPx = 384, heightPx = 288;
-constexpr int mostFps = 60;
 constexpr std::size_t mostTexts = 200;
-
-CompositionSpec smallened(const CompositionSpec& spec) {
-    const imaging::Size full = canvasSize(spec);
-    const double scale = std::min({1.0, widthPx / full.width, heightPx / full.height});
-    const auto side = [&](int px) { return std::max(static_cast<int>(std::lround(px * scale)), 2); };
-    return scaledExportSpec(
-        spec, {side(full.width), side(full.height)}, std::min(spec.output.fps, FrameRate(mostFps)));
-}
-
-// Draws the small film.
-class Screening {
-public:
-    Screening(const CompositionSpec& spec, const Request& request)
-        : resolved_(spec, request.assetRoot, evaluator_, request.log, &stages_) {}
-
-    imaging::Bitmap frame(double globalSec) { return drawn(resolved_.frame(globalSec)); }
-    imaging::Bitmap scene(std::size_t index, double localSec) {
-        return drawn(resolved_.renderScene(index, localSec));
-    }
-
-private:
-    imaging::Bitmap drawn(const imaging::Image& image) {
-        return evaluator_.draw(image, imaging::pixelsCovering(resolved_.bounds()));
-    }
-
-    imaging::Evaluator evaluator_;
-    Composition3DRendererPool stages_;
-    ResolvedComposition resolved_;
-};
 
 std::string stretch(double fromSec, double toSec) {
     return "from " + decimals(fromSec, 1) + " to " + decimals(toSec, 1) + " s";
@@ -108,7 +75,7 @@ void watch(const CompositionSpec& small, const Request& request, std::vector<Fin
     const std::int64_t count = CompositionRenderer::frameCount(small);
     FlashWatch flashes(canvasSize(small), fps);
     StillnessWatch stillness(fps);
-    Screening screening(small, request);
+    Screening screening(small, request.assetRoot, request.log);
     for (std::int64_t i = 0; i < count; ++i) {
         if (request.stop.stop_requested()) throw RenderStopped();
         if (request.onProgress) request.onProgress(double(i) / double(count));
@@ -121,29 +88,11 @@ void watch(const CompositionSpec& small, const Request& request, std::vector<Fin
     tellStillness(small, timeline, stillness.spans(), findings);
 }
 
-CompositionSpec withoutTexts(CompositionSpec spec) {
-    for (CompositionScene& scene : spec.scenes)
-        for (CompositionLayer& layer : scene.layers)
-            if (std::holds_alternative<TextContent>(layer.content)) layer.opacity = 0;
-    return spec;
-}
-
-FilmJudge::GroundAt pictured(const imaging::Bitmap& frame, const imaging::Rect& canvas) {
-    return [&frame, canvas](imaging::Point point) -> std::optional<RGBAColor> {
-        const imaging::Size size = frame.size();
-        const int x = static_cast<int>(std::floor(point.x / canvas.width * size.width));
-        const int y = static_cast<int>(std::floor((1 - point.y / canvas.height) * size.height));
-        const std::uint8_t* pixel = frame.view().row(std::clamp(y, 0, size.height - 1)) +
-                                    std::ptrdiff_t{4} * std::clamp(x, 0, size.width - 1);
-        return RGBAColor{pixel[2] / 255.0, pixel[1] / 255.0, pixel[0] / 255.0, 1};
-    };
-}
-
 // Of texts over pictures; those over plain paints are judged by geometry.
-void judgeContrast(const CompositionSpec& small, const Request& request, std::vector<Finding>& findings) {
+void judgeContrast(const Request& request, std::vector<Finding>& findings) {
     FilmAssets assets(request.assetRoot);
     const CompositionGeometry geometry(request.spec, assets);
-    std::optional<Screening> screening;
+    std::optional<PicturedGround> pictures;
     std::size_t judged = 0;
     for (std::size_t scene = 0; scene < request.spec.scenes.size(); ++scene)
         for (const FilmJudge::TextAtRest& text : FilmJudge::textsAtRest(geometry, scene)) {
@@ -153,9 +102,8 @@ void judgeContrast(const CompositionSpec& small, const Request& request, std::ve
                 FilmJudge::contrastOf(geometry, text, FilmJudge::paintedGround(geometry, frame, text.layer))
                     .has_value();
             if (isPainted || judged++ >= mostTexts) continue;
-            if (!screening) screening.emplace(withoutTexts(small), request);
-            const imaging::Bitmap ground = screening->scene(scene, text.localSec);
-            const auto contrast = FilmJudge::contrastOf(geometry, text, pictured(ground, geometry.canvas()));
+            if (!pictures) pictures.emplace(request.spec, request.assetRoot, request.log);
+            const auto contrast = FilmJudge::contrastOf(geometry, text, pictures->at(scene, text.localSec));
             if (auto finding = FilmJudge::lowContrast(geometry, text, contrast))
                 findings.push_back(std::move(*finding));
         }
@@ -164,9 +112,9 @@ void judgeContrast(const CompositionSpec& small, const Request& request, std::ve
 }   // namespace
 
 std::vector<Finding> findings(const Request& request) {
-    const CompositionSpec small = smallened(request.spec);
+    const CompositionSpec small = smallFilm(request.spec);
     std::vector<Finding> found;
-    judgeContrast(small, request, found);
+    judgeContrast(request, found);
     watch(small, request, found);
     return found;
 }

@@ -1,8 +1,12 @@
+#include "TavixBase/Utf8.h"
 #include "TavixCore/Support/Decimals.h"
+#include "TavixCore/Values/TextWords.h"
+#include "TavixRender/Composition2D/TextCompositionLayer.h"
 #include "TavixRender/Judge/FilmJudge.h"
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace tavix::FilmJudge {
 namespace {
@@ -21,9 +25,35 @@ imaging::Rect linesOf(const Result& layout) {
     return all;
 }
 
-void wordsStayWhole(
-    const Result& layout, const std::string& name, const std::string& path, std::vector<Finding>& findings) {
+// Whether a line ends within a word whose letters spaces set apart, between any two of which a line may end.
+bool partsTrackedWord(const Result& layout, const TextContent& content) {
+    const std::string laidOut = TextCompositionLayer::tracked(content.text, content.trackingEm);
+    if (laidOut == content.text) return false;
+    std::set<std::size_t> ends;   // of words, in letters from the beginning
+    std::size_t letters = 0;
+    for (const KineticMath::Word& word : KineticMath::words(content.text))
+        ends.insert(letters += word.range.end - word.range.begin);
+    letters = 0;
+    for (const KineticTextLayout::Line& line : layout.lines) {
+        const std::string_view text =
+            std::string_view(laidOut).substr(line.range.begin, line.range.end - line.range.begin);
+        for (const std::string_view character : KineticMath::characters(text))
+            if (!utf8::isWhiteSpace(utf8::codePointAt(character, 0).value)) ++letters;
+        if (letters > 0 && !ends.contains(letters)) return true;
+    }
+    return false;
+}
+
+void wordsStayWhole(const TextContent& content, const Result& layout, const std::string& name,
+    const std::string& path, std::vector<Finding>& findings) {
     const auto broken = std::ranges::count_if(layout.lines, &KineticTextLayout::Line::breaksWord);
+    if (broken == 0 && partsTrackedWord(layout, content)) {
+        findings.push_back(findingOf(Rule::wordBroken, path + ".text",
+            name + " is broken inside a word: its letters are set apart by trackingEm, and a line of " +
+                px(layout.roomWidth) + " px has no room for all of it.",
+            "Make trackingEm or sizeFraction smaller, maxWidthFraction larger, or end lines by line feeds."));
+        return;
+    }
     if (broken == 0) return;
     findings.push_back(findingOf(Rule::wordBroken, path + ".text",
         name + " is broken inside a word: a line has room for " + px(layout.roomWidth) +
@@ -63,7 +93,7 @@ void textsFit(const CompositionGeometry& geometry, std::size_t scene, std::vecto
         const Result* layout = entry.content ? entry.content->layout() : nullptr;
         if (layout == nullptr || layout->lines.empty()) continue;
         const std::string path = pathOf(scene, l), name = nameOf(*entry.layer);
-        wordsStayWhole(*layout, name, path, findings);
+        wordsStayWhole(std::get<TextContent>(entry.layer->content), *layout, name, path, findings);
         if (isTooLarge(*layout))
             fitsItsPlace(*layout, name, path, findings);
         else

@@ -108,6 +108,11 @@ TEST(FilmJudge, FindsLayersThatAreNeverSeen) {
 TEST(FilmJudge, FindsTextsThatAreBrokenTooLargeOrMoved) {
     CompositionLayer narrow = textLayer("Believe", 0.15);
     std::get<TextContent>(narrow.content).maxWidthFraction = 0.35;
+    const auto tracked = [](const char* text, double em) {
+        CompositionLayer layer = textLayer(text, 0.09);
+        std::get<TextContent>(layer.content).trackingEm = em;
+        return layer;
+    };
     const struct {
         const char* name;
         CompositionLayer layer;
@@ -117,6 +122,9 @@ TEST(FilmJudge, FindsTextsThatAreBrokenTooLargeOrMoved) {
         {"wraps between words", textLayer("Several plain words that take two lines", 0.15), {}},
         {"wraps where Chinese may be broken", textLayer("我们今天发布了新的应用程序版本请看看", 0.2), {}},
         {"breaks a word", narrow, {"word-broken"}},
+        {"tracked, in one line", tracked("Two words", 0.2), {}},
+        {"tracked, and broken by line feeds", tracked("Several\ntracked\nwords", 0.5), {}},
+        {"tracked, and broken inside a word", tracked("Several widely tracked words", 0.5), {"word-broken"}},
         {"too many lines", textLayer("One\nTwo\nThree\nFour\nFive\nSix", 0.17), {"text-overflow"}},
         {"beside the frame", at(textLayer("Beside"), 1270, 360), {"text-moved"}},
         {"below it", at(textLayer("Below"), 640, 719), {"text-moved"}},
@@ -134,6 +142,24 @@ TEST(FilmJudge, TellsWhereAMovedTextStands) {
     const std::size_t x = found[0].suggestion->find("\"x\": ") + 5;
     EXPECT_THAT(
         codesOf(seen({at(textLayer("Beside"), std::stod(found[0].suggestion->substr(x)), 360)})), IsEmpty());
+}
+
+TEST(FilmJudge, FindsAHeadlineThatIsLostWhereItCrossesSomething) {
+    const CompositionLayer headline = textLayer("A headline as wide as this");
+    const struct {
+        double width;   // of what it crosses, in the headline's own colour or in another one
+        RGBAColor color;
+        bool isLost;
+    } cases[] = {{0.09, white, true}, {0.02, white, false}, {0.09, red, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.width);
+        const std::vector<Finding> found = seen({at(box(c.width, 0.5, c.color), 680, 360), headline});
+        EXPECT_EQ(
+            codesOf(found), c.isLost ? std::vector<std::string>{"low-contrast"} : std::vector<std::string>{});
+        if (c.isLost) {
+            EXPECT_THAT(found.at(0).message, HasSubstr("A part of \"A headline"));
+        }
+    }
 }
 
 TEST(FilmJudge, MeasuresContrastAsWcagDoes) {
