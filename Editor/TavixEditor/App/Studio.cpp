@@ -4,12 +4,16 @@
 #include "TavixPlatform/Sound/PulseAudioOutput.h"
 #include "TavixPlatform/System/InotifyWatcher.h"
 
+#include <cstddef>
 #include <system_error>
 #include <utility>
 
 namespace tavix::editor {
 
 namespace {
+
+// Of finished frames: a window stays within a few hundred megabytes.
+constexpr std::size_t storeBytes = 96u << 20;
 
 // Asks at every start, since a server may come and go.
 class DesktopAudioOutput final : public media::AudioOutput {
@@ -52,7 +56,7 @@ Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
     : output_(outputOf(sound, sound_)), watcher_(watcherOfSystem()), backups_(userFolders.state / "backups"),
       folders(userFolders), defaults(folders.config), recents(defaults),
       model({.executors = {main_, render_, workers_},
-          .maker = std::make_shared<Stage>(Stage::Options{}, RenderLog{}),
+          .maker = std::make_shared<Stage>(Stage::Options{.storeBytes = storeBytes}, RenderLog{}),
           .output = output_.get(),
           .recents = &recents,
           .files = &files_,

@@ -62,6 +62,7 @@ QWidget* WelcomeView::makeBeginnings(const Actions& actions) {
     };
     add(actions.open, tr("Open Project"), true);
     add(actions.newProject, tr("New from Template"), false);
+    add(actions.setUpAgents, tr("Set up agents"), false);
     column->addStretch(2);
     return pane;
 }
