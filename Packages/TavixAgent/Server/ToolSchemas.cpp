@@ -156,7 +156,9 @@ Json render() {
     return objectOf({document, {"output", "string", "The film; .mp4, .mov or .gif."},
         {"effort", "string", "fast, balanced or best."},
         {"codec", "string", "h264, hevc, prores422hq, prores4444."},
-        {"resolution", "string", "native, 1080p or 4k."}, {"fps", "string", "Frames a second, as in 30."}});
+        {"resolution", "string", "native, 1080p or 4k."}, {"fps", "string", "Frames a second, as in 30."},
+        {"rate", "string", "Bits a second of the pictures, as in 8M."},
+        {"maxSize", "string", "The most that the file may take, as in 10MB."}});
 }
 Json renderOutput() {
     return givenBy({{"output", typed("string", "The film.")}, {"frames", typed("integer", "How many.")},

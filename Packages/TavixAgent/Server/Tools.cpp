@@ -146,8 +146,9 @@ ToolAnswer render(const ToolCall& call) {
     const fs::path film = output ? call.setting.root.resolved(*output)
                                  : call.setting.root.path() / (fs::path(path).stem().string() + ".mp4");
     std::vector<std::string> words{"render", path, "-o", film.string(), "--progress", "json"};
-    for (const char* key : {"effort", "codec", "resolution", "fps"})
+    for (const char* key : {"effort", "codec", "resolution", "fps", "rate"})
         call.arguments.addTo(words, key, std::string("--").append(key));
+    call.arguments.addTo(words, "maxSize", "--max-size");
     const VerbOutcome outcome = ran(call, std::move(words), {}, renderSec, true);
     const std::optional<Json> last = outcome.json();
     const Json* event = last ? last->find("event") : nullptr;
