@@ -47,6 +47,8 @@ std::optional<SkillPlace> skillPlace(const InstallRequest& request) {
         if (id == "cursor") return SkillPlace{*request.project / ".cursor/rules/tavix.mdc", true};
         return SkillPlace{*request.project / (id == "gemini" ? "GEMINI.md" : "AGENTS.md"), false};
     }
+    if (id == "cursor") return SkillPlace{folders.home / ".cursor/skills/tavix/SKILL.md", true};
+    if (id == "cline") return SkillPlace{folders.home / "Documents/Cline/Rules/tavix.md", true};
     if (id == "codex") return SkillPlace{folders.home / ".codex/AGENTS.md", false};
     if (id == "gemini") return SkillPlace{folders.home / ".gemini/GEMINI.md", false};
     if (id == "opencode") return SkillPlace{folders.config / "opencode/AGENTS.md", false};
@@ -94,7 +96,8 @@ InstallResult install(const InstallRequest& request) {
         skill->file,
         [&](const std::string& text) {
             if (!skill->isOurs) return Skill::withSection(text);
-            return request.host.id == "cursor" ? Skill::ruleFile() : Skill::file();
+            const bool isRule = request.host.id == "cursor" && request.project;
+            return isRule ? Skill::ruleFile() : Skill::file();
         },
         result);
     return result;

@@ -123,7 +123,10 @@ TEST_F(Installing, ChangesNothingTheSecondTime) {
                   ->find("command")
                   ->stringValue(),
         "tavix");
-    EXPECT_THAT(text("home/.claude/skills/tavix/SKILL.md"), StartsWith("---\nname: tavix\n"));
+    for (const char* skill : {"home/.claude/skills/tavix/SKILL.md", "home/.cursor/skills/tavix/SKILL.md",
+             "home/Documents/Cline/Rules/tavix.md"})
+        EXPECT_THAT(text(skill), StartsWith("---\nname: tavix\n"));
+    EXPECT_THAT(text("project/.cursor/rules/tavix.mdc"), StartsWith("---\ndescription: "));
 }
 
 TEST_F(Installing, KeepsAFileBeforeTheFirstChange) {
