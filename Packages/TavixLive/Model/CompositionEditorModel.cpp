@@ -94,7 +94,7 @@ void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then
             if (recents) remember(bundle, *recents, log);
             return onDisk;
         },
-        document_.guard([this, bundle, then](system::Outcome<DocumentOnDisk>& outcome) {
+        document_.guard([this, bundle, then = std::move(then)](system::Outcome<DocumentOnDisk>& outcome) {
             try {
                 onDisk_ = std::make_shared<DocumentOnDisk>(std::move(outcome.value()));
                 arrive(onDisk_->spec, bundle, [this, then] {
@@ -115,7 +115,7 @@ void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then
 void CompositionEditorModel::loadInMemory(
     const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then) {
     close();
-    arrive(spec, assetRoot, [this, then] {
+    arrive(spec, assetRoot, [this, then = std::move(then)] {
         state.statusMessage = sizeText(edited().spec.output) +
                               formatted(" — %.2fs", CompositionTimeline(edited().spec).totalSec);
         run(then);

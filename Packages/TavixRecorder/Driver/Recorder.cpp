@@ -129,7 +129,7 @@ private:
 
 }   // namespace
 
-Recording record(const RecorderSettings& settings, std::stop_token stop) try {
+Recording record(const RecorderSettings& settings, const std::stop_token& stop) try {
     Recording recording;
     const Address address = addressOf(settings.address);
     const std::string url = urlOf(address, settings.flow.entry, recording.notes);

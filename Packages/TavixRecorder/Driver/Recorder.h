@@ -53,6 +53,6 @@ private:
 };
 
 // Throws `StepFailure`, `Failure` for all else that goes wrong, and `RenderStopped`.
-Recording record(const RecorderSettings& settings, std::stop_token stop);
+Recording record(const RecorderSettings& settings, const std::stop_token& stop);
 
 }   // namespace tavix::recorder

@@ -57,7 +57,7 @@ std::string nearOnes(const Json& found) {
 
 double seconds(std::int64_t milliseconds) { return std::max<double>(0, double(milliseconds)) / 1000; }
 
-std::string whole(double sec) { return std::to_string(static_cast<long>(sec + 0.5)); }
+std::string whole(double sec) { return std::to_string(std::lround(sec)); }
 
 bool isVertical(SwipeDirection direction) {
     return direction == SwipeDirection::up || direction == SwipeDirection::down;

@@ -17,8 +17,8 @@
 
 namespace tavix::media::tests {
 
-void PrintTo(const Rgba& c, std::ostream* out) {
-    *out << "(" << c.r << ", " << c.g << ", " << c.b << ", " << c.a << ")";
+std::ostream& operator<<(std::ostream& out, const Rgba& c) {
+    return out << "(" << c.r << ", " << c.g << ", " << c.b << ", " << c.a << ")";
 }
 
 namespace {
@@ -204,8 +204,9 @@ TEST_F(VideoFileTest, TurnsYuvIntoTheColourThatIsMeant) {
         {"scaled-16.mkv", AV_PIX_FMT_YUV444P16, AVCOL_SPC_BT709, AVCOL_RANGE_MPEG, 0.2126, 0.0722},
     };
     for (const auto& c : cases)
-        for (const auto& [y, cb, cr] :
+        for (const auto& colour :
             {std::array{80, 100, 170}, {200, 150, 110}, {16, 128, 128}, {235, 128, 128}}) {
+            const int y = colour[0], cb = colour[1], cr = colour[2];
             SCOPED_TRACE(std::string(c.name) + " " + std::to_string(y));
             ClipRecipe recipe{.path = folder_ / c.name, .encoder = "ffv1", .pixels = c.pixels};
             recipe.size = {33, 31};
