@@ -27,8 +27,8 @@ OutputFile::OutputFile(const std::filesystem::path& path, const char* container)
     : path_(path), format_(makeFormat(container, failure())) {
     // Without it the file would name the library's version and be different after every update.
     format_->flags |= AVFMT_FLAG_BITEXACT;
-    // It tells what a sound begins with too early; shifting all tracks for it would move the pictures.
-    if (std::string_view(container) == "webm") format_->avoid_negative_ts = 0;
+    // The library would shift all tracks for what a sound's coder adds before it, and so move the pictures.
+    if (tellsDelays()) format_->avoid_negative_ts = 0;
     open();
 }
 
@@ -80,11 +80,21 @@ void OutputFile::open() {
     if (!format_->url) throw std::bad_alloc();
 }
 
+// In this container the head tells by how much a track is late, and players take that off every time
+// (RFC 9559, 5.1.4.1.28, CodecDelay).
+bool OutputFile::tellsDelays() const { return std::string_view(format_->oformat->name) == "webm"; }
+
 void OutputFile::write(AVPacket& packet, int track) {
     const libav::ErrorScope errors;
     const AVStream& stream = *format_->streams[track];
+    const AVRational timeBase = timeBases_[static_cast<std::size_t>(track)];
     packet.stream_index = track;
-    av_packet_rescale_ts(&packet, timeBases_[static_cast<std::size_t>(track)], stream.time_base);
+    if (const int early = stream.codecpar->initial_padding; early > 0 && tellsDelays()) {
+        const std::int64_t delay = av_rescale_q(early, {1, stream.codecpar->sample_rate}, timeBase);
+        if (packet.pts != AV_NOPTS_VALUE) packet.pts += delay;
+        if (packet.dts != AV_NOPTS_VALUE) packet.dts += delay;
+    }
+    av_packet_rescale_ts(&packet, timeBase, stream.time_base);
     libav::check(av_interleaved_write_frame(format_.get(), &packet), errors, failure());
 }
 

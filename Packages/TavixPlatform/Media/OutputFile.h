@@ -32,6 +32,7 @@ private:
     void close() noexcept;
     int flush();
     void requireWhole() const;
+    bool tellsDelays() const;
     std::string failure() const;
 
     std::filesystem::path path_;
