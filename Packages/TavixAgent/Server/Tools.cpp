@@ -145,7 +145,8 @@ ToolAnswer render(const ToolCall& call) {
     const auto output = call.arguments.optionalText("output");
     const fs::path film = output ? call.setting.root.resolved(*output)
                                  : call.setting.root.path() / (fs::path(path).stem().string() + ".mp4");
-    std::vector<std::string> words{"render", path, "-o", film.string(), "--progress", "json"};
+    // What renders keep for the next one lies outside the root.
+    std::vector<std::string> words{"render", path, "-o", film.string(), "--no-cache", "--progress", "json"};
     for (const char* key : {"effort", "codec", "resolution", "fps", "rate"})
         call.arguments.addTo(words, key, std::string("--").append(key));
     call.arguments.addTo(words, "maxSize", "--max-size");
