@@ -52,7 +52,7 @@ void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done th
                 [&](double fraction) { main.post([progress, fraction] { progress(fraction); }); }, stop);
             return config.output.filename().string();
         },
-        lifeline_.guard([this, then](system::Outcome<std::string>& outcome) {
+        lifeline_.guard([this, then = std::move(then)](system::Outcome<std::string>& outcome) {
             try {
                 const std::string name = outcome.value();
                 state.exportProgress = 1;
@@ -75,7 +75,7 @@ void CompositionEditorModel::analyzeMusicGrid(Done then) {
     system::runThere(
         services_.executors.workers, main_, [file] { return MusicAnalyzer::analyze(file); },
         document_.guard(
-            [this, name = file.filename().string(), then](system::Outcome<BeatAnalysis>& outcome) {
+            [this, name = file.filename().string(), then = std::move(then)](system::Outcome<BeatAnalysis>& outcome) {
                 state.isAnalyzingMusic = false;
                 try {
                     const BeatAnalysis& found = outcome.value();
