@@ -40,10 +40,9 @@ struct Arguments::Impl {
         app.set_help_flag("-h,--help", "Show this.");
         app.get_formatter()->column_width(34);
     }
-    CLI::Option* add(
-        std::string_view names, std::string_view meaning, std::function<void(const std::string&)> take) {
-        return app.add_option_function<std::string>(
-            std::string(names), std::move(take), std::string(meaning));
+    CLI::Option* add(std::string_view names, std::string_view meaning,
+        const std::function<void(const std::string&)>& take) {
+        return app.add_option_function<std::string>(std::string(names), take, std::string(meaning));
     }
 };
 
@@ -96,8 +95,8 @@ void Arguments::wholeNumber(std::string_view names, std::optional<int>& into, in
 }
 
 void Arguments::value(std::string_view names, std::string_view placeholder,
-    std::function<void(const std::string& text)> take, std::string_view meaning) {
-    impl_->add(names, meaning, std::move(take))->type_name(std::string(placeholder));
+    const std::function<void(const std::string& text)>& take, std::string_view meaning) {
+    impl_->add(names, meaning, take)->type_name(std::string(placeholder));
 }
 
 void Arguments::flag(std::string_view names, bool& into, std::string_view meaning) {
@@ -106,7 +105,8 @@ void Arguments::flag(std::string_view names, bool& into, std::string_view meanin
 
 void Arguments::choiceAmong(std::string_view name, const std::vector<std::string_view>& known,
     std::string_view meaning, std::function<void(std::size_t index)> chosen) {
-    const auto take = [known, chosen, name = std::string(name)](const std::string& value) {
+    const auto take = [known, chosen = std::move(chosen), name = std::string(name)](
+                          const std::string& value) {
         const auto found = std::find_if(known.begin(), known.end(),
             [&](std::string_view word) { return equalIgnoringCase(word, value); });
         if (found == known.end())

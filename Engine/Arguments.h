@@ -41,7 +41,7 @@ public:
         std::string_view placeholder, std::string_view meaning);
     // A value of any other kind: `take` reads it, and throws a `UsageError` of what it cannot read.
     void value(std::string_view names, std::string_view placeholder,
-        std::function<void(const std::string& text)> take, std::string_view meaning);
+        const std::function<void(const std::string& text)>& take, std::string_view meaning);
     void flag(std::string_view names, bool& into, std::string_view meaning);
     // One of a few words, in any case.
     template <class T>

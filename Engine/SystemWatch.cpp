@@ -119,10 +119,12 @@ using tavix::engine::SystemWatch::ThreadStart;
 
 extern "C" {
 
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming): the C library's own names
 void* __libc_malloc(std::size_t) noexcept;
 void* __libc_calloc(std::size_t, std::size_t) noexcept;
 void* __libc_realloc(void*, std::size_t) noexcept;
 void* __libc_memalign(std::size_t, std::size_t) noexcept;
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
 
 void* malloc(std::size_t bytes) noexcept { return noted(__libc_malloc(bytes), bytes); }
 void* calloc(std::size_t count, std::size_t bytes) noexcept {

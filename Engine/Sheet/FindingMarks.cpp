@@ -52,7 +52,7 @@ std::vector<FindingMark> FindingMarks::at(double globalSec) {
         const FindingPlace place = placeOf(findings_[i].path);
         const auto scene = place.scene ? shown.find(*place.scene) : shown.end();
         if (scene == shown.end()) continue;
-        if (auto mark = markOf(i, place, scene->second)) marks.push_back(std::move(*mark));
+        if (auto mark = markOf(i, place, scene->second)) marks.push_back(*mark);
     }
     return marks;
 }

@@ -57,7 +57,7 @@ NewProjectSheet::NewProjectSheet(QWidget* parent)
 
 void NewProjectSheet::list(const QByteArray& json) {
     const QJsonArray entries = QJsonDocument::fromJson(json).array();
-    for (const QJsonValue& value : entries) {
+    for (const auto& value : entries) {
         const QJsonObject entry = value.toObject();
         const QString name = entry[QLatin1String("name")].toString();
         auto* item = new QListWidgetItem(QStringLiteral("%1 · %2 × %3\n%4")

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::array<double, 8> wildNumbers{
-    std::nan(""), infinity, -infinity, 1e308, -1e308, 5e-324, -0.0, 9.3e18};
+    std::numeric_limits<double>::quiet_NaN(), infinity, -infinity, 1e308, -1e308, 5e-324, -0.0, 9.3e18};
 
 TEST(LintWording, WritesWholeNumbersWholeAndOthersShort) {
     const struct {

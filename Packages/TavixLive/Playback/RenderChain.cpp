@@ -116,21 +116,22 @@ void RenderChain::requestLive(double atSec, Deliver deliver) {
 void RenderChain::drawOn(std::shared_ptr<Order> order) {
     ++*openRequests_;
     const auto open = std::weak_ptr<int>(openRequests_);   // as long as this lives
-    render_.post([this, open, shared = std::weak_ptr<Shared>(shared_), &main = main_, order] {
-        const auto alive = shared.lock();
-        if (!alive) return;
-        drawNow(alive, *order);
-        main.post([this, open, order] {
-            if (const auto count = open.lock()) --*count;
-            if (open.expired() || !order->drawn.pixels) return;
-            const StagePicture picture{order->drawn.pixels, order->atSec};
-            // Any of them may end this.
-            for (const Order::Asker& asker : order->askers)
-                if (!open.expired() && asker.deliver && asker.isWaiting())
-                    asker.deliver(picture, order->drawn);
-            if (!open.expired() && onDelivered_) onDelivered_(picture, order->drawn);
+    render_.post(
+        [this, open, shared = std::weak_ptr<Shared>(shared_), &main = main_, order = std::move(order)] {
+            const auto alive = shared.lock();
+            if (!alive) return;
+            drawNow(alive, *order);
+            main.post([this, open, order] {
+                if (const auto count = open.lock()) --*count;
+                if (open.expired() || !order->drawn.pixels) return;
+                const StagePicture picture{order->drawn.pixels, order->atSec};
+                // Any of them may end this.
+                for (const Order::Asker& asker : order->askers)
+                    if (!open.expired() && asker.deliver && asker.isWaiting())
+                        asker.deliver(picture, order->drawn);
+                if (!open.expired() && onDelivered_) onDelivered_(picture, order->drawn);
+            });
         });
-    });
 }
 
 void RenderChain::drawNow(const std::shared_ptr<Shared>& shared, Order& order) {

@@ -38,8 +38,7 @@ std::vector<std::filesystem::path> FontBook::files() const {
     std::vector<std::filesystem::path> files;
     for (const FaceRef& face : core_->faces()) files.emplace_back(face->file);
     std::ranges::sort(files);
-    const auto repeated = std::ranges::unique(files);
-    files.erase(repeated.begin(), repeated.end());
+    files.erase(std::unique(files.begin(), files.end()), files.end());
     return files;
 }
 

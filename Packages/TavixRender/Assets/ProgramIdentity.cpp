@@ -33,13 +33,14 @@ std::string_view buildIdOf(const dl_phdr_info& object) {
     for (int i = 0; i < object.dlpi_phnum; ++i) {
         const ElfW(Phdr)& part = object.dlpi_phdr[i];
         if (part.p_type != PT_NOTE) continue;
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the linker tells addresses as numbers
         const char* at = reinterpret_cast<const char*>(object.dlpi_addr + part.p_vaddr);
         const char* const end = at + part.p_memsz;
         while (end - at >= static_cast<std::ptrdiff_t>(sizeof(ElfW(Nhdr)))) {
             const auto* note = reinterpret_cast<const ElfW(Nhdr)*>(at);
             const char* name = at + sizeof *note;
             const char* content = name + padded(note->n_namesz);
-            const bool isGnu = std::string_view(name, note->n_namesz) == std::string_view("GNU", 4);
+            const bool isGnu = std::string_view(name, note->n_namesz) == std::string_view("GNU\0", 4);
             if (note->n_type == NT_GNU_BUILD_ID && isGnu) return {content, note->n_descsz};
             at = content + padded(note->n_descsz);
         }

@@ -271,12 +271,12 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     case PM_IndicatorWidth: return 26;
     case PM_IndicatorHeight: return 16;
     case PM_DefaultFrameWidth: return 1;
-    case PM_ButtonShiftHorizontal:
-    case PM_ButtonShiftVertical: return 0;
     case PM_MenuVMargin: return 5;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
     case PM_MenuHMargin:
-    case PM_MenuPanelWidth: return 0;
-    case PM_MenuBarItemSpacing: return 0;
+    case PM_MenuPanelWidth:
+    case PM_MenuBarItemSpacing:
     case PM_MenuBarPanelWidth:
     case PM_MenuBarHMargin:
     case PM_MenuBarVMargin: return 0;

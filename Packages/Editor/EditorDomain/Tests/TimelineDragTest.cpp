@@ -46,7 +46,8 @@ void withBeats(EditState& state, double bpm) {
     music.bpm = bpm;
 }
 
-EditState dragged(EditState state, const Hit& hit, double fromSec, double toSec, Drag::Pull pull = {}) {
+EditState dragged(
+    const EditState& state, const Hit& hit, double fromSec, double toSec, Drag::Pull pull = {}) {
     const Scene scene = sceneOf(state, {});
     const auto drag = Drag::of(state, scene, hit, fromSec, {});
     EXPECT_TRUE(drag);

@@ -14,7 +14,7 @@ namespace tavix::imaging {
 const NodeRef& emptyNode();
 NodeRef makeSolid(const Color& color);
 // A bitmap whose bottom-left corner stands at (x0, y0). The extent may be larger than its pixels.
-NodeRef makeBitmap(const BitmapRef& bitmap, int x0, int y0, const Rect& extent);
+NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent);
 NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1);
 NodeRef makeRoundedRectangle(const Rect& rect, double radiusPx, const Color& color);
 const Picture* asBitmap(const Node& node);   // null when it is none

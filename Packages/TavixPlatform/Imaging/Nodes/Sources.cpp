@@ -60,9 +60,8 @@ DrawableRef SolidNode::prepare(RenderContext&, const NodeRef& self, const PixelR
 
 class BitmapNode final : public Node {
 public:
-    BitmapNode(const BitmapRef& bitmap, int x0, int y0, const Rect& extent)
-        : Node(extent, inkOf(*bitmap, x0, y0)), picture_{bitmap, {x0, y0, x0 + bitmap->size().width,
-                                                                     y0 + bitmap->size().height}} {}
+    BitmapNode(BitmapRef bitmap, const PixelRegion& region, const Rect& extent)
+        : Node(extent, inkOf(*bitmap, region.x0, region.y0)), picture_{std::move(bitmap), region} {}
 
     void describe(Structure& s) const override {
         s.kind(NodeKind::bitmap).add(picture_.bitmap->id()).add(picture_.region).add(extent());
@@ -248,9 +247,10 @@ const NodeRef& emptyNode() {
 
 NodeRef makeSolid(const Color& color) { return makeNode<SolidNode>(color); }
 
-NodeRef makeBitmap(const BitmapRef& bitmap, int x0, int y0, const Rect& extent) {
+NodeRef makeBitmap(BitmapRef bitmap, int x0, int y0, const Rect& extent) {
     if (!bitmap || bitmap->isEmpty()) return emptyNode();
-    return makeNode<BitmapNode>(bitmap, x0, y0, extent);
+    const PixelRegion region{x0, y0, x0 + bitmap->size().width, y0 + bitmap->size().height};
+    return makeNode<BitmapNode>(std::move(bitmap), region, extent);
 }
 
 NodeRef makeSmoothGradient(Point p0, const Color& color0, Point p1, const Color& color1) {
