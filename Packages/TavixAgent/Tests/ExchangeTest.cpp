@@ -14,8 +14,8 @@
 
 namespace tavix {
 
-void PrintTo(const SubtitleCue& cue, std::ostream* out) {
-    *out << cue.fromSec << " to " << cue.toSec << ": " << cue.text;
+std::ostream& operator<<(std::ostream& out, const SubtitleCue& cue) {
+    return out << cue.fromSec << " to " << cue.toSec << ": " << cue.text;
 }
 
 namespace {

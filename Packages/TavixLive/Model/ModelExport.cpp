@@ -74,29 +74,29 @@ void CompositionEditorModel::analyzeMusicGrid(Done then) {
     state.isAnalyzingMusic = true;
     system::runThere(
         services_.executors.workers, main_, [file] { return MusicAnalyzer::analyze(file); },
-        document_.guard(
-            [this, name = file.filename().string(), then = std::move(then)](system::Outcome<BeatAnalysis>& outcome) {
-                state.isAnalyzingMusic = false;
-                try {
-                    const BeatAnalysis& found = outcome.value();
-                    if (!(found.bpm > 0)) {
-                        state.errorMessage = "Beat analysis failed for " + name + " — set BPM by ear.";
-                    } else if (const auto& heard = edited().spec.audio; heard && heard->music) {
-                        MusicBed bed = *heard->music;
-                        bed.bpm = found.bpm;
-                        bed.firstBeatSec = found.firstBeatSec;
-                        update("Find the beat",
-                            [&](EditState& changed) { AudioOperations::updateMusic(changed, bed); });
-                        state.statusMessage =
-                            "Beat grid: " + decimal("%.1f", found.bpm) + " BPM, first beat " +
-                            decimal("%.2f", found.firstBeatSec) + "s" +
-                            (found.dropSec ? ", drop " + decimal("%.2f", *found.dropSec) + "s" : "") + ".";
-                    }
-                } catch (const std::exception& error) {
-                    state.errorMessage = error.what();
+        document_.guard([this, name = file.filename().string(), then = std::move(then)](
+                            system::Outcome<BeatAnalysis>& outcome) {
+            state.isAnalyzingMusic = false;
+            try {
+                const BeatAnalysis& found = outcome.value();
+                if (!(found.bpm > 0)) {
+                    state.errorMessage = "Beat analysis failed for " + name + " — set BPM by ear.";
+                } else if (const auto& heard = edited().spec.audio; heard && heard->music) {
+                    MusicBed bed = *heard->music;
+                    bed.bpm = found.bpm;
+                    bed.firstBeatSec = found.firstBeatSec;
+                    update("Find the beat",
+                        [&](EditState& changed) { AudioOperations::updateMusic(changed, bed); });
+                    state.statusMessage =
+                        "Beat grid: " + decimal("%.1f", found.bpm) + " BPM, first beat " +
+                        decimal("%.2f", found.firstBeatSec) + "s" +
+                        (found.dropSec ? ", drop " + decimal("%.2f", *found.dropSec) + "s" : "") + ".";
                 }
-                if (then) then();
-            }));
+            } catch (const std::exception& error) {
+                state.errorMessage = error.what();
+            }
+            if (then) then();
+        }));
 }
 
 }   // namespace tavix

@@ -185,11 +185,11 @@ KineticPhase exitPhase(const CompositionSpec& spec, std::size_t scene, std::size
 
 void setEnterPhase(
     EditState& state, std::size_t scene, std::size_t layer, std::optional<KineticPhase> phase) {
-    if (const Place place(state, scene, layer); place) place.layer->enter = std::move(phase);
+    if (const Place place(state, scene, layer); place) place.layer->enter = phase;
 }
 
 void setExitPhase(EditState& state, std::size_t scene, std::size_t layer, std::optional<KineticPhase> phase) {
-    if (const Place place(state, scene, layer); place) place.layer->exit = std::move(phase);
+    if (const Place place(state, scene, layer); place) place.layer->exit = phase;
 }
 
 void addEffect(EditState& state, std::size_t scene, std::size_t layer, std::string_view kind) {

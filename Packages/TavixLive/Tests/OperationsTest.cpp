@@ -174,7 +174,7 @@ TEST(LayerOperations, HaveDefaultsThatCanBeWrittenAndRead) {
 }
 
 TEST(TrackOperations, FindAFreeTimeNearTheOneThatIsWanted) {
-    const auto freeAt = [](std::vector<double> taken, double nearSec, double windowSec) {
+    const auto freeAt = [](const std::vector<double>& taken, double nearSec, double windowSec) {
         std::vector<CompositionKeyframe> keyframes;
         for (const double t : taken) keyframes.push_back(keyframe(t, 0));
         const auto sec = TrackOperations::freeTime(keyframes, nearSec, windowSec);

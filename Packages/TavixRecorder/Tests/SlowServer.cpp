@@ -17,7 +17,8 @@ SlowServer::SlowServer(double delaySec, std::function<std::string(const std::str
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
-    ::bind(listener_, reinterpret_cast<sockaddr*>(&address), size);
+    if (::bind(listener_, reinterpret_cast<sockaddr*>(&address), size) != 0)
+        throw std::system_error(errno, std::generic_category(), "bind");
     ::listen(listener_, 16);
     ::getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
     port_ = ntohs(address.sin_port);

@@ -25,6 +25,7 @@ float floatOf(std::uint16_t half) {
 // The nearest half, ties away from zero; past the largest one, that one.
 std::uint16_t halfOf(float value) {
     if (!(value > 0)) return 0;
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): it is above 0, and small
     if (value < 0x1p-14f) return std::uint16_t(value * 0x1p24f + 0.5f);
     if (value >= 65504) return 0x7BFF;
     const std::uint32_t rounded = std::bit_cast<std::uint32_t>(value) + 0x1000;
@@ -66,6 +67,7 @@ BytePixel surfacePixel(HalfPixel in, const std::uint16_t* table, std::uint32_t d
 
 BytePixel edgePixel(HalfPixel in, const std::uint16_t* table, std::uint32_t dither) {
     const float coverage = floatOf(in[3]);
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): it is not below 0
     const auto alpha = std::uint8_t(coverage * 255 + 0.5f);
     const auto byte = [&](std::uint16_t half) {
         const std::uint16_t straight = half > halfInfinity ? 0 : halfOf(floatOf(half) / coverage);
