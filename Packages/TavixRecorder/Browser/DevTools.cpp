@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cmath>
 #include <cstring>
 #include <poll.h>
 #include <unistd.h>
@@ -39,7 +40,7 @@ std::string cutPicture(std::string& message) {
     return picture;
 }
 
-std::string whole(double sec) { return std::to_string(static_cast<long>(sec + 0.5)); }
+std::string whole(double sec) { return std::to_string(std::lround(sec)); }
 
 }   // namespace
 

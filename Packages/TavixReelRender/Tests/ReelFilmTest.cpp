@@ -169,7 +169,8 @@ TEST_F(Films, AMissingRecordingIsToldWhereATransitionNeedsIt) {
     fade.style = TransitionStyle::fade;
     spec.setTransitions({fade});
     try {
-        ReelFilm(spec, {studio_.folder.path() / "gone.mov", smallSize, 3, 0, 3}, {}, studio_.evaluator, {});
+        const ReelFilm film(
+            spec, {studio_.folder.path() / "gone.mov", smallSize, 3, 0, 3}, {}, studio_.evaluator, {});
         ADD_FAILURE();
     } catch (const Failure& failure) {
         EXPECT_THAT(failure.message(), HasSubstr("gone.mov\", which a transition needs, cannot be read."));

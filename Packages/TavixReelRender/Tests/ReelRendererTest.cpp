@@ -219,7 +219,7 @@ TEST(ReelFrames, CaptionsGoByTheRecordingAndLeaveCardsAlone) {
                 if (a.at(x, y) != b.at(x, y)) (y < 200 ? result.above : result.below) = true;
         return result;
     };
-    const auto footage = [&](ReelRenderer& from, std::optional<Image> recording, double preCut) {
+    const auto footage = [&](ReelRenderer& from, const std::optional<Image>& recording, double preCut) {
         return from.footage(recording, preCut, 20);
     };
     EXPECT_EQ(differs(footage(renderer, grid(), 2), footage(bare, grid(), 2)), (Differs{true, true}));
