@@ -49,10 +49,10 @@ protected:
         config.evaluation.threadCount = 1;
         return config;
     }
-    void render(const CompositionRenderer::Config& config, std::stop_token stop = {}) {
+    void render(const CompositionRenderer::Config& config, const std::stop_token& stop = {}) {
         CompositionRenderer::render(
             config, testing::messagesTo(lines), [this](double fraction) { progress.push_back(fraction); },
-            std::move(stop));
+            stop);
     }
 
     testing::TemporaryFolder folder;

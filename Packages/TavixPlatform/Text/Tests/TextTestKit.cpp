@@ -17,7 +17,7 @@ std::vector<std::string> hostileTexts() {
     };
     constexpr std::size_t large = 100000;
     return {
-        std::string("nul\0inside\x01\x02\x1b[0m\x7f", 18),
+        std::string("nul\0inside\x01\x02\x1b[0m\x7f", 17),
         "lone surrogates \xed\xa0\x80 and \xed\xbf\xbf, overlong \xc0\x80, cut \xe2\x82",
         "\xff\xfe\xfd",
         "unassigned \U000E0080\u0378\U000FFFFF\U0010FFFF\uFDD0 private \uE000\U000F0000",
