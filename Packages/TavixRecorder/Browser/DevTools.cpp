@@ -3,13 +3,13 @@
 #include "TavixCore/Support/JsonParser.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixPlatform/System/ChildProcess.h"
+#include "TavixRecorder/Browser/WholeNumber.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cmath>
 #include <cstring>
 #include <poll.h>
 #include <unistd.h>
@@ -39,8 +39,6 @@ std::string cutPicture(std::string& message) {
     message.erase(from, end - from);
     return picture;
 }
-
-std::string whole(double sec) { return std::to_string(std::lround(sec)); }
 
 }   // namespace
 

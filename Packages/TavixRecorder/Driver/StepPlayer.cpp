@@ -2,6 +2,7 @@
 
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Support/Names.h"
+#include "TavixRecorder/Browser/WholeNumber.h"
 #include "TavixRecorder/Driver/Easing.h"
 #include "TavixRecorder/Driver/Typist.h"
 
@@ -56,8 +57,6 @@ std::string nearOnes(const Json& found) {
 }
 
 double seconds(std::int64_t milliseconds) { return std::max<double>(0, double(milliseconds)) / 1000; }
-
-std::string whole(double sec) { return std::to_string(std::lround(sec)); }
 
 bool isVertical(SwipeDirection direction) {
     return direction == SwipeDirection::up || direction == SwipeDirection::down;
