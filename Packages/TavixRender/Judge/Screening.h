@@ -15,7 +15,7 @@ namespace tavix {
 // Within 384 x 288 pixels, and at most 60 frames a second.
 CompositionSpec smallFilm(const CompositionSpec& spec);
 
-// Used by one thread at a time. The spec outlives it.
+// Used by one thread at a time. The document outlives it.
 class Screening {
 public:
     Screening(const CompositionSpec& small, const std::optional<std::filesystem::path>& assetRoot,
