@@ -1,5 +1,5 @@
 #include "Engine/CommandLine.h"
-#include "Engine/ProcessSetup.h"
+#include "Engine/System/ProcessSetup.h"
 
 #include <string>
 #include <vector>

@@ -79,7 +79,8 @@ endfunction()
 # tavix_floors(name folders...): the folders of a library, from the ground up. A folder that is not named, or a file that
 # includes one of a higher floor, stops the configure step, so folders never form a circle.
 function(tavix_floors name)
-    file(RELATIVE_PATH place ${CMAKE_SOURCE_DIR}/Packages ${CMAKE_CURRENT_SOURCE_DIR})
+    file(RELATIVE_PATH place ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REGEX REPLACE "^Packages/" "" place ${place})
     file(GLOB_RECURSE files RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h *.cpp)
     foreach(file IN LISTS files)
         string(REGEX MATCH "^[^/]+" floor ${file})

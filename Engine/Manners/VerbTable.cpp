@@ -1,8 +1,7 @@
 #include "Engine/Manners/VerbTable.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Terminal.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 
 #include <algorithm>
 
@@ -22,10 +21,10 @@ std::vector<const ArgumentEntry*> those(const std::vector<ArgumentEntry>& all, b
 std::vector<const ArgumentEntry*> VerbTable::inPlace() const { return those(arguments, true); }
 std::vector<const ArgumentEntry*> VerbTable::named() const { return those(arguments, false); }
 
-std::vector<VerbTable> verbTables() {
+std::vector<VerbTable> verbTables(std::span<const VerbEntry> verbs) {
     Terminal nobody;
     std::vector<VerbTable> tables;
-    for (const VerbEntry& entry : verbs()) {
+    for (const VerbEntry& entry : verbs) {
         const std::unique_ptr<Verb> verb = entry.make();
         Arguments arguments(entry.name, entry.summary, entry.example);
         verb->declare(arguments, nobody);

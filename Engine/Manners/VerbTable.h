@@ -1,8 +1,10 @@
 // What every verb is called with, from the tables that its arguments are read by.
 #pragma once
 
-#include "Engine/ArgumentEntry.h"
+#include "Engine/Console/ArgumentEntry.h"
+#include "Engine/Console/Verb.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,7 +19,7 @@ struct VerbTable {
     std::vector<const ArgumentEntry*> named() const;
 };
 
-std::vector<VerbTable> verbTables();
+std::vector<VerbTable> verbTables(std::span<const VerbEntry> verbs);
 // The words that a command may begin with, each with its meaning: verbs, families of verbs, "help".
 struct FirstWord {
     std::string word, meaning;

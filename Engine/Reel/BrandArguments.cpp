@@ -1,7 +1,7 @@
 #include "Engine/Reel/BrandArguments.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/System/Errors.h"
 #include "TavixRender/Brand/AppHints.h"
 #include "TavixRender/Brand/BrandExtractor.h"
 

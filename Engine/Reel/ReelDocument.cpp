@@ -1,9 +1,9 @@
 #include "Engine/Reel/ReelDocument.h"
 
-#include "Engine/AssetFiles.h"
-#include "Engine/DocumentFile.h"
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/AssetFiles.h"
+#include "Engine/Documents/DocumentFile.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixReel/Camera/EffectsAuthor.h"
 #include "TavixReel/Project/ReelAssets.h"

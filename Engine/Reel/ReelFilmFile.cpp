@@ -1,9 +1,9 @@
 #include "Engine/Reel/ReelFilmFile.h"
 
-#include "Engine/FinishedFile.h"
-#include "Engine/Interruption.h"
-#include "Engine/SystemWatch.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Output/FinishedFile.h"
+#include "Engine/System/Interruption.h"
+#include "Engine/System/SystemWatch.h"
 #include "TavixReel/Project/ReelAssets.h"
 #include "TavixReelRender/Export/ReelExport.h"
 

@@ -1,7 +1,7 @@
 // Renders a reel to the film that was asked for.
 #pragma once
 
-#include "Engine/FilmArguments.h"
+#include "Engine/Output/FilmArguments.h"
 #include "Engine/Reel/ReelDocument.h"
 
 namespace tavix::engine {

@@ -1,6 +1,6 @@
 #include "Engine/Reel/ReelProject.h"
 
-#include "Engine/Errors.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Project/BundlePath.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixReel/Authoring/TeaserAuthor.h"

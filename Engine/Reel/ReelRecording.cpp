@@ -1,7 +1,7 @@
 #include "Engine/Reel/ReelRecording.h"
 
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Support/FileBytes.h"

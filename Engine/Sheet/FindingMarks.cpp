@@ -1,6 +1,6 @@
 #include "Engine/Sheet/FindingMarks.h"
 
-#include "Engine/DocumentFile.h"
+#include "Engine/Documents/DocumentFile.h"
 #include "Engine/Sheet/LayerBox.h"
 
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "Engine/Sheet/SheetPlan.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
 #include "Engine/Sheet/SheetLayout.h"
+#include "Engine/System/Errors.h"
 #include "TavixAgent/Document/SceneNames.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixCore/Time/CompositionTimeline.h"

@@ -1,7 +1,7 @@
 #include "Engine/Verbs/AuditVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Findings.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Judge/Findings.h"
 
 namespace tavix::engine {
 

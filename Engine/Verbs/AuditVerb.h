@@ -1,7 +1,7 @@
 // Opens the films of a document and tells which end before the layer that plays them.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

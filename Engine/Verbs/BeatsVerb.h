@@ -1,7 +1,7 @@
 // Listens to a piece of music and tells its tempo, its first beat, its drop and its parts.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "Engine/Verbs/BrandVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixRender/Brand/BrandExtractor.h"
 

@@ -1,7 +1,7 @@
 // Tells the look of an application: its colours and its fonts.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

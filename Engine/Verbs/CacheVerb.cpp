@@ -1,9 +1,9 @@
 #include "Engine/Verbs/CacheVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/Quantities.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Quantities.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/System/Errors.h"
 #include "TavixBase/Failure.h"
 #include "TavixRender/Export/PieceStore.h"
 

@@ -1,7 +1,7 @@
 // Tells what renders have kept for the next ones, and removes it.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 namespace tavix::engine {
 

@@ -1,7 +1,7 @@
 // Writes the texts of a film as captions, or takes captions into it.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixAgent/Exchange/Subtitles.h"
 
 #include <optional>

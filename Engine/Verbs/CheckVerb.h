@@ -1,7 +1,7 @@
 // Judges a document in every way there is, and mends what is certain.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixCore/Judge/Muting.h"
 
 #include <string>

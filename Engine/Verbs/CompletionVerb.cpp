@@ -1,9 +1,10 @@
 #include "Engine/Verbs/CompletionVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Manners/Completion.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
+#include "Engine/Verbs/Verbs.h"
 
 #include <array>
 
@@ -33,7 +34,7 @@ void CompletionVerb::run(Terminal& terminal) {
     for (const Shell& shell : shells) {
         known.push_back(shell.name);
         if (shell.name != shell_) continue;
-        const std::string script = shell.script(verbTables());
+        const std::string script = shell.script(verbTables(verbs()));
         if (terminal.mode() == Terminal::Mode::json)
             return terminal.report({{"shell", shell_}, {"script", script}});
         return terminal.result(script);

@@ -1,7 +1,7 @@
 // Prints what a shell needs to complete the words of the command.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

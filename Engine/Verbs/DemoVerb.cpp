@@ -1,9 +1,9 @@
 #include "Engine/Verbs/DemoVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Interruption.h"
-#include "Engine/OutputPath.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Output/OutputPath.h"
+#include "Engine/System/Interruption.h"
 #include "Engine/Verbs/ReelAuthorVerb.h"
 #include "Engine/Verbs/ReelRenderVerb.h"
 #include "TavixReel/Project/ReelProjectBundle.h"

@@ -1,8 +1,8 @@
 // From a flow to a film in one go: records, makes the document of the reel, and renders it.
 #pragma once
 
+#include "Engine/Console/Verb.h"
 #include "Engine/Reel/RecordingArguments.h"
-#include "Engine/Verbs/Verb.h"
 
 #include <optional>
 #include <string>

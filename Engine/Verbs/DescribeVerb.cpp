@@ -1,9 +1,9 @@
 #include "Engine/Verbs/DescribeVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/DocumentFile.h"
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/DocumentFile.h"
+#include "Engine/System/Errors.h"
 #include "TavixAgent/Describe/DescribeFrame.h"
 #include "TavixCore/Support/Document.h"
 

@@ -1,7 +1,7 @@
 // Tells a moment or a stretch of a film without drawing it.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixAgent/Document/SceneNames.h"
 
 #include <optional>

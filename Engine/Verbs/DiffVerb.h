@@ -1,7 +1,7 @@
 // Tells how two documents differ, and draws it.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 // Changes a document by a JSON Patch, whole or not at all.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixCore/Paths/JsonPatch.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 // Joins the segments of a film that were rendered one by one, and puts the sound under them.
 #pragma once
 
-#include "Engine/FilmArguments.h"
-#include "Engine/PieceArguments.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Output/FilmArguments.h"
+#include "Engine/Output/PieceArguments.h"
 
 #include <optional>
 #include <string>

@@ -1,10 +1,10 @@
 #include "Engine/Verbs/LintVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/Findings.h"
-#include "Engine/LintCodes.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/LintCodes.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Judge/Findings.h"
+#include "Engine/System/Errors.h"
 
 namespace tavix::engine {
 

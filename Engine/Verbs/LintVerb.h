@@ -1,7 +1,7 @@
 // Judges a document: what cannot be rendered, and what will not look right.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 #include <vector>

@@ -1,9 +1,10 @@
 #include "Engine/Verbs/ManualVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Manners/ManualPages.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
+#include "Engine/Verbs/Verbs.h"
 #include "TavixCore/Support/FileBytes.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string pageOf(const std::string& verb) {
-    const auto tables = verbTables();
+    const auto tables = verbTables(verbs());
     if (verb.empty()) return manualPage(tables);
     const auto found = std::ranges::find(tables, verb, &VerbTable::name);
     if (found != tables.end()) return manualPage(*found);
@@ -30,7 +31,7 @@ std::vector<fs::path> writePages(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) throw Failure("Cannot make \"" + folder.string() + "\": " + error.message() + ".");
-    const auto tables = verbTables();
+    const auto tables = verbTables(verbs());
     std::vector<fs::path> written{folder / "tavix.1"};
     writeBytesAtomically(manualPage(tables), written.front());
     for (const VerbTable& table : tables) {

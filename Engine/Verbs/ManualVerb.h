@@ -1,7 +1,7 @@
 // Prints a page of the manual, or writes all of them.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "Engine/Verbs/McpInstallVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/System/Errors.h"
 
 #include <system_error>
 

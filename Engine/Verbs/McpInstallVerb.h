@@ -1,7 +1,7 @@
 // Puts the server into the files of a host, or takes it out again.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixAgent/Hosts/Installation.h"
 
 #include <optional>

@@ -1,8 +1,8 @@
 #include "Engine/Verbs/McpServeVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Interruption.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/System/Interruption.h"
 #include "TavixAgent/Server/LineReader.h"
 #include "TavixAgent/Server/McpServer.h"
 

@@ -1,7 +1,7 @@
 // Serves agents over standard input and output.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "Engine/Verbs/McpStatusVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "TavixAgent/Hosts/Installation.h"
 
 namespace tavix::engine {

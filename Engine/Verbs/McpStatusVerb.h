@@ -1,7 +1,7 @@
 // Tells which hosts there are, and in which of them the server is.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

@@ -1,11 +1,11 @@
 #include "Engine/Verbs/MeasureVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/DocumentFile.h"
-#include "Engine/Errors.h"
-#include "Engine/Findings.h"
-#include "Engine/FrameSize.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/DocumentFile.h"
+#include "Engine/Judge/Findings.h"
+#include "Engine/Output/FrameSize.h"
+#include "Engine/System/Errors.h"
 #include "TavixLive/Measure/Rehearsal.h"
 
 #include <cmath>

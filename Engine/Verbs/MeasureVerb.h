@@ -1,7 +1,7 @@
 // Rehearses a document on this machine: what a live preview of it costs.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 // Writes a document to start from: a small one, or a template.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
 
 #include <optional>

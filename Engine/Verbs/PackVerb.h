@@ -1,7 +1,7 @@
 // Makes a bundle of a document and of every file that it refers to.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

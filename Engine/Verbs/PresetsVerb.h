@@ -1,8 +1,8 @@
 // Lists the words that documents may use, or shows what one of them becomes.
 #pragma once
 
-#include "Engine/Verbs/PlayArguments.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Presets/PlayArguments.h"
 
 #include <optional>
 #include <string>

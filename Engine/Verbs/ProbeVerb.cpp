@@ -1,7 +1,7 @@
 #include "Engine/Verbs/ProbeVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 
 #include <cmath>

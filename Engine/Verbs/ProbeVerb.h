@@ -1,7 +1,7 @@
 // Tells what a film or sound file holds.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "Engine/Verbs/ReadVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/System/Errors.h"
 #include "TavixAgent/Edit/DocumentEdit.h"
 #include "TavixAgent/Edit/DocumentPart.h"
 #include "TavixAgent/Edit/Revision.h"

@@ -1,7 +1,7 @@
 // Prints a document, or a part of it, as it is written.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

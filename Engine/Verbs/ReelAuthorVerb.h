@@ -1,8 +1,8 @@
 // Makes the document of a reel from a recording.
 #pragma once
 
+#include "Engine/Console/Verb.h"
 #include "Engine/Reel/BrandArguments.h"
-#include "Engine/Verbs/Verb.h"
 #include "TavixReel/Cards/TypographyDirectives.h"
 #include "TavixReel/Document/EffectsSpec.h"
 

@@ -1,13 +1,13 @@
 #include "Engine/Verbs/ReelDescribeVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/FinishedFile.h"
-#include "Engine/Interruption.h"
-#include "Engine/OutputPath.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Output/FinishedFile.h"
+#include "Engine/Output/OutputPath.h"
 #include "Engine/Reel/ReelDocument.h"
 #include "Engine/Reel/ReelPlot.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
+#include "Engine/System/Interruption.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 // Tells what a reel does, on the clock of the finished film, and draws it as a plot.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

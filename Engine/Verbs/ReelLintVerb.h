@@ -1,7 +1,7 @@
 // Judges a flow before it is run.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

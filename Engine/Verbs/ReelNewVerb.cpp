@@ -1,10 +1,10 @@
 #include "Engine/Verbs/ReelNewVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Reel/ReelProject.h"
 #include "Engine/Reel/ReelRecording.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
 
 #include <system_error>
 

@@ -1,7 +1,7 @@
 // Makes a bundle of a recording and what lies beside it.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

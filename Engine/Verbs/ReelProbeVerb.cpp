@@ -1,8 +1,8 @@
 #include "Engine/Verbs/ReelProbeVerb.h"
 
-#include "Engine/Arguments.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Reel/ReelRecording.h"
-#include "Engine/Terminal.h"
 #include "TavixCore/Support/Decimals.h"
 #include "TavixCore/Support/Document.h"
 

@@ -1,7 +1,7 @@
 // Tells what the pixels of a recording say of its times.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "Engine/Verbs/ReelRenderVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Interruption.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Reel/ReelFilmFile.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Interruption.h"
 
 namespace tavix::engine {
 

@@ -1,8 +1,8 @@
 // Renders a reel to a film.
 #pragma once
 
-#include "Engine/FilmArguments.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Output/FilmArguments.h"
 
 #include <optional>
 #include <string>

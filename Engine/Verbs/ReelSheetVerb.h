@@ -1,8 +1,8 @@
 // Renders a contact sheet of a reel: the whole film at a glance.
 #pragma once
 
+#include "Engine/Console/Verb.h"
 #include "Engine/Sheet/SheetPlan.h"
-#include "Engine/Verbs/Verb.h"
 
 #include <optional>
 #include <string>

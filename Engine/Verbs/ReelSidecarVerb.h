@@ -1,7 +1,7 @@
 // Makes the sidecar of a recording from what its driver reported.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

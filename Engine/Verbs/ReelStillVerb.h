@@ -1,7 +1,7 @@
 // Renders one moment of a finished reel to a picture.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

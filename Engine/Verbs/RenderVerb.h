@@ -1,10 +1,10 @@
 // Renders a document to a film.
 #pragma once
 
-#include "Engine/DocumentFile.h"
-#include "Engine/FilmArguments.h"
-#include "Engine/PieceArguments.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Documents/DocumentFile.h"
+#include "Engine/Output/FilmArguments.h"
+#include "Engine/Output/PieceArguments.h"
 #include "TavixRender/Export/CompositionExport.h"
 
 #include <optional>

@@ -1,10 +1,10 @@
 #include "Engine/Verbs/ResolveVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/DocumentFile.h"
-#include "Engine/Errors.h"
-#include "Engine/Findings.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/DocumentFile.h"
+#include "Engine/Judge/Findings.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Support/Document.h"
 

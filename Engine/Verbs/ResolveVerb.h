@@ -1,7 +1,7 @@
 // Prints the document as the renderer sees it: with beats and marks turned into seconds.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 #include "Engine/Verbs/RunVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/FinishedFile.h"
-#include "Engine/Interruption.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Output/FinishedFile.h"
+#include "Engine/System/Errors.h"
+#include "Engine/System/Interruption.h"
 #include "TavixReel/Project/ReelProjectBundle.h"
 
 #include <system_error>

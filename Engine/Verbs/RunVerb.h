@@ -1,8 +1,8 @@
 // Plays a flow on a web page and records it.
 #pragma once
 
+#include "Engine/Console/Verb.h"
 #include "Engine/Reel/RecordingArguments.h"
-#include "Engine/Verbs/Verb.h"
 
 #include <optional>
 #include <string>

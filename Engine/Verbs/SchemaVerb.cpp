@@ -1,9 +1,9 @@
 #include "Engine/Verbs/SchemaVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/DocumentReference.h"
-#include "Engine/Errors.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/DocumentReference.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Project/DocumentSchemas.h"
 #include "TavixReel/Project/ReelSchemas.h"
 

@@ -1,7 +1,7 @@
 // Prints the JSON Schema of documents, or their reference as a page.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <string>
 

@@ -1,10 +1,10 @@
 // Renders a contact sheet: a whole film at a glance.
 #pragma once
 
-#include "Engine/DocumentFile.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Documents/DocumentFile.h"
 #include "Engine/Sheet/SheetLayout.h"
 #include "Engine/Sheet/SheetPlan.h"
-#include "Engine/Verbs/Verb.h"
 
 #include <optional>
 #include <string>

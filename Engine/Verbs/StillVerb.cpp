@@ -1,14 +1,14 @@
 #include "Engine/Verbs/StillVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/AssetFiles.h"
-#include "Engine/Errors.h"
-#include "Engine/Findings.h"
-#include "Engine/FinishedFile.h"
-#include "Engine/Interruption.h"
-#include "Engine/OutputPath.h"
-#include "Engine/SystemWatch.h"
-#include "Engine/Terminal.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
+#include "Engine/Documents/AssetFiles.h"
+#include "Engine/Judge/Findings.h"
+#include "Engine/Output/FinishedFile.h"
+#include "Engine/Output/OutputPath.h"
+#include "Engine/System/Errors.h"
+#include "Engine/System/Interruption.h"
+#include "Engine/System/SystemWatch.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
 namespace tavix::engine {

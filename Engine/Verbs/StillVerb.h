@@ -1,8 +1,8 @@
 // Renders one moment of a document to a picture.
 #pragma once
 
-#include "Engine/DocumentFile.h"
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
+#include "Engine/Documents/DocumentFile.h"
 #include "TavixAgent/Document/SceneNames.h"
 
 #include <optional>

@@ -1,11 +1,11 @@
 #include "Engine/Verbs/TeaserVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
-#include "Engine/Interruption.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Reel/ReelFilmFile.h"
 #include "Engine/Reel/ReelProject.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
+#include "Engine/System/Interruption.h"
 #include "TavixReel/Authoring/TeaserAuthor.h"
 #include "TavixReel/Project/ReelAssets.h"
 

@@ -1,9 +1,9 @@
 #include "Engine/Verbs/ThemeVerb.h"
 
-#include "Engine/Arguments.h"
-#include "Engine/Errors.h"
+#include "Engine/Console/Arguments.h"
+#include "Engine/Console/Terminal.h"
 #include "Engine/Reel/ReelRecording.h"
-#include "Engine/Terminal.h"
+#include "Engine/System/Errors.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixReel/Authoring/ThemeAuthor.h"
 

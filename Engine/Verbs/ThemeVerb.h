@@ -1,8 +1,8 @@
 // Dresses a reel in the colours and the font of an application.
 #pragma once
 
+#include "Engine/Console/Verb.h"
 #include "Engine/Reel/BrandArguments.h"
-#include "Engine/Verbs/Verb.h"
 
 #include <optional>
 #include <string>

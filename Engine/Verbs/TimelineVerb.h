@@ -1,7 +1,7 @@
 // Writes the cuts of a film for editing programs.
 #pragma once
 
-#include "Engine/Verbs/Verb.h"
+#include "Engine/Console/Verb.h"
 
 #include <optional>
 #include <string>

@@ -1,0 +1,90 @@
+#include "Engine/Output/OutputChoice.h"
+
+#include "Engine/Output/OutputPath.h"
+#include "Engine/System/Errors.h"
+#include "TavixCore/Support/Names.h"
+
+namespace tavix::engine {
+
+namespace {
+
+// What the extension of a file says about what is in it.
+struct Kind {
+    ExportFormat format;
+    ExportContainer container;   // of a video
+};
+
+std::string extensionOf(const Kind& kind) {
+    return kind.format == ExportFormat::gif ? ".gif" : "." + std::string(nameOf(kind.container));
+}
+
+Kind kindOfExtension(const std::filesystem::path& path) {
+    for (const Kind kind :
+        {Kind{ExportFormat::video, ExportContainer::mp4}, Kind{ExportFormat::video, ExportContainer::mov},
+            Kind{ExportFormat::video, ExportContainer::webm}, Kind{ExportFormat::gif, {}}})
+        if (lowerExtension(path) == extensionOf(kind)) return kind;
+    throw UsageError(
+        "\"" + path.string() + "\" has an extension that is not written; use .mp4, .mov, .webm or .gif.");
+}
+
+bool asksForProRes(const OutputRequest& request) { return request.codec && isProRes(*request.codec); }
+
+// The kind that the flags alone ask for.
+Kind kindOfFlags(const OutputRequest& request) {
+    if (request.format == ExportFormat::gif) {
+        if (request.codec) throw UsageError("--codec is for video, and a GIF has none; drop one of the two.");
+        if (request.container)
+            throw UsageError("--container is for video, and a GIF has none; drop one of the two.");
+        return {ExportFormat::gif, {}};
+    }
+    if (asksForProRes(request) && request.container == ExportContainer::mp4)
+        throw UsageError("ProRes is written to QuickTime files only; use --container mov.");
+    const auto byCodec = asksForProRes(request) ? ExportContainer::mov : ExportContainer::mp4;
+    return {ExportFormat::video, request.container.value_or(byCodec)};
+}
+
+[[noreturn]] void failWithConflict(const std::filesystem::path& path, const std::string& wish) {
+    throw UsageError("\"" + path.string() + "\" does not go with " + wish + "; change the one or the other.");
+}
+
+// WebM takes open codecs alone, and QuickTime does not know them.
+void requireRoomFor(
+    const std::optional<VideoCodec>& codec, ExportContainer container, const std::filesystem::path& path) {
+    if (!codec) return;
+    const bool isOpen = *codec == VideoCodec::vp9 || *codec == VideoCodec::av1;
+    const std::string name(displayName(*codec));
+    if (isOpen && container == ExportContainer::mov)
+        failWithConflict(path, name + ", which is written to .mp4 and .webm files");
+    if (!isOpen && container == ExportContainer::webm)
+        failWithConflict(path, name + ", which is not written to .webm files");
+}
+
+void requireAgreement(
+    const OutputRequest& request, const Kind& asked, const std::filesystem::path& path, const Kind& named) {
+    if (request.format && named.format != asked.format)
+        failWithConflict(path, "--format " + std::string(nameOf(*request.format)));
+    if (named.format == ExportFormat::gif) {
+        if (request.codec) failWithConflict(path, "--codec, which is for video");
+        if (request.container) failWithConflict(path, "--container, which is for video");
+        return;
+    }
+    if (request.container && named.container != *request.container)
+        failWithConflict(path, "--container " + std::string(nameOf(*request.container)));
+    if (asksForProRes(request) && named.container != ExportContainer::mov)
+        failWithConflict(path, "ProRes, which is written to .mov files only");
+    requireRoomFor(request.codec, named.container, path);
+}
+
+}   // namespace
+
+OutputChoice chooseOutput(const OutputRequest& request, const std::string& documentName) {
+    const Kind asked = kindOfFlags(request);
+    const std::filesystem::path target = outputPath(request.output, documentName, extensionOf(asked));
+    const Kind named = kindOfExtension(target);
+    requireAgreement(request, asked, target, named);
+    const bool isWebm = named.format == ExportFormat::video && named.container == ExportContainer::webm;
+    const VideoCodec usual = isWebm ? VideoCodec::vp9 : VideoCodec::h264;
+    return {target, named.format, request.codec.value_or(usual), named.container};
+}
+
+}   // namespace tavix::engine
