@@ -10,12 +10,9 @@
 #include "TavixAgent/Edit/DocumentEdit.h"
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixCore/Judge/CompositionRoad.h"
-#include "TavixCore/Judge/IgnoredBesideMotion.h"
-#include "TavixCore/Judge/PassedOver.h"
-#include "TavixCore/Judge/WithoutEffect.h"
 #include "TavixCore/Support/FileBytes.h"
 #include "TavixCore/Support/JsonParser.h"
-#include "TavixRender/Composition2D/CompositionFootageAudit.h"
+#include "TavixRender/Judge/DocumentJudge.h"
 #include "TavixRender/Judge/FilmJudge.h"
 
 #include <algorithm>
@@ -42,49 +39,22 @@ using Findings = std::vector<Finding>;
 void append(Findings& all, Findings more) { std::ranges::move(more, std::back_inserter(all)); }
 
 std::vector<CompositionLint::MutedCode> mutedBy(const CompositionSpec& spec, const Checks& checks) {
-    std::vector<CompositionLint::MutedCode> muted;
-    if (spec.lint)
-        for (std::size_t i = 0; i < spec.lint->mute.size(); ++i)
-            muted.push_back({spec.lint->mute[i], "lint.mute[" + std::to_string(i) + "]"});
+    std::vector<CompositionLint::MutedCode> muted = DocumentJudge::mutedBy(spec);
     for (const std::string& code : checks.mute) muted.push_back({code, {}});
     return muted;
 }
 
-// What only the written document tells: reading it has passed over it.
-Findings writtenInVain(const Json& written) {
-    Findings found = CompositionLint::passedOver(written);
-    append(found, CompositionLint::ignoredBesideMotion(written));
-    append(found, CompositionLint::withoutEffect(written));
-    return found;
-}
-
-// Where the times of a document are in doubt, so is all that is seen.
-Findings lintedBeyond(
-    const CompositionRoad::Arrival& arrival, const DocumentFile& document, const Json& written) {
-    const CompositionSpec& spec = arrival.spec;
-    FilmAssets assets(document.assetRoot);
-    Findings seen = FilmJudge::missingFiles(spec, assets);
-    if (arrival.isResolved()) append(seen, FilmJudge::seen(CompositionGeometry(spec, assets)));
-    Findings found = writtenInVain(written);
-    append(found, CompositionLint::atAuthoredPaths(std::move(seen), spec));
-    return found;
-}
-
 Findings judged(DocumentFile& document, const Checks& checks, Terminal& terminal) {
     const Json written = parseJson(readBytes(document.file, JsonLimits{}.maxBytes));
-    const auto arrival = CompositionRoad::judge(std::move(document.spec), document.assetRoot);
-    Findings all = checks.lint ? arrival.findings() : arrival.resolving;
-    if (checks.lint) {
-        append(all, lintedBeyond(arrival, document, written));
-    }
-    if (checks.footage && arrival.isResolved())
-        append(all, CompositionFootageAudit::findings(arrival.spec, document.assetRoot));
+    DocumentJudge::Judged judged = DocumentJudge::judge(std::move(document.spec), written, document.assetRoot,
+        {.rules = checks.lint, .footage = checks.footage});
+    document.spec = std::move(judged.spec);
+    Findings all = std::move(judged.findings);
     if (!checks.frames) return all;
-    document.spec = arrival.spec;
     if (hasErrors(all))
         terminal.warn("frames-not-seen", "The frames are not looked at, because the document has errors.");
     else
-        append(all, CompositionLint::atAuthoredPaths(frameFindings(document, terminal), arrival.spec));
+        append(all, CompositionLint::atAuthoredPaths(frameFindings(document, terminal), document.spec));
     return all;
 }
 

@@ -35,7 +35,7 @@ ExportBar::ExportBar(CompositionEditorModel& model, QWidget* parent)
     progress_->setAccessibleName(tr("Export"));
     QObject::connect(stop_, &QPushButton::clicked, this, [this] {
         isStopped_ = true;
-        model_.stopExport();
+        model_.exports().stopAll();
     });
     QObject::connect(
         reveal_, &QPushButton::clicked, this, [this] { revealInFolder(model_.state.exportTarget()); });

@@ -1,8 +1,8 @@
 #include "TavixEditor/Windows/BundleCopy.h"
 
 #include "TavixBase/Failure.h"
+#include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixEditor/App/Studio.h"
-#include "TavixLive/Saving/DocumentOnDisk.h"
 #include "TavixPlatform/System/Continuation.h"
 
 #include <exception>
@@ -21,13 +21,13 @@ fs::path beside(const fs::path& target, const char* end) {
 }
 
 // Written beside the target and renamed. What stood there goes only after that.
-void copy(const fs::path& from, const CompositionSpec& edited, const fs::path& target) {
+void copy(const fs::path& from, const std::string& text, const fs::path& target) {
     if (fs::exists(target) && fs::equivalent(from, target))
         throw Failure("The project has this name already: save it, or choose another name.");
     const fs::path fresh = beside(target, ".new"), old = beside(target, ".old");
     fs::remove_all(fresh);
     fs::copy(from, fresh, fs::copy_options::recursive);
-    DocumentOnDisk::read(fresh).saved(edited, fresh, DocumentOnDisk::IfChanged::overwrite);
+    CompositionProjectBundle::saveText(text, fresh);
     const bool isReplaced = fs::exists(target);
     if (isReplaced) fs::rename(target, old);
     fs::rename(fresh, target);
@@ -40,8 +40,8 @@ void copyBundle(Studio& studio, const fs::path& target, std::function<void()> th
     EditorState& state = studio.model.state;
     system::runThere(
         studio.files(), studio.main(),
-        [from = *state.bundle(), edited = state.edited().spec, target] {
-            copy(from, edited, target);
+        [from = *state.bundle(), text = studio.model.savedText(), target] {
+            copy(from, text(), target);
             return true;
         },
         [&state, then = std::move(then)](system::Outcome<bool>& outcome) {

@@ -5,58 +5,19 @@
 #include "TavixPlatform/Media/AudioMixer.h"
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 #include "TavixRender/Audio/Loudness.h"
-#include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
-#include "TavixRender/Encoding/FrameSequenceEncoder.h"
-#include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Encoding/RenderStopped.h"
+#include "TavixRender/Export/ExportTrial.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdlib>
-#include <string>
-#include <system_error>
 #include <vector>
 
 namespace tavix {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
-
-constexpr double trialSec = 3;   // of work
-constexpr std::int64_t trialFrames = 30;
-constexpr double trialAtFraction = 0.4;   // of the film
 constexpr double audioBytesPerSec = 256'000 / 8.0;
 
-double secondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
 double thousandths(double value) { return std::round(value * 1000) / 1000; }
-
-// A folder that goes with its content.
-class TrialFolder {
-public:
-    TrialFolder() {
-        std::string pattern = (fs::temp_directory_path() / "tavix-trial-XXXXXX").string();
-        if (!::mkdtemp(pattern.data()))
-            throw Failure("There is no folder for a trial export in \"" + fs::temp_directory_path().string() +
-                          "\"; make one that can be written.");
-        path_ = pattern;
-    }
-    ~TrialFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    TrialFolder(const TrialFolder&) = delete;
-    TrialFolder& operator=(const TrialFolder&) = delete;
-
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
 
 void listen(const CompositionSpec& spec, const fs::path& assetRoot, FilmFigures& figures,
     const std::stop_token& stop) {
@@ -78,32 +39,16 @@ void listen(const CompositionSpec& spec, const fs::path& assetRoot, FilmFigures&
     figures.clippedSamples = measure.clippedSamples;
 }
 
-// Exports a stretch from the midst of the film.
 void tryExport(const CompositionSpec& spec, const fs::path& assetRoot, FilmFigures& figures,
     const std::stop_token& stop) {
-    const TrialFolder folder;
-    const fs::path file = folder.path() / "trial.mp4";
-    const imaging::Size size{static_cast<int>(spec.output.widthPx), static_cast<int>(spec.output.heightPx)};
-    const auto count = std::min(figures.frames, trialFrames);
-    const auto first =
-        std::min(std::int64_t(double(figures.frames) * trialAtFraction), figures.frames - count);
-    imaging::Evaluator evaluator;
-    Composition3DRendererPool stages;
-    ResolvedComposition resolved(spec, assetRoot, evaluator, {}, &stages);
-    resolved.frame(spec.output.fps.secAt(first));   // files are opened once for the whole film
-    FrameSequenceEncoder encoder({.output = file, .size = size, .fps = spec.output.fps}, evaluator);
-    const auto start = Clock::now();
-    std::int64_t done = 0;
-    while (done < count && (done == 0 || secondsSince(start) < trialSec)) {
-        if (stop.stop_requested()) throw RenderStopped();
-        encoder.append(resolved.frame(spec.output.fps.secAt(first + done)), done);
-        ++done;
-    }
-    encoder.finish();
-    const double share = double(figures.frames) / double(done);
-    figures.estimatedSec = thousandths(secondsSince(start) * share);
+    CompositionRenderer::Config config;
+    config.spec = spec;
+    config.assetRoot = assetRoot;
+    config.output = "trial.mp4";
+    const ExportTrial::Outcome trial = ExportTrial::run(config, stop);
+    figures.estimatedSec = thousandths(trial.sec);
     const double soundBytes = figures.integratedLufs ? audioBytesPerSec * figures.lengthSec : 0;
-    figures.estimatedBytes = std::round(double(fs::file_size(file)) * share + soundBytes);
+    figures.estimatedBytes = std::round(trial.bytes + soundBytes);
 }
 
 }   // namespace

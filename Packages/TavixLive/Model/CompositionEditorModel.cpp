@@ -68,7 +68,9 @@ void run(const CompositionEditorModel::Done& done) {
 
 CompositionEditorModel::CompositionEditorModel(const Services& services)
     : services_(services), main_(services.executors.main),
-      preview_(services.executors, services.maker, services.output, services.logs) {
+      preview_(services.executors, services.maker, services.output, services.logs),
+      exports_(services.executors.main, services.executors.workers, services.logs.render) {
+    exporting_ = watch([this] { showExports(); }, exports_.jobs);
     Player& player = preview_.player();
     player.setSink([this](const StagePicture& picture) {
         if (!state.showsLiveFrame() && sink_) sink_(picture);
@@ -83,7 +85,7 @@ CompositionEditorModel::CompositionEditorModel(const Services& services)
     player.setOnEnd([this] { reachEnd(); });
 }
 
-CompositionEditorModel::~CompositionEditorModel() { exportStop_.request_stop(); }
+CompositionEditorModel::~CompositionEditorModel() = default;
 
 void CompositionEditorModel::open(const std::filesystem::path& bundle, Done then) {
     close();
@@ -148,12 +150,13 @@ void CompositionEditorModel::close() {
     history_.clear();
     gesture_.reset();
     onDisk_.reset();
+    byHand_.reset();
     journal_.reset();
     recovered_.reset();
     watches_.clear();
     saveAgain_ = {};
     scene3DStash_.clear();
-    fileProblem_.reset();
+    for (auto* problem : {&fileProblem_, &saveProblem_, &refreshProblem_}) problem->reset();
     isSaving_ = isLooking_ = isLookDue_ = isLookAsked_ = areWatchesStale_ = false;
     isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ = false;
     seekTarget_.reset();
@@ -165,6 +168,7 @@ void CompositionEditorModel::close() {
     state.isLoaded = false;
     state.hasUnsavedChanges = false;
     state.fileConflicts = DocumentMerge::Conflicts();
+    state.takenIn = std::nullopt;
     state.isKept = true;
     state.bundle = std::nullopt;
     state.edited = EditState{};
@@ -178,6 +182,11 @@ void CompositionEditorModel::close() {
 std::string CompositionEditorModel::specJSONText() const { return encodedJson(edited().spec); }
 
 std::optional<std::string> CompositionEditorModel::applySpecJSON(std::string_view text) {
+    return applyText(text, "Edit JSON");
+}
+
+std::optional<std::string> CompositionEditorModel::applyText(
+    std::string_view text, const std::string& stepName) {
     if (!isUtf8(text)) return "Text is not valid UTF-8.";
     try {
         EditState changed{decodeJson<CompositionSpec>(text), edited().selection};
@@ -185,13 +194,37 @@ std::optional<std::string> CompositionEditorModel::applySpecJSON(std::string_vie
             state.bundle() ? CompositionRoad::AssetRoot(*state.bundle()) : std::nullopt;
         changed.spec = CompositionRoad::resolve(std::move(changed.spec), root).spec;
         clampSelection(changed);
-        become("Edit JSON", std::move(changed));
+        become(stepName, std::move(changed));
         return std::nullopt;
     } catch (const DecodingError& error) {
         return decodeErrorMessage(error);
     } catch (const Failure& failure) {
         return failure.message();
     }
+}
+
+// A text that was applied counts while the document goes on from it, and the file where all of that was
+// undone.
+const DocumentOnDisk& CompositionEditorModel::writtenForm() const {
+    const bool isUndone = onDisk_->spec == edited().spec && byHand_ && !(byHand_->spec == edited().spec);
+    return byHand_ && !isUndone ? *byHand_ : *onDisk_;
+}
+
+std::function<std::string()> CompositionEditorModel::savedText() const {
+    if (!onDisk_ || !state.bundle()) return [spec = edited().spec] { return encodedJson(spec); };
+    return [form = writtenForm(), spec = edited().spec, bundle = *state.bundle()] {
+        return form.textFor(spec, bundle);
+    };
+}
+
+std::optional<std::string> CompositionEditorModel::applySavedText(
+    std::string text, const std::string& stepName) {
+    const bool isOther = !onDisk_ || text != writtenForm().text;
+    const auto fault = applyText(text, stepName);
+    if (fault || !onDisk_ || !isOther) return fault;
+    byHand_ = std::make_shared<const DocumentOnDisk>(DocumentOnDisk{std::move(text), edited().spec});
+    noteUnsaved(true);
+    return std::nullopt;
 }
 
 void CompositionEditorModel::update(

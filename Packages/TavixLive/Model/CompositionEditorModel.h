@@ -5,6 +5,7 @@
 #include "TavixLive/Files/Backups.h"
 #include "TavixLive/Files/RecentProjects.h"
 #include "TavixLive/Model/EditorState.h"
+#include "TavixLive/Model/ExportQueue.h"
 #include "TavixLive/Model/History.h"
 #include "TavixLive/Playback/LivePreview.h"
 #include "TavixLive/Saving/DocumentOnDisk.h"
@@ -16,7 +17,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -38,6 +38,8 @@ public:
         std::filesystem::path stateFolder = {};   // of journals; empty: nothing outlives a crash
         const Backups* backups = nullptr;         // none: what saving replaces is gone
         double journalDelaySec = JournalKeeper::usualDelaySec;
+        // Where exports keep finished pieces of films; absent: nowhere.
+        std::optional<std::filesystem::path> pieceStore = {};
     };
     using Done = std::function<void()>;
 
@@ -77,6 +79,13 @@ public:
     // The text as the new document; otherwise what is wrong with it.
     std::optional<std::string> applySpecJSON(std::string_view text);
 
+    // Works out what saving would write now, on any thread: the document as its author wrote it, changed
+    // where it was edited. What it gives throws a `Failure`.
+    std::function<std::string()> savedText() const;
+    // Such a text, changed by hand, as a step of that name: what it says is saved as it is written, with keys
+    // that nobody knows and without those that went. Otherwise what is wrong with it.
+    std::optional<std::string> applySavedText(std::string text, const std::string& stepName);
+
     // The one way to change the document: a step of that name, unless nothing changes.
     void update(const std::string& stepName, const std::function<void(EditState&)>& mutate);
     // Everything in between is one step.
@@ -114,8 +123,10 @@ public:
     void setPreviewPan(double x, double y) { state.previewPan = NormalizedVec2{x, y}; }
     void resetPreviewView();
 
+    // With the wishes of the state, on a copy of everything as it is; after those that were asked for before.
     void exportTo(const std::filesystem::path& file, Done then = {});
-    void stopExport() { exportStop_.request_stop(); }
+    CompositionRenderer::Config exportConfig() const;   // of a document that is open
+    ExportQueue& exports() { return exports_; }
     void analyzeMusicGrid(Done then = {});
 
     LivePreview& preview() { return preview_; }
@@ -140,6 +151,7 @@ private:
     }
     History::Moment moment() const { return {edited(), state.currentTime()}; }
     void become(const std::string& stepName, EditState changed);
+    std::optional<std::string> applyText(std::string_view text, const std::string& stepName);
     void show(const History::Moment& moment);
     void arrive(const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then);
     void noteUnsaved(bool isUnsaved);
@@ -149,7 +161,9 @@ private:
     void look(bool isAsked);
     void finishLook(system::Outcome<Look>& outcome);
     void takeIn(Look& found);
-    void clearFileProblem();
+    const DocumentOnDisk& writtenForm() const;
+    void showExports();
+    void clear(std::optional<std::string>& problem);
     void startJournal();
     void noteJournal();
     UnsavedWork unsavedWork() const;
@@ -177,6 +191,7 @@ private:
     History history_;
     std::optional<Gesture> gesture_;
     std::shared_ptr<const DocumentOnDisk> onDisk_;   // of a bundle that is open
+    std::shared_ptr<const DocumentOnDisk> byHand_;   // a text that was applied since it was saved
     std::optional<JournalKeeper> journal_;           // of a document that is open
     DeviceOperations::Scene3DStash scene3DStash_;    // of the open document
     std::vector<LostWork> lost_;
@@ -184,9 +199,10 @@ private:
     std::vector<system::FolderWatcher::Watch> watches_;
     bool isSaving_ = false, isLooking_ = false, isLookDue_ = false, isLookAsked_ = false;
     bool areWatchesStale_ = false;
-    Done saveAgain_;                           // asked for while it was saving
-    std::optional<std::string> fileProblem_;   // that is told as the error message
-    system::Lifeline lifeline_, document_;     // of the model, and of the open document
+    Done saveAgain_;   // asked for while it was saving
+    // Those that are told as the error message: each goes when what it is about goes well.
+    std::optional<std::string> fileProblem_, saveProblem_, refreshProblem_;
+    system::Lifeline lifeline_, document_;   // of the model, and of the open document
     imaging::Size room_{540, 960};
 
     system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_, lookTimer_, assetsTimer_;
@@ -203,7 +219,8 @@ private:
     std::optional<DevicePlacementSpec> livePlacement_;
     bool isLiveRenderInFlight_ = false, isLiveRenderDirty_ = false;
     std::function<void(const StagePicture&)> sink_;
-    std::stop_source exportStop_;
+    ExportQueue exports_;
+    Connection exporting_;
 };
 
 }   // namespace tavix

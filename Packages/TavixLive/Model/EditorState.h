@@ -7,11 +7,14 @@
 #include "TavixLive/Operations/EditState.h"
 #include "TavixLive/Playback/DrawAhead.h"
 #include "TavixLive/Saving/DocumentMerge.h"
+#include "TavixLive/Saving/DocumentOnDisk.h"
 #include "TavixLive/Stage/FrameSource.h"
+#include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +28,12 @@ struct LostWorkOffer {
     bool operator==(const LostWorkOffer&) const = default;
 };
 
+// What another program made of the file, and what it was before.
+struct TakenIn {
+    std::shared_ptr<const DocumentOnDisk> before, after;
+    bool operator==(const TakenIn&) const = default;   // by identity
+};
+
 struct EditorState {
     Observable<bool> isLoaded{false};
     Observable<std::optional<std::filesystem::path>> bundle;   // where the files of the document lie, too
@@ -33,6 +42,7 @@ struct EditorState {
     Observable<bool> isKept{true};   // of unsaved changes: a crash would not cost them
     // Values that another program and the user have both changed; empty when there is nothing to choose.
     Observable<DocumentMerge::Conflicts> fileConflicts;
+    Observable<std::optional<TakenIn>> takenIn;             // the last time, while the document is open
     Observable<std::vector<LostWorkOffer>> lostWork;        // the latest first
     Observable<double> outputDuration{0}, currentTime{0};   // seconds
     Observable<bool> isPlaying{false};
@@ -48,6 +58,8 @@ struct EditorState {
     Observable<VideoCodec> exportVideoCodec{VideoCodec::h264};
     Observable<ExportContainer> exportContainer{ExportContainer::mp4};
     Observable<ResolutionPreset> exportResolution{ResolutionPreset::native};
+    Observable<media::EncodingEffort> exportEffort{media::EncodingEffort::fast};
+    Observable<ExportRate> exportRate;
     Observable<bool> showsLiveFrame{false};   // a frame of a drag stands on the stage
     Observable<double> previewOverscan{1};    // 0.1 to 1: how much the device is shrunk to see around it
     Observable<NormalizedVec2> previewPan{NormalizedVec2{}};

@@ -4,11 +4,10 @@
 #include "TavixLive/Operations/AudioOperations.h"
 #include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/Encoding/RenderStopped.h"
-#include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/MusicAnalysis/MusicAnalyzer.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <utility>
@@ -25,46 +24,48 @@ std::string decimal(const char* format, double value) {
 
 }   // namespace
 
-// On a copy of everything: what is edited from now on does not reach it.
-void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done then) {
-    if (!state.bundle() || state.isExporting()) return;
-    state.exportTarget = file;
-    state.exportProgress = 0;
-    state.isExporting = true;
-    CompositionRenderer::Config config;
+CompositionRenderer::Config CompositionEditorModel::exportConfig() const {
     const CompositionSpec& spec = edited().spec;
-    config.output = file;
-    config.assetRoot = *state.bundle();
+    CompositionRenderer::Config config;
+    config.assetRoot = state.bundle();
     config.fileFormat = state.exportFormat();
     config.videoCodec = state.exportVideoCodec();
     config.container = state.exportContainer();
+    config.effort = state.exportEffort();
+    config.rate = state.exportRate();
+    config.pieceStore = services_.pieceStore;
     config.spec = scaledExportSpec(spec,
         ReelExporter::targetDimensions(canvasSize(spec), state.exportResolution(), state.exportFormat()),
         ReelExporter::targetFps(spec.output.fps, state.exportFormat()));
-    exportStop_ = {};
-    const std::function<void(double)> progress =
-        lifeline_.guard([this](double fraction) { state.exportProgress = fraction; });
-    system::runThere(
-        services_.executors.workers, main_,
-        [config, stop = exportStop_.get_token(), log = services_.logs.render, progress, &main = main_] {
-            CompositionExport::write(
-                config, log,
-                [&](double fraction) { main.post([progress, fraction] { progress(fraction); }); }, stop);
-            return config.output.filename().string();
-        },
-        lifeline_.guard([this, then = std::move(then)](system::Outcome<std::string>& outcome) {
-            try {
-                const std::string name = outcome.value();
-                state.exportProgress = 1;
-                state.statusMessage = "Exported " + name + ".";
-            } catch (const RenderStopped&) {
-                state.statusMessage = "Export stopped.";
-            } catch (const std::exception& error) {
-                state.errorMessage = std::string("Export failed: ") + error.what();
-            }
-            state.isExporting = false;
-            if (then) then();
-        }));
+    return config;
+}
+
+void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done then) {
+    if (!state.bundle()) return;
+    CompositionRenderer::Config config = exportConfig();
+    config.output = file;
+    exports_.add(std::move(config), [this, then = std::move(then)](const ExportJob& job) {
+        switch (job.stand) {
+        case ExportJob::Stand::done:
+            state.statusMessage = "Exported " + job.config->output.filename().string() + ".";
+            break;
+        case ExportJob::Stand::failed: state.errorMessage = "Export failed: " + job.fault; break;
+        default: state.statusMessage = "Export stopped."; break;
+        }
+        if (then) then();
+    });
+}
+
+void CompositionEditorModel::showExports() {
+    const Batch together;
+    const auto& jobs = exports_.jobs();
+    const auto begun = std::ranges::find_if(jobs.rbegin(), jobs.rend(),
+        [](const ExportJob& job) { return job.stand != ExportJob::Stand::waiting; });
+    if (begun != jobs.rend()) {
+        state.exportTarget = begun->config->output;
+        state.exportProgress = begun->fraction;
+    }
+    state.isExporting = exports_.isBusy();
 }
 
 void CompositionEditorModel::analyzeMusicGrid(Done then) {

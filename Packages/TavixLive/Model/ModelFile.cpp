@@ -53,26 +53,28 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
     };
     system::runThere(
         files(), main_,
-        [before = onDisk_, spec = edited().spec, bundle = *state.bundle(), ifChanged,
+        [before = onDisk_, form = writtenForm(), spec = edited().spec, bundle = *state.bundle(), ifChanged,
             backups = services_.backups, log = services_.logs.render] {
             if (backups) keepBackup(*backups, bundle, log);
-            return Written{spec, before->saved(spec, bundle, ifChanged)};
+            return Written{spec, before->replaced(form.textFor(spec, bundle), bundle, ifChanged)};
         },
-        document_.guard([this, then = std::move(then)](system::Outcome<Written>& outcome) {
+        document_.guard([this, then = std::move(then), byHand = byHand_](system::Outcome<Written>& outcome) {
             isSaving_ = false;
             try {
                 Written& written = outcome.value();
                 onDisk_ = std::make_shared<DocumentOnDisk>(std::move(written.onDisk));
                 state.fileConflicts = DocumentMerge::Conflicts();
-                clearFileProblem();
+                clear(fileProblem_);
+                clear(saveProblem_);
                 // What was changed while it was written is not saved yet.
-                noteUnsaved(!(written.spec == edited().spec));
+                if (byHand_ == byHand) byHand_.reset();
+                noteUnsaved(byHand_ || !(written.spec == edited().spec));
                 state.statusMessage = "Saved composition.json.";
             } catch (const DocumentOnDisk::Changed& refusal) {
                 state.errorMessage = fileProblem_ = refusal.message();
                 lookAtFile();
             } catch (const std::exception& error) {
-                state.errorMessage = error.what();
+                state.errorMessage = saveProblem_ = error.what();
             }
             if (then) then();
             if (const auto again = std::exchange(saveAgain_, {})) again();
@@ -163,7 +165,7 @@ void CompositionEditorModel::finishLook(system::Outcome<Look>& outcome) {
     isLooking_ = false;
     try {
         Look& found = outcome.value();
-        if (found.conflicts.empty()) clearFileProblem();
+        if (found.conflicts.empty()) clear(fileProblem_);
         if (!found.theirs) {
             state.fileConflicts = DocumentMerge::Conflicts();
         } else if (isSaving_ || gesture_ || liveTarget_ || !(found.ours.spec == edited().spec)) {
@@ -189,23 +191,25 @@ void CompositionEditorModel::takeIn(Look& found) {
     const bool isChanged = !(found.merged->spec == before.state.spec);
     const bool isSelectionKept = edited().selection == found.ours.selection;
     const Batch together;
-    clearFileProblem();
-    onDisk_ = found.theirs;
+    clear(fileProblem_);
+    const TakenIn taken{std::exchange(onDisk_, found.theirs), found.theirs};
+    byHand_.reset();
     state.fileConflicts = DocumentMerge::Conflicts();
     if (isChanged) {
         if (!isSelectionKept) found.merged->selection = edited().selection;
         clampSelection(*found.merged);
         state.edited = std::move(*found.merged);
         history_.record("Take in changes", before, moment());
+        state.takenIn = taken;
         scheduleRefresh();
     }
     noteUnsaved(!(edited().spec == onDisk_->spec));
     state.statusMessage = "Took in what another program changed.";
 }
 
-void CompositionEditorModel::clearFileProblem() {
-    if (fileProblem_ && state.errorMessage() == fileProblem_) state.errorMessage = std::nullopt;
-    fileProblem_.reset();
+void CompositionEditorModel::clear(std::optional<std::string>& problem) {
+    if (problem && state.errorMessage() == problem) state.errorMessage = std::nullopt;
+    problem.reset();
 }
 
 void CompositionEditorModel::chooseForConflict(std::size_t index, MergeSide side) {

@@ -42,7 +42,7 @@ void CompositionEditorModel::refreshNow(Done then) {
     isRefreshing_ = true;
     for (const CompositionLint::Finding& finding : CompositionLint::lint(edited().spec))
         if (finding.level == CompositionLint::Level::error) {
-            state.errorMessage = finding.path + ": " + finding.message;
+            state.errorMessage = refreshProblem_ = finding.path + ": " + finding.message;
             endRefresh();
             if (then) then();
             return;
@@ -60,11 +60,11 @@ void CompositionEditorModel::finishRefresh(
         return;
     }
     if (ended.failure) {
-        state.errorMessage = "Preview failed: " + *ended.failure;
+        state.errorMessage = refreshProblem_ = "Preview failed: " + *ended.failure;
     } else {
         state.outputDuration = preview_.totalSec();
         state.currentTime = std::min(state.currentTime(), preview_.totalSec());
-        state.errorMessage = fileProblem_;   // that one does not go by drawing
+        clear(refreshProblem_);   // others do not go by drawing
         prewarm3D();
         letLiveFrameGo();
     }

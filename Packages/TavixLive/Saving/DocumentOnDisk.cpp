@@ -36,8 +36,12 @@ DocumentOnDisk DocumentOnDisk::read(const fs::path& bundle) {
     return of(textIn(bundle), bundle);
 }
 
-DocumentOnDisk DocumentOnDisk::saved(
-    const CompositionSpec& edited, const fs::path& bundle, IfChanged ifChanged) const {
+std::string DocumentOnDisk::textFor(const CompositionSpec& edited, const fs::path& bundle) const {
+    return textSaying(text, savedDocument(parseJson(text), spec, edited, {bundle}));
+}
+
+DocumentOnDisk DocumentOnDisk::replaced(
+    std::string fresh, const fs::path& bundle, IfChanged ifChanged) const {
     const fs::path file = CompositionProjectBundle::specFile(bundle);
     std::error_code ignored;   // writing tells what is wrong
     if (ifChanged == IfChanged::overwrite)
@@ -48,9 +52,7 @@ DocumentOnDisk DocumentOnDisk::saved(
         throw Changed("\"" + file.string() +
                       "\" was changed by another program since it was opened; choose what to keep of its "
                       "changes and of yours, or save over it.");
-    const Json document = savedDocument(parseJson(text), spec, edited, {bundle});
-    DocumentOnDisk now{textSaying(text, document), {}};
-    now.spec = resolved(now.text, bundle);
+    DocumentOnDisk now = of(std::move(fresh), bundle);
     CompositionProjectBundle::saveText(now.text, bundle);
     return now;
 }

@@ -28,10 +28,17 @@ struct DocumentOnDisk {
     };
     enum class IfChanged { refuse, overwrite };   // where another program has written the file since
 
-    // Writes the edited document over the file, changed where it was edited and nowhere else. Gives what
-    // stands on disk now. Throws `Changed` or another `Failure`, and then the file is as it was.
+    // What the edited document is written as: this text, changed where it was edited and nowhere else. Reads
+    // sidecars of recordings.
+    std::string textFor(const CompositionSpec& edited, const std::filesystem::path& bundle) const;
+    // Writes a text over the file, which has this one. Gives what stands on disk now. Throws `Changed` or
+    // another `Failure`, and then the file is as it was.
+    DocumentOnDisk replaced(
+        std::string fresh, const std::filesystem::path& bundle, IfChanged ifChanged) const;
     DocumentOnDisk saved(
-        const CompositionSpec& edited, const std::filesystem::path& bundle, IfChanged ifChanged) const;
+        const CompositionSpec& edited, const std::filesystem::path& bundle, IfChanged ifChanged) const {
+        return replaced(textFor(edited, bundle), bundle, ifChanged);
+    }
 };
 
 }   // namespace tavix

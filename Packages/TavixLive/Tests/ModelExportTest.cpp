@@ -67,6 +67,40 @@ TEST_F(ModelExport, TellsWhatFailedAndKeepsNothingOfIt) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
+TEST_F(ModelExport, OneAfterAnotherIsWrittenEachAsItWasWhenItWasAsked) {
+    loadTiny(10);
+    model->exportTo(folder / "first.mp4");
+    model->update("Longer", [](EditState& changed) { changed.spec.scenes[0].durationSec = 1; });
+    model->exportTo(folder / "second.mp4");
+    model->exportTo(folder / "never.mp4");
+    using Stand = ExportJob::Stand;
+    const auto stands = [this] {
+        std::vector<Stand> all;
+        for (const ExportJob& job : model->exports().jobs()) all.push_back(job.stand);
+        return all;
+    };
+    EXPECT_EQ(stands(), (std::vector{Stand::running, Stand::waiting, Stand::waiting}));
+    model->exports().stop(3);
+    time.advance(1);
+    EXPECT_EQ(stands(), (std::vector{Stand::done, Stand::done, Stand::stopped}));
+    EXPECT_FALSE(state().isExporting());
+    EXPECT_NEAR(media::probeMedia(folder / "first.mp4").durationSec, 0.5, 0.02);
+    EXPECT_NEAR(media::probeMedia(folder / "second.mp4").durationSec, 1, 0.02);
+    EXPECT_FALSE(std::filesystem::exists(folder / "never.mp4"));
+    model->exports().dismiss(1);
+    EXPECT_EQ(stands(), (std::vector{Stand::done, Stand::stopped}));
+}
+
+TEST_F(ModelExport, AnErrorStaysUntilItsOwnMatterGoesWell) {
+    loadTiny(30);
+    writeBytesAtomically("no folder", folder / "taken");
+    exportTo("taken/film.mp4");
+    ASSERT_TRUE(state().errorMessage());
+    tint();
+    time.advance(1);
+    EXPECT_TRUE(state().errorMessage()) << "a picture that was drawn says nothing of the export";
+}
+
 TEST_F(ModelExport, FindsTheBeatOfTheMusicAsAStep) {
     std::vector<float> clicks(testing::soundRateHz * 16);
     for (int beat = 0; beat < 32; ++beat)

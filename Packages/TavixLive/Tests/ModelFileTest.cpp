@@ -96,6 +96,44 @@ TEST_F(ModelFile, MergesWhatOthersChangeWithWhatIsNotSaved) {
     EXPECT_EQ(onDisk(), spec());
 }
 
+TEST_F(ModelFile, TellsWhatAnotherProgramMadeOfTheFile) {
+    EXPECT_FALSE(state().takenIn());
+    CompositionSpec theirs = spec();
+    theirs.scenes[1].layers[0].opacity = 0.25;
+    tint();   // is not theirs
+    const double ours = spec().scenes[0].layers[0].opacity;
+    writeTheirs(theirs);
+    ASSERT_TRUE(state().takenIn());
+    CompositionSpec was = state().takenIn()->before->spec;
+    EXPECT_NE(was.scenes[0].layers[0].opacity, ours);
+    was.scenes[1].layers[0].opacity = 0.25;
+    EXPECT_EQ(was, state().takenIn()->after->spec);
+}
+
+TEST_F(ModelFile, ATextByHandIsSavedAsItIsWrittenAndUndoneWhole) {
+    std::string text = R"({"output": {"widthPx": 300, "heightPx": 300}, "pace": "slow",
+        "scenes": [{"durationSec": 2, "opactiy": 1, "layers": []}]})";
+    CompositionProjectBundle::saveText(text, bundle);
+    open();
+    const auto saving = [this] { return model->savedText()(); };
+    EXPECT_EQ(saving(), text);
+    text.replace(text.find("\"opactiy\": 1, "), 14, "");
+    EXPECT_FALSE(model->applySavedText(text, "Mend"));
+    EXPECT_EQ(saving(), text) << "a key that nobody knows can go, and another one stays";
+    EXPECT_TRUE(state().hasUnsavedChanges());
+    text.replace(text.find(": 2"), 3, ": 3.0");
+    EXPECT_FALSE(model->applySavedText(text, "Mend"));
+    EXPECT_EQ(spec().scenes[0].durationSec, 3);
+    EXPECT_EQ(*model->history().undoName(), "Mend");
+    EXPECT_EQ(model->applySavedText("{", "Mend")->substr(0, 12), "Invalid JSON");
+    save();
+    EXPECT_EQ(DocumentOnDisk::textIn(bundle), text);
+    EXPECT_FALSE(state().hasUnsavedChanges());
+    model->undo();
+    time.advance(1);
+    EXPECT_EQ(spec().scenes[0].durationSec, 2);
+}
+
 TEST_F(ModelFile, ChangesNothingUntilItIsChosenWhatToKeep) {
     CompositionSpec theirs = spec();
     theirs.seed = 5;

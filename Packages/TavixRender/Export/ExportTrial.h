@@ -1,0 +1,20 @@
+// How large an export becomes and how long it takes, found out by exporting a stretch of it.
+#pragma once
+
+#include "TavixRender/Export/CompositionRenderer.h"
+
+#include <stop_token>
+
+namespace tavix::ExportTrial {
+
+struct Outcome {
+    double bytes = 0;   // of the pictures of the whole film
+    double sec = 0;     // of work, on this machine as it is now
+};
+
+// A stretch from the midst of the film, in a folder of its own that goes again. Takes some seconds at most
+// beside opening the files. The output of the configuration counts for nothing. Throws `RenderStopped` when
+// it is asked to stop, and `Failure` when nothing can be drawn or written.
+Outcome run(const CompositionRenderer::Config& config, const std::stop_token& stop = {});
+
+}   // namespace tavix::ExportTrial
