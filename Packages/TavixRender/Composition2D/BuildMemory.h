@@ -6,6 +6,7 @@
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerInputs.h"
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
+#include "TavixRender/Composition2D/ScreenShelf.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -71,6 +72,7 @@ public:
 
     StillImageCache& images() { return images_; }
     const std::shared_ptr<DeviceDarkroom>& darkroom() const { return darkroom_; }
+    ScreenShelf& screens() { return screens_; }
 
 private:
     struct KeptLayer {
@@ -98,6 +100,7 @@ private:
     std::string path_;
     StillImageCache images_;
     std::shared_ptr<DeviceDarkroom> darkroom_;
+    ScreenShelf screens_;
     std::vector<KeptLayer> layersBefore_, layers_;   // of the last build and of this one
     std::vector<KeptBackground> backgroundsBefore_, backgrounds_;
     std::vector<KeptTransition> transitionsBefore_, transitions_;

@@ -87,7 +87,7 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
 Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build)
     : evaluator_(build.evaluator), log_(build.log), isPreview_(build.rendererPool != nullptr),
       bounds_(build.bounds), scene3D_(*content.scene3D), placement_(content.placement),
-      screen_(content.screen, build) {}
+      screen_(screenFor(content.screen, build)) {}
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     if (std::exchange(needsApplyScene_, false)) {
@@ -124,7 +124,7 @@ void Device3DCompositionLayer::takenOver() {
 }
 
 void Device3DCompositionLayer::rest() {
-    screen_.rest();
+    screen_->rest();
     renderer_->rest();
     heldScreen_.reset();
     lastFrame_.reset();
@@ -133,7 +133,7 @@ void Device3DCompositionLayer::rest() {
 std::optional<Image> Device3DCompositionLayer::screenAt(double localSec) {
     if (scrubQuality_ && heldScreen_ && std::abs(localSec - heldScreen_->sec) < heldScreenSec)
         return heldScreen_->fitted;
-    const auto source = screen_.at(localSec, scrubQuality_);
+    const auto source = screen_->at(localSec, scrubQuality_);
     if (!source) return std::nullopt;
     heldScreen_ = {coverCrop(*source, screenAspect_), localSec};
     return heldScreen_->fitted;

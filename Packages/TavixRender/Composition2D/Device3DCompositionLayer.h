@@ -4,7 +4,7 @@
 #include "TavixCore/Device/DeviceContent.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
-#include "TavixRender/Composition2D/ScreenPictures.h"
+#include "TavixRender/Composition2D/ScreenShelf.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 
 #include <cstdint>
@@ -54,7 +54,7 @@ private:
     imaging::Rect bounds_;   // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
-    ScreenPictures screen_;
+    std::shared_ptr<ScreenPictures> screen_;
     double screenAspect_ = 1;                         // width by height
     std::shared_ptr<DeviceSceneRenderer> renderer_;   // shared with the pool
     bool needsApplyScene_ = false;   // it holds other values: those of another build, or of a drag

@@ -66,7 +66,7 @@ DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
     : bounds_(build.bounds), device_(CanvasDrawing::resolveDevice(content.mockup, content.basePaddingPx,
                                  bounds_, build.assetRoot, build.images)),
-      screen_(content.screen, build), screenFade_(timedKeyframes(content.screenOpacity)),
+      screen_(screenFor(content.screen, build)), screenFade_(timedKeyframes(content.screenOpacity)),
       trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
     bake(peakMagnification(layer) * peakScale(trajectory_), build.evaluator);
 }
@@ -77,13 +77,13 @@ void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& eval
         return std::max(1.0, picture.extent().height / std::max(place.height, 1e-6));
     };
     const double bezelDetail = detailLeft(device_.picture, device_.frameRect);
-    if (screen_.still() && screenFade_.empty()) {
-        const double unitDetail = std::max(bezelDetail, detailLeft(*screen_.still(), device_.screenRect));
+    if (screen_->still() && screenFade_.empty()) {
+        const double unitDetail = std::max(bezelDetail, detailLeft(*screen_->still(), device_.screenRect));
         stillUnit_ = bakedForMagnification(
-            [&](int detail) { return stillUnitAt(device_, *screen_.still(), detail, bounds_); },
+            [&](int detail) { return stillUnitAt(device_, *screen_->still(), detail, bounds_); },
             std::min(magnification, unitDetail), evaluator);
         device_.picture = Image();   // neither it nor the screen's is looked at again
-        screen_.forgetStill();
+        screen_.reset();
         return;
     }
     device_.picture = bakedForMagnification([&](int detail) { return bezelAt(device_, detail, bounds_); },
@@ -95,7 +95,7 @@ std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {
         FlatDeviceMotion::moveAt(trajectory_, localSec, device_.frameRect, bounds_.height);
     const imaging::Affine affine = CanvasDrawing::affineOf(move, bounds_);
     if (stillUnit_) return stillUnit_->transformed(affine);
-    const std::optional<Image> screen = screen_.at(localSec);
+    const std::optional<Image> screen = screen_->at(localSec);
     if (!screen) return std::nullopt;
     const double opacity =
         CompositionMath::sample(screenFade_, localSec, CompositionMath::Mixing::linear).value_or(1);

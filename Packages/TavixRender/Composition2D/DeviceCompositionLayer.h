@@ -6,9 +6,11 @@
 #include "TavixCore/Geometry/CameraFrameTransform.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
-#include "TavixRender/Composition2D/ScreenPictures.h"
+#include "TavixRender/Composition2D/ScreenShelf.h"
 #include "TavixRender/Compositor/DeviceFrame.h"
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace tavix {
@@ -18,7 +20,9 @@ public:
     DeviceCompositionLayer(
         const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
-    void rest() override { screen_.rest(); }
+    void rest() override {
+        if (screen_) screen_->rest();
+    }
 
 private:
     void bake(double magnification, imaging::Evaluator& evaluator);
@@ -27,7 +31,7 @@ private:
 
     imaging::Rect bounds_;   // of the canvas
     CanvasDrawing::FittedDevice device_;
-    ScreenPictures screen_;
+    std::shared_ptr<ScreenPictures> screen_;   // null where the still unit has it
     std::vector<CompositionKeyframe> screenFade_;
     DevicePlacementTrajectory trajectory_;
     std::optional<imaging::Image> stillUnit_;   // screen and bezel in one, where nothing between them changes

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "TavixCore/Document/CompositionLayer.h"
+#include "TavixCore/Document/LayerWindow.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -15,6 +17,7 @@
 namespace tavix {
 
 class Composition3DRendererPool;
+class ScreenShelf;
 struct DeviceDarkroom;
 
 struct LayerBuild {
@@ -27,6 +30,10 @@ struct LayerBuild {
     RenderLog log = {};                                  // told while frames are drawn too
     Composition3DRendererPool* rendererPool = nullptr;   // without one each 3D layer has its own stage
     std::shared_ptr<DeviceDarkroom> darkroom = {};       // that 3D layers share; without one each has its own
+    ScreenShelf* screens = nullptr;                      // without one each layer opens its clip itself
+    // Of the layer.
+    std::size_t scene = 0;
+    LayerWindow window = {};
 };
 
 // The largest factor by which the layer's keyframes and phases enlarge its content; at least 1.

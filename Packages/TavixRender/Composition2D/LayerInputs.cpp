@@ -69,6 +69,10 @@ std::vector<UsedFile> filesOf(const CompositionScene& scene, const Fonts& fonts,
     return filesIn(scene, fonts, assetRoot);
 }
 
+std::vector<UsedFile> filesOf(const ScreenSource& source, const AssetRoot& assetRoot) {
+    return filesIn(source, {}, assetRoot);
+}
+
 std::vector<UsedFile> filesOf(const BackgroundFill& fill, const AssetRoot& assetRoot) {
     return filesIn(fill, {}, assetRoot);
 }

@@ -45,6 +45,9 @@ struct LayerInputs {
 // The files that a scene names; fonts by the names that the document gives them too.
 std::vector<UsedFile> filesOf(const CompositionScene& scene, const std::map<std::string, std::string>& fonts,
     const std::optional<std::filesystem::path>& assetRoot);
+// The files that a screen shows.
+std::vector<UsedFile> filesOf(
+    const ScreenSource& source, const std::optional<std::filesystem::path>& assetRoot);
 // The files that a fill names.
 std::vector<UsedFile> filesOf(
     const BackgroundFill& fill, const std::optional<std::filesystem::path>& assetRoot);

@@ -119,7 +119,7 @@ struct ResolvedComposition::Workshop {
         const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given)
         : memory(given ? *given : own.emplace()),
           isLean(!given), build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts,
-                              onceEach(log), rendererPool, memory.darkroom()} {
+                              onceEach(log), rendererPool, memory.darkroom(), &memory.screens()} {
         memory.begin({bounds, build.framesPerSec, build.assetRoot}, build.log);
     }
 
@@ -131,11 +131,13 @@ struct ResolvedComposition::Workshop {
         return spec.scenes[scene].background ? "scenes[" + std::to_string(scene) + "].background"
                                              : "background";
     }
-    std::unique_ptr<CompositionLayerContentRenderer> make(
-        const CompositionLayer& layer, const LayerInputs::Place& place, const std::string& path) {
+    std::unique_ptr<CompositionLayerContentRenderer> make(const CompositionLayer& layer,
+        const LayerInputs::Place& place, const LayerWindow& window, const std::string& path) {
         memory.goTo(path);
         LayerBuild here = build;
         here.log = placedAt(path, build.log);
+        here.scene = place.poolKey.scene;
+        here.window = window;
         auto made = makeRenderer(layer, place, here);
         if (isLean) memory.images().renew(mostPictureBytes);
         return made;
@@ -210,8 +212,8 @@ ResolvedCompositionLayer ResolvedComposition::resolvedLayer(
     const imaging::Point anchor{layer.position.x, bounds_.height - layer.position.y};
     const LayerInputs::Place place{spec_, workshop_->build.assetRoot, window.lengthSec(),
         presetSeed(spec_.seed, scene, index), {scene, index}};
-    const auto make = [&workshop = *workshop_, &layer, place, scene, index] {
-        return workshop.make(layer, place,
+    const auto make = [&workshop = *workshop_, &layer, place, window, scene, index] {
+        return workshop.make(layer, place, window,
             CompositionLint::authoredPath(
                 "scenes[" + std::to_string(scene) + "].layers[" + std::to_string(index) + "]", place.spec));
     };

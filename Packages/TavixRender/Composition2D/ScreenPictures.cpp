@@ -7,14 +7,14 @@
 
 namespace tavix {
 
-ScreenPictures::ScreenPictures(const ScreenSource& source, const LayerBuild& build) {
+ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build) {
     std::visit(Overloaded{
                    [&](const StillScreen& still) {
                        still_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
                    },
                    [&](const VideoClip& clip) {
-                       clip_.emplace(
-                           CompositionAssets::resolved(clip.path, build.assetRoot), clip, true, build.log);
+                       clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip,
+                           holdsLastFrame, build.log);
                    },
                    [&](const ReelClip& reel) {
                        reel_.emplace(CompositionAssets::resolved(reel.path, build.assetRoot), build.log);

@@ -13,11 +13,10 @@ namespace tavix {
 // Used by one thread at a time.
 class ScreenPictures {
 public:
-    ScreenPictures(const ScreenSource& source, const LayerBuild& build);
+    ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build);
 
     // Of a still that can be read.
     const std::optional<imaging::Image>& still() const { return still_; }
-    void forgetStill() { still_.reset(); }
     // Nothing where there is no picture. `approximate` asks a clip for whatever is quick.
     std::optional<imaging::Image> at(double localSec, bool approximate = false) {
         if (reel_) return reel_->at(localSec, approximate);

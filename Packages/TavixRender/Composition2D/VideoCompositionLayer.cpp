@@ -1,6 +1,5 @@
 #include "TavixRender/Composition2D/VideoCompositionLayer.h"
 
-#include "TavixRender/Assets/CompositionAssets.h"
 #include "TavixRender/Composition2D/CompositionSourceCrop.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
@@ -34,9 +33,7 @@ VideoCompositionLayer::Place VideoCompositionLayer::placeOf(
 }
 
 VideoCompositionLayer::VideoCompositionLayer(const VideoContent& content, const LayerBuild& build)
-    : clip_(CompositionAssets::resolved(content.clip.path, build.assetRoot), content.clip,
-          content.holdLastFrame, build.log),
-      content_(content), bounds_(build.bounds) {
+    : clip_(screenFor(content.clip, build, content.holdLastFrame)), content_(content), bounds_(build.bounds) {
     if (!(content.cornerRadiusFraction > 0)) return;
     const PixelRect target = targetOf(content, bounds_);
     const double radius = std::min(target.width, target.height) * content.cornerRadiusFraction;
@@ -44,7 +41,7 @@ VideoCompositionLayer::VideoCompositionLayer(const VideoContent& content, const 
 }
 
 std::optional<Image> VideoCompositionLayer::contentImage(double localSec) {
-    const auto frame = clip_.frame(localSec);
+    const auto frame = clip_->at(localSec);
     if (!frame) return std::nullopt;
     const Image source = CompositionSourceCrop::apply(*frame, content_.sourceRect);
     if (source.extent().isEmpty()) return std::nullopt;

@@ -5,7 +5,9 @@
 #include "TavixCore/Values/PixelRect.h"
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
-#include "TavixRender/Composition2D/SequentialClipReader.h"
+#include "TavixRender/Composition2D/ScreenShelf.h"
+
+#include <memory>
 
 namespace tavix {
 
@@ -13,7 +15,7 @@ class VideoCompositionLayer final : public CompositionLayerContentRenderer {
 public:
     VideoCompositionLayer(const VideoContent& content, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
-    void rest() override { clip_.rest(); }
+    void rest() override { clip_->rest(); }
 
     // Where frames of that size are shown, from the top left of the canvas: the place of the layer, and the
     // whole frame about its middle.
@@ -24,7 +26,7 @@ public:
         const VideoContent& content, const imaging::Rect& source, const imaging::Rect& bounds);
 
 private:
-    SequentialClipReader clip_;
+    std::shared_ptr<ScreenPictures> clip_;
     VideoContent content_;
     std::optional<imaging::Image> mask_;   // of rounded corners
     imaging::Rect bounds_;

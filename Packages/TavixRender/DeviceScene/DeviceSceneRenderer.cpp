@@ -141,8 +141,9 @@ void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, co
             std::round(extent.width), std::round(extent.height)});
         // The screen shines by itself and hides what is behind it.
         const Image opaque = screen.over(Image::solid(imaging::Color::black()).cropped(extent));
-        stage_->screen().replace(
-            std::make_shared<const imaging::Bitmap>(context.evaluator.draw(opaque, region)));
+        settings_.darkroom->show(screen_, screen.hash(),
+            [&] { return std::make_shared<const imaging::Bitmap>(context.evaluator.draw(opaque, region)); });
+        stage_->showOnScreen(screen_->texture);
         lastBlit_ = screen.hash();
     } catch (const std::bad_alloc&) {
         throw;
@@ -239,6 +240,7 @@ void DeviceSceneRenderer::rest() {
     if (state_ != State::built) return;
     state_ = State::fresh;
     stage_.reset();
+    screen_.reset();
     lastBody_.reset();
     lastBlitSec_.reset();
     lastBlit_.reset();

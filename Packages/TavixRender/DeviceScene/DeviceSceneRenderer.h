@@ -96,6 +96,7 @@ private:
     std::uint64_t sceneVersion_ = 0;   // counts what was applied
     State state_ = State::fresh;
     std::unique_ptr<DeviceStage> stage_;
+    DeviceDarkroom::ScreenRef screen_;
     bool liveMode_ = false, isRough_ = false;
     bool hasToldOfScreen_ = false;            // its failure is told once
     std::optional<double> lastBlitSec_;       // when the screen was last brought up to date

@@ -8,6 +8,7 @@
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tavix {
@@ -61,7 +62,8 @@ public:
     const scene3d::Scene& bodyScene();
     const scene3d::Scene& screenScene();
 
-    scene3d::Texture& screen() { return *screenTexture_; }
+    // Of the screen, from now on.
+    void showOnScreen(scene3d::TextureRef picture) { screenTexture_ = std::move(picture); }
 
 private:
     // A mesh in front of the screen, with what it looks like in the body pass.

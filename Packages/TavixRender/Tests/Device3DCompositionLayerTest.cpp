@@ -4,12 +4,15 @@
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
+#include "TestAssets.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <utility>
 
 namespace tavix {
 namespace {
@@ -193,12 +196,51 @@ TEST_F(DeviceInSpace, ShowsItsOwnValuesAgainAfterADragThatCameToNothing) {
 TEST_F(DeviceInSpace, IsTheSameOnAWarmMemoryAfterEveryEdit) {
     Composition3DRendererPool stages;
     BuildMemory memory;
-    for (const double yaw : {0.0, 20.0, 20.0, -35.0, 0.0}) {
+    testing::writeTestAssets(folder.path(), 0, 1);
+    const VideoClip clip{testing::clipName(0), 0.3, {}, {}};
+    const std::pair<double, ScreenSource> edits[] = {{0, StillScreen{"screen.png"}}, {20, clip}, {20, clip},
+        {-35, clip}, {0, VideoClip{clip.path, 0.9, {}, {}}}, {10, StillScreen{"screen.png"}}};
+    for (double sec = 0.2; const auto& [yaw, screen] : edits) {
+        sec = std::fmod(sec + 0.7, 1.5);
+        device.screen = screen;
         device.scene3D->tiltDegrees.y = yaw;
         device.placement = DevicePlacementSpec{{{0, {yaw / 300, 0}, 1, {}, {}}}};
         Composition3DRendererPool coldStages;
         BuildMemory cold;
-        EXPECT_EQ(drawnWarm(stages, memory).distanceTo(drawnWarm(coldStages, cold)), 0) << yaw;
+        EXPECT_EQ(drawnWarm(stages, memory, sec).distanceTo(drawnWarm(coldStages, cold, sec)), 0) << yaw;
+    }
+}
+
+// Three phones with one clip, which two of them show at the same time.
+TEST_F(DeviceInSpace, ShowsItsOwnTimeOfAClipThatOthersShowToo) {
+    testing::writeTestAssets(folder.path(), 0, 1);
+    device.screen = VideoClip{testing::clipName(0), 0, {}, {}};
+    CompositionSpec all = testing::specOf(canvas, 30, {testing::sceneOf(2, {})});
+    for (const double fromSec : {0.0, 0.4, 0.4}) {
+        CompositionLayer& layer = all.scenes[0].layers.emplace_back(
+            all.scenes[0].layers.empty() ? CompositionLayer{} : all.scenes[0].layers.back());
+        const double at = double(all.scenes[0].layers.size());
+        device.placement = DevicePlacementSpec{{{0, {at / 4 - 0.5, 0}, 0.4, {}, {}}}};
+        layer.content = device;
+        layer.position = {canvas.width / 2.0, canvas.height / 2.0};
+        layer.fromSec = fromSec;
+    }
+    Composition3DRendererPool stages;
+    BuildMemory memory;
+    ResolvedComposition together(all, folder.path(), evaluator, {}, &stages, &memory);
+    for (const double sec : {0.5, 1.7}) {
+        const Picture drawn(together.frame(sec), canvas);
+        for (std::size_t i = 0; i < 3; ++i) {
+            CompositionSpec alone = all;
+            alone.scenes[0].layers = {all.scenes[0].layers[i]};
+            Composition3DRendererPool ownStages;
+            BuildMemory own;
+            ResolvedComposition single(alone, folder.path(), evaluator, {}, &ownStages, &own);
+            const int x = canvas.width / 2 + int((double(i + 1) / 4 - 0.5) * canvas.height);
+            EXPECT_EQ(
+                drawn.at(x, canvas.height / 2), Picture(single.frame(sec), canvas).at(x, canvas.height / 2))
+                << "phone " << i << " at " << sec;
+        }
     }
 }
 

@@ -45,7 +45,7 @@ public:
         CompositionScene& scene = spec.scenes[std::size_t(below(int(spec.scenes.size())))];
         const auto at = std::size_t(below(int(scene.layers.size())));
         CompositionLayer& touched = scene.layers[at];
-        switch (below(11)) {
+        switch (below(13)) {
         case 0: touched.opacity = real(0.2, 1); break;
         case 1: touched.position = {real(0, size.width), real(0, size.height)}; break;
         case 2: touched.content = content(); break;
@@ -62,6 +62,11 @@ public:
             break;
         case 8: scene.background = testing::ownColor(below(20)); break;
         case 9: scene.durationSec = real(0.5, 1.2); break;
+        case 10:
+        case 11:   // of a clip that goes on
+            if (auto* video = std::get_if<VideoContent>(&touched.content))
+                video->cornerRadiusFraction = real(0, 0.4);
+            break;
         default: spec.seed = below(3); break;
         }
     }
