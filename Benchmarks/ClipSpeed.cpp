@@ -95,14 +95,14 @@ void measureClip(int rounds) {
     const std::filesystem::path clip = folder.path / "clip.mp4";
     makeClip(clip);
     const CompositionSpec spec = documentOf(clip);
-    const ReelExport::Config reel = reelOf(clip);
+    ReelExport::Config reel = reelOf(clip);
+    reel.file.output = folder.path / "reel.mp4";
     const std::string command = transcoding(clip, folder.path / "transcoded.mp4");
     Cost render, renderReel, transcode;
     for (int i = 0; i < rounds; ++i) {
         render.keepLeast(measured(
             [&] { CompositionRenderer::render({.spec = spec, .output = folder.path / "film.mp4"}, {}); }));
-        renderReel.keepLeast(
-            measured([&] { ReelExport::write(reel, {.output = folder.path / "reel.mp4"}, {}); }));
+        renderReel.keepLeast(measured([&] { ReelExport::write(reel, {}); }));
         int status = 0;
         transcode.keepLeast(measured([&] { status = std::system(command.c_str()); }));
         if (status != 0) {

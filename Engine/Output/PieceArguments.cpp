@@ -22,10 +22,10 @@ void PieceArguments::declare(Arguments& arguments) {
         "default.");
 }
 
-void PieceArguments::apply(CompositionRenderer::Config& config) const {
-    config.memoryBytes = memoryBytes_;
+std::optional<std::filesystem::path> PieceArguments::store() const {
     const std::filesystem::path folder = PieceStore::usualFolder();
-    if (!keepsNothing_ && !folder.empty()) config.pieceStore = folder;
+    if (keepsNothing_ || folder.empty()) return std::nullopt;
+    return folder;
 }
 
 CompositionRenderer::Config configOf(

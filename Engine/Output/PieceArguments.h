@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace tavix::engine {
@@ -19,9 +20,15 @@ class Arguments;
 class PieceArguments {
 public:
     void declare(Arguments& arguments);
-    void apply(CompositionRenderer::Config& config) const;
+    // To what has room for both wishes: a film, or what one is made by.
+    template <class Film> void apply(Film& film) const {
+        film.memoryBytes = memoryBytes_;
+        film.pieceStore = store();
+    }
 
 private:
+    std::optional<std::filesystem::path> store() const;
+
     bool keepsNothing_ = false;
     std::size_t memoryBytes_ = 0;
 };

@@ -7,7 +7,7 @@
 #include "Engine/System/Interruption.h"
 #include "Engine/System/SystemWatch.h"
 #include "TavixBase/Failure.h"
-#include "TavixRender/Export/PieceRender.h"
+#include "TavixRender/Export/CompositionExport.h"
 
 #include <system_error>
 #include <utility>
@@ -70,8 +70,8 @@ void SegmentPlan::render(std::size_t segment, const std::optional<std::string>& 
     const SystemWatch::Task task("to render the segment");
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         const auto onProgress = [&](double fraction) { terminal.progress(fraction); };
-        PieceRender::writeAll(
-            config_, {pieces_[segment]}, {unfinished}, terminal.log(), onProgress, interruption.token());
+        PieceRender::writeAll(CompositionExport::filmOf(config_), {pieces_[segment]}, {unfinished},
+            terminal.log(), onProgress, interruption.token());
     });
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)

@@ -10,8 +10,8 @@
 #include "Engine/System/Interruption.h"
 #include "Engine/System/SystemWatch.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/FilmCheck.h"
-#include "TavixRender/Export/PieceRender.h"
 
 namespace tavix::engine {
 
@@ -37,8 +37,9 @@ void JoinVerb::run(Terminal& terminal) {
     const SystemWatch::Task task("to join the film");
     writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
         config.output = unfinished;
-        PieceRender::join(config, files, terminal.log(), interruption.token());
-        FilmCheck::probe(config, unfinished);
+        const PiecedFilm film = CompositionExport::filmOf(config);
+        PieceRender::join(film, files, terminal.log(), interruption.token());
+        FilmCheck::probe(film, unfinished);
     });
     terminal.tell("✓ Wrote " + choice.target.string());
     if (terminal.mode() == Terminal::Mode::json)

@@ -13,13 +13,17 @@ void ReelRenderVerb::declare(Arguments& arguments, Terminal& terminal) {
         "reel render needs a recording: a .tavixproj bundle or a video.");
     arguments.text("--effects", effects_, "FILE", "The document. Where the recording keeps it by default.");
     film_.declare(arguments);
+    render_.declare(arguments);
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
 
 void ReelRenderVerb::run(Terminal& terminal) {
-    const Interruption interruption;
-    renderReel(openReel(recording_, effects_, terminal), film_, interruption, terminal);
+    render_.tellingProgress(terminal, [&](ProgressLines& lines) {
+        const Interruption interruption;
+        renderReel(
+            openReel(recording_, effects_, terminal), {film_, render_}, {interruption, terminal, lines});
+    });
 }
 
 }   // namespace tavix::engine

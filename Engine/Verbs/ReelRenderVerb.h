@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Engine/Console/Verb.h"
-#include "Engine/Output/FilmArguments.h"
+#include "Engine/Output/FilmRender.h"
 
 #include <optional>
 #include <string>
@@ -18,6 +18,7 @@ private:
     std::string recording_;
     std::optional<std::string> effects_;
     FilmArguments film_;
+    FilmRender render_;
 };
 
 }   // namespace tavix::engine

@@ -19,11 +19,16 @@ void TeaserVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text(
         "--project", project_, "BUNDLE", "Make a .tavixproj bundle of it instead of a film, to go on from.");
     film_.declare(arguments);
+    render_.declare(arguments);
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
 
 void TeaserVerb::run(Terminal& terminal) {
+    render_.tellingProgress(terminal, [&](ProgressLines& lines) { make(terminal, lines); });
+}
+
+void TeaserVerb::make(Terminal& terminal, ProgressLines& lines) {
     const Interruption interruption;
     const TeaserSpec teaser = readTeaser(spec_, terminal);
     ReelDocument reel;
@@ -42,7 +47,7 @@ void TeaserVerb::run(Terminal& terminal) {
             terminal.report({{"bundle", *project_}, {"document", document.string()}});
         return;
     }
-    renderReel(reel, film_, interruption, terminal);
+    renderReel(reel, {film_, render_}, {interruption, terminal, lines});
 }
 
 }   // namespace tavix::engine

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "Engine/Console/Verb.h"
-#include "Engine/Output/FilmArguments.h"
+#include "Engine/Output/FilmRender.h"
 
 #include <optional>
 #include <string>
 
 namespace tavix::engine {
+
+class ProgressLines;
 
 class TeaserVerb : public Verb {
 public:
@@ -15,9 +17,12 @@ public:
     void run(Terminal& terminal) override;
 
 private:
+    void make(Terminal& terminal, ProgressLines& lines);
+
     std::string spec_;
     std::optional<std::string> project_;
     FilmArguments film_;
+    FilmRender render_;
 };
 
 }   // namespace tavix::engine

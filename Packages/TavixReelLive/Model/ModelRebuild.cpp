@@ -1,11 +1,13 @@
 // How the preview of a reel follows its document, and how it becomes a film.
 #include "TavixReelLive/Model/ReelEditorModel.h"
 
-#include "TavixBase/Failure.h"
+#include "TavixCore/Support/SafeOutput.h"
 #include "TavixReel/Project/ReelAssets.h"
 #include "TavixReelRender/Export/ReelExport.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/ExportGeometry.h"
+#include "TavixRender/Export/FilmCheck.h"
+#include "TavixRender/Export/FilmExport.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,21 +16,17 @@ namespace tavix {
 
 namespace {
 
-// A hidden file beside the film, which takes its name when it is whole.
-std::filesystem::path unfinished(const std::filesystem::path& file) {
-    return file.parent_path() / ("." + file.filename().string() + ".unfinished");
-}
+constexpr double mostUnfinished = 0.99;   // of the progress, until the film stands under its name
 
-void finish(const ReelExport::Config& config, const FilmFile& film, const std::filesystem::path& file,
-    const FilmWriter::Progress& report, const std::stop_token& stop) {
-    try {
-        ReelExport::write(config, film, {}, report, stop);
-        std::filesystem::rename(film.output, file);
-    } catch (...) {
-        std::error_code ignored;
-        std::filesystem::remove(film.output, ignored);
-        throw;
-    }
+// The film takes its name when it is whole; until then what stood there before stays.
+void writeFinished(ReelExport::Config config, const std::filesystem::path& file, const RenderLog& log,
+    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
+    SafeOutput output(file);
+    config.file.output = output.partial();
+    const PiecedFilm film = ReelExport::filmOf(config);
+    FilmExport::write(film, log, onProgress, stop);
+    if (film.file.format == ExportFormat::video) FilmCheck::probe(film, film.file.output);
+    output.commit();
 }
 
 }   // namespace
@@ -110,23 +108,25 @@ void ReelEditorModel::exportTo(const std::filesystem::path& file, Done then) {
     ReelExport::Config config{.spec = ReelAssets::scaled(state.spec(), size.width, size.height),
         .footage = project_->footage(),
         .assetRoot = project_->assetRoot(),
-        .fps = fps};
-    const FilmFile film{.output = unfinished(file),
-        .format = state.exportFormat(),
-        .codec = state.exportVideoCodec(),
-        .container = state.exportContainer()};
+        .fps = fps,
+        .file = {.output = {},
+            .format = state.exportFormat(),
+            .codec = state.exportVideoCodec(),
+            .container = state.exportContainer()},
+        .pieceStore = services_.pieceStore};
     exportStop_ = std::stop_source();
     state.isExporting = true;
     state.exportProgress = 0;
     const auto report = [this, alive = lifeline_.thread()](double fraction) {
         services_.main.post([this, alive, fraction] {
-            if (!alive.expired()) state.exportProgress = fraction;
+            if (!alive.expired()) state.exportProgress = std::min(fraction, mostUnfinished);
         });
     };
     system::runThere(
         services_.workers, services_.main,
-        [config = std::move(config), film, file, report, stop = exportStop_.get_token()] {
-            finish(config, film, file, report, stop);
+        [config = std::move(config), file, report, log = services_.exportLog,
+            stop = exportStop_.get_token()] {
+            writeFinished(config, file, log, report, stop);
             return true;
         },
         lifeline_.guard(

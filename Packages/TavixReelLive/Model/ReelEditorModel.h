@@ -56,6 +56,9 @@ public:
         media::AudioOutput* output = nullptr;
         RecentProjects* recents = nullptr;   // none: nothing is remembered
         RenderLog scrubLog = {};             // what frames cost
+        RenderLog exportLog = {};            // what could not be drawn or heard as it is asked for
+        // Where pieces of films are kept for the next export; absent: nowhere.
+        std::optional<std::filesystem::path> pieceStore = {};
     };
     using Done = std::function<void()>;
 

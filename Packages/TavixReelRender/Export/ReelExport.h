@@ -2,10 +2,9 @@
 #pragma once
 
 #include "TavixCore/Document/CompositionAudio.h"
-#include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixReel/Document/EffectsSpec.h"
 #include "TavixReelRender/Film/ReelFilm.h"
-#include "TavixRender/Encoding/FilmWriter.h"
+#include "TavixRender/Export/PieceRender.h"
 
 #include <filesystem>
 #include <stop_token>
@@ -17,17 +16,22 @@ struct Config {
     ReelFootage footage;
     std::filesystem::path assetRoot;   // of the document's relative paths
     FrameRate fps;                     // of the film
+    FilmFile file = {};
     imaging::EvaluatorOptions evaluation = {};
+    // Where finished pieces of films are kept for the next render; absent: nowhere.
+    std::optional<std::filesystem::path> pieceStore = {};
+    std::size_t memoryBytes = 0;   // that films may take; 0: a quarter of the machine's
 };
-
-std::int64_t frameCount(const Config& config);
 
 // What is heard, on the finished reel's clock: cues in what is cut out come where the footage goes on.
 CompositionAudio soundOf(const EffectsSpec& spec, const ReelFootage& footage);
 
-// The recording's own sound is left out; a reel is heard by its cues alone. Blocks until the file is written.
-// Throws `Failure`; `stop` ends in `RenderStopped`.
-void write(const Config& config, const FilmFile& file, const RenderLog& log,
+// The recording's own sound is left out; a reel is heard by its cues alone. Throws
+// `Failure` when there is nothing to show.
+PiecedFilm filmOf(const Config& config);
+
+// As FilmExport::write.
+PieceRender::Report write(const Config& config, const RenderLog& log,
     const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
 
 // Writes one frame as a PNG. Throws `Failure`.

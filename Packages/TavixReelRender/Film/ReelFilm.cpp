@@ -2,6 +2,7 @@
 
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/Decimals.h"
+#include "TavixRender/Recording/SyncFrameDetector.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,9 +14,6 @@ namespace {
 
 using imaging::Image;
 
-// Lengths of segments are summed up, so a frame that stands on a boundary may seem to lie just before it.
-constexpr double roundingSec = 1e-7;
-
 imaging::Size canvasOf(const EffectsOutput& output) {
     const auto side = [](std::int64_t px) {
         return static_cast<int>(std::clamp<std::int64_t>(px, 0, std::numeric_limits<int>::max()));
@@ -23,7 +21,15 @@ imaging::Size canvasOf(const EffectsOutput& output) {
     return {side(output.widthPx), side(output.heightPx)};
 }
 
-std::vector<ReelTimeline::ReelSegment> requiredSegments(const EffectsSpec& spec, const ReelFootage& footage) {
+bool needsRecording(const std::vector<ReelTimeline::ReelSegment>& segments) {
+    return std::ranges::any_of(
+        segments, [](const auto& segment) { return std::holds_alternative<RetimedSegment>(segment); });
+}
+
+}   // namespace
+
+std::vector<ReelTimeline::ReelSegment> ReelFilm::segmentsOf(
+    const EffectsSpec& spec, const ReelFootage& footage) {
     const TimeRangeSec trim = footage.trim();
     if (!(trim.startSec < trim.endSec))
         throw Failure("Trim window is empty (start " + twoDecimals(trim.startSec) + " s, end " +
@@ -33,13 +39,12 @@ std::vector<ReelTimeline::ReelSegment> requiredSegments(const EffectsSpec& spec,
     return segments;
 }
 
-}   // namespace
-
 ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
     const RenderLog& log)
-    : size_(canvasOf(spec.output)), segments_(requiredSegments(spec, footage)), log_(onceEach(log)),
-      images_(log_), recording_(spec, footage, segments_, log_) {
+    : size_(canvasOf(spec.output)), segments_(segmentsOf(spec, footage)), log_(onceEach(log)), images_(log_),
+      recording_(spec, footage, segments_, log_) {
+    if (needsRecording(segments_)) SyncFrameDetector::requirePictures(footage.video);
     durationSec_ = ReelTimeline::outputDurationSec(segments_);
     const imaging::Rect bounds{0, 0, double(size_.width), double(size_.height)};
     const LayerBuild build{

@@ -26,9 +26,15 @@ public:
         const RenderLog& log);
     ~ReelFilm();
 
+    // Lengths of segments are summed up, so a frame that stands on a boundary may seem to lie just before it.
+    static constexpr double roundingSec = 1e-7;
+
+    // What it plays, in order. Throws `Failure` when there is nothing to show.
+    static std::vector<ReelTimeline::ReelSegment> segmentsOf(
+        const EffectsSpec& spec, const ReelFootage& footage);
+
     imaging::Size size() const { return size_; }
     double durationSec() const { return durationSec_; }
-    std::size_t segmentCount() const { return segments_.size(); }
 
     // At a time of the finished reel. Where a cut or a card is, the later of both sides is shown.
     imaging::Image frame(double compositionSec);

@@ -33,7 +33,8 @@ protected:
     }
     std::filesystem::path at(const char* name) const { return studio_.folder.path() / name; }
     void write(const char* name, ExportFormat format = ExportFormat::video) {
-        ReelExport::write(config_, {.output = at(name), .format = format}, messagesTo(studio_.log));
+        config_.file = {.output = at(name), .format = format};
+        ReelExport::write(config_, messagesTo(studio_.log));
     }
     int framesIn(const char* name) const {
         const auto frames = media::VideoFile(at(name)).framesFrom(
@@ -102,8 +103,8 @@ TEST_F(Exports, StopWhenTheyAreAskedToAndLeaveNothingHidden) {
     std::stop_source stop;
     stop.request_stop();
     config_.spec.soundCues = {SoundCue::of(0, SFXCatalog::Sound::ding)};
-    EXPECT_THROW(
-        ReelExport::write(config_, {.output = at("film.mp4")}, {}, {}, stop.get_token()), RenderStopped);
+    config_.file.output = at("film.mp4");
+    EXPECT_THROW(ReelExport::write(config_, {}, {}, stop.get_token()), RenderStopped);
     for (const auto& entry : std::filesystem::directory_iterator(studio_.folder.path()))
         EXPECT_FALSE(entry.path().filename().string().starts_with('.')) << entry.path();
 }

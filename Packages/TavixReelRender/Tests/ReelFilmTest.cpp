@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 
 namespace tavix {
 namespace {
@@ -163,17 +164,21 @@ TEST_F(Films, AReelOfACardAloneIsAFilm) {
     EXPECT_EQ(numbers(spec, footage).size(), 45u);
 }
 
-TEST_F(Films, AMissingRecordingIsToldWhereATransitionNeedsIt) {
-    EffectsSpec spec = bareSpec();
-    ScreenTransition fade;
-    fade.style = TransitionStyle::fade;
-    spec.setTransitions({fade});
-    try {
-        const ReelFilm film(
-            spec, {studio_.folder.path() / "gone.mov", smallSize, 3, 0, 3}, {}, studio_.evaluator, {});
-        ADD_FAILURE();
-    } catch (const Failure& failure) {
-        EXPECT_THAT(failure.message(), HasSubstr("gone.mov\", which a transition needs, cannot be read."));
+TEST_F(Films, WhatIsNoRecordingIsToldUnlessNothingIsShownOfIt) {
+    std::ofstream(studio_.folder.path() / "words.mov") << "no film";
+    for (const auto& [name, sentence] :
+        {std::pair("gone.mov", "Could not read raw recording: "), {"words.mov", "words.mov"}}) {
+        const ReelFootage footage{studio_.folder.path() / name, smallSize, 3, 0, 3};
+        EffectsSpec spec = bareSpec();
+        try {
+            const ReelFilm film(spec, footage, {}, studio_.evaluator, {});
+            ADD_FAILURE() << name;
+        } catch (const Failure& failure) {
+            EXPECT_THAT(failure.message(), HasSubstr(sentence));
+        }
+        spec.cuts = {{.dropRange = {0, 9}}};
+        spec.titleCards = {TitleCard{.durationSec = 1.5}};
+        EXPECT_EQ(numbers(spec, footage).size(), 45u) << "of a card";
     }
 }
 

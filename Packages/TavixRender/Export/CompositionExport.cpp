@@ -2,73 +2,81 @@
 
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/Encoding/FrameOutput.h"
-#include "TavixRender/Encoding/HiddenFile.h"
+#include "TavixRender/Export/FilmExport.h"
+#include "TavixRender/Export/PieceKeys.h"
 
-#include <deque>
-#include <string>
+#include <memory>
 
 namespace tavix::CompositionExport {
 
 namespace {
 
-constexpr double pictureShare = 0.95;   // of the progress
+using CompositionRenderer::Config;
 
-// Names beside the output, whose files are gone when this is.
-class PieceFiles {
+// Its parts are scenes.
+class Painter final : public PiecedFilm::Painter {
 public:
-    PieceFiles(const std::filesystem::path& output, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            hidden_.emplace_back(
-                output, ".tavix-piece-" + std::to_string(i) + "-" + output.filename().string());
-            paths_.push_back(hidden_.back().path());
-        }
-    }
-    const std::vector<std::filesystem::path>& paths() const { return paths_; }
-    // A sentence with the name of the film instead of a piece's.
-    std::string unnamed(std::string sentence) const {
-        for (const HiddenFile& file : hidden_) sentence = file.unnamed(std::move(sentence));
-        return sentence;
+    Painter(std::shared_ptr<const Config> config, imaging::Evaluator& evaluator, const RenderLog& log)
+        : config_(std::move(config)), resolved_(config_->spec, config_->assetRoot, evaluator, log) {}
+
+    imaging::Image frame(double atSec) override { return resolved_.frame(atSec); }
+    std::vector<std::size_t> partsAt(double atSec) const override {
+        const auto sample = resolved_.timeline().sample(atSec);
+        if (!sample) return {};
+        if (!sample->incoming) return {sample->outgoing.index};
+        return {sample->outgoing.index, sample->incoming->index};
     }
 
 private:
-    std::deque<HiddenFile> hidden_;
-    std::vector<std::filesystem::path> paths_;
+    std::shared_ptr<const Config> config_;
+    ResolvedComposition resolved_;
+};
+
+// With the document that they speak of.
+class Keys final : public PiecedFilm::Keys {
+public:
+    explicit Keys(std::shared_ptr<const Config> config) : config_(std::move(config)), keys_(*config_) {}
+
+    std::optional<Digest> of(const FilmPiece& piece) const override { return keys_.of(piece); }
+    bool holds(const FilmPiece& piece) const override { return keys_.holds(piece); }
+
+private:
+    std::shared_ptr<const Config> config_;
+    PieceKeys keys_;
 };
 
 }   // namespace
 
-PieceRender::Report write(const CompositionRenderer::Config& config, const RenderLog& log,
-    const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) {
-    if (config.fileFormat != ExportFormat::video) {
-        CompositionRenderer::render(config, log, onProgress, stop);
-        return {};
+PiecedFilm filmOf(const Config& config) {
+    const auto kept = std::make_shared<const Config>(config);
+    const CompositionSpec& spec = kept->spec;
+    const double totalSec = CompositionTimeline(spec).totalSec;
+    PiecedFilm film;
+    film.frameCount = CompositionRenderer::frameCount(spec);
+    if (film.frameCount < 1) throw Failure("The composition is empty (0 frames).");
+    film.file = CompositionRenderer::fileOf(config);
+    film.headline = CompositionRenderer::headline(spec, totalSec, film.frameCount);
+    film.size = canvasSize(spec);
+    film.fps = spec.output.fps;
+    film.pieces = filmPieces(spec);
+    if (spec.audio) {
+        auto root = config.assetRoot;
+        if (!root && spec.assetRoot) root = *spec.assetRoot;
+        film.sound = {*spec.audio, root, totalSec};
     }
-    const std::int64_t count = CompositionRenderer::frameCount(config.spec);
-    if (count < 1) throw Failure("The composition is empty (0 frames).");
-    FrameOutput::requireDrawableSize(canvasSize(config.spec));
-    tell(log,
-        Finding::progress(RenderCode::rendering,
-            CompositionRenderer::headline(config.spec, CompositionTimeline(config.spec).totalSec, count)));
-    const auto report = [&](double fraction) {
-        if (onProgress) onProgress(fraction);
+    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log) {
+        return std::make_unique<Painter>(kept, evaluator, log);
     };
-    const std::vector<FilmPiece> pieces = filmPieces(config.spec);
-    const PieceFiles files(config.output, pieces.size());
-    PieceRender::Report made;
-    try {
-        made = PieceRender::writeAll(
-            config, pieces, files.paths(), log, [&](double done) { report(done * pictureShare); }, stop);
-        report(pictureShare);
-        PieceRender::join(config, files.paths(), log, stop);
-    } catch (const RenderStopped&) {
-        throw;
-    } catch (const Failure& failure) {
-        throw Failure(files.unnamed(failure.what()));
-    }
-    report(1);
-    tell(log, Finding::note(RenderCode::written, "Wrote " + config.output.string()));
-    return made;
+    film.keys = [kept] { return std::make_unique<Keys>(kept); };
+    film.evaluation = config.evaluation;
+    film.pieceStore = config.pieceStore;
+    film.memoryBytes = config.memoryBytes;
+    return film;
+}
+
+PieceRender::Report write(const Config& config, const RenderLog& log,
+    const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) {
+    return FilmExport::write(filmOf(config), log, onProgress, stop);
 }
 
 }   // namespace tavix::CompositionExport

@@ -1,4 +1,4 @@
-// A composition as it leaves the program: the picture, and its sound under it.
+// A composition as a film of pieces.
 #pragma once
 
 #include "TavixRender/Export/CompositionRenderer.h"
@@ -6,9 +6,10 @@
 
 namespace tavix::CompositionExport {
 
-// A film is made of pieces, which lie in hidden files beside the output while it is made, and joined under
-// the mixed sound; whatever happens, no hidden file stays. Pieces take up to 0.95 of the progress. A GIF is
-// rendered straight to the output. Throws `Failure`; `stop` ends in `RenderStopped`.
+// Throws a `Failure` for a composition without a frame.
+PiecedFilm filmOf(const CompositionRenderer::Config& config);
+
+// As FilmExport::write.
 PieceRender::Report write(const CompositionRenderer::Config& config, const RenderLog& log,
     const CompositionRenderer::Progress& onProgress = {}, const std::stop_token& stop = {});
 

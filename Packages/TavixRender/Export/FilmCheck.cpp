@@ -3,8 +3,8 @@
 #include "TavixBase/Failure.h"
 #include "TavixPlatform/Media/MediaProbe.h"
 #include "TavixPlatform/Media/VideoFile.h"
-#include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Encoding/FrameClock.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 
 #include <algorithm>
 #include <array>
@@ -85,43 +85,44 @@ double colorError(const Bitmap& a, const Bitmap& b) {
 
 }   // namespace
 
-void probe(const CompositionRenderer::Config& config, const std::filesystem::path& film) try {
-    const std::int64_t count = CompositionRenderer::frameCount(config.spec);
-    const auto samples = media::VideoFile(film).samples();
+void probe(const PiecedFilm& film, const std::filesystem::path& file) try {
+    const std::int64_t count = film.frameCount;
+    const auto samples = media::VideoFile(file).samples();
     if (std::int64_t(samples.size()) != count)
-        fail(film,
+        fail(file,
             "it has " + std::to_string(samples.size()) + " frames, and not " + std::to_string(count) + ".");
-    const FrameClock clock = FrameClock::of(config.spec.output.fps);
+    const FrameClock clock = FrameClock::of(film.fps);
     for (std::int64_t i = 0; i < count; ++i) {
         const double sec = double(clock.timeOf(i)) / clock.timescale;
         if (std::abs(samples[std::size_t(i)].ptsSec - sec) > sameTimeSec)
-            fail(film, "its frame " + std::to_string(i) + " is shown at " +
+            fail(file, "its frame " + std::to_string(i) + " is shown at " +
                            std::to_string(samples[std::size_t(i)].ptsSec) + " s, and not at " +
                            std::to_string(sec) + " s.");
     }
-    const media::MediaInfo info = media::probeMedia(film);
-    const imaging::Size size = canvasSize(config.spec), coded = info.video.at(0).codedSize;
+    const media::MediaInfo info = media::probeMedia(file);
+    const imaging::Size size = film.size, coded = info.video.at(0).codedSize;
     const auto isPadded = [](int is, int asked) { return is == asked || is == asked + 1; };
     if (!isPadded(coded.width, size.width) || !isPadded(coded.height, size.height))
-        fail(film, "its frames have " + std::to_string(coded.width) + " × " + std::to_string(coded.height) +
+        fail(file, "its frames have " + std::to_string(coded.width) + " × " + std::to_string(coded.height) +
                        " pixels.");
 } catch (const media::MediaError& error) {
-    fail(film, error.what());
+    fail(file, error.what());
 }
 
-Likeness verify(const CompositionRenderer::Config& config, const std::filesystem::path& film,
-    const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) try {
-    const FrameRate& fps = config.spec.output.fps;
-    const std::int64_t count = CompositionRenderer::frameCount(config.spec);
+Likeness verify(const PiecedFilm& film, const std::filesystem::path& file,
+    const FilmWriter::Progress& onProgress, const std::stop_token& stop) try {
+    const FrameRate& fps = film.fps;
+    const std::int64_t count = film.frameCount;
     const std::int64_t step = std::max<std::int64_t>(fps.frameNearest(1), 1);
-    const imaging::Size size = canvasSize(config.spec);
+    const imaging::Size size = film.size;
     const imaging::PixelRegion canvas{0, 0, size.width, size.height};
-    imaging::Evaluator evaluator(config.evaluation);
-    ResolvedComposition resolved(config.spec, config.assetRoot, evaluator, {});
+    imaging::Evaluator evaluator(film.evaluation);
+    const auto painter = film.painter(evaluator, {});
     const auto frames =
-        media::VideoFile(film).framesFrom(0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
+        media::VideoFile(file).framesFrom(0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
     Likeness likeness;
-    const auto black = imaging::Image::solid(imaging::Color::black()).cropped(resolved.bounds());
+    const auto black = imaging::Image::solid(imaging::Color::black())
+                           .cropped({0, 0, double(size.width), double(size.height)});
     for (auto frame = frames->next(); frame; frame = frames->next()) {
         if (stop.stop_requested()) throw RenderStopped();
         const std::int64_t i = likeness.framesDecoded++;
@@ -133,22 +134,22 @@ Likeness verify(const CompositionRenderer::Config& config, const std::filesystem
         };
         const double roomPx = frame->image().extent().height - size.height;   // filled up to an even height
         const Bitmap shown = flat(frame->image().translated(0, -roomPx));
-        const Bitmap drawn = flat(resolved.frame(fps.secAt(i)));
+        const Bitmap drawn = flat(painter->frame(fps.secAt(i)));
         const double like = similarity(shown, drawn), off = colorError(shown, drawn);
         likeness.leastSimilarity = std::min(likeness.leastSimilarity, like);
         likeness.mostColorError = std::max(likeness.mostColorError, off);
         ++likeness.framesCompared;
         if (like < leastSimilarity || off > mostColorError)
-            fail(film, "its frame " + std::to_string(i) + " does not look like the document's (similarity " +
+            fail(file, "its frame " + std::to_string(i) + " does not look like the document's (similarity " +
                            std::to_string(like) + ", colours " + std::to_string(off) + " of 255 off).");
     }
-    if (frames->isDamaged()) fail(film, "it cannot be decoded whole.");
+    if (frames->isDamaged()) fail(file, "it cannot be decoded whole.");
     if (likeness.framesDecoded != count)
-        fail(film, "only " + std::to_string(likeness.framesDecoded) + " of its " + std::to_string(count) +
+        fail(file, "only " + std::to_string(likeness.framesDecoded) + " of its " + std::to_string(count) +
                        " frames can be decoded.");
     return likeness;
 } catch (const media::MediaError& error) {
-    fail(film, error.what());
+    fail(file, error.what());
 }
 
 }   // namespace tavix::FilmCheck

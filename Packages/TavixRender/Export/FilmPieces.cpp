@@ -31,22 +31,26 @@ void addEvenly(std::vector<FilmPiece>& pieces, std::int64_t first, std::int64_t 
 
 }   // namespace
 
-std::vector<FilmPiece> filmPieces(const CompositionSpec& spec) {
-    const CompositionTimeline timeline(spec);
-    const FrameRate& fps = spec.output.fps;
-    const std::int64_t count = FilmWriter::frameCount(timeline.totalSec, fps);
+std::vector<FilmPiece> filmPieces(
+    const std::vector<double>& startsSec, const FrameRate& fps, std::int64_t frameCount) {
     const std::int64_t most = std::max<std::int64_t>(std::llround(longestSec * double(fps)), 1);
     const std::int64_t least = std::max<std::int64_t>(std::llround(shortestSec * double(fps)), 1);
     std::vector<FilmPiece> pieces;
     std::int64_t first = 0;
-    for (const double startSec : timeline.startSec) {
+    for (const double startSec : startsSec) {
         const std::int64_t start = frameFrom(startSec, fps);
-        if (start - first < least || count - start < least) continue;
+        if (start - first < least || frameCount - start < least) continue;
         addEvenly(pieces, first, start, most);
         first = start;
     }
-    addEvenly(pieces, first, count, most);
+    addEvenly(pieces, first, frameCount, most);
     return pieces;
+}
+
+std::vector<FilmPiece> filmPieces(const CompositionSpec& spec) {
+    const CompositionTimeline timeline(spec);
+    const FrameRate& fps = spec.output.fps;
+    return filmPieces(timeline.startSec, fps, FilmWriter::frameCount(timeline.totalSec, fps));
 }
 
 }   // namespace tavix

@@ -5,9 +5,8 @@
 #include "TavixBase/Hash.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixRender/Assets/ProgramIdentity.h"
+#include "TavixRender/Export/KeyParts.h"
 
-#include <fstream>
-#include <string>
 #include <vector>
 
 namespace tavix {
@@ -15,20 +14,6 @@ namespace tavix {
 namespace {
 
 constexpr std::uint64_t formOfKeys = 1;   // counts with what stands in a key
-
-// Nothing where it cannot be read to its end.
-std::optional<Digest> contentOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    ContentHash hash;
-    std::vector<char> room(std::size_t{1} << 20);
-    while (file) {
-        file.read(room.data(), static_cast<std::streamsize>(room.size()));
-        hash.add(std::string_view(room.data(), static_cast<std::size_t>(file.gcount())));
-    }
-    if (!file.eof()) return std::nullopt;
-    return hash.digest();
-}
 
 // The document without its scenes, and without what no frame shows.
 Digest rest(const CompositionSpec& spec) {
@@ -40,12 +25,6 @@ Digest rest(const CompositionSpec& spec) {
     return contentHash(encodedJson(rest));
 }
 
-void addEncoding(Hash& hash, const CompositionRenderer::Config& config) {
-    hash.add(std::uint64_t(config.videoCodec)).add(std::uint64_t(config.effort));
-    hash.add(std::uint64_t(config.rate.quality.value_or(-1)));
-    hash.add(std::uint64_t(config.rate.bitsPerSec.value_or(-1)));
-}
-
 }   // namespace
 
 PieceKeys::PieceKeys(const CompositionRenderer::Config& config)
@@ -53,7 +32,7 @@ PieceKeys::PieceKeys(const CompositionRenderer::Config& config)
     if (!assetRoot_ && spec_.assetRoot) assetRoot_ = *spec_.assetRoot;
     Hash document;
     document.add(formOfKeys).add(rest(spec_));
-    addEncoding(document, config);
+    KeyParts::addEncoding(document, CompositionRenderer::fileOf(config));
     document_ = document.digest();
     common_ = Hash().add(document_).add(programIdentity()).digest();
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) scenes_.push_back(sceneKey(i));
@@ -74,7 +53,7 @@ PieceKeys::SceneKey PieceKeys::sceneKey(std::size_t scene) const {
         return key;   // with numbers that cannot be written
     }
     for (const auto& [path, identity] : key.files) {
-        const auto content = identity ? contentOf(path) : Digest();
+        const auto content = identity ? KeyParts::contentOf(path) : Digest();
         if (!content) return key;
         hash.add(*content);
     }

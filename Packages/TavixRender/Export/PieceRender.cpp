@@ -1,16 +1,14 @@
 #include "TavixRender/Export/PieceRender.h"
 
-#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/MovieJoin.h"
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
-#include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Encoding/FrameClock.h"
 #include "TavixRender/Encoding/FrameOutput.h"
 #include "TavixRender/Encoding/FrameSequenceEncoder.h"
 #include "TavixRender/Encoding/HiddenFile.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/MachineShare.h"
-#include "TavixRender/Export/PieceKeys.h"
 #include "TavixRender/Export/PieceStore.h"
 
 #include <algorithm>
@@ -27,40 +25,34 @@ namespace tavix::PieceRender {
 
 namespace {
 
-using CompositionRenderer::Config;
-
-// Draws pieces of one film, one after another. Remembers of which scenes something was told: a piece that is
+// Draws pieces of one film, one after another. Remembers of which parts something was told: a piece that is
 // found again says nothing, so those are not kept.
 class Worker {
 public:
-    Worker(const Config& config, const imaging::EvaluatorOptions& evaluation, const RenderLog& log)
-        : config_(config), evaluator_(evaluation),
-          resolved_(config.spec, config.assetRoot, evaluator_, watched(log)) {}
+    Worker(const PiecedFilm& film, const imaging::EvaluatorOptions& evaluation, const RenderLog& log)
+        : film_(film), evaluator_(evaluation), painter_(film.painter(evaluator_, watched(log))) {}
 
     void write(const FilmPiece& piece, const std::filesystem::path& file,
         const std::function<void()>& onFrame, const std::stop_token& stop) {
-        const FrameRate& fps = config_.spec.output.fps;
-        FrameSequenceEncoder encoder({file, canvasSize(config_.spec), fps, config_.videoCodec,
-                                         config_.container, config_.effort, config_.rate, true},
+        const FilmFile& kind = film_.file;
+        FrameSequenceEncoder encoder(
+            {file, film_.size, film_.fps, kind.codec, kind.container, kind.effort, kind.rate, true},
             evaluator_);
         for (std::int64_t i = 0; i < piece.frameCount; ++i) {
             if (stop.stop_requested()) throw RenderStopped();
-            const double atSec = fps.secAt(piece.firstFrame + i);
-            note(atSec);
-            encoder.append(resolved_.frame(atSec), i);
+            const double atSec = film_.fps.secAt(piece.firstFrame + i);
+            shown_ = painter_->partsAt(atSec);
+            encoder.append(painter_->frame(atSec), i);
             onFrame();
         }
         encoder.finish();
     }
 
     bool isSilent(const FilmPiece& piece) const {
-        const FrameRate& fps = config_.spec.output.fps;
-        for (std::int64_t i = 0; i < piece.frameCount; ++i) {
-            const auto sample = resolved_.timeline().sample(fps.secAt(piece.firstFrame + i));
-            if (!sample) continue;
-            if (loudScenes_.contains(sample->outgoing.index)) return false;
-            if (sample->incoming && loudScenes_.contains(sample->incoming->index)) return false;
-        }
+        const auto isLoud = [this](std::size_t part) { return loudParts_.contains(part); };
+        for (std::int64_t i = 0; i < piece.frameCount; ++i)
+            if (std::ranges::any_of(painter_->partsAt(film_.fps.secAt(piece.firstFrame + i)), isLoud))
+                return false;
         return true;
     }
 
@@ -69,30 +61,25 @@ private:
         return [this, log](const Finding& finding) {
             const bool isSaid =
                 finding.level == Finding::Level::warning || finding.level == Finding::Level::error;
-            if (isSaid) loudScenes_.insert(shown_.begin(), shown_.end());
+            if (isSaid) loudParts_.insert(shown_.begin(), shown_.end());
             tell(log, finding);
         };
     }
-    void note(double atSec) {
-        shown_.clear();
-        const auto sample = resolved_.timeline().sample(atSec);
-        if (!sample) return;
-        shown_.insert(sample->outgoing.index);
-        if (sample->incoming) shown_.insert(sample->incoming->index);
-    }
 
-    const Config& config_;
+    const PiecedFilm& film_;
     imaging::Evaluator evaluator_;
-    std::set<std::size_t> shown_, loudScenes_;
-    ResolvedComposition resolved_;
+    std::vector<std::size_t> shown_{
+        0};   // what the painter tells before its first frame is of its first part
+    std::set<std::size_t> loudParts_;
+    std::unique_ptr<PiecedFilm::Painter> painter_;
 };
 
 // Counts frames of pieces that are made side by side, and says how far the film is.
 class Counter {
 public:
-    Counter(const Config& config, const RenderLog& log, const CompositionRenderer::Progress& onProgress)
-        : log_(log), onProgress_(onProgress), count_(CompositionRenderer::frameCount(config.spec)),
-          perReport_(std::max<std::int64_t>(config.spec.output.fps.frameNearest(1), 1)) {}
+    Counter(const PiecedFilm& film, const RenderLog& log, const FilmWriter::Progress& onProgress)
+        : log_(log), onProgress_(onProgress), count_(film.frameCount),
+          perReport_(std::max<std::int64_t>(film.fps.frameNearest(1), 1)) {}
 
     void begin() { report(); }
     void add(std::int64_t frames) {
@@ -114,7 +101,7 @@ private:
     }
 
     const RenderLog& log_;
-    const CompositionRenderer::Progress& onProgress_;
+    const FilmWriter::Progress& onProgress_;
     std::int64_t count_, perReport_, done_ = 0, nextReport_ = 0, nextLine_ = 0;
     std::mutex mutex_;   // its own: what is told is told by one thread at a time
 };
@@ -127,10 +114,10 @@ struct Job {
 
 // What the workers of one film share.
 struct Shop {
-    const Config& config;
+    const PiecedFilm& film;
     const std::vector<Job>& jobs;
     const std::optional<PieceStore>& store;
-    const std::optional<PieceKeys>& keys;
+    const PiecedFilm::Keys* keys;   // where there is a store
     RenderLog log;
     Counter& counter;
     imaging::EvaluatorOptions evaluation;
@@ -143,7 +130,7 @@ struct Shop {
         std::optional<Worker> worker;
         for (std::size_t i = next++; i < jobs.size(); i = next++) {
             const Job& job = jobs[i];
-            if (!worker) worker.emplace(config, evaluation, log);
+            if (!worker) worker.emplace(film, evaluation, log);
             worker->write(
                 job.piece, job.file, [this] { counter.add(1); }, stop);
             const std::lock_guard lock(keeping);
@@ -193,25 +180,24 @@ media::MovieContainer mediaContainer(ExportContainer container) {
 
 }   // namespace
 
-int workerCount(const Config& config, std::size_t pieces) {
-    const imaging::Size size = canvasSize(config.spec);
+int workerCount(const PiecedFilm& film, std::size_t pieces) {
+    const imaging::Size size = film.size;
     // Encoder, frame and what it is made of, as measured for films with devices in space.
     constexpr double fixedBytes = 120e6, bytesPerPixel = 160;
     const double bytesEach = fixedBytes + bytesPerPixel * size.width * size.height;
-    const double budget = double(MachineShare::memoryBytes(config.memoryBytes));
+    const double budget = double(MachineShare::memoryBytes(film.memoryBytes));
     // An encoder has two threads, and one draws.
     const int byCores =
-        std::max(
-            config.evaluation.threadCount > 0 ? config.evaluation.threadCount : MachineShare::cores(), 2) /
+        std::max(film.evaluation.threadCount > 0 ? film.evaluation.threadCount : MachineShare::cores(), 2) /
         2;
     const int most = std::min(byCores, int(std::min(double(byCores), budget / bytesEach)));
     return std::clamp(most, 1, int(std::max<std::size_t>(pieces, 1)));
 }
 
-void write(const Config& config, const FilmPiece& piece, const std::filesystem::path& file,
-    const RenderLog& log, const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) {
+void write(const PiecedFilm& film, const FilmPiece& piece, const std::filesystem::path& file,
+    const RenderLog& log, const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
     std::int64_t done = 0;
-    Worker(config, config.evaluation, log)
+    Worker(film, film.evaluation, log)
         .write(
             piece, file,
             [&] {
@@ -220,17 +206,17 @@ void write(const Config& config, const FilmPiece& piece, const std::filesystem::
             stop);
 }
 
-Report writeAll(const Config& config, const std::vector<FilmPiece>& pieces,
+Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     const std::vector<std::filesystem::path>& files, const RenderLog& log,
-    const CompositionRenderer::Progress& onProgress, const std::stop_token& stop) {
+    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
     Report report{pieces.size(), 0};
     std::optional<PieceStore> store;
-    std::optional<PieceKeys> keys;
-    if (config.pieceStore) {
-        store.emplace(*config.pieceStore);
-        keys.emplace(config);
+    std::unique_ptr<PiecedFilm::Keys> keys;
+    if (film.pieceStore) {
+        store.emplace(*film.pieceStore);
+        keys = film.keys();
     }
-    Counter counter(config, log, onProgress);
+    Counter counter(film, log, onProgress);
     counter.begin();
     std::vector<Job> jobs;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
@@ -242,12 +228,12 @@ Report writeAll(const Config& config, const std::vector<FilmPiece>& pieces,
             jobs.push_back({pieces[i], files[i], key});
         }
     }
-    const int workers = workerCount(config, jobs.size());
+    const int workers = workerCount(film, jobs.size());
     std::mutex telling;
     const RenderLog shared = workers > 1 ? oneAtATime(onceEach(log), telling) : log;
-    imaging::EvaluatorOptions evaluation = config.evaluation;
+    imaging::EvaluatorOptions evaluation = film.evaluation;
     if (workers > 1) evaluation.threadCount = 2;
-    Shop shop{config, jobs, store, keys, shared, counter, evaluation, stop};
+    Shop shop{film, jobs, store, keys.get(), shared, counter, evaluation, stop};
     if (workers > 1)
         runSideBySide(shop, workers, stop);
     else
@@ -256,24 +242,21 @@ Report writeAll(const Config& config, const std::vector<FilmPiece>& pieces,
     return report;
 }
 
-void join(const Config& config, const std::vector<std::filesystem::path>& files, const RenderLog& log,
+void join(const PiecedFilm& film, const std::vector<std::filesystem::path>& files, const RenderLog& log,
     const std::stop_token& stop) {
-    const FrameClock clock = FrameClock::of(config.spec.output.fps);
-    const ExportContainer container = CompositionRenderer::fileOf(config).finalContainer();
+    const FrameClock clock = FrameClock::of(film.fps);
+    const ExportContainer container = film.file.finalContainer();
+    const std::filesystem::path& output = film.file.output;
     const bool isWebm = container == ExportContainer::webm;
     const HiddenFile sound(
-        config.output, ".tavix-audio-mix-" + config.output.filename().string() + (isWebm ? ".webm" : ".m4a"));
-    FrameOutput::makeRoomFor(config.output);
-    media::JoinSettings settings{
-        files, std::nullopt, config.output, mediaContainer(container), clock.frameDuration};
+        output, ".tavix-audio-mix-" + output.filename().string() + (isWebm ? ".webm" : ".m4a"));
+    FrameOutput::makeRoomFor(output);
+    media::JoinSettings settings{files, std::nullopt, output, mediaContainer(container), clock.frameDuration};
     try {
-        if (config.spec.audio) {
-            auto root = config.assetRoot;
-            if (!root && config.spec.assetRoot) root = *config.spec.assetRoot;
-            const double totalSec = CompositionTimeline(config.spec).totalSec;
-            const double lengthSec =
-                double(clock.timeOf(CompositionRenderer::frameCount(config.spec))) / clock.timescale;
-            const CompositionAudioMuxer::Mix mix{*config.spec.audio, root, totalSec};
+        if (film.sound) {
+            const double lengthSec = double(clock.timeOf(film.frameCount)) / clock.timescale;
+            const CompositionAudioMuxer::Mix mix{
+                film.sound->audio, film.sound->assetRoot, film.sound->totalSec};
             const bool isHeard =
                 CompositionAudioMuxer::renderAudioMix(mix, lengthSec, sound.path(), log, stop, container);
             if (isHeard) settings.sound = sound.path();

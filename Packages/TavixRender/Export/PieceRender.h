@@ -3,8 +3,7 @@
 // made or found.
 #pragma once
 
-#include "TavixRender/Export/CompositionRenderer.h"
-#include "TavixRender/Export/FilmPieces.h"
+#include "TavixRender/Export/PiecedFilm.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -16,24 +15,23 @@ namespace tavix::PieceRender {
 // All of these throw `Failure`; `stop` ends in `RenderStopped`.
 
 // One piece to a file.
-void write(const CompositionRenderer::Config& config, const FilmPiece& piece,
-    const std::filesystem::path& file, const RenderLog& log,
-    const CompositionRenderer::Progress& onProgress = {}, const std::stop_token& stop = {});
+void write(const PiecedFilm& film, const FilmPiece& piece, const std::filesystem::path& file,
+    const RenderLog& log, const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
 
 struct Report {
     std::size_t pieces = 0, reused = 0;
 };
 
-// All pieces of the film, one file each. The config's store is asked for every one and keeps what is new.
-Report writeAll(const CompositionRenderer::Config& config, const std::vector<FilmPiece>& pieces,
+// All pieces of the film, one file each. The film's store is asked for every one and keeps what is new.
+Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     const std::vector<std::filesystem::path>& files, const RenderLog& log,
-    const CompositionRenderer::Progress& onProgress = {}, const std::stop_token& stop = {});
+    const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
 
-// The film of these pieces, with the sound of the document under it.
-void join(const CompositionRenderer::Config& config, const std::vector<std::filesystem::path>& files,
-    const RenderLog& log, const std::stop_token& stop = {});
+// The film of these pieces, with its sound under it.
+void join(const PiecedFilm& film, const std::vector<std::filesystem::path>& files, const RenderLog& log,
+    const std::stop_token& stop = {});
 
 // How many pieces are made at once.
-int workerCount(const CompositionRenderer::Config& config, std::size_t pieces);
+int workerCount(const PiecedFilm& film, std::size_t pieces);
 
 }   // namespace tavix::PieceRender

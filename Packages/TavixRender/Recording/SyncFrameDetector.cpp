@@ -92,6 +92,15 @@ media::VideoTrackInfo trackOf(const std::filesystem::path& rawVideo) {
     return info.video.front();
 }
 
+// What fails is told of the recording.
+template <class Work> auto asRecording(const Work& work) try {
+    return work();
+} catch (const media::MediaError& error) {
+    std::string reason = error.what();
+    while (reason.ends_with('.')) reason.pop_back();
+    throw Failure("Could not read raw recording: " + reason + ".");
+}
+
 VideoProbe read(const std::filesystem::path& rawVideo, double scanLimitSec) {
     const media::VideoTrackInfo track = trackOf(rawVideo);
     media::VideoFile file(rawVideo);
@@ -140,13 +149,11 @@ bool isMarkBlipFrame(const imaging::ConstBitmapView& frame) {
 }
 
 VideoProbe probe(const std::filesystem::path& rawVideo, double scanLimitSec) {
-    try {
-        return read(rawVideo, scanLimitSec);
-    } catch (const media::MediaError& error) {
-        std::string reason = error.what();
-        while (reason.ends_with('.')) reason.pop_back();
-        throw Failure("Could not read raw recording: " + reason + ".");
-    }
+    return asRecording([&] { return read(rawVideo, scanLimitSec); });
+}
+
+void requirePictures(const std::filesystem::path& rawVideo) {
+    asRecording([&] { return trackOf(rawVideo); });
 }
 
 }   // namespace tavix::SyncFrameDetector

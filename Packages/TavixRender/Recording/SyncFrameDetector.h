@@ -22,4 +22,7 @@ int markSidePx(int frameWidthPx);
 // Decodes the whole recording once. Throws a `Failure` when it cannot be read.
 VideoProbe probe(const std::filesystem::path& rawVideo, double scanLimitSec = usualScanLimitSec);
 
+// Throws as that does for a file that is no film. Looks at its head alone.
+void requirePictures(const std::filesystem::path& rawVideo);
+
 }   // namespace tavix::SyncFrameDetector

@@ -299,17 +299,17 @@ TEST_F(Pieces, AreCheckedAsAFilm) {
     const CompositionSpec spec = film(folder.path());
     auto asked = config(spec, "a.mp4");
     render(asked);
-    FilmCheck::probe(asked, asked.output);
-    const FilmCheck::Likeness likeness = FilmCheck::verify(asked, asked.output);
+    FilmCheck::probe(CompositionExport::filmOf(asked), asked.output);
+    const FilmCheck::Likeness likeness = FilmCheck::verify(CompositionExport::filmOf(asked), asked.output);
     EXPECT_EQ(likeness.framesDecoded, CompositionRenderer::frameCount(spec));
     EXPECT_GT(likeness.leastSimilarity, 0.9);
     EXPECT_LT(likeness.mostColorError, 4);
     // Another film of the same length and size is found out, and so is one that lacks a frame.
     auto other = asked;
     other.spec.scenes[3].layers[0] = fillLayer(red);
-    EXPECT_THROW(FilmCheck::verify(other, asked.output), Failure);
+    EXPECT_THROW(FilmCheck::verify(CompositionExport::filmOf(other), asked.output), Failure);
     other.spec.scenes[3].durationSec += 0.1;
-    EXPECT_THROW(FilmCheck::probe(other, asked.output), Failure);
+    EXPECT_THROW(FilmCheck::probe(CompositionExport::filmOf(other), asked.output), Failure);
 }
 
 }   // namespace

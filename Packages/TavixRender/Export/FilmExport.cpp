@@ -1,0 +1,77 @@
+#include "TavixRender/Export/FilmExport.h"
+
+#include "TavixRender/Encoding/FrameOutput.h"
+#include "TavixRender/Encoding/HiddenFile.h"
+#include "TavixRender/Encoding/RenderStopped.h"
+
+#include <deque>
+#include <string>
+
+namespace tavix::FilmExport {
+
+namespace {
+
+constexpr double pictureShare = 0.95;   // of the progress
+
+// Names beside the output, whose files are gone when this is.
+class PieceFiles {
+public:
+    PieceFiles(const std::filesystem::path& output, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            hidden_.emplace_back(
+                output, ".tavix-piece-" + std::to_string(i) + "-" + output.filename().string());
+            paths_.push_back(hidden_.back().path());
+        }
+    }
+    const std::vector<std::filesystem::path>& paths() const { return paths_; }
+    // A sentence with the name of the film instead of a piece's.
+    std::string unnamed(std::string sentence) const {
+        for (const HiddenFile& file : hidden_) sentence = file.unnamed(std::move(sentence));
+        return sentence;
+    }
+
+private:
+    std::deque<HiddenFile> hidden_;
+    std::vector<std::filesystem::path> paths_;
+};
+
+void writeWhole(const PiecedFilm& film, const RenderLog& log, const FilmWriter::Progress& onProgress,
+    const std::stop_token& stop) {
+    imaging::Evaluator evaluator(film.evaluation);
+    const auto painter = film.painter(evaluator, log);
+    const FilmFrames frames{
+        film.size, film.fps, film.frameCount, [&](double atSec) { return painter->frame(atSec); }};
+    FilmWriter::write(frames, film.file, evaluator, log, onProgress, stop);
+}
+
+}   // namespace
+
+PieceRender::Report write(const PiecedFilm& film, const RenderLog& log,
+    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
+    FrameOutput::requireDrawableSize(film.size);
+    tell(log, Finding::progress(RenderCode::rendering, film.headline));
+    if (film.file.format != ExportFormat::video) {
+        writeWhole(film, log, onProgress, stop);
+        return {};
+    }
+    const auto report = [&](double fraction) {
+        if (onProgress) onProgress(fraction);
+    };
+    const PieceFiles files(film.file.output, film.pieces.size());
+    PieceRender::Report made;
+    try {
+        made = PieceRender::writeAll(
+            film, film.pieces, files.paths(), log, [&](double done) { report(done * pictureShare); }, stop);
+        report(pictureShare);
+        PieceRender::join(film, files.paths(), log, stop);
+    } catch (const RenderStopped&) {
+        throw;
+    } catch (const Failure& failure) {
+        throw Failure(files.unnamed(failure.what()));
+    }
+    report(1);
+    tell(log, Finding::note(RenderCode::written, "Wrote " + film.file.output.string()));
+    return made;
+}
+
+}   // namespace tavix::FilmExport
