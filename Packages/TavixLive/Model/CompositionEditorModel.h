@@ -167,8 +167,6 @@ private:
     void startJournal();
     void noteJournal();
     UnsavedWork unsavedWork() const;
-    void offerLostWork();
-    std::optional<LostWork> takeLostWork(std::size_t index);
     void finishRefresh(std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then);
     void endRefresh();
     void letLiveFrameGo();
@@ -194,7 +192,7 @@ private:
     std::shared_ptr<const DocumentOnDisk> byHand_;   // a text that was applied since it was saved
     std::optional<JournalKeeper> journal_;           // of a document that is open
     DeviceOperations::Scene3DStash scene3DStash_;    // of the open document
-    std::vector<LostWork> lost_;
+    LostWorkShelf lost_{{main_, files(), state.lostWork}};
     std::optional<LostWork> recovered_;   // until it is in the journal of this session
     std::vector<system::FolderWatcher::Watch> watches_;
     bool isSaving_ = false, isLooking_ = false, isLookDue_ = false, isLookAsked_ = false;

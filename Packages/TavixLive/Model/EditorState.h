@@ -8,11 +8,11 @@
 #include "TavixLive/Playback/DrawAhead.h"
 #include "TavixLive/Saving/DocumentMerge.h"
 #include "TavixLive/Saving/DocumentOnDisk.h"
+#include "TavixLive/Saving/LostWorkShelf.h"
 #include "TavixLive/Stage/FrameSource.h"
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -20,13 +20,6 @@
 #include <vector>
 
 namespace tavix {
-
-// Unsaved changes of a session that crashed.
-struct LostWorkOffer {
-    std::filesystem::path assetRoot;   // the bundle, where there was one
-    std::chrono::sys_seconds at;       // of the last change
-    bool operator==(const LostWorkOffer&) const = default;
-};
 
 // What another program made of the file, and what it was before.
 struct TakenIn {

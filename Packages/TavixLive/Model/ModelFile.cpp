@@ -149,7 +149,7 @@ void CompositionEditorModel::look(bool isAsked) {
             found.ours = ours;
             if (DocumentOnDisk::textIn(bundle) == base->text) return found;
             found.theirs = std::make_shared<DocumentOnDisk>(DocumentOnDisk::read(bundle));
-            DocumentMerge merge(base->spec, ours.spec, found.theirs->spec);
+            MergeOf merge(base->spec, ours.spec, found.theirs->spec);
             merge.chooseAsIn(chosen);
             found.conflicts = merge.conflicts();
             if (found.conflicts.empty() || (mayTakeIn && merge.isDecided())) {

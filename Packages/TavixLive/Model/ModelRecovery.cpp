@@ -1,4 +1,5 @@
 // What a session that crashed has left.
+#include "TavixCore/Support/Document.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <chrono>
@@ -21,7 +22,7 @@ UnsavedWork CompositionEditorModel::unsavedWork() const {
     UnsavedWork work;
     work.assetRoot = *state.bundle();
     if (onDisk_) work.writtenText = onDisk_->text;
-    work.spec = std::move(held.spec);
+    work.document = [spec = std::move(held.spec)] { return writeValue(typeOf<CompositionSpec>(), &spec); };
     work.at = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     return work;
 }
@@ -36,54 +37,32 @@ void CompositionEditorModel::startJournal() {
 
 void CompositionEditorModel::noteJournal() {
     state.isKept = journal_->isKept();
-    if (const auto kept = std::exchange(recovered_, std::nullopt))
-        files().post([lost = *kept] { lost.forget(); });
+    if (const auto kept = std::exchange(recovered_, std::nullopt)) lost_.forget(*kept);
 }
 
 void CompositionEditorModel::findLostWork(Done then) {
-    if (services_.stateFolder.empty()) {
-        if (then) main_.post(lifeline_.guard(std::move(then)));
-        return;
-    }
-    system::runThere(
-        files(), main_, [journals = journalsIn(services_.stateFolder)] { return LostWork::find(journals); },
-        lifeline_.guard([this, then = std::move(then)](system::Outcome<std::vector<LostWork>>& outcome) {
-            if (!outcome.hasFailed()) lost_ = std::move(outcome.value());
-            offerLostWork();
-            if (then) then();
-        }));
-}
-
-void CompositionEditorModel::offerLostWork() {
-    std::vector<LostWorkOffer> offers;
-    for (const LostWork& lost : lost_) offers.push_back({lost.assetRoot(), lost.at()});
-    state.lostWork = std::move(offers);
-}
-
-std::optional<LostWork> CompositionEditorModel::takeLostWork(std::size_t index) {
-    if (index >= lost_.size()) return std::nullopt;
-    LostWork taken = lost_[index];
-    lost_.erase(lost_.begin() + std::ptrdiff_t(index));
-    offerLostWork();
-    return taken;
+    const std::filesystem::path& folder = services_.stateFolder;
+    lost_.find(folder.empty() ? folder : journalsIn(folder), std::move(then));
 }
 
 void CompositionEditorModel::forgetLostWork(std::size_t index) {
-    if (const auto lost = takeLostWork(index)) files().post([lost = *lost] { lost.forget(); });
+    if (const auto lost = lost_.take(index)) lost_.forget(*lost);
 }
 
 void CompositionEditorModel::recoverLostWork(std::size_t index, Done then) {
-    auto lost = takeLostWork(index);
+    const auto lost = lost_.take(index);
     if (!lost) return;
     close();
     struct Found {
         UnsavedWork work;
+        CompositionSpec spec;
         std::shared_ptr<const DocumentOnDisk> onDisk;
     };
     system::runThere(
         files(), main_,
         [lost = *lost] {
-            Found found{lost.read(), {}};
+            Found found{lost.read(), {}, {}};
+            found.spec = decodeValue<CompositionSpec>(found.work.document());
             if (found.work.writtenText)
                 found.onDisk = std::make_shared<DocumentOnDisk>(
                     DocumentOnDisk::of(*found.work.writtenText, found.work.assetRoot));
@@ -93,8 +72,8 @@ void CompositionEditorModel::recoverLostWork(std::size_t index, Done then) {
             try {
                 Found& found = outcome.value();
                 onDisk_ = found.onDisk;
-                arrive(onDisk_ ? onDisk_->spec : found.work.spec, found.work.assetRoot, then);
-                become("Recover changes", EditState{found.work.spec, {}});
+                arrive(onDisk_ ? onDisk_->spec : found.spec, found.work.assetRoot, then);
+                become("Recover changes", EditState{found.spec, {}});
                 recovered_ = lost;
                 noteUnsaved(true);
                 state.statusMessage = "Brought back what was not saved.";

@@ -2,7 +2,6 @@
 
 #include "TavixCore/Paths/JsonPatch.h"
 #include "TavixCore/Paths/Matching.h"
-#include "TavixCore/Support/Document.h"
 
 #include <algorithm>
 #include <utility>
@@ -48,25 +47,13 @@ PatchOperation towardsTheirs(const MergeConflict& values, const Json& document) 
 
 }   // namespace
 
-DocumentMerge::DocumentMerge(
-    const CompositionSpec& base, const CompositionSpec& ours, const CompositionSpec& theirs)
-    : ours_(ours), theirs_(theirs) {
-    isWhole_ = base == ours || base == theirs || ours == theirs;
-    if (isWhole_) {
-        if (base == ours) ours_ = theirs;
-        return;
-    }
-    Merged merged = merge(base, ours, theirs);
+void DocumentMerge::take(Merged merged) {
     merged_ = std::move(merged.document);
     for (MergeConflict& values : merged.conflicts) conflicts_.push_back({std::move(values), {}});
-    try {
-        document();
-    } catch (const Failure&) {
-        const Type& type = typeOf<CompositionSpec>();
-        isWhole_ = true;
-        conflicts_ = {
-            {{{}, writeValue(type, &base), writeValue(type, &ours), writeValue(type, &theirs)}, {}}};
-    }
+}
+
+void DocumentMerge::takeWhole(Json base, Json ours, Json theirs) {
+    conflicts_ = {{{{}, std::move(base), std::move(ours), std::move(theirs)}, {}}};
 }
 
 bool DocumentMerge::isDecided() const {
@@ -87,18 +74,21 @@ void DocumentMerge::chooseAsIn(const Conflicts& before) {
             if (earlier.values == conflict.values) conflict.chosen = earlier.chosen;
 }
 
-CompositionSpec DocumentMerge::document() const {
-    const auto isTheirs = [](const Conflict& one) { return one.chosen == MergeSide::theirs; };
-    if (isWhole_) return std::ranges::any_of(conflicts_, isTheirs) ? theirs_ : ours_;
+bool DocumentMerge::hasTheirs() const {
+    return std::ranges::any_of(
+        conflicts_, [](const Conflict& one) { return one.chosen == MergeSide::theirs; });
+}
+
+Json DocumentMerge::decided() const {
     // The last first: what comes or goes in a list moves what stands behind it, and the order of a list is
     // told before what is in it.
     Json document = merged_;
     for (auto conflict = conflicts_.rbegin(); conflict != conflicts_.rend(); ++conflict)
-        if (isTheirs(*conflict)) {
+        if (conflict->chosen == MergeSide::theirs) {
             const JsonPatch way{towardsTheirs(conflict->values, document)};
             document = applyPatch(way, std::move(document));
         }
-    return decodeValue<CompositionSpec>(document);
+    return document;
 }
 
 }   // namespace tavix

@@ -1,6 +1,9 @@
 #include "TavixLive/Saving/Journal.h"
 
-#include "TavixCore/Support/Document.h"
+#include "TavixBase/Failure.h"
+#include "TavixCore/Support/FileBytes.h"
+#include "TavixCore/Support/JsonParser.h"
+#include "TavixCore/Support/JsonWriter.h"
 
 #include <algorithm>
 #include <atomic>
@@ -28,8 +31,7 @@ std::string freshName() {
 
 Json written(const UnsavedWork& work) {
     JsonObject json{{"version", version}, {"assetRoot", work.assetRoot.string()},
-        {"at", work.at.time_since_epoch().count()},
-        {"document", writeValue(typeOf<CompositionSpec>(), &work.spec)}};
+        {"at", work.at.time_since_epoch().count()}, {"document", work.document()}};
     if (work.writtenText) json.set("writtenText", *work.writtenText);
     return json;
 }
@@ -44,7 +46,7 @@ UnsavedWork readFrom(const fs::path& folder) {
     UnsavedWork work;
     work.assetRoot = *root->text();
     work.at = UnsavedWork::Time(std::chrono::seconds(*at->integerValue()));
-    work.spec = decodeValue<CompositionSpec>(*document);
+    work.document = [document = *document] { return document; };
     if (text) work.writtenText = text->stringValue();
     return work;
 }

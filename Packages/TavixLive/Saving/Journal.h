@@ -1,11 +1,12 @@
 // What was changed and not saved, on disk beside the other state of the user, so that it outlives a crash.
 #pragma once
 
-#include "TavixCore/Document/CompositionSpec.h"
 #include "TavixCore/Project/BundleLock.h"
+#include "TavixCore/Support/Json.h"
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,7 +19,7 @@ struct UnsavedWork {
 
     std::filesystem::path assetRoot;          // the bundle, where there is one
     std::optional<std::string> writtenText;   // what stood in the bundle's file; none: it was never saved
-    CompositionSpec spec;
+    std::function<Json()> document;           // in its written form; asked for where it is written
     Time at{};
 };
 

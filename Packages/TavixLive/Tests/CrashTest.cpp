@@ -3,6 +3,7 @@
 #include "FakeMaker.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixCore/Project/CompositionProjectService.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixLive/Saving/JournalKeeper.h"
 #include "TavixPlatform/System/ChildProcess.h"
 #include "TestSupport/TemporaryFolder.h"
@@ -72,7 +73,7 @@ public:
         std::int64_t inBundle = 0, inJournal = 0;
         ASSERT_NO_THROW(inBundle = CompositionProjectService::load(bundle_).spec.seed);
         for (const LostWork& one : LostWork::find(folder_ / "state" / "journals"))
-            inJournal = std::max(inJournal, one.read().spec.seed);
+            inJournal = std::max(inJournal, decodeValue<CompositionSpec>(one.read().document()).seed);
         const std::int64_t back = std::max(inBundle, inJournal);
         EXPECT_GE(back, lastKept_);
         std::int64_t last = 0;

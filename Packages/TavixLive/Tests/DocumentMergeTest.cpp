@@ -49,7 +49,7 @@ TEST(DocumentMerge, IsTheSameSeenFromTheOtherSide) {
             edit(ours, random);
             edit(theirs, random);
         }
-        DocumentMerge one(base, ours, theirs), other(base, theirs, ours);
+        MergeOf one(base, ours, theirs), other(base, theirs, ours);
         ASSERT_EQ(one.conflicts().size(), other.conflicts().size());
         conflicts += int(one.conflicts().size());
         one.chooseAll(MergeSide::theirs);
@@ -68,13 +68,13 @@ TEST(DocumentMerge, TakesWhatOnlyOneSideChanged) {
     ours.scenes[0].layers[1].opacity = 0.5;
     theirs.scenes[0].layers[1].position.x = 7;
     theirs.scenes.insert(theirs.scenes.begin(), CompositionScene{.id = "new", .durationSec = 2});
-    DocumentMerge merge(base, ours, theirs);
+    MergeOf merge(base, ours, theirs);
     EXPECT_TRUE(merge.conflicts().empty());
     CompositionSpec both = theirs;
     both.scenes[1].layers[1].opacity = 0.5;
     EXPECT_EQ(merge.document(), both);
-    EXPECT_EQ(DocumentMerge(base, base, theirs).document(), theirs);
-    EXPECT_EQ(DocumentMerge(base, ours, base).document(), ours);
+    EXPECT_EQ(MergeOf(base, base, theirs).document(), theirs);
+    EXPECT_EQ(MergeOf(base, ours, base).document(), ours);
 }
 
 TEST(DocumentMerge, LetsEachConflictBeChosenByItself) {
@@ -88,7 +88,7 @@ TEST(DocumentMerge, LetsEachConflictBeChosenByItself) {
     theirs.scenes[1].layers[0].opacity = 0.25;
     for (unsigned choice = 0; choice < 8; ++choice) {
         SCOPED_TRACE(choice);
-        DocumentMerge merge(base, ours, theirs);
+        MergeOf merge(base, ours, theirs);
         ASSERT_EQ(merge.conflicts().size(), 3u);
         EXPECT_FALSE(merge.isDecided());
         for (std::size_t i = 0; i < 3; ++i)
@@ -107,7 +107,7 @@ TEST(DocumentMerge, LetsEachConflictBeChosenByItself) {
         // Choices hold for the same conflicts of a later merge, and only for those.
         CompositionSpec later = theirs;
         later.seed = 3;
-        DocumentMerge again(base, ours, later);
+        MergeOf again(base, ours, later);
         again.chooseAsIn(merge.conflicts());
         for (const auto& conflict : again.conflicts())
             EXPECT_EQ(conflict.chosen.has_value(), conflict.values.path.text() != "/seed");
@@ -121,7 +121,7 @@ TEST(DocumentMerge, ChoosesTheOrderOfAList) {
     std::swap(ours.scenes[0].layers[1], ours.scenes[0].layers[2]);
     ours.scenes[0].layers[4].opacity = 0.5;
     std::swap(theirs.scenes[0].layers[1], theirs.scenes[0].layers[4]);
-    DocumentMerge merge(base, ours, theirs);
+    MergeOf merge(base, ours, theirs);
     ASSERT_EQ(merge.conflicts().size(), 1u);
     merge.choose(0, MergeSide::theirs);
     CompositionSpec wanted = theirs;

@@ -1,5 +1,5 @@
 #include "FakeMaker.h"
-#include "TavixCore/Support/FileBytes.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixLive/Saving/JournalKeeper.h"
 #include "TavixPlatform/System/ManualTime.h"
 #include "TestSupport/TemporaryFolder.h"
@@ -13,11 +13,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
+CompositionSpec film(std::int64_t seed) {
+    CompositionSpec spec = testing::smallFilm();
+    spec.seed = seed;
+    return spec;
+}
+
 UnsavedWork work(std::int64_t seed) {
-    UnsavedWork work{"/films/one.tavixcomp", "{ \"as\": \"written\" }", testing::smallFilm(),
+    return {"/films/one.tavixcomp", "{ \"as\": \"written\" }",
+        [spec = film(seed)] { return writeValue(typeOf<CompositionSpec>(), &spec); },
         UnsavedWork::Time(std::chrono::seconds(1000 + seed))};
-    work.spec.seed = seed;
-    return work;
+}
+
+CompositionSpec documentOf(const LostWork& lost) {
+    return decodeValue<CompositionSpec>(lost.read().document());
 }
 
 std::size_t entriesIn(const fs::path& folder) {
@@ -39,7 +48,7 @@ TEST(Journal, IsFoundWhenItsSessionIsGoneAndNotWhileItLives) {
     const std::vector<LostWork> lost = LostWork::find(folder.path());
     ASSERT_EQ(lost.size(), 2u);
     EXPECT_EQ(lost[0].assetRoot(), "/films/one.tavixcomp");
-    EXPECT_EQ(lost[0].read().spec, work(1).spec);
+    EXPECT_EQ(documentOf(lost[0]), film(1));
     EXPECT_EQ(lost[0].read().writtenText, work(1).writtenText);
     EXPECT_TRUE(LostWork::find(folder.path()).empty()) << "another start has claimed them";
 }
@@ -88,7 +97,7 @@ protected:
             fs::create_directories(copy.parent_path());
             fs::copy(entry.path(), copy);
             const auto lost = LostWork::find(copy.parent_path());
-            return lost.empty() ? 0 : lost[0].read().spec.seed;
+            return lost.empty() ? 0 : documentOf(lost[0]).seed;
         }
         return 0;
     }
