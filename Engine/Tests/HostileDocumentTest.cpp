@@ -116,8 +116,8 @@ TEST_F(HostileDocument, TakesEveryNumberThatJsonCanWrite) {
     for (const std::string& layer : layers)
         for (const std::string number : {"1e308", "-1e308", "1e-308", "0", "-0.0", "1e19"}) {
             std::string document = with(layer);
-            for (auto at = document.find("N"); at != std::string::npos;
-                 at = document.find("N", at + number.size()))
+            for (auto at = document.find('N'); at != std::string::npos;
+                 at = document.find('N', at + number.size()))
                 document.replace(at, 1, number);
             SCOPED_TRACE(document);
             write("numbers.json", document);

@@ -106,9 +106,9 @@ Phone made(const BundledDevice& device) {
 
 const std::vector<Phone>& phones() {
     static const std::vector<Phone> all = [] {
-        std::vector<Phone> made_;
-        for (const BundledDevice& device : DeviceCatalog::all()) made_.push_back(made(device));
-        return made_;
+        std::vector<Phone> list;
+        for (const BundledDevice& device : DeviceCatalog::all()) list.push_back(made(device));
+        return list;
     }();
     return all;
 }

@@ -162,7 +162,8 @@ int pthread_create(
     return next<Create>("pthread_create")(thread, attributes, start, argument);
 }
 
-// What the program's own malloc and its kin end in.
+// What the program's own malloc and its kin end in, by the names that the C library has for them.
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
 void* __libc_malloc(std::size_t bytes) {
     static const auto real = next<void* (*)(std::size_t)>("__libc_malloc");
     return failsMemory(bytes) ? nullptr : real(bytes);
@@ -179,4 +180,5 @@ void* __libc_memalign(std::size_t alignment, std::size_t bytes) {
     static const auto real = next<void* (*)(std::size_t, std::size_t)>("__libc_memalign");
     return failsMemory(bytes) ? nullptr : real(alignment, bytes);
 }
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
 }

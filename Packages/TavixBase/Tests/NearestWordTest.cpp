@@ -57,7 +57,8 @@ TEST(NearestWord, SuggestsNamesOfAnyLengthAndAlphabet) {
     EXPECT_EQ(didYouMean(std::string(90'000, 'a') + "edn", names), "Did you mean \"" + name + "\"?");
     EXPECT_EQ(didYouMean("EINGANGSMENÜ", std::vector<std::string_view>{"eingangsmenü"}),
         "Did you mean \"eingangsmenü\"?");
-    const std::string endless(10'000'000, 'a');   // answered, and at once
+    // Answered, and at once.
+    const std::string endless(10'000'000, 'a');   // NOLINT(bugprone-string-constructor)
     EXPECT_FALSE(didYouMean(endless, names));
     EXPECT_FALSE(didYouMean("fade", std::vector<std::string_view>{endless}));
 }

@@ -19,9 +19,7 @@ TEST(RGBAColor, ReadsHexadecimalText) {
     EXPECT_EQ(
         RGBAColor::fromHex("#abcd"), (RGBAColor{0xaa / 255.0, 0xbb / 255.0, 0xcc / 255.0, 0xdd / 255.0}));
     EXPECT_EQ(RGBAColor::fromHex("01020304"), (RGBAColor{1 / 255.0, 2 / 255.0, 3 / 255.0, 4 / 255.0}));
-    for (const char* text : {"", "#", "#12345", "gg0000", "##abc", "#a b", "#1234567", "#123456789",
-             "\xC3\xA4"
-             "b"})
+    for (const char* text : {"", "#", "#12345", "gg0000", "##abc", "#a b", "#1234567", "#123456789", "äb"})
         EXPECT_FALSE(RGBAColor::fromHex(text)) << text;
 }
 

@@ -57,9 +57,9 @@ std::vector<Group> bakedGroups(const CompositionScene& scene) {
 
 // Where the group stands unchanged among the layers; nothing where an edit touched it.
 std::optional<std::size_t> untouched(const JsonArray& group, const JsonArray& among) {
-    const auto found = std::ranges::search(among, group);
-    if (found.empty()) return std::nullopt;
-    return std::size_t(found.begin() - among.begin());
+    const auto found = std::search(among.begin(), among.end(), group.begin(), group.end());
+    if (found == among.end()) return std::nullopt;
+    return std::size_t(found - among.begin());
 }
 
 // What a name was turned into becomes the name again in all three forms, or nowhere.

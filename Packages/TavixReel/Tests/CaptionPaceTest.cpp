@@ -14,7 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-EffectsSpec with(std::vector<TimeRangeSec> windows, std::vector<RetimeSegment> retimes) {
+EffectsSpec with(const std::vector<TimeRangeSec>& windows, std::vector<RetimeSegment> retimes) {
     EffectsSpec spec;
     spec.narration.emplace();
     for (const TimeRangeSec& window : windows)

@@ -15,7 +15,7 @@ using testing::Pixel;
 constexpr imaging::Size size{80, 50};
 constexpr Rect bounds{0, 0, 80, 50};
 
-Image applied(const Image& image, std::vector<LayerEffect> effects) {
+Image applied(const Image& image, const std::vector<LayerEffect>& effects) {
     return CompositionLayerEffects(effects, bounds).apply(image);
 }
 

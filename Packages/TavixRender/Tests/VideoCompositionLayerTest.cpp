@@ -169,7 +169,7 @@ TEST_F(VideoCompositionLayerTest, GoesWhenItsClipEndsUnlessItHolds) {
 
 TEST_F(VideoCompositionLayerTest, DrawsNothingForWhatIsNoFilmAndSaysSoOnce) {
     std::ofstream(folder_.path() / "letter.mov") << "This is a letter.";
-    std::ofstream(folder_.path() / "empty.mp4");
+    std::ofstream(folder_.path() / "empty.mp4") << "";
     for (const char* name : {"letter.mov", "empty.mp4", "absent.mp4"}) {
         SCOPED_TRACE(name);
         const std::string path = (folder_.path() / name).string();

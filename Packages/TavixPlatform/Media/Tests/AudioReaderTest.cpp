@@ -189,7 +189,7 @@ std::string sentenceOf(const std::filesystem::path& path) {
 TEST(AudioReader, SaysWhyAFileGivesNoSound) {
     const TemporaryFolder folder;
     std::ofstream(folder / "text.mp3") << "This is no sound.";
-    std::ofstream(folder / "empty.wav");
+    std::ofstream(folder / "empty.wav") << "";
     for (const char* name : {"text.mp3", "empty.wav", "absent.wav", ""}) {
         EXPECT_THAT(sentenceOf(folder / name), testing::StartsWith("Cannot read the media file \"")) << name;
         EXPECT_THROW(probeAudio(folder / name), MediaError) << name;

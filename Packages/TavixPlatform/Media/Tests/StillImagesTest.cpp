@@ -368,7 +368,7 @@ TEST(StillImages, TakesNoMemoryForWhatAChunkClaims) {
 TEST(StillImages, SaysWhyAFileCannotBeRead) {
     const TemporaryFolder folder;
     std::ofstream(folder / "text.png") << "hello";
-    std::ofstream(folder / "empty.png");
+    std::ofstream(folder / "empty.png") << "";
     const auto sentence = [](const std::filesystem::path& path, const char* why) {
         return "Cannot read the image \"" + path.string() + "\". " + why;
     };

@@ -126,7 +126,7 @@ TEST(FontBook, WhatIsNoFontIsPassedOver) {
     std::filesystem::create_directories(folder);
     std::ifstream source(barsFile, std::ios::binary);
     const std::string good{std::istreambuf_iterator<char>(source), {}};
-    std::ofstream(folder / "empty.ttf");
+    std::ofstream(folder / "empty.ttf") << "";
     std::ofstream(folder / "text.otf") << "This is no font.";
     std::ofstream(folder / "short.ttf", std::ios::binary) << good.substr(0, 200);
     const FontBook mine;
