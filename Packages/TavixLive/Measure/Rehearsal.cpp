@@ -98,6 +98,7 @@ private:
     void scrub(int step) {
         if (step == plan_.scrubs) return edit(0);
         preview_.pictures()->setScrubQuality(true);
+        preview_.ahead().disturb();   // as a hand on the playhead does
         constexpr double goldenPart = 0.618033988749895;
         double whole = 0;
         const double part = std::modf(0.1 + step * goldenPart, &whole);

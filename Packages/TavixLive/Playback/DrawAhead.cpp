@@ -45,9 +45,11 @@ void DrawAhead::noteStored(double atSec) {
 void DrawAhead::begin() {
     timer_.cancel();
     if (!player_.item() || frames_.empty()) return;
-    if (player_.isPlaying() || !player_.item()->pictures->isIdle()) return disturb();
+    if (!isQuiet()) return disturb();
     lookFor(0);
 }
+
+bool DrawAhead::isQuiet() const { return !player_.isPlaying() && player_.item()->pictures->isIdle(); }
 
 // Frames come and go by the edits that were made and by what was drawn since.
 void DrawAhead::lookFor(std::int64_t from) {
@@ -60,11 +62,18 @@ void DrawAhead::lookFor(std::int64_t from) {
                 frames_[std::size_t(from) + i] = found[i] ? Frame::stored : Frame::missing;
             if (end < slotCount()) return lookFor(end);
             tell();
-            drawNext();
+            prepareNext();
         }));
 }
 
+void DrawAhead::prepareNext() {
+    if (!isQuiet()) return disturb();
+    player_.item()->pictures->prepare(
+        player_.currentSec(), order_.guard([this](bool hasMore) { hasMore ? prepareNext() : drawNext(); }));
+}
+
 void DrawAhead::drawNext() {
+    if (!isQuiet()) return disturb();
     const auto slot = nextMissing();
     if (!slot) return;
     player_.item()->pictures->fillStore(

@@ -1,5 +1,5 @@
-// Draws frames into memory while nothing else happens: those around the playhead, then those of the loop; and
-// knows which frames of the film are there.
+// While nothing else happens, sets up what the scenes around the playhead are drawn with, and draws frames
+// into memory: those around the playhead, then those of the loop. Knows which frames of the film are there.
 #pragma once
 
 #include "TavixLive/Playback/Player.h"
@@ -51,7 +51,9 @@ private:
     double secOf(std::int64_t slot) const { return double(slot) / player_.item()->framesPerSec; }
     void begin();
     void lookFor(std::int64_t from);
+    void prepareNext();
     void drawNext();
+    bool isQuiet() const;
     std::optional<std::int64_t> nextMissing() const;
     std::optional<std::int64_t> missingIn(double startSec, double endSec) const;
     void tell();

@@ -11,7 +11,8 @@ namespace {
 constexpr double sameMomentSec = 1e-6;
 constexpr double nearTheEndSec = 0.001;   // sound ends at a whole frame of its own
 constexpr double shortestTickSec = 0.001;
-constexpr int mostAhead = 6;          // pictures that are asked for or wait, so that a dear one is no gap
+constexpr int mostAhead = 6;   // pictures that are asked for or wait, so that a dear one is no gap
+constexpr double preparedEverySec = 0.2;
 constexpr double costMemory = 0.75;   // how much the cost of a picture counts that came before
 constexpr double starvedSec = 0.25;   // after that long without a picture a late one is better than none
 
@@ -136,6 +137,7 @@ void Player::tick() {
     if (nowSec >= item_->totalSec - nearTheEndSec) return reachEnd();
     showDue();
     askAhead();
+    prepareAhead();
     if (onTime_ && main_.nowSec() - observedAtSec_ >= observedEverySec_ - sameMomentSec) {
         observedAtSec_ = main_.nowSec();
         onTime_();
@@ -161,6 +163,14 @@ void Player::askAhead() {
             },
             aheadOrders_.thread(), RenderChain::Detail::asTimeAllows);
     }
+}
+
+// What is shown next is set up while pictures wait to be shown, so that it takes none of their time.
+void Player::prepareAhead() {
+    const double nowSec = main_.nowSec();
+    if (int(ready_.size()) + 1 < mostAhead || nowSec - preparedAtSec_ < preparedEverySec) return;
+    preparedAtSec_ = nowSec;
+    item_->pictures->prepare(currentSec(), [](bool) {});
 }
 
 void Player::receive(std::int64_t slot, const StagePicture& picture, const FrameSource::Drawn& drawn) {

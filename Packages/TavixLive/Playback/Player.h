@@ -79,6 +79,7 @@ private:
     void stopClock();
     void tick();
     void askAhead();
+    void prepareAhead();
     void request(std::int64_t slot, Sought done);
     void receive(std::int64_t slot, const StagePicture& picture, const FrameSource::Drawn& drawn);
     void showDue();
@@ -105,7 +106,8 @@ private:
     int openCount_ = 0;                          // asked for ahead and not delivered
     std::int64_t nextSlot_ = 0, countedSlot_ = 0;
     double costSec_ = 0;      // of a picture, lately
-    double shownAtSec_ = 0;   // of the main executor
+    double shownAtSec_ = 0;   // of the main executor, as the next
+    double preparedAtSec_ = 0;
     Sought seeking_;
     Counts counts_;
 };

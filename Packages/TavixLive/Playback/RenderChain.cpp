@@ -168,29 +168,9 @@ void RenderChain::log(const Shared& shared, const Order& order, bool hasDevicesI
         tell("paint2D t=%.2f paint=%ldms", order.atSec, inMs(drawn.paintSec));
 }
 
-void RenderChain::fillStore(double atSec, std::function<void(FrameSource::Filled)> then) {
-    render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, atSec, then = std::move(then)] {
-        const auto alive = shared.lock();
-        if (!alive) return;
-        FrameSourceRef source;
-        {
-            const std::lock_guard lock(alive->mutex);
-            source = alive->source;
-        }
-        using enum FrameSource::Filled;
-        FrameSource::Filled filled = refused;
-        if (source && source->isStored(atSec))
-            filled = wasThere;
-        else if (source && !source->hasRoom())
-            filled = hasNoRoom;
-        else if (source && source->draw(atSec, FrameQuality::full).isKept)
-            filled = drawn;
-        main.post([then, filled] { then(filled); });
-    });
-}
-
-void RenderChain::findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then) {
-    render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, atSec = std::move(atSec),
+// The source, in turn with the pictures; it may be null.
+template <class Work, class Then> void RenderChain::ask(Work work, Then then) {
+    render_.post([shared = std::weak_ptr<Shared>(shared_), &main = main_, work = std::move(work),
                      then = std::move(then)] {
         const auto alive = shared.lock();
         if (!alive) return;
@@ -199,10 +179,35 @@ void RenderChain::findStored(std::vector<double> atSec, std::function<void(std::
             const std::lock_guard lock(alive->mutex);
             source = alive->source;
         }
-        std::vector<bool> found;
-        for (const double sec : atSec) found.push_back(source && source->isStored(sec));
-        main.post([then, found = std::move(found)] { then(found); });
+        main.post([then, answer = work(source)] { then(answer); });
     });
+}
+
+void RenderChain::fillStore(double atSec, std::function<void(FrameSource::Filled)> then) {
+    using enum FrameSource::Filled;
+    ask(
+        [atSec](const FrameSourceRef& source) {
+            if (!source) return refused;
+            if (source->isStored(atSec)) return wasThere;
+            if (!source->hasRoom()) return hasNoRoom;
+            return source->draw(atSec, FrameQuality::full).isKept ? drawn : refused;
+        },
+        std::move(then));
+}
+
+void RenderChain::prepare(double nearSec, std::function<void(bool)> then) {
+    ask([nearSec](const FrameSourceRef& source) { return source && source->prepare(nearSec); },
+        std::move(then));
+}
+
+void RenderChain::findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then) {
+    ask(
+        [atSec = std::move(atSec)](const FrameSourceRef& source) {
+            std::vector<bool> found;
+            for (const double sec : atSec) found.push_back(source && source->isStored(sec));
+            return found;
+        },
+        std::move(then));
 }
 
 }   // namespace tavix

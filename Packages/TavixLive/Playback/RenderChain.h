@@ -50,6 +50,8 @@ public:
     bool isIdle() const { return *openRequests_ == 0; }
     // Draws a frame into the memory of the source when it is not there and there is room.
     void fillStore(double atSec, std::function<void(FrameSource::Filled filled)> then);
+    // Sets up a part of what is shown after that time; `then` is told whether there may be more.
+    void prepare(double nearSec, std::function<void(bool hasMore)> then);
     // Which of the times are in memory.
     void findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then);
 
@@ -57,6 +59,7 @@ private:
     struct Shared;
     struct Order;
     void drawOn(std::shared_ptr<Order> order);
+    template <class Work, class Then> void ask(Work work, Then then);
     static void drawNow(const std::shared_ptr<Shared>& shared, Order& order);
     static void log(const Shared& shared, const Order& order, bool hasDevicesInSpace);
 

@@ -35,6 +35,8 @@ public:
     virtual Drawn draw(double atSec, FrameQuality quality) = 0;
     // Whether `draw` would find the frame in memory, at full quality.
     virtual bool isStored(double atSec) const = 0;
+    // Sets up a part of what frames after that time take; false when nothing is left to set up.
+    virtual bool prepare(double /*nearSec*/) { return false; }
     // Whether one more frame fits into memory without another one leaving it.
     virtual bool hasRoom() const = 0;
 

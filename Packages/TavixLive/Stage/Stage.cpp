@@ -80,6 +80,12 @@ public:
         return key && !room_->showsLiveValues && room_->store && size_ == room_->size &&
                room_->store->has(*key);
     }
+    // What cannot be had is told when it is drawn.
+    bool prepare(double nearSec) override try {
+        return resolved_.prepare(nearSec);
+    } catch (const std::exception&) {
+        return false;
+    }
     bool hasRoom() const override { return room_->store && room_->store->hasRoom(); }
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return hasDevicesInSpace_; }

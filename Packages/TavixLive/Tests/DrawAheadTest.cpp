@@ -74,6 +74,31 @@ TEST_F(DrawingAhead, WaitsUntilItIsQuietAndStopsAtOnce) {
     EXPECT_LE(drawnSlots().size(), played + 3);
 }
 
+// So that a hand on the playhead finds the scenes around it ready.
+TEST_F(DrawingAhead, SetsUpWhatScenesAreDrawnWithBeforeItDraws) {
+    studio.source->leftToPrepare = 4;
+    studio.time.advance(0.65);
+    EXPECT_EQ(studio.source->prepared.size(), 2u) << "after half a second of quiet, one by one";
+    player.seek(10);
+    studio.time.advance(0.3);
+    EXPECT_EQ(studio.source->prepared.size(), 2u) << "somebody is busy";
+    EXPECT_EQ(drawnSlots().size(), 1u);
+    studio.time.advance(2);
+    ASSERT_EQ(studio.source->prepared.size(), 4u);
+    ASSERT_GT(studio.source->draws.size(), 2u);
+    EXPECT_GE(studio.source->draws[1].startSec, studio.source->prepared.back());
+}
+
+// It stops by itself when pictures are asked for, also by who does not tell it.
+TEST_F(DrawingAhead, MakesWayForAnyRequest) {
+    studio.time.advance(1);
+    const std::size_t before = drawnSlots().size();
+    EXPECT_GT(before, 5u);
+    player.seek(20);
+    studio.time.advance(0.45);
+    EXPECT_LE(drawnSlots().size(), before + 2) << "what was asked for, and what was under way";
+}
+
 TEST_F(DrawingAhead, DrawsTheLoopAfterWhatIsAroundThePlayhead) {
     player.seek(30);
     ahead.setLoop(FilmRange{10, 11});

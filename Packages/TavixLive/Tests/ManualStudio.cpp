@@ -15,6 +15,14 @@ FrameSource::Drawn FakeSource::draw(double atSec, FrameQuality quality) {
     return {pixels, cost, 0, false, isStored(atSec), quality != FrameQuality::full};
 }
 
+bool FakeSource::prepare(double) {
+    if (leftToPrepare == 0) return false;
+    --leftToPrepare;
+    time_.spend(prepareSec);
+    prepared.push_back(time_.nowSec());
+    return true;
+}
+
 long FakeSource::slotOf(double atSec) { return std::lround(atSec * 30); }
 
 int numberOf(const StagePicture& picture) { return picture.pixels->view().row(0)[0]; }

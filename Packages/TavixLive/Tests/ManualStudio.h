@@ -27,8 +27,11 @@ public:
     Drawn draw(double atSec, FrameQuality quality) override;
     bool isStored(double atSec) const override { return stored.contains(slotOf(atSec)); }
     bool hasRoom() const override { return stored.size() < room; }
+    bool prepare(double nearSec) override;
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return isInSpace; }
+
+    static constexpr double prepareSec = 0.1;
 
     static long slotOf(double atSec);   // at 30 a second
     bool isInSpace = false;
@@ -36,6 +39,8 @@ public:
     std::size_t room = 0;    // frames; nothing is stored without
     std::vector<Draw> draws;
     std::function<double(double atSec)> costAt;   // in place of the one cost
+    int leftToPrepare = 0;
+    std::vector<double> prepared;   // where, in virtual time
 
 private:
     system::ManualTime& time_;

@@ -48,6 +48,27 @@ TEST(Player, ShowsEveryPictureInItsTimeAndEndsOnce) {
     }
 }
 
+// A scene whose first picture takes long unless it has been set up, which a film has time for in between.
+TEST(Player, HasTheNextSceneSetUpInTime) {
+    for (const bool canPrepare : {true, false}) {
+        Playing film(4, 0.015);
+        FakeSource& source = *film.studio.source;
+        source.leftToPrepare = canPrepare ? 1 : 0;
+        source.costAt = [&source, isReady = false](double atSec) mutable {
+            if (atSec < 2 || std::exchange(isReady, true) || !source.prepared.empty()) return 0.015;
+            return 0.4;
+        };
+        film.player.seek(0);
+        film.player.play();
+        film.studio.time.advance(5);
+        const Player::Counts& counts = film.player.counts();
+        if (canPrepare)
+            EXPECT_EQ(counts.shown, counts.due);
+        else
+            EXPECT_LT(counts.shown, counts.due - 3);
+    }
+}
+
 // Drawing slower than playing: fewer pictures, each in its time, and as many as can be drawn.
 TEST(Player, LeavesOutWhatCannotBeThereInTime) {
     for (const double cost : {0.05, 0.09, 0.4}) {

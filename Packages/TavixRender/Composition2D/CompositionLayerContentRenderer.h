@@ -15,6 +15,8 @@ public:
 
     // Seconds since the layer's start; nothing when the layer shows nothing at that time.
     virtual std::optional<imaging::Image> contentImage(double localSec) = 0;
+    // Sets up what its first picture would take long for; false where all of that stands.
+    virtual bool prepare() { return false; }
     // The layer is out of sight, perhaps for good: gives up what takes memory and can be had again.
     virtual void rest() {}
     // The next build of the document goes on with this layer.

@@ -123,6 +123,11 @@ void Device3DCompositionLayer::takenOver() {
     needsApplyScene_ = needsApplyScene_ || renderer_->sceneVersion() != appliedVersion_;
 }
 
+bool Device3DCompositionLayer::prepare() {
+    const bool hasOpened = screen_->open();
+    return renderer_->prepare({evaluator_, log_}) || hasOpened;
+}
+
 void Device3DCompositionLayer::rest() {
     screen_->rest();
     renderer_->rest();

@@ -25,6 +25,7 @@ public:
     static bool canMake(const DeviceContent& content);
     bool hasDevicesInSpace() const override { return true; }
     std::optional<imaging::Image> contentImage(double localSec) override;
+    bool prepare() override;
     void rest() override;
     void takenOver() override;
 

@@ -20,6 +20,7 @@ public:
     DeviceCompositionLayer(
         const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
+    bool prepare() override { return screen_ && screen_->open(); }
     void rest() override {
         if (screen_) screen_->rest();
     }

@@ -281,6 +281,28 @@ void ResolvedComposition::restAllBut(std::size_t outgoing, std::size_t incoming)
         restScene(awake_.back(), outgoing);
 }
 
+bool ResolvedComposition::prepareScene(std::size_t scene) {
+    for (const ResolvedCompositionLayer& layer : layers_[scene])
+        if (layer.renderer->prepare()) return true;
+    return false;
+}
+
+bool ResolvedComposition::prepare(double globalSec) {
+    const auto sample = timeline_.sample(globalSec);
+    if (!sample || workshop_->isLean || awake_.empty()) return false;
+    const std::size_t next = (sample->incoming ? *sample->incoming : sample->outgoing).index + 1;
+    if (next < layers_.size() && prepareScene(next)) {
+        if (std::ranges::find(awake_, next) != awake_.end()) return true;
+        awake_.insert(awake_.begin() + 1, next);
+        if (awake_.size() > awakeInPreview) {
+            restScene(awake_.back(), next);
+            awake_.pop_back();
+        }
+        return true;
+    }
+    return std::ranges::any_of(awake_, [&](std::size_t scene) { return prepareScene(scene); });
+}
+
 void ResolvedComposition::restScene(std::size_t scene, std::size_t outgoing) {
     for (const ResolvedCompositionLayer& layer : layers_[scene]) layer.renderer->rest();
     if (!workshop_->isLean) return;

@@ -50,6 +50,9 @@ public:
     // Of what a frame shows, found without drawing anything: in builds with one memory equal keys mean equal
     // frames. Nothing without a memory.
     std::optional<Digest> frameKey(double globalSec) const;
+    // Of builds with a memory: sets up a part of what frames after that time show, the scene that comes next
+    // first, as far as scenes are kept ready. False when all of that stands.
+    bool prepare(double globalSec);
     // Without the transitions around it.
     imaging::Image renderScene(std::size_t scene, double localSec);
     // Lets the screens of 3D devices lag behind while someone drags through the time.
@@ -71,6 +74,7 @@ private:
     const imaging::Image& backgroundOf(std::size_t scene);
     void restAllBut(std::size_t outgoing, std::size_t incoming);
     void restScene(std::size_t scene, std::size_t outgoing);
+    bool prepareScene(std::size_t scene);
     void addSceneKey(Hash& key, const CompositionTimeline::ActiveScene& active) const;
 
     CompositionSpec spec_;

@@ -22,6 +22,12 @@ public:
         if (reel_) return reel_->at(localSec, approximate);
         return clip_ ? clip_->frame(localSec, approximate) : still_;
     }
+    // Opens a clip, with its first picture; false where there is none to open.
+    bool open() {
+        if (!clip_ || clip_->isOpen()) return false;
+        clip_->frame(0);
+        return true;
+    }
     void rest() {
         if (clip_) clip_->rest();
         if (reel_) reel_->rest();

@@ -39,6 +39,8 @@ public:
     // of the film it is the last picture. `approximate` asks for whatever is quick instead of the exact one.
     std::optional<imaging::Image> frame(double atClipSeconds, bool approximate = false);
 
+    // Whether a decoder is open, or none ever will be.
+    bool isOpen() const { return frames_ || randomAccess_ || hasFinished_ || hasFailed_; }
     // Closes the decoders. The next request opens what it needs.
     void rest();
 

@@ -15,6 +15,7 @@ class VideoCompositionLayer final : public CompositionLayerContentRenderer {
 public:
     VideoCompositionLayer(const VideoContent& content, const LayerBuild& build);
     std::optional<imaging::Image> contentImage(double localSec) override;
+    bool prepare() override { return clip_->open(); }
     void rest() override { clip_->rest(); }
 
     // Where frames of that size are shown, from the top left of the canvas: the place of the layer, and the

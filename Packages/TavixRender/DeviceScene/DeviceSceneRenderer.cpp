@@ -78,7 +78,7 @@ DeviceSceneRenderer::DeviceSceneRenderer(Settings settings)
 DeviceSceneRenderer::~DeviceSceneRenderer() = default;
 
 Image DeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, const Context& context) {
-    if (state_ == State::fresh) build(context);
+    prepare(context);
     if (state_ == State::failed) return backdrop();
     const Image screen = screenImage(transitionWindows_, deviceLayer, motion_, outputSec);
     const DeviceStance stance = stanceAt(outputSec);
@@ -94,6 +94,12 @@ Image DeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, co
                               std::string("A frame of the device in 3D is not drawn: ") + error.what()));
         return backdrop();
     }
+}
+
+bool DeviceSceneRenderer::prepare(const Context& context) {
+    if (state_ != State::fresh) return false;
+    build(context);
+    return true;
 }
 
 // A stage is built once. One that cannot be stays so, and the backdrop shows for good.

@@ -54,6 +54,9 @@ public:
     // is told to the log once, and the backdrop shows.
     imaging::Image render(const imaging::Image& deviceLayer, double outputSec, const Context& context);
 
+    // Builds the stage before the first picture; false where it stands, or cannot.
+    bool prepare(const Context& context);
+
     // Of the picture that `render` would give: equal hashes mean equal pictures, for as long as the renderer
     // lives.
     Digest frameHash(const imaging::Image& deviceLayer, double outputSec) const;

@@ -211,6 +211,36 @@ TEST_F(DeviceInSpace, IsTheSameOnAWarmMemoryAfterEveryEdit) {
     }
 }
 
+// The scene that comes next, and as many others as are kept ready; and no pixel of what is drawn changes.
+TEST_F(DeviceInSpace, IsSetUpBeforeItIsSeen) {
+    testing::writeTestAssets(folder.path(), 0, 1);
+    CompositionSpec spec = testing::specOf(canvas, 30, {});
+    constexpr int sceneCount = 7;
+    for (int i = 0; i < sceneCount; ++i) {
+        CompositionLayer layer;
+        device.screen = VideoClip{testing::clipName(0), i * 0.1, {}, {}};
+        layer.content = device;
+        spec.scenes.push_back(testing::sceneOf(0.5, {layer}));
+    }
+    Composition3DRendererPool stages;
+    BuildMemory memory;
+    ResolvedComposition composition(spec, folder.path(), evaluator, {}, &stages, &memory);
+    EXPECT_FALSE(composition.prepare(0.1)) << "the first picture comes first";
+    const Picture first(composition.frame(0.1), canvas);
+    int setUp = 0;
+    while (composition.prepare(0.1) && setUp < 100) ++setUp;
+    EXPECT_EQ(setUp, 3) << "beside the scene that is shown";
+    EXPECT_EQ(Picture(composition.frame(0.1), canvas), first);
+    for (const double sec : {0.6, 3.1, 2.6}) {
+        const Picture drawn(composition.frame(sec), canvas);
+        while (composition.prepare(sec)) {}
+        Composition3DRendererPool coldStages;
+        BuildMemory cold;
+        ResolvedComposition other(spec, folder.path(), evaluator, {}, &coldStages, &cold);
+        EXPECT_EQ(Picture(other.frame(sec), canvas).distanceTo(drawn), 0) << sec;
+    }
+}
+
 // Three phones with one clip, which two of them show at the same time.
 TEST_F(DeviceInSpace, ShowsItsOwnTimeOfAClipThatOthersShowToo) {
     testing::writeTestAssets(folder.path(), 0, 1);

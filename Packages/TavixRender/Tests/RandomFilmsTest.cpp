@@ -186,6 +186,7 @@ TEST_F(RandomFilms, AreTheSameAfterEveryEditAndHaveTheirKeys) {
         for (int edits = 0; edits < 25; ++edits) {
             ResolvedComposition composition(spec, assets->path(), evaluator, complain, nullptr, &memory);
             for (const double sec : {0.2, 0.6, double(random() % 16) / 10}) {
+                if (random() % 2) composition.prepare(double(random() % 16) / 10);
                 surface.update(composition.frame(sec));
                 const Picture drawn(surface.pixels());
                 ASSERT_EQ(drawn.distanceTo(alone(spec, sec)), 0)
