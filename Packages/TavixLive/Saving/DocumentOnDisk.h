@@ -2,8 +2,8 @@
 // what two hands on the file have in common.
 #pragma once
 
-#include "TavixBase/Failure.h"
 #include "TavixCore/Document/CompositionSpec.h"
+#include "TavixLive/Saving/FileChanged.h"
 
 #include <filesystem>
 #include <string>
@@ -21,12 +21,8 @@ struct DocumentOnDisk {
     // What stands in the file now. Throws a `Failure` when it cannot be read.
     static std::string textIn(const std::filesystem::path& bundle);
 
-    // Saving was refused: another program has written the file, or taken it away.
-    class Changed : public Failure {
-    public:
-        using Failure::Failure;
-    };
-    enum class IfChanged { refuse, overwrite };   // where another program has written the file since
+    using Changed = FileChanged;
+    using IfChanged = tavix::IfChanged;
 
     // What the edited document is written as: this text, changed where it was edited and nowhere else. Reads
     // sidecars of recordings.

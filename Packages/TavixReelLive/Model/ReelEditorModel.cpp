@@ -1,13 +1,9 @@
 #include "TavixReelLive/Model/ReelEditorModel.h"
 
-#include "TavixBase/Failure.h"
-#include "TavixCore/Support/Decimals.h"
-#include "TavixCore/Support/Document.h"
 #include "TavixReel/Camera/EffectsAuthor.h"
 #include "TavixReelLive/Operations/CaptionEdits.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace tavix {
@@ -30,9 +26,8 @@ int snapExportFps(double fps) { return fps < 45 ? 30 : 60; }
 
 std::string exportFileName(ExportFormat format, VideoCodec codec, ExportContainer container) {
     if (format == ExportFormat::gif) return "reel.gif";
-    const bool isMovie = container == ExportContainer::mov || codec == VideoCodec::proRes422HQ ||
-                         codec == VideoCodec::proRes4444;
-    return isMovie ? "reel.mov" : "reel.mp4";
+    if (container == ExportContainer::mov || isProRes(codec)) return "reel.mov";
+    return container == ExportContainer::webm ? "reel.webm" : "reel.mp4";
 }
 
 ReelEditorModel::ReelEditorModel(const Services& services)
@@ -48,53 +43,14 @@ ReelEditorModel::~ReelEditorModel() { exportStop_.request_stop(); }
 
 void ReelEditorModel::observeTime() { state.currentTime = player_.currentSec(); }
 
-void ReelEditorModel::open(const std::filesystem::path& bundleOrVideo, Done then) {
-    const std::uint64_t generation = ++openGeneration_;
-    state.statusMessage = "Probing " + bundleOrVideo.filename().string() + "…";
-    system::runThere(
-        services_.workers, services_.main,
-        [load = services_.load, bundleOrVideo] { return load(bundleOrVideo); },
-        lifeline_.guard([this, generation, then = std::move(then)](system::Outcome<ReelProject>& outcome) {
-            if (generation != openGeneration_) return;
-            try {
-                arrive(std::move(outcome.value()));
-            } catch (const std::exception& error) {
-                state.errorMessage = std::string("Could not open: ") + error.what();
-                state.statusMessage = "Open failed.";
-            }
-            if (then) then();
-        }));
-}
-
-void ReelEditorModel::arrive(ReelProject project) {
-    close();
-    project_ = std::move(project);
-    saved_ = project_->spec;
-    const Batch together;
-    state.spec = project_->spec;
-    state.errorMessage = std::nullopt;
-    state.isLoaded = true;
-    if (services_.recents) {
-        const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
-        try {
-            services_.recents->add(project_->bundle.value_or(project_->rawVideo), now);
-        } catch (const Failure& failure) {
-            state.errorMessage = failure.message();
-        }
-    }
-    const VideoProbe& probe = project_->probe;
-    state.statusMessage = std::to_string(probe.widthPx) + "×" + std::to_string(probe.heightPx) + " @ " +
-                          decimals(probe.fps, 1) + " fps — " +
-                          std::to_string(state.spec().cameraTrack.size()) + " keyframe(s), " +
-                          std::to_string(state.spec().cuts.size()) + " cut(s).";
-    rebuildNow();
-}
-
 void ReelEditorModel::close() {
     ++openGeneration_;
     ++rebuildGeneration_;
     rebuildTimer_.cancel();
     player_.setItem(std::nullopt);
+    file_.reset();
+    turnDevice_ = {};
+    beforeLive_.reset();
     project_.reset();
     done_.clear();
     undone_.clear();
@@ -107,46 +63,55 @@ void ReelEditorModel::close() {
     state.isLoaded = false;
     state.isPlaying = false;
     state.hasUnsavedChanges = false;
+    state.isKept = true;
+    state.fileConflicts = DocumentMerge::Conflicts();
     state.spec = EffectsSpec{};
+    clampSelection();
     state.outputDuration = 0;
     state.currentTime = 0;
     state.statusMessage = "Open a reel to begin.";
-}
-
-void ReelEditorModel::save() {
-    if (!project_) return;
-    try {
-        writeFile(state.spec(), project_->effectsFile);
-        saved_ = state.spec();
-        state.hasUnsavedChanges = false;
-        state.statusMessage = "Saved " + project_->effectsFile.filename().string() + ".";
-    } catch (const Failure& failure) {
-        state.errorMessage = failure.message();
-        state.statusMessage = failure.message();
-    }
 }
 
 void ReelEditorModel::become(EffectsSpec spec) {
     const Batch together;
     if (!keptPreCutSec_) keptPreCutSec_ = clock().playheadSec;
     state.spec = std::move(spec);
+    clampSelection();
     state.currentTime = compositionSec(*keptPreCutSec_);
-    state.hasUnsavedChanges = state.spec() != saved_;
+    file_->noteEdit();
     scheduleRebuild();
+}
+
+void ReelEditorModel::clampSelection() {
+    const EffectsSpec& spec = state.spec();
+    const auto clamp = [](Observable<std::set<std::size_t>>& selected, std::size_t count) {
+        std::set<std::size_t> left = selected();
+        left.erase(left.lower_bound(count), left.end());
+        selected = std::move(left);
+    };
+    clamp(state.selectedCaptions, spec.narration ? spec.narration->captions.size() : 0);
+    clamp(state.selectedTransitions, spec.transitions().size());
+    if (state.selectedCard().value_or(0) >= spec.titleCards.size()) state.selectedCard = std::nullopt;
+}
+
+void ReelEditorModel::noteStep(std::string name, EffectsSpec before) {
+    undone_.clear();
+    done_.push_back({std::move(name), std::move(before)});
+    if (done_.size() > mostSteps) done_.pop_front();
 }
 
 void ReelEditorModel::update(const std::string& stepName, const std::function<void(EffectsSpec&)>& mutate) {
     if (!project_) return;
+    commitLiveEdits();
     EffectsSpec changed = state.spec();
     mutate(changed);
     if (changed == state.spec()) return;
-    undone_.clear();
-    done_.push_back({stepName, state.spec()});
-    if (done_.size() > mostSteps) done_.pop_front();
+    noteStep(stepName, state.spec());
     become(std::move(changed));
 }
 
 void ReelEditorModel::step(std::deque<Step>& from, std::deque<Step>& to) {
+    commitLiveEdits();
     if (from.empty()) return;
     Step taken = std::move(from.back());
     from.pop_back();
@@ -177,12 +142,13 @@ void ReelEditorModel::reAutoAuthor() {
 }
 
 void ReelEditorModel::generateCaptions() {
-    if (!project_ || !project_->timeline) return;
+    if (!project_) return;
     std::size_t count = 0;
-    update("Generate Captions", [&](EffectsSpec& spec) {
-        count =
-            CaptionEdits::generate(spec, project_->flow ? &*project_->flow : nullptr, *project_->timeline);
-    });
+    if (project_->timeline)
+        update("Generate Captions", [&](EffectsSpec& spec) {
+            count = CaptionEdits::generate(
+                spec, project_->flow ? &*project_->flow : nullptr, *project_->timeline);
+        });
     state.statusMessage = count == 0 ? std::string("No hero beats to caption.")
                                      : "Generated " + std::to_string(count) + " caption(s).";
 }
@@ -219,12 +185,6 @@ void ReelEditorModel::togglePlay() {
     else
         player_.play();
     state.isPlaying = player_.isPlaying();
-}
-
-void ReelEditorModel::setExcludedCaption(std::optional<std::size_t> index) {
-    if (index == excludedCaption_) return;
-    excludedCaption_ = index;
-    scheduleRebuild();
 }
 
 void ReelEditorModel::setStageRoom(imaging::Size room) {

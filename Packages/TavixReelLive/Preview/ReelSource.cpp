@@ -53,6 +53,7 @@ public:
         drawn.paintSec = secondsSince(start) - drawn.buildSec;
         return drawn;
     }
+    void turnDevice(const Vector3& tiltDegrees) { film_.turnDevice(tiltDegrees); }
     bool isStored(double) const override { return false; }
     bool hasRoom() const override { return false; }
     double totalSec() const override { return film_.durationSec(); }
@@ -85,7 +86,8 @@ ReelPreview reelPreview(const EffectsSpec& spec, const ReelFootage& footage,
     const imaging::Size size = stageSize(canvas, room);
     auto source =
         std::make_shared<Source>(ReelAssets::scaled(spec, size.width, size.height), footage, assetRoot, log);
-    return {source, soundOf(spec, footage, assetRoot, source->totalSec(), log)};
+    return {source, soundOf(spec, footage, assetRoot, source->totalSec(), log),
+        [source](const Vector3& tiltDegrees) { source->turnDevice(tiltDegrees); }};
 }
 
 std::string timingKey(const EffectsSpec& spec, const ReelFootage& footage) {

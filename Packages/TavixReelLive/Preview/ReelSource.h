@@ -6,6 +6,7 @@
 #include "TavixRender/Composition2D/RecordingPictures.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -15,6 +16,8 @@ namespace tavix {
 struct ReelPreview {
     FrameSourceRef pictures;
     std::optional<media::AudioTimeline> sound;   // of its cues
+    // Turns the device in space from the next picture on; on the render executor.
+    std::function<void(const Vector3& tiltDegrees)> turnDevice = {};
 };
 
 // Used on the render executor alone, once it has been made. Throws a `Failure` when there is nothing to show.

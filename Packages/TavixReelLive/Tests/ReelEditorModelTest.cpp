@@ -1,204 +1,229 @@
 // The model of a reel editor in virtual time, with previews that take as long to build as the test says.
-#include "TavixReelLive/Model/ReelEditorModel.h"
-#include "../../TavixLive/Tests/ManualStudio.h"
-#include "TavixBase/Failure.h"
+#include "ManualReelEditor.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixPlatform/Media/StillImages.h"
 #include "TavixReelLive/Operations/CaptionEdits.h"
-#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <map>
-#include <string>
 #include <vector>
 
 namespace tavix {
 namespace {
 
-using testing::FakeSource;
-
-constexpr double recordingSec = 10;
-
-class ReelEditor : public ::testing::Test {
-protected:
-    ReelEditor() {
-        model_.setStageSink([this](const StagePicture& picture) { shown_ = testing::numberOf(picture); });
-    }
-    ReelEditorModel::Services services() {
-        return {.main = main_,
-            .render = render_,
-            .workers = workers_,
-            .load =
-                [this](const std::filesystem::path& path) {
-                    time_.spend(loadSec_[path.filename().string()]);
-                    if (path.filename() == "gone.tavixproj") throw Failure("There is no recording.");
-                    ReelProject project;
-                    project.bundle = path;
-                    project.effectsFile = folder_ / (path.filename().string() + ".effects.json");
-                    project.probe = {.widthPx = 100, .heightPx = 200, .fps = 30};
-                    project.rawDurationSec = project.trimEndSec = recordingSec;
-                    project.spec.output = {100, 200, 30};
-                    project.spec.cameraTrack = {{0, 1, {50, 100}}};
-                    return project;
-                },
-            .preview = [this](const EffectsSpec& spec, const ReelFootage& footage, const auto&,
-                           imaging::Size) -> ReelPreview {
-                time_.spend(buildSec_);
-                if (isBroken_) throw Failure("The phone is gone.");
-                builtAtSec_.push_back(time_.nowSec());
-                built_.push_back(spec);
-                const double totalSec = ReelTimeline::outputDurationSec(reelSegments(spec, footage));
-                return {std::make_shared<FakeSource>(time_, int(built_.size()), totalSec, 0.001), {}};
-            }};
-    }
-    void open(const std::string& name = "walk.tavixproj") {
-        model_.open(name);
-        time_.advance(1);
-    }
-    void edit(double padding) {
-        model_.update("Pad", [padding](EffectsSpec& spec) { spec.background.padding = padding; });
-    }
-
-    testsupport::TemporaryFolder folder_;
-    system::ManualTime time_;
-    system::ManualExecutor main_{time_}, render_{time_}, workers_{time_};
-    std::map<std::string, double> loadSec_;
-    double buildSec_ = 0.01;
-    bool isBroken_ = false;
-    std::vector<EffectsSpec> built_;
-    std::vector<double> builtAtSec_;
-    int shown_ = 0;
-    ReelEditorModel model_{services()};
-};
+using ReelEditor = testing::ManualReelEditor;
 
 TEST_F(ReelEditor, OpensAndTellsWhatItFound) {
-    EXPECT_EQ(model_.state.statusMessage(), "Open a reel to begin.");
-    model_.open("walk.tavixproj");
-    EXPECT_EQ(model_.state.statusMessage(), "Probing walk.tavixproj…");
-    time_.advance(1);
-    EXPECT_TRUE(model_.state.isLoaded());
-    EXPECT_EQ(model_.state.statusMessage(), "100×200 @ 30.0 fps — 1 keyframe(s), 0 cut(s).");
-    EXPECT_DOUBLE_EQ(model_.state.outputDuration(), recordingSec);
-    EXPECT_EQ(shown_, 1);
-    model_.close();
-    EXPECT_EQ(model_.state.statusMessage(), "Open a reel to begin.");
-    EXPECT_FALSE(model_.state.isLoaded());
+    EXPECT_EQ(model->state.statusMessage(), "Open a reel to begin.");
+    std::filesystem::create_directories(bundle());
+    model->open(bundle());
+    EXPECT_EQ(model->state.statusMessage(), "Probing walk.tavixproj…");
+    time.advance(1);
+    EXPECT_TRUE(model->state.isLoaded());
+    EXPECT_EQ(model->state.statusMessage(), "100×200 @ 30.0 fps — 1 keyframe(s), 0 cut(s).");
+    EXPECT_DOUBLE_EQ(model->state.outputDuration(), recordingSec);
+    EXPECT_EQ(shown, 1);
+    model->close();
+    EXPECT_EQ(model->state.statusMessage(), "Open a reel to begin.");
+    EXPECT_FALSE(model->state.isLoaded());
 }
 
 TEST_F(ReelEditor, OfTwoOpensTheLaterCounts) {
-    loadSec_["slow.tavixproj"] = 3;
-    model_.open("slow.tavixproj");
-    model_.open("walk.tavixproj");
-    time_.advance(10);
-    EXPECT_EQ(model_.project()->bundle, "walk.tavixproj");
-    model_.open("gone.tavixproj");
-    time_.advance(1);
-    EXPECT_EQ(model_.state.errorMessage(), "Could not open: There is no recording.");
-    EXPECT_EQ(model_.state.statusMessage(), "Open failed.");
-    EXPECT_EQ(model_.project()->bundle, "walk.tavixproj") << "what was open stays";
+    loadSec["slow.tavixproj"] = 3;
+    for (const char* name : {"slow.tavixproj", "walk.tavixproj"}) {
+        std::filesystem::create_directories(bundle(name));
+        model->open(bundle(name));
+    }
+    time.advance(10);
+    EXPECT_EQ(model->project()->bundle, bundle());
+    model->open(bundle("gone.tavixproj"));
+    time.advance(1);
+    EXPECT_EQ(model->state.errorMessage(), "Could not open: There is no recording.");
+    EXPECT_EQ(model->state.statusMessage(), "Open failed.");
+    EXPECT_EQ(model->project()->bundle, bundle()) << "what was open stays";
 }
 
 TEST_F(ReelEditor, ABurstOfEditsCostsOneRebuildAtOnceAndOneAtItsEnd) {
     open();
-    const std::size_t before = built_.size();
+    const std::size_t before = built.size();
     for (int i = 1; i <= 10; ++i) {
         edit(i);
-        time_.advance(0.02);
+        time.advance(0.02);
     }
-    EXPECT_EQ(built_.size(), before + 1) << "the first, as nothing was asked for lately";
-    time_.advance(1);
-    ASSERT_EQ(built_.size(), before + 2);
-    EXPECT_EQ(built_.back().background.padding, 10);
-    EXPECT_EQ(shown_, int(built_.size()));
+    EXPECT_EQ(built.size(), before + 1) << "the first, as nothing was asked for lately";
+    time.advance(1);
+    ASSERT_EQ(built.size(), before + 2);
+    EXPECT_EQ(built.back().background.padding, 10);
+    EXPECT_EQ(shown, int(built.size()));
 }
 
 TEST_F(ReelEditor, OfTwoRebuildsTheLaterIsShown) {
     open();
-    buildSec_ = 0.5;
+    buildSec = 0.5;
     edit(1);
-    time_.advance(0.1);
-    model_.rebuildNow();
+    time.advance(0.1);
+    model->rebuildNow();
     edit(2);
-    time_.advance(5);
-    EXPECT_EQ(built_.back().background.padding, 2);
-    EXPECT_EQ(shown_, int(built_.size()));
-    isBroken_ = true;
+    time.advance(5);
+    EXPECT_EQ(built.back().background.padding, 2);
+    EXPECT_EQ(shown, int(built.size()));
+    isBroken = true;
     edit(3);
-    time_.advance(2);
-    EXPECT_EQ(model_.state.errorMessage(), "Preview failed: The phone is gone.");
+    time.advance(2);
+    EXPECT_EQ(model->state.errorMessage(), "Preview failed: The phone is gone.");
 }
 
 TEST_F(ReelEditor, TheTimeStaysWhereOnlyThePictureChanges) {
     open();
-    model_.seek(4);
-    time_.advance(0.5);
+    model->seek(4);
+    time.advance(0.5);
     edit(3);
-    time_.advance(0.5);
-    EXPECT_DOUBLE_EQ(model_.state.currentTime(), 4);
+    time.advance(0.5);
+    EXPECT_DOUBLE_EQ(model->state.currentTime(), 4);
 }
 
 TEST_F(ReelEditor, AfterACutThePlayheadStandsOnTheSameFootage) {
     open();
-    model_.update("Cut", [](EffectsSpec& spec) { spec.cuts = {{.dropRange = {1, 2}}}; });
-    time_.advance(0.5);
-    model_.seek(5);   // footage of 6 s
-    time_.advance(0.5);
-    ASSERT_DOUBLE_EQ(model_.clock().playheadSec, 6);
-    model_.update("Cut", [](EffectsSpec& spec) { spec.cuts.push_back({.dropRange = {3, 4.5}}); });
-    time_.advance(0.5);
-    EXPECT_NEAR(model_.clock().playheadSec, 6, 1e-9);
-    EXPECT_NEAR(model_.state.currentTime(), 3.5, 1e-9);
-    EXPECT_NEAR(model_.state.outputDuration(), 7.5, 1e-9);
-    model_.undo();
-    time_.advance(0.5);
-    EXPECT_NEAR(model_.state.currentTime(), 5, 1e-9);
+    model->update("Cut", [](EffectsSpec& spec) { spec.cuts = {{.dropRange = {1, 2}}}; });
+    time.advance(0.5);
+    model->seek(5);   // footage of 6 s
+    time.advance(0.5);
+    ASSERT_DOUBLE_EQ(model->clock().playheadSec, 6);
+    model->update("Cut", [](EffectsSpec& spec) { spec.cuts.push_back({.dropRange = {3, 4.5}}); });
+    time.advance(0.5);
+    EXPECT_NEAR(model->clock().playheadSec, 6, 1e-9);
+    EXPECT_NEAR(model->state.currentTime(), 3.5, 1e-9);
+    EXPECT_NEAR(model->state.outputDuration(), 7.5, 1e-9);
+    model->undo();
+    time.advance(0.5);
+    EXPECT_NEAR(model->state.currentTime(), 5, 1e-9);
 }
 
 TEST_F(ReelEditor, StepsAreTakenBackAndDoneAgain) {
     open();
-    const EffectsSpec opened = model_.state.spec();
-    EXPECT_FALSE(model_.undoName());
+    const EffectsSpec opened = model->state.spec();
+    EXPECT_FALSE(model->undoName());
     edit(5);
-    model_.update("Nothing", [](EffectsSpec&) {});
-    model_.update("Add Caption", [this](EffectsSpec& spec) { CaptionEdits::add(spec, model_.clock()); });
-    const EffectsSpec edited = model_.state.spec();
-    EXPECT_EQ(*model_.undoName(), "Add Caption");
-    EXPECT_TRUE(model_.state.hasUnsavedChanges());
-    model_.undo();
-    model_.undo();
-    model_.undo();
-    EXPECT_EQ(model_.state.spec(), opened);
-    EXPECT_FALSE(model_.state.hasUnsavedChanges());
-    EXPECT_EQ(*model_.redoName(), "Pad");
-    model_.redo();
-    model_.redo();
-    EXPECT_EQ(model_.state.spec(), edited);
-    model_.undo();
+    model->update("Nothing", [](EffectsSpec&) {});
+    model->update("Add Caption", [this](EffectsSpec& spec) { CaptionEdits::add(spec, model->clock()); });
+    const EffectsSpec edited = model->state.spec();
+    EXPECT_EQ(*model->undoName(), "Add Caption");
+    EXPECT_TRUE(model->state.hasUnsavedChanges());
+    model->undo();
+    model->undo();
+    model->undo();
+    EXPECT_EQ(model->state.spec(), opened);
+    EXPECT_FALSE(model->state.hasUnsavedChanges());
+    EXPECT_EQ(*model->redoName(), "Pad");
+    model->redo();
+    model->redo();
+    EXPECT_EQ(model->state.spec(), edited);
+    model->undo();
     edit(9);
-    EXPECT_FALSE(model_.redoName()) << "another way was taken";
-}
-
-TEST_F(ReelEditor, SavesBesideTheRecording) {
-    open();
-    edit(11);
-    model_.save();
-    EXPECT_EQ(model_.state.statusMessage(), "Saved walk.tavixproj.effects.json.");
-    EXPECT_FALSE(model_.state.hasUnsavedChanges());
-    EXPECT_EQ(decodeFile<EffectsSpec>(folder_ / "walk.tavixproj.effects.json"), model_.state.spec());
+    EXPECT_FALSE(model->redoName()) << "another way was taken";
 }
 
 TEST_F(ReelEditor, ACaptionThatIsDraggedIsLeftToItsWindow) {
     open();
-    model_.update("Add Caption", [this](EffectsSpec& spec) { CaptionEdits::add(spec, model_.clock()); });
-    time_.advance(1);
-    model_.setExcludedCaption(0);
-    time_.advance(1);
-    EXPECT_TRUE(built_.back().narration->captions.empty());
-    EXPECT_EQ(model_.state.spec().narration->captions.size(), 1u);
-    model_.setExcludedCaption(std::nullopt);
-    time_.advance(1);
-    EXPECT_EQ(built_.back().narration->captions.size(), 1u);
+    model->update("Add Caption", [this](EffectsSpec& spec) { CaptionEdits::add(spec, model->clock()); });
+    time.advance(1);
+    model->setExcludedCaption(0);
+    time.advance(1);
+    EXPECT_TRUE(built.back().narration->captions.empty());
+    EXPECT_EQ(model->state.spec().narration->captions.size(), 1u);
+    model->setExcludedCaption(std::nullopt);
+    time.advance(1);
+    EXPECT_EQ(built.back().narration->captions.size(), 1u);
+}
+
+TEST_F(ReelEditor, TheDeviceTurnsUnderTheHandWithoutARebuild) {
+    std::filesystem::create_directories(bundle());
+    EffectsSpec first = firstSpec();
+    first.deviceScene.emplace();
+    first.deviceScene->enabled = true;
+    writeFile(first, effects());
+    open();
+    const std::size_t before = built.size();
+    for (const double degrees : {5.0, 10.0, 15.0}) {
+        model->liveSetDeviceTilt({degrees, 0, 0});
+        time.advance(0.3);
+    }
+    EXPECT_EQ(built.size(), before);
+    EXPECT_EQ(turns, (std::vector<Vector3>{{5, 0, 0}, {10, 0, 0}, {15, 0, 0}}));
+    EXPECT_EQ(spec().deviceScene->tiltDegrees, (Vector3{15, 0, 0}));
+    EXPECT_TRUE(state().hasUnsavedChanges());
+    EXPECT_FALSE(model->undoName()) << "it has not ended";
+    model->commitLiveEdits();
+    time.advance(0.5);
+    EXPECT_EQ(built.size(), before + 1);
+    EXPECT_EQ(*model->undoName(), "Turn Device");
+    model->undo();
+    EXPECT_EQ(spec(), first) << "one step, however many turns it had";
+}
+
+TEST_F(ReelEditor, ADragThatEndsIsAStepAndOneThatIsCancelledIsNone) {
+    open();
+    model->update("Add Caption", [this](EffectsSpec& spec) { CaptionEdits::add(spec, model->clock()); });
+    model->beginCaptionDrag(0);
+    time.advance(1);
+    model->cancelCaptionDrag();
+    time.advance(1);
+    EXPECT_EQ(*model->undoName(), "Add Caption");
+    EXPECT_EQ(built.back().narration->captions.size(), 1u);
+    model->beginCaptionDrag(0);
+    model->endCaptionDrag({0.25, 0.75});
+    time.advance(1);
+    EXPECT_EQ(*model->undoName(), "Move Caption");
+    EXPECT_EQ(built.back().narration->captions[0].position, (NormalizedPoint{0.25, 0.75}));
+}
+
+TEST_F(ReelEditor, WhatIsSelectedIsThere) {
+    open();
+    model->update("Add Captions", [this](EffectsSpec& spec) {
+        for (int i = 0; i < 3; ++i) CaptionEdits::add(spec, model->clock());
+    });
+    state().selectedCaptions = {0, 2};
+    state().selectedCard = 0;
+    model->undo();
+    EXPECT_TRUE(state().selectedCaptions().empty());
+    EXPECT_FALSE(state().selectedCard());
+}
+
+TEST_F(ReelEditor, AnImportedFrameIsLookedAtForItsScreen) {
+    open();
+    imaging::Bitmap frame(imaging::Size{40, 80}), solid(imaging::Size{40, 80});
+    for (int y = 0; y < 80; ++y)
+        for (int x = 0; x < 40; ++x) {
+            solid.view().row(y)[4 * x + 3] = 255;
+            const bool isScreen = x >= 4 && x < 36 && y >= 8 && y < 72;
+            frame.view().row(y)[4 * x + 3] = isScreen ? 0 : 255;
+        }
+    media::writePng(folder / "frame.png", frame.view());
+    media::writePng(folder / "solid.png", solid.view());
+    const DeviceMockup before = spec().background.device;
+    const auto import = [&](const char* name) {
+        model->importDeviceFrame(folder / name);
+        time.advance(1);
+    };
+    import("gone.png");
+    EXPECT_EQ(state().errorMessage(), "Could not load frame: Could not read frame image: gone.png.");
+    EXPECT_EQ(spec().background.device, before);
+    import("frame.png");
+    const DeviceMockup& device = spec().background.device;
+    EXPECT_EQ(device.framePath, (folder / "frame.png").string());
+    EXPECT_NEAR(device.screen.x, 0.1, 1e-9);
+    EXPECT_NEAR(device.screen.height, 0.8, 1e-9);
+    EXPECT_EQ(state().statusMessage(), "Device frame frame.png (cutout auto-detected).");
+    import("solid.png");
+    EXPECT_EQ(spec().background.device.framePath, (folder / "solid.png").string());
+    EXPECT_NEAR(spec().background.device.screen.x, 0.1, 1e-9) << "as it was";
+    EXPECT_EQ(state().statusMessage(), "Device frame solid.png; its screen was not found.");
+}
+
+TEST_F(ReelEditor, WithoutASidecarThereIsNothingToCaption) {
+    open();
+    model->generateCaptions();
+    EXPECT_EQ(state().statusMessage(), "No hero beats to caption.");
 }
 
 TEST(ReelExportChoices, AreSnappedAndNamed) {
@@ -207,6 +232,7 @@ TEST(ReelExportChoices, AreSnappedAndNamed) {
     EXPECT_EQ(exportFileName(ExportFormat::gif, VideoCodec::h264, ExportContainer::mov), "reel.gif");
     EXPECT_EQ(exportFileName(ExportFormat::video, VideoCodec::proRes4444, ExportContainer::mp4), "reel.mov");
     EXPECT_EQ(exportFileName(ExportFormat::video, VideoCodec::hevc, ExportContainer::mp4), "reel.mp4");
+    EXPECT_EQ(exportFileName(ExportFormat::video, VideoCodec::vp9, ExportContainer::webm), "reel.webm");
 }
 
 TEST(TimingKeys, AreEqualWhereTheClockIs) {

@@ -44,9 +44,9 @@ TEST_F(ReelProjects, ABundleIsOneWithARecording) {
     EXPECT_EQ(project.trimStartSec, 0);
     EXPECT_NEAR(project.trimEndSec, 2, 0.01);
     // Nothing is known of it: the camera stands still, and nothing is cut.
-    EXPECT_EQ(project.spec.cameraTrack.size(), 1u);
-    EXPECT_TRUE(project.spec.cuts.empty());
-    EXPECT_EQ(project.spec.output.widthPx, 64);
+    EXPECT_EQ(project.onDisk.spec.cameraTrack.size(), 1u);
+    EXPECT_TRUE(project.onDisk.spec.cuts.empty());
+    EXPECT_EQ(project.onDisk.spec.output.widthPx, 64);
     EXPECT_FALSE(fs::exists(project.effectsFile)) << "nothing is written until it is saved";
     fs::create_directories(folder_ / "empty.tavixproj");
     EXPECT_THROW(ReelProject::load(folder_ / "empty.tavixproj"), Failure);
@@ -58,11 +58,11 @@ TEST_F(ReelProjects, WhatLiesBesideAVideoBelongsToIt) {
     const ReelProject authored = ReelProject::load(clip);
     EXPECT_FALSE(authored.bundle);
     ASSERT_TRUE(authored.timeline);
-    EXPECT_GT(authored.spec.cameraTrack.size(), 1u) << "the camera goes to the tap";
-    EffectsSpec spec = authored.spec;
+    EXPECT_GT(authored.onDisk.spec.cameraTrack.size(), 1u) << "the camera goes to the tap";
+    EffectsSpec spec = authored.onDisk.spec;
     spec.background.padding = 7;
     writeFile(spec, folder_ / "walk.effects.json");
-    EXPECT_EQ(ReelProject::load(clip).spec, spec);
+    EXPECT_EQ(ReelProject::load(clip).onDisk.spec, spec);
 }
 
 TEST_F(ReelProjects, ADamagedDocumentCountsAsMissing) {
@@ -71,7 +71,18 @@ TEST_F(ReelProjects, ADamagedDocumentCountsAsMissing) {
     std::ofstream(folder_ / "walk.effects.json") << "[]";
     const ReelProject project = ReelProject::load(clip);
     EXPECT_FALSE(project.timeline);
-    EXPECT_EQ(project.spec.cameraTrack.size(), 1u);
+    EXPECT_EQ(project.onDisk.spec.cameraTrack.size(), 1u);
+    ASSERT_EQ(project.ignored.size(), 2u) << "and is told";
+    EXPECT_TRUE(project.ignored[0].starts_with("\"walk.timeline.json\" cannot be read"));
+    EXPECT_TRUE(project.ignored[1].starts_with("\"walk.effects.json\" cannot be read"));
+    // It is no file of ours to throw away.
+    EffectsSpec edited = project.onDisk.spec;
+    edited.background.padding = 5;
+    const fs::path effects = project.effectsFile;
+    const ReelOnDisk saved = project.onDisk.saved(edited, effects, IfChanged::refuse);
+    EXPECT_EQ(ReelProject::load(clip).onDisk.spec, edited);
+    EXPECT_EQ(ReelOnDisk::textIn(ReelOnDisk::damagedName(effects)), "[]");
+    EXPECT_FALSE(saved.damage);
 }
 
 }   // namespace

@@ -39,6 +39,9 @@ public:
     // At a time of the finished reel. Where a cut or a card is, the later of both sides is shown.
     imaging::Image frame(double compositionSec);
 
+    // Turns a device in space to another rest, without anything being built anew.
+    void turnDevice(const Vector3& tiltDegrees) { renderer_->turnDevice(tiltDegrees); }
+
 private:
     imaging::Size size_;
     double durationSec_ = 0;

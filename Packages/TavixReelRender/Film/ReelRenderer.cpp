@@ -105,6 +105,10 @@ Image ReelRenderer::footage(const std::optional<Image>& recording, double preCut
     return frame.cropped(bounds_);
 }
 
+void ReelRenderer::turnDevice(const Vector3& tiltDegrees) {
+    if (space_) space_->liveUpdateTilt(tiltDegrees);
+}
+
 Image ReelRenderer::card(std::size_t index, double localSec) {
     return index < cards_.size() ? cards_[index].frame(localSec) : footage(std::nullopt, 0, 0);
 }

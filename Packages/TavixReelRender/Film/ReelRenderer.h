@@ -42,6 +42,9 @@ public:
     // A card of the document; without one of that number, the surroundings alone.
     imaging::Image card(std::size_t index, double localSec);
 
+    // To another rest; without a device in space nothing happens.
+    void turnDevice(const Vector3& tiltDegrees);
+
 private:
     imaging::Image flat(
         const std::optional<imaging::Image>& recording, double preCutSec, double compositionSec) const;

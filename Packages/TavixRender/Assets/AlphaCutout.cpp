@@ -114,18 +114,22 @@ std::optional<Result> detect(const imaging::ConstBitmapView& picture, std::uint8
         picture.size.height};
 }
 
-Result detect(const std::filesystem::path& picture, std::uint8_t alphaThreshold) {
-    const std::string name = picture.filename().string();
+std::optional<Result> find(const std::filesystem::path& picture, std::uint8_t alphaThreshold) {
     const auto pixels = [&] {
         try {
             return media::loadStillImage(picture);
         } catch (const media::MediaError&) {
-            throw Failure("Could not read frame image: " + name + ".");
+            throw Failure("Could not read frame image: " + picture.filename().string() + ".");
         }
     }();
     if (pixels.isEmpty()) throw Failure("Frame image has zero size.");
-    const auto result = detect(pixels.view(), alphaThreshold);
-    if (!result) throw Failure("No interior transparent screen region found in " + name + ".");
+    return detect(pixels.view(), alphaThreshold);
+}
+
+Result detect(const std::filesystem::path& picture, std::uint8_t alphaThreshold) {
+    const auto result = find(picture, alphaThreshold);
+    if (!result)
+        throw Failure("No interior transparent screen region found in " + picture.filename().string() + ".");
     return *result;
 }
 

@@ -20,6 +20,8 @@ struct Result {
 // Pixels with less alpha than the threshold are transparent. Throws a `Failure` that names the file when it
 // cannot be read or encloses no transparent pixel.
 Result detect(const std::filesystem::path& picture, std::uint8_t alphaThreshold);
+// Nothing when it encloses no transparent pixel. Throws a `Failure` when it cannot be read.
+std::optional<Result> find(const std::filesystem::path& picture, std::uint8_t alphaThreshold);
 // The same of pixels in memory; nothing when they enclose no transparent pixel.
 std::optional<Result> detect(const imaging::ConstBitmapView& picture, std::uint8_t alphaThreshold);
 
@@ -32,6 +34,9 @@ inline constexpr std::uint8_t alphaThreshold = 16;
 
 inline AlphaCutout::Result detect(const std::filesystem::path& picture) {
     return AlphaCutout::detect(picture, alphaThreshold);
+}
+inline std::optional<AlphaCutout::Result> find(const std::filesystem::path& picture) {
+    return AlphaCutout::find(picture, alphaThreshold);
 }
 
 }   // namespace tavix::DeviceFrameCutoutService
