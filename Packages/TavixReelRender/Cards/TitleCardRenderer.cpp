@@ -16,7 +16,8 @@ using imaging::Image;
 constexpr double gapFraction = 0.035;    // of the canvas height, between parts
 constexpr double opticalMiddle = 0.47;   // of the canvas height, from the top
 
-CaptionStyle styleOf(const CardText& text) {
+// A margin is a fraction of the width, and a style's inset one of the height.
+CaptionStyle styleOf(const CardText& text, const imaging::Rect& canvas) {
     CaptionStyle style;
     style.fontName = text.fontName;
     style.fontPath = text.fontPath;
@@ -24,7 +25,8 @@ CaptionStyle styleOf(const CardText& text) {
     style.fontWeight = text.fontWeight;
     style.textColor = text.color;
     style.textShadow = text.shadow;
-    style.safeInsetFraction = std::max((1 - text.maxWidthFraction) / 2, 0.0);
+    style.safeInsetFraction =
+        std::max((1 - text.maxWidthFraction) / 2, 0.0) * canvas.width / std::max(canvas.height, 1.0);
     style.maxBarWidthFraction = text.maxWidthFraction;
     style.strokeWidthFraction = text.strokeWidthFraction;
     style.strokeColor = text.strokeColor;
@@ -33,15 +35,30 @@ CaptionStyle styleOf(const CardText& text) {
 }
 
 // Its middle stands at a fraction of the canvas height, from the top.
-std::optional<KineticTextLayout::Result> laidOut(
-    const CardText& text, double middleFraction, const LayerBuild& build) {
-    KineticTextLayout::Request request{text.text, text.emphasis, styleOf(text), text.kinetic.scope};
+std::optional<KineticTextLayout::Result> laidOutAt(
+    double sizeFraction, const CardText& text, double middleFraction, const LayerBuild& build) {
+    KineticTextLayout::Request request{
+        text.text, text.emphasis, styleOf(text, build.bounds), text.kinetic.scope};
+    request.style.fontSizeFraction = sizeFraction;
     request.position = NormalizedPoint{0.5, middleFraction};
     request.colorAnimated = text.kinetic.inPhase.color || text.kinetic.outPhase.color;
     request.width = build.bounds.width;
     request.height = build.bounds.height;
     request.alignment = text.alignment;
     return KineticTextLayout::build(request, build.fonts);
+}
+
+// Smaller where a word would be broken: a headline in pieces is no headline.
+std::optional<KineticTextLayout::Result> laidOut(
+    const CardText& text, double middleFraction, const LayerBuild& build) {
+    constexpr double step = 0.94, least = 0.4;   // of the size that was asked for
+    std::optional<KineticTextLayout::Result> layout;
+    for (double part = 1; part >= least; part *= step) {
+        layout = laidOutAt(text.sizeFraction * part, text, middleFraction, build);
+        if (!layout || std::ranges::none_of(layout->lines, &KineticTextLayout::Line::breaksWord))
+            return layout;
+    }
+    return laidOutAt(text.sizeFraction, text, middleFraction, build);   // no size helps
 }
 
 double heightOf(const CardText& text, const LayerBuild& build) {

@@ -97,5 +97,36 @@ TEST_F(Cards, AreHeldToTheirOwnWidth) {
         inkIn(frame(wide), 30)[0].last - inkIn(frame(wide), 30)[0].first);
 }
 
+// The columns that have ink, over the whole card.
+int inkWidth(const Picture& picture) {
+    int first = canvas.width, last = -1;
+    for (int y = 0; y < canvas.height; ++y)
+        for (int x = 0; x < canvas.width; ++x)
+            if (picture.at(x, y) != ground) first = std::min(first, x), last = std::max(last, x);
+    return last - first + 1;
+}
+
+TEST_F(Cards, AreAsWideAsTheyMayBeAndBreakNoWord) {
+    TitleCard card = cardOf("REMEMBERED");
+    card.headline.maxWidthFraction = 0.8;
+    card.headline.sizeFraction = 0.03;
+    const auto small = inkIn(frame(card));
+    ASSERT_EQ(small.size(), 1u);
+    const double widthOfHeight = double(inkWidth(frame(card))) / (small[0].last - small[0].first + 1);
+    card.headline.sizeFraction = 0.09;   // 54 pixels, at which ten capitals do not fit into 288
+    const auto large = inkIn(frame(card));
+    ASSERT_EQ(large.size(), 1u) << "on one line";
+    const int width = inkWidth(frame(card));
+    EXPECT_GT(width, 0.6 * 288);
+    EXPECT_LE(width, 288);
+    EXPECT_NEAR(double(width) / (large[0].last - large[0].first + 1), widthOfHeight, 0.6) << "not cut";
+    card.headline.text = "GO ON";   // words that fit keep the size
+    card.headline.sizeFraction = 0.05;
+    TitleCard beside = card;
+    beside.headline.text = "GO ON REMEMBERED";
+    const auto one = inkIn(frame(card)), two = inkIn(frame(beside));
+    EXPECT_NEAR(one[0].last - one[0].first, two[0].last - two[0].first, 1);
+}
+
 }   // namespace
 }   // namespace tavix
