@@ -15,6 +15,7 @@ struct Actions {
     QAction *undo, *redo, *duplicate, *remove, *deselect, *copyFrame;
     QAction *play, *toStart, *toEnd, *stepBack, *stepForward, *secondBack, *secondForward;
     QAction *zoomIn, *zoomOut, *actualPixels, *fit, *safeAreas, *fullScreen;
+    QAction *findings, *changes, *json;   // what stands beside the stage
     QAction *themeDesktop, *themeDark, *themeLight;
     QAction *addScene, *addText, *addDevice, *addImage, *addVideo, *addShape, *addFill;
     QAction *palette, *setUpAgents, *checkForUpdates, *about;

@@ -1,6 +1,7 @@
 #include "TavixEditor/Panels/Notice.h"
 
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Panels/ChangesPanel.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <QCoreApplication>
@@ -43,16 +44,24 @@ Notice ofConflicts(CompositionEditorModel& model) {
         {{tr("Keep Mine"), choose(MergeSide::ours)}, {tr("Take Theirs"), choose(MergeSide::theirs)}}};
 }
 
+Notice ofChanges(Changes& changes, const std::function<void()>& show) {
+    return {Notice::Weight::news,
+        tr("Changed by another program: %1.").arg(ChangesPanel::countWords(*changes.news())),
+        {{tr("Show"), show},
+            {tr("Undo"), [&changes] { changes.takeBack(0, utf8Of(ChangesPanel::stepName())); }},
+            {tr("Dismiss"), [&changes] { changes.forgetNews(); }}}};
+}
+
 }   // namespace
 
-std::optional<Notice> noticeOf(
-    CompositionEditorModel& model, const std::function<void(std::size_t)>& recover) {
+std::optional<Notice> noticeOf(CompositionEditorModel& model, Changes& changes, const NoticeRoads& roads) {
     const EditorState& state = model.state;
-    if (!state.lostWork().empty()) return ofLostWork(model, recover);
+    if (!state.lostWork().empty()) return ofLostWork(model, roads.recover);
     if (!state.fileConflicts().empty()) return ofConflicts(model);
     if (state.errorMessage())
         return Notice{Notice::Weight::error, words(*state.errorMessage()),
             {{tr("Dismiss"), [&model] { model.state.errorMessage = std::nullopt; }}}};
+    if (changes.news()) return ofChanges(changes, roads.showChanges);
     return std::nullopt;
 }
 

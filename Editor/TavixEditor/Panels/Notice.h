@@ -15,6 +15,8 @@ class CompositionEditorModel;
 
 namespace tavix::editor {
 
+class Changes;
+
 struct NoticeAction {
     QString words;
     std::function<void()> run;
@@ -27,9 +29,14 @@ struct Notice {
     QList<NoticeAction> actions = {};
 };
 
-// The weightiest that the model has: lost work, a choice between two hands on the file, an error, or nothing.
-// `recover` brings back the lost work of that number.
-std::optional<Notice> noticeOf(
-    CompositionEditorModel& model, const std::function<void(std::size_t)>& recover);
+// What the notices of a model lead to.
+struct NoticeRoads {
+    std::function<void(std::size_t)> recover;   // the lost work of that number
+    std::function<void()> showChanges;          // by other programs
+};
+
+// The weightiest that there is: lost work, a choice between two hands on the file, an error, what another
+// program has changed, or nothing.
+std::optional<Notice> noticeOf(CompositionEditorModel& model, Changes& changes, const NoticeRoads& roads);
 
 }   // namespace tavix::editor

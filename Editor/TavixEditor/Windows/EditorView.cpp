@@ -6,11 +6,13 @@
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorView.h"
 #include "TavixEditor/Panels/ExportBar.h"
+#include "TavixEditor/Panels/FindingsPanel.h"
 #include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Panels/TransportBar.h"
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Timeline/TimelineView.h"
 #include "TavixEditor/Windows/MenuBar.h"
+#include "TavixEditor/Windows/SidePanel.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <QAction>
@@ -19,6 +21,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSplitter>
+#include <QToolButton>
 
 namespace tavix::editor {
 
@@ -36,10 +39,22 @@ QPushButton* buttonOf(QAction* action, const QString& words) {
     return button;
 }
 
+QToolButton* makeToggle(QAction* action) {
+    auto* button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setIconSize({16, 16});
+    button->setFixedHeight(height::button);
+    button->setMinimumWidth(height::button);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
 }   // namespace
 
 EditorView::EditorView(Studio& studio, const Actions& actions, QWidget* parent)
-    : QWidget(parent), studio_(studio), model_(studio.model) {
+    : QWidget(parent), studio_(studio), model_(studio.model),
+      findings_(model_, studio.main(), studio.workers()), changes_(model_, studio.main(), studio.workers()) {
     onGround(this, QPalette::Mid);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -70,6 +85,9 @@ QWidget* EditorView::makeTopBar(const Actions& actions) {
     row->addStretch();
     row->addWidget(status_);
     row->addSpacing(space::small);
+    row->addWidget(makeFindingsButton(actions.findings));
+    for (QAction* panel : {actions.changes, actions.json}) row->addWidget(makeToggle(panel));
+    row->addSpacing(space::small);
     row->addWidget(buttonOf(actions.save, tr("Save")));
     auto* exportButton = buttonOf(actions.exportFilm, tr("Export…"));
     exportButton->setDefault(true);
@@ -88,11 +106,12 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     column->addWidget(makeRule(Qt::Horizontal));
     column->addWidget(new TransportBar(model_, actions));
     auto* wide = new QSplitter(Qt::Horizontal);
+    wide->addWidget(new SidePanel(studio_, actions, findings_, changes_));
     wide->addWidget(middle);
     wide->addWidget(makeInspectorView(model_, wide));
-    wide->setStretchFactor(0, 1);
-    wide->setCollapsible(0, false);
-    wide->setSizes({1200, 304});
+    wide->setStretchFactor(1, 1);
+    wide->setChildrenCollapsible(false);
+    wide->setSizes({320, 1200, 304});
     auto* tall = new QSplitter(Qt::Vertical);
     tall->addWidget(wide);
     tall->addWidget(makeTimelineView(model_, tall));
@@ -100,6 +119,34 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     tall->setCollapsible(0, false);
     tall->setSizes({640, 240});
     return tall;
+}
+
+// Tells how much there is while the panel is closed.
+QWidget* EditorView::makeFindingsButton(QAction* action) {
+    auto* button = new QToolButton;
+    button->setObjectName(QStringLiteral("findingsButton"));
+    button->setCheckable(true);
+    button->setIconSize({16, 16});
+    button->setFixedHeight(height::button);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAccessibleName(tr("Findings"));
+    QObject::connect(button, &QToolButton::clicked, action, &QAction::trigger);
+    QObject::connect(action, &QAction::toggled, button, &QToolButton::setChecked);
+    connections_.push_back(tavix::show(
+        [this, button] {
+            const auto& told = findings_.told();
+            const std::size_t errors = told.count(Finding::Level::error);
+            button->setText(told.rows.empty() ? QString() : QString::number(told.rows.size()));
+            button->setIcon(iconOf(errors > 0          ? Icon::error
+                                   : told.rows.empty() ? Icon::check
+                                                       : Icon::warning));
+            button->setToolTip(FindingsPanel::summaryOf(told));
+            button->setAccessibleDescription(FindingsPanel::summaryOf(told));
+        },
+        findings_.told));
+    return button;
 }
 
 void EditorView::showState() {

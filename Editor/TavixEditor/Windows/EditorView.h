@@ -1,11 +1,14 @@
 // A composition being edited: the stage with its transport, the inspector beside it, the timeline below.
 #pragma once
 
+#include "TavixEditor/Panels/Changes.h"
+#include "TavixEditor/Panels/Findings.h"
 #include "TavixLive/Observing/Observable.h"
 
 #include <QCoreApplication>
 #include <QWidget>
 
+class QAction;
 class QLabel;
 class QPushButton;
 class QSplitter;
@@ -28,14 +31,19 @@ public:
 
     StageView& stage() { return *stage_; }
     NoticeBar& notices() { return *notices_; }
+    Findings& findings() { return findings_; }
+    Changes& changes() { return changes_; }
 
 private:
     QWidget* makeTopBar(const Actions& actions);
     QWidget* makeWorkspace(const Actions& actions);
+    QWidget* makeFindingsButton(QAction* action);
     void showState();
 
     Studio& studio_;
     CompositionEditorModel& model_;
+    Findings findings_;
+    Changes changes_;
     StageView* stage_ = nullptr;
     NoticeBar* notices_ = nullptr;
     QLabel *name_ = nullptr, *edited_ = nullptr, *status_ = nullptr;

@@ -58,8 +58,8 @@ MainWindow::MainWindow(Studio& studio, ThemeChoice* themes)
     connections_.push_back(tavix::show([this] { applyWindowMode(); }, state.isLoaded));
     connections_.push_back(tavix::show([this] { showActions(); }, state.isLoaded, state.bundle, state.edited,
         state.isPlaying, state.hasUnsavedChanges, state.isExporting));
-    connections_.push_back(tavix::show(
-        [this] { showNotice(); }, state.isLoaded, state.lostWork, state.fileConflicts, state.errorMessage));
+    connections_.push_back(tavix::show([this] { showNotice(); }, state.isLoaded, state.lostWork,
+        state.fileConflicts, state.errorMessage, editor_->changes().news));
 }
 
 MainWindow::~MainWindow() = default;
@@ -73,7 +73,8 @@ void MainWindow::showNotice() {
         });
     };
     const bool isLoaded = studio_.model.state.isLoaded();
-    std::optional<Notice> notice = noticeOf(studio_.model, recover);
+    std::optional<Notice> notice = noticeOf(
+        studio_.model, editor_->changes(), {recover, [this] { actions_.changes->setChecked(true); }});
     editor_->notices().setNotice(isLoaded ? notice : std::nullopt);
     // The welcome screen tells errors in a place of its own.
     if (isLoaded || (notice && notice->weight == Notice::Weight::error)) notice.reset();

@@ -37,7 +37,8 @@ QMenuBar* makeMenuBar(const Actions& a) {
     fill(bar->addMenu(tr("&Play")), {a.play, nullptr, a.stepBack, a.stepForward, a.secondBack,
                                         a.secondForward, nullptr, a.toStart, a.toEnd});
     QMenu* view = bar->addMenu(tr("&View"));
-    fill(view, {a.zoomIn, a.zoomOut, a.fit, a.actualPixels, nullptr, a.safeAreas, a.fullScreen, nullptr});
+    fill(view, {a.zoomIn, a.zoomOut, a.fit, a.actualPixels, nullptr, a.safeAreas, a.fullScreen, nullptr,
+                   a.findings, a.changes, a.json, nullptr});
     fill(view->addMenu(tr("&Theme")), {a.themeDesktop, a.themeDark, a.themeLight});
     fill(bar->addMenu(tr("&Help")), {a.setUpAgents, nullptr, a.checkForUpdates, a.about});
     return bar;

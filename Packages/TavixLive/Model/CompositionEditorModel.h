@@ -131,6 +131,7 @@ public:
 
     LivePreview& preview() { return preview_; }
 
+    static constexpr const char* takeInName = "Take in changes";   // of the step
     static constexpr double quietSec = 0.25, coalesceSec = 0.12, scrubEndSec = 0.3, overscanCommitSec = 0.25;
 
 private:

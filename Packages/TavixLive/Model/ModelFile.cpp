@@ -199,7 +199,7 @@ void CompositionEditorModel::takeIn(Look& found) {
         if (!isSelectionKept) found.merged->selection = edited().selection;
         clampSelection(*found.merged);
         state.edited = std::move(*found.merged);
-        history_.record("Take in changes", before, moment());
+        history_.record(takeInName, before, moment());
         state.takenIn = taken;
         scheduleRefresh();
     }

@@ -68,8 +68,16 @@ constexpr std::array drawings{
     Drawing{Icon::palette, "r 2 3.5 12 9 1.5 m 4.5 6.5 l 6.5 8 l 4.5 9.5 m 8 10 l 11.5 10"},
     Drawing{Icon::trash,
         "m 2.5 4.5 l 13.5 4.5 m 6 4.3 l 6 2.5 l 10 2.5 l 10 4.3 m 4 4.5 l 4.6 13.5 l 11.4 13.5 l 12 4.5"},
+    Drawing{Icon::wrench, "m 13.2 4.2 c 14 6 13 8.6 10.6 8.8 c 9.8 8.9 9.3 8.8 8.7 8.6 l 4.6 12.8 "
+                          "c 3.4 14 1.9 12.5 3.1 11.3 l 7.3 7.2 c 6.6 4.8 8.3 2.4 11.6 2.7 l 9.6 4.8 "
+                          "l 11.2 6.3 z"},
+    Drawing{Icon::braces, "m 6 2.5 c 3.5 2.5 5.5 7.5 2.8 8 c 5.5 8.5 3.5 13.5 6 13.5 "
+                          "m 10 2.5 c 12.5 2.5 10.5 7.5 13.2 8 c 10.5 8.5 12.5 13.5 10 13.5"},
+    Drawing{Icon::history, "o 8 8 5.6 m 8 4.8 l 8 8.2 l 10.4 9.6"},
+    Drawing{Icon::music, "m 6 12 l 6 3.5 l 13 2.5 l 13 11 o 4.3 12 1.7 o 11.3 11 1.7"},
+    Drawing{Icon::gallery, "r 2 2 5 5 1 r 9 2 5 5 1 r 2 9 5 5 1 r 9 9 5 5 1"},
 };
-static_assert(drawings.size() == std::size_t(Icon::trash) + 1);
+static_assert(drawings.size() == std::size_t(Icon::gallery) + 1);
 constexpr bool isInOrder() {
     for (std::size_t i = 0; i < drawings.size(); ++i)
         if (drawings[i].icon != Icon(i)) return false;

@@ -45,6 +45,11 @@ enum class Icon {
     sparkle,
     palette,
     trash,
+    wrench,
+    braces,
+    history,
+    music,
+    gallery,
 };
 
 // Follows the theme, and the mode that it is asked for: normal, disabled, or selected on the accent.

@@ -63,7 +63,7 @@ QPalette paletteOf(const Theme& theme) {
     palette.setColor(QPalette::Base, theme.field);
     palette.setColor(QPalette::AlternateBase, theme.panel);
     palette.setColor(QPalette::Text, theme.text);
-    palette.setColor(QPalette::BrightText, theme.onAccent);
+    palette.setColor(QPalette::BrightText, theme.danger);
     palette.setColor(QPalette::PlaceholderText, theme.secondary);
     palette.setColor(QPalette::Button, theme.raised);
     palette.setColor(QPalette::ButtonText, theme.text);

@@ -43,7 +43,7 @@ private:
 
 // Grounds are told by palette roles, so that a widget follows the theme without code of its own: Window is
 // the panel, Mid the window behind it, Dark the stage, Light what is raised, Midlight a hairline, and
-// PlaceholderText secondary text.
+// PlaceholderText secondary text, BrightText what went wrong.
 QPalette paletteOf(const Theme& theme);
 
 // Whether the desktop asks for less motion; then nothing moves on its own.
