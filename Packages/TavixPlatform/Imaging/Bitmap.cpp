@@ -21,19 +21,24 @@ constexpr std::uint32_t alphaMask = 0xFF000000u;
 // What the alphas of some pixels have in common.
 struct AlphaBits {
     std::uint32_t all = alphaMask, any = 0;
-    void add(const std::uint32_t* pixels, int count) {
+    static AlphaBits of(const std::uint32_t* pixels, int count) {
+        AlphaBits bits;
         for (int i = 0; i < count; ++i) {
-            all &= pixels[i];
-            any |= pixels[i];
+            bits.all &= pixels[i];
+            bits.any |= pixels[i];
         }
+        return bits;
+    }
+    void add(const AlphaBits& bits) {
+        all &= bits.all;
+        any |= bits.any;
     }
     bool isEmpty() const { return (any & alphaMask) == 0; }
     bool isOpaque() const { return (all & alphaMask) == alphaMask; }
 };
 
-// From the first pixel with alpha to one past the last.
-std::pair<int, int> inkSpan(const std::uint32_t* row, int width) {
-    int first = 0, last = width;
+// From the first pixel with alpha to one past the last. Both stand between `first` and `last`.
+std::pair<int, int> inkSpan(const std::uint32_t* row, int first, int last) {
     while (first < last && !(row[first] & alphaMask)) ++first;
     while (last > first && !(row[last - 1] & alphaMask)) --last;
     return {first, last};
@@ -72,11 +77,18 @@ void Bitmap::indexCoverage() {
         std::fill(bits.begin(), bits.end(), AlphaBits{});
         for (int y = by * blockPx; y < std::min(size_.height, (by + 1) * blockPx); ++y) {
             const auto* row = reinterpret_cast<const std::uint32_t*>(view().row(y));
-            for (int bx = 0; bx < blocksAcross_; ++bx)
-                bits[std::size_t(bx)].add(row + bx * blockPx, blockWidth(bx));
-            const auto [first, last] = inkSpan(row, size_.width);
-            if (first < last)
-                ink = {std::min(ink.x0, first), std::min(ink.y0, y), std::max(ink.x1, last), y + 1};
+            int firstInked = blocksAcross_, lastInked = -1;
+            for (int bx = 0; bx < blocksAcross_; ++bx) {
+                const AlphaBits some = AlphaBits::of(row + bx * blockPx, blockWidth(bx));
+                bits[std::size_t(bx)].add(some);
+                if (some.isEmpty()) continue;
+                firstInked = std::min(firstInked, bx);
+                lastInked = bx;
+            }
+            if (lastInked < 0) continue;
+            const auto [first, last] =
+                inkSpan(row, firstInked * blockPx, lastInked * blockPx + blockWidth(lastInked));
+            ink = {std::min(ink.x0, first), std::min(ink.y0, y), std::max(ink.x1, last), y + 1};
         }
         for (const AlphaBits& b : bits)
             blocks_.push_back(b.isEmpty()    ? Coverage::empty

@@ -56,4 +56,19 @@ Image Evaluator::drawnForFrame(const Image& image, const PixelRegion& bounds) {
     return Image(makeBitmap(bitmap, region.x0, region.y0, image.extent()));
 }
 
+BitmapPart Evaluator::opaquePixels(const Image& image, const PixelRegion& region) {
+    if (region.isEmpty()) return {};
+    if (const Picture* picture = asBitmap(*insideCropping(image.node()));
+        picture && image.node()->isOpaque(region)) {
+        const PixelRegion& all = picture->region;
+        return {picture->bitmap,
+            {region.x0 - all.x0, all.y1 - region.y1, region.x1 - all.x0, all.y1 - region.y0}};
+    }
+    const auto bitmap = std::make_shared<Bitmap>(
+        Bitmap::uninitialised({region.width(), region.height()}, impl_->context.pool()));
+    const Image opaque = image.over(Image::solid(Color::black()).cropped(region.rect()));
+    impl_->context.drawInto(opaque.node(), Tile::of(bitmap->view(), region));
+    return {bitmap, {0, 0, region.width(), region.height()}};
+}
+
 }   // namespace tavix::imaging

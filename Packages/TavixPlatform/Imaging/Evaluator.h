@@ -20,6 +20,12 @@ struct EvaluatorOptions {
     bool comparesStructures = false;
 };
 
+// Some pixels of a bitmap, counted from its top left.
+struct BitmapPart {
+    BitmapRef bitmap;
+    PixelRegion fromTopLeft;
+};
+
 class Evaluator {
 public:
     explicit Evaluator(const EvaluatorOptions& options = {});
@@ -35,6 +41,10 @@ public:
     // As `baked`, for what one frame needs: results of other pictures stay kept, and the memory serves the
     // next frame once nobody shows this one any more.
     Image drawnForFrame(const Image& image, const PixelRegion& bounds);
+
+    // What a picture shows over black, for who reads it in this frame alone: the pixels of the bitmap that it
+    // is, where that is opaque, and else pixels drawn now.
+    BitmapPart opaquePixels(const Image& image, const PixelRegion& region);
 
     struct Impl;
     Impl& impl() { return *impl_; }

@@ -51,9 +51,10 @@ TextureFilter filterOf(TextureDetail detail) {
     switch (detail) {
     case TextureDetail::fine: return {8, 1, rootOfTwo};
     case TextureDetail::coarse: return {1, 1, rootOfTwo};
-    case TextureDetail::halved: break;
+    case TextureDetail::quick: break;
     }
-    // One probe serves up to a texel and a half, where the reduction takes what it leaves of finer stripes.
+    // One probe serves up to a texel and a half: a reduction that follows takes what it leaves of finer
+    // stripes.
     return {8, 2.0f / 3, 0.75f};
 }
 

@@ -45,10 +45,11 @@ struct EncodedFrame {
 
 enum class Samples { one, four, sixteen, sixtyFour };   // of coverage per pixel
 
-// How textures are filtered. Halved is for a picture that will be reduced to half its size, and as sharp
-// after that as fine ones are. Coarse takes a quarter of the time: for a picture whose textured surfaces
-// another one will cover, so that only their edges are seen.
-enum class TextureDetail { fine, halved, coarse };
+// How textures are filtered. Quick is for a picture that will be reduced to half its size, and as sharp after
+// that as fine ones are, or for one that is looked at in passing: a hair softer than fine ones. Coarse takes
+// a quarter of the time: for a picture whose textured surfaces another one will cover, so that only their
+// edges are seen.
+enum class TextureDetail { fine, quick, coarse };
 
 struct Pass {
     static constexpr int mostSidePx = 8192;

@@ -22,6 +22,8 @@ public:
     // Alpha is not looked at: premultiplied pixels show as over black. Its levels are made when a
     // renderer first needs them, on its threads. An empty or absent bitmap shows black.
     void replace(imaging::BitmapRef pixels);
+    // With a part of a bitmap, counted from its top left.
+    void replace(imaging::BitmapRef pixels, const imaging::PixelRegion& part);
     imaging::Size size() const;
 
     // For the renderer.

@@ -13,7 +13,9 @@ namespace tavix::scene3d {
 
 namespace {
 
-constexpr int rowsPerJob = 32;
+// A job decodes this many rows and makes of them what it can while they are at hand: as many levels as the
+// number can be halved.
+constexpr int halvingsOfJob = 5, rowsPerJob = 1 << halvingsOfJob;
 
 // What each byte becomes, at the place of each channel in a texel.
 struct RootsOfBytes {
@@ -39,7 +41,8 @@ std::uint32_t* rowOf(TextureLevels& texture, int level, int y) {
 
 void decodeRow(TextureLevels& texture, int y) {
     const RootsOfBytes& roots = rootsOfBytes();
-    const std::uint8_t* from = std::as_const(*texture.bitmap).view().row(y);
+    const std::uint8_t* from =
+        std::as_const(*texture.bitmap).view().row(texture.part.y0 + y) + std::ptrdiff_t(texture.part.x0) * 4;
     std::uint32_t* to = rowOf(texture, 0, y);
     for (int x = 0; x < texture.width[0]; ++x, from += 4)
         to[x] = roots.blue[from[0]] | roots.green[from[1]] | roots.red[from[2]];
@@ -62,15 +65,18 @@ void halveRow(TextureLevels& texture, int level, int y, const SceneKernels& kern
 
 void makeLevels(TextureLevels& texture, const SceneKernels& kernels, imaging::ScratchLoop& loop) {
     if (texture.isMade || texture.count == 0) return;
-    for (int level = 0; level < texture.count; ++level) {
-        const int rows = texture.height[level];
-        const auto job = [&texture, &kernels, level](int index) {
-            const int end = std::min((index + 1) * rowsPerJob, texture.height[level]);
-            for (int y = index * rowsPerJob; y < end; ++y)
+    const int levelsOfJobs = std::min(texture.count, halvingsOfJob + 1);
+    const auto job = [&texture, &kernels, levelsOfJobs](int index) {
+        for (int level = 0, rows = rowsPerJob; level < levelsOfJobs; ++level, rows /= 2) {
+            const int end = std::min((index + 1) * rows, texture.height[level]);
+            for (int y = index * rows; y < end; ++y)
                 level == 0 ? decodeRow(texture, y) : halveRow(texture, level, y, kernels);
-        };
-        loop.run((rows + rowsPerJob - 1) / rowsPerJob, [&job](int index, imaging::Scratch&) { job(index); });
-    }
+        }
+    };
+    loop.run((texture.height[0] + rowsPerJob - 1) / rowsPerJob,
+        [&job](int index, imaging::Scratch&) { job(index); });
+    for (int level = levelsOfJobs; level < texture.count; ++level)
+        for (int y = 0; y < texture.height[level]; ++y) halveRow(texture, level, y, kernels);
     texture.isMade = true;
     texture.bitmap.reset();   // the levels hold all of it
 }

@@ -20,12 +20,13 @@ struct SceneKernels;
 struct TextureLevels {
     static constexpr int mostLevels = 16;
     imaging::BitmapRef bitmap;   // until the levels are made
+    imaging::PixelRegion part;   // of the bitmap, from its top left
     int count = 0;               // with level 0; 0 without a picture
     // By level.
     std::int32_t firstTexel[mostLevels] = {}, width[mostLevels] = {}, height[mostLevels] = {};
     static constexpr int rootBits = 10, mostRoot = (1 << rootBits) - 1;
-    std::vector<std::uint32_t> texels;
-    bool isMade = false;   // the texels are those of the bitmap
+    std::vector<std::uint32_t> texels;   // of all levels, and one more
+    bool isMade = false;                 // the texels are those of the bitmap
 };
 
 // Fills the levels, unless they stand.

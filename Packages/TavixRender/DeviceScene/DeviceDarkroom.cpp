@@ -6,7 +6,7 @@
 namespace tavix {
 
 void DeviceDarkroom::show(
-    ScreenRef& screen, const Digest& picture, const std::function<imaging::BitmapRef()>& draw) {
+    ScreenRef& screen, const Digest& picture, const std::function<imaging::BitmapPart()>& draw) {
     std::erase_if(screens_, [](const auto& known) { return known.expired(); });
     for (const auto& known : screens_)
         if (auto other = known.lock(); other->picture == picture) {
@@ -15,12 +15,12 @@ void DeviceDarkroom::show(
             screen = std::move(other);
             return;
         }
-    imaging::BitmapRef pixels = draw();
+    imaging::BitmapPart pixels = draw();
     if (!screen || screen.use_count() > 1) {
         if (!spare_) screens_.push_back(spare_ = std::make_shared<DeviceScreen>());
         screen = std::exchange(spare_, nullptr);
     }
-    screen->texture->replace(std::move(pixels));
+    screen->texture->replace(std::move(pixels.bitmap), pixels.fromTopLeft);
     screen->picture = picture;
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "TavixBase/Digest.h"
-#include "TavixPlatform/Imaging/Bitmap.h"
 #include "TavixPlatform/Imaging/BytePool.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
 #include "TavixPlatform/Scene3D/Renderer.h"
 #include "TavixPlatform/Scene3D/Texture.h"
 
@@ -29,7 +29,7 @@ struct DeviceDarkroom {
     // The screen becomes one with that picture: another device's, or this one or another, with the picture on
     // it that is drawn. What drawing throws passes through, and the screen stays as it was.
     using ScreenRef = std::shared_ptr<DeviceScreen>;
-    void show(ScreenRef& screen, const Digest& picture, const std::function<imaging::BitmapRef()>& draw);
+    void show(ScreenRef& screen, const Digest& picture, const std::function<imaging::BitmapPart()>& draw);
 
     // What the passes of a frame of 1080 x 1920 take.
     static constexpr std::size_t mostIdleBytes = 16u << 20;

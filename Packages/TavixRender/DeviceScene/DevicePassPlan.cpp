@@ -5,13 +5,14 @@
 namespace tavix {
 
 DevicePassPlan devicePassPlan(imaging::Size output, DeviceQuality quality) {
-    using scene3d::Samples;
+    using scene3d::Samples, scene3d::TextureDetail;
     constexpr int longestOfSmallPx = 2048;
     const int longest = std::max(output.width, output.height);
-    if (quality == DeviceQuality::rough) return {Samples::four, 1, Samples::four, 2};
+    if (quality == DeviceQuality::rough) return {Samples::four, 1, Samples::four, TextureDetail::quick, 2};
     if (quality == DeviceQuality::preview) return {Samples::four, 1, Samples::four};
     if (longest <= longestOfSmallPx) return {Samples::sixtyFour, 2, Samples::sixteen};
-    if (2 * longest > scene3d::Pass::mostSidePx) return {Samples::sixteen, 1, Samples::sixteen};
+    if (2 * longest > scene3d::Pass::mostSidePx)
+        return {Samples::sixteen, 1, Samples::sixteen, TextureDetail::fine};
     return {Samples::sixteen, 2, Samples::four};
 }
 

@@ -15,6 +15,7 @@ struct DevicePassPlan {
     scene3d::Samples body = scene3d::Samples::sixtyFour;
     int screenScale = 2;
     scene3d::Samples screen = scene3d::Samples::sixteen;
+    scene3d::TextureDetail screenTexture = scene3d::TextureDetail::quick;
     int reduction = 1;   // along a side; such a picture is enlarged to the size of the output
 };
 

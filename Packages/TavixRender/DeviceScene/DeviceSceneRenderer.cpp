@@ -146,9 +146,8 @@ void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, co
         const PixelRegion region = imaging::pixelsCovering({std::round(extent.x), std::round(extent.y),
             std::round(extent.width), std::round(extent.height)});
         // The screen shines by itself and hides what is behind it.
-        const Image opaque = screen.over(Image::solid(imaging::Color::black()).cropped(extent));
-        settings_.darkroom->show(screen_, screen.hash(),
-            [&] { return std::make_shared<const imaging::Bitmap>(context.evaluator.draw(opaque, region)); });
+        settings_.darkroom->show(
+            screen_, screen.hash(), [&] { return context.evaluator.opaquePixels(screen, region); });
         stage_->showOnScreen(screen_->texture);
         lastBlit_ = screen.hash();
     } catch (const std::bad_alloc&) {
@@ -188,9 +187,8 @@ Image DeviceSceneRenderer::bodyPass(const DevicePassPlan& plan, const DeviceStan
 
 Image DeviceSceneRenderer::screenPass(const DevicePassPlan& plan) {
     const imaging::Size output = reduced(settings_.output, plan.reduction);
-    const auto detail = plan.screenScale > 1 ? scene3d::TextureDetail::halved : scene3d::TextureDetail::fine;
     const scene3d::Pass pass{
-        {output.width * plan.screenScale, output.height * plan.screenScale}, plan.screen, detail};
+        {output.width * plan.screenScale, output.height * plan.screenScale}, plan.screen, plan.screenTexture};
     scene3d::EncodedFrame frame = settings_.darkroom->engine.renderEncoded(stage_->screenScene(), pass);
     return plan.screenScale > 1 ? halved(std::move(frame), pass.size)
                                 : enlarged(imageOf(std::move(frame)), output, settings_.output);

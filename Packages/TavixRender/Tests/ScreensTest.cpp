@@ -64,6 +64,10 @@ TEST_F(Shelf, KeepsNothingThatNobodyShows) {
     EXPECT_NE(screenFor(clip(0), build), nullptr);
 }
 
+imaging::BitmapPart pictureOf(int width) {
+    return {std::make_shared<const imaging::Bitmap>(imaging::Size{width, 2}), {0, 0, width, 2}};
+}
+
 // Devices that come, go and change their pictures in any order: each shows its own, told by its size, and of
 // equal ones there is one texture.
 TEST(Darkroom, ShowsOnEachScreenItsOwnPicture) {
@@ -83,7 +87,7 @@ TEST(Darkroom, ShowsOnEachScreenItsOwnPicture) {
             const int before = drawn;
             darkroom.show(screens[at], Digest{std::uint64_t(picture), 0}, [&] {
                 ++drawn;
-                return std::make_shared<const imaging::Bitmap>(imaging::Size{picture, 2});
+                return pictureOf(picture);
             });
             EXPECT_FALSE(isThere && drawn > before) << "a picture that is on a screen is not drawn again";
         }
@@ -98,15 +102,12 @@ TEST(Darkroom, ShowsOnEachScreenItsOwnPicture) {
 TEST(Darkroom, LeavesAScreenAsItWasWhenItsNextPictureCannotBeDrawn) {
     DeviceDarkroom darkroom;
     DeviceDarkroom::ScreenRef screen;
-    const auto picture = [](int width) {
-        return std::make_shared<const imaging::Bitmap>(imaging::Size{width, 2});
-    };
-    darkroom.show(screen, Digest{1, 0}, [&] { return picture(1); });
-    EXPECT_THROW(
-        darkroom.show(screen, Digest{2, 0}, []() -> imaging::BitmapRef { throw std::runtime_error("full"); }),
+    darkroom.show(screen, Digest{1, 0}, [] { return pictureOf(1); });
+    EXPECT_THROW(darkroom.show(
+                     screen, Digest{2, 0}, []() -> imaging::BitmapPart { throw std::runtime_error("full"); }),
         std::runtime_error);
     EXPECT_EQ(screen->texture->size().width, 1);
-    darkroom.show(screen, Digest{2, 0}, [&] { return picture(2); });
+    darkroom.show(screen, Digest{2, 0}, [] { return pictureOf(2); });
     EXPECT_EQ(screen->texture->size().width, 2);
 }
 

@@ -169,6 +169,11 @@ NodeRef makeTiled(const NodeRef& input) {
     return canRepeat(input) ? makeNode<TiledNode>(input) : emptyNode();
 }
 
+const NodeRef& insideCropping(const NodeRef& node) {
+    const auto* cropped = dynamic_cast<const CroppedNode*>(node.get());
+    return cropped ? cropped->input : node;
+}
+
 Behind behind(const NodeRef& node) {
     const auto* continued = dynamic_cast<const ContinuedNode*>(node.get());
     if (!continued) return {node, false};

@@ -25,6 +25,8 @@ NodeRef makeLinearGradient(Point p0, Point p1, std::vector<ColorStop> stops);
 NodeRef makeCropped(const NodeRef& input, const Rect& rect);
 NodeRef makeContinued(const NodeRef& input);   // edge pixels go on for ever
 NodeRef makeTiled(const NodeRef& input);
+// What is cut; a node that is no cutting is itself.
+const NodeRef& insideCropping(const NodeRef& node);
 // What a node shows, looked at past its continuation, and whether that has a border that goes on.
 struct Behind {
     const NodeRef& node;

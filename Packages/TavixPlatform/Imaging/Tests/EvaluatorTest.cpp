@@ -6,6 +6,7 @@
 #include "TavixPlatform/Imaging/RenderContext.h"
 #include "TavixPlatform/Imaging/Tests/Pictures.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include <gtest/gtest.h>
@@ -36,6 +37,52 @@ TEST(Evaluator, DrawsAPartAsThatPartOfTheWhole) {
         Evaluator fresh({.threadCount = 1, .cacheBytes = 0});
         ASSERT_EQ(pixelsOf(fresh, image, part), cut(whole, part));
         ASSERT_EQ(pixelsOf(evaluator, image, part), cut(whole, part));
+    }
+}
+
+Words shownBy(const BitmapPart& part) {
+    Words words;
+    for (int y = part.fromTopLeft.y1 - 1; y >= part.fromTopLeft.y0; --y) {
+        const auto* row = reinterpret_cast<const std::uint32_t*>(part.bitmap->view().row(y));
+        words.insert(words.end(), row + part.fromTopLeft.x0, row + part.fromTopLeft.x1);
+    }
+    return words;
+}
+
+TEST(Evaluator, GivesTheOpaquePixelsThatDrawingOverBlackGives) {
+    std::mt19937 random(11);
+    Evaluator evaluator({.threadCount = 1});
+    int shared = 0;
+    for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
+        const auto upTo = [&](int most) { return int(random() % unsigned(most)); };
+        const BitmapRef pixels = noiseBitmap({40 + upTo(60), 40 + upTo(60)}, unsigned(round), round % 3 > 0);
+        const Image whole = Image::bitmap(pixels, {double(upTo(30)), double(-upTo(9))});
+        const Image image = round % 5 ? whole.cropped({double(upTo(40)), 3, 50, 60}) : randomImage(random, 2);
+        const int x = upTo(60), y = upTo(40);
+        const PixelRegion region{x, y, x + 1 + upTo(30), y + 1 + upTo(30)};
+        const BitmapPart part = evaluator.opaquePixels(image, region);
+        shared += part.bitmap == pixels;
+        ASSERT_EQ(shownBy(part), pixelsOf(evaluator, image.over(Image::solid(Color::black())), region));
+    }
+    EXPECT_GT(shared, 30);   // and often without drawing them
+}
+
+TEST(Bitmap, KnowsWhereItsInkIs) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        const Size size{1 + int(random() % 150), 1 + int(random() % 100)};
+        Bitmap bitmap(size);
+        PixelRegion ink{size.width, size.height, 0, 0};
+        for (int dots = round % 4; dots > 0; --dots) {
+            const int x = int(random() % unsigned(size.width)), y = int(random() % unsigned(size.height));
+            bitmap.view().row(y)[4 * x + 3] = 1;
+            ink = {
+                std::min(ink.x0, x), std::min(ink.y0, y), std::max(ink.x1, x + 1), std::max(ink.y1, y + 1)};
+        }
+        bitmap.indexCoverage();
+        EXPECT_EQ(bitmap.inkBounds(), ink.isEmpty() ? PixelRegion{} : ink);
     }
 }
 

@@ -31,6 +31,10 @@ HWY_INLINE Resolved load(const float* sums, const std::uint8_t* covered, float p
     return {times(sum, scale), hn::Mul(count, constant(perSample))};
 }
 
+HWY_INLINE bool isClear(const std::uint8_t* covered) {
+    return hn::AllTrue(PixelBytes(), hn::Eq(hn::LoadU(PixelBytes(), covered), hn::Zero(PixelBytes())));
+}
+
 // The nearest 16-bit float, of equally near ones the even one. Only for 0 and above; limited to the largest.
 HWY_INLINE hn::Vec<HalfWords> toHalf(FloatVector v) {
     const Ints di;
@@ -48,6 +52,10 @@ void resolveHalf(
     std::uint16_t* dst, const float* sums, const std::uint8_t* covered, float perSample, std::size_t count) {
     const std::size_t lanes = hn::Lanes(Floats());
     for (std::size_t i = 0; i < count; i += lanes) {
+        if (isClear(covered + i)) {
+            std::fill_n(dst + i * 4, std::min(lanes, count - i) * 4, std::uint16_t(0));
+            continue;
+        }
         const Resolved r = load(sums + i * 4, covered + i, perSample);
         std::uint16_t tail[mostLanes * 4];
         const bool isWhole = i + lanes <= count;
@@ -73,6 +81,10 @@ void resolveBytes(
     const Floats d;
     const std::size_t lanes = hn::Lanes(d);
     for (std::size_t i = 0; i < count; i += lanes) {
+        if (isClear(covered + i)) {
+            std::fill_n(dst + i, std::min(lanes, count - i), 0u);
+            continue;
+        }
         const Resolved r = load(sums + i * 4, covered + i, perSample);
         const auto alpha =
             hn::DemoteTo(PixelBytes(), hn::ConvertTo(Ints(), sumOf(r.alpha, constant(255), constant(0.5f))));

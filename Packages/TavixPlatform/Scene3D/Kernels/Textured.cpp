@@ -139,7 +139,7 @@ HWY_INLINE Footprints findFootprints(const PlaneLanes& p, const TexturedSurface&
 // texel shows alone: what rounding adds to a coordinate does not blur a picture that fits the pixels.
 struct Pair {
     FloatVector first, second;
-    FloatVector share;
+    FloatVector share;   // 0 where both are the same
 };
 HWY_INLINE Pair pairAt(FloatVector position, FloatVector last) {
     constexpr float still = 1.0f / 64;
@@ -163,16 +163,33 @@ HWY_INLINE Lanes3 mixed(const Lanes3& a, const Lanes3& b, FloatVector share) {
     return plus(a, times(minus(b, a), share));
 }
 
+// Texels and their right neighbours, by their indices: two words are read at once.
+struct Neighbours {
+    IntVector left, right;
+};
+HWY_INLINE Neighbours neighboursAt(const std::int32_t* texels, IntVector index) {
+    const Ints di;
+    const hn::RepartitionToWide<Ints> wide;
+    const hn::Half<Ints> half;
+    const auto* base = reinterpret_cast<const std::int64_t*>(texels);
+    const auto pairs = [&](hn::Vec<hn::Half<Ints>> some) HWY_ATTR {
+        return hn::BitCast(di, hn::GatherOffset(wide, base, hn::ShiftLeft<2>(hn::PromoteTo(wide, some))));
+    };
+    const IntVector low = pairs(hn::LowerHalf(half, index)), high = pairs(hn::UpperHalf(half, index));
+    return {hn::ConcatEven(di, high, low), hn::ConcatOdd(di, high, low)};
+}
+
 HWY_INLINE Lanes3 bilinear(const std::int32_t* texels, const Level& level, FloatVector u, FloatVector v) {
     const Ints di;
     const Pair x = pairAt(u, level.lastX), y = pairAt(v, level.lastY);
-    const IntVector left = hn::ConvertTo(di, x.first), right = hn::ConvertTo(di, x.second);
-    const IntVector upper = hn::Add(level.first, hn::Mul(hn::ConvertTo(di, y.first), level.width));
-    const IntVector lower = hn::Add(level.first, hn::Mul(hn::ConvertTo(di, y.second), level.width));
-    const auto at = [&](IntVector row, IntVector column)
-                        HWY_ATTR { return lightOf(hn::GatherIndex(di, texels, hn::Add(row, column))); };
-    return mixed(mixed(at(upper, left), at(upper, right), x.share),
-        mixed(at(lower, left), at(lower, right), x.share), y.share);
+    const IntVector column = hn::ConvertTo(di, x.first);
+    const auto row = [&](FloatVector at) HWY_ATTR {
+        const IntVector first = hn::Add(level.first, hn::Mul(hn::ConvertTo(di, at), level.width));
+        // Past the end of a row a texel has no share.
+        const Neighbours texel = neighboursAt(texels, hn::Add(first, column));
+        return mixed(lightOf(texel.left), lightOf(texel.right), x.share);
+    };
+    return mixed(row(y.first), row(y.second), y.share);
 }
 
 // How many probes a side of the footprint takes, and how far apart they stand as a fraction of it. The probes

@@ -137,15 +137,34 @@ TEST(Renderer, ShowsATextureThatFitsItsPixelsAsItIs) {
     scene.root->add(entityOf(
         quad(150 * unitsPerPx, 233 * unitsPerPx), Unlit{"", {}, std::make_shared<Texture>(source), {}}));
     Renderer renderer;
-    const Picture picture = encoded(renderer, scene, {frame});
-    float largest = 0;
-    for (int y = 0; y < size.height; ++y)
-        for (int x = 0; x < size.width; ++x)
-            for (std::size_t c = 0; c < 3; ++c) {
-                const float expected = source->view().row(size.height - 1 - y)[4 * x + 2 - int(c)];
-                largest = std::max(largest, std::abs(picture.at(x + 20, y + 34)[c] - expected));
-            }
-    EXPECT_LE(largest, 1);
+    for (const TextureDetail detail : {TextureDetail::fine, TextureDetail::quick}) {
+        const Picture picture = encoded(renderer, scene, {frame, Samples::four, detail});
+        float largest = 0;
+        for (int y = 0; y < size.height; ++y)
+            for (int x = 0; x < size.width; ++x)
+                for (std::size_t c = 0; c < 3; ++c) {
+                    const float expected = source->view().row(size.height - 1 - y)[4 * x + 2 - int(c)];
+                    largest = std::max(largest, std::abs(picture.at(x + 20, y + 34)[c] - expected));
+                }
+        EXPECT_LE(largest, 1);
+    }
+}
+
+// A part of a picture on a screen looks as if it were all there is, to its last row and column.
+TEST(Renderer, ShowsAPartOfAPictureAsAPictureOfItsOwn) {
+    const imaging::BitmapRef whole = screenPicture({200, 300}, 3);
+    const imaging::PixelRegion part{37, 61, 190, 300};
+    const auto cut = std::make_shared<imaging::Bitmap>(imaging::Size{part.width(), part.height()});
+    for (int y = 0; y < part.height(); ++y)
+        std::copy_n(whole->view().row(part.y0 + y) + 4 * part.x0, 4 * part.width(), cut->view().row(y));
+    Device d = turned(-33);
+    Renderer renderer;
+    d.texture->replace(cut);
+    const auto expected = bytesOf(renderer, d.scene);
+    d.texture->replace(whole);
+    EXPECT_NE(bytesOf(renderer, d.scene), expected);
+    d.texture->replace(whole, part);
+    EXPECT_EQ(bytesOf(renderer, d.scene), expected);
 }
 
 // Fine stripes, shrunk far below a pixel, give their mean light and no pattern.
@@ -159,11 +178,11 @@ TEST(Renderer, AveragesLightWhereATextureIsTooFine) {
     Renderer renderer;
     for (const double yawDeg : {0.0, 60.0, 80.0}) {
         screen->transform.orientation = Rotation::about({0, 1, 0}, yawDeg);
-        for (const Pixel& p : linear(renderer, scene, {{90, 90}}).pixels) {
-            if (p[3] == 1) {
-                ASSERT_NEAR(p[1], 0.5, 0.01) << yawDeg;
-            }
-        }
+        for (const TextureDetail detail : {TextureDetail::fine, TextureDetail::quick})
+            for (const Pixel& p : linear(renderer, scene, {{90, 90}, Samples::four, detail}).pixels)
+                if (p[3] == 1) {
+                    ASSERT_NEAR(p[1], 0.5, 0.01) << yawDeg;
+                }
     }
 }
 
