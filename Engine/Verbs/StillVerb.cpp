@@ -9,9 +9,27 @@
 #include "Engine/System/Errors.h"
 #include "Engine/System/Interruption.h"
 #include "Engine/System/SystemWatch.h"
+#include "TavixCore/Time/CompositionTimeline.h"
+#include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/ExportGeometry.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace tavix::engine {
+
+namespace {
+
+// The longer side becomes so many pixels.
+CompositionSpec asThumbnail(const CompositionSpec& spec, int sidePx) {
+    const imaging::Size full = canvasSize(spec);
+    const double scale = double(sidePx) / std::max(full.width, full.height);
+    const auto scaled = [scale](int px) { return std::max(1, int(std::lround(px * scale))); };
+    return scaledExportSpec(spec, {scaled(full.width), scaled(full.height)}, spec.output.fps);
+}
+
+}   // namespace
 
 void StillVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.positional("document", document_, "A .tavixcomp bundle or a composition.json.",
@@ -20,6 +38,8 @@ void StillVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.text("--scene", wish_.scene, "ID", "The scene that --local counts in.");
     arguments.number("--local", wish_.localSec, "SEC", "The moment, in seconds from the start of the scene.");
     arguments.text("-o,--output", output_, "FILE", "The picture, a .png. The document's name by default.");
+    arguments.wholeNumber("--thumbnail", thumbnailPx_, 16, 1024, "PX",
+        "The middle of the film, its longer side that many pixels: what file managers ask for.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
@@ -29,9 +49,14 @@ void StillVerb::run(Terminal& terminal) {
     DocumentFile document = openDocument(document_);
     resolveTimes(document);
     requireRenderable(document);
+    if (thumbnailPx_) {
+        document.spec = asThumbnail(document.spec, *thumbnailPx_);
+        if (!wish_.atSec && !wish_.scene) wish_.atSec = CompositionTimeline(document.spec).totalSec / 2;
+    }
     const double atSec = momentOf(document.spec, wish_);
     const std::filesystem::path target = outputPath(output_, document.name, ".png");
-    if (lowerExtension(target) != ".png")
+    // File managers name the file by their own rules.
+    if (!thumbnailPx_ && lowerExtension(target) != ".png")
         throw UsageError("\"" + target.string() + "\" cannot be written; a still is a .png file.");
     CompositionRenderer::Config config;
     config.spec = document.spec;

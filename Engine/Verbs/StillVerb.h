@@ -19,6 +19,7 @@ private:
     std::string document_;
     std::optional<std::string> output_;
     MomentWish wish_;
+    std::optional<int> thumbnailPx_;
 };
 
 }   // namespace tavix::engine

@@ -272,7 +272,7 @@ private:
         const std::array<float, 4> values{
             level(sample.color.z), level(sample.color.y), level(sample.color.x), alpha};
         for (std::size_t c = 0; c < values.size(); ++c)
-            bgra[c] = static_cast<std::uint8_t>(std::min(values[c], alpha) + 0.5f);
+            bgra[c] = static_cast<std::uint8_t>(std::lround(std::min(values[c], alpha)));
     }
 
     const Phone& phone_;

@@ -77,6 +77,7 @@ Picture decoded(const std::filesystem::path& path) {
 
 }   // namespace
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name that GoogleTest looks for
 void PrintTo(const Recipe& recipe, std::ostream* out) { *out << recipe.resourceName; }
 
 TEST_P(EveryBackground, IsPaintedTheSameEveryTime) {

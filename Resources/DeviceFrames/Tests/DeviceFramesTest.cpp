@@ -16,6 +16,7 @@
 namespace tavix::deviceframes {
 
 // Names the case in test reports.
+// NOLINTNEXTLINE(readability-identifier-naming): the name that GoogleTest looks for
 void PrintTo(const Phone& phone, std::ostream* out) { *out << phone.device->id; }
 
 namespace {
