@@ -20,6 +20,7 @@ class Arguments;
 class PieceArguments {
 public:
     void declare(Arguments& arguments);
+    bool keepsNothing() const { return keepsNothing_; }
     // To what has room for both wishes: a film, or what one is made by.
     template <class Film> void apply(Film& film) const {
         film.memoryBytes = memoryBytes_;

@@ -26,17 +26,17 @@ double ReelDocument::durationSec() const {
     return ReelTimeline::outputDurationSec(reelSegments(spec, footage()));
 }
 
-ReelDocument openReel(
-    const std::string& recording, const std::optional<std::string>& effects, Terminal& terminal) {
-    ReelDocument reel{.recording = openRecording(recording, terminal)};
-    reel.file = effects ? fs::path(*effects) : reel.recording.parts.effects;
+ReelDocument openReel(const std::string& recording, const std::optional<std::string>& effects,
+    Terminal& terminal, ProbeMemory memory) {
+    ReelDocument reel;
+    reel.file = effects ? fs::path(*effects) : ReelProjectBundle::parts(recording).effects;
     reel.assetRoot = fs::absolute(reel.file).lexically_normal().parent_path();
     reel.name = lastComponent(recording).stem().string();
     std::error_code ignored;
-    if (effects || fs::is_regular_file(reel.file, ignored)) {
-        reel.spec = readEffects(reel.file, terminal);
-        return reel;
-    }
+    const bool hasDocument = effects || fs::is_regular_file(reel.file, ignored);
+    if (hasDocument) reel.spec = readEffects(reel.file, terminal);   // what is wrong with it is told at once
+    reel.recording = openRecording(recording, terminal, memory);
+    if (hasDocument) return reel;
     terminal.warn("no-effects", "There is no \"" + reel.file.string() +
                                     "\" yet; this is what reel author would make of the steps alone.");
     reel.spec =

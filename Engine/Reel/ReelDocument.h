@@ -25,8 +25,8 @@ struct ReelDocument {
 // The document where the recording keeps it, or another file. Where there is none the reel is what the steps
 // alone make of it, which is told. Throws as openRecording does, and a `DocumentError` for a document that
 // cannot be read.
-ReelDocument openReel(
-    const std::string& recording, const std::optional<std::string>& effects, Terminal& terminal);
+ReelDocument openReel(const std::string& recording, const std::optional<std::string>& effects,
+    Terminal& terminal, ProbeMemory memory = ProbeMemory::used);
 
 // Throws a `DocumentError` for a frame size, a rate or a length that nobody can mean.
 void requireRenderable(const ReelDocument& reel);

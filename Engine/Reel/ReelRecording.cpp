@@ -1,6 +1,7 @@
 #include "Engine/Reel/ReelRecording.h"
 
 #include "Engine/Console/Terminal.h"
+#include "Engine/Reel/KnownProbes.h"
 #include "Engine/System/Errors.h"
 #include "TavixCore/Judge/PassedOver.h"
 #include "TavixCore/Support/Document.h"
@@ -65,7 +66,7 @@ double ReelRecording::preCutDurationSec() const {
     return std::max(probe.trimEndSec(rawDurationSec) - probe.trimStartSec(), 0.0);
 }
 
-ReelRecording openRecording(const std::string& given, Terminal& terminal) {
+ReelRecording openRecording(const std::string& given, Terminal& terminal, ProbeMemory memory) {
     ReelRecording recording;
     recording.shownPath = given;
     recording.parts = ReelProjectBundle::parts(given);
@@ -75,21 +76,37 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal) {
                          std::string(ReelProjectBundle::rawVideoName) +
                          "; name a video, or a bundle whose name ends in ." +
                          std::string(ReelProjectBundle::pathExtension) + ".");
-    recording.probe = probeRecording(parts.rawVideo, terminal);
-    recording.rawDurationSec = media::mediaDurationSec(parts.rawVideo);
     recording.hasSidecar = isFile(parts.timeline);
-    if (recording.hasSidecar) {
-        const auto sidecar = readDocument<Timeline>(parts.timeline, terminal);
-        warnOfOtherSize(sidecar.video, recording.probe, terminal);
-        recording.timeline = aligned(sidecar, recording.probe, terminal);
+    std::optional<Timeline> sidecar;   // read first: what is wrong with it is told at once
+    if (recording.hasSidecar) sidecar = readDocument<Timeline>(parts.timeline, terminal);
+    recording.probe = probeRecording(parts.rawVideo, terminal, memory);
+    recording.rawDurationSec = media::mediaDurationSec(parts.rawVideo);
+    if (sidecar) {
+        warnOfOtherSize(sidecar->video, recording.probe, terminal);
+        recording.timeline = aligned(*sidecar, recording.probe, terminal);
     } else {
         recording.timeline.video = {recording.probe.widthPx, recording.probe.heightPx, recording.probe.fps};
     }
     return recording;
 }
 
-VideoProbe probeRecording(const fs::path& video, Terminal& terminal) {
-    const VideoProbe probe = SyncFrameDetector::probe(video);
+namespace {
+
+VideoProbe lookedThrough(const fs::path& video, Terminal& terminal) {
+    constexpr double soonSec = 60;   // of recording: nobody waits for less
+    SyncFrameDetector::requirePictures(video);
+    if (media::mediaDurationSec(video) > soonSec)
+        terminal.tell("• Looking through \"" + video.string() + "\" for its marks");
+    return SyncFrameDetector::probe(video);
+}
+
+}   // namespace
+
+VideoProbe probeRecording(const fs::path& video, Terminal& terminal, ProbeMemory memory) {
+    const KnownProbes known = KnownProbes::usual();
+    const auto found = memory == ProbeMemory::used ? known.find(video) : std::nullopt;
+    const VideoProbe probe = found ? *found : lookedThrough(video, terminal);
+    if (memory == ProbeMemory::used && !found) known.keep(video, probe);
     if (probe.isDamaged)
         terminal.warn("recording-damaged",
             "\"" + video.string() +

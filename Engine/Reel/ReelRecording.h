@@ -30,13 +30,18 @@ struct ReelRecording {
     double preCutDurationSec() const;
 };
 
+// Whether what the pixels told is kept for the next command.
+enum class ProbeMemory { used, unused };
+
 // Reads the pixels of the recording, and its sidecar, whose times it corrects to the marks in the picture.
 // What people should know of that is told. Throws a `DocumentError` for a sidecar that cannot be read, and
 // `Failure` for a video that cannot.
-ReelRecording openRecording(const std::string& given, Terminal& terminal);
+ReelRecording openRecording(
+    const std::string& given, Terminal& terminal, ProbeMemory memory = ProbeMemory::used);
 
 // What the pixels of a video tell. Damage is told. Throws `Failure` for one that cannot be read.
-VideoProbe probeRecording(const std::filesystem::path& video, Terminal& terminal);
+VideoProbe probeRecording(
+    const std::filesystem::path& video, Terminal& terminal, ProbeMemory memory = ProbeMemory::unused);
 
 // Where a document is to be written: what was asked for, or its usual place. Throws a `Failure` when
 // something is there already and is not to be replaced.

@@ -49,6 +49,60 @@ TEST_F(ReelFilms, RenderMakesTheFilmThatTheDocumentTells) {
     EXPECT_EQ(number(large, "heightPx"), 1620);
 }
 
+// As for compositions: finished pieces are found again, the film is looked at, and may be told to be small.
+TEST_F(ReelFilms, RenderTakesWhatRendersOfCompositionsTake) {
+    const auto pieces = [&](std::vector<std::string> more) {
+        std::vector<std::string> words{"reel", "render", "walk.mov", "-o", "walk.mp4"};
+        words.insert(words.end(), more.begin(), more.end());
+        return film(words);
+    };
+    const Json first = pieces({"--verify"});
+    EXPECT_EQ(number(*first.find("segments"), "reused"), 0);
+    EXPECT_EQ(number(*first.find("verified"), "framesDecoded"), 35);
+    EXPECT_GT(number(*first.find("verified"), "leastSimilarity"), 0.9);
+    const std::string bytes = readBytes(at("walk.mp4"));
+    const Json again = pieces({});
+    EXPECT_EQ(number(*again.find("segments"), "reused"), number(*again.find("segments"), "count"));
+    EXPECT_EQ(readBytes(at("walk.mp4")), bytes);
+    EXPECT_EQ(number(*pieces({"--no-cache"}).find("segments"), "reused"), 0);
+    EXPECT_LE(number(pieces({"--max-size", "40kB"}), "sizeBytes"), 40'000);
+    const Outcome lines = tavix({"reel", "render", "walk.mov", "-o", "walk.mp4", "--progress", "json"});
+    EXPECT_THAT(lines.out, HasSubstr("\"done\""));
+    const Outcome gif = tavix({"reel", "render", "walk.mov", "-o", "walk.gif", "--verify"});
+    EXPECT_EQ(gif.status, 2);
+    EXPECT_THAT(gif.err, HasSubstr("--verify is for video, and a GIF takes none"));
+}
+
+// To look through a recording takes as long as to decode it, so it is done once for each; what it told then
+// is told apart here by a flash that is not in the picture.
+TEST_F(ReelFilms, ARecordingIsLookedThroughOnce) {
+    const auto lengthSec = [&] { return number(film({"reel", "describe", "walk.mov"}), "durationSec"); };
+    film({"reel", "render", "walk.mov", "-o", "walk.mp4", "--no-cache"});
+    EXPECT_FALSE(std::filesystem::exists(cache() / "recordings")) << "asked to keep nothing";
+    EXPECT_NEAR(lengthSec(), 3.5, 0.01);
+    const auto kept = [&] { return std::filesystem::directory_iterator(cache() / "recordings")->path(); };
+    std::string probe = readBytes(kept());
+    probe.insert(probe.find('{') + 1, "\"endFlashStartSeconds\": 2.5, \"endFlashEndSeconds\": 2.6,");
+    writeBytesAtomically(probe, kept());
+    EXPECT_LT(lengthSec(), 3.1) << "as it was told then";
+    writeBytesAtomically("{", kept());
+    EXPECT_NEAR(lengthSec(), 3.5, 0.01);
+    writeBytesAtomically(probe, kept());
+    EXPECT_LT(lengthSec(), 3.1);
+    writeBytesAtomically(readBytes(at("walk.mov")), at("walk.mov"));
+    EXPECT_NEAR(lengthSec(), 3.5, 0.01) << "another file, of the same content";
+    ASSERT_EQ(tavix({"cache", "--clear"}).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(cache() / "recordings"));
+}
+
+TEST_F(ReelFilms, WhatIsWrongWithADocumentIsToldBeforeTheRecordingIsLookedThrough) {
+    write("walk.mov", "no film");
+    write("walk.effects.json", "{\"cuts\": 3}");
+    EXPECT_THAT(tavix({"reel", "render", "walk.mov"}).err, HasSubstr("walk.effects.json"));
+    write("walk.effects.json", effects);
+    EXPECT_THAT(tavix({"reel", "render", "walk.mov"}).err, HasSubstr("Could not read raw recording: "));
+}
+
 TEST_F(ReelFilms, RenderNeverTakesAPartOfTheReelAway) {
     for (const char* target : {"walk.mov", "./walk.mov"}) {
         const Outcome outcome = tavix({"reel", "render", "walk.mov", "-o", target});

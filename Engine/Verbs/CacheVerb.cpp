@@ -3,6 +3,7 @@
 #include "Engine/Console/Arguments.h"
 #include "Engine/Console/Quantities.h"
 #include "Engine/Console/Terminal.h"
+#include "Engine/Reel/KnownProbes.h"
 #include "Engine/System/Errors.h"
 #include "TavixBase/Failure.h"
 #include "TavixRender/Export/PieceStore.h"
@@ -21,6 +22,7 @@ void CacheVerb::run(Terminal& terminal) {
     if (folder.empty()) throw Failure("Nothing is kept: neither XDG_CACHE_HOME nor HOME names a folder.");
     const PieceStore store(folder);
     const PieceStore::Usage usage = isCleared_ ? store.clear() : store.usage();
+    if (isCleared_) KnownProbes::usual().clear();
     if (terminal.mode() == Terminal::Mode::json)
         return terminal.report(JsonObject{{"folder", folder.string()}, {"segments", usage.pieces},
             {"sizeBytes", usage.bytes}, {"mostBytes", PieceStore::mostBytes}, {"isCleared", isCleared_}});

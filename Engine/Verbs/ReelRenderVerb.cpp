@@ -21,8 +21,9 @@ void ReelRenderVerb::declare(Arguments& arguments, Terminal& terminal) {
 void ReelRenderVerb::run(Terminal& terminal) {
     render_.tellingProgress(terminal, [&](ProgressLines& lines) {
         const Interruption interruption;
-        renderReel(
-            openReel(recording_, effects_, terminal), {film_, render_}, {interruption, terminal, lines});
+        const ProbeMemory memory = render_.pieces().keepsNothing() ? ProbeMemory::unused : ProbeMemory::used;
+        renderReel(openReel(recording_, effects_, terminal, memory), {film_, render_},
+            {interruption, terminal, lines});
     });
 }
 
