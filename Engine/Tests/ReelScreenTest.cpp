@@ -27,11 +27,11 @@ protected:
                 {"kind": "trim", "dropRange": {"startSec": 0, "endSec": 1}}]})");
         document("films/walk.tavixproj");
     }
-    void document(const std::string& reel, const std::string& more = "") {
+    void document(const std::string& reel, const std::string& more = "", double sec = 1) {
         write("show.json",
             R"({"output": {"widthPx": 64, "heightPx": 64, "fps": 10}, "scenes": [
-            {"id": "only", "durationSec": 1, "layers": [{"kind": "device", "id": "phone", "device": {)" +
-                more +
+            {"id": "only", "durationSec": )" +
+                std::to_string(sec) + R"(, "layers": [{"kind": "device", "id": "phone", "device": {)" + more +
                 R"("basePaddingPx": 0, "mockup": {"framePath": "clear.png", "screen": {"x": 0, "y": 0, "width": 1, "height": 1},
                 "screenCornerRadiusFraction": 0}, "screen": {"kind": "reel", "path": ")" +
                 reel + R"("}}}]}]})");
@@ -64,6 +64,67 @@ TEST_F(ReelScreen, WhatIsMissingIsTold) {
     EXPECT_EQ(judged.status, 1);
     EXPECT_THAT(judged.out, HasSubstr("clip-missing"));
     EXPECT_THAT(judged.out, HasSubstr("scenes[0].layers[0].device.screen.path"));
+    EXPECT_THAT(judged.out, HasSubstr("There is no reel"));
+    EXPECT_THAT(judged.out, HasSubstr("Did you mean \\\"walk.tavixproj\\\"?"));
+    write("films/walk.tavixproj/raw.mov", "no film");
+    document("films/walk.tavixproj");
+    const std::string broken = tavix({"lint", "show.json"}).out;
+    EXPECT_THAT(broken, HasSubstr("Cannot read the media file"));
+    EXPECT_THAT(broken, Not(HasSubstr("Did you mean")));
+}
+
+// Two seconds of recording, one of which is cut away.
+TEST_F(ReelScreen, AReelThatEndsBeforeItsLayerIsTold) {
+    EXPECT_THAT(tavix({"audit", "show.json"}).out, Not(HasSubstr("footage")));
+    document("films/walk.tavixproj", "", 1.5);
+    const Outcome judged = tavix({"audit", "show.json", "--json"});
+    EXPECT_THAT(judged.out, HasSubstr("footage-short"));
+    EXPECT_THAT(judged.out,
+        HasSubstr("the reel on the device screen's footage ends 1.00s into the layer window but the window "
+                  "runs to 1.50s"));
+}
+
+// A folder of the same name is another reel once its document or its recording is another one.
+TEST_F(ReelScreen, PiecesOfFilmsAreMadeAnewWhenTheReelIsAnother) {
+    const auto reused = [&] {
+        const Outcome made = tavix({"render", "show.json", "-o", "show.mp4", "--json"});
+        EXPECT_EQ(made.status, 0) << made.err;
+        return parseJson(made.out).find("segments")->find("reused")->integerValue();
+    };
+    EXPECT_EQ(reused(), 0);
+    EXPECT_EQ(reused(), 1);
+    write("films/walk.tavixproj/effects.json", R"({"output": {"widthPx": 64, "heightPx": 64, "fps": 30}})");
+    EXPECT_EQ(reused(), 0);
+    EXPECT_EQ(reused(), 1);
+    media::tests::makeClip(
+        {.path = at("films/walk.tavixproj/raw.mov"), .times = media::tests::evenTimes(59)});
+    EXPECT_EQ(reused(), 0);
+    write("films/walk.tavixproj/notes.txt", "of no matter");
+    EXPECT_EQ(reused(), 1);
+}
+
+// The others of a film with several reels are shown as they are.
+TEST_F(ReelScreen, ABrokenReelIsToldAndLeavesTheOthersAlone) {
+    std::filesystem::create_directories(at("films/broken.tavixproj"));
+    write("films/broken.tavixproj/raw.mov", "no film");
+    const std::string phone =
+        R"({"kind": "device", "id": "%", "position": {"x": ?, "y": 32}, "device": {"basePaddingPx": 0,
+        "mockup": {"framePath": "clear.png", "screen": {"x": 0, "y": 0, "width": 1, "height": 1},
+        "screenCornerRadiusFraction": 0}, "screen": {"kind": "reel", "path": "films/%.tavixproj"}}})";
+    const auto layer = [&](const std::string& name, const std::string& x) {
+        std::string text = phone;
+        for (std::size_t i = text.find('%'); i != std::string::npos; i = text.find('%'))
+            text.replace(i, 1, name);
+        return text.replace(text.find('?'), 1, x);
+    };
+    write("show.json", R"({"output": {"widthPx": 128, "heightPx": 64, "fps": 10}, "scenes": [
+        {"id": "only", "durationSec": 1, "layers": [)" +
+                           layer("walk", "64") + ", " + layer("broken", "96") + ", " + layer("gone", "96") +
+                           "]}]}");
+    const Outcome made = tavix({"still", "show.json", "--at", "0.5", "-o", "still.png"});
+    EXPECT_EQ(made.status, 0);
+    EXPECT_THAT(made.out, HasSubstr("films/broken.tavixproj\" is not shown: Could not read raw recording"));
+    EXPECT_THAT(made.out, HasSubstr("films/gone.tavixproj\" is not shown: there is no such folder"));
 }
 
 TEST_F(ReelScreen, PackingTakesTheFolderAlong) {

@@ -114,6 +114,67 @@ TEST_F(Films, AVariableRateShowsWhatIsOnScreenThen) {
     }
 }
 
+// A white square in a black recording, found again in every frame of the reel: where it is, and how large, is
+// told by the springs' law at the time of the recording, whatever was cut out, played faster or put between.
+TEST_F(Films, TheCameraGoesByTheRecordingThroughCutsPacesAndCards) {
+    constexpr int side = 128, markPx = 20;
+    constexpr double markX = 74, markY = 50;   // its middle
+    const std::filesystem::path video = studio_.folder.path() / "mark.mov";
+    media::tests::makeClip({.path = video,
+        .size = {side, side},
+        .times = media::tests::evenTimes(120),
+        .paint = [&](AVFrame& frame, int) {
+            media::tests::fillPlane(frame, 0, 16);
+            media::tests::fillPlane(frame, 1, 128);
+            media::tests::fillPlane(frame, 2, 128);
+            for (int y = int(markY) - markPx / 2; y < int(markY) + markPx / 2; ++y)
+                for (int x = int(markX) - markPx / 2; x < int(markX) + markPx / 2; ++x)
+                    frame.data[0][y * frame.linesize[0] + x] = 235;
+        }});
+    EffectsSpec spec = plainSpec();   // a screen of 200 pixels in the middle of 400
+    spec.motion = MotionSpring{.zoomResponse = 0.4, .panResponse = 0.6, .damping = 1};
+    spec.cameraTrack = {
+        {.tSec = 0, .scale = 1.2, .centerPx = {64, 64}}, {.tSec = 1, .scale = 1.8, .centerPx = {76, 54}}};
+    spec.cuts = {{.dropRange = {1.5, 2}}};
+    spec.retimeTrack = {{{2.5, 3.5}, 2}};
+    TitleCard title;
+    title.durationSec = 1.2;
+    title.insertionSec = 0.5;
+    spec.titleCards = {title};
+    Studio wide({400, 400});
+    ReelFilm film(
+        spec, {video, {side, side}, 4, 0, 4}, wide.folder.path(), wide.evaluator, messagesTo(wide.log));
+    const auto approach = [](double from, double to, double sec, double responseSec) {
+        if (sec <= 0) return from;
+        const double turn = 2 * M_PI / responseSec * sec;
+        return to + (from - to) * (1 + turn) * std::exp(-turn);
+    };
+    const struct {
+        double startSec, preCutSec, speed, lengthSec;   // of the finished reel, but the second
+    } pieces[] = {{0, 0, 1, 0.5}, {1.7, 0.5, 1, 1}, {2.7, 2, 1, 0.5}, {3.2, 2.5, 2, 0.5}, {3.7, 3.5, 1, 0.5}};
+    for (const auto& piece : pieces)
+        for (double sec = 0; sec < piece.lengthSec - 0.01; sec += 0.1) {
+            const double preCutSec = piece.preCutSec + sec * piece.speed;
+            SCOPED_TRACE(piece.startSec + sec);
+            const Picture frame = wide.picture(film.frame(piece.startSec + sec));
+            double sum = 0, sumX = 0, sumY = 0;
+            for (int y = 100; y < 300; ++y)
+                for (int x = 100; x < 300; ++x) {
+                    const double light = frame.at(x, y).g / 255.0;
+                    sum += light, sumX += light * (x + 0.5), sumY += light * (y + 0.5);
+                }
+            ASSERT_GT(sum, 100);
+            const double zoom = std::exp(approach(std::log(1.2), std::log(1.8), preCutSec - 1, 0.4));
+            const double scale = zoom * 200 / side, room = 64 / zoom;
+            const auto held = [room](double focal) { return std::clamp(focal, room, side - room); };
+            const double focalX = held(approach(64, 76, preCutSec - 1, 0.6));
+            const double focalY = held(approach(64, 54, preCutSec - 1, 0.6));
+            EXPECT_NEAR(sumX / sum, 200 + (markX - focalX) * scale, 0.75);
+            EXPECT_NEAR(sumY / sum, 200 + (markY - focalY) * scale, 0.75);
+            EXPECT_NEAR(std::sqrt(sum), markPx * scale, 0.02 * markPx * scale);
+        }
+}
+
 TEST_F(Films, TimesMayComeInAnyOrder) {
     const ReelFootage footage = record(media::tests::evenTimes(120));
     EffectsSpec spec = bareSpec();

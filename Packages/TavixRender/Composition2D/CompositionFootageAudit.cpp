@@ -2,7 +2,9 @@
 
 #include "TavixCore/Findings/AuthoredPath.h"
 #include "TavixPlatform/Media/MediaProbe.h"
+#include "TavixReel/Project/ReelProjectBundle.h"
 #include "TavixRender/Assets/CompositionAssets.h"
+#include "TavixRender/Composition2D/ReelPictures.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -21,16 +23,23 @@ using CompositionLint::Level;
 constexpr double toleranceSec = 0.1;   // a freeze that nobody notices
 
 struct Footage {
-    const VideoClip& clip;
+    std::string path;
+    double startSec = 0;
+    std::optional<double> endSec;
     const char* label;
 };
 
 std::optional<Footage> footageOf(const CompositionLayer& layer) {
-    if (const auto* device = std::get_if<DeviceContent>(&layer.content))
-        if (const auto* clip = std::get_if<VideoClip>(&device->screen))
-            return Footage{*clip, "device screen"};
+    const auto ofClip = [](const VideoClip& clip, const char* label) {
+        return Footage{clip.path, clip.trimStartSec, clip.trimEndSec, label};
+    };
+    if (const auto* device = std::get_if<DeviceContent>(&layer.content)) {
+        if (const auto* clip = std::get_if<VideoClip>(&device->screen)) return ofClip(*clip, "device screen");
+        if (const auto* reel = std::get_if<ReelClip>(&device->screen))
+            return Footage{reel->path, 0, std::nullopt, "reel on the device screen"};
+    }
     if (const auto* video = std::get_if<VideoContent>(&layer.content))
-        if (!video->holdLastFrame) return Footage{video->clip, "video"};
+        if (!video->holdLastFrame) return ofClip(video->clip, "video");
     return std::nullopt;
 }
 
@@ -71,9 +80,10 @@ Finding tooShort(const std::string& path, const std::string& scene, const char* 
 
 std::optional<double> loadDuration(const std::filesystem::path& path) {
     try {
+        if (ReelProjectBundle::isBundle(path)) return ReelPictures::durationSecOf(path);
         const double seconds = media::mediaDurationSec(path);
         return seconds > 0 ? std::optional(seconds) : std::nullopt;   // some files do not tell
-    } catch (const media::MediaError&) {
+    } catch (const Failure&) {
         return std::nullopt;   // a film that is absent is told of by whoever wants to draw it
     }
 }
@@ -87,10 +97,10 @@ std::vector<Finding> findings(const CompositionSpec& spec,
         for (std::size_t j = 0; j < scene.layers.size(); ++j) {
             const CompositionLayer& layer = scene.layers[j];
             const auto footage = footageOf(layer);
-            const auto durationSec = footage ? durations.of(footage->clip.path) : std::nullopt;
+            const auto durationSec = footage ? durations.of(footage->path) : std::nullopt;
             if (!durationSec) continue;
-            const double endSec = std::min(footage->clip.trimEndSec.value_or(*durationSec), *durationSec);
-            const double usableSec = endSec - footage->clip.trimStartSec;
+            const double endSec = std::min(footage->endSec.value_or(*durationSec), *durationSec);
+            const double usableSec = endSec - footage->startSec;
             const double windowSec = layer.durationSec.value_or(scene.durationSec - layer.fromSec);
             if (!(windowSec > usableSec + toleranceSec)) continue;
             const std::string path = "scenes[" + std::to_string(i) + "].layers[" + std::to_string(j) + "]";

@@ -11,7 +11,7 @@
 
 namespace tavix::CompositionFootageAudit {
 
-// The length of a film in seconds, or nothing when it cannot be read.
+// The length in seconds of a film, or of the reel of a folder; nothing when it cannot be read.
 using DurationLoader = std::function<std::optional<double>(const std::filesystem::path& path)>;
 std::optional<double> loadDuration(const std::filesystem::path& path);
 

@@ -44,6 +44,34 @@ VideoProbe probed(const fs::path& video) {
     return probe;
 }
 
+// A reel as it is shown on a screen.
+struct Opened {
+    EffectsSpec spec;
+    ReelFootage footage;
+    std::vector<ReelTimeline::ReelSegment> segments;
+
+    double durationSec() const { return ReelTimeline::outputDurationSec(segments); }
+    static Opened of(const fs::path& folder);
+};
+
+Opened Opened::of(const fs::path& folder) {
+    if (!ReelProjectBundle::isBundle(folder))
+        throw Failure("there is no such folder, with a name that ends in .tavixproj and a raw.mov in it.");
+    const ReelProjectBundle::Parts parts = ReelProjectBundle::parts(folder);
+    Opened opened;
+    if (isFile(parts.effects)) opened.spec = decodeFile<EffectsSpec>(parts.effects);
+    opened.spec.titleCards.clear();
+    const VideoProbe probe = probed(parts.rawVideo);
+    opened.footage = {.video = parts.rawVideo,
+        .size = {int(probe.widthPx), int(probe.heightPx)},
+        .durationSec = media::mediaDurationSec(parts.rawVideo)};
+    opened.footage.trimStartSec = probe.trimStartSec();
+    opened.footage.trimEndSec = probe.trimEndSec(opened.footage.durationSec);
+    opened.segments = reelSegments(opened.spec, opened.footage);
+    if (!(opened.durationSec() > 0)) throw Failure("nothing of its recording is left after its cuts.");
+    return opened;
+}
+
 }   // namespace
 
 ReelPictures::ReelPictures(const fs::path& folder, const RenderLog& log) {
@@ -60,25 +88,16 @@ ReelPictures::ReelPictures(const fs::path& folder, const RenderLog& log) {
 }
 
 void ReelPictures::open(const fs::path& folder, const RenderLog& log) {
-    if (!ReelProjectBundle::isBundle(folder))
-        throw Failure("there is no such folder, with a name that ends in .tavixproj and a raw.mov in it.");
-    const ReelProjectBundle::Parts parts = ReelProjectBundle::parts(folder);
-    EffectsSpec spec;
-    if (isFile(parts.effects)) spec = decodeFile<EffectsSpec>(parts.effects);
-    spec.titleCards.clear();
-    const VideoProbe probe = probed(parts.rawVideo);
-    ReelFootage footage{.video = parts.rawVideo,
-        .size = {int(probe.widthPx), int(probe.heightPx)},
-        .durationSec = media::mediaDurationSec(parts.rawVideo)};
-    footage.trimStartSec = probe.trimStartSec();
-    footage.trimEndSec = probe.trimEndSec(footage.durationSec);
-    size_ = footage.size;
-    segments_ = reelSegments(spec, footage);
-    durationSec_ = ReelTimeline::outputDurationSec(segments_);
-    if (!(durationSec_ > 0)) throw Failure("nothing of its recording is left after its cuts.");
-    screen_.emplace(spec, footage.size, RecordingPictures::transitionInputs(spec, footage, log));
-    recording_.emplace(spec, footage, segments_, log);
+    const Opened opened = Opened::of(folder);
+    size_ = opened.footage.size;
+    segments_ = opened.segments;
+    durationSec_ = opened.durationSec();
+    screen_.emplace(opened.spec, opened.footage.size,
+        RecordingPictures::transitionInputs(opened.spec, opened.footage, log));
+    recording_.emplace(opened.spec, opened.footage, segments_, log);
 }
+
+double ReelPictures::durationSecOf(const fs::path& folder) { return Opened::of(folder).durationSec(); }
 
 std::optional<imaging::Image> ReelPictures::at(double sec, bool approximate) {
     if (!recording_) return std::nullopt;

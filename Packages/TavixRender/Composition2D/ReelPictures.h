@@ -23,6 +23,9 @@ public:
     std::optional<imaging::Image> at(double sec, bool approximate = false);
     void rest();
 
+    // How long the reel of that folder goes on. Throws a `Failure` for what is none.
+    static double durationSecOf(const std::filesystem::path& folder);
+
 private:
     void open(const std::filesystem::path& folder, const RenderLog& log);
 

@@ -18,9 +18,10 @@ using CompositionLint::Rule;
 
 constexpr std::size_t mostNeighbours = 2000;   // of a folder, when looking for what may be meant
 
-// What lies in the file's folder and is spelt nearly like it.
+// What lies in the file's folder and is spelt nearly like it; nothing for a file that is there.
 std::optional<std::string> nearbyName(const std::filesystem::path& file) {
     std::error_code unreadable;
+    if (std::filesystem::exists(file, unreadable)) return std::nullopt;
     std::vector<std::string> names;
     for (auto at = std::filesystem::directory_iterator(file.parent_path(), unreadable);
          !unreadable && at != std::filesystem::directory_iterator() && names.size() < mostNeighbours;
@@ -59,7 +60,7 @@ public:
         if (const auto* video = std::get_if<VideoClip>(&device.screen))
             clip(video->path, path_ + ".device.screen.path");
         else if (const auto* reel = std::get_if<ReelClip>(&device.screen))
-            clip(reel->recordingPath(), path_ + ".device.screen.path");
+            this->reel(*reel, path_ + ".device.screen.path");
         else
             picture(std::get<StillScreen>(device.screen).path, path_ + ".device.screen.path");
         if (device.mockup.framePath) picture(*device.mockup.framePath, path_ + ".device.mockup.framePath");
@@ -76,6 +77,14 @@ private:
         if (path.empty() || assets_.clip(path).size) return;
         findings_.push_back(
             findingOf(Rule::clipMissing, at, assets_.clip(path).fault, nearbyName(assets_.resolved(path))));
+    }
+    void reel(const ReelClip& reel, const std::string& at) {
+        const std::filesystem::path folder = assets_.resolved(reel.path);
+        std::error_code ignored;
+        if (reel.path.empty() || std::filesystem::is_directory(folder, ignored))
+            return clip(reel.recordingPath(), at);
+        findings_.push_back(findingOf(
+            Rule::clipMissing, at, "There is no reel \"" + folder.string() + "\".", nearbyName(folder)));
     }
     void background(const BackgroundFill& fill, const std::string& at) {
         const auto* image = std::get_if<BackgroundImage>(&fill);
