@@ -50,6 +50,12 @@ std::unique_ptr<system::FolderWatcher> watcherOfSystem() {
     }
 }
 
+// The same that the command uses: what either of them has drawn serves the other.
+std::optional<std::filesystem::path> pieceStoreOf(const system::StandardFolders& folders) {
+    if (folders.cache.empty()) return std::nullopt;
+    return folders.cache;
+}
+
 }   // namespace
 
 Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
@@ -62,7 +68,8 @@ Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
           .files = &files_,
           .watcher = watcher_.get(),
           .stateFolder = folders.state,
-          .backups = &backups_}) {}
+          .backups = &backups_,
+          .pieceStore = pieceStoreOf(folders)}) {}
 
 Studio::~Studio() = default;
 

@@ -83,7 +83,8 @@ void Changes::takeBack(std::size_t step, const std::string& stepName) {
     } else {
         try {
             const CompositionSpec& now = model_.state.edited().spec;
-            const CompositionSpec back = DocumentMerge(taken.after->spec, now, taken.before->spec).document();
+            const CompositionSpec back =
+                MergeOf<CompositionSpec>(taken.after->spec, now, taken.before->spec).document();
             model_.update(stepName, [&](EditState& state) {
                 state.spec = back;
                 clampSelection(state);

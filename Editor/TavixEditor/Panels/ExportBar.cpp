@@ -1,77 +1,62 @@
 #include "TavixEditor/Panels/ExportBar.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
-#include "TavixEditor/App/Reveal.h"
+#include "TavixEditor/App/DesktopNotice.h"
+#include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
-#include "TavixEditor/Windows/ExportChoice.h"
-#include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixEditor/Panels/ExportRow.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
+#include <QVBoxLayout>
 
-#include <cmath>
+#include <algorithm>
+#include <utility>
 
 namespace tavix::editor {
 
 using namespace design;
 
-ExportBar::ExportBar(CompositionEditorModel& model, QWidget* parent)
-    : QWidget(parent), model_(model), text_(makeLabel({}, TextSize::body)), progress_(new QProgressBar),
-      stop_(new QPushButton(tr("Stop"))), reveal_(new QPushButton(tr("Show in Folder"))),
-      dismiss_(new QPushButton(tr("Done"))) {
+ExportBar::ExportBar(Studio& studio, QWidget* parent) : QWidget(parent), studio_(studio) {
     setObjectName(QStringLiteral("exportBar"));
     onGround(this, QPalette::Window);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(space::large, space::tight, space::medium, space::tight);
-    row->setSpacing(space::medium);
-    row->addWidget(text_);
-    row->addWidget(progress_, 1);
-    row->addStretch(0);
-    for (QPushButton* button : {stop_, reveal_, dismiss_}) row->addWidget(button);
-    progress_->setRange(0, 1000);
-    progress_->setTextVisible(false);
-    progress_->setAccessibleName(tr("Export"));
-    QObject::connect(stop_, &QPushButton::clicked, this, [this] {
-        isStopped_ = true;
-        model_.exports().stopAll();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    connections_.push_back(tavix::show([this] { showJobs(); }, studio_.model.exports().jobs));
+}
+
+void ExportBar::showJobs() {
+    const auto& jobs = studio_.model.exports().jobs();
+    std::erase_if(rows_, [&](ExportRow* row) {
+        if (std::ranges::find(jobs, row->id(), &ExportJob::id) != jobs.end()) return false;
+        row->hide();
+        row->deleteLater();   // its button may be the one that is being clicked
+        return true;
     });
-    QObject::connect(
-        reveal_, &QPushButton::clicked, this, [this] { revealInFolder(model_.state.exportTarget()); });
-    QObject::connect(dismiss_, &QPushButton::clicked, this, &QWidget::hide);
-    setVisible(false);
-    connections_.push_back(watch([this] { showRunning(); }, model_.state.isExporting));
-    connections_.push_back(watch([this] { showProgress(); }, model_.state.exportProgress));
-}
-
-void ExportBar::showRunning() {
-    const bool isRunning = model_.state.isExporting();
-    if (isRunning) {
-        since_.start();
-        isStopped_ = false;
+    for (const ExportJob& job : jobs) {
+        auto row = std::ranges::find(rows_, job.id, &ExportRow::id);
+        if (row == rows_.end()) {
+            rows_.push_back(new ExportRow(studio_, job.id));
+            layout()->addWidget(rows_.back());
+            row = std::prev(rows_.end());
+        }
+        (*row)->showJob(job);
     }
-    const bool isDone = !isRunning && model_.state.exportProgress() >= 1 && !isStopped_;
-    setVisible(isRunning || isDone);   // what failed is told where errors are
-    stop_->setVisible(isRunning);
-    progress_->setVisible(isRunning);
-    reveal_->setVisible(isDone);
-    dismiss_->setVisible(isDone);
-    if (isDone)
-        text_->setText(tr("Exported %1.").arg(pathWords(model_.state.exportTarget().filename())));
-    else
-        showProgress();
+    setVisible(!jobs.empty());
+    noteEnds();
 }
 
-void ExportBar::showProgress() {
-    if (!model_.state.isExporting()) return;
-    const double fraction = model_.state.exportProgress();
-    progress_->setValue(int(std::lround(fraction * 1000)));
-    const double left = remainingSec(fraction, double(since_.elapsed()) / 1000);
-    const QString name = pathWords(model_.state.exportTarget().filename());
-    text_->setText(std::isfinite(left)
-                       ? tr("Exporting %1, about %2 s left").arg(name).arg(int(std::ceil(left)))
-                       : tr("Exporting %1…").arg(name));
+// A desktop's notice is for who looks elsewhere.
+void ExportBar::noteEnds() {
+    for (const ExportJob& job : studio_.model.exports().jobs()) {
+        const bool wasOver = std::exchange(areOver_[job.id], job.isOver());
+        if (wasOver || !job.isOver() || window()->isActiveWindow()) continue;
+        const QString name = pathWords(job.config->output.filename());
+        if (job.stand == ExportJob::Stand::done)
+            showDesktopNotice(ExportRow::tr("Export finished"), name, window());
+        if (job.stand == ExportJob::Stand::failed)
+            showDesktopNotice(
+                ExportRow::tr("Export failed"), name + QStringLiteral(": ") + words(job.fault), window());
+    }
 }
 
 }   // namespace tavix::editor

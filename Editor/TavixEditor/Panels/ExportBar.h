@@ -1,37 +1,29 @@
-// An export that is under way, or has just ended: how far it is, and ways to stop it or to find its file.
+// The exports that are under way, wait, or have just ended, a row each; no room where there are none.
 #pragma once
 
 #include "TavixLive/Observing/Observable.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QWidget>
 
-class QLabel;
-class QProgressBar;
-class QPushButton;
-
-namespace tavix {
-class CompositionEditorModel;
-}
+#include <map>
+#include <vector>
 
 namespace tavix::editor {
 
+class ExportRow;
+class Studio;
+
 class ExportBar final : public QWidget {
-    Q_DECLARE_TR_FUNCTIONS(ExportBar)
 public:
-    explicit ExportBar(CompositionEditorModel& model, QWidget* parent = nullptr);
+    explicit ExportBar(Studio& studio, QWidget* parent = nullptr);
 
 private:
-    void showRunning();
-    void showProgress();
+    void showJobs();
+    void noteEnds();
 
-    CompositionEditorModel& model_;
-    QLabel* text_;
-    QProgressBar* progress_;
-    QPushButton *stop_, *reveal_, *dismiss_;
-    QElapsedTimer since_;
-    bool wasRunning_ = false, isStopped_ = false;
+    Studio& studio_;
+    std::vector<ExportRow*> rows_;   // in the order of the jobs
+    std::map<int, bool> areOver_;    // of the jobs that were seen, by their numbers
     Connections connections_;
 };
 

@@ -255,12 +255,13 @@ TEST_F(EditorWindow, SavesAsAnotherBundleAndLeavesTheFirstAsItWas) {
 TEST(ExportChoice, NamesTheFileByWhatIsInIt) {
     using enum VideoCodec;
     const auto name = [](ExportFormat format, VideoCodec codec, ExportContainer container) {
-        return exportFilename("film", {format, codec, container, ResolutionPreset::native});
+        return exportFilename("film", {.format = format, .codec = codec, .container = container});
     };
     EXPECT_EQ(name(ExportFormat::video, h264, ExportContainer::mp4), "film.mp4");
     EXPECT_EQ(name(ExportFormat::video, hevc, ExportContainer::mov), "film.mov");
     EXPECT_EQ(name(ExportFormat::video, proRes4444, ExportContainer::mp4), "film.mov");
     EXPECT_EQ(name(ExportFormat::gif, h264, ExportContainer::mov), "film.gif");
+    EXPECT_EQ(name(ExportFormat::video, vp9, ExportContainer::webm), "film.webm");
     EXPECT_EQ(exportFilename("", {}), "composition.mp4");
 }
 

@@ -102,7 +102,7 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     column->setSpacing(0);
     stage_ = new StageView(studio_);
     column->addWidget(stage_, 1);
-    column->addWidget(new ExportBar(model_));
+    column->addWidget(new ExportBar(studio_));
     column->addWidget(makeRule(Qt::Horizontal));
     column->addWidget(new TransportBar(model_, actions));
     auto* wide = new QSplitter(Qt::Horizontal);

@@ -9,7 +9,20 @@ namespace tavix::editor {
 
 std::string_view ExportChoice::extension() const {
     if (format == ExportFormat::gif) return ".gif";
-    return isProRes(codec) || container == ExportContainer::mov ? ".mov" : ".mp4";
+    if (isProRes(codec)) return ".mov";
+    switch (container) {
+    case ExportContainer::mov: return ".mov";
+    case ExportContainer::webm: return ".webm";
+    case ExportContainer::mp4: break;
+    }
+    return ".mp4";
+}
+
+std::vector<ExportContainer> containersOf(VideoCodec codec) {
+    using enum ExportContainer;
+    if (isProRes(codec)) return {mov};
+    if (codec == VideoCodec::vp9 || codec == VideoCodec::av1) return {webm, mp4};
+    return {mp4, mov};
 }
 
 std::string exportFilename(std::string_view documentName, const ExportChoice& choice) {

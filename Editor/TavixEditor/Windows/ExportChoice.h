@@ -3,10 +3,12 @@
 
 #include "TavixCore/Document/CompositionSpec.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavix::editor {
 
@@ -15,11 +17,16 @@ struct ExportChoice {
     VideoCodec codec = VideoCodec::h264;
     ExportContainer container = ExportContainer::mp4;
     ResolutionPreset resolution = ResolutionPreset::native;
+    media::EncodingEffort effort = media::EncodingEffort::fast;
+    ExportRate rate = {};
 
-    // With its dot: ".gif", ".mov" for ProRes or where it is asked for, otherwise ".mp4".
+    // With its dot: ".gif", ".mov" for ProRes or where it is asked for, ".webm", otherwise ".mp4".
     std::string_view extension() const;
-    bool mayChooseContainer() const { return format == ExportFormat::video && !isProRes(codec); }
+    bool mayChooseRate() const { return format == ExportFormat::video && !isProRes(codec); }
 };
+
+// Of files that the codec can stand in, the usual one first.
+std::vector<ExportContainer> containersOf(VideoCodec codec);
 
 // The name of the document with that extension.
 std::string exportFilename(std::string_view documentName, const ExportChoice& choice);

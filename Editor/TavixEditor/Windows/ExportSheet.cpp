@@ -1,15 +1,22 @@
 #include "TavixEditor/Windows/ExportSheet.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
-#include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixEditor/Panels/ExportRow.h"
+#include "TavixRender/Export/ExportTrial.h"
 
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QStandardPaths>
+
+#include <cmath>
 
 namespace tavix::editor {
 
@@ -17,43 +24,83 @@ using namespace design;
 
 namespace {
 
+constexpr double estimatePauseSec = 0.6, soundBytesPerSec = 32'000;
+constexpr int usualQuality = 70;
+constexpr double usualMegabits = 12;
+
 template <class Choice> void add(QComboBox* box, const QString& text, Choice choice) {
     box->addItem(text, int(choice));
 }
 template <class Choice> Choice chosen(const QComboBox* box) { return Choice(box->currentData().toInt()); }
 template <class Choice> void choose(QComboBox* box, Choice choice) {
-    box->setCurrentIndex(box->findData(int(choice)));
+    box->setCurrentIndex(std::max(box->findData(int(choice)), 0));
 }
 
 }   // namespace
 
-ExportSheet::ExportSheet(CompositionEditorModel& model, QWidget* parent)
-    : QDialog(parent), model_(model), format_(new QComboBox), codec_(new QComboBox),
-      container_(new QComboBox), resolution_(new QComboBox),
-      figures_(makeLabel({}, TextSize::caption, Tone::secondary)) {
+ExportSheet::ExportSheet(Studio& studio, QWidget* parent)
+    : QDialog(parent), studio_(studio), model_(studio.model), format_(new QComboBox), codec_(new QComboBox),
+      container_(new QComboBox), resolution_(new QComboBox), effort_(new QComboBox), keep_(new QComboBox),
+      quality_(new QSpinBox), megabits_(new QDoubleSpinBox),
+      figures_(makeLabel({}, TextSize::caption, Tone::secondary)), estimate_(makeLabel({}, TextSize::body)) {
     setObjectName(QStringLiteral("exportSheet"));
     setWindowTitle(tr("Export"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setMinimumWidth(380);
-    add(format_, tr("Video"), ExportFormat::video);
-    add(format_, tr("Animated GIF"), ExportFormat::gif);
-    for (const VideoCodec codec :
-        {VideoCodec::h264, VideoCodec::hevc, VideoCodec::proRes422HQ, VideoCodec::proRes4444})
-        add(codec_, words(displayName(codec)), codec);
-    add(container_, QStringLiteral("MP4"), ExportContainer::mp4);
-    add(container_, QStringLiteral("MOV"), ExportContainer::mov);
-    for (const ResolutionPreset size :
-        {ResolutionPreset::native, ResolutionPreset::p1080, ResolutionPreset::k4})
-        add(resolution_, words(displayName(size)), size);
-    choose(format_, model_.state.exportFormat());
-    choose(codec_, model_.state.exportVideoCodec());
-    choose(container_, model_.state.exportContainer());
-    choose(resolution_, model_.state.exportResolution());
-
+    setMinimumWidth(420);
+    fill();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(space::section, space::section, space::section, space::large);
     column->setSpacing(space::medium);
     column->addWidget(makeLabel(tr("Export"), TextSize::title));
+    column->addLayout(makeForm());
+    column->addWidget(figures_);
+    estimate_->setObjectName(QStringLiteral("exportEstimate"));
+    column->addWidget(estimate_);
+    column->addSpacing(space::small);
+    column->addWidget(makeButtons());
+    for (QComboBox* box : {format_, codec_, container_, resolution_, effort_, keep_})
+        QObject::connect(box, &QComboBox::currentIndexChanged, this, [this] { showChoice(); });
+    QObject::connect(codec_, &QComboBox::currentIndexChanged, this, [this] { showContainers(); });
+    QObject::connect(quality_, &QSpinBox::valueChanged, this, [this] { showChoice(); });
+    QObject::connect(megabits_, &QDoubleSpinBox::valueChanged, this, [this] { showChoice(); });
+    showContainers();
+    choose(container_, model_.state.exportContainer());
+    showChoice();
+}
+
+ExportSheet::~ExportSheet() { estimating_.request_stop(); }
+
+void ExportSheet::fill() {
+    add(format_, tr("Video"), ExportFormat::video);
+    add(format_, tr("Animated GIF"), ExportFormat::gif);
+    for (const VideoCodec codec : {VideoCodec::h264, VideoCodec::hevc, VideoCodec::vp9, VideoCodec::av1,
+             VideoCodec::proRes422HQ, VideoCodec::proRes4444})
+        add(codec_, words(displayName(codec)), codec);
+    add(resolution_, tr("As the Film"), ResolutionPreset::native);
+    for (const ResolutionPreset size : {ResolutionPreset::p1080, ResolutionPreset::k4})
+        add(resolution_, words(displayName(size)), size);
+    using media::EncodingEffort;
+    add(effort_, tr("Fast"), EncodingEffort::fast);
+    add(effort_, tr("Balanced"), EncodingEffort::balanced);
+    add(effort_, tr("Best"), EncodingEffort::best);
+    add(keep_, tr("Usual for the Codec"), Keep::usual);
+    add(keep_, tr("Quality"), Keep::quality);
+    add(keep_, tr("Bit Rate"), Keep::rate);
+    quality_->setRange(0, 100);
+    megabits_->setRange(0.1, 200);
+    megabits_->setDecimals(1);
+    megabits_->setSuffix(tr(" Mbit/s"));
+    const ExportRate& rate = model_.state.exportRate();
+    quality_->setValue(rate.quality.value_or(usualQuality));
+    megabits_->setValue(rate.bitsPerSec ? double(*rate.bitsPerSec) / 1e6 : usualMegabits);
+    choose(keep_, rate.quality ? Keep::quality : rate.bitsPerSec ? Keep::rate : Keep::usual);
+    choose(format_, model_.state.exportFormat());
+    choose(codec_, model_.state.exportVideoCodec());
+    choose(resolution_, model_.state.exportResolution());
+    choose(effort_, model_.state.exportEffort());
+}
+
+QFormLayout* ExportSheet::makeForm() {
     auto* form = new QFormLayout;
     form->setSpacing(space::small);
     form->setHorizontalSpacing(space::large);
@@ -62,33 +109,87 @@ ExportSheet::ExportSheet(CompositionEditorModel& model, QWidget* parent)
     form->addRow(tr("&Codec"), codec_);
     form->addRow(tr("F&ile"), container_);
     form->addRow(tr("&Size"), resolution_);
-    column->addLayout(form);
-    column->addWidget(figures_);
-    auto* buttons = new QHBoxLayout;
+    form->addRow(tr("&Effort"), effort_);
+    effort_->setToolTip(tr("At the same rate: quicker, or better pictures."));
+    auto* rate = new QLabel(tr("&Keep"));
+    rate->setBuddy(keep_);
+    form->addRow(rate, makeRateRow());
+    return form;
+}
+
+QWidget* ExportSheet::makeRateRow() {
+    auto* row = new QWidget;
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(space::small);
+    line->addWidget(keep_, 1);
+    quality_->setAccessibleName(tr("Quality"));
+    megabits_->setAccessibleName(tr("Bit Rate"));
+    line->addWidget(quality_);
+    line->addWidget(megabits_);
+    return row;
+}
+
+QWidget* ExportSheet::makeButtons() {
+    auto* foot = new QWidget;
+    auto* buttons = new QHBoxLayout(foot);
+    buttons->setContentsMargins(0, 0, 0, 0);
     auto* cancel = new QPushButton(tr("Cancel"));
     auto* go = new QPushButton(tr("Export…"));
     go->setDefault(true);
     buttons->addStretch();
     buttons->addWidget(cancel);
     buttons->addWidget(go);
-    column->addSpacing(space::small);
-    column->addLayout(buttons);
     QObject::connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     QObject::connect(go, &QPushButton::clicked, this, [this] { askWhere(); });
-    for (QComboBox* box : {format_, codec_, container_, resolution_})
-        QObject::connect(box, &QComboBox::currentIndexChanged, this, [this] { showChoice(); });
+    return foot;
+}
+
+void ExportSheet::showContainers() {
+    const auto before = chosen<ExportContainer>(container_);
+    const QSignalBlocker blocked(container_);
+    container_->clear();
+    for (const ExportContainer container : containersOf(chosen<VideoCodec>(codec_)))
+        add(container_,
+            container == ExportContainer::mp4   ? QStringLiteral("MP4")
+            : container == ExportContainer::mov ? QStringLiteral("MOV")
+                                                : QStringLiteral("WebM"),
+            container);
+    choose(container_, before);
     showChoice();
 }
 
 ExportChoice ExportSheet::choice() const {
-    return {chosen<ExportFormat>(format_), chosen<VideoCodec>(codec_), chosen<ExportContainer>(container_),
-        chosen<ResolutionPreset>(resolution_)};
+    ExportChoice now{chosen<ExportFormat>(format_), chosen<VideoCodec>(codec_),
+        chosen<ExportContainer>(container_), chosen<ResolutionPreset>(resolution_),
+        chosen<media::EncodingEffort>(effort_), {}};
+    if (!now.mayChooseRate()) return now;
+    if (chosen<Keep>(keep_) == Keep::quality) now.rate.quality = quality_->value();
+    if (chosen<Keep>(keep_) == Keep::rate) now.rate.bitsPerSec = std::llround(megabits_->value() * 1e6);
+    return now;
+}
+
+void ExportSheet::remember(const ExportChoice& now) {
+    const Batch together;
+    model_.state.exportFormat = now.format;
+    model_.state.exportVideoCodec = now.codec;
+    model_.state.exportContainer = now.container;
+    model_.state.exportResolution = now.resolution;
+    model_.state.exportEffort = now.effort;
+    model_.state.exportRate = now.rate;
 }
 
 void ExportSheet::showChoice() {
     const ExportChoice now = choice();
-    codec_->setEnabled(now.format == ExportFormat::video);
-    container_->setEnabled(now.mayChooseContainer());
+    const bool isVideo = now.format == ExportFormat::video;
+    codec_->setEnabled(isVideo);
+    container_->setEnabled(isVideo && container_->count() > 1);
+    effort_->setEnabled(now.mayChooseRate());
+    keep_->setEnabled(now.mayChooseRate());
+    quality_->setVisible(chosen<Keep>(keep_) == Keep::quality);
+    megabits_->setVisible(chosen<Keep>(keep_) == Keep::rate);
+    quality_->setEnabled(now.mayChooseRate());
+    megabits_->setEnabled(now.mayChooseRate());
     const ExportFigures figures = figuresOf(model_.state.edited().spec, now);
     figures_->setText(tr("%1 × %2 pixels, %3 frames a second, %4 s, %5")
                           .arg(figures.size.width)
@@ -96,14 +197,39 @@ void ExportSheet::showChoice() {
                           .arg(words(figures.fps.shown()))
                           .arg(figures.durationSec, 0, 'f', 1)
                           .arg(figures.hasSound ? tr("with sound") : tr("no sound")));
+    estimate_->setText(tr("Estimating…"));
+    estimating_.request_stop();
+    lifeline_.cut();
+    estimateTimer_ = studio_.main().after(estimatePauseSec, [this] { estimate(); });
+}
+
+// A stretch is exported as it would be, so the choice is the model's from here on.
+void ExportSheet::estimate() {
+    const ExportChoice now = choice();
+    remember(now);
+    CompositionRenderer::Config config = model_.exportConfig();
+    config.output = "trial" + std::string(now.extension());
+    const ExportFigures figures = figuresOf(model_.state.edited().spec, now);
+    estimating_ = {};
+    system::runThere(
+        studio_.workers(), studio_.main(),
+        [config = std::move(config), stop = estimating_.get_token()] {
+            return ExportTrial::run(config, stop);
+        },
+        lifeline_.guard([this, figures](system::Outcome<ExportTrial::Outcome>& outcome) {
+            if (outcome.hasFailed()) return estimate_->setText({});   // the export tells why
+            const double bytes =
+                outcome.value().bytes + (figures.hasSound ? soundBytesPerSec * figures.durationSec : 0);
+            estimate_->setText(
+                tr("About %1, in about %2 on this machine")
+                    .arg(QLocale().formattedDataSize(qint64(bytes), 1, QLocale::DataSizeSIFormat),
+                        ExportRow::timeWords(outcome.value().sec)));
+        }));
 }
 
 void ExportSheet::askWhere() {
     const ExportChoice now = choice();
-    model_.state.exportFormat = now.format;
-    model_.state.exportVideoCodec = now.codec;
-    model_.state.exportContainer = now.container;
-    model_.state.exportResolution = now.resolution;
+    remember(now);
     const auto& bundle = model_.state.bundle();
     const QString name = words(exportFilename(bundle ? bundle->stem().string() : std::string(), now));
     auto* dialog =

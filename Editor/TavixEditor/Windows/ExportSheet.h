@@ -2,12 +2,20 @@
 #pragma once
 
 #include "TavixEditor/Windows/ExportChoice.h"
+#include "TavixLive/Observing/Observable.h"
+#include "TavixPlatform/System/Continuation.h"
 
 #include <QCoreApplication>
 #include <QDialog>
 
+#include <optional>
+#include <stop_token>
+
 class QComboBox;
+class QDoubleSpinBox;
+class QFormLayout;
 class QLabel;
+class QSpinBox;
 
 namespace tavix {
 class CompositionEditorModel;
@@ -15,19 +23,37 @@ class CompositionEditorModel;
 
 namespace tavix::editor {
 
+class Studio;
+
 class ExportSheet final : public QDialog {
     Q_DECLARE_TR_FUNCTIONS(ExportSheet)
 public:
-    ExportSheet(CompositionEditorModel& model, QWidget* parent);
+    ExportSheet(Studio& studio, QWidget* parent);
+    ~ExportSheet() override;
 
 private:
+    enum class Keep { usual, quality, rate };
+
+    void fill();
+    QFormLayout* makeForm();
+    QWidget* makeRateRow();
+    QWidget* makeButtons();
     ExportChoice choice() const;
+    void remember(const ExportChoice& choice);
+    void showContainers();
     void showChoice();
+    void estimate();
     void askWhere();
 
+    Studio& studio_;
     CompositionEditorModel& model_;
-    QComboBox *format_, *codec_, *container_, *resolution_;
-    QLabel* figures_;
+    QComboBox *format_, *codec_, *container_, *resolution_, *effort_, *keep_;
+    QSpinBox* quality_;
+    QDoubleSpinBox* megabits_;   // a second
+    QLabel *figures_, *estimate_;
+    system::Timer estimateTimer_;
+    std::stop_source estimating_;
+    system::Lifeline lifeline_;
 };
 
 }   // namespace tavix::editor

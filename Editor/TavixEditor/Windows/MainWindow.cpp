@@ -57,7 +57,7 @@ MainWindow::MainWindow(Studio& studio, ThemeChoice* themes)
     EditorState& state = studio_.model.state;
     connections_.push_back(tavix::show([this] { applyWindowMode(); }, state.isLoaded));
     connections_.push_back(tavix::show([this] { showActions(); }, state.isLoaded, state.bundle, state.edited,
-        state.isPlaying, state.hasUnsavedChanges, state.isExporting));
+        state.isPlaying, state.hasUnsavedChanges));
     connections_.push_back(tavix::show([this] { showNotice(); }, state.isLoaded, state.lostWork,
         state.fileConflicts, state.errorMessage, editor_->changes().news));
 }
@@ -157,7 +157,7 @@ void MainWindow::connectFileActions() {
     on(actions_.save, [this] { studio_.model.save(); });
     on(actions_.revert, [this] { openNow(*studio_.model.state.bundle()); });
     on(actions_.saveAs, [this] { saveAs(); });
-    on(actions_.exportFilm, [this] { (new ExportSheet(studio_.model, this))->open(); });
+    on(actions_.exportFilm, [this] { (new ExportSheet(studio_, this))->open(); });
     on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
     on(actions_.quit, [this] { close(); });
     on(actions_.copyFrame,
@@ -294,7 +294,6 @@ void MainWindow::showActions() {
         action->setEnabled(isLoaded && selection.scene);
     actions_.save->setEnabled(isLoaded && state.hasUnsavedChanges());
     actions_.revert->setEnabled(isLoaded && state.hasUnsavedChanges());
-    actions_.exportFilm->setEnabled(isLoaded && !state.isExporting());
     actions_.play->setText(state.isPlaying() ? tr("&Pause") : tr("&Play"));
     actions_.play->setIcon(design::iconOf(state.isPlaying() ? design::Icon::pause : design::Icon::play));
     actions_.safeAreas->setChecked(editor_->stage().areSafeAreasShown());

@@ -25,20 +25,21 @@ QString cachedName(const std::filesystem::path& bundle, int sidePx) {
            QStringLiteral(".png");
 }
 
-QImage drawn(const std::filesystem::path& bundle, int sidePx) {
-    const DocumentOnDisk document = DocumentOnDisk::read(bundle);
-    Stage::Options options;
-    options.storeBytes = 0;
-    Stage stage(options, RenderLog{});
-    const FrameSourceRef source = stage.source(document.spec, bundle, {sidePx, sidePx});
-    const auto frame = source->draw(source->totalSec() / 2, FrameQuality::full);
+}   // namespace
+
+SmallFilm::SmallFilm(const CompositionSpec& spec, const std::filesystem::path& assetRoot, int sidePx)
+    : stage_(std::make_unique<Stage>(Stage::Options{.storeBytes = 0}, RenderLog{})),
+      source_(stage_->source(spec, assetRoot, {sidePx, sidePx})) {}
+
+SmallFilm::~SmallFilm() = default;
+
+QImage SmallFilm::at(double fraction) {
+    const auto frame = source_->draw(source_->totalSec() * fraction, FrameQuality::full);
     const imaging::ConstBitmapView view = frame.pixels->view();
     return QImage(
         view.pixels, view.size.width, view.size.height, qsizetype(view.strideBytes), QImage::Format_RGB32)
         .copy();
 }
-
-}   // namespace
 
 QImage thumbnailOf(
     const std::filesystem::path& bundle, const std::filesystem::path& cacheFolder, int sidePx) {
@@ -47,7 +48,7 @@ QImage thumbnailOf(
     QImage picture(file);
     if (!picture.isNull()) return picture;
     try {
-        picture = drawn(bundle, sidePx);
+        picture = SmallFilm(DocumentOnDisk::read(bundle).spec, bundle, sidePx).at(0.5);
     } catch (const std::exception&) {
         return {};   // a project without a picture still has its name
     }
