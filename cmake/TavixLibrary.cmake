@@ -76,11 +76,22 @@ function(tavix_see_inside program)
     endforeach()
 endfunction()
 
-# tavix_floors(name folders...): the folders of a library, from the ground up. A folder that is not named, or a file that
-# includes one of a higher floor, stops the configure step, so folders never form a circle.
+# tavix_floors(name folders...): the folders of a library, from the ground up. A folder that is not named here and in
+# Packages/README.md, or a file that includes one of a higher floor, stops the configure step, so folders never form a
+# circle.
 function(tavix_floors name)
     file(RELATIVE_PATH place ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
     string(REGEX REPLACE "^Packages/" "" place ${place})
+    if(NOT place STREQUAL "Engine")
+        set(map ${CMAKE_SOURCE_DIR}/Packages/README.md)
+        file(READ ${map} told)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${map})
+        foreach(floor IN LISTS ARGN)
+            if(NOT told MATCHES "`${place}/${floor}`")
+                message(FATAL_ERROR "Packages/README.md does not tell of ${place}/${floor}.")
+            endif()
+        endforeach()
+    endif()
     file(GLOB_RECURSE files RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.h *.cpp)
     foreach(file IN LISTS files)
         string(REGEX MATCH "^[^/]+" floor ${file})
