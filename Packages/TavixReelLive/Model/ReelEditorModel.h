@@ -35,8 +35,9 @@ public:
         // On the render executor.
         std::function<ReelPreview(const EffectsSpec&, const ReelFootage&,
             const std::filesystem::path& assetRoot, imaging::Size room)>
-            preview = [](const auto& spec, const auto& footage, const auto& assetRoot, imaging::Size room) {
-                return reelPreview(spec, footage, assetRoot, room, {});
+            preview = [transitions = std::make_shared<TransitionCache>()](
+                          const auto& spec, const auto& footage, const auto& assetRoot, imaging::Size room) {
+                return reelPreview(spec, footage, assetRoot, room, {}, *transitions);
             };
         media::AudioOutput* output = nullptr;
         RecentProjects* recents = nullptr;   // none: nothing is remembered

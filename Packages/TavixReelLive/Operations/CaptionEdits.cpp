@@ -25,9 +25,10 @@ Caption* at(EffectsSpec& spec, std::size_t index) {
 
 void placeDeviceAnew(EffectsSpec& spec) {
     if (!spec.sideCaptions) return;
-    if (spec.output.isLandscape())
+    const bool hasCaptions = spec.narration && !spec.narration->captions.empty();
+    if (spec.output.isLandscape() && hasCaptions)
         SideCaptionChoreography::replanForLandscape(spec);
-    else
+    else   // there is no room aside, or nothing to make room for
         SideCaptionChoreography::resetForPortrait(spec);
 }
 

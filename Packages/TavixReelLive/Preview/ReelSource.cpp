@@ -28,8 +28,9 @@ double secondsSince(Clock::time_point start) {
 class Source final : public FrameSource {
 public:
     Source(const EffectsSpec& spec, const ReelFootage& footage, const std::filesystem::path& assetRoot,
-        RenderLog log)
-        : log_(std::move(log)), film_(spec, footage, assetRoot, evaluator_, log_),
+        RenderLog log, TransitionCache& transitions)
+        : log_(std::move(log)), film_(spec, footage, assetRoot, evaluator_, log_,
+                                    [&](const auto&... of) { return transitions.inputs(of...); }),
           surface_(evaluator_, film_.size()), isInSpace_(spec.deviceScene && spec.deviceScene->enabled) {}
 
     Drawn draw(double atSec, FrameQuality) override {
@@ -81,11 +82,12 @@ std::optional<media::AudioTimeline> soundOf(const EffectsSpec& spec, const ReelF
 }   // namespace
 
 ReelPreview reelPreview(const EffectsSpec& spec, const ReelFootage& footage,
-    const std::filesystem::path& assetRoot, imaging::Size room, const RenderLog& log) {
+    const std::filesystem::path& assetRoot, imaging::Size room, const RenderLog& log,
+    TransitionCache& transitions) {
     const imaging::Size canvas{int(spec.output.widthPx), int(spec.output.heightPx)};
     const imaging::Size size = stageSize(canvas, room);
-    auto source =
-        std::make_shared<Source>(ReelAssets::scaled(spec, size.width, size.height), footage, assetRoot, log);
+    auto source = std::make_shared<Source>(
+        ReelAssets::scaled(spec, size.width, size.height), footage, assetRoot, log, transitions);
     return {source, soundOf(spec, footage, assetRoot, source->totalSec(), log),
         [source](const Vector3& tiltDegrees) { source->turnDevice(tiltDegrees); }};
 }

@@ -3,7 +3,7 @@
 
 #include "TavixLive/Stage/FrameSource.h"
 #include "TavixPlatform/Media/AudioTimeline.h"
-#include "TavixRender/Composition2D/RecordingPictures.h"
+#include "TavixReelLive/Preview/TransitionCache.h"
 
 #include <filesystem>
 #include <functional>
@@ -22,7 +22,8 @@ struct ReelPreview {
 
 // Used on the render executor alone, once it has been made. Throws a `Failure` when there is nothing to show.
 ReelPreview reelPreview(const EffectsSpec& spec, const ReelFootage& footage,
-    const std::filesystem::path& assetRoot, imaging::Size room, const RenderLog& log);
+    const std::filesystem::path& assetRoot, imaging::Size room, const RenderLog& log,
+    TransitionCache& transitions);
 
 // Equal for documents whose reels have the same clock, and only for those: the trim, what is kept, its paces,
 // the cards, and the frames a second.

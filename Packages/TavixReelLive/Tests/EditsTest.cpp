@@ -53,6 +53,26 @@ TEST(TimelineEditing, CutsAndPacesLieAroundThePlayhead) {
     }
 }
 
+TEST(TimelineEditing, APaceMovesWithItsLengthAndNoTransitionEndsBeforeItHasBegun) {
+    EffectsSpec spec;
+    TimelineEdits::addRetime(spec, clockAt(5));
+    for (const auto& [to, start] : {std::pair(-3.0, 0.0), {3.0, 3.0}, {99.0, 9.0}}) {
+        TimelineEdits::moveRetime(spec, 0, to, clockAt(0));
+        EXPECT_EQ(spec.retimeTrack[0].range, (TimeRangeSec{start, start + 1}));
+    }
+    TimelineEdits::addTransition(spec, clockAt(9.99));
+    EXPECT_GT(spec.transitions()[0].revealSec, spec.transitions()[0].atSec) << "at the very end, too";
+    spec.setTransitions({});
+    TimelineEdits::addTransition(spec, clockAt(3));
+    for (const double to : {-5.0, 0.0, 3.0}) {
+        TimelineEdits::setTransitionReveal(spec, 0, to, clockAt(0));
+        EXPECT_GT(spec.transitions()[0].revealSec, 3);
+        EXPECT_LT(spec.transitions()[0].revealSec, 3.5);
+    }
+    TimelineEdits::setTransitionReveal(spec, 0, 99, clockAt(0));
+    EXPECT_DOUBLE_EQ(spec.transitions()[0].revealSec, 10);
+}
+
 TEST(TimelineEditing, TransitionsKeepTheTimeThatTheyNeed) {
     EffectsSpec spec;
     TimelineEdits::addTransition(spec, clockAt(3));
@@ -119,6 +139,12 @@ TEST(CaptionEditing, TheDeviceStepsAsideOnWideCanvasesAlone) {
     spec.sideCaptions.emplace();
     CaptionEdits::add(spec, clockAt(4));
     EXPECT_TRUE(spec.devicePlacement()) << "it makes room";
+    CaptionEdits::remove(spec, 0);
+    EXPECT_FALSE(spec.devicePlacement()) << "and comes back";
+    CaptionEdits::add(spec, clockAt(4));
+    const auto early = spec.devicePlacement();
+    CaptionEdits::move(spec, 0, 7, clockAt(0));
+    EXPECT_NE(spec.devicePlacement(), early) << "when there is something to make room for";
     VideoProbe probe;
     probe.widthPx = 1170, probe.heightPx = 2532, probe.fps = 60;
     LookEdits::setCanvasFormat(spec, ReelFormat::vertical, probe);

@@ -21,6 +21,7 @@ ReelProject ManualReelEditor::load(const std::filesystem::path& path) {
     project.effectsFile = path / "effects.json";
     project.probe = {.widthPx = 100, .heightPx = 200, .fps = 30};
     project.rawDurationSec = project.trimEndSec = rawSec;
+    project.timeline = sidecar;
     if (auto text = ReelOnDisk::textIn(project.effectsFile))
         project.onDisk = ReelOnDisk::of(*text);
     else
@@ -45,6 +46,7 @@ void ManualReelEditor::start() {
             return {std::make_shared<FakeSource>(time, int(built.size()), totalSec, 0.001), {},
                 [this](const Vector3& tilt) { turns.push_back(tilt); }};
         },
+        .recents = recents ? &*recents : nullptr,
         .watcher = &watcher,
         .stateFolder = stateFolder,
         .backups = backups ? &*backups : nullptr,

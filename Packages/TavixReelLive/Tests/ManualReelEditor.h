@@ -44,6 +44,8 @@ protected:
     std::optional<Backups> backups;
     std::map<std::string, double> loadSec;   // by the name of a bundle
     double rawSec = recordingSec;
+    std::optional<Timeline> sidecar;
+    std::optional<RecentProjects> recents;
     double buildSec = 0.01;
     bool isBroken = false;   // no preview can be built
     std::vector<EffectsSpec> built;

@@ -28,6 +28,14 @@ TEST_F(ReelEditor, OpensAndTellsWhatItFound) {
     EXPECT_FALSE(model->state.isLoaded());
 }
 
+TEST_F(ReelEditor, WhatWasOpenIsRemembered) {
+    recents.emplace(UserDefaults(folder / "defaults"));
+    start();
+    open();
+    ASSERT_EQ(recents->list().size(), 1u);
+    EXPECT_EQ(recents->list()[0].path, bundle());
+}
+
 TEST_F(ReelEditor, OfTwoOpensTheLaterCounts) {
     loadSec["slow.tavixproj"] = 3;
     for (const char* name : {"slow.tavixproj", "walk.tavixproj"}) {
@@ -218,6 +226,45 @@ TEST_F(ReelEditor, AnImportedFrameIsLookedAtForItsScreen) {
     EXPECT_EQ(spec().background.device.framePath, (folder / "solid.png").string());
     EXPECT_NEAR(spec().background.device.screen.x, 0.1, 1e-9) << "as it was";
     EXPECT_EQ(state().statusMessage(), "Device frame solid.png; its screen was not found.");
+}
+
+TEST_F(ReelEditor, IsAuthoredAgainFromTheSidecarAndCaptionedByIt) {
+    sidecar.emplace();
+    sidecar->video = {1000, 1000, 30};
+    for (const double sec : {2.0, 6.0}) {
+        Timeline::Event tap;
+        tap.type = "tap";
+        tap.label = "Save";
+        tap.tSec = sec;
+        tap.regionPx = PixelRect{100, 100, 120, 120};
+        sidecar->events.push_back(tap);
+    }
+    open();
+    edit(17);
+    model->update("Cut", [](EffectsSpec& spec) { spec.cuts = {{.dropRange = {0, 1}}}; });
+    model->reAutoAuthor();
+    EXPECT_GT(spec().cameraTrack.size(), 1u) << "the camera goes to the taps";
+    EXPECT_TRUE(spec().cuts.empty());
+    EXPECT_EQ(spec().background.padding, 17) << "the look is nobody's business there";
+    EXPECT_EQ(spec().output.widthPx, 100);
+    model->generateCaptions();
+    ASSERT_TRUE(spec().narration);
+    const std::size_t count = spec().narration->captions.size();
+    EXPECT_GT(count, 0u);
+    EXPECT_EQ(state().statusMessage(), "Generated " + std::to_string(count) + " caption(s).");
+}
+
+TEST_F(ReelEditor, AShorterTrimIsAShorterReel) {
+    open();
+    model->seek(8);
+    model->setTrim(2, 7);
+    time.advance(0.5);
+    EXPECT_DOUBLE_EQ(state().outputDuration(), 5);
+    EXPECT_LE(state().currentTime(), 5);
+    EXPECT_FALSE(model->undoName()) << "it is no part of the document";
+    model->setTrim(-3, 99);
+    time.advance(0.5);
+    EXPECT_DOUBLE_EQ(state().outputDuration(), recordingSec);
 }
 
 TEST_F(ReelEditor, WithoutASidecarThereIsNothingToCaption) {

@@ -41,7 +41,7 @@ std::vector<ReelTimeline::ReelSegment> ReelFilm::segmentsOf(
 
 ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-    const RenderLog& log)
+    const RenderLog& log, const TransitionPictures& transitionPictures)
     : size_(canvasOf(spec.output)), segments_(segmentsOf(spec, footage)), log_(onceEach(log)), images_(log_),
       recording_(spec, footage, segments_, log_) {
     if (needsRecording(segments_)) SyncFrameDetector::requirePictures(footage.video);
@@ -53,7 +53,7 @@ ReelFilm::ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
         return ReelTimeline::compositionSec(preCutSec, segments);
     };
     renderer_.emplace(spec,
-        ReelRenderer::Footage{footage.size, RecordingPictures::transitionInputs(spec, footage, log_),
+        ReelRenderer::Footage{footage.size, transitionPictures(spec, footage, log_),
             ReelTimeline::cutSeamsSec(segments_), toComposition},
         build);
 }

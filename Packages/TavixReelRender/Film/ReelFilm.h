@@ -10,6 +10,7 @@
 #include "TavixRender/Composition2D/RecordingPictures.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -18,12 +19,17 @@ namespace tavix {
 // Used by one thread at a time.
 class ReelFilm {
 public:
+    // What gives transitions their pictures of the recording.
+    using TransitionPictures =
+        std::function<std::vector<TransitionInput>(const EffectsSpec&, const ReelFootage&, const RenderLog&)>;
+
     // Relative paths of the document belong to `assetRoot`. The evaluator draws what does not change in time,
     // here and now, and must outlive this. Throws `Failure` when there is nothing to show, or a picture that
     // a transition starts from or ends at cannot be read.
     ReelFilm(const EffectsSpec& spec, const ReelFootage& footage,
         const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-        const RenderLog& log);
+        const RenderLog& log,
+        const TransitionPictures& transitionPictures = RecordingPictures::transitionInputs);
     ~ReelFilm();
 
     // Lengths of segments are summed up, so a frame that stands on a boundary may seem to lie just before it.
