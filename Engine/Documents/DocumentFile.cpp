@@ -3,6 +3,7 @@
 #include "Engine/Documents/AssetFiles.h"
 #include "Engine/System/Errors.h"
 #include "Engine/System/SystemWatch.h"
+#include "TavixReel/Project/ReelProjectBundle.h"
 
 #include <cstdlib>
 
@@ -32,6 +33,9 @@ void requireWithinRoot(const DocumentFile& document) {
 
 DocumentFile openDocument(const std::string& given) {
     const SystemWatch::Task task("to read the document");
+    if (ReelProjectBundle::isBundle(given))
+        throw UsageError(
+            "\"" + given + "\" is a reel; tavix reel render, reel still and reel sheet take it.");
     DocumentFile document = readDocument(given);
     requireWithinRoot(document);
     return document;

@@ -76,6 +76,9 @@ ReelRecording openRecording(const std::string& given, Terminal& terminal, ProbeM
                          std::string(ReelProjectBundle::rawVideoName) +
                          "; name a video, or a bundle whose name ends in ." +
                          std::string(ReelProjectBundle::pathExtension) + ".");
+    const std::string bundle = given + "." + std::string(ReelProjectBundle::pathExtension);
+    if (std::error_code ignored; !fs::exists(given, ignored) && ReelProjectBundle::isBundle(bundle))
+        throw UsageError("There is no \"" + given + "\"; the reel's name is \"" + bundle + "\".");
     recording.hasSidecar = isFile(parts.timeline);
     std::optional<Timeline> sidecar;   // read first: what is wrong with it is told at once
     if (recording.hasSidecar) sidecar = readDocument<Timeline>(parts.timeline, terminal);

@@ -103,6 +103,16 @@ TEST_F(ReelFilms, WhatIsWrongWithADocumentIsToldBeforeTheRecordingIsLookedThroug
     EXPECT_THAT(tavix({"reel", "render", "walk.mov"}).err, HasSubstr("Could not read raw recording: "));
 }
 
+TEST_F(ReelFilms, WhoeverAlmostNamesAReelIsToldItsName) {
+    ASSERT_EQ(tavix({"reel", "new", "walk.tavixproj", "--video", "walk.mov"}).status, 0);
+    const Outcome almost = tavix({"reel", "render", "walk"});
+    EXPECT_EQ(almost.status, 2);
+    EXPECT_THAT(almost.err, HasSubstr("There is no \"walk\"; the reel's name is \"walk.tavixproj\"."));
+    const Outcome other = tavix({"still", "walk.tavixproj"});
+    EXPECT_EQ(other.status, 2);
+    EXPECT_THAT(other.err, HasSubstr("is a reel; tavix reel render, reel still and reel sheet take it"));
+}
+
 TEST_F(ReelFilms, RenderNeverTakesAPartOfTheReelAway) {
     for (const char* target : {"walk.mov", "./walk.mov"}) {
         const Outcome outcome = tavix({"reel", "render", "walk.mov", "-o", target});

@@ -23,8 +23,9 @@ Config clocked(Config config) {
 
 std::string headline(const PiecedFilm& film, std::size_t segments, double totalSec) {
     return std::to_string(film.size.width) + "×" + std::to_string(film.size.height) + " @ " +
-           film.fps.shown() + "fps — " + std::to_string(segments) + " segments, " + decimals(totalSec, 1) +
-           "s (" + std::to_string(film.frameCount) + " frames)";
+           film.fps.shown() + "fps — " + std::to_string(segments) +
+           (segments == 1 ? " segment, " : " segments, ") + decimals(totalSec, 1) + "s (" +
+           std::to_string(film.frameCount) + " frames)";
 }
 
 // A reel is made ready as a whole, so all of it is one part.
