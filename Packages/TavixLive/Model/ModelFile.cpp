@@ -2,10 +2,9 @@
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include "TavixCore/Project/CompositionProjectBundle.h"
-#include "TavixCore/Support/FileBytes.h"
 #include "TavixLive/Model/FollowedSelection.h"
+#include "TavixLive/Saving/ReplacedFile.h"
 
-#include <chrono>
 #include <exception>
 #include <system_error>
 #include <utility>
@@ -18,17 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr double settleSec = 0.05;         // a program may write a file in more than one step
 constexpr double assetsSettleSec = 0.25;   // and many files one after another
-
-// What saving is about to replace. A document that cannot be backed up is saved all the same.
-void keepBackup(const Backups& backups, const fs::path& bundle, const RenderLog& log) {
-    using namespace std::chrono;
-    try {
-        backups.keep(bundle, DocumentOnDisk::textIn(bundle), floor<milliseconds>(system_clock::now()));
-    } catch (const Failure& failure) {
-        if (isFile(CompositionProjectBundle::specFile(bundle)))
-            tell(log, Finding::warning("backup-not-kept", failure.message()));
-    }
-}
 
 }   // namespace
 
@@ -55,7 +43,7 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
         files(), main_,
         [before = onDisk_, form = writtenForm(), spec = edited().spec, bundle = *state.bundle(), ifChanged,
             backups = services_.backups, log = services_.logs.render] {
-            if (backups) keepBackup(*backups, bundle, log);
+            if (backups) keepReplaced(*backups, bundle, CompositionProjectBundle::specFile(bundle), log);
             return Written{spec, before->replaced(form.textFor(spec, bundle), bundle, ifChanged)};
         },
         document_.guard([this, then = std::move(then), byHand = byHand_](system::Outcome<Written>& outcome) {
@@ -213,16 +201,11 @@ void CompositionEditorModel::clear(std::optional<std::string>& problem) {
 }
 
 void CompositionEditorModel::chooseForConflict(std::size_t index, MergeSide side) {
-    auto conflicts = state.fileConflicts();
-    if (index >= conflicts.size()) return;
-    conflicts[index].chosen = side;
-    state.fileConflicts = std::move(conflicts);
+    state.fileConflicts = DocumentMerge::chosen(state.fileConflicts(), index, side);
 }
 
 void CompositionEditorModel::chooseForAllConflicts(MergeSide side) {
-    auto conflicts = state.fileConflicts();
-    for (DocumentMerge::Conflict& conflict : conflicts) conflict.chosen = side;
-    state.fileConflicts = std::move(conflicts);
+    state.fileConflicts = DocumentMerge::allChosen(state.fileConflicts(), side);
 }
 
 }   // namespace tavix

@@ -60,12 +60,14 @@ bool DocumentMerge::isDecided() const {
     return std::ranges::all_of(conflicts_, [](const Conflict& one) { return one.chosen.has_value(); });
 }
 
-void DocumentMerge::choose(std::size_t index, MergeSide side) {
-    if (index < conflicts_.size()) conflicts_[index].chosen = side;
+DocumentMerge::Conflicts DocumentMerge::chosen(Conflicts conflicts, std::size_t index, MergeSide side) {
+    if (index < conflicts.size()) conflicts[index].chosen = side;
+    return conflicts;
 }
 
-void DocumentMerge::chooseAll(MergeSide side) {
-    for (Conflict& conflict : conflicts_) conflict.chosen = side;
+DocumentMerge::Conflicts DocumentMerge::allChosen(Conflicts conflicts, MergeSide side) {
+    for (Conflict& conflict : conflicts) conflict.chosen = side;
+    return conflicts;
 }
 
 void DocumentMerge::chooseAsIn(const Conflicts& before) {

@@ -24,11 +24,14 @@ public:
     };
     using Conflicts = std::vector<Conflict>;
 
+    // An index out of range changes nothing.
+    static Conflicts chosen(Conflicts conflicts, std::size_t index, MergeSide side);
+    static Conflicts allChosen(Conflicts conflicts, MergeSide side);
+
     const Conflicts& conflicts() const { return conflicts_; }
     bool isDecided() const;
-    // An index out of range changes nothing.
-    void choose(std::size_t index, MergeSide side);
-    void chooseAll(MergeSide side);
+    void choose(std::size_t index, MergeSide side) { conflicts_ = chosen(conflicts_, index, side); }
+    void chooseAll(MergeSide side) { conflicts_ = allChosen(conflicts_, side); }
     // What was chosen before, where the same values are still to be chosen from.
     void chooseAsIn(const Conflicts& before);
 

@@ -119,16 +119,11 @@ void ReelEditorModel::takeInFile() {
 }
 
 void ReelEditorModel::chooseForConflict(std::size_t index, MergeSide side) {
-    auto conflicts = state.fileConflicts();
-    if (index >= conflicts.size()) return;
-    conflicts[index].chosen = side;
-    state.fileConflicts = std::move(conflicts);
+    state.fileConflicts = DocumentMerge::chosen(state.fileConflicts(), index, side);
 }
 
 void ReelEditorModel::chooseForAllConflicts(MergeSide side) {
-    auto conflicts = state.fileConflicts();
-    for (DocumentMerge::Conflict& conflict : conflicts) conflict.chosen = side;
-    state.fileConflicts = std::move(conflicts);
+    state.fileConflicts = DocumentMerge::allChosen(state.fileConflicts(), side);
 }
 
 std::filesystem::path ReelEditorModel::journals() const {

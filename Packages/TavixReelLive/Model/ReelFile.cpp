@@ -1,6 +1,7 @@
 #include "TavixReelLive/Model/ReelFile.h"
 
 #include "TavixCore/Support/Document.h"
+#include "TavixLive/Saving/ReplacedFile.h"
 #include "TavixReel/Project/ReelAssets.h"
 
 #include <chrono>
@@ -16,17 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr double settleSec = 0.05;           // a program may write a file in more than one step
 constexpr double recordingSettleSec = 0.5;   // and a recording in many
-
-// What saving is about to replace. A document that cannot be backed up is saved all the same.
-void keepBackup(const ReelFile::Place& place, const Backups& backups, const RenderLog& log) {
-    using namespace std::chrono;
-    try {
-        if (const auto text = ReelOnDisk::textIn(place.effects))
-            backups.keep(place.project, *text, floor<milliseconds>(system_clock::now()));
-    } catch (const Failure& failure) {
-        tell(log, Finding::warning("backup-not-kept", failure.message()));
-    }
-}
 
 }   // namespace
 
@@ -87,7 +77,7 @@ void ReelFile::save(Done then, IfChanged ifChanged) {
         around_.files, around_.main,
         [before = onDisk_, spec = edited(), place = place_, ifChanged, backups = around_.backups,
             log = around_.log] {
-            if (backups) keepBackup(place, *backups, log);
+            if (backups) keepReplaced(*backups, place.project, place.effects, log);
             return before->saved(spec, place.effects, ifChanged);
         },
         lifeline_.guard([this, then = std::move(then)](system::Outcome<ReelOnDisk>& outcome) {
