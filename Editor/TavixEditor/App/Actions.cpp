@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QRegularExpression>
 
 #include <optional>
 
@@ -95,6 +96,9 @@ QList<Row> rows() {
         {&A::addFill, "addFill", QT_TRANSLATE_NOOP("Actions", "Add &Fill"), {}, Icon::fill},
         {&A::palette, "palette", QT_TRANSLATE_NOOP("Actions", "&Commands…"),
             {QKeySequence(Qt::CTRL | Qt::Key_K)}, Icon::palette},
+        {&A::shortcuts, "shortcuts", QT_TRANSLATE_NOOP("Actions", "&Keyboard Shortcuts…"),
+            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K)}},
+        {&A::gallery, "gallery", QT_TRANSLATE_NOOP("Actions", "Motion &Presets"), {}, Icon::gallery},
         {&A::setUpAgents, "setUpAgents", QT_TRANSLATE_NOOP("Actions", "Set up &Agents…"), {}, Icon::sparkle},
         {&A::checkForUpdates, "checkForUpdates", QT_TRANSLATE_NOOP("Actions", "Check for &Updates…")},
         {&A::about, "about", QT_TRANSLATE_NOOP("Actions", "&About Tavix")},
@@ -119,6 +123,11 @@ Actions makeActions(QObject* owner) {
     for (QAction* theme : {actions.themeDesktop, actions.themeDark, actions.themeLight})
         themes->addAction(theme);
     return actions;
+}
+
+QString plainWords(const QAction* command) {
+    static const QRegularExpression behind(QStringLiteral(R"(\(&.\))"));
+    return command->text().remove(behind).remove(QLatin1Char('&'));
 }
 
 }   // namespace tavix::editor

@@ -18,11 +18,14 @@ struct Actions {
     QAction *findings, *changes, *json;   // what stands beside the stage
     QAction *themeDesktop, *themeDark, *themeLight;
     QAction *addScene, *addText, *addDevice, *addImage, *addVideo, *addShape, *addFill;
-    QAction *palette, *setUpAgents, *checkForUpdates, *about;
+    QAction *palette, *shortcuts, *gallery, *setUpAgents, *checkForUpdates, *about;
 
     QList<QAction*> all;   // in the order of the menus
 };
 
 Actions makeActions(QObject* owner);
+
+// The words of a command without the sign of its key, which some languages write behind them: "Open(&O)".
+QString plainWords(const QAction* command);
 
 }   // namespace tavix::editor

@@ -1,9 +1,11 @@
 // tavix-editor [BUNDLE…]
 #include "TavixEditor/App/Application.h"
+#include "TavixEditor/App/Translation.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QLocale>
 
 int main(int argc, char** argv) {
     using namespace tavix;
@@ -13,6 +15,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(TAVIX_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tavix.Editor"));
     QApplication::setQuitOnLastWindowClosed(false);
+
+    editor::translateInto(QLocale(), application);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(

@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/Actions.h"
 #include "TavixEditor/Panels/CommandMatch.h"
 
 #include <QAction>
@@ -24,12 +25,6 @@ using namespace design;
 namespace {
 
 constexpr int paletteWidth = 460, mostRows = 10, topPx = 90;
-
-QString plainText(const QAction* action) {
-    QString text = action->text();
-    text.remove(QLatin1Char('&'));
-    return text;
-}
 
 }   // namespace
 
@@ -65,7 +60,7 @@ void CommandPalette::list() {
     std::vector<std::pair<int, QAction*>> ranked;
     for (QAction* command : commands_)
         if (const auto rank =
-                command->isEnabled() ? commandRank(plainText(command), search_->text()) : std::nullopt)
+                command->isEnabled() ? commandRank(plainWords(command), search_->text()) : std::nullopt)
             ranked.push_back({*rank, command});
     std::stable_sort(
         ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -73,7 +68,8 @@ void CommandPalette::list() {
     for (const auto& [rank, command] : ranked) {
         const QString keys = command->shortcut().toString(QKeySequence::NativeText);
         auto* item = new QListWidgetItem(command->icon(),
-            keys.isEmpty() ? plainText(command) : plainText(command) + QStringLiteral("   ") + keys, found_);
+            keys.isEmpty() ? plainWords(command) : plainWords(command) + QStringLiteral("   ") + keys,
+            found_);
         item->setData(Qt::UserRole, QVariant::fromValue(command));
         item->setSizeHint({0, height::row});
     }

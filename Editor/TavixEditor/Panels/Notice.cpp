@@ -12,18 +12,19 @@ namespace tavix::editor {
 
 namespace {
 
-QString tr(const char* text, int count = -1) {
-    return QCoreApplication::translate("Notice", text, nullptr, count);
-}
+// The context of the words.
+struct NoticeBarWords {
+    Q_DECLARE_TR_FUNCTIONS(Notice)
+};
 
 Notice ofLostWork(CompositionEditorModel& model, const std::function<void(std::size_t)>& recover) {
     const LostWorkOffer& lost = model.state.lostWork().front();
     const QDateTime at = QDateTime::fromSecsSinceEpoch(lost.at.time_since_epoch().count());
     return {Notice::Weight::warning,
-        tr("Changes to “%1” were not saved when Tavix ended at %2.")
+        NoticeBarWords::tr("Changes to “%1” were not saved when Tavix ended at %2.")
             .arg(pathWords(lost.assetRoot.stem()), QLocale().toString(at, QLocale::ShortFormat)),
-        {{tr("Bring Them Back"), [recover] { recover(0); }},
-            {tr("Give Them Up"), [&model] { model.forgetLostWork(0); }}}};
+        {{NoticeBarWords::tr("Bring Them Back"), [recover] { recover(0); }},
+            {NoticeBarWords::tr("Give Them Up"), [&model] { model.forgetLostWork(0); }}}};
 }
 
 Notice ofConflicts(CompositionEditorModel& model) {
@@ -37,19 +38,21 @@ Notice ofConflicts(CompositionEditorModel& model) {
     const QString first = words(conflicts.front().values.message());
     return {Notice::Weight::warning,
         conflicts.size() == 1
-            ? tr("Another program changed what you changed too: %1").arg(first)
-            : tr("Another program changed %n value(s) that you changed too, the first one: %1",
-                  int(conflicts.size()))
+            ? NoticeBarWords::tr("Another program changed what you changed too: %1").arg(first)
+            : NoticeBarWords::tr("Another program changed %1 values that you changed too, the first one: %2")
+                  .arg(conflicts.size())
                   .arg(first),
-        {{tr("Keep Mine"), choose(MergeSide::ours)}, {tr("Take Theirs"), choose(MergeSide::theirs)}}};
+        {{NoticeBarWords::tr("Keep Mine"), choose(MergeSide::ours)},
+            {NoticeBarWords::tr("Take Theirs"), choose(MergeSide::theirs)}}};
 }
 
 Notice ofChanges(Changes& changes, const std::function<void()>& show) {
     return {Notice::Weight::news,
-        tr("Changed by another program: %1.").arg(ChangesPanel::countWords(*changes.news())),
-        {{tr("Show"), show},
-            {tr("Undo"), [&changes] { changes.takeBack(0, utf8Of(ChangesPanel::stepName())); }},
-            {tr("Dismiss"), [&changes] { changes.forgetNews(); }}}};
+        NoticeBarWords::tr("Changed by another program: %1.").arg(ChangesPanel::countWords(*changes.news())),
+        {{NoticeBarWords::tr("Show"), show},
+            {NoticeBarWords::tr("Undo"),
+                [&changes] { changes.takeBack(0, utf8Of(ChangesPanel::stepName())); }},
+            {NoticeBarWords::tr("Dismiss"), [&changes] { changes.forgetNews(); }}}};
 }
 
 }   // namespace
@@ -60,7 +63,7 @@ std::optional<Notice> noticeOf(CompositionEditorModel& model, Changes& changes, 
     if (!state.fileConflicts().empty()) return ofConflicts(model);
     if (state.errorMessage())
         return Notice{Notice::Weight::error, words(*state.errorMessage()),
-            {{tr("Dismiss"), [&model] { model.state.errorMessage = std::nullopt; }}}};
+            {{NoticeBarWords::tr("Dismiss"), [&model] { model.state.errorMessage = std::nullopt; }}}};
     if (changes.news()) return ofChanges(changes, roads.showChanges);
     return std::nullopt;
 }

@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QLabel>
+#include <QPushButton>
 
 #include <gmock/gmock.h>
 
@@ -154,6 +155,28 @@ TEST_F(Panels, UndoInTheNoticeTakesTheLastChangeBack) {
     EXPECT_EQ(state().edited().spec.scenes[0].durationSec, 2);
     EXPECT_EQ(*studio->model.history().redoName(), "Take in changes");
     EXPECT_TRUE(notice().isEmpty());
+}
+
+TEST_F(Panels, AnExportIsChosenEstimatedAndRunsInTheBar) {
+    open(makeBundle("square"));
+    window->actions().exportFilm->trigger();
+    QWidget* sheet = dialog("exportSheet");
+    ASSERT_TRUE(sheet);
+    const auto* estimate = sheet->findChild<QLabel*>(QStringLiteral("exportEstimate"));
+    EXPECT_TRUE(until([&] { return estimate->text().startsWith(QStringLiteral("About ")); }))
+        << estimate->text().toStdString();
+    EXPECT_TRUE(sheet->findChild<QPushButton*>(QStringLiteral("go"))->isDefault()) << "Return exports";
+    sheet->close();
+    const auto file = std::filesystem::path(home_.path().toStdString()) / "film.mp4";
+    studio->model.exportTo(file);
+    QWidget* bar = window->findChild<QWidget*>(QStringLiteral("exportBar"));
+    EXPECT_TRUE(bar->isVisible());
+    edit();   // goes on meanwhile
+    ASSERT_TRUE(until([&] { return !state().isExporting(); }));
+    EXPECT_TRUE(std::filesystem::exists(file));
+    QTest::qWait(50);
+    click(bar, QStringLiteral("Done"));
+    EXPECT_FALSE(bar->isVisible());
 }
 
 TEST_F(Panels, AnErrorStaysInTheBarUntilItIsDismissed) {

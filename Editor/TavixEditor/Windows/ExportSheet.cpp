@@ -58,6 +58,7 @@ ExportSheet::ExportSheet(Studio& studio, QWidget* parent)
     column->addWidget(estimate_);
     column->addSpacing(space::small);
     column->addWidget(makeButtons());
+    findChild<QPushButton*>(QStringLiteral("go"))->setDefault(true);
     for (QComboBox* box : {format_, codec_, container_, resolution_, effort_, keep_})
         QObject::connect(box, &QComboBox::currentIndexChanged, this, [this] { showChoice(); });
     QObject::connect(codec_, &QComboBox::currentIndexChanged, this, [this] { showContainers(); });
@@ -136,7 +137,8 @@ QWidget* ExportSheet::makeButtons() {
     buttons->setContentsMargins(0, 0, 0, 0);
     auto* cancel = new QPushButton(tr("Cancel"));
     auto* go = new QPushButton(tr("Export…"));
-    go->setDefault(true);
+    go->setObjectName(QStringLiteral("go"));
+    cancel->setAutoDefault(false);
     buttons->addStretch();
     buttons->addWidget(cancel);
     buttons->addWidget(go);

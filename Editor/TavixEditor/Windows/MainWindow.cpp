@@ -10,9 +10,12 @@
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/AgentSheet.h"
 #include "TavixEditor/Windows/BundleCopy.h"
+#include "TavixEditor/Windows/Drops.h"
 #include "TavixEditor/Windows/EditorView.h"
 #include "TavixEditor/Windows/ExportSheet.h"
+#include "TavixEditor/Windows/GalleryWindow.h"
 #include "TavixEditor/Windows/NewProjectSheet.h"
+#include "TavixEditor/Windows/ShortcutSheet.h"
 #include "TavixEditor/Windows/WelcomeView.h"
 #include "TavixLive/Operations/LayerOperations.h"
 #include "TavixLive/Operations/SceneOperations.h"
@@ -38,7 +41,8 @@ constexpr QSize welcomeSize(780, 500), leastEditorSize(1000, 680);
 }   // namespace
 
 MainWindow::MainWindow(Studio& studio, ThemeChoice* themes)
-    : studio_(studio), themes_(themes), actions_(makeActions(this)), unsaved_(studio.model, this),
+    : studio_(studio), themes_(themes), actions_(makeActions(this)),
+      shortcuts_(studio.defaults, actions_.all), unsaved_(studio.model, this),
       pages_(new QStackedLayout(this)), welcome_(new WelcomeView(studio, actions_)),
       editor_(new EditorView(studio, actions_)) {
     setObjectName(QStringLiteral("editor"));
@@ -255,6 +259,11 @@ void MainWindow::connectHelpActions() {
         commands.removeOne(actions_.palette);
         new CommandPalette(commands, this);
     });
+    on(actions_.gallery, [this] {
+        if (gallery_ == nullptr) gallery_ = new GalleryWindow(studio_.model, this);
+        gallery_->present();
+    });
+    on(actions_.shortcuts, [this] { (new ShortcutSheet(shortcuts_, this))->open(); });
     on(actions_.setUpAgents, [this] {
         try {
             const CLIInstaller installer(ToolchainPlaces::ofThisMachine(), studio_.defaults);
@@ -277,9 +286,10 @@ void MainWindow::showActions() {
     const EditorState& state = studio_.model.state;
     const bool isLoaded = state.isLoaded();
     for (QAction* action : actions_.all) action->setEnabled(isLoaded);
-    for (QAction* action : {actions_.newProject, actions_.open, actions_.quit, actions_.close,
-             actions_.themeDesktop, actions_.themeDark, actions_.themeLight, actions_.palette,
-             actions_.setUpAgents, actions_.checkForUpdates, actions_.about})
+    for (QAction* action :
+        {actions_.newProject, actions_.open, actions_.quit, actions_.close, actions_.themeDesktop,
+            actions_.themeDark, actions_.themeLight, actions_.palette, actions_.shortcuts, actions_.gallery,
+            actions_.setUpAgents, actions_.checkForUpdates, actions_.about})
         action->setEnabled(true);
     const auto named = [](QAction* action, const std::string* step, const QString& plain,
                            const QString& with) {
@@ -363,10 +373,22 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile()) files.push_back(pathOf(url.toLocalFile()));
+    if (files.empty()) return;
     event->acceptProposedAction();
-    openDocument(pathOf(urls.first().toLocalFile()));
+    const auto bundle = std::ranges::find(files, DropKind::bundle, kindOfDrop);
+    if (bundle != files.end() || !studio_.model.state.isLoaded())
+        return openDocument(bundle != files.end() ? *bundle : files.front());
+    DropPlace place{studio_.model.state.currentTime()};
+    const StageView& stage = editor_->stage();
+    const QPointF onStage = stage.mapFrom(this, event->position());
+    if (QRectF(stage.rect()).contains(onStage)) {
+        const QPointF point = stage.viewport().toCanvas(onStage);
+        place.point = {point.x(), point.y()};
+    }
+    drop(studio_, files, place);
 }
 
 }   // namespace tavix::editor

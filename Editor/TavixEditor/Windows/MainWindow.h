@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TavixEditor/App/Actions.h"
+#include "TavixEditor/App/Shortcuts.h"
 #include "TavixEditor/Windows/UnsavedChanges.h"
 #include "TavixLive/Observing/Observable.h"
 
@@ -16,6 +17,7 @@ class QStackedLayout;
 namespace tavix::editor {
 
 class EditorView;
+class GalleryWindow;
 class Studio;
 class ThemeChoice;
 class WelcomeView;
@@ -61,10 +63,12 @@ private:
     Studio& studio_;
     ThemeChoice* themes_;
     Actions actions_;
+    Shortcuts shortcuts_;
     UnsavedChanges unsaved_;
     QStackedLayout* pages_;
     WelcomeView* welcome_;
     EditorView* editor_;
+    GalleryWindow* gallery_ = nullptr;   // once it was asked for
     bool mayClose_ = false, hasEntered_ = false, isOpening_ = false;
     Connections connections_;
 };

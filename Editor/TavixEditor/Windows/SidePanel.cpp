@@ -62,7 +62,7 @@ void SidePanel::turnTo(QAction* action, bool isShown) {
         for (QAction* other : actions_)
             if (other != action) other->setChecked(false);
         pages_->setCurrentIndex(int(actions_.indexOf(action)));
-        title_->setText(action->text().remove(QLatin1Char('&')));
+        title_->setText(plainWords(action));
         setAccessibleName(title_->text());
     }
     bool isAny = false;

@@ -11,12 +11,6 @@
 
 namespace tavix::editor {
 
-namespace {
-
-QString tr(const char* text) { return QCoreApplication::translate("UnsavedChanges", text); }
-
-}   // namespace
-
 void UnsavedChanges::resolve(std::function<void()> goOn) {
     if (isAsking_) return;
     if (!model_.state.isLoaded() || !model_.state.hasUnsavedChanges()) return goOn();

@@ -1,6 +1,8 @@
 // The one question that stops people: what becomes of changes that are not saved.
 #pragma once
 
+#include <QCoreApplication>
+
 #include <functional>
 
 class QWidget;
@@ -12,6 +14,7 @@ class CompositionEditorModel;
 namespace tavix::editor {
 
 class UnsavedChanges {
+    Q_DECLARE_TR_FUNCTIONS(UnsavedChanges)
 public:
     UnsavedChanges(CompositionEditorModel& model, QWidget* window) : model_(model), window_(window) {}
 

@@ -30,7 +30,7 @@ WelcomeView::WelcomeView(Studio& studio, const Actions& actions, QWidget* parent
     row->setSpacing(0);
     row->addWidget(makeBeginnings(actions));
     row->addWidget(makeRule(Qt::Vertical));
-    row->addWidget(makeRecents(), 1);
+    row->addWidget(makeRecents(actions), 1);
     error_ = new QLabel(this);
     error_->setObjectName(QStringLiteral("welcomeError"));
     error_->setWordWrap(true);
@@ -67,7 +67,15 @@ QWidget* WelcomeView::makeBeginnings(const Actions& actions) {
     return pane;
 }
 
-QWidget* WelcomeView::makeRecents() {
+QWidget* WelcomeView::makeGalleryCard(QAction* action) {
+    auto* card = new QPushButton(action->icon(), tr("Browse every motion preset and video example"));
+    card->setObjectName(QStringLiteral("galleryCard"));
+    card->setIconSize({20, 20});
+    QObject::connect(card, &QPushButton::clicked, action, &QAction::trigger);
+    return card;
+}
+
+QWidget* WelcomeView::makeRecents(const Actions& actions) {
     auto* pane = new QWidget;
     auto* column = new QVBoxLayout(pane);
     column->setContentsMargins(space::section, space::page, space::section, space::section);
@@ -78,6 +86,7 @@ QWidget* WelcomeView::makeRecents() {
     recents_->setSpacing(space::tight);
     column->addLayout(recents_);
     column->addStretch();
+    column->addWidget(makeGalleryCard(actions.gallery));
     return pane;
 }
 

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 
+class QAction;
 class QLabel;
 class QVBoxLayout;
 
@@ -35,7 +36,8 @@ protected:
 
 private:
     QWidget* makeBeginnings(const Actions& actions);
-    QWidget* makeRecents();
+    QWidget* makeRecents(const Actions& actions);
+    QWidget* makeGalleryCard(QAction* action);
     void showError();
     void drawThumbnail(const std::filesystem::path& bundle, RecentCard* card);
 

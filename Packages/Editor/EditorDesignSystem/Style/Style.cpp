@@ -309,7 +309,7 @@ QSize Style::sizeFromContents(
             if (item->menuItemType == QStyleOptionMenuItem::Separator) return {size.width(), 9};
             // The size told holds the words before the tab; the shortcut comes on top of it.
             wanted = QSize(size.width() + 2 * menuItemPadPx + menuIconPx + 4 + 2 * menuItemPadPx +
-                               (item->reservedShortcutWidth > 0 ? menuShortcutGapPx : 0),
+                               (item->text.contains(QLatin1Char('\t')) ? menuShortcutGapPx : 0),
                 height::row);
         }
         break;
