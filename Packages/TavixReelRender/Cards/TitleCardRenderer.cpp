@@ -6,6 +6,7 @@
 #include "TavixRender/KineticText/KineticTextLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tavix {
 
@@ -66,12 +67,27 @@ double heightOf(const CardText& text, const LayerBuild& build) {
     return layout ? KineticTextBlock::unionRect(*layout).height : 0;
 }
 
+// A text that rises out of a mask begins below it and ends above it: a large one has further to go than the
+// usual way, or half of it stands there from the first frame on.
+KineticStyle outOfItsMask(
+    KineticStyle style, const KineticTextLayout::Result& layout, const LayerBuild& build) {
+    constexpr double maskRoomEms = 0.08;   // of a mask around its line, on each side
+    double linePx = 0;
+    for (const KineticTextLayout::Line& line : layout.lines) linePx = std::max(linePx, line.box.height);
+    const double leastWay = (linePx + 2 * maskRoomEms * layout.pointSize) / build.bounds.height;
+    for (KineticPhase* phase : {&style.inPhase, &style.outPhase})
+        if (phase->clipToBounds == ClipMask::line && phase->offset.y != 0)
+            phase->offset.y = std::copysign(std::max(std::abs(phase->offset.y), leastWay), phase->offset.y);
+    return style;
+}
+
 KineticTextBlock blockOf(
     const CardText& text, double middleFraction, double cardSec, const LayerBuild& build) {
     const auto layout = laidOut(text, middleFraction, build);
     if (!layout) return {};
     if (layout->note) tell(build.log, Finding::warning(RenderCode::fontMissing, *layout->note));
-    return {*layout, text.kinetic, {cardSec, build.framesPerSec, text.delaySec}, build.evaluator};
+    return {*layout, outOfItsMask(text.kinetic, *layout, build), {cardSec, build.framesPerSec, text.delaySec},
+        build.evaluator};
 }
 
 // Places of the parts that are there, from the top down.

@@ -1,6 +1,7 @@
 // Title cards as they are seen.
 #include "TavixReelRender/Cards/TitleCardRenderer.h"
 #include "ReelTestKit.h"
+#include "TavixCore/Typography/KineticPresetCatalog.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -79,6 +80,24 @@ TEST_F(Cards, TextsComeAtTheirTimesAndLeaveTheCardEmptyAtItsEnds) {
     EXPECT_TRUE(inkIn(frame(card, 0.45)).empty());
     EXPECT_FALSE(inkIn(frame(card, 2)).empty());
     EXPECT_TRUE(inkIn(frame(card, 3)).empty());
+}
+
+// However large a text is that rises out of a mask: the card is empty until it begins, and in the end again.
+TEST_F(Cards, ALargeTextRisesFromNothing) {
+    for (const double sizeFraction : {0.02, 0.06, 0.12}) {
+        SCOPED_TRACE(sizeFraction);
+        TitleCard card = cardOf("Hgj");
+        card.headline.sizeFraction = sizeFraction;
+        card.headline.delaySec = 0.2;
+        card.headline.kinetic =
+            KineticPresetCatalog::resolve({.preset = {"line-rise"}, .text = "Hgj", .seed = 1, .accent = {}})
+                .style;
+        EXPECT_TRUE(inkIn(frame(card, 0)).empty());
+        EXPECT_TRUE(inkIn(frame(card, 0.19)).empty());
+        EXPECT_FALSE(inkIn(frame(card, 0.3)).empty());
+        EXPECT_FALSE(inkIn(frame(card, 1.5)).empty());
+        EXPECT_TRUE(inkIn(frame(card, 2.999)).empty());
+    }
 }
 
 TEST_F(Cards, WithoutABackgroundTheReelsIsBehindThem) {
