@@ -155,6 +155,29 @@ TEST_F(ReelPieces, AreMissedByEveryEditThatShows) {
     }
 }
 
+// The first frame of a piece is the same whether the film was drawn up to it or begins there, also where
+// frames are mixed of several pictures, and whoever draws which piece.
+TEST_F(ReelPieces, AreTheSameWhoeverDrawsThem) {
+    for (const RetimeFrames frames : {RetimeFrames::pick, RetimeFrames::blend}) {
+        config_.spec.retimeFrames = frames;
+        config_.spec.retimeTrack = {{{3.2, 5}, 0.5}, {{5, 6.8}, 2.5}};
+        const std::string film = cold(config_);
+        const auto first = render(config_);
+        EXPECT_EQ(bytesOf(config_.file.output), film);
+        ReelExport::Config edited = config_;
+        edited.spec.narration->captions[1].text = "There";
+        const auto made = render(edited);
+        EXPECT_EQ(made.pieces - made.reused, 1u) << "which begins in the midst of the film";
+        EXPECT_EQ(bytesOf(edited.file.output), cold(edited));
+        ReelExport::Config shared = config_;
+        shared.pieceStore.reset();
+        shared.evaluation.threadCount = 4;
+        ASSERT_GT(PieceRender::workerCount(ReelExport::filmOf(shared), first.pieces), 1);
+        render(shared);
+        EXPECT_EQ(bytesOf(shared.file.output), film);
+    }
+}
+
 // With the same names and times.
 TEST_F(ReelPieces, AreMissedWhenTheRecordingOrAPictureHasAnotherContent) {
     render(config_);
