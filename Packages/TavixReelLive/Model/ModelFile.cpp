@@ -62,7 +62,8 @@ void ReelEditorModel::arrive(ReelProject project) {
                 noteStep("Take in changes", state.spec());
                 become(std::move(theirs));
             },
-            [this] { reopenRecording(); }, [this] { scheduleRebuild(); }},
+            [this] { reopenRecording(); }, [this] { scheduleRebuild(); },
+            [this] { return beforeLive_.has_value(); }},
         project_->onDisk);
     if (services_.recents) {
         const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());

@@ -39,6 +39,7 @@ void ReelEditorModel::commitLiveEdits() {
     if (!beforeLive_) return;
     noteStep("Turn Device", *std::exchange(beforeLive_, std::nullopt));
     scheduleRebuild();
+    file_->noteDragEnd();
 }
 
 void ReelEditorModel::importDeviceFrame(const std::filesystem::path& picture, Done then) {

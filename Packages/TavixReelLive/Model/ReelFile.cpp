@@ -56,6 +56,10 @@ void ReelFile::noteEdit() {
     noteUnsaved();
 }
 
+void ReelFile::noteDragEnd() {
+    if (isLookDue_) look(false);
+}
+
 void ReelFile::noteUnsaved() {
     const bool isUnsaved = !(edited() == onDisk_->spec);
     owner_.state.hasUnsavedChanges = isUnsaved;
@@ -147,7 +151,7 @@ bool ReelFile::isNamed(const std::string& name) const {
 
 void ReelFile::look(bool isAsked) {
     isLookAsked_ |= isAsked;
-    isLookDue_ = isSaving_ || isLooking_;
+    isLookDue_ = isSaving_ || isLooking_ || owner_.isInHand();
     if (isLookDue_) return;
     isLooking_ = true;
     system::runThere(
@@ -178,7 +182,7 @@ void ReelFile::finishLook(system::Outcome<Look>& outcome) {
         if (found.conflicts.empty()) clearProblem();
         if (!found.theirs) {
             state.fileConflicts = DocumentMerge::Conflicts();
-        } else if (isSaving_ || !(found.ours == edited())) {
+        } else if (isSaving_ || owner_.isInHand() || !(found.ours == edited())) {
             isLookDue_ = true;   // the document went on meanwhile
             isLookAsked_ |= found.merged && !found.conflicts.empty();
         } else if (found.merged) {

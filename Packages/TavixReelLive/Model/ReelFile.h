@@ -38,6 +38,7 @@ public:
         std::function<void(EffectsSpec)> takeIn;   // what another program changed, as a step
         std::function<void()> reopenRecording;     // it is another one now, or its sidecar is
         std::function<void()> drawAnew;            // a file that the document names is another one now
+        std::function<bool()> isInHand;            // a drag has not ended: what others write waits for that
     };
     using Done = std::function<void()>;
 
@@ -47,6 +48,7 @@ public:
     void lookAtFile() { look(false); }
     void takeInFile() { look(true); }   // once everything is chosen
     void noteEdit();                    // the document of the state is another one
+    void noteDragEnd();
     // What was brought back goes for good once it is in the journal of this session.
     void setOnKept(Done onKept) { onKept_ = std::move(onKept); }
 

@@ -126,6 +126,26 @@ TEST_F(ReelFiles, ChangesNothingUntilItIsChosenWhatToKeep) {
     }
 }
 
+TEST_F(ReelFiles, WaitForTheEndOfADrag) {
+    EffectsSpec theirs = firstSpec();
+    theirs.deviceScene.emplace();
+    theirs.deviceScene->enabled = true;
+    writeTheirs(theirs);
+    model->liveSetDeviceTilt({5, 0, 0});
+    theirs.background.padding = 44;
+    writeTheirs(theirs);
+    EXPECT_NE(spec().background.padding, 44);
+    model->liveSetDeviceTilt({9, 0, 0});
+    time.advance(0.5);
+    model->commitLiveEdits();
+    time.advance(0.5);
+    EXPECT_EQ(spec().background.padding, 44);
+    EXPECT_EQ(spec().deviceScene->tiltDegrees.x, 9);
+    model->undo();
+    EXPECT_NE(spec().background.padding, 44);
+    EXPECT_EQ(spec().deviceScene->tiltDegrees.x, 9) << "the turn was a step before";
+}
+
 TEST_F(ReelFiles, KeepTheDocumentWhenTheFileCannotBeReadOrIsGone) {
     edit(3);
     const EffectsSpec ours = spec();
