@@ -8,7 +8,7 @@
 #include "TavixLive/Operations/DeviceOperations.h"
 
 #include <QCoreApplication>
-#include <QFrame>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -247,16 +247,22 @@ QWidget* makeMotionGallery(CompositionEditorModel& model, QWidget* parent) {
 }
 
 void showMotionGallery(CompositionEditorModel& model, QWidget* parent, const QPoint& globally) {
-    auto* popup = new QFrame(parent, Qt::Popup);
-    popup->setAttribute(Qt::WA_DeleteOnClose);
-    popup->setFrameStyle(QFrame::StyledPanel);
-    auto* column = new QVBoxLayout(popup);
-    column->setContentsMargins(1, 1, 1, 1);
-    QWidget* const gallery = makeMotionGallery(model, popup);
+    const QString name = QStringLiteral("preset-gallery");
+    if (auto* const open = parent->findChild<QDialog*>(name)) {
+        open->raise();
+        return open->activateWindow();
+    }
+    auto* window = new QDialog(parent);
+    window->setObjectName(name);
+    window->setWindowTitle(QCoreApplication::translate("MotionGallery", "Motion Presets"));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    auto* column = new QVBoxLayout(window);
+    column->setContentsMargins(0, 0, 0, 0);
+    QWidget* const gallery = makeMotionGallery(model, window);
     column->addWidget(gallery);
-    popup->resize(4 * cellWidth + 48, 600);
-    popup->move(globally - QPoint(popup->width(), 0));
-    popup->show();
+    window->resize(4 * cellWidth + 48, 600);
+    window->move(globally - QPoint(window->width(), 0));
+    window->show();
     gallery->setFocus();
 }
 

@@ -12,7 +12,7 @@ class CompositionEditorModel;
 namespace tavix::editor {
 
 QWidget* makeMotionGallery(CompositionEditorModel& model, QWidget* parent);
-// The same over the window, with its right upper corner there, until a click elsewhere.
+// The same in a window of its own, once, with its right upper corner there: the stage shows what is chosen.
 void showMotionGallery(CompositionEditorModel& model, QWidget* parent, const QPoint& globally);
 
 }   // namespace tavix::editor

@@ -86,6 +86,10 @@ std::optional<StageLayer> StageTool::layerUnder(QPointF at) const {
     return map_->hit({canvas.x(), canvas.y()}, model_.state.currentTime());
 }
 
+std::vector<StageLayer> StageTool::layers() const {
+    return map_ ? map_->layersAt(model_.state.currentTime()) : std::vector<StageLayer>();
+}
+
 QRectF StageTool::inView(const PixelRect& box) const {
     return {viewport_.toView({box.x, box.y}), viewport_.toView({box.maxX(), box.maxY()})};
 }

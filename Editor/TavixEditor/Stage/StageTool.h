@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QPainter;
 
@@ -46,6 +47,8 @@ public:
     void nudge(double dxPx, double dyPx);
     std::optional<StageLayer> selected() const;   // where it stands now
     std::optional<StageLayer> layerUnder(QPointF at) const;
+    std::vector<StageLayer> layers() const;   // that are seen now, from back to front
+    QRectF inView(const PixelRect& box) const;
     Qt::CursorShape cursorAt(QPointF at) const;
     QString hoverText() const;
     void paint(QPainter& painter) const;
@@ -76,7 +79,6 @@ private:
     void dragDevice(QPointF to);
     void dragLayer(QPointF to, Qt::KeyboardModifiers keys);
     void change(const std::function<void(CompositionLayer&)>& mutate);
-    QRectF inView(const PixelRect& box) const;
     QPointF turnHandle(const QRectF& box) const;
 
     Studio& studio_;

@@ -2,7 +2,9 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/AccessibleParts.h"
 #include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/Words.h"
 #include "TavixEditor/Stage/TextInPlace.h"
 
 #include <QCoreApplication>
@@ -45,9 +47,30 @@ StageView::StageView(Studio& studio, QWidget* parent)
     setMouseTracking(true);
     setMinimumSize(240, 200);
     setAccessibleName(QCoreApplication::translate("StageView", "Stage"));
+    tellParts(this, QAccessible::Canvas, [this] { return accessibleLayers(); });
     model_.setStageSink([this](const StagePicture& picture) { show(picture); });
     connections_.push_back(
         tavix::show([this] { showDocument(); }, model_.state.edited, model_.state.isLoaded));
+}
+
+std::vector<AccessiblePart> StageView::accessibleLayers() const {
+    std::vector<AccessiblePart> parts;
+    for (const StageLayer& layer : tool_.layers()) {
+        const StagePlace place = layer.place;
+        AccessiblePart part;
+        part.role = QAccessible::Graphic;
+        part.name = words(layer.name);
+        part.about = QCoreApplication::translate("StageView", "%1 × %2 pixels at %3, %4")
+                         .arg(std::lround(layer.box.width))
+                         .arg(std::lround(layer.box.height))
+                         .arg(std::lround(layer.box.x))
+                         .arg(std::lround(layer.box.y));
+        part.box = tool_.inView(layer.box).toAlignedRect();
+        part.isSelected = model_.state.edited().selection.contains({place.scene, place.layer});
+        part.press = [this, place] { model_.selectLayer(place.scene, place.layer); };
+        parts.push_back(std::move(part));
+    }
+    return parts;
 }
 
 StageView::~StageView() { model_.setStageSink({}); }

@@ -20,6 +20,8 @@ struct StagePicture;
 
 namespace tavix::editor {
 
+struct AccessiblePart;
+
 class StageView final : public QWidget {
 public:
     explicit StageView(Studio& studio, QWidget* parent = nullptr);
@@ -55,6 +57,7 @@ private:
     void drawSafeAreas(QPainter& painter) const;
     void drawHoverText(QPainter& painter) const;
     void editText(const StagePlace& place);
+    std::vector<AccessiblePart> accessibleLayers() const;
 
     CompositionEditorModel& model_;
     StageViewport viewport_;

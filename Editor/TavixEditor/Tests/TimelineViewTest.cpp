@@ -1,7 +1,6 @@
 // That hands, keys and screen readers reach the timeline, and that it paints no more than it must. What
 // gestures mean is tested without a window.
 #include "EditorTestKit.h"
-#include "TavixEditor/Timeline/TimelineAccessibility.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
 #include "TavixLive/Operations/LayerOperations.h"
 #include "TavixLive/Operations/TrackOperations.h"
@@ -15,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 
 namespace tavix::editor {
@@ -29,7 +29,6 @@ struct TimelineViewTest : ::testing::Test {
     std::unique_ptr<TimelineCanvas> canvas;
 
     void SetUp() override {
-        installTimelineAccessibility();
         canvas = std::make_unique<TimelineCanvas>(studio.model);
         canvas->resize(1020, 300);
         canvas->show();
@@ -206,15 +205,28 @@ TEST_F(TimelineViewTest, TellsScreenReadersOfItsBars) {
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(canvas.get());
     ASSERT_TRUE(list);
     EXPECT_EQ(list->role(), QAccessible::List);
-    ASSERT_EQ(list->childCount(), 4);
-    QAccessibleInterface* const middle = list->child(1);
-    EXPECT_EQ(middle->text(QAccessible::Name), QStringLiteral("Middle"));
+    std::map<QString, QAccessibleInterface*> parts;
+    for (int i = 0; i < list->childCount(); ++i) {
+        QAccessibleInterface* const part = list->child(i);
+        EXPECT_EQ(list->indexOfChild(part), i);
+        EXPECT_TRUE(parts.emplace(part->text(QAccessible::Name), part).second);
+    }
+    ASSERT_EQ(parts.size(), 1 + 2 + 4u);   // the playhead, two scenes, their layers
+    QAccessibleInterface* const middle = parts.at(QStringLiteral("Middle"));
     EXPECT_EQ(middle->text(QAccessible::Description), QStringLiteral("1.0 to 3.0 seconds, 0 keyframes"));
     EXPECT_FALSE(middle->state().selected);
-    EXPECT_EQ(list->indexOfChild(middle), 1);
     middle->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(middle->state().selected);
     EXPECT_EQ(selection(), (Selection{0, 1, {}}));
+    EXPECT_EQ(list->focusChild(), middle);
+    // A press where it is said to be takes it, too.
+    QAccessibleInterface* const later = parts.at(QStringLiteral("Later"));
+    QTest::mouseClick(canvas.get(), Qt::LeftButton, {}, canvas->mapFromGlobal(later->rect().center()));
+    EXPECT_EQ(selection(), (Selection{1, 0, {}}));
+    QAccessibleInterface* const playhead = parts.at(QStringLiteral("Playhead"));
+    ASSERT_TRUE(playhead->valueInterface());
+    EXPECT_EQ(playhead->valueInterface()->maximumValue().toDouble(), 10);
+    EXPECT_FALSE(middle->valueInterface());
 }
 
 }   // namespace

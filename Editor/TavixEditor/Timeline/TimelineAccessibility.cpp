@@ -1,119 +1,129 @@
 #include "TavixEditor/Timeline/TimelineAccessibility.h"
 
+#include "TavixEditor/App/AccessibleParts.h"
+#include "TavixEditor/App/Words.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
-
-#include <QAccessible>
-#include <QAccessibleWidget>
+#include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <algorithm>
-#include <map>
+#include <cmath>
 #include <numeric>
-#include <optional>
-#include <vector>
 
 namespace tavix::editor {
 
+using namespace timeline;
+
 namespace {
 
-QString words(const char* text) { return QCoreApplication::translate("Timeline", text); }
+using Parts = std::vector<AccessiblePart>;
 
-// Children stand in the order of the document: which bar is drawn last changes with the selection.
-std::optional<std::size_t> barOfChild(const TimelineCanvas& canvas, int child) {
-    const auto& bars = canvas.scene().bars;
-    if (child < 0 || std::size_t(child) >= bars.size()) return std::nullopt;
+QString told(const char* text) { return QCoreApplication::translate("Timeline", text); }
+QString seconds(double sec) { return QString::number(sec, 'f', 1); }
+
+// Bars stand in the order of the document: which one is drawn last changes with the selection.
+std::vector<std::size_t> inOrder(const std::vector<Bar>& bars) {
     std::vector<std::size_t> order(bars.size());
     std::iota(order.begin(), order.end(), 0u);
     std::ranges::sort(order, {}, [&](std::size_t i) { return bars[i].place; });
-    return order[std::size_t(child)];
+    return order;
 }
 
-class BarInterface final : public QAccessibleInterface, public QAccessibleActionInterface {
-public:
-    BarInterface(TimelineCanvas* canvas, int index) : canvas_(canvas), index_(index) {}
+QRect rectAround(const TimelineCanvas& canvas, double contentX, double contentY, int width, int height) {
+    return {int(std::lround(contentX - canvas.scrollX() - width / 2.0)), int(canvas.viewY(contentY)), width,
+        height};
+}
 
-    bool isValid() const override { return barOfChild(*canvas_, index_).has_value(); }
-    QObject* object() const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessible::Role role() const override { return QAccessible::ListItem; }
-    QAccessible::State state() const override {
-        QAccessible::State state;
-        state.selectable = state.focusable = true;
-        if (isValid()) state.selected = bar().isSelected;
-        return state;
-    }
-    QRect rect() const override {
-        if (!isValid()) return {};
-        const QRect inWidget = canvas_->rectOf(*barOfChild(*canvas_, index_));
-        return {canvas_->mapToGlobal(inWidget.topLeft()), inWidget.size()};
-    }
-    QString text(QAccessible::Text kind) const override {
-        if (!isValid()) return {};
-        if (kind == QAccessible::Name) return QString::fromStdString(bar().label);
-        if (kind != QAccessible::Description) return {};
-        return words("%1 to %2 seconds, %n keyframes")
-            .arg(bar().startSec, 0, 'f', 1)
-            .arg(bar().endSec, 0, 'f', 1)
-            .replace(QStringLiteral("%n"), QString::number(bar().keyframesSec.size()));
-    }
-    void setText(QAccessible::Text, const QString&) override {}
+void addPlayhead(Parts& parts, TimelineCanvas& canvas) {
+    CompositionEditorModel& model = canvas.model();
+    AccessiblePart part;
+    part.role = QAccessible::Slider;
+    part.name = told("Playhead");
+    part.about = told("%1 of %2 seconds")
+                     .arg(model.state.currentTime(), 0, 'f', 2)
+                     .arg(canvas.scene().totalSec, 0, 'f', 2);
+    part.box = QRect(0, 0, canvas.width(), Layout::rulerHeight);
+    part.value = AccessiblePart::Value{
+        model.state.currentTime(), canvas.scene().totalSec, [&model](double sec) { model.seek(sec); }};
+    parts.push_back(std::move(part));
+}
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
-                                                    : nullptr;
+void addBands(Parts& parts, TimelineCanvas& canvas) {
+    const Scene& scene = canvas.scene();
+    for (std::size_t i = 0; i < scene.bands.size(); ++i) {
+        const Band& band = scene.bands[i];
+        const Box box = canvas.layout().bandBox(band);
+        AccessiblePart part;
+        part.name = told("Scene %1").arg(words(band.name));
+        part.about = band.transitionSec > 0
+                         ? told("%1 to %2 seconds, a transition of %3 seconds into the next")
+                               .arg(seconds(band.startSec), seconds(band.endSec),
+                                   QString::number(band.transitionSec, 'f', 2))
+                         : told("%1 to %2 seconds").arg(seconds(band.startSec), seconds(band.endSec));
+        part.box = QRectF(box.x - canvas.scrollX(), box.y, box.width, box.height).toAlignedRect();
+        part.isSelected = band.isSelected && !canvas.model().state.edited().selection.layer;
+        part.press = [&canvas, i] { canvas.model().selectScene(i, true); };
+        parts.push_back(std::move(part));
     }
-    QStringList actionNames() const override { return {pressAction()}; }
-    void doAction(const QString& name) override {
-        if (isValid() && name == pressAction()) canvas_->activateBar(*barOfChild(*canvas_, index_));
-    }
-    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+}
 
-private:
-    const timeline::Bar& bar() const { return canvas_->scene().bars[*barOfChild(*canvas_, index_)]; }
-
-    TimelineCanvas* canvas_;
-    int index_;
-};
-
-class CanvasInterface final : public QAccessibleWidget {
-public:
-    explicit CanvasInterface(TimelineCanvas* canvas)
-        : QAccessibleWidget(canvas, QAccessible::List), canvas_(canvas) {}
-    ~CanvasInterface() override {
-        for (const auto& [index, id] : ids_) QAccessible::deleteAccessibleInterface(id);
+void addBars(Parts& parts, TimelineCanvas& canvas) {
+    const Scene& scene = canvas.scene();
+    for (const std::size_t i : inOrder(scene.bars)) {
+        const Bar& bar = scene.bars[i];
+        AccessiblePart part;
+        part.name = words(bar.label);
+        part.about = told("%1 to %2 seconds, %3 keyframes")
+                         .arg(seconds(bar.startSec), seconds(bar.endSec))
+                         .arg(bar.keyframesSec.size());
+        part.box = canvas.rectOf(i);
+        part.isSelected = bar.isSelected;
+        part.press = [&canvas, i] { canvas.activateBar(i); };
+        parts.push_back(std::move(part));
     }
-    int childCount() const override { return int(canvas_->scene().bars.size()); }
-    QAccessibleInterface* child(int index) const override {
-        if (index < 0 || index >= childCount()) return nullptr;
-        const auto [place, isNew] = ids_.try_emplace(index, 0);
-        if (isNew) place->second = QAccessible::registerAccessibleInterface(new BarInterface(canvas_, index));
-        return QAccessible::accessibleInterface(place->second);
-    }
-    int indexOfChild(const QAccessibleInterface* wanted) const override {
-        for (const auto& [index, id] : ids_)
-            if (QAccessible::accessibleInterface(id) == wanted) return index;
-        return -1;
-    }
+}
 
-private:
-    TimelineCanvas* canvas_;
-    mutable std::map<int, QAccessible::Id> ids_;
-};
+void addMarks(Parts& parts, TimelineCanvas& canvas) {
+    const Scene& scene = canvas.scene();
+    for (std::size_t row = 0; row < scene.keyframeRows.size(); ++row)
+        for (const KeyframeRow::Mark& mark : scene.keyframeRows[row].marks) {
+            AccessiblePart part;
+            part.role = QAccessible::PushButton;
+            const double sec = scene.layerStartSec + mark.sec;
+            part.name = told("Keyframe of %1 at %2 seconds")
+                            .arg(words(scene.keyframeRows[row].label))
+                            .arg(sec, 0, 'f', 2);
+            part.box = rectAround(canvas, canvas.layout().markX(scene, mark),
+                canvas.layout().keyframeRowTop(scene, row), 11, Layout::rowHeight);
+            part.press = [&canvas, sec] { canvas.model().seek(sec); };
+            parts.push_back(std::move(part));
+        }
+}
+
+void addCues(Parts& parts, TimelineCanvas& canvas) {
+    const Scene& scene = canvas.scene();
+    for (const Cue& cue : scene.cues) {
+        AccessiblePart part;
+        part.role = QAccessible::PushButton;
+        part.name = told("Sound %1 at %2 seconds").arg(words(cue.name)).arg(cue.sec, 0, 'f', 2);
+        part.box = rectAround(
+            canvas, canvas.layout().cueX(cue), canvas.layout().soundTop(scene), 10, Layout::cueHeight);
+        part.press = [&canvas, sec = cue.sec] { canvas.model().seek(sec); };
+        parts.push_back(std::move(part));
+    }
+}
 
 }   // namespace
 
-void installTimelineAccessibility() {
-    static const bool isInstalled = [] {
-        QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
-            auto* const canvas = dynamic_cast<TimelineCanvas*>(object);
-            return canvas ? new CanvasInterface(canvas) : nullptr;
-        });
-        return true;
-    }();
-    (void)isInstalled;
+void tellTimeline(TimelineCanvas* canvas) {
+    tellParts(canvas, QAccessible::List, [canvas] {
+        Parts parts;
+        addPlayhead(parts, *canvas);
+        addBands(parts, *canvas);
+        addBars(parts, *canvas);
+        addMarks(parts, *canvas);
+        addCues(parts, *canvas);
+        return parts;
+    });
 }
 
 }   // namespace tavix::editor

@@ -1,8 +1,10 @@
-// Bars are drawn, not widgets: this tells screen readers and test tools of them, one list item each.
+// Tells screen readers what stands on the timeline: the playhead, scenes, layers, keyframes, sounds.
 #pragma once
 
 namespace tavix::editor {
 
-void installTimelineAccessibility();   // once is enough; later calls do nothing
+class TimelineCanvas;
+
+void tellTimeline(TimelineCanvas* canvas);
 
 }   // namespace tavix::editor

@@ -2,6 +2,8 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/AccessibleParts.h"
+#include "TavixEditor/Timeline/TimelineAccessibility.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <QPaintEvent>
@@ -28,6 +30,7 @@ TimelineCanvas::TimelineCanvas(CompositionEditorModel& model, QWidget* parent)
     setMouseTracking(true);
     setMinimumSize(200, Layout::headHeight + 2 * Layout::rowHeight);
     setAccessibleName(tr("Timeline"));
+    tellTimeline(this);
     connections_.push_back(watch([this] { showDocument(); }, model_.state.edited));
     connections_.push_back(
         watch([this] { update(0, Layout::rulerHeight - 2, width(), 2); }, model_.state.cachedRanges));
@@ -38,6 +41,11 @@ TimelineCanvas::TimelineCanvas(CompositionEditorModel& model, QWidget* parent)
 void TimelineCanvas::showDocument() {
     Scene scene = sceneOf(model_.state.edited(), collapsed_);
     if (scene == scene_) return;
+    if (const Selection& selected = model_.state.edited().selection; !(selected == toldSelection_)) {
+        toldSelection_ = selected;
+        QMetaObject::invokeMethod(
+            this, [this] { tellSelectedPart(this); }, Qt::QueuedConnection);
+    }
     // Where only bars changed, only they are painted again.
     const bool keepsShape =
         scene.bands == scene_.bands && scene.rows == scene_.rows && scene.cues == scene_.cues &&

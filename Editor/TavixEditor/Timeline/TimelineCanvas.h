@@ -115,6 +115,7 @@ private:
     std::optional<QRectF> rubberBand_;
     std::vector<timeline::Drag::MarkPlace> marks_;   // selected
     timeline::Hit hover_;
+    Selection toldSelection_;   // to screen readers
     TimelinePainter painter_;
     Connections connections_;
 };

@@ -4,7 +4,6 @@
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDomain/Timeline/TimelineScale.h"
 #include "TavixEditor/Timeline/MusicPicture.h"
-#include "TavixEditor/Timeline/TimelineAccessibility.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
 #include "TavixEditor/Timeline/TimelineGutter.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
@@ -56,7 +55,6 @@ private:
 
 TimelinePanel::TimelinePanel(CompositionEditorModel& model, QWidget* parent)
     : QWidget(parent), model_(model) {
-    installTimelineAccessibility();
     onGround(this, QPalette::Window);
     canvas_ = new TimelineCanvas(model);
     gutter_ = new TimelineGutter(*canvas_);

@@ -176,6 +176,7 @@ void CompositionEditorModel::close() {
     state.currentTime = 0;
     state.statusMessage = "";
     state.loop = std::nullopt;
+    state.musicAnalysis = std::nullopt;
     state.showsLiveFrame = false;
 }
 

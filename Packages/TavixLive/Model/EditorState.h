@@ -1,6 +1,7 @@
 // What the views of an editor watch.
 #pragma once
 
+#include "TavixCore/Document/BeatAnalysis.h"
 #include "TavixCore/Values/NormalizedVec2.h"
 #include "TavixLive/Observing/Observable.h"
 #include "TavixLive/Operations/DeviceOperations.h"
@@ -44,6 +45,7 @@ struct EditorState {
     Observable<std::optional<std::string>> errorMessage;   // the one that the user must see
     Observable<std::string> statusMessage;
     Observable<bool> isAnalyzingMusic{false};
+    Observable<std::optional<BeatAnalysis>> musicAnalysis;   // what was last heard in the document's music
     Observable<bool> isExporting{false};
     Observable<double> exportProgress{0};             // 0 to 1
     Observable<std::filesystem::path> exportTarget;   // of the export that runs, or ran last

@@ -80,6 +80,7 @@ void CompositionEditorModel::analyzeMusicGrid(Done then) {
             state.isAnalyzingMusic = false;
             try {
                 const BeatAnalysis& found = outcome.value();
+                state.musicAnalysis = found;
                 if (!(found.bpm > 0)) {
                     state.errorMessage = "Beat analysis failed for " + name + " — set BPM by ear.";
                 } else if (const auto& heard = edited().spec.audio; heard && heard->music) {

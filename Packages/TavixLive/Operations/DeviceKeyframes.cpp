@@ -12,6 +12,7 @@ namespace tavix::DeviceKeyframes {
 namespace {
 
 constexpr double sameKeyframeSec = 0.02, foundKeyframeSec = 0.03;
+constexpr double neutralDepth = 0.5;          // a device of no depth of its own is one camera distance away
 constexpr double sampledFramesPerSec = 600;   // fine enough for any time that a hand can set
 
 template <class Track, class Change> void upsert(Track& track, double atSec, Change change) {
@@ -64,7 +65,7 @@ UnifiedState unifiedState(const DeviceContent& device, const CompositionOutput& 
     UnifiedState state;
     if (device.scene3D) {
         state.tiltDegrees = tiltAt(*device.scene3D, atSec);
-        state.depth = DeviceDepthTrajectory::sample(device.scene3D->depthTrack, atSec).value_or(0);
+        state.depth = DeviceDepthTrajectory::sample(device.scene3D->depthTrack, atSec).value_or(neutralDepth);
     }
     if (device.placement && !device.placement->track.empty()) {
         const auto track = device.placement->resolvedTrack(

@@ -263,6 +263,13 @@ TEST_F(DeviceEdits, ShowOneRowOfKeyframes) {
     }
 }
 
+TEST_F(DeviceEdits, StayAsFarFromTheCameraWhenTheyGetTheirFirstKeyframe) {
+    const auto rest = DeviceKeyframes::unifiedState(device(), state.spec.output, 1);
+    DeviceKeyframes::upsertUnifiedKeyframe(device(), 1, rest);
+    // The camera stands at 1.5 less the depth of its distance.
+    EXPECT_EQ(1.5 - device().scene3D->depthTrack.at(0).value, 1);
+}
+
 TEST_F(DeviceEdits, MoveAndRemoveAKeyframeInAllTracks) {
     for (const double sec : {0.0, 1.0, 2.0})
         DeviceKeyframes::upsertUnifiedKeyframe(device(), sec, {{sec, 0, 0}, sec, {}, 0.01});
