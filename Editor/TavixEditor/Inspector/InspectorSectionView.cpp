@@ -3,6 +3,7 @@
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/KeyframeButtons.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -54,10 +55,52 @@ protected:
     void leaveEvent(QEvent*) override { update(); }
 };
 
+}   // namespace
+
+// The name of a row, with a badge where a preset gave its value.
+class RowLabel final : public QLabel {
+public:
+    RowLabel(int indentPoints, QWidget* parent) : QLabel(parent), indent_(indentPoints) {
+        setFont(fontOf(TextSize::body));
+        setForegroundRole(QPalette::PlaceholderText);
+        setContentsMargins(indentPoints, 0, 0, 0);
+    }
+    void show(const QString& words, bool hasBadge) {
+        hasBadge_ = hasBadge;
+        const int room = labelWidth + 8 - indent_ - (hasBadge ? badgeRoom : 0);
+        setText(fontMetrics().elidedText(words, Qt::ElideRight, room));
+        setAccessibleName(hasBadge ? told("%1, set by a preset").arg(words) : words);
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (!hasBadge_) return;
+        const Theme& theme = Style::theme();
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double left = indent_ + fontMetrics().horizontalAdvance(text()) + space::tight;
+        const QRectF badge(left, (height() - 12) / 2.0, 12, 12);
+        drawBox(painter, badge, 6, withAlpha(theme.accent, 0.25));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.accent);
+        painter.drawPolygon(QPolygonF{{0, -3.5}, {3.5, 0}, {0, 3.5}, {-3.5, 0}}.translated(badge.center()));
+    }
+
+private:
+    static constexpr int badgeRoom = 18;
+    int indent_;
+    bool hasBadge_ = false;
+};
+
+namespace {
+
 // Whether going back to a fresh document's value is of any use: nobody wants an empty text.
 bool canBeReset(const InspectorRow& row) {
     using Control = InspectorRow::Control;
-    if (row.control == Control::element || row.control == Control::note || row.control == Control::presence)
+    if (row.keyed || row.control == Control::element || row.control == Control::adder ||
+        row.control == Control::note || row.control == Control::presence)
         return false;
     if (row.isOptional) return true;
     return row.control == Control::number || row.control == Control::word || row.control == Control::toggle ||
@@ -97,49 +140,52 @@ QWidget* InspectorSectionView::makeHeading(const std::string& title, RowEdits& e
     return heading;
 }
 
+QToolButton* InspectorSectionView::makeReset(const InspectorRow& row, RowEdits& edits) {
+    QToolButton* const reset =
+        makeIconButton(Icon::undo, told("Reset %1 to its default").arg(words(row.label)), body_);
+    reset->setFixedSize(20, 20);
+    reset->setIconSize({12, 12});
+    QSizePolicy policy = reset->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    reset->setSizePolicy(policy);
+    connect(reset, &QToolButton::clicked, this, [this, index = rows_.size(), &edits] {
+        const InspectorRow shown = rows_[index].shown;
+        edits.set(shown, shown.rest, false);
+    });
+    return reset;
+}
+
 void InspectorSectionView::addRow(const InspectorRow& row, RowEdits& edits) {
     auto* grid = static_cast<QGridLayout*>(body_->layout());
-    auto* label = makeLabel({}, TextSize::body, Tone::secondary, body_);
-    label->setContentsMargins(row.depth * indent, 0, 0, 0);
+    auto* label = new RowLabel(row.depth * indent, body_);
     label->setToolTip(words(row.help));
     label->setMinimumHeight(height::field);
     RowControl control = makeRowControl(row, edits, body_);
     control.widget->setToolTip(words(row.help));
     label->setBuddy(control.widget);
-    QToolButton* reset = nullptr;
-    if (canBeReset(row)) {
-        reset = makeIconButton(Icon::undo, told("Reset %1 to its default").arg(words(row.label)), body_);
-        reset->setFixedSize(20, 20);
-        reset->setIconSize({12, 12});
-        QSizePolicy policy = reset->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        reset->setSizePolicy(policy);
-        const std::size_t index = rows_.size();
-        connect(reset, &QToolButton::clicked, this, [this, index, &edits] {
-            const InspectorRow shown = rows_[index].shown;
-            edits.set(shown, shown.rest, false);
-        });
-    }
+    QToolButton* const reset = canBeReset(row) ? makeReset(row, edits) : nullptr;
+    KeyframeButtons* const keyframes = row.keyed ? new KeyframeButtons(edits, row, body_) : nullptr;
     const int line = grid->rowCount();
     grid->addWidget(label, line, 0, Qt::AlignTop);
-    if (row.control == InspectorRow::Control::kinetic || (control.isWide && row.label == title_))
+    if (row.control == InspectorRow::Control::kinetic || row.control == InspectorRow::Control::adder ||
+        (control.isWide && row.label == title_))
         label->hide();   // the heading says it
     if (control.isWide)
         grid->addWidget(control.widget, line + 1, 0, 1, 3);
     else
         grid->addWidget(control.widget, line, 1);
     if (reset) grid->addWidget(reset, line, 2, Qt::AlignTop);
-    rows_.push_back({label, reset, std::move(control), row});
+    if (keyframes) grid->addWidget(keyframes, line, 2, Qt::AlignTop);
+    rows_.push_back({label, reset, keyframes, std::move(control), row});
 }
 
 void InspectorSectionView::showRow(Row& row, const InspectorRow& now) {
-    QString label = words(now.label);
-    if (now.isSetByPreset) label += QStringLiteral(" ◇");
-    row.label->setText(QFontMetrics(row.label->font())
-                           .elidedText(label, Qt::ElideRight, labelWidth + 8 - now.depth * indent));
-    if (now.isSetByPreset)
-        row.label->setToolTip(words(now.help) + QLatin1Char('\n') +
-                              told("Set by the layer's motion preset; a change here is kept in its place."));
+    row.label->show(words(now.label), now.isSetByPreset);
+    row.label->setToolTip(
+        now.isSetByPreset ? words(now.help) + QLatin1Char('\n') +
+                                told("Set by the layer's motion preset; a change here is kept in its place.")
+                          : words(now.help));
+    if (row.keyframes) row.keyframes->show(now);
     if (row.reset) row.reset->setVisible(!now.isAtRest);
     row.control.show(now);
     row.shown = now;

@@ -7,10 +7,12 @@
 
 #include <vector>
 
-class QLabel;
 class QToolButton;
 
 namespace tavix::editor {
+
+class KeyframeButtons;
+class RowLabel;
 
 class InspectorSectionView final : public QWidget {
 public:
@@ -19,12 +21,14 @@ public:
 
 private:
     struct Row {
-        QLabel* label;
-        QToolButton* reset;   // null for what has no default to go back to
+        RowLabel* label;
+        QToolButton* reset;           // null for what has no default to go back to
+        KeyframeButtons* keyframes;   // null for what has none
         RowControl control;
         InspectorRow shown;
     };
     QWidget* makeHeading(const std::string& title, RowEdits& edits);
+    QToolButton* makeReset(const InspectorRow& row, RowEdits& edits);
     void addRow(const InspectorRow& row, RowEdits& edits);
     void showRow(Row& row, const InspectorRow& now);
 

@@ -1,7 +1,9 @@
 #include "TavixEditor/Inspector/InspectorView.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
+#include "Editor/EditorDomain/Inspector/KeyframeRows.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorSectionView.h"
 #include "TavixEditor/Inspector/MotionGallery.h"
@@ -63,13 +65,20 @@ public:
         }
         column->addWidget(area_, 1);
         setAccessibleName(tr("Inspector"));
-        connections_.push_back(watch([this] { refresh(); }, model_.state.edited));
+        connections_.push_back(watch([this] { refresh(); }, model_.state.edited, model_.state.isPlaying));
+        // Values at the playhead stand still while the film plays: nobody reads them then.
+        connections_.push_back(watch(
+            [this] {
+                if (!model_.state.isPlaying() && model_.state.edited().selection.layer) refresh();
+            },
+            model_.state.currentTime));
         refresh();
     }
 
 private:
     void refresh() {
-        Inspection now = inspection(model_.state.edited());
+        Inspection now =
+            inspection(model_.state.edited(), {model_.state.currentTime(), model_.state.bundle(), &sizes_});
         title_->setText(words(now.title));
         subtitle_->setText(words(now.subtitle));
         subtitle_->setVisible(!now.subtitle.empty());
@@ -151,12 +160,43 @@ private:
     }
 
     void set(const InspectorRow& row, const Json& value, bool isEditing) override {
+        if (row.keyed) return setKeyed(row, {}, value.doubleValue().value_or(0), isEditing);
         edit(row, isEditing,
             [path = row.path, value](EditState& state) { return InspectorEdit::set(state, path, value); });
     }
     void setPart(const InspectorRow& row, const std::string& part, double value, bool isEditing) override {
+        if (row.keyed) return setKeyed(row, part, value, isEditing);
+        if (row.path.tokens().front() == cornerKey) return setCorner(row, part, value, isEditing);
         edit(row, isEditing,
             [&](EditState& state) { return InspectorEdit::setPart(state, row.path, part, value); });
+    }
+    void setKeyed(const InspectorRow& row, const std::string& part, double value, bool isEditing) {
+        edit(row, isEditing, [&](EditState& state) {
+            KeyframeEdit::set(state, row, part, value, model_.state.currentTime());
+            return std::nullopt;
+        });
+    }
+    void setCorner(const InspectorRow& row, const std::string& axis, double value, bool isEditing) {
+        edit(row, isEditing, [&](EditState& state) {
+            const LayerPlace place = state.selection.layers().front();
+            const CompositionLayer* const layer = state.layer(place.scene, place.layer);
+            const auto size = layer ? sizes_.of(*layer, state.spec, model_.state.bundle()) : std::nullopt;
+            if (size) InspectorEdit::setCorner(state, axis, value, axis == "x" ? size->width : size->height);
+            return std::nullopt;
+        });
+    }
+    void toggleKeyframe(const InspectorRow& row) override {
+        const std::string step =
+            (row.keyed->isHere ? tr("Delete Keyframe") : tr("Add Keyframe")).toStdString();
+        model_.update(
+            step, [&](EditState& state) { KeyframeEdit::toggle(state, row, model_.state.currentTime()); });
+    }
+    void seek(double toSec) override { model_.seek(toSec); }
+    void append(const InspectorRow& row) override {
+        edit(row, false, [&](EditState& state) {
+            InspectorEdit::append(state, row.path, model_.state.currentTime());
+            return std::nullopt;
+        });
     }
     void setPresent(const InspectorRow& row, bool isThere) override {
         edit(row, false, [this, path = row.path, isThere](EditState& state) {
@@ -181,6 +221,7 @@ private:
 
     CompositionEditorModel& model_;
     Inspection shown_;
+    ContentSizes sizes_;
     QLabel *title_, *subtitle_, *complaint_;
     QScrollArea* area_;
     std::vector<InspectorSectionView*> sections_;

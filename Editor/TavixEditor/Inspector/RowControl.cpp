@@ -5,12 +5,14 @@
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/EasePopup.h"
 #include "TavixEditor/Inspector/ScrubField.h"
+#include "TavixEditor/Inspector/WordPicks.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSlider>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -114,21 +116,23 @@ RowControl numbersControl(const InspectorRow& row, RowEdits& edits, QWidget* par
         grid->addWidget(field, int(i) / columns, int(i) % columns);
         fields.push_back(field);
     }
-    return {box, [=](const InspectorRow& now) {
-                *kept = now;
-                for (std::size_t i = 0; i < fields.size(); ++i) {
-                    const Json* const part = now.value.find(now.parts[i]);
-                    // A rectangle may be a list of its numbers.
-                    const JsonArray* const list = now.value.array();
-                    const auto number = part                       ? part->doubleValue()
-                                        : list && i < list->size() ? (*list)[i].doubleValue()
-                                                                   : std::nullopt;
-                    if (number && !now.isMixed)
-                        fields[i]->setValue(*number);
-                    else
-                        fields[i]->setAbsent(now.isMixed ? mixedWords() : told("Auto"));
-                }
-            }};
+    return {box,
+        [=](const InspectorRow& now) {
+            *kept = now;
+            for (std::size_t i = 0; i < fields.size(); ++i) {
+                const Json* const part = now.value.find(now.parts[i]);
+                // A rectangle may be a list of its numbers.
+                const JsonArray* const list = now.value.array();
+                const auto number = part                       ? part->doubleValue()
+                                    : list && i < list->size() ? (*list)[i].doubleValue()
+                                                               : std::nullopt;
+                if (number && !now.isMixed)
+                    fields[i]->setValue(*number);
+                else
+                    fields[i]->setAbsent(now.isMixed ? mixedWords() : told("Auto"));
+            }
+        },
+        columns == 3 || row.keyed};
 }
 
 RowControl toggleControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
@@ -156,7 +160,9 @@ RowControl wordControl(const InspectorRow& row, RowEdits& edits, QWidget* parent
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);
     if (row.isOptional) box->addItem(told("Default"));
-    for (const std::string& word : row.words) box->addItem(wordLabel(word), words(word));
+    for (std::size_t i = 0; i < row.words.size(); ++i)
+        box->addItem(i < row.wordNames.size() ? words(row.wordNames[i]) : wordLabel(row.words[i]),
+            words(row.words[i]));
     const auto kept = std::make_shared<InspectorRow>(row);
     QObject::connect(box, &QComboBox::activated, box, [=, &edits](int index) {
         const QVariant word = box->itemData(index);
@@ -228,6 +234,13 @@ RowControl elementControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     return {box, [=](const InspectorRow& now) { *kept = now; }};
 }
 
+RowControl adderControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
+    auto* add = new QPushButton(told("Add %1").arg(words(row.label)), parent);
+    const auto kept = std::make_shared<InspectorRow>(row);
+    QObject::connect(add, &QPushButton::clicked, add, [=, &edits] { edits.append(*kept); });
+    return {add, [=](const InspectorRow& now) { *kept = now; }, true};
+}
+
 RowControl noteControl(const InspectorRow&, RowEdits&, QWidget* parent) {
     auto* label = makeLabel({}, TextSize::body, Tone::secondary, parent);
     return {label, [=](const InspectorRow& now) {
@@ -264,6 +277,8 @@ RowControl makeRowControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     case Control::curve: return curveControl(row, edits, parent);
     case Control::kinetic: return makeKineticControl(row, edits, parent);
     case Control::element: return elementControl(row, edits, parent);
+    case Control::adder: return adderControl(row, edits, parent);
+    case Control::picks: return makePicksControl(row, edits, parent);
     case Control::note: return noteControl(row, edits, parent);
     }
     return {};

@@ -23,6 +23,9 @@ public:
     virtual void setPresent(const InspectorRow& row, bool isThere) = 0;
     virtual void setAlternative(const InspectorRow& row, const std::string& tag) = 0;
     virtual void remove(const InspectorRow& row) = 0;
+    virtual void append(const InspectorRow& row) = 0;
+    virtual void toggleKeyframe(const InspectorRow& row) = 0;
+    virtual void seek(double toSec) = 0;
     virtual std::optional<std::filesystem::path> folder() const = 0;   // that relative paths hang from
     virtual std::set<std::string>& foldedSections() = 0;               // by their titles
 };

@@ -9,6 +9,7 @@
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/LayerOperations.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -20,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 
 namespace tavix::editor {
@@ -62,6 +64,30 @@ TEST_F(InspectorViewTest, SumsAreWorkedOutInFields) {
     EXPECT_EQ(studio.layer(1).position.x, 370);
     studio.model.undo();
     EXPECT_EQ(x->value(), 360);   // the field follows the document
+}
+
+TEST_F(InspectorViewTest, AFieldOfAKeyframeFollowsThePlayheadAndItsDiamondSetsOne) {
+    auto* const scale = named<ScrubField>("Scale");
+    auto* const here = named<QAbstractButton>("Keyframe of Scale here");
+    ASSERT_TRUE(scale && here);
+    studio.model.state.currentTime = 1.0;   // where the layer starts
+    QTest::mouseClick(here, Qt::LeftButton);
+    ASSERT_EQ(studio.layer(1).tracks.size(), 1u);
+    EXPECT_EQ(*studio.model.history().undoName(), "Add Keyframe");
+    studio.model.state.currentTime = 2.0;
+    QTest::mouseClick(here, Qt::LeftButton);
+    scale->setFocus();
+    scale->selectAll();
+    QTest::keyClicks(scale, QStringLiteral("2"));
+    QTest::keyClick(scale, Qt::Key_Return);
+    EXPECT_EQ(studio.layer(1).tracks[0].keyframes.size(), 3u);   // at both ends, and here
+    studio.model.state.currentTime = 1.5;
+    EXPECT_NEAR(scale->value(), std::sqrt(2), 1e-9);
+    auto* const next = named<QAbstractButton>("Next keyframe of Scale");
+    ASSERT_TRUE(next && next->isEnabled());
+    QTest::mouseClick(next, Qt::LeftButton);
+    EXPECT_NEAR(studio.model.state.currentTime(), 2, 1e-9);
+    EXPECT_FALSE(named<QAbstractButton>("Reset Scale to its default"));
 }
 
 TEST_F(InspectorViewTest, ADragOnAFieldIsOneStep) {

@@ -169,7 +169,7 @@ class Walk:
         band = self.timeline("Scene lace")
         edge = band.box[0] + band.box[2]
         # Let go a little beyond the beat, where it is to stick.
-        desk.drag((edge - 2 * desk.scale, band.at()[1]), (self.x_of(3 + BEAT) + 4 * desk.scale, band.at()[1]))
+        desk.drag((edge - 2 * desk.scale, band.at()[1]), (self.x_of(3 + BEAT) + desk.scale, band.at()[1]))
         time.sleep(0.5)
         self.step("cut")
         lace = self.scene(self.save(), "lace")

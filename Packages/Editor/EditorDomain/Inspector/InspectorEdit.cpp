@@ -6,10 +6,14 @@
 #include "TavixCore/Support/Choice.h"
 #include "TavixCore/Support/Field.h"
 #include "TavixCore/Support/FieldTables.h"
+#include "TavixCore/Support/KeyPath.h"
+#include "TavixCore/Values/TextWords.h"
+#include "TavixLive/Operations/AudioOperations.h"
 #include "TavixLive/Operations/LayerOperations.h"
 #include "TavixLive/Operations/SceneOperations.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 namespace tavix::InspectorEdit {
@@ -87,6 +91,19 @@ template <class Visit> void visitEach(EditState& state, const Visit& visit) {
     visit(typeOf<CompositionSpec>(), &state.spec);
 }
 
+// The last emphasis is new, and of no word yet.
+void emphasizeNextWord(TextContent& text) {
+    std::set<std::int64_t> taken;
+    for (const EmphasisSpan& span : text.emphasis)
+        taken.insert(span.wordIndices.begin(), span.wordIndices.end());
+    const auto count = std::int64_t(KineticMath::words(text.text).size());
+    for (std::int64_t word = 0; word < count; ++word)
+        if (!taken.contains(word)) {
+            text.emphasis.back().wordIndices = {word};
+            return;
+        }
+}
+
 const Field* rowOf(const Type& type, const std::string& key) {
     return type.kind == Type::Kind::record ? static_cast<const RecordType&>(type).find(key) : nullptr;
 }
@@ -156,6 +173,28 @@ void setAlternative(EditState& state, const JsonPointer& path, const std::string
         const Alternative* const wanted = choice.find(tag);
         if (wanted && &choice.heldBy(found.value) != wanted) wanted->emplace(found.value);
     });
+}
+
+void append(EditState& state, const JsonPointer& path, double atSec) {
+    if (path.text() == "/audio/cues") return AudioOperations::addSoundCue(state, atSec);
+    visitEach(state, [&](const Type& type, void* whole) {
+        const Located found = locate(type, whole, path);
+        if (!found || found.type->kind != Type::Kind::list) return;
+        const auto& list = static_cast<const ListType&>(*found.type);
+        const Json before = writeValue(list, found.value);
+        const std::size_t size = list.size(found.value);
+        list.renew(found.value, size + 1);
+        for (std::size_t i = 0; i < size; ++i)
+            readValue(list.element(), (*before.array())[i], list.at(found.value, i), KeyPath());
+    });
+    if (path.text() != "/text/emphasis") return;
+    for (CompositionLayer* const layer : selectedLayers(state))
+        if (auto* const text = std::get_if<TextContent>(&layer->content)) emphasizeNextWord(*text);
+}
+
+void setCorner(EditState& state, const std::string& axis, double toPx, double sizePx) {
+    for (CompositionLayer* const layer : selectedLayers(state))
+        (axis == "x" ? layer->position.x : layer->position.y) = toPx + sizePx / 2;
 }
 
 Complaint remove(EditState& state, const JsonPointer& path) { return set(state, path, Json()); }

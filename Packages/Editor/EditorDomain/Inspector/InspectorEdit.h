@@ -21,6 +21,11 @@ Complaint reset(EditState& state, const InspectorRow& row);
 void setPresent(EditState& state, const JsonPointer& path, bool isThere);
 // Which of its forms the value has; a fresh one of that form.
 void setAlternative(EditState& state, const JsonPointer& path, const std::string& tag);
+// One more at the end of a list, as fresh as can be; sounds stand at a time of the film, and an emphasis
+// takes the first word that has none.
+void append(EditState& state, const JsonPointer& path, double atSec);
+// The left upper corner of a layer of that size, along an axis: "x" or "y".
+void setCorner(EditState& state, const std::string& axis, double toPx, double sizePx);
 // An element of a list.
 Complaint remove(EditState& state, const JsonPointer& path);
 

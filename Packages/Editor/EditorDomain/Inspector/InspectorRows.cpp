@@ -1,12 +1,16 @@
 #include "Editor/EditorDomain/Inspector/InspectorRows.h"
 
+#include "Editor/EditorDomain/Inspector/ContentSizes.h"
+#include "Editor/EditorDomain/Inspector/KeyframeRows.h"
 #include "Editor/EditorDomain/Inspector/RowWalk.h"
 #include "Editor/EditorDomain/Timeline/TimelineScene.h"
 #include "TavixCore/Support/FieldTables.h"
+#include "TavixCore/Values/TextWords.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <limits>
 
 namespace tavix {
 
@@ -42,6 +46,7 @@ std::string sectionOf(const JsonPointer& path, const CompositionLayer& layer) {
     }
     if (tokens.size() > 1 && first == "text" && tokens[1] == "kinetic") return "Animation";
     if (tokens.size() > 1 && first == "text" && tokens[1] == "shadow") return "Shadow";
+    if (tokens.size() > 1 && first == "text" && tokens[1] == "emphasis") return "Emphasis";
     return labelOfKey(kindName(layer.content));
 }
 
@@ -71,7 +76,7 @@ void showInPixels(InspectorRow& row, const CompositionOutput& output) {
 
 void sortSections(std::vector<InspectorSection>& sections) {
     // The name, then what the layer is, and only then where, when and how.
-    constexpr std::array<std::string_view, 5> last{"Place", "Time", "Enter", "Exit", "Effects"};
+    constexpr std::array<std::string_view, 6> last{"Place", "Transform", "Time", "Enter", "Exit", "Effects"};
     const auto rank = [&](const InspectorSection& section) {
         const auto at = std::ranges::find(last, section.title);
         return section.title.empty() ? -1 : at == last.end() ? 0 : int(at - last.begin()) + 1;
@@ -79,7 +84,39 @@ void sortSections(std::vector<InspectorSection>& sections) {
     std::ranges::stable_sort(sections, {}, rank);
 }
 
-Inspection ofLayers(const EditState& state, const std::vector<LayerPlace>& places) {
+// The words of the text that an emphasis picks from.
+void showWords(InspectorRow& row, const CompositionLayer& layer) {
+    const auto* const text = std::get_if<TextContent>(&layer.content);
+    if (row.control != InspectorRow::Control::picks || !text) return;
+    for (const KineticMath::Word& word : KineticMath::words(text->text)) row.words.emplace_back(word.text);
+}
+
+void addCorner(
+    Inspection& shown, const EditState& state, const LayerPlace& place, const InspectionContext& context) {
+    const CompositionLayer& layer = state.spec.scenes[place.scene].layers[place.layer];
+    const auto size = context.sizes ? context.sizes->of(layer, state.spec, context.assetRoot) : std::nullopt;
+    if (!size) return;
+    InspectorRow row;
+    row.path = JsonPointer() / std::string(cornerKey);
+    row.control = InspectorRow::Control::numbers;
+    row.label = "Corner";
+    row.help = "The left upper corner of the layer, in pixels of the canvas.";
+    row.parts = {"x", "y"};
+    row.unit = Unit::pixels;
+    row.range = {-std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity(), 1, 1};
+    row.step = 1;
+    JsonObject corner;
+    corner.set("x", Json(layer.position.x - size->width / 2));
+    corner.set("y", Json(layer.position.y - size->height / 2));
+    row.value = Json(std::move(corner));
+    const auto section = std::ranges::find(shown.sections, "Place", &InspectorSection::title);
+    if (section == shown.sections.end()) return;
+    section->rows.insert(
+        section->rows.begin() + std::min<std::ptrdiff_t>(1, std::ssize(section->rows)), std::move(row));
+}
+
+Inspection ofLayers(
+    const EditState& state, const std::vector<LayerPlace>& places, const InspectionContext& context) {
     std::vector<const void*> records;
     for (const LayerPlace& place : places)
         records.push_back(&state.spec.scenes[place.scene].layers[place.layer]);
@@ -92,10 +129,15 @@ Inspection ofLayers(const EditState& state, const std::vector<LayerPlace>& place
         if (tokens.front() == "tracks") continue;   // the timeline shows them
         // Named motions are given by the gallery, which lays them out at once.
         if (tokens.size() > 1 && (tokens[1] == "motionPreset" || tokens[1] == "choreographyPreset")) continue;
+        // Effects are added from a menu of their kinds.
+        if (tokens.front() == "effects" && row.control == InspectorRow::Control::adder) continue;
         row.isSetByPreset = isBakedAway(first.origin, row.path);
         showInPixels(row, state.spec.output);
+        showWords(row, first);
         put(shown.sections, sectionOf(row.path, first), std::move(row));
     }
+    if (places.size() == 1) addCorner(shown, state, places[0], context);
+    shown.sections.push_back(keyframeRows(state, places, context.atSec));
     sortSections(shown.sections);
     return shown;
 }
@@ -125,7 +167,9 @@ Inspection ofDocument(const EditState& state) {
         else if (key == "background")
             put(shown.sections, "Background", std::move(row));
         else if (key == "audio")
-            put(shown.sections, "Music", std::move(row));
+            put(shown.sections,
+                row.path.tokens().size() > 1 && row.path.tokens()[1] == "cues" ? "Sounds" : "Music",
+                std::move(row));
         else if (key == "seed")
             put(shown.sections, "Chance", std::move(row));
     }
@@ -136,17 +180,17 @@ Inspection ofDocument(const EditState& state) {
 
 bool InspectorRow::isLike(const InspectorRow& other) const {
     return path == other.path && control == other.control && isOptional == other.isOptional &&
-           words == other.words && parts == other.parts && unit == other.unit && depth == other.depth &&
-           label == other.label;
+           words == other.words && parts == other.parts && keyed.has_value() == other.keyed.has_value() &&
+           unit == other.unit && depth == other.depth && label == other.label;
 }
 
-Inspection inspection(const EditState& state) {
+Inspection inspection(const EditState& state, const InspectionContext& context) {
     std::vector<LayerPlace> places = state.selection.layers();
     std::erase_if(places, [&](const LayerPlace& place) {
         return place.scene >= state.spec.scenes.size() ||
                place.layer >= state.spec.scenes[place.scene].layers.size();
     });
-    if (!places.empty()) return ofLayers(state, places);
+    if (!places.empty()) return ofLayers(state, places, context);
     if (state.selection.scene && *state.selection.scene < state.spec.scenes.size())
         return ofScene(state, *state.selection.scene);
     return ofDocument(state);

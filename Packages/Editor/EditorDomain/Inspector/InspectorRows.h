@@ -8,11 +8,15 @@
 #include "TavixCore/Support/Unit.h"
 #include "TavixLive/Operations/EditState.h"
 
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tavix {
+
+class ContentSizes;
 
 struct InspectorRow {
     enum class Control {
@@ -31,10 +35,20 @@ struct InspectorRow {
         alternative,   // which of `words` the value is; what it then holds follows as rows of its own
         presence,      // whether the value is there; likewise
         element,       // of a list: its name, with a way to take it out
+        adder,         // one more for a list
+        picks,         // some of `words`, by their indices
         note           // told, not edited here
     };
 
-    JsonPointer path;   // in the document, the scene or the layer
+    // Where among keyframes the playhead stands. Times are of the film.
+    struct Keyed {
+        std::optional<AnimProperty> property;   // absent: of the device as a whole
+        bool isAnimated = false, isHere = false;
+        std::optional<double> beforeSec, nextSec;
+        bool operator==(const Keyed&) const = default;
+    };
+
+    JsonPointer path;   // in the document, the scene or the layer; of keyframes and the corner a name alone
     Control control = Control::note;
     std::string label, help;
     int depth = 0;
@@ -50,6 +64,8 @@ struct InspectorRow {
     double shownTimes = 1;   // what is shown is the value times this
     Role role = Role::none;
     std::vector<std::string> words, parts;
+    std::vector<std::string> wordNames;   // what is shown for the words, where they do not say it well
+    std::optional<Keyed> keyed;
 
     bool operator==(const InspectorRow&) const = default;
     // Whether a control made for the other one serves this one, too.
@@ -68,8 +84,16 @@ struct Inspection {
     bool operator==(const Inspection&) const = default;
 };
 
+struct InspectionContext {
+    double atSec = 0;   // the playhead
+    std::optional<std::filesystem::path> assetRoot = {};
+    ContentSizes* sizes = nullptr;   // absent: rows that need a layer's size are left out
+};
 // Of the selected layers, of the selected scene, or of the document.
-Inspection inspection(const EditState& state);
+Inspection inspection(const EditState& state, const InspectionContext& context = {});
+
+// Where a layer's left upper corner stands, from which its position follows.
+inline constexpr std::string_view cornerKey = "corner";
 
 // "maxWidthFraction" is "Max width".
 std::string labelOfKey(std::string_view key);

@@ -1,6 +1,7 @@
 #include "Editor/EditorDomain/Inspector/RowWalk.h"
 
 #include "TavixCore/Animation/TimingCurve.h"
+#include "TavixCore/Device/DeviceCatalog.h"
 #include "TavixCore/Document/ShapeFill.h"
 #include "TavixCore/Support/Choice.h"
 #include "TavixCore/Support/Codec.h"
@@ -56,6 +57,10 @@ std::optional<Control> controlOf(const Type& type, const Field& row) {
         if (is<TimingCurve>(type)) return Control::curve;
         if (is<BackgroundFill>(type) || is<ShapeFill>(type)) return Control::fill;
         return is<KineticSelector>(type) ? std::optional(Control::kinetic) : std::nullopt;
+    case Type::Kind::list:
+        return static_cast<const ListType&>(type).element().kind == Type::Kind::integer
+                   ? std::optional(Control::picks)
+                   : std::nullopt;
     default: return std::nullopt;
     }
 }
@@ -216,28 +221,49 @@ private:
         }
     }
 
-    // Unions in a list are edited one by one, as effects are; of other lists it is told how long they are.
+    // Elements of a list are edited one by one; of several layers' lists it is told how long they are. Lists
+    // of keyframes are the timeline's.
     void list(
         const Field& field, const ListType& type, const Values& values, const JsonPointer& at, int depth) {
         const std::size_t count = type.size(values[0]);
         const Type& element = type.element();
-        if (element.kind == Type::Kind::choice && values.size() == 1) {
-            const auto& choice = static_cast<const ChoiceType&>(element);
-            for (std::size_t i = 0; i < count; ++i) {
-                const void* const one = type.at(const_cast<void*>(values[0]), i);
-                InspectorRow row = rowFor(field, at / i, depth, Control::element);
-                row.label = labelOfKey(choice.heldBy(one).tag);
-                row.isAtRest = false;
-                rows.push_back(std::move(row));
-                alternative(choice, {one}, at / i, depth + 1, field);
-            }
+        const bool isUnion = element.kind == Type::Kind::choice;
+        if (!isUnion && element.kind != Type::Kind::record) return;
+        if (!isUnion && isKeyframe(static_cast<const RecordType&>(element))) return;
+        if (values.size() > 1) {
+            if (count == 0) return;
+            InspectorRow row = rowFor(field, at, depth, Control::note);
+            row.value = Json(count);
+            row.isMixed =
+                std::ranges::any_of(values, [&](const void* one) { return type.size(one) != count; });
+            rows.push_back(std::move(row));
             return;
         }
-        if (count == 0) return;
-        InspectorRow row = rowFor(field, at, depth, Control::note);
-        row.value = Json(count);
-        row.isMixed = std::ranges::any_of(values, [&](const void* one) { return type.size(one) != count; });
-        rows.push_back(std::move(row));
+        for (std::size_t i = 0; i < count; ++i) {
+            const void* const one = type.at(const_cast<void*>(values[0]), i);
+            InspectorRow row = rowFor(field, at / i, depth, Control::element);
+            row.isAtRest = false;
+            if (isUnion) {
+                const auto& choice = static_cast<const ChoiceType&>(element);
+                row.label = labelOfKey(choice.heldBy(one).tag);
+                rows.push_back(std::move(row));
+                alternative(choice, {one}, at / i, depth + 1, field);
+            } else {
+                row.label = singular(row.label) + " " + std::to_string(i + 1);
+                rows.push_back(std::move(row));
+                record(static_cast<const RecordType&>(element), {one}, at / i, depth + 1);
+            }
+        }
+        InspectorRow adder = rowFor(field, at, depth, Control::adder);
+        adder.label = singular(adder.label);
+        rows.push_back(std::move(adder));
+    }
+
+    static bool isKeyframe(const RecordType& record) { return record.find("t") || record.find("tSec"); }
+    // "Cues" are some "Cue".
+    static std::string singular(std::string label) {
+        if (label.ends_with('s') && !label.ends_with("is") && !label.ends_with("ss")) label.pop_back();
+        return label;
     }
 
     static void describe(InspectorRow& row, const Field& field, const Type& type) {
@@ -257,6 +283,13 @@ private:
         if (field.role == Role::textAnimation) {
             row.control = Control::word;
             for (const std::string_view name : KineticVocabulary::presetIDs) row.words.emplace_back(name);
+        }
+        if (field.role == Role::device) {
+            row.control = Control::word;
+            for (const BundledDevice& device : DeviceCatalog::all()) {
+                row.words.push_back(device.id);
+                row.wordNames.push_back(device.displayName);
+            }
         }
         if (field.key == "alignment") {
             row.control = Control::word;

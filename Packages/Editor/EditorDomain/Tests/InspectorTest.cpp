@@ -1,6 +1,8 @@
 // The rows of the inspector, and what its controls write.
+#include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "Editor/EditorDomain/Inspector/Themes.h"
+#include "TavixCore/Support/Document.h"
 #include "TavixLive/Operations/LayerOperations.h"
 
 #include <gmock/gmock.h>
@@ -71,7 +73,7 @@ TEST(InspectorRows, EveryKindOfLayerHasRowsThatCanBeSetToWhatTheyShow) {
                 EXPECT_FALSE(row.label.empty()) << row.path.text();
                 EXPECT_FALSE(row.help.empty()) << row.path.text();
                 const bool isWhole = row.control < Control::alternative;
-                if (!isWhole || row.path.text() == "/durationSec") continue;
+                if (!isWhole || row.keyed || row.path.text() == "/durationSec") continue;
                 EXPECT_EQ(InspectorEdit::set(state, row.path, row.value), std::nullopt) << row.path.text();
                 EXPECT_EQ(state, before) << kind.label << row.path.text();
             }
@@ -136,6 +138,71 @@ TEST(InspectorRows, AFormIsChosenAnew) {
     EXPECT_THAT(rowAt(state, "/device/screen").words, testing::IsSupersetOf({"still", "video"}));
     InspectorEdit::setAlternative(state, JsonPointer::parse("/device/screen"), "video");
     EXPECT_TRUE(std::holds_alternative<VideoClip>(state.content<DeviceContent>(0, 0)->screen));
+}
+
+TEST(InspectorRows, ElementsOfListsAreEditedAddedAndTakenAway) {
+    EditState state = withLayers({ContentKind::text});
+    state.content<TextContent>(0, 0)->text = "Ship it today";
+    const JsonPointer emphasis = JsonPointer::parse("/text/emphasis");
+    EXPECT_EQ(rowAt(state, "/text/emphasis").control, Control::adder);
+    InspectorEdit::append(state, emphasis, 0);
+    InspectorEdit::append(state, emphasis, 0);
+    auto& spans = state.content<TextContent>(0, 0)->emphasis;
+    ASSERT_EQ(spans.size(), 2u);
+    EXPECT_THAT(spans[1].wordIndices, testing::ElementsAre(1));   // the next word that has none
+    const InspectorRow words = rowAt(state, "/text/emphasis/1/wordIndices");
+    EXPECT_EQ(words.control, Control::picks);
+    EXPECT_THAT(words.words, testing::ElementsAre("Ship", "it", "today"));
+    EXPECT_EQ(InspectorEdit::set(state, words.path, parseJson("[0, 2]")), std::nullopt);
+    EXPECT_THAT(state.content<TextContent>(0, 0)->emphasis[1].wordIndices, testing::ElementsAre(0, 2));
+    EXPECT_EQ(rowAt(state, "/text/emphasis/0").label, "Emphasis 1");
+    EXPECT_EQ(InspectorEdit::remove(state, emphasis / std::size_t(0)), std::nullopt);
+    ASSERT_EQ(state.content<TextContent>(0, 0)->emphasis.size(), 1u);
+    EXPECT_THAT(state.content<TextContent>(0, 0)->emphasis[0].wordIndices, testing::ElementsAre(0, 2));
+}
+
+TEST(InspectorRows, SoundsAreAddedAtThePlayhead) {
+    EditState state = withLayers({});
+    state.selection = {};
+    setTrack(state, "song.mp3");
+    InspectorEdit::append(state, JsonPointer::parse("/audio/cues"), 1.5);
+    const InspectorRow at = rowAt(state, "/audio/cues/0/atSec");
+    EXPECT_EQ(at.value, Json(1.5));
+    EXPECT_EQ(InspectorEdit::set(state, at.path, Json(2)), std::nullopt);
+    EXPECT_EQ(state.spec.audio->cues[0].atSec, 2);
+}
+
+TEST(InspectorRows, ScreensOfAFormationKeepTheirsWhenOneIsAdded) {
+    EditState state = withLayers({ContentKind::device});
+    const JsonPointer screens = JsonPointer::parse("/device/screens");
+    InspectorEdit::append(state, screens, 0);
+    std::get<StillScreen>(state.content<DeviceContent>(0, 0)->screens[0]).path = "one.png";
+    InspectorEdit::append(state, screens, 0);
+    const auto& all = state.content<DeviceContent>(0, 0)->screens;
+    ASSERT_EQ(all.size(), 2u);
+    EXPECT_EQ(std::get<StillScreen>(all[0]).path, "one.png");
+}
+
+TEST(InspectorRows, DevicesAreChosenFromTheCatalog) {
+    const EditState state = withLayers({ContentKind::device});
+    const InspectorRow model = rowAt(state, "/device/mockup/bundledID");
+    EXPECT_EQ(model.control, Control::word);
+    ASSERT_EQ(model.words.size(), model.wordNames.size());
+    EXPECT_THAT(model.wordNames, testing::Contains(testing::HasSubstr("iPhone 16 Pro")));
+}
+
+TEST(InspectorRows, ACornerIsHalfASizeFromThePosition) {
+    EditState state = withLayers({ContentKind::shape});   // 0.3 of the canvas each way
+    state.layer(0, 0)->position = {500, 900};
+    ContentSizes sizes;
+    const Inspection shown = inspection(state, {.sizes = &sizes});
+    const InspectorRow* const corner = find(shown, "/corner");
+    ASSERT_TRUE(corner);
+    EXPECT_NEAR(corner->value.find("x")->doubleValue().value(), 500 - 0.15 * 1080, 1e-9);
+    EXPECT_FALSE(find(inspection(state), "/corner"));
+    InspectorEdit::setCorner(state, "x", 0, 0.3 * 1080);
+    EXPECT_NEAR(state.layer(0, 0)->position.x, 162, 1e-9);
+    EXPECT_EQ(state.layer(0, 0)->position.y, 900);
 }
 
 TEST(InspectorEdit, TimesGoThroughTheirRules) {
