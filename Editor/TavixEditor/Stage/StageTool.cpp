@@ -65,6 +65,8 @@ void StageTool::mapDocument() {
         lifeline_.guard([this](system::Outcome<std::shared_ptr<const StageMap>>& outcome) {
             isMapping_ = false;
             if (!outcome.hasFailed() && model_.state.isLoaded()) map_ = outcome.value();
+            // What is under the pointer may have another size now.
+            if (hovered_ && map_) hovered_ = map_->layer(hovered_->place, model_.state.currentTime());
             if (isStale_) return mapDocument();
             if (onChange) onChange();
         }));

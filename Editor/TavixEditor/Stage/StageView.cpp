@@ -40,7 +40,7 @@ constexpr double titleSafe = 0.90, actionSafe = 0.93;
 }   // namespace
 
 StageView::StageView(Studio& studio, QWidget* parent)
-    : QWidget(parent), model_(studio.model), tool_(studio, viewport_) {
+    : QWidget(parent), model_(studio.model), tool_(studio, viewport_), nudging_(studio.model) {
     tool_.onChange = [this] { update(); };
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -225,10 +225,10 @@ void StageView::keyPressEvent(QKeyEvent* event) {
     const double step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
     const auto selected = tool_.selected();
     switch (event->key()) {
-    case Qt::Key_Left: return tool_.nudge(-step, 0);
-    case Qt::Key_Right: return tool_.nudge(step, 0);
-    case Qt::Key_Up: return tool_.nudge(0, -step);
-    case Qt::Key_Down: return tool_.nudge(0, step);
+    case Qt::Key_Left: return nudge(-step, 0);
+    case Qt::Key_Right: return nudge(step, 0);
+    case Qt::Key_Up: return nudge(0, -step);
+    case Qt::Key_Down: return nudge(0, step);
     case Qt::Key_Escape:
         if (tool_.isDragging()) return tool_.cancel();
         return model_.clearSelection();
@@ -242,6 +242,21 @@ void StageView::keyPressEvent(QKeyEvent* event) {
     default: break;
     }
     QWidget::keyPressEvent(event);
+}
+
+void StageView::nudge(double dxPx, double dyPx) {
+    if (tool_.selected()) nudging_.press("Nudge layer");
+    tool_.nudge(dxPx, dyPx);
+}
+
+void StageView::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) nudging_.letGo();
+    QWidget::keyReleaseEvent(event);
+}
+
+void StageView::focusOutEvent(QFocusEvent* event) {
+    nudging_.letGo();
+    QWidget::focusOutEvent(event);
 }
 
 void StageView::editText(const StagePlace& place) {

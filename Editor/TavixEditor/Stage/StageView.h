@@ -2,6 +2,7 @@
 // it. Frames are drawn elsewhere, off the main thread: to show one is a plain copy.
 #pragma once
 
+#include "TavixEditor/App/HeldGesture.h"
 #include "TavixEditor/Stage/StageTool.h"
 #include "TavixEditor/Stage/StageViewport.h"
 #include "TavixLive/Observing/Observable.h"
@@ -14,7 +15,6 @@
 #include <optional>
 
 namespace tavix {
-class CompositionEditorModel;
 struct StagePicture;
 }   // namespace tavix
 
@@ -46,6 +46,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
@@ -57,11 +59,13 @@ private:
     void drawSafeAreas(QPainter& painter) const;
     void drawHoverText(QPainter& painter) const;
     void editText(const StagePlace& place);
+    void nudge(double dxPx, double dyPx);
     std::vector<AccessiblePart> accessibleLayers() const;
 
     CompositionEditorModel& model_;
     StageViewport viewport_;
     StageTool tool_;
+    HeldGesture nudging_;
     QImage image_;
     QSize room_;
     bool showsSafeAreas_ = false;

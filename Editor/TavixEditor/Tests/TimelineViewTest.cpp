@@ -201,6 +201,36 @@ TEST_F(TimelineViewTest, CopiesAndPastesThroughTheClipboard) {
     EXPECT_EQ(studio.model.state.statusMessage(), "There are no layers on the clipboard.");
 }
 
+TEST_F(TimelineViewTest, AHeldKeyNudgesInOneStep) {
+    studio.model.selectLayer(0, 1);
+    const std::size_t before = studio.model.history().undoName() ? 1 : 0;
+    const auto press = [&](QEvent::Type type, bool isRepeat) {
+        QKeyEvent event(type, Qt::Key_Right, Qt::AltModifier, QString(), isRepeat);
+        QApplication::sendEvent(canvas.get(), &event);
+    };
+    for (int i = 0; i < 6; ++i) press(QEvent::KeyPress, i > 0);
+    press(QEvent::KeyRelease, false);
+    EXPECT_NEAR(studio.layer(1).fromSec, 1 + 6 / 30.0, 1e-9);
+    press(QEvent::KeyPress, false);
+    press(QEvent::KeyRelease, false);
+    studio.model.undo();
+    EXPECT_NEAR(studio.layer(1).fromSec, 1 + 6 / 30.0, 1e-9);
+    studio.model.undo();
+    EXPECT_EQ(studio.layer(1).fromSec, 1);
+    EXPECT_EQ(studio.model.history().undoName() != nullptr, before != 0);
+}
+
+TEST_F(TimelineViewTest, ABarGoesToTheRowWhereItIsLetGoAndItsTimeStays) {
+    // Down by a row, and a little to the side.
+    drag(inRow(200, 1), inRow(202, 2));
+    const auto& layers = studio.model.state.edited().spec.scenes[0].layers;
+    EXPECT_EQ(std::get<TextContent>(layers[0].content).text, "Middle");
+    EXPECT_EQ(layers[0].fromSec, 1);
+    EXPECT_EQ(selection(), (Selection{0, 0, {}}));
+    studio.model.undo();
+    EXPECT_EQ(std::get<TextContent>(studio.layer(1).content).text, "Middle");
+}
+
 TEST_F(TimelineViewTest, TellsScreenReadersOfItsBars) {
     QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(canvas.get());
     ASSERT_TRUE(list);

@@ -1,6 +1,5 @@
 #include "TavixEditor/Timeline/MusicPicture.h"
 
-#include "TavixCore/Document/BeatAnalysis.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixPlatform/Media/AudioReader.h"
 
@@ -35,7 +34,7 @@ MusicPicture pictureOfMusic(const std::filesystem::path& file) {
         }
         picture.wave = std::make_shared<const Waveform>(samples, rateHz);
         if (const auto beside = BeatAnalysis::sidecarPath(file); std::filesystem::exists(beside))
-            picture.dropSec = decodeFile<BeatAnalysis>(beside).dropSec;
+            picture.heard = decodeFile<BeatAnalysis>(beside);
     } catch (const std::exception&) {
         // Lint tells of music that cannot be read; here there is nothing to be seen.
     }

@@ -1,7 +1,8 @@
-// What a piece of music looks like: its waveform, and where it was heard to drop. Made off the main thread.
+// What a piece of music looks like: its waveform, and what was heard in it. Made off the main thread.
 #pragma once
 
 #include "Editor/EditorDomain/Timeline/Waveform.h"
+#include "TavixCore/Document/BeatAnalysis.h"
 
 #include <filesystem>
 #include <functional>
@@ -14,7 +15,7 @@ namespace tavix::editor {
 
 struct MusicPicture {
     std::shared_ptr<const Waveform> wave;   // null: it cannot be heard
-    std::optional<double> dropSec;          // in its file
+    std::optional<BeatAnalysis> heard;      // where an analysis lies beside the file
 };
 
 // Throws nothing: what cannot be read has no picture. Takes a second for some minutes of music.

@@ -24,7 +24,7 @@ constexpr int playheadReach = 5;   // of its knob, to either side
 }   // namespace
 
 TimelineCanvas::TimelineCanvas(CompositionEditorModel& model, QWidget* parent)
-    : QWidget(parent), model_(model) {
+    : QWidget(parent), model_(model), nudging_(model) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -143,8 +143,9 @@ void TimelineCanvas::setScroll(double x, int y) {
     if (onView) onView();
 }
 
-void TimelineCanvas::setWaveform(std::shared_ptr<const Waveform> wave, std::optional<double> dropSec) {
-    painter_.setWaveform(std::move(wave), dropSec);
+void TimelineCanvas::setMusic(
+    std::shared_ptr<const Waveform> wave, const std::optional<BeatAnalysis>& heard) {
+    painter_.setMusic(std::move(wave), heard);
     update();
 }
 
@@ -177,6 +178,12 @@ QPointF TimelineCanvas::contentPoint(const QPointF& inWidget) const {
     const double x = inWidget.x() + scrollX_, y = inWidget.y();
     if (y < Layout::headHeight) return {x, y};
     return {x, y < lanesBottom() ? y + scrollY_ : y - lanesBottom() + layout_.soundTop(scene_)};
+}
+
+// Of the layers, where the pointer is over them; beyond the last one it is the one below all.
+std::optional<int> TimelineCanvas::rowAt(const QPointF& content) const {
+    if (content.y() < Layout::headHeight || content.y() >= layout_.soundTop(scene_)) return std::nullopt;
+    return int((content.y() - layout_.laneTop(0)) / (Layout::rowHeight + Layout::rowSpacing));
 }
 
 void TimelineCanvas::paintPart(QPainter& painter, const QRect& rect, Strip strip) {
@@ -225,6 +232,7 @@ void TimelineCanvas::focusInEvent(QFocusEvent*) {
 }
 
 void TimelineCanvas::focusOutEvent(QFocusEvent*) {
+    nudging_.letGo();
     if (onFocus) onFocus(false);
 }
 

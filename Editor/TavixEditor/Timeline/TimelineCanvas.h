@@ -4,6 +4,7 @@
 
 #include "Editor/EditorDomain/Timeline/TimelineDrag.h"
 #include "Editor/EditorDomain/Timeline/TimelineLayout.h"
+#include "TavixEditor/App/HeldGesture.h"
 #include "TavixEditor/Timeline/TimelinePainter.h"
 #include "TavixLive/Observing/Observable.h"
 
@@ -14,10 +15,6 @@
 #include <memory>
 #include <optional>
 #include <vector>
-
-namespace tavix {
-class CompositionEditorModel;
-}
 
 namespace tavix::editor {
 
@@ -39,7 +36,7 @@ public:
     void setZoom(double zoom);   // the playhead stays where it is, or the middle when it is not in sight
     void setScroll(double x, int y);
     void setSnapping(bool isOn) { isSnapping_ = isOn; }
-    void setWaveform(std::shared_ptr<const Waveform> wave, std::optional<double> dropSec);
+    void setMusic(std::shared_ptr<const Waveform> wave, const std::optional<BeatAnalysis>& heard);
     void activateBar(std::size_t bar);
     // The geometry has changed: scroll bars and labels beside the canvas follow.
     std::function<void()> onView;
@@ -58,6 +55,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent*) override;
     void wheelEvent(QWheelEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
+    void keyReleaseEvent(QKeyEvent*) override;
     void contextMenuEvent(QContextMenuEvent*) override;
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
@@ -69,6 +67,7 @@ private:
         timeline::Hit hit;
         QPointF at;   // in the content
         Qt::KeyboardModifiers modifiers;
+        bool isAcross = false;   // it has gone along the film, not only to another row
     };
 
     enum class Strip { head, lanes, foot };
@@ -78,6 +77,7 @@ private:
     void movePlayhead();
     QRect playheadRect() const;
     double playheadX() const;
+    std::optional<int> rowAt(const QPointF& content) const;
     QPointF contentPoint(const QPointF& inWidget) const;
     timeline::Hit hitAt(const QPointF& inWidget) const;
     void scrub(double contentX);
@@ -116,6 +116,7 @@ private:
     std::vector<timeline::Drag::MarkPlace> marks_;   // selected
     timeline::Hit hover_;
     Selection toldSelection_;   // to screen readers
+    HeldGesture nudging_;
     TimelinePainter painter_;
     Connections connections_;
 };

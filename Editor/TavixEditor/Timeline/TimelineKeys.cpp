@@ -46,6 +46,11 @@ void TimelineCanvas::keyPressEvent(QKeyEvent* event) {
     if (!handleKey(*event, false)) QWidget::keyPressEvent(event);
 }
 
+void TimelineCanvas::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) nudging_.letGo();
+    QWidget::keyReleaseEvent(event);
+}
+
 bool TimelineCanvas::handleKey(const QKeyEvent& event, bool isOnlyAsked) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     const bool isPlain = modifiers == Qt::NoModifier, isAlt = modifiers == Qt::AltModifier;
@@ -87,7 +92,12 @@ bool TimelineCanvas::handleKey(const QKeyEvent& event, bool isOnlyAsked) {
     case Qt::Key_Right: {
         const int sign = event.key() == Qt::Key_Left ? -1 : 1;
         const double by = sign * frameSec() * (isShift ? framesOfLargeStep : 1);
-        if (isAlt) return step(tr("Nudge"), [&](EditState& state) { nudgeSelection(state, by); });
+        if (isAlt)
+            return does([&] {
+                nudging_.press(tr("Nudge").toStdString());
+                model_.update(
+                    tr("Nudge").toStdString(), [&](EditState& state) { nudgeSelection(state, by); });
+            });
         if (isControl) return does([&] { moveSelection(0, sign); });
         return (isPlain || isShift) && does([&] {
             model_.seek(model_.state.currentTime() + by);

@@ -67,9 +67,10 @@ void TimelineCanvas::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = contentPoint(event->position());
     if (isScrubbing_) return scrub(at.x());
     if (!drag_ && !rubberBand_) {
-        if (std::abs(at.x() - press_->at.x()) <= dragThresholdPoints &&
-            !(press_->hit.part == Part::nothing && std::abs(at.y() - press_->at.y()) > dragThresholdPoints))
-            return;
+        const double across = std::abs(at.x() - press_->at.x()), down = std::abs(at.y() - press_->at.y());
+        const bool isToRow = press_->hit.part == Part::barBody && down > Layout::rowHeight / 2.0;
+        const bool isBand = press_->hit.part == Part::nothing && down > dragThresholdPoints;
+        if (across <= dragThresholdPoints && !isToRow && !isBand) return;
         startDrag();
     }
     if (drag_)
@@ -103,11 +104,13 @@ void TimelineCanvas::startDrag() {
 }
 
 void TimelineCanvas::pullDrag(const QPointF& content, Qt::KeyboardModifiers modifiers) {
-    const Drag::Pull pull{.toSec = layout_.scale.secOf(content.x()),
+    press_->isAcross = press_->isAcross || std::abs(content.x() - press_->at.x()) > dragThresholdPoints;
+    const Drag::Pull pull{.toSec = layout_.scale.secOf(press_->isAcross ? content.x() : press_->at.x()),
         .playheadSec = model_.state.currentTime(),
         .pps = layout_.scale.pps(),
         .isSnapping = isSnapping_ && snapsWith(modifiers),
-        .stretches = modifiers.testFlag(Qt::AltModifier)};
+        .stretches = modifiers.testFlag(Qt::AltModifier),
+        .row = rowAt(content)};
     model_.update(drag_->stepName(), [&](EditState& state) { state = drag_->at(pull); });
 }
 

@@ -51,9 +51,10 @@ void TimelinePainter::forget() {
     diamonds_[0] = diamonds_[1] = {};
 }
 
-void TimelinePainter::setWaveform(std::shared_ptr<const Waveform> wave, std::optional<double> dropSec) {
+void TimelinePainter::setMusic(
+    std::shared_ptr<const Waveform> wave, const std::optional<BeatAnalysis>& heard) {
     wave_ = std::move(wave);
-    dropSec_ = dropSec;
+    heard_ = heard;
 }
 
 const QStaticText& TimelinePainter::label(
@@ -236,6 +237,7 @@ void TimelinePainter::paintSound(QPainter& painter, const Shown& shown, const QR
 
 void TimelinePainter::paintWave(QPainter& painter, const Shown& shown, const QRect& strip) const {
     painter.fillRect(strip, laneColor());
+    paintSections(painter, shown, strip);
     if (!wave_ || wave_->isEmpty()) return;
     const Layout& layout = shown.layout;
     const double ratio = shown.pixelRatio, middle = strip.center().y() + 0.5, half = strip.height() / 2.0 - 3;
@@ -252,8 +254,32 @@ void TimelinePainter::paintWave(QPainter& painter, const Shown& shown, const QRe
     }
     painter.setPen(QPen(Style::theme().wave, 1 / ratio));
     painter.drawLines(lines.data(), int(lines.size()));
-    if (!dropSec_) return;
-    const double x = layout.scale.xOf(*dropSec_ - shown.scene.musicStartsAtSec);
+    paintDrop(painter, shown, strip);
+}
+
+// The louder a section is, the more ground it has.
+void TimelinePainter::paintSections(QPainter& painter, const Shown& shown, const QRect& strip) const {
+    constexpr double quietDb = -40, mostAlpha = 0.22;
+    if (!heard_) return;
+    const auto xOf = [&](double fileSec) {
+        return shown.layout.scale.xOf(
+            std::clamp(fileSec - shown.scene.musicStartsAtSec, 0.0, shown.scene.totalSec));
+    };
+    for (std::size_t i = 0; i < heard_->sections.size(); ++i) {
+        const bool isLast = i + 1 == heard_->sections.size();
+        const double from = xOf(heard_->sections[i].startSec),
+                     to = xOf(isLast ? heard_->durationSec : heard_->sections[i + 1].startSec);
+        if (to - from < 1 || !isIn(strip, from, to)) continue;
+        const double loudness = std::clamp(1 - heard_->sections[i].meanRmsDb / quietDb, 0.0, 1.0);
+        painter.fillRect(QRectF(from, strip.top(), to - from, strip.height()),
+            withAlpha(Style::theme().wave, mostAlpha * loudness));
+        painter.fillRect(QRectF(std::floor(from), strip.top(), 1, strip.height()), Style::theme().hairline);
+    }
+}
+
+void TimelinePainter::paintDrop(QPainter& painter, const Shown& shown, const QRect& strip) const {
+    if (!heard_ || !heard_->dropSec) return;
+    const double x = shown.layout.scale.xOf(*heard_->dropSec - shown.scene.musicStartsAtSec);
     if (!isIn(strip, x, x + 40)) return;
     painter.fillRect(QRectF(std::floor(x), strip.top(), 1.5, strip.height()), Style::theme().warning);
     painter.setPen(Style::theme().warning);

@@ -6,6 +6,7 @@
 #include "Editor/EditorDomain/Timeline/TimelineDrag.h"
 #include "Editor/EditorDomain/Timeline/TimelineLayout.h"
 #include "Editor/EditorDomain/Timeline/Waveform.h"
+#include "TavixCore/Document/BeatAnalysis.h"
 #include "TavixLive/Playback/DrawAhead.h"
 
 #include <QPixmap>
@@ -33,7 +34,8 @@ public:
 
     // Texts of bars and bands are shaped again for the next drawing.
     void forget();
-    void setWaveform(std::shared_ptr<const Waveform> wave, std::optional<double> dropSec);
+    // What was heard in it: its sections and its drop are drawn behind the waveform.
+    void setMusic(std::shared_ptr<const Waveform> wave, const std::optional<BeatAnalysis>& heard);
 
     // `content` is a rectangle of the content, and the painter's own coordinates.
     void paintHead(QPainter& painter, const Shown& shown, const QRect& content);
@@ -47,6 +49,8 @@ private:
     void paintBar(QPainter& painter, const Shown& shown, std::size_t index, const QRectF& box);
     void paintSound(QPainter& painter, const Shown& shown, const QRect& content) const;
     void paintWave(QPainter& painter, const Shown& shown, const QRect& strip) const;
+    void paintSections(QPainter& painter, const Shown& shown, const QRect& strip) const;
+    void paintDrop(QPainter& painter, const Shown& shown, const QRect& strip) const;
     void paintKeyframes(QPainter& painter, const Shown& shown, const QRect& content);
     const QStaticText& label(
         std::vector<QStaticText>& cache, std::size_t index, const std::string& text) const;
@@ -55,7 +59,7 @@ private:
     std::vector<QStaticText> barLabels_, bandLabels_;
     QPixmap diamonds_[2];
     std::shared_ptr<const Waveform> wave_;
-    std::optional<double> dropSec_;   // in the music's file
+    std::optional<BeatAnalysis> heard_;   // its times are of the music's file
 };
 
 }   // namespace tavix::editor

@@ -41,6 +41,7 @@ private:
     void follow();
     void showSelection();
     void showMusic();
+    void showHeard();
 
     CompositionEditorModel& model_;
     TimelineCanvas* canvas_;
@@ -50,6 +51,7 @@ private:
     QLabel* summary_ = nullptr;
     QWidget* focusLine_ = nullptr;
     std::filesystem::path music_;   // whose picture is shown, or on its way
+    MusicPicture picture_;
     Connections connections_;
 };
 
@@ -90,6 +92,7 @@ TimelinePanel::TimelinePanel(CompositionEditorModel& model, QWidget* parent)
         down_, &QScrollBar::valueChanged, this, [this](int y) { canvas_->setScroll(canvas_->scrollX(), y); });
     connections_.push_back(tavix::show([this] { showSelection(); }, model_.state.edited));
     connections_.push_back(tavix::show([this] { showMusic(); }, model_.state.edited, model_.state.bundle));
+    connections_.push_back(watch([this] { showHeard(); }, model_.state.musicAnalysis));
     follow();
 }
 
@@ -154,11 +157,20 @@ void TimelinePanel::showMusic() {
     if (!file.empty() && file.is_relative() && model_.state.bundle()) file = *model_.state.bundle() / file;
     if (file == music_) return;
     music_ = file;
-    canvas_->setWaveform(nullptr, std::nullopt);
+    picture_ = {};
+    showHeard();
     if (file.empty()) return;
     loadMusicPicture(file, this, [this, file](const MusicPicture& picture) {
-        if (file == music_) canvas_->setWaveform(picture.wave, picture.dropSec);
+        if (file != music_) return;
+        picture_ = picture;
+        showHeard();
     });
+}
+
+// What was heard just now is newer than what lies beside the file.
+void TimelinePanel::showHeard() {
+    const auto& heard = model_.state.musicAnalysis();
+    canvas_->setMusic(picture_.wave, heard ? heard : picture_.heard);
 }
 
 }   // namespace

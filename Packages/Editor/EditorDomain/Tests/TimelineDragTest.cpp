@@ -341,5 +341,53 @@ TEST(Clipboard, AScenePastesBehindTheSelectedOneAndNonsenseNowhere) {
     EXPECT_EQ(state, before);
 }
 
+std::vector<std::string> wordsOf(const CompositionScene& scene) {
+    std::vector<std::string> all;
+    for (const CompositionLayer& layer : scene.layers)
+        all.push_back(std::get<TextContent>(layer.content).text);
+    return all;
+}
+
+TEST(TimelineDrag, ABarDraggedToAnotherRowChangesTheOrderAlone) {
+    EditState state = film();
+    state.selection = {0, 1, {}};
+    const Hit middle{Part::barBody, barOf(state, {0, 1})};
+    const struct {
+        int row;
+        std::vector<std::string> order;   // from back to front
+    } cases[] = {{1, {"Back", "Middle", "Front"}}, {0, {"Back", "Front", "Middle"}},
+        {2, {"Middle", "Back", "Front"}}, {-5, {"Back", "Front", "Middle"}},
+        {9, {"Middle", "Back", "Front"}}};
+    for (const auto& c : cases) {
+        const EditState after = dragged(state, middle, 1.5, 1.5, {.row = c.row});
+        EXPECT_EQ(wordsOf(after.spec.scenes[0]), c.order) << c.row;
+        const LayerPlace now = after.selection.layers().front();
+        EXPECT_EQ(std::get<TextContent>(after.spec.scenes[0].layers[now.layer].content).text, "Middle");
+        EXPECT_EQ(after.spec.scenes[0].layers[now.layer].fromSec, 1) << c.row;
+    }
+}
+
+TEST(TimelineDrag, ABarDraggedIntoAnotherSceneIsThatScenes) {
+    EditState state = film();
+    state.spec.scenes[0].layers[1].id = "title";
+    state.selection = {0, 1, {}};
+    const Hit middle{Part::barBody, barOf(state, {0, 1})};
+    // The second scene starts at 5 s; where they overlap the layer stays in its own.
+    EXPECT_EQ(dragged(state, middle, 1.5, 5.9, {.isSnapping = false}).spec.scenes[1].layers.size(), 1u);
+    const EditState after = dragged(state, middle, 1.5, 7.5, {.isSnapping = false, .row = 1});
+    EXPECT_THAT(wordsOf(after.spec.scenes[0]), testing::ElementsAre("Back", "Front"));
+    ASSERT_THAT(wordsOf(after.spec.scenes[1]), testing::ElementsAre("Middle", "Later"));
+    const CompositionLayer& moved = after.spec.scenes[1].layers[0];
+    EXPECT_NEAR(moved.fromSec, 2, 1e-9);   // 7 s of the film, held where it was grabbed
+    EXPECT_EQ(moved.durationSec, 2);
+    EXPECT_EQ(moved.id, "title");
+    EXPECT_EQ(after.selection, (Selection{1, 0, {}}));
+    // A name that the scene has already is given up there.
+    state.spec.scenes[1].layers[0].id = "title";
+    EXPECT_EQ(dragged(state, middle, 1.5, 7.5).spec.scenes[1].layers[1].id, std::nullopt);
+    // Back where it came from: as if nothing had been.
+    EXPECT_EQ(dragged(state, middle, 1.5, 1.5, {.row = 1}), state);
+}
+
 }   // namespace
 }   // namespace tavix::timeline

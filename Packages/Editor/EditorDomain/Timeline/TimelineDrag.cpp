@@ -1,6 +1,7 @@
 #include "Editor/EditorDomain/Timeline/TimelineDrag.h"
 
 #include "Editor/EditorDomain/Timeline/Snapping.h"
+#include "Editor/EditorDomain/Timeline/TimelineCommands.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixLive/Operations/AudioOperations.h"
 #include "TavixLive/Operations/DeviceKeyframes.h"
@@ -22,23 +23,48 @@ double sceneStart(const CompositionSpec& spec, std::size_t scene) {
     return CompositionTimeline(spec).globalTime(scene, 0).value_or(0);
 }
 
+// The scene under a time: the layer's own one where scenes overlap, and beyond the film.
+std::size_t sceneUnder(const CompositionSpec& spec, std::size_t own, double sec) {
+    const CompositionTimeline clock(spec);
+    const auto holds = [&](std::size_t i) {
+        return sec >= clock.startSec[i] && sec < clock.startSec[i] + spec.scenes[i].durationSec;
+    };
+    if (holds(own)) return own;
+    for (std::size_t i = 0; i < spec.scenes.size(); ++i)
+        if (holds(i)) return i;
+    return own;
+}
+
+// The index in the document's order, which is from back to front, of a row.
+std::size_t indexOfRow(std::size_t layerCount, int row) {
+    const auto last = std::ptrdiff_t(layerCount) - 1;
+    return std::size_t(std::clamp<std::ptrdiff_t>(last - row, 0, last));
+}
+
+void moveOneLayer(EditState& state, const Drag& drag, const Drag::Pull& pull) {
+    const double startsAtSec = pull.toSec - drag.grabbedSec;
+    const std::size_t scene = sceneUnder(state.spec, drag.place.scene, pull.toSec);
+    LayerPlace place = drag.place;
+    if (scene != place.scene) {
+        moveToScene(state, place, scene, startsAtSec - sceneStart(state.spec, scene), pull.row.value_or(0));
+        place = state.selection.layers().front();
+    } else if (pull.row) {
+        const std::size_t to = indexOfRow(state.scene(scene)->layers.size(), *pull.row);
+        LayerOperations::reorderLayer(state, scene, place.layer, to);
+        place.layer = to;
+    }
+    double to = startsAtSec - sceneStart(state.spec, scene);
+    if (pull.isSnapping) to = snapped(state, place, pull.playheadSec, pull.pps, to);
+    LayerOperations::moveLayer(state, place.scene, place.layer, to);
+}
+
 void moveLayers(EditState& state, const Drag& drag, const Drag::Pull& pull) {
+    const std::vector<LayerPlace> all = state.selection.layers();
+    if (all.size() <= 1) return moveOneLayer(state, drag, pull);
     const double held = state.layer(drag.place.scene, drag.place.layer)->fromSec;
     double to = pull.toSec - drag.grabbedSec - sceneStart(state.spec, drag.place.scene);
     if (pull.isSnapping) to = snapped(state, drag.place, pull.playheadSec, pull.pps, to);
-    const std::vector<LayerPlace> all = state.selection.layers();
-    // All go as far as the one that is stopped first, so that they keep their distances.
-    double by = to - held;
-    if (all.size() > 1)
-        for (const LayerPlace& place : all) {
-            const CompositionLayer* const layer = state.layer(place.scene, place.layer);
-            const double length = layer->durationSec.value_or(LayerOperations::minLayerWindowSec);
-            const double room = state.scene(place.scene)->durationSec - length - layer->fromSec;
-            by = std::clamp(by, -layer->fromSec, std::max(room, -layer->fromSec));
-        }
-    for (const LayerPlace& place : all)
-        LayerOperations::moveLayer(
-            state, place.scene, place.layer, state.layer(place.scene, place.layer)->fromSec + by);
+    nudgeSelection(state, to - held);   // keeps their distances
 }
 
 void moveTrackMarks(EditState& state, const Drag& drag, double by) {
@@ -176,6 +202,23 @@ std::string Drag::stepName() const {
     case Kind::cue: return "Move Sound";
     }
     return {};
+}
+
+void moveToScene(EditState& state, const LayerPlace& place, std::size_t scene, double toFromSec, int row) {
+    CompositionLayer* const held = state.layer(place.scene, place.layer);
+    CompositionScene* const into = state.scene(scene);
+    if (!held || !into || scene == place.scene) return;
+    CompositionLayer moved = std::move(*held);
+    auto& from = state.scene(place.scene)->layers;
+    from.erase(from.begin() + std::ptrdiff_t(place.layer));
+    const bool isTaken = moved.id && std::ranges::any_of(into->layers,
+                                         [&](const CompositionLayer& layer) { return layer.id == moved.id; });
+    if (isTaken) moved.id.reset();
+    if (moved.durationSec && *moved.durationSec >= into->durationSec) moved.durationSec.reset();
+    const std::size_t at = indexOfRow(into->layers.size() + 1, row);
+    into->layers.insert(into->layers.begin() + std::ptrdiff_t(at), std::move(moved));
+    LayerOperations::moveLayer(state, scene, at, toFromSec);
+    state.selection = {scene, at, {}};
 }
 
 double minimumSceneDurationSec(const CompositionSpec& spec, std::size_t scene) {

@@ -25,7 +25,8 @@ struct Drag {
         double toSec = 0;   // the pointer, on the film's clock
         double playheadSec = 0, pps = 1;
         bool isSnapping = true;
-        bool stretches = false;   // of a scene's length: all that is in the scene goes with it
+        bool stretches = false;        // of a scene's length: all that is in the scene goes with it
+        std::optional<int> row = {};   // under the pointer, of one layer that moves
     };
 
     Kind kind = Kind::moveLayers;
@@ -44,6 +45,9 @@ struct Drag {
     EditState at(const Pull& pull) const;
     std::string stepName() const;   // of the undo
 };
+
+// To another scene, on its clock, behind all but those in the rows above.
+void moveToScene(EditState& state, const LayerPlace& place, std::size_t scene, double toFromSec, int row);
 
 // The shortest that a scene may be: its transitions and its layers with a length of their own must fit.
 double minimumSceneDurationSec(const CompositionSpec& spec, std::size_t scene);
