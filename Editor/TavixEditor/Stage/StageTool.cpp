@@ -15,6 +15,8 @@
 
 namespace tavix::editor {
 
+using namespace StageEdits;
+
 namespace {
 
 constexpr double handlePx = 8, reachPx = 9, snapPx = 6, beginPx = 3, turnArmPx = 26, turnStepDeg = 15;

@@ -1,8 +1,8 @@
 // Takes hold of layers on the stage: selects, moves, scales and turns them, and draws what it does.
 #pragma once
 
-#include "TavixEditor/Stage/StageEdits.h"
-#include "TavixEditor/Stage/StageMap.h"
+#include "Editor/EditorDomain/Stage/StageEdits.h"
+#include "Editor/EditorDomain/Stage/StageMap.h"
 #include "TavixLive/Observing/Observable.h"
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixPlatform/System/Continuation.h"

@@ -1,7 +1,7 @@
 // A text that is edited where it stands on the stage.
 #pragma once
 
-#include "TavixEditor/Stage/StageMap.h"
+#include "Editor/EditorDomain/Stage/StageMap.h"
 
 #include <QPlainTextEdit>
 

@@ -35,6 +35,7 @@ TimelineCanvas::TimelineCanvas(CompositionEditorModel& model, QWidget* parent)
     connections_.push_back(
         watch([this] { update(0, Layout::rulerHeight - 2, width(), 2); }, model_.state.cachedRanges));
     connections_.push_back(watch([this] { movePlayhead(); }, model_.state.currentTime));
+    shownSec_ = model_.state.currentTime();
     showDocument();
 }
 

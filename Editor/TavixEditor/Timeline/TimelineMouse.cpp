@@ -108,7 +108,7 @@ void TimelineCanvas::pullDrag(const QPointF& content, Qt::KeyboardModifiers modi
     const Drag::Pull pull{.toSec = layout_.scale.secOf(press_->isAcross ? content.x() : press_->at.x()),
         .playheadSec = model_.state.currentTime(),
         .pps = layout_.scale.pps(),
-        .isSnapping = isSnapping_ && snapsWith(modifiers),
+        .isSnapping = press_->isAcross && isSnapping_ && snapsWith(modifiers),
         .stretches = modifiers.testFlag(Qt::AltModifier),
         .row = rowAt(content)};
     model_.update(drag_->stepName(), [&](EditState& state) { state = drag_->at(pull); });

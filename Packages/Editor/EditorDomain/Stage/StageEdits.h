@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace tavix::editor {
+namespace tavix {
 
 // The handles around a box: -1, 0 or 1 across and down; both 0 is the box itself.
 struct StageHandle {
@@ -28,6 +28,14 @@ struct SnappedMove {
     double dxPx = 0, dyPx = 0;
     std::vector<StageGuide> guides;
 };
+// By how much a box grows, about a place that stays where it is.
+struct StageGrowth {
+    double across = 1, down = 1;
+    PixelPoint about;
+};
+
+namespace StageEdits {
+
 // The edges and the middle of a moved box take hold of those of the canvas and of the other boxes, the
 // nearest first, when they lie closer than the tolerance; each axis by itself.
 SnappedMove snappedMove(const PixelRect& box, double dxPx, double dyPx, const PixelRect& canvas,
@@ -35,10 +43,6 @@ SnappedMove snappedMove(const PixelRect& box, double dxPx, double dyPx, const Pi
 
 // By how much a box grows when its handle is dragged that far: evenly by a corner, along one side by an edge.
 // Its opposite side stays; never under a twentieth.
-struct StageGrowth {
-    double across = 1, down = 1;
-    PixelPoint about;   // what stays where it is
-};
 StageGrowth growth(const PixelRect& box, StageHandle handle, double dxPx, double dyPx);
 PixelRect grown(const PixelRect& box, const StageGrowth& by);
 
@@ -50,4 +54,6 @@ bool growLayer(CompositionLayer& layer, const StageGrowth& by, StageHandle handl
 // Clockwise, about its middle: added to the turn that it has at any time.
 void turnLayer(CompositionLayer& layer, double degrees, double windowSec);
 
-}   // namespace tavix::editor
+}   // namespace StageEdits
+
+}   // namespace tavix

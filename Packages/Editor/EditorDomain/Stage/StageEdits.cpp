@@ -1,11 +1,11 @@
-#include "TavixEditor/Stage/StageEdits.h"
+#include "Editor/EditorDomain/Stage/StageEdits.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
 
-namespace tavix::editor {
+namespace tavix::StageEdits {
 
 namespace {
 
@@ -134,4 +134,4 @@ void turnLayer(CompositionLayer& layer, double degrees, double windowSec) {
     layer.tracks.push_back(std::move(track));
 }
 
-}   // namespace tavix::editor
+}   // namespace tavix::StageEdits

@@ -1,10 +1,10 @@
-#include "TavixEditor/Stage/StageMap.h"
+#include "Editor/EditorDomain/Stage/StageMap.h"
 
 #include "TavixRender/Judge/FilmJudge.h"
 
 #include <utility>
 
-namespace tavix::editor {
+namespace tavix {
 
 namespace {
 
@@ -83,4 +83,4 @@ std::optional<StageLayer> StageMap::layer(const StagePlace& place, double atSec)
     return std::nullopt;
 }
 
-}   // namespace tavix::editor
+}   // namespace tavix

@@ -1,13 +1,15 @@
 // Drags on the stage: what moves, what stays, and what takes hold.
-#include "TavixEditor/Stage/StageEdits.h"
-#include "TavixEditor/Stage/StageMap.h"
+#include "Editor/EditorDomain/Stage/StageEdits.h"
+#include "Editor/EditorDomain/Stage/StageMap.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-namespace tavix::editor {
+namespace tavix {
 namespace {
+
+using namespace StageEdits;
 
 constexpr PixelRect canvas{0, 0, 1000, 2000};
 constexpr PixelRect box{100, 200, 300, 150};
@@ -141,4 +143,4 @@ TEST(StageMap, AGrownShapeStandsWhereItsBoxWasDragged) {
 }
 
 }   // namespace
-}   // namespace tavix::editor
+}   // namespace tavix

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace tavix::editor {
+namespace tavix {
 
 struct StagePlace {
     std::size_t scene = 0, layer = 0;
@@ -44,4 +44,4 @@ private:
     CompositionGeometry geometry_;
 };
 
-}   // namespace tavix::editor
+}   // namespace tavix
