@@ -247,14 +247,14 @@ QWidget* makeMotionGallery(CompositionEditorModel& model, QWidget* parent) {
 }
 
 void showMotionGallery(CompositionEditorModel& model, QWidget* parent, const QPoint& globally) {
-    const QString name = QStringLiteral("preset-gallery");
+    const QString name = QStringLiteral("choose-motion");
     if (auto* const open = parent->findChild<QDialog*>(name)) {
         open->raise();
         return open->activateWindow();
     }
     auto* window = new QDialog(parent);
     window->setObjectName(name);
-    window->setWindowTitle(QCoreApplication::translate("MotionGallery", "Motion Presets"));
+    window->setWindowTitle(QCoreApplication::translate("MotionGallery", "Motions"));
     window->setAttribute(Qt::WA_DeleteOnClose);
     auto* column = new QVBoxLayout(window);
     column->setContentsMargins(0, 0, 0, 0);

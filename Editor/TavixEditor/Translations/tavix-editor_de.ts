@@ -602,6 +602,14 @@
         <source>Change %1</source>
         <translation>%1 ändern</translation>
     </message>
+    <message>
+        <source>Delete Keyframe</source>
+        <translation>Keyframe löschen</translation>
+    </message>
+    <message>
+        <source>Add Keyframe</source>
+        <translation>Keyframe hinzufügen</translation>
+    </message>
 </context>
 <context>
     <name>JsonPanel</name>
@@ -899,6 +907,10 @@
     <message>
         <source>Stage</source>
         <translation>Bühne</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels at %3, %4</source>
+        <translation>%1 × %2 Pixel bei %3, %4</translation>
     </message>
 </context>
 <context>

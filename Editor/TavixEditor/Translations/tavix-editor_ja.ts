@@ -602,6 +602,14 @@
         <source>Change %1</source>
         <translation>%1 を変更</translation>
     </message>
+    <message>
+        <source>Delete Keyframe</source>
+        <translation>キーフレームを削除</translation>
+    </message>
+    <message>
+        <source>Add Keyframe</source>
+        <translation>キーフレームを追加</translation>
+    </message>
 </context>
 <context>
     <name>JsonPanel</name>
@@ -899,6 +907,10 @@
     <message>
         <source>Stage</source>
         <translation>ステージ</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels at %3, %4</source>
+        <translation>%1 × %2 ピクセル、位置 %3, %4</translation>
     </message>
 </context>
 <context>

@@ -155,7 +155,7 @@ class Walk:
         desk.click(desk.find("push button", "Replace"))
         time.sleep(0.5)
         desk.keys("Escape")
-        desk.gone("dialog", "Motion Presets")
+        desk.gone("dialog", "Motions")
         time.sleep(1)
         self.step("motion")
         phone = self.phone(self.save())
