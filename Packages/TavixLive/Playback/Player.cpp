@@ -11,10 +11,10 @@ namespace {
 constexpr double sameMomentSec = 1e-6;
 constexpr double nearTheEndSec = 0.001;   // sound ends at a whole frame of its own
 constexpr double shortestTickSec = 0.001;
-constexpr int mostAhead = 6;   // pictures that are asked for or wait, so that a dear one is no gap
+constexpr std::size_t mostAhead = 6;   // pictures that are asked for or wait, so that a dear one is no gap
 constexpr double preparedEverySec = 0.2;
-constexpr double costMemory = 0.75;   // how much the cost of a picture counts that came before
-constexpr double starvedSec = 0.25;   // after that long without a picture a late one is better than none
+constexpr std::size_t costsKept = 5;   // their median tells what the next picture takes
+constexpr double starvedSec = 0.25;    // after that long without a picture a late one is better than none
 
 }   // namespace
 
@@ -24,7 +24,7 @@ void Player::setItem(std::optional<PlayerItem> item) {
     isShownRough_ = false;
     pause();
     seekOrder_.cut();
-    costSec_ = 0;
+    costs_.clear();
     if (auto done = std::exchange(seeking_, {})) done(false);
     item_ = std::move(item);
     positionSec_ = 0;
@@ -96,9 +96,8 @@ void Player::redraw() {
 }
 
 void Player::forgetAhead() {
-    aheadOrders_.cut();
+    asked_.clear();
     ready_.clear();
-    openCount_ = 0;
 }
 
 void Player::seek(double toSec, Sought done) {
@@ -123,7 +122,6 @@ void Player::request(std::int64_t slot, Sought done) {
     item_->pictures->request(
         secOf(slot),
         [this, done = std::move(done)](const StagePicture& picture, const FrameSource::Drawn& drawn) {
-            noteCost(drawn);
             shownAtSec_ = main_.nowSec();
             isShownRough_ = drawn.isRough;
             if (sink_) sink_(picture);
@@ -149,32 +147,33 @@ void Player::tick() {
 
 // Asks for the pictures that will be there in time: where drawing is slower than playing, some are left out.
 void Player::askAhead() {
-    while (openCount_ + int(ready_.size()) < mostAhead) {
-        const double doneSec = currentSec() + (openCount_ + 1) * costSec_ - latestSec;
+    giveUpLate();
+    while (asked_.size() + ready_.size() < mostAhead) {
+        const double doneSec = currentSec() + double(asked_.size() + 1) * costSec() - latestSec;
         const auto inTime = std::int64_t(std::ceil(doneSec * item_->framesPerSec - sameMomentSec));
         const std::int64_t slot = std::max({nextSlot_, inTime, slotOf(currentSec()) + 1});
         if (slot >= slotCount()) return;
         nextSlot_ = slot + 1;
-        ++openCount_;
+        asked_.push_back({slot, std::make_shared<int>()});
         item_->pictures->request(
             secOf(slot),
             [this, slot](const StagePicture& picture, const FrameSource::Drawn& drawn) {
                 receive(slot, picture, drawn);
             },
-            aheadOrders_.thread(), RenderChain::Detail::asTimeAllows);
+            std::weak_ptr<void>(asked_.back().isWanted), RenderChain::Detail::asTimeAllows);
     }
 }
 
 // What is shown next is set up while pictures wait to be shown, so that it takes none of their time.
 void Player::prepareAhead() {
     const double nowSec = main_.nowSec();
-    if (int(ready_.size()) + 1 < mostAhead || nowSec - preparedAtSec_ < preparedEverySec) return;
+    if (ready_.size() + 1 < mostAhead || nowSec - preparedAtSec_ < preparedEverySec) return;
     preparedAtSec_ = nowSec;
     item_->pictures->prepare(currentSec(), [](bool) {});
 }
 
 void Player::receive(std::int64_t slot, const StagePicture& picture, const FrameSource::Drawn& drawn) {
-    --openCount_;
+    asked_.pop_front();
     noteCost(drawn);
     ready_.push_back({slot, picture, drawn.isRough});
     if (!isPlaying_) return;
@@ -183,8 +182,22 @@ void Player::receive(std::int64_t slot, const StagePicture& picture, const Frame
 }
 
 void Player::noteCost(const FrameSource::Drawn& drawn) {
-    const double sec = drawn.buildSec + drawn.paintSec;
-    costSec_ = costSec_ > 0 ? costMemory * costSec_ + (1 - costMemory) * sec : sec;
+    costs_.push_back(drawn.buildSec + drawn.paintSec);
+    if (costs_.size() > costsKept) costs_.pop_front();
+}
+
+// One that took long, such as the first of a scene, says nothing of those that follow.
+double Player::costSec() const {
+    if (costs_.empty()) return 0;
+    std::vector<double> sorted(costs_.begin(), costs_.end());
+    std::ranges::sort(sorted);
+    return sorted[(sorted.size() - 1) / 2];
+}
+
+// What would not be shown any more is not drawn; the first is being drawn.
+void Player::giveUpLate() {
+    const double nowSec = currentSec();
+    while (asked_.size() > 1 && secOf(asked_[1].slot) + latestSec < nowSec) asked_.erase(asked_.begin() + 1);
 }
 
 void Player::showDue() {

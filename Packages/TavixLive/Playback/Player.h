@@ -88,6 +88,8 @@ private:
     void reachEnd();
     void forgetAhead();
     void noteCost(const FrameSource::Drawn& drawn);
+    double costSec() const;   // of a picture, lately
+    void giveUpLate();
 
     system::SerialExecutor& main_;
     media::AudioOutput* output_;
@@ -101,12 +103,16 @@ private:
     double startedAtSec_ = 0;   // of the main executor
     system::Timer nextTick_;
 
-    system::Lifeline seekOrder_, aheadOrders_;   // what was asked for, until it counts no more
-    std::deque<Ready> ready_;                    // delivered before their time
-    int openCount_ = 0;                          // asked for ahead and not delivered
+    system::Lifeline seekOrder_;   // what was asked for, until it counts no more
+    std::deque<Ready> ready_;      // delivered before their time
+    struct Asked {
+        std::int64_t slot;
+        std::shared_ptr<void> isWanted;
+    };
+    std::deque<Asked> asked_;   // ahead, and not delivered
     std::int64_t nextSlot_ = 0, countedSlot_ = 0;
-    double costSec_ = 0;      // of a picture, lately
-    double shownAtSec_ = 0;   // of the main executor, as the next
+    std::deque<double> costs_;   // of the last pictures that were drawn ahead, in seconds
+    double shownAtSec_ = 0;      // of the main executor, as the next
     double preparedAtSec_ = 0;
     Sought seeking_;
     Counts counts_;

@@ -12,8 +12,9 @@ namespace {
 // A little more than a frame at 25 a second.
 constexpr double toldSec = 0.041;
 
-// Pictures that take longer, twice in a row, are drawn roughly until they take no time to speak of.
-constexpr double hurriedSec = 0.03, leisurelySec = 0.01;
+// Pictures that take longer, two thirds of their time, twice in a row, are drawn roughly until they take no
+// time to speak of.
+constexpr double hurriedSec = 0.022, leisurelySec = 0.01;
 
 // Whether a row of pictures has to hurry.
 class Pace {

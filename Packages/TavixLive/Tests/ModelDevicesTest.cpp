@@ -10,7 +10,7 @@ class ModelDevices : public testing::ManualEditor {};
 
 TEST_F(ModelDevices, ShowsADragWithoutTouchingTheDocumentUntilItEnds) {
     load(testing::smallFilmWithDevice());
-    maker->drawSec = 0.03;
+    maker->drawSec = 0.02;
     model->refreshNow();
     time.advance(1);
     const EditState before = state().edited();
@@ -26,7 +26,7 @@ TEST_F(ModelDevices, ShowsADragWithoutTouchingTheDocumentUntilItEnds) {
     EXPECT_TRUE(state().showsLiveFrame());
     EXPECT_TRUE(maker->isLive);
     EXPECT_EQ(maker->applied.back().first.tiltDegrees.y, 99);
-    EXPECT_NEAR(double(maker->last->draws.size() - drawn), 1 / 0.03, 2) << "as fast as it goes, none queued";
+    EXPECT_NEAR(double(maker->last->draws.size() - drawn), 1 / 0.02, 3) << "as fast as it goes, none queued";
     model->commitLiveEdits();
     EXPECT_EQ(std::get<DeviceContent>(state().edited().spec.scenes[0].layers[0].content).scene3D, turned);
     EXPECT_EQ(model->history().stepCount(), 1u);

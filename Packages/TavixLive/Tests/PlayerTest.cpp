@@ -48,6 +48,35 @@ TEST(Player, ShowsEveryPictureInItsTimeAndEndsOnce) {
     }
 }
 
+// The picture of the seek before it took long, as the first one of a document does: what follows is not left
+// out for that.
+TEST(Player, LeavesNothingOutForOnePictureThatTookLong) {
+    for (const int dear : {0, 20}) {
+        Playing film(4, 0.02);
+        film.studio.source->costAt = [dear](double atSec) {
+            return FakeSource::slotOf(atSec) == dear ? 0.6 : 0.02;
+        };
+        film.player.seek(0);
+        film.studio.time.advance(1);
+        film.player.play();
+        film.studio.time.advance(5);
+        const Player::Counts& counts = film.player.counts();
+        // In 0.6 s eighteen pictures go by, of which some were ready before.
+        EXPECT_LE(counts.due - counts.shown, dear == 0 ? 0 : 18) << dear;
+    }
+}
+
+// Once it is late, pictures are not drawn that could not be shown any more.
+TEST(Player, GivesUpWhatHasBecomeLate) {
+    Playing film(4, 0.01);
+    film.studio.source->costAt = [](double atSec) { return FakeSource::slotOf(atSec) == 20 ? 0.5 : 0.01; };
+    film.player.seek(0);
+    film.player.play();
+    film.studio.time.advance(2);
+    for (const auto& draw : film.studio.source->draws)
+        EXPECT_LE(draw.startSec, draw.atSec + 0.04) << "frame " << FakeSource::slotOf(draw.atSec);
+}
+
 // A scene whose first picture takes long unless it has been set up, which a film has time for in between.
 TEST(Player, HasTheNextSceneSetUpInTime) {
     for (const bool canPrepare : {true, false}) {
