@@ -7,8 +7,13 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <malloc.h>
+
 int main(int argc, char** argv) {
     using namespace tavix;
+    // Pictures go back to the system when they are freed, and threads share what they allocate from.
+    mallopt(M_MMAP_THRESHOLD, 1 << 20);
+    mallopt(M_ARENA_MAX, 2);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavix-editor"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tavix"));

@@ -24,7 +24,8 @@ struct DeviceDarkroom;
 // draw: all of it is used by one thread at a time.
 class BuildMemory {
 public:
-    static constexpr std::size_t mostPictureBytes = 192u << 20;   // of decoded files
+    // Of decoded files.
+    static constexpr std::size_t mostPictureBytes = 64u << 20;
 
     // What holds for a whole build. Where it changes, nothing is taken over.
     struct Canvas {

@@ -111,7 +111,6 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
 
 // Of a build with a memory, that memory; a build without one makes things late, with one of its own.
 struct ResolvedComposition::Workshop {
-    // Decoded files that are likely to be asked for again. What was made of them needs them no more.
     static constexpr std::size_t mostPictureBytes = 48u << 20;
 
     Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
@@ -139,8 +138,12 @@ struct ResolvedComposition::Workshop {
         here.scene = place.poolKey.scene;
         here.window = window;
         auto made = makeRenderer(layer, place, here);
-        if (isLean) memory.images().renew(mostPictureBytes);
+        forgetPictures();
         return made;
+    }
+    // Decoded files that are not likely to be asked for again. What was made of them needs them no more.
+    void forgetPictures() {
+        memory.images().renew(isLean ? mostPictureBytes : BuildMemory::mostPictureBytes);
     }
 
     const text::FontBook fonts = {};
@@ -176,6 +179,7 @@ void ResolvedComposition::buildBackgrounds() {
         workshop_->memory.goTo(workshop_->pathOfFill(spec_, i));
         backgrounds_[i] = workshop_->memory.background(fill, filesOf(fill, workshop_->build.assetRoot),
             [&] { return std::optional(FillCompositionLayer::drawn(fill, workshop_->build)); });
+        workshop_->forgetPictures();
     }
 }
 
@@ -189,7 +193,7 @@ const Image& ResolvedComposition::backgroundOf(std::size_t scene) {
     if (image) return *image;
     workshop_->memory.goTo(workshop_->pathOfFill(spec_, scene));
     image = FillCompositionLayer::drawn(fill, workshop_->build);
-    workshop_->memory.images().renew(Workshop::mostPictureBytes);
+    workshop_->forgetPictures();
     return *image;
 }
 
