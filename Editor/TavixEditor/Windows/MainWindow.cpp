@@ -61,7 +61,7 @@ MainWindow::MainWindow(Studio& studio, ThemeChoice* themes)
     EditorState& state = studio_.model.state;
     connections_.push_back(tavix::show([this] { applyWindowMode(); }, state.isLoaded));
     connections_.push_back(tavix::show([this] { showActions(); }, state.isLoaded, state.bundle, state.edited,
-        state.isPlaying, state.hasUnsavedChanges));
+        state.undoName, state.redoName, state.isPlaying, state.hasUnsavedChanges));
     connections_.push_back(tavix::show([this] { showNotice(); }, state.isLoaded, state.lostWork,
         state.fileConflicts, state.errorMessage, editor_->changes().news));
 }

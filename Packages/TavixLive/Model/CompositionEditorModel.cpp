@@ -148,6 +148,7 @@ void CompositionEditorModel::close() {
     preview_.close();
     preview_.ahead().setLoop(std::nullopt);
     history_.clear();
+    packHistory();
     gesture_.reset();
     onDisk_.reset();
     byHand_.reset();
@@ -158,11 +159,13 @@ void CompositionEditorModel::close() {
     scene3DStash_.clear();
     for (auto* problem : {&fileProblem_, &saveProblem_, &refreshProblem_}) problem->reset();
     isSaving_ = isLooking_ = isLookDue_ = isLookAsked_ = areWatchesStale_ = false;
-    isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ = false;
+    isPacking_ = isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ =
+        false;
     seekTarget_.reset();
     liveTarget_.reset();
     liveScene3D_.reset();
     livePlacement_.reset();
+    deviceDragStart_.reset();
     const Batch together;
     state.isPlaying = false;
     state.isLoaded = false;
@@ -172,6 +175,7 @@ void CompositionEditorModel::close() {
     state.isKept = true;
     state.bundle = std::nullopt;
     state.edited = EditState{};
+    noteHistory();
     state.outputDuration = 0;
     state.currentTime = 0;
     state.statusMessage = "";
@@ -242,9 +246,40 @@ void CompositionEditorModel::become(const std::string& stepName, EditState chang
     }
     const History::Moment before = moment();
     state.edited = std::move(changed);
-    if (!gesture_) history_.record(stepName, before, moment());
+    if (!gesture_) record(stepName, before);
     noteUnsaved(true);
     scheduleRefresh();
+}
+
+void CompositionEditorModel::record(const std::string& stepName, const History::Moment& before) {
+    history_.record(stepName, before, moment());
+    noteHistory();
+    packHistory();
+}
+
+void CompositionEditorModel::noteHistory() {
+    const auto nameOf = [](const std::string* name) { return name ? std::optional(*name) : std::nullopt; };
+    const Batch together;
+    state.undoName = nameOf(history_.undoName());
+    state.redoName = nameOf(history_.redoName());
+}
+
+// Steps one after another; what they do not need any more is let go of there, too.
+void CompositionEditorModel::packHistory() {
+    auto spent = history_.takeSpent();
+    if (!spent.empty()) files().post([spent = std::move(spent)]() mutable { spent.clear(); });
+    if (isPacking_) return;
+    auto step = history_.nextUnpacked();
+    if (!step) return;
+    isPacking_ = true;
+    system::runThere(
+        files(), main_, [step = std::move(*step)] { return History::pack(step); },
+        document_.guard([this](system::Outcome<History::Packed>& packed) {
+            isPacking_ = false;
+            history_.put(std::move(packed.value()));
+            noteHistory();
+            packHistory();
+        }));
 }
 
 void CompositionEditorModel::beginGesture(const std::string& stepName) {
@@ -254,7 +289,7 @@ void CompositionEditorModel::beginGesture(const std::string& stepName) {
 void CompositionEditorModel::endGesture() {
     if (!gesture_) return;
     const Gesture ended = *std::exchange(gesture_, std::nullopt);
-    history_.record(ended.name, ended.before, moment());
+    record(ended.name, ended.before);
     if (isLookDue_) lookAtFile();
 }
 
@@ -269,7 +304,11 @@ void CompositionEditorModel::redo() {
 }
 
 void CompositionEditorModel::show(const History::Moment& moment) {
-    state.edited = moment.state;
+    {
+        const Batch together;
+        state.edited = moment.state;
+        noteHistory();
+    }
     noteUnsaved(true);
     scheduleRefresh();
     if (state.outputDuration() > 0 && !state.isPlaying()) seek(moment.playheadSec);

@@ -118,6 +118,23 @@ public:
     void liveUpdatePlacement(std::size_t scene, std::size_t layer, const DevicePlacementSpec& placement);
     void liveUpdateScene3D(std::size_t scene, std::size_t layer, const DeviceScene3D& scene3D);
     void commitLiveEdits();
+    // A drag of a device over the stage, by the distance from where it began: a keyframe at the playhead
+    // follows it, and it is one step. Flat devices follow through the document.
+    void beginDeviceDrag(std::size_t scene, std::size_t layer);
+    // By points of the view; nothing where the canvas has no height in it.
+    void dragDeviceMove(
+        double dxPoints, double dyPoints, double fittedHeight, DeviceOperations::DeviceMoveAxis axis);
+    void dragDeviceRotate(const PixelPoint& from, const PixelPoint& to, const DeviceGizmoMath::Arcball& ball);
+    void dragDeviceScale(double dyPoints);
+    void endDeviceDrag();
+    const std::optional<DeviceOperations::DeviceDragStart>& deviceDragStart() const {
+        return deviceDragStart_;
+    }
+    void liveUpsertUnifiedKeyframe(
+        std::size_t scene, std::size_t layer, double atSec, const DeviceKeyframes::UnifiedState& stands);
+    // Turns a device in space, and all of its poses with it.
+    void liveSetRestTilt(
+        std::size_t scene, std::size_t layer, DeviceKeyframes::TiltAxis axis, double degrees);
     void setPreviewOverscan(double value);
     void zoomPreview(double factor);
     void setPreviewPan(double x, double y) { state.previewPan = NormalizedVec2{x, y}; }
@@ -150,8 +167,11 @@ private:
     system::Executor& files() const {
         return services_.files ? *services_.files : services_.executors.workers;
     }
-    History::Moment moment() const { return {edited(), state.currentTime()}; }
+    History::Moment moment() const { return {state.edited.shared(), state.currentTime()}; }
     void become(const std::string& stepName, EditState changed);
+    void record(const std::string& stepName, const History::Moment& before);
+    void noteHistory();
+    void packHistory();
     std::optional<std::string> applyText(std::string_view text, const std::string& stepName);
     void show(const History::Moment& moment);
     void arrive(const CompositionSpec& spec, const std::filesystem::path& assetRoot, Done then);
@@ -168,7 +188,10 @@ private:
     void startJournal();
     void noteJournal();
     UnsavedWork unsavedWork() const;
-    void finishRefresh(std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then);
+    struct Refresh;
+    struct Judged;
+    void showJudged(const Refresh& refresh, system::Outcome<Judged>& outcome);
+    void finishRefresh(const Refresh& refresh, const LivePreview::Ended& ended);
     void endRefresh();
     void letLiveFrameGo();
     void prewarm3D();
@@ -178,11 +201,12 @@ private:
     void reachEnd();
     void followLoop();
     void liveApply(const LiveTarget& target);
+    void applyLiveEdits(DeviceContent& device) const;
     void applyLiveEdits(EditState& changed) const;
     void issueLiveRender();
     void livePreviewTransform();
-    DevicePlacementSpec overscannedPlacement(DevicePlacementSpec placement) const;
-    CompositionSpec overscanned(const CompositionSpec& spec) const;
+    std::optional<DeviceContent> liveDevice(std::size_t scene, std::size_t layer) const;
+    void follow(const DeviceKeyframes::UnifiedState& stands);
 
     Services services_;
     system::SerialExecutor& main_;
@@ -206,7 +230,7 @@ private:
 
     system::Timer refreshTimer_, scrubTimer_, overscanTimer_, liveFrameTimer_, lookTimer_, assetsTimer_;
     std::uint64_t refreshEpoch_ = 0;
-    bool isRefreshing_ = false;
+    bool isRefreshing_ = false, isPacking_ = false;
     std::optional<double> lastRefreshAtSec_;
     std::weak_ptr<RenderChain> prewarmed_;
 
@@ -216,6 +240,7 @@ private:
     std::optional<LiveTarget> liveTarget_;
     std::optional<DeviceScene3D> liveScene3D_;
     std::optional<DevicePlacementSpec> livePlacement_;
+    std::optional<DeviceOperations::DeviceDragStart> deviceDragStart_;
     bool isLiveRenderInFlight_ = false, isLiveRenderDirty_ = false;
     std::function<void(const StagePicture&)> sink_;
     ExportQueue exports_;

@@ -31,7 +31,9 @@ struct TakenIn {
 struct EditorState {
     Observable<bool> isLoaded{false};
     Observable<std::optional<std::filesystem::path>> bundle;   // where the files of the document lie, too
-    Observable<EditState> edited;                              // the resolved document, and what is selected
+    SharedObservable<EditState> edited;                        // the resolved document, and what is selected
+    Observable<std::optional<std::string>> undoName,
+        redoName;   // of the steps that these take; none: no step
     Observable<bool> hasUnsavedChanges{false};
     Observable<bool> isKept{true};   // of unsaved changes: a crash would not cost them
     // Values that another program and the user have both changed; empty when there is nothing to choose.

@@ -3,50 +3,46 @@
 #include "TavixCore/Paths/Difference.h"
 #include "TavixCore/Support/Document.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace tavix {
 
 namespace {
 
-std::size_t bytesOf(const JsonPatch& patch, const std::optional<CompositionSpec>& whole) {
-    return whole ? encodedJson(*whole).size() : writeJson(writePatch(patch)).size();
+// Nothing where following the patch does not give the document.
+std::optional<JsonPatch> patchTo(const CompositionSpec& to, const Json& from, const Json& written) {
+    JsonPatch patch = diff(from, written);
+    try {
+        CompositionSpec reached;
+        readValue(typeOf<CompositionSpec>(), applyPatch(patch, from), &reached, KeyPath());
+        if (reached == to) return patch;
+    } catch (const Failure&) {}
+    return std::nullopt;
 }
 
 }   // namespace
 
-History::Way History::way(const CompositionSpec& from, const Moment& to) {
-    Way made{diff(from, to.state.spec), {}, to.state.selection, to.playheadSec};
-    bool leadsThere = false;
-    try {
-        leadsThere = applyTo(from, made.patch) == to.state.spec;
-    } catch (const Failure&) {}
-    if (!leadsThere) made = {{}, to.state.spec, made.selection, made.playheadSec};
-    return made;
-}
-
 History::Moment History::Way::from(const EditState& now) const {
-    return {{whole ? *whole : applyTo(now.spec, patch), selection}, playheadSec};
+    if (whole) return {whole, playheadSec};
+    return {std::make_shared<const EditState>(EditState{applyTo(now.spec, *patch), selection}), playheadSec};
 }
 
 void History::record(std::string name, const Moment& before, const Moment& after) {
-    if (before.state.spec == after.state.spec) return;
-    for (const Step& step : undone_) bytes_ -= step.bytes;
+    if (before.state->spec == after.state->spec) return;
+    for (const Step& step : undone_) forget(step);
     undone_.clear();
-    Step step{std::move(name), way(after.state.spec, before), way(before.state.spec, after), 0};
-    step.bytes = bytesOf(step.back.patch, step.back.whole) + bytesOf(step.forth.patch, step.forth.whole);
-    bytes_ += step.bytes;
-    done_.push_back(std::move(step));
-    while (done_.size() > limits_.mostSteps || (bytes_ > limits_.mostBytes && done_.size() > 1)) {
-        bytes_ -= done_.front().bytes;
-        done_.pop_front();
-    }
+    const auto way = [](const Moment& to) { return Way{{}, to.state, to.state->selection, to.playheadSec}; };
+    done_.push_back({++lastID_, std::move(name), way(before), way(after)});
+    unpacked_.push_back(lastID_);
+    while (unpacked_.size() > limits_.mostUnpacked) put(pack(*nextUnpacked()));
+    forgetOldest();
 }
 
 void History::clear() {
-    done_.clear();
-    undone_.clear();
-    bytes_ = 0;
+    for (auto* steps : {&done_, &undone_}) {
+        for (const Step& step : *steps) forget(step);
+        steps->clear();
+    }
 }
 
 std::optional<History::Moment> History::undo(const EditState& now) {
@@ -67,8 +63,83 @@ std::optional<History::Moment> History::redo(const EditState& now) {
 
 JsonPatch History::lastChange(const EditState& now) const {
     if (done_.empty()) return {};
-    const Way& back = done_.back().back;
-    return back.whole ? diff(*back.whole, now.spec) : diff(back.from(now).state.spec, now.spec);
+    if (const auto& patch = done_.back().forth.patch) return *patch;
+    return diff(done_.back().back.from(now).state->spec, now.spec);
+}
+
+History::Step* History::find(std::uint64_t id) {
+    for (auto* steps : {&done_, &undone_}) {
+        const auto it = std::ranges::find(*steps, id, &Step::id);
+        if (it != steps->end()) return &*it;
+    }
+    return nullptr;
+}
+
+std::optional<History::Unpacked> History::nextUnpacked() {
+    if (unpacked_.empty()) return std::nullopt;
+    const Step& step = *find(unpacked_.front());
+    return Unpacked{step.id, step.back.whole, step.forth.whole};
+}
+
+History::Packed History::pack(const Unpacked& step) {
+    const CompositionSpec &before = step.before->spec, &after = step.after->spec;
+    Packed packed{step.id, {}, {}};
+    try {
+        const Json first = writeValue(typeOf<CompositionSpec>(), &before);
+        const Json second = writeValue(typeOf<CompositionSpec>(), &after);
+        packed.back = patchTo(before, second, first);
+        packed.forth = patchTo(after, first, second);
+        packed.wholeBytes = writeJson(first).size() + writeJson(second).size();
+    } catch (const Failure&) {}   // what cannot be written stays whole
+    for (const auto* patch : {&packed.back, &packed.forth})
+        packed.bytes += *patch ? writeJson(writePatch(**patch)).size() : packed.wholeBytes / 2;
+    return packed;
+}
+
+void History::put(Packed packed) {
+    std::erase(unpacked_, packed.id);
+    Step* step = find(packed.id);
+    if (step == nullptr || step->isPacked) return;
+    step->isPacked = true;
+    step->bytes = packed.bytes;
+    step->wholeBytes = packed.wholeBytes;
+    step->back.patch = std::move(packed.back);
+    step->forth.patch = std::move(packed.forth);
+    bytes_ += step->bytes;
+    forgetOldest();
+    dropWholes();
+}
+
+void History::packAll() {
+    while (const auto step = nextUnpacked()) put(pack(*step));
+}
+
+void History::forget(const Step& step) {
+    bytes_ -= step.bytes;
+    std::erase(unpacked_, step.id);
+    for (const Way* way : {&step.back, &step.forth})
+        if (way->whole) spent_.push_back(way->whole);
+}
+
+void History::forgetOldest() {
+    while (done_.size() > limits_.mostSteps || (bytes_ > limits_.mostBytes && done_.size() > 1)) {
+        forget(done_.front());
+        done_.pop_front();
+    }
+}
+
+// Those of the steps that undo and redo come to next stay, so that these take no time.
+void History::dropWholes() {
+    for (auto* steps : {&done_, &undone_}) {
+        std::size_t bytes = 0;
+        for (auto step = steps->rbegin(); step != steps->rend(); ++step) {
+            if (!step->isPacked) continue;
+            bytes += step->wholeBytes;
+            if (bytes <= limits_.mostWholeBytes) continue;
+            for (Way* way : {&step->back, &step->forth})
+                if (way->whole && way->patch) spent_.push_back(std::exchange(way->whole, nullptr));
+        }
+    }
 }
 
 }   // namespace tavix

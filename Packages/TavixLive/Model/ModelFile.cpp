@@ -1,6 +1,7 @@
 // The file behind the document: saving, and other hands on it.
 #include "TavixLive/Model/CompositionEditorModel.h"
 
+#include "TavixCore/Project/AssetReferences.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
 #include "TavixLive/Model/FollowedSelection.h"
 #include "TavixLive/Saving/ReplacedFile.h"
@@ -18,12 +19,23 @@ namespace fs = std::filesystem;
 constexpr double settleSec = 0.05;         // a program may write a file in more than one step
 constexpr double assetsSettleSec = 0.25;   // and many files one after another
 
+// Whether a file of that name belongs to the sound.
+bool isHeard(const CompositionSpec& spec, const std::string& name) {
+    bool isFound = false;
+    CompositionSpec soundOnly;
+    soundOnly.audio = spec.audio;
+    forEachAsset(soundOnly, [&](AssetKind kind, const std::string& path) {
+        isFound |= kind == AssetKind::sound && fs::path(path).filename() == name;
+    });
+    return isFound;
+}
+
 }   // namespace
 
 // What looking at the file found.
 struct CompositionEditorModel::Look {
     std::shared_ptr<const DocumentOnDisk> theirs;   // none: the file is as it was
-    EditState ours;
+    std::shared_ptr<const EditState> ours;
     DocumentMerge::Conflicts conflicts;
     std::optional<EditState> merged;   // when nothing is left to choose
 };
@@ -36,15 +48,15 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
     }
     isSaving_ = true;
     struct Written {
-        CompositionSpec spec;
+        std::shared_ptr<const EditState> edited;
         DocumentOnDisk onDisk;
     };
     system::runThere(
         files(), main_,
-        [before = onDisk_, form = writtenForm(), spec = edited().spec, bundle = *state.bundle(), ifChanged,
-            backups = services_.backups, log = services_.logs.render] {
+        [before = onDisk_, form = writtenForm(), edited = state.edited.shared(), bundle = *state.bundle(),
+            ifChanged, backups = services_.backups, log = services_.logs.render] {
             if (backups) keepReplaced(*backups, bundle, CompositionProjectBundle::specFile(bundle), log);
-            return Written{spec, before->replaced(form.textFor(spec, bundle), bundle, ifChanged)};
+            return Written{edited, before->replaced(form.textFor(edited->spec, bundle), bundle, ifChanged)};
         },
         document_.guard([this, then = std::move(then), byHand = byHand_](system::Outcome<Written>& outcome) {
             isSaving_ = false;
@@ -56,7 +68,7 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
                 clear(saveProblem_);
                 // What was changed while it was written is not saved yet.
                 if (byHand_ == byHand) byHand_.reset();
-                noteUnsaved(byHand_ || !(written.spec == edited().spec));
+                noteUnsaved(byHand_ || !(written.edited->spec == edited().spec));
                 state.statusMessage = "Saved composition.json.";
             } catch (const DocumentOnDisk::Changed& refusal) {
                 state.errorMessage = fileProblem_ = refusal.message();
@@ -120,6 +132,7 @@ void CompositionEditorModel::noteBundleEvent(const std::string& name) {
 
 void CompositionEditorModel::noteAssetEvent(const std::string& name) {
     if (name.starts_with('.')) return;   // a file that is being made
+    if (isHeard(edited().spec, name)) preview_.noteSoundChanged();
     assetsTimer_ = main_.after(assetsSettleSec, [this] { scheduleRefresh(); });
 }
 
@@ -131,18 +144,18 @@ void CompositionEditorModel::look(bool isAsked) {
     isLooking_ = true;
     system::runThere(
         files(), main_,
-        [base = onDisk_, ours = edited(), bundle = *state.bundle(), chosen = state.fileConflicts(),
-            mayTakeIn = std::exchange(isLookAsked_, false)] {
+        [base = onDisk_, ours = state.edited.shared(), bundle = *state.bundle(),
+            chosen = state.fileConflicts(), mayTakeIn = std::exchange(isLookAsked_, false)] {
             Look found;
             found.ours = ours;
             if (DocumentOnDisk::textIn(bundle) == base->text) return found;
             found.theirs = std::make_shared<DocumentOnDisk>(DocumentOnDisk::read(bundle));
-            MergeOf merge(base->spec, ours.spec, found.theirs->spec);
+            MergeOf merge(base->spec, ours->spec, found.theirs->spec);
             merge.chooseAsIn(chosen);
             found.conflicts = merge.conflicts();
             if (found.conflicts.empty() || (mayTakeIn && merge.isDecided())) {
                 found.merged.emplace(EditState{merge.document(), {}});
-                found.merged->selection = followedSelection(ours, found.merged->spec);
+                found.merged->selection = followedSelection(*ours, found.merged->spec);
             }
             return found;
         },
@@ -156,7 +169,7 @@ void CompositionEditorModel::finishLook(system::Outcome<Look>& outcome) {
         if (found.conflicts.empty()) clear(fileProblem_);
         if (!found.theirs) {
             state.fileConflicts = DocumentMerge::Conflicts();
-        } else if (isSaving_ || gesture_ || liveTarget_ || !(found.ours.spec == edited().spec)) {
+        } else if (isSaving_ || gesture_ || liveTarget_ || !(found.ours->spec == edited().spec)) {
             isLookDue_ = true;   // the document went on meanwhile
             isLookAsked_ |= found.merged && !found.conflicts.empty();
         } else if (found.merged) {
@@ -176,8 +189,8 @@ void CompositionEditorModel::finishLook(system::Outcome<Look>& outcome) {
 
 void CompositionEditorModel::takeIn(Look& found) {
     const History::Moment before = moment();
-    const bool isChanged = !(found.merged->spec == before.state.spec);
-    const bool isSelectionKept = edited().selection == found.ours.selection;
+    const bool isChanged = !(found.merged->spec == before.state->spec);
+    const bool isSelectionKept = edited().selection == found.ours->selection;
     const Batch together;
     clear(fileProblem_);
     const TakenIn taken{std::exchange(onDisk_, found.theirs), found.theirs};
@@ -187,7 +200,7 @@ void CompositionEditorModel::takeIn(Look& found) {
         if (!isSelectionKept) found.merged->selection = edited().selection;
         clampSelection(*found.merged);
         state.edited = std::move(*found.merged);
-        history_.record(takeInName, before, moment());
+        record(takeInName, before);
         state.takenIn = taken;
         scheduleRefresh();
     }

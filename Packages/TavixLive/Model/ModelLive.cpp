@@ -1,5 +1,6 @@
 // Drags, which go past the document until they end, and the zoom of the stage.
 #include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixLive/Model/Overscan.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +10,7 @@ namespace tavix {
 
 namespace {
 
-constexpr double leastOverscan = 0.1, noOverscan = 0.999, leastZoomStep = 0.0001;
+constexpr double leastOverscan = 0.1, leastZoomStep = 0.0001;
 
 }   // namespace
 
@@ -26,14 +27,13 @@ void CompositionEditorModel::liveUpdateScene3D(
 }
 
 void CompositionEditorModel::liveApply(const LiveTarget& target) {
-    EditState held = edited();
-    const auto* device = held.content<DeviceContent>(target.scene, target.layer);
+    const auto* device = edited().content<DeviceContent>(target.scene, target.layer);
     if (device == nullptr) return;
     liveTarget_ = target;
     noteUnsaved(true);
     const auto scene3D = liveScene3D_ ? liveScene3D_ : device->scene3D;
     auto placement = livePlacement_ ? livePlacement_ : device->placement;
-    if (placement) placement = overscannedPlacement(std::move(*placement));
+    if (placement) placement = overscanned(std::move(*placement), state.previewOverscan());
     if (scene3D)
         preview_.onMaker([key = Composition3DRendererPool::Key{target.scene, target.layer}, scene3D,
                              placement](PreviewMaker& maker) {
@@ -61,12 +61,15 @@ void CompositionEditorModel::issueLiveRender() {
         }));
 }
 
+void CompositionEditorModel::applyLiveEdits(DeviceContent& device) const {
+    if (liveScene3D_) device.scene3D = liveScene3D_;
+    if (livePlacement_) device.placement = livePlacement_;
+}
+
 void CompositionEditorModel::applyLiveEdits(EditState& changed) const {
     auto* device =
         liveTarget_ ? changed.content<DeviceContent>(liveTarget_->scene, liveTarget_->layer) : nullptr;
-    if (device == nullptr) return;
-    if (liveScene3D_) device->scene3D = liveScene3D_;
-    if (livePlacement_) device->placement = livePlacement_;
+    if (device != nullptr) applyLiveEdits(*device);
 }
 
 void CompositionEditorModel::commitLiveEdits() {
@@ -81,28 +84,6 @@ void CompositionEditorModel::commitLiveEdits() {
     noteUnsaved(true);
     scheduleRefresh();
     if (isLookDue_) lookAtFile();
-}
-
-DevicePlacementSpec CompositionEditorModel::overscannedPlacement(DevicePlacementSpec placement) const {
-    const double overscan = state.previewOverscan();
-    if (overscan >= noOverscan) return placement;
-    for (DevicePlacementKeyframe& keyframe : placement.track) {
-        keyframe.offset.x *= overscan;
-        keyframe.offset.y *= overscan;
-        keyframe.scale = std::max(keyframe.scale * overscan, leastPlacementScale);
-    }
-    return placement;
-}
-
-// With more room around every device; the document itself stays as it is.
-CompositionSpec CompositionEditorModel::overscanned(const CompositionSpec& spec) const {
-    CompositionSpec shown = spec;
-    if (state.previewOverscan() >= noOverscan) return shown;
-    for (CompositionScene& scene : shown.scenes)
-        for (CompositionLayer& layer : scene.layers)
-            if (auto* device = std::get_if<DeviceContent>(&layer.content); device && device->placement)
-                device->placement = overscannedPlacement(std::move(*device->placement));
-    return shown;
 }
 
 void CompositionEditorModel::setPreviewOverscan(double value) {
@@ -124,14 +105,16 @@ void CompositionEditorModel::resetPreviewView() {
 }
 
 void CompositionEditorModel::livePreviewTransform() {
-    preview_.onMaker([spec = overscanned(edited().spec)](PreviewMaker& maker) {
-        maker.setLiveMode(true);
-        for (std::size_t i = 0; i < spec.scenes.size(); ++i)
-            for (std::size_t j = 0; j < spec.scenes[i].layers.size(); ++j) {
-                const auto* device = std::get_if<DeviceContent>(&spec.scenes[i].layers[j].content);
-                if (device && device->scene3D) maker.liveApply({i, j}, *device->scene3D, device->placement);
-            }
-    });
+    preview_.onMaker(
+        [spec = overscanned(state.edited.shared(), state.previewOverscan())](PreviewMaker& maker) {
+            maker.setLiveMode(true);
+            for (std::size_t i = 0; i < spec->scenes.size(); ++i)
+                for (std::size_t j = 0; j < spec->scenes[i].layers.size(); ++j) {
+                    const auto* device = std::get_if<DeviceContent>(&spec->scenes[i].layers[j].content);
+                    if (device && device->scene3D)
+                        maker.liveApply({i, j}, *device->scene3D, device->placement);
+                }
+        });
     if (isLiveRenderInFlight_)
         isLiveRenderDirty_ = true;
     else

@@ -1,5 +1,6 @@
 // How the preview follows the document.
 #include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixLive/Model/Overscan.h"
 
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Time/CompositionTimeline.h"
@@ -36,27 +37,51 @@ void CompositionEditorModel::scheduleRefresh() {
     });
 }
 
+// One run of it, to its end.
+struct CompositionEditorModel::Refresh {
+    std::uint64_t epoch;
+    Done then;
+};
+
+// The document as the preview shows it; nothing of one that has an error.
+struct CompositionEditorModel::Judged {
+    std::shared_ptr<const CompositionSpec> shown;
+    std::string error;
+};
+
+// Judged elsewhere: a document may be long.
 void CompositionEditorModel::refreshNow(Done then) {
     if (!state.isLoaded() || !state.bundle()) return;
-    const std::uint64_t epoch = ++refreshEpoch_;
+    Refresh refresh{++refreshEpoch_, std::move(then)};
     isRefreshing_ = true;
-    for (const CompositionLint::Finding& finding : CompositionLint::lint(edited().spec))
-        if (finding.level == CompositionLint::Level::error) {
-            state.errorMessage = refreshProblem_ = finding.path + ": " + finding.message;
-            endRefresh();
-            if (then) then();
-            return;
-        }
-    preview_.show(overscanned(edited().spec), *state.bundle(), room_,
-        document_.guard([this, epoch, then = std::move(then)](
-                            const LivePreview::Ended& ended) { finishRefresh(epoch, ended, then); }));
+    system::runThere(
+        files(), main_,
+        [edited = state.edited.shared(), overscan = state.previewOverscan()]() -> Judged {
+            for (const CompositionLint::Finding& finding : CompositionLint::lint(edited->spec))
+                if (finding.level == CompositionLint::Level::error)
+                    return {nullptr, finding.path + ": " + finding.message};
+            return {overscanned(edited, overscan), {}};
+        },
+        document_.guard([this, refresh = std::move(refresh)](
+                            system::Outcome<Judged>& outcome) { showJudged(refresh, outcome); }));
 }
 
-void CompositionEditorModel::finishRefresh(
-    std::uint64_t epoch, const LivePreview::Ended& ended, const Done& then) {
+void CompositionEditorModel::showJudged(const Refresh& refresh, system::Outcome<Judged>& outcome) {
+    if (refresh.epoch != refreshEpoch_) return finishRefresh(refresh, {.isOvertaken = true, .failure = {}});
+    Judged& judged = outcome.value();
+    if (judged.shown)
+        return preview_.show(std::move(judged.shown), *state.bundle(), room_,
+            document_.guard(
+                [this, refresh](const LivePreview::Ended& ended) { finishRefresh(refresh, ended); }));
+    state.errorMessage = refreshProblem_ = judged.error;
     endRefresh();
-    if (ended.isOvertaken || epoch != refreshEpoch_) {
-        if (then) then();
+    if (refresh.then) refresh.then();
+}
+
+void CompositionEditorModel::finishRefresh(const Refresh& refresh, const LivePreview::Ended& ended) {
+    endRefresh();
+    if (ended.isOvertaken || refresh.epoch != refreshEpoch_) {
+        if (refresh.then) refresh.then();
         return;
     }
     if (ended.failure) {
@@ -68,7 +93,7 @@ void CompositionEditorModel::finishRefresh(
         prewarm3D();
         letLiveFrameGo();
     }
-    if (then) then();
+    if (refresh.then) refresh.then();
 }
 
 void CompositionEditorModel::endRefresh() {

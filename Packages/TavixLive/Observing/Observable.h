@@ -119,6 +119,28 @@ private:
     T value_{};
 };
 
+// The same of a value that is dear to copy: whoever keeps it, or takes it to another thread, shares it.
+template <class T> class SharedObservable : public Source {
+public:
+    const T& operator()() const { return *value_; }
+    const std::shared_ptr<const T>& shared() const { return value_; }
+    SharedObservable& operator=(T value) {
+        if (!(value == *value_)) become(std::make_shared<const T>(std::move(value)));
+        return *this;
+    }
+    SharedObservable& operator=(std::shared_ptr<const T> value) {
+        if (value != value_ && !(*value == *value_)) become(std::move(value));
+        return *this;
+    }
+
+private:
+    void become(std::shared_ptr<const T> value) {
+        value_ = std::move(value);
+        changed();
+    }
+    std::shared_ptr<const T> value_ = std::make_shared<const T>();
+};
+
 // Calls `tell` after any of the sources changed.
 template <class... Sources> Connection watch(std::function<void()> tell, const Sources&... sources) {
     auto watcher = std::make_shared<observing::Watcher>(observing::Watcher{std::move(tell)});

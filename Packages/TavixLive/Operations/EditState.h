@@ -46,6 +46,11 @@ struct EditState {
         CompositionLayer* in = layer(sceneIndex, index);
         return in ? std::get_if<Content>(&in->content) : nullptr;
     }
+    template <class Content> const Content* content(std::size_t sceneIndex, std::size_t index) const {
+        if (sceneIndex >= spec.scenes.size() || index >= spec.scenes[sceneIndex].layers.size())
+            return nullptr;
+        return std::get_if<Content>(&spec.scenes[sceneIndex].layers[index].content);
+    }
 };
 
 // A scene that is not there becomes the first one, a layer that is not there none.

@@ -58,11 +58,11 @@ void LivePreview::close() {
     onMaker([](PreviewMaker& maker) { maker.forgetDevices(); });
 }
 
-void LivePreview::show(
-    const CompositionSpec& spec, const PreviewMaker::AssetRoot& assetRoot, imaging::Size room, Then then) {
-    auto request = std::make_shared<Request>(
-        Request{spec, assetRoot, room, structuralKey(spec), std::move(then), ++epoch_});
-    if (!(CompositionTimeline(spec).totalSec > 0)) {
+void LivePreview::show(std::shared_ptr<const CompositionSpec> spec, const PreviewMaker::AssetRoot& assetRoot,
+    imaging::Size room, Then then) {
+    const auto request = std::make_shared<Request>(
+        Request{spec, assetRoot, room, structuralKey(*spec), std::move(then), ++epoch_});
+    if (!(CompositionTimeline(*spec).totalSec > 0)) {
         executors_.main.post(
             lifeline_.guard([this, request] { fail(*request, "The composition is empty (0 seconds)."); }));
         return;
@@ -83,7 +83,9 @@ void LivePreview::fail(const Request& request, const std::string& sentence) {
 void LivePreview::lightly(const std::shared_ptr<Request>& request) {
     system::runThere(
         executors_.render, executors_.main,
-        [maker = maker_, request] { return maker->source(request->spec, request->assetRoot, request->room); },
+        [maker = maker_, request] {
+            return maker->source(*request->spec, request->assetRoot, request->room);
+        },
         lifeline_.guard([this, request](system::Outcome<FrameSourceRef>& source) {
             if (const auto failure = failureOf(source)) return fail(*request, *failure);
             const bool isOvertaken = isStale(*request) || !player_.item();
@@ -101,14 +103,14 @@ void LivePreview::anew(const std::shared_ptr<Request>& request) {
         executors_.render, executors_.main,
         [maker = maker_, request] {
             maker->forgetDevices();
-            return maker->source(request->spec, request->assetRoot, request->room);
+            return maker->source(*request->spec, request->assetRoot, request->room);
         },
         lifeline_.guard([this, request](system::Outcome<FrameSourceRef>& source) {
             if (const auto failure = failureOf(source)) return fail(*request, *failure);
             if (isStale(*request)) return fail(*request, {});
             system::runThere(
                 executors_.workers, executors_.main,
-                [maker = maker_, request] { return maker->sound(request->spec, request->assetRoot); },
+                [maker = maker_, request] { return maker->sound(*request->spec, request->assetRoot); },
                 lifeline_.guard([this, request, made = source.value()](
                                     system::Outcome<std::optional<media::AudioTimeline>>& sound) {
                     if (const auto failure = failureOf(sound)) return fail(*request, *failure);
@@ -122,7 +124,7 @@ void LivePreview::setItem(const std::shared_ptr<Request>& request, FrameSourceRe
     std::optional<media::AudioTimeline> sound) {
     PlayerItem item;
     item.totalSec = source->totalSec();
-    item.framesPerSec = std::clamp(double(request->spec.output.fps), 1.0, mostFramesPerSec);
+    item.framesPerSec = std::clamp(double(request->spec->output.fps), 1.0, mostFramesPerSec);
     item.pictures =
         std::make_shared<RenderChain>(executors_.render, executors_.main, std::move(source), logs_.scrub);
     item.pictures->setOnFrameDelivered(

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace tavix {
 
@@ -43,8 +44,14 @@ public:
     // The document has its beats, marks and presets resolved. Where the structure stays, the player keeps its
     // item, its position and its rate; otherwise it gets a new one, at the position of the old one. `then` is
     // called once, with the picture of the new document on its way, or on the stage.
-    void show(
-        const CompositionSpec& spec, const PreviewMaker::AssetRoot& assetRoot, imaging::Size room, Then then);
+    void show(std::shared_ptr<const CompositionSpec> spec, const PreviewMaker::AssetRoot& assetRoot,
+        imaging::Size room, Then then);
+    void show(const CompositionSpec& spec, const PreviewMaker::AssetRoot& assetRoot, imaging::Size room,
+        Then then) {
+        show(std::make_shared<const CompositionSpec>(spec), assetRoot, room, std::move(then));
+    }
+    // A file of the sound has changed: the next document makes it anew, whatever its structure.
+    void noteSoundChanged() { shownKey_.reset(); }
     // Shows nothing any more.
     void close();
 
@@ -60,7 +67,7 @@ public:
 
 private:
     struct Request {
-        CompositionSpec spec;
+        std::shared_ptr<const CompositionSpec> spec;
         PreviewMaker::AssetRoot assetRoot;
         imaging::Size room;
         std::string key;

@@ -325,5 +325,46 @@ TEST_F(EditorModel, ClosesInTheMiddleOfEverything) {
     time.advance(2);
 }
 
+// Comparing documents takes long, so it is done elsewhere; what waits can be undone all the same.
+TEST_F(EditorModel, PacksItsStepsElsewhere) {
+    load(testing::smallFilm());
+    const CompositionSpec before = spec();
+    for (int i = 0; i < 3; ++i) tint();
+    EXPECT_EQ(model->history().byteCount(), 0u) << "nothing was compared yet";
+    model->undo();
+    model->undo();
+    time.settle();
+    EXPECT_GT(model->history().byteCount(), 0u);
+    EXPECT_EQ(model->history().stepCount(), 1u);
+    model->redo();
+    model->undo();
+    model->undo();
+    EXPECT_EQ(spec(), before);
+    tint();
+    model->close();   // under the job
+    time.settle();
+    EXPECT_EQ(model->history().stepCount(), 0u);
+}
+
+// A menu shows them; the end of a gesture changes no document.
+TEST_F(EditorModel, TellsWhatUndoAndRedoTake) {
+    load(testing::smallFilm());
+    std::vector<std::string> shownNames;
+    const Connection watching = watch(
+        [&] {
+            shownNames.push_back(state().undoName().value_or("-") + "/" + state().redoName().value_or("-"));
+        },
+        state().undoName, state().redoName);
+    model->beginGesture("Fade");
+    tint();
+    tint();
+    EXPECT_TRUE(shownNames.empty());
+    model->endGesture();
+    model->undo();
+    model->redo();
+    model->close();
+    EXPECT_THAT(shownNames, ::testing::ElementsAre("Fade/-", "-/Fade", "Fade/-", "-/-"));
+}
+
 }   // namespace
 }   // namespace tavix

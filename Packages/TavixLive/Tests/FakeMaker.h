@@ -21,6 +21,7 @@ public:
     void setLiveMode(bool isOn) override { isLive = isOn; }
     void forgetDevices() override { ++forgotten; }
     std::optional<media::AudioTimeline> sound(const CompositionSpec&, const AssetRoot&) const override {
+        ++soundsMade;
         return std::nullopt;
     }
 
@@ -35,6 +36,7 @@ public:
     std::size_t room = 0;   // of the memory of frames
     bool fails = false, isLive = false;
     int forgotten = 0;
+    mutable int soundsMade = 0;
 
 private:
     system::ManualTime& time_;

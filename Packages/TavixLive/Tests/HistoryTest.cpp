@@ -4,81 +4,106 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
 #include <random>
 
 namespace tavix {
 namespace {
 
-// Undo leads to the first document, through every one in between; redo to the last.
+History::Moment momentOf(const EditState& state, double sec = 0) {
+    return {std::make_shared<const EditState>(state), sec};
+}
+
+// Undo leads to the first document, through every one in between; redo to the last. Whole, packed, or some of
+// both.
 TEST(History, LeadsBackAndForthThroughEveryDocument) {
     for (unsigned seed = 1; seed <= 8; ++seed) {
         std::mt19937 random(seed);
-        History history;
-        std::vector<History::Moment> moments{{testing::firstState(), 0}};
+        History history({.mostWholeBytes = seed % 2 ? 0u : 20000u, .mostUnpacked = seed % 3 ? 1000u : 5u});
+        std::vector<EditState> states{testing::firstState()};
         for (int i = 0; i < 120; ++i) {
-            History::Moment next = moments.back();
-            testing::editAnything(next.state, random);
-            next.playheadSec = i;
-            if (next.state.spec == moments.back().state.spec) continue;
-            history.record("step " + std::to_string(i), moments.back(), next);
-            moments.push_back(next);
+            EditState next = states.back();
+            testing::editAnything(next, random);
+            if (next.spec == states.back().spec) continue;
+            const double sec = double(states.size());
+            history.record(
+                "step " + std::to_string(i), momentOf(states.back(), sec - 1), momentOf(next, sec));
+            states.push_back(next);
+            if (random() % 3 == 0)
+                if (const auto step = history.nextUnpacked()) history.put(History::pack(*step));
         }
-        EXPECT_EQ(history.stepCount(), moments.size() - 1);
-        const std::string first = encodedJson(moments.front().state.spec);
-        for (std::size_t i = moments.size() - 1; i > 0; --i) {
-            const auto before = history.undo(moments[i].state);
+        if (seed > 4) history.packAll();
+        EXPECT_EQ(history.stepCount(), states.size() - 1);
+        const std::string first = encodedJson(states.front().spec);
+        for (std::size_t i = states.size() - 1; i > 0; --i) {
+            const auto before = history.undo(states[i]);
             ASSERT_TRUE(before);
-            ASSERT_EQ(before->state.spec, moments[i - 1].state.spec) << seed << " step " << i;
-            EXPECT_EQ(before->state.selection, moments[i - 1].state.selection);
-            EXPECT_EQ(before->playheadSec, moments[i - 1].playheadSec);
+            ASSERT_EQ(before->state->spec, states[i - 1].spec) << seed << " step " << i;
+            EXPECT_EQ(before->state->selection, states[i - 1].selection);
+            EXPECT_EQ(before->playheadSec, double(i - 1));
             if (i == 1) {
-                EXPECT_EQ(encodedJson(before->state.spec), first);
+                EXPECT_EQ(encodedJson(before->state->spec), first);
             }
+            if (random() % 4 == 0) history.packAll();
         }
-        EXPECT_FALSE(history.undo(moments[0].state));
-        for (std::size_t i = 0; i + 1 < moments.size(); ++i)
-            ASSERT_EQ(history.redo(moments[i].state)->state.spec, moments[i + 1].state.spec);
-        EXPECT_FALSE(history.redo(moments.back().state));
+        EXPECT_FALSE(history.undo(states[0]));
+        for (std::size_t i = 0; i + 1 < states.size(); ++i)
+            ASSERT_EQ(history.redo(states[i])->state->spec, states[i + 1].spec);
+        EXPECT_FALSE(history.redo(states.back()));
     }
 }
 
 TEST(History, ForgetsWhatWasUndoneWhenSomethingElseIsDone) {
     History history;
-    History::Moment a{testing::firstState(), 0}, b = a, c = a;
-    b.state.spec.seed = 1;
-    c.state.spec.seed = 2;
-    history.record("b", a, b);
-    history.record("nothing", b, b);
+    EditState a = testing::firstState(), b = a, c = a;
+    b.spec.seed = 1;
+    c.spec.seed = 2;
+    history.record("b", momentOf(a), momentOf(b));
+    history.record("nothing", momentOf(b), momentOf(b));
     EXPECT_EQ(*history.undoName(), "b");
-    ASSERT_TRUE(history.undo(b.state));
+    const auto step = history.nextUnpacked();
+    ASSERT_TRUE(step);
+    ASSERT_TRUE(history.undo(b));
     EXPECT_EQ(*history.redoName(), "b");
-    history.record("c", a, c);
+    history.record("c", momentOf(a), momentOf(c));
     EXPECT_EQ(history.redoName(), nullptr);
-    EXPECT_EQ(history.undo(c.state)->state, a.state);
+    history.put(History::pack(*step));   // of a step that has gone
+    EXPECT_EQ(history.byteCount(), 0u);
+    EXPECT_EQ(*history.undo(c)->state, a);
 }
 
 TEST(History, KeepsWithinItsMemory) {
-    History history({.mostSteps = 50, .mostBytes = 20000});
-    History::Moment now{testing::firstState(), 0};
+    History history({.mostSteps = 50, .mostBytes = 20000, .mostWholeBytes = 40000});
+    EditState now = testing::firstState();
+    std::vector<std::weak_ptr<const EditState>> wholes;
     for (int i = 1; i <= 300; ++i) {
-        const History::Moment before = now;
-        now.state.content<TextContent>(0, 0)->text =
-            std::string(std::size_t(i % 7) * 100, 'x') + std::to_string(i);
-        history.record("rename", before, now);
+        const History::Moment before = momentOf(now);
+        now.content<TextContent>(0, 0)->text = std::string(std::size_t(i % 7) * 100, 'x') + std::to_string(i);
+        history.record("rename", before, momentOf(now));
+        wholes.push_back(before.state);
+        history.packAll();
         EXPECT_LE(history.stepCount(), 50u);
         EXPECT_LE(history.byteCount(), 20000u);
     }
+    history.takeSpent();
+    const auto kept =
+        std::size_t(std::ranges::count_if(wholes, [](const auto& whole) { return !whole.expired(); }));
+    EXPECT_GT(kept, 0u) << "the next undo takes no time";
+    EXPECT_LE(kept * encodedJson(now.spec).size(), 80000u);
     EXPECT_GT(history.stepCount(), 5u);
-    while (const auto before = history.undo(now.state)) now = *before;
-    EXPECT_FALSE(now.state.content<TextContent>(0, 0)->text.ends_with("300"));
+    while (const auto before = history.undo(now)) now = *before->state;
+    EXPECT_FALSE(now.content<TextContent>(0, 0)->text.ends_with("300"));
 }
 
 TEST(History, TellsItsLastChangeAsAPatch) {
     History history;
-    History::Moment a{testing::firstState(), 0}, b = a;
-    b.state.spec.scenes[0].durationSec = 7;
-    history.record("longer", a, b);
-    EXPECT_EQ(applyTo(a.state.spec, history.lastChange(b.state)), b.state.spec);
+    EditState a = testing::firstState(), b = a;
+    b.spec.scenes[0].durationSec = 7;
+    history.record("longer", momentOf(a), momentOf(b));
+    EXPECT_EQ(applyTo(a.spec, history.lastChange(b)), b.spec);
+    history.packAll();
+    EXPECT_EQ(applyTo(a.spec, history.lastChange(b)), b.spec);
 }
 
 }   // namespace

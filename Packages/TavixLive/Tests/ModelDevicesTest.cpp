@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
+
 namespace tavix {
 namespace {
 
@@ -97,6 +100,91 @@ TEST_F(ModelDevices, GoesToAKeyframeThatIsAppended) {
     model->appendKeyframe(0, 0, 1);   // no device
     time.advance(1);
     EXPECT_EQ(state().outputDuration(), 7.5);
+}
+
+TEST_F(ModelDevices, FollowsAHandOverTheStageAsOneStep) {
+    load(testing::smallFilmWithDevice());
+    model->seek(1);
+    time.advance(1);
+    const CompositionSpec before = spec();
+    const auto device = [&] { return *state().edited().content<DeviceContent>(0, 0); };
+    const auto stands = [&] { return DeviceKeyframes::unifiedState(device(), spec().output, 1); };
+    const DeviceKeyframes::UnifiedState start = stands();
+    const auto dragged = [&](const std::function<void()>& drag) {
+        model->beginDeviceDrag(0, 0);
+        EXPECT_EQ(model->deviceDragStart()->state, start);
+        EXPECT_EQ(model->deviceDragStart()->atSec, 1);
+        drag();
+        time.advance(0.1);
+        EXPECT_EQ(spec(), before) << "not before it ends";
+        EXPECT_TRUE(state().showsLiveFrame());
+        model->endDeviceDrag();
+        EXPECT_FALSE(model->deviceDragStart());
+        EXPECT_EQ(model->history().stepCount(), 1u);
+        EXPECT_EQ(*model->history().undoName(), "Move device");
+        const auto now = stands();
+        model->undo();
+        time.advance(1);
+        EXPECT_EQ(spec(), before);
+        return now;
+    };
+    using enum DeviceOperations::DeviceMoveAxis;
+    // At a depth of 0.5 the whole height of the canvas is one unit.
+    auto now = dragged([&] {
+        model->dragDeviceMove(400, 99, 800, free);
+        model->dragDeviceMove(80, -40, 800, free);
+    });
+    EXPECT_NEAR(now.offset.x - start.offset.x, 0.1 * (1.5 - start.depth), 1e-9) << "from its start alone";
+    EXPECT_NEAR(now.offset.y - start.offset.y, -0.05 * (1.5 - start.depth), 1e-9);
+    now = dragged([&] { model->dragDeviceMove(80, -40, 800, y); });
+    EXPECT_EQ(now.offset.x, start.offset.x);
+    EXPECT_EQ(now.tiltDegrees, start.tiltDegrees);
+    now = dragged([&] { model->dragDeviceScale(100); });
+    EXPECT_NEAR(now.scale, start.scale * std::exp(-0.6), 1e-9);
+    now = dragged([&] { model->dragDeviceRotate({100, 100}, {130, 100}, {{100, 100}, 60}); });
+    EXPECT_GT(now.tiltDegrees.y, start.tiltDegrees.y + 5);
+
+    model->beginDeviceDrag(0, 0);
+    model->dragDeviceMove(80, -40, 0, free);   // the canvas is not seen
+    model->endDeviceDrag();
+    model->beginDeviceDrag(0, 7);
+    model->dragDeviceScale(20);
+    model->endDeviceDrag();
+    EXPECT_EQ(spec(), before);
+    EXPECT_EQ(model->history().stepCount(), 0u);
+}
+
+TEST_F(ModelDevices, FollowsAHandWhenItIsFlat) {
+    CompositionSpec film = testing::smallFilmWithDevice();
+    std::get<DeviceContent>(film.scenes[0].layers[0].content).scene3D.reset();
+    load(film);
+    model->beginDeviceDrag(0, 0);
+    for (int i = 0; i < 5; ++i) {
+        model->dragDeviceMove(10 * i, 0, 500, DeviceOperations::DeviceMoveAxis::free);
+        time.advance(0.3);
+    }
+    EXPECT_GT(maker->built.size(), 2u) << "seen while it is dragged";
+    model->endDeviceDrag();
+    EXPECT_EQ(model->history().stepCount(), 1u);
+    model->undo();
+    EXPECT_EQ(spec(), film);
+}
+
+TEST_F(ModelDevices, TurnsWithAllItsPoses) {
+    CompositionSpec film = testing::smallFilmWithDevice();
+    auto& scene3D = *std::get<DeviceContent>(film.scenes[0].layers[0].content).scene3D;
+    scene3D.tiltDegrees = {1, 10, 3};
+    scene3D.poseTrack = {{0, {1, 20, 3}}, {1, {5, 50, 7}}};
+    load(film);
+    model->liveSetRestTilt(0, 0, DeviceKeyframes::TiltAxis::y, 25);
+    model->liveSetRestTilt(0, 0, DeviceKeyframes::TiltAxis::y, 30);
+    time.advance(0.1);
+    EXPECT_EQ(spec(), film);
+    model->commitLiveEdits();
+    const auto& turned = *state().edited().content<DeviceContent>(0, 0)->scene3D;
+    EXPECT_EQ(turned.poseTrack[0].tiltDegrees, (Vector3{1, 40, 3}));
+    EXPECT_EQ(turned.poseTrack[1].tiltDegrees, (Vector3{5, 70, 7}));
+    EXPECT_EQ(turned.tiltDegrees, (Vector3{1, 30, 3}));
 }
 
 }   // namespace

@@ -358,5 +358,35 @@ TEST_F(ModelFile, BacksUpWhatSavingReplaces) {
     EXPECT_EQ(decodeJson<CompositionSpec>(readBytes(kept[0].file)), theirs);
 }
 
+// The structure of the document is the same, but what is heard is not.
+TEST_F(ModelFile, MakesTheSoundAnewWhenAFileOfItChanges) {
+    const fs::path assets = CompositionProjectBundle::assetsFolder(bundle);
+    fs::create_directory(assets);
+    watcher.change(bundle, "assets");
+    time.advance(1);
+    model->update("Music", [](EditState& changed) {
+        changed.spec.audio.emplace();
+        changed.spec.audio->music = MusicBed{.path = "assets/song.wav"};
+    });
+    time.advance(1);
+    model->seek(2);
+    model->togglePlay();
+    time.advance(0.5);
+    int made = maker->soundsMade;
+    watcher.change(assets, "screen.png");
+    time.advance(0.5);
+    EXPECT_EQ(maker->soundsMade, made) << "a picture is not heard";
+    const auto* pictures = model->preview().pictures();
+    for (int i = 0; i < 3; ++i) watcher.change(assets, "song.wav");
+    time.advance(0.5);
+    EXPECT_EQ(maker->soundsMade, made + 1);
+    EXPECT_NE(model->preview().pictures(), pictures);
+    EXPECT_TRUE(state().isPlaying());
+    EXPECT_NEAR(state().currentTime(), 3.5, 0.1) << "it goes on where it was";
+    tint();
+    time.advance(0.5);
+    EXPECT_EQ(maker->soundsMade, made + 1) << "once";
+}
+
 }   // namespace
 }   // namespace tavix

@@ -1,0 +1,85 @@
+// A device in the hand of somebody who drags it over the stage.
+#include "TavixLive/Model/CompositionEditorModel.h"
+
+#include "TavixCore/Time/CompositionTimeline.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavix {
+
+namespace {
+
+constexpr const char* stepName = "Move device";
+
+}   // namespace
+
+void CompositionEditorModel::beginDeviceDrag(std::size_t scene, std::size_t layer) {
+    deviceDragStart_.reset();
+    const auto* device = edited().content<DeviceContent>(scene, layer);
+    if (device == nullptr) return;
+    const CompositionSpec& spec = edited().spec;
+    const double startSec =
+        CompositionTimeline(spec).startSec[scene] + spec.scenes[scene].layers[layer].fromSec;
+    const double atSec = std::max(state.currentTime() - startSec, 0.0);
+    deviceDragStart_ = {scene, layer, atSec, DeviceKeyframes::unifiedState(*device, spec.output, atSec)};
+    beginGesture(stepName);
+}
+
+void CompositionEditorModel::follow(const DeviceKeyframes::UnifiedState& stands) {
+    const DeviceOperations::DeviceDragStart& start = *deviceDragStart_;
+    liveUpsertUnifiedKeyframe(start.scene, start.layer, start.atSec, stands);
+}
+
+void CompositionEditorModel::dragDeviceMove(
+    double dxPoints, double dyPoints, double fittedHeight, DeviceOperations::DeviceMoveAxis axis) {
+    if (deviceDragStart_ && fittedHeight > 0)
+        follow(DeviceOperations::moved(
+            *deviceDragStart_, dxPoints, dyPoints, {fittedHeight, state.previewOverscan()}, axis));
+}
+
+void CompositionEditorModel::dragDeviceRotate(
+    const PixelPoint& from, const PixelPoint& to, const DeviceGizmoMath::Arcball& ball) {
+    if (deviceDragStart_) follow(DeviceOperations::rotated(*deviceDragStart_, from, to, ball));
+}
+
+void CompositionEditorModel::dragDeviceScale(double dyPoints) {
+    if (deviceDragStart_) follow(DeviceOperations::scaled(*deviceDragStart_, dyPoints));
+}
+
+void CompositionEditorModel::endDeviceDrag() {
+    if (!std::exchange(deviceDragStart_, std::nullopt)) return;
+    commitLiveEdits();
+    endGesture();
+}
+
+// As it is under the hand.
+std::optional<DeviceContent> CompositionEditorModel::liveDevice(std::size_t scene, std::size_t layer) const {
+    const auto* device = edited().content<DeviceContent>(scene, layer);
+    if (device == nullptr) return std::nullopt;
+    DeviceContent held = *device;
+    if (liveTarget_ == LiveTarget{scene, layer}) applyLiveEdits(held);
+    return held;
+}
+
+void CompositionEditorModel::liveUpsertUnifiedKeyframe(
+    std::size_t scene, std::size_t layer, double atSec, const DeviceKeyframes::UnifiedState& stands) {
+    auto held = liveDevice(scene, layer);
+    if (!held) return;
+    DeviceKeyframes::upsertUnifiedKeyframe(*held, atSec, stands);
+    if (!held->scene3D)
+        return update(stepName,
+            [&](EditState& changed) { *changed.content<DeviceContent>(scene, layer) = std::move(*held); });
+    livePlacement_ = held->placement;
+    liveUpdateScene3D(scene, layer, *held->scene3D);
+}
+
+void CompositionEditorModel::liveSetRestTilt(
+    std::size_t scene, std::size_t layer, DeviceKeyframes::TiltAxis axis, double degrees) {
+    auto held = liveDevice(scene, layer);
+    if (!held || !held->scene3D) return;
+    DeviceKeyframes::setRestTilt(*held, axis, degrees);
+    liveUpdateScene3D(scene, layer, *held->scene3D);
+}
+
+}   // namespace tavix
