@@ -159,6 +159,7 @@ TEST_F(Panels, UndoInTheNoticeTakesTheLastChangeBack) {
 
 TEST_F(Panels, AnExportIsChosenEstimatedAndRunsInTheBar) {
     open(makeBundle("square"));
+    studio->model.update("Short", [](EditState& changed) { changed.scene(0)->durationSec = 0.2; });
     window->actions().exportFilm->trigger();
     QWidget* sheet = dialog("exportSheet");
     ASSERT_TRUE(sheet);
@@ -172,7 +173,7 @@ TEST_F(Panels, AnExportIsChosenEstimatedAndRunsInTheBar) {
     QWidget* bar = window->findChild<QWidget*>(QStringLiteral("exportBar"));
     EXPECT_TRUE(bar->isVisible());
     edit();   // goes on meanwhile
-    ASSERT_TRUE(until([&] { return !state().isExporting(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !state().isExporting(); }, 60'000));
     EXPECT_TRUE(std::filesystem::exists(file));
     QTest::qWait(50);
     click(bar, QStringLiteral("Done"));

@@ -48,7 +48,7 @@ TEST_F(ShortcutsTest, AKeyThatIsTakenIsToldAndChangesHands) {
     EXPECT_EQ(window->actions().duplicate->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
     EXPECT_TRUE(window->actions().exportFilm->shortcut().isEmpty());
     sheet->close();
-    // The next session has it, too.
+    // It is remembered.
     begin();
     EXPECT_EQ(window->actions().duplicate->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
     EXPECT_TRUE(window->actions().exportFilm->shortcut().isEmpty());

@@ -153,7 +153,7 @@ void MainWindow::connectFileActions() {
         QObject::connect(action, &QAction::triggered, this, job);
     };
     on(actions_.newProject, [this] {
-        auto* sheet = new NewProjectSheet(this);
+        auto* sheet = new NewProjectSheet(studio_, this);
         sheet->onMade = [this](const std::filesystem::path& bundle) { openDocument(bundle); };
         sheet->open();
     });

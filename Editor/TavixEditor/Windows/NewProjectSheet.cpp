@@ -1,8 +1,12 @@
 #include "TavixEditor/Windows/NewProjectSheet.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDesignSystem/Style/Drawing.h"
+#include "Editor/EditorDesignSystem/Style/Style.h"
 #include "TavixEditor/App/EngineProgram.h"
+#include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Windows/Thumbnails.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -11,6 +15,8 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QListWidget>
+#include <QPainter>
+#include <QPixmap>
 #include <QPushButton>
 #include <QStandardPaths>
 
@@ -18,19 +24,26 @@ namespace tavix::editor {
 
 using namespace design;
 
-NewProjectSheet::NewProjectSheet(QWidget* parent)
-    : QDialog(parent), templates_(new QListWidget), fault_(makeLabel({}, TextSize::body)),
+namespace {
+
+constexpr int pictureSide = 72;
+
+}   // namespace
+
+NewProjectSheet::NewProjectSheet(Studio& studio, QWidget* parent)
+    : QDialog(parent), studio_(studio), templates_(new QListWidget), fault_(makeLabel({}, TextSize::body)),
       create_(new QPushButton(tr("Create…"))) {
     setObjectName(QStringLiteral("newProject"));
     setWindowTitle(tr("New from Template"));
     setAttribute(Qt::WA_DeleteOnClose);
-    setMinimumSize(520, 420);
+    setMinimumSize(560, 560);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(space::section, space::section, space::section, space::large);
     column->setSpacing(space::medium);
     column->addWidget(makeLabel(tr("New from Template"), TextSize::title));
     templates_->setFrameShape(QFrame::NoFrame);
     templates_->setWordWrap(true);
+    templates_->setIconSize({pictureSide, pictureSide});
     templates_->setAccessibleName(tr("Templates"));
     column->addWidget(templates_, 1);
     fault_->setWordWrap(true);
@@ -67,10 +80,63 @@ void NewProjectSheet::list(const QByteArray& json) {
                                              .arg(entry[QLatin1String("about")].toString()),
             templates_);
         item->setData(Qt::UserRole, name);
-        item->setSizeHint({0, 2 * height::row - space::small});
+        item->setSizeHint({0, pictureSide + space::small});
+        showPicture(templates_->row(item), {});   // its room
     }
     templates_->setCurrentRow(0);
     create_->setEnabled(templates_->count() > 0);
+    drawNext();
+}
+
+void NewProjectSheet::showPicture(int row, const QImage& picture) {
+    const double scale = devicePixelRatioF();
+    QPixmap square(QSize(pictureSide, pictureSide) * scale);
+    square.setDevicePixelRatio(scale);
+    square.fill(Qt::transparent);
+    QPainter painter(&square);
+    QRectF room(0, 0, pictureSide, pictureSide);
+    drawBox(painter, room, radius::field, Style::theme().pressed);
+    if (!picture.isNull()) {
+        QRectF target(QPointF(), QSizeF(picture.size()).scaled(room.size(), Qt::KeepAspectRatio));
+        target.moveCenter(room.center());
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(target, picture);
+    }
+    painter.end();
+    QIcon icon(square);
+    icon.addPixmap(square, QIcon::Selected);   // as it is
+    templates_->item(row)->setIcon(icon);
+}
+
+// One after another: a project is made of the template, and its picture kept for the next time.
+void NewProjectSheet::drawNext() {
+    const int row = drawn_++;
+    if (row >= templates_->count()) return;
+    const QString name = templates_->item(row)->data(Qt::UserRole).toString();
+    const int sidePx = int(pictureSide * devicePixelRatioF());
+    const QString kept = QStringLiteral("%1/thumbnails/template-%2-%3-%4.png")
+                             .arg(pathWords(studio_.folders.cache), name,
+                                 QCoreApplication::applicationVersion(), QString::number(sidePx));
+    if (const QImage picture(kept); !picture.isNull()) {
+        showPicture(row, picture);
+        return drawNext();
+    }
+    const QString bundle = trials_.filePath(name + QStringLiteral(".tavixcomp"));
+    runEngine({QStringLiteral("new"), bundle, QStringLiteral("--template"), name}, this,
+        [this, row, bundle, sidePx, kept](const EngineAnswer& answer) {
+            if (!answer.isDone) return drawNext();   // choosing it tells why
+            system::runThere(
+                studio_.workers(), studio_.main(),
+                [bundle, sidePx, kept, cache = studio_.folders.cache] {
+                    QImage picture = thumbnailOf(pathOf(bundle), cache, sidePx);
+                    if (!picture.isNull()) picture.save(kept);
+                    return picture;
+                },
+                lifeline_.guard([this, row](system::Outcome<QImage>& outcome) {
+                    if (!outcome.hasFailed()) showPicture(row, outcome.value());
+                    drawNext();
+                }));
+        });
 }
 
 void NewProjectSheet::askWhere() {
