@@ -7,6 +7,7 @@
 #include "Engine/System/Errors.h"
 #include "TavixCore/Support/Codec.h"
 #include "TavixCore/Support/Names.h"
+#include "TavixRender/Encoding/FrameNames.h"
 #include "TavixRender/Export/ExportGeometry.h"
 
 #include <algorithm>
@@ -38,12 +39,14 @@ FrameRate rateNamed(const std::string& text) {
 void FilmArguments::declare(Arguments& arguments) {
     using media::EncodingEffort;
     arguments.text("-o,--output", request_.output, "FILE",
-        "The film; its extension tells the format. The document's name with .mp4 by default.");
+        "The film; its extension tells the format, and shots/%05d.png means numbered pictures. The document's "
+        "name with .mp4 by default.");
     arguments.choice<EncodingEffort>("--effort", effort_,
         {{"fast", EncodingEffort::fast}, {"balanced", EncodingEffort::balanced},
             {"best", EncodingEffort::best}},
         "Quicker, or better pictures at the same bit rate.");
-    arguments.choice("--format", request_.format, wordsOf<ExportFormat>(), "A film or an animated GIF.");
+    arguments.choice("--format", request_.format, wordsOf<ExportFormat>(),
+        "A film, an animated GIF or WebP, or a folder of PNG pictures, one for each frame.");
     arguments.choice<VideoCodec>("--codec", request_.codec,
         {{"h264", VideoCodec::h264}, {"hevc", VideoCodec::hevc}, {"vp9", VideoCodec::vp9},
             {"av1", VideoCodec::av1}, {"prores422hq", VideoCodec::proRes422HQ},
@@ -79,8 +82,10 @@ ExportRate FilmArguments::kept(const OutputChoice& choice) const {
     if (quality_ && bitsPerSec_)
         throw UsageError("--quality and --rate contradict each other; give one of the two.");
     const std::string given = quality_ ? "--quality" : "--rate";
-    if (choice.format == ExportFormat::gif)
-        throw UsageError(given + " is for video, and a GIF has none; drop one of the two.");
+    if (choice.format == ExportFormat::webp && quality_) return {quality_, {}};
+    if (choice.format != ExportFormat::video)
+        throw UsageError(given + " is for video, and a " + std::string(displayName(choice.format)) +
+                         " has none; drop one of the two.");
     if (isProRes(choice.codec))
         throw UsageError(
             given + " does not go with ProRes, which has a rate of its own; drop one of the two.");
@@ -94,11 +99,23 @@ FrameRate FilmArguments::rate(const FrameRate& native, ExportFormat format) cons
     return ReelExporter::targetFps(fps_.value_or(native), format);
 }
 
+namespace {
+
+std::int64_t bytesOf(const std::filesystem::path& film, std::int64_t frames) {
+    const std::optional<FrameNames> names = FrameNames::parsed(film);
+    if (!names || std::filesystem::exists(film)) return fileSize(film);
+    std::int64_t bytes = 0;
+    for (std::int64_t i = 0; i < frames; ++i) bytes += fileSize(names->of(i));
+    return bytes;
+}
+
+}   // namespace
+
 JsonObject filmResult(
     const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate, imaging::Size size) {
     return JsonObject{{"output", film.string()}, {"frames", frames}, {"seconds", rate.secAt(frames)},
         {"widthPx", size.width}, {"heightPx", size.height}, {"fps", Codec<FrameRate>::write(rate)},
-        {"sizeBytes", fileSize(film)}};
+        {"sizeBytes", bytesOf(film, frames)}};
 }
 
 }   // namespace tavix::engine

@@ -53,7 +53,7 @@ private:
     std::optional<std::int64_t> bitsPerSec_;
 };
 
-// What came out, for whoever reads results.
+// What came out, for whoever reads results. Of pictures, `film` is the pattern of their names.
 JsonObject filmResult(
     const std::filesystem::path& film, std::int64_t frames, const FrameRate& rate, imaging::Size size);
 

@@ -8,6 +8,7 @@
 #include "Engine/System/Errors.h"
 #include "Engine/System/Interruption.h"
 #include "Engine/System/SystemWatch.h"
+#include "TavixRender/Export/AnimationFit.h"
 #include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/FilmExport.h"
 
@@ -29,13 +30,20 @@ std::string shownRate(std::int64_t bitsPerSec) {
     return text;
 }
 
+void tellOfOlder(std::int64_t count, const OutputChoice& choice, Terminal& terminal) {
+    if (count == 0) return;
+    terminal.tell("• \"" + choice.target.parent_path().string() + "\" still has " + std::to_string(count) +
+                  (count == 1 ? " picture" : " pictures") + " past the last one, of an earlier film.");
+}
+
 }   // namespace
 
 void FilmRender::declare(Arguments& arguments) {
     arguments.value(
         "--max-size", "SIZE",
         [this](const std::string& text) { mostBytes_ = bytesNamed(text, "--max-size"); },
-        "The most that the file may take, as in 10MB: the rate is chosen so.");
+        "The most that the file may take, as in 10MB: the rate is chosen so, and the size and the frames a second of "
+        "a GIF or a WebP.");
     pieces_.declare(arguments);
     arguments.flag("--verify", isVerified_,
         "Decode the finished film and compare a frame of every second with the document's.");
@@ -56,15 +64,33 @@ void FilmRender::tellingProgress(
 }
 
 void FilmRender::requireAgreement(const FilmFile& file) const {
-    if (file.format == ExportFormat::gif && (mostBytes_ || isVerified_))
-        throw UsageError(std::string(mostBytes_ ? "--max-size" : "--verify") +
-                         " is for video, and a GIF takes none; drop one of the two.");
+    const auto refuse = [&](const std::string& flag) {
+        throw UsageError(flag + " is for video, and a " + std::string(displayName(file.format)) +
+                         " takes none; drop one of the two.");
+    };
+    if (isVerified_ && file.format != ExportFormat::video) refuse("--verify");
     if (!mostBytes_) return;
+    if (file.format == ExportFormat::png) refuse("--max-size");
     if (file.rate != ExportRate{})
         throw UsageError("--max-size chooses the rate itself; drop --quality and --rate.");
-    if (isProRes(file.codec))
+    if (file.format == ExportFormat::video && isProRes(file.codec))
         throw UsageError(
             "--max-size does not go with ProRes, which has a rate of its own; drop one of the two.");
+}
+
+PieceRender::Report FilmRender::writeUnder(
+    PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const {
+    if (mostBytes_ && isAnimation(film.file.format)) {
+        const auto tell = [&](const AnimationFit::Look& look, double bytes) {
+            tellers.terminal.tell(
+                "• About " + shownBytes(std::int64_t(bytes)) + " at " + AnimationFit::shown(film, look));
+        };
+        film = AnimationFit::write(
+            film, *mostBytes_, tellers.terminal.log(), tell, onProgress, tellers.interruption.token());
+        return {};
+    }
+    if (mostBytes_) return fit(film, onProgress, tellers);
+    return FilmExport::write(film, tellers.terminal.log(), onProgress, tellers.interruption.token());
 }
 
 void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Tellers& tellers) const {
@@ -75,19 +101,23 @@ void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Teller
     std::optional<JsonObject> likeness;
     const SystemWatch::Task task("to render the film");
     lines.stage("render");
-    writeFinished(choice.target, interruption, [&](const std::filesystem::path& unfinished) {
+    const auto writeUnfinished = [&](const std::filesystem::path& unfinished) {
         film.file.output = unfinished;
         const FilmWriter::Progress tellProgress = [&](double fraction) {
             terminal.progress(fraction);
             lines.progress(fraction);
         };
-        pieces = mostBytes_ ? fit(film, tellProgress, tellers)
-                            : FilmExport::write(film, terminal.log(), tellProgress, interruption.token());
+        pieces = writeUnder(film, tellProgress, tellers);
         if (choice.format == ExportFormat::video) FilmCheck::probe(film, unfinished);
         if (!isVerified_) return;
         lines.stage("verify");
         likeness = jsonOf(FilmCheck::verify(film, unfinished, tellProgress, interruption.token()));
-    });
+    };
+    if (choice.format == ExportFormat::png)
+        tellOfOlder(writeFinishedPictures(choice.target, film.frameCount, interruption, writeUnfinished),
+            choice, terminal);
+    else
+        writeFinished(choice.target, interruption, writeUnfinished);
     terminal.tell("✓ Wrote " + choice.target.string());
     const auto result = [&] {
         JsonObject json = filmResult(choice.target, film.frameCount, film.fps, film.size);

@@ -38,6 +38,8 @@ public:
 
 private:
     void requireAgreement(const FilmFile& file) const;
+    PieceRender::Report writeUnder(
+        PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const;
     PieceRender::Report fit(
         PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const;
 

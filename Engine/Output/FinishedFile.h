@@ -14,6 +14,13 @@ class Interruption;
 void writeFinished(const std::filesystem::path& target, const Interruption& interruption,
     const std::function<void(const std::filesystem::path& unfinished)>& write);
 
+// The same of numbered pictures, whose names `pattern` has a place for (`FrameNames`): they take their names
+// when all of them are there. Gives their folder's pictures past the last one, which an earlier film left
+// there.
+std::int64_t writeFinishedPictures(const std::filesystem::path& pattern, std::int64_t count,
+    const Interruption& interruption,
+    const std::function<void(const std::filesystem::path& unfinished)>& write);
+
 std::int64_t fileSize(const std::filesystem::path& file);
 
 }   // namespace tavix::engine

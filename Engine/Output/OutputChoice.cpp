@@ -3,6 +3,7 @@
 #include "Engine/Output/OutputPath.h"
 #include "Engine/System/Errors.h"
 #include "TavixCore/Support/Names.h"
+#include "TavixRender/Encoding/FrameNames.h"
 
 namespace tavix::engine {
 
@@ -15,27 +16,32 @@ struct Kind {
 };
 
 std::string extensionOf(const Kind& kind) {
-    return kind.format == ExportFormat::gif ? ".gif" : "." + std::string(nameOf(kind.container));
+    return "." +
+           std::string(kind.format == ExportFormat::video ? nameOf(kind.container) : nameOf(kind.format));
 }
 
 Kind kindOfExtension(const std::filesystem::path& path) {
     for (const Kind kind :
         {Kind{ExportFormat::video, ExportContainer::mp4}, Kind{ExportFormat::video, ExportContainer::mov},
-            Kind{ExportFormat::video, ExportContainer::webm}, Kind{ExportFormat::gif, {}}})
+            Kind{ExportFormat::video, ExportContainer::webm}, Kind{ExportFormat::gif, {}},
+            Kind{ExportFormat::webp, {}}, Kind{ExportFormat::png, {}}})
         if (lowerExtension(path) == extensionOf(kind)) return kind;
-    throw UsageError(
-        "\"" + path.string() + "\" has an extension that is not written; use .mp4, .mov, .webm or .gif.");
+    throw UsageError("\"" + path.string() +
+                     "\" has an extension that is not written; use .mp4, .mov, .webm, .gif, .webp or .png.");
 }
 
 bool asksForProRes(const OutputRequest& request) { return request.codec && isProRes(*request.codec); }
 
 // The kind that the flags alone ask for.
 Kind kindOfFlags(const OutputRequest& request) {
-    if (request.format == ExportFormat::gif) {
-        if (request.codec) throw UsageError("--codec is for video, and a GIF has none; drop one of the two.");
-        if (request.container)
-            throw UsageError("--container is for video, and a GIF has none; drop one of the two.");
-        return {ExportFormat::gif, {}};
+    if (request.format && *request.format != ExportFormat::video) {
+        const auto refuse = [&](const std::string& flag) {
+            throw UsageError(flag + " is for video, and a " + std::string(displayName(*request.format)) +
+                             " has none; drop one of the two.");
+        };
+        if (request.codec) refuse("--codec");
+        if (request.container) refuse("--container");
+        return {*request.format, {}};
     }
     if (asksForProRes(request) && request.container == ExportContainer::mp4)
         throw UsageError("ProRes is written to QuickTime files only; use --container mov.");
@@ -63,7 +69,7 @@ void requireAgreement(
     const OutputRequest& request, const Kind& asked, const std::filesystem::path& path, const Kind& named) {
     if (request.format && named.format != asked.format)
         failWithConflict(path, "--format " + std::string(nameOf(*request.format)));
-    if (named.format == ExportFormat::gif) {
+    if (named.format != ExportFormat::video) {
         if (request.codec) failWithConflict(path, "--codec, which is for video");
         if (request.container) failWithConflict(path, "--container, which is for video");
         return;
@@ -75,11 +81,32 @@ void requireAgreement(
     requireRoomFor(request.codec, named.container, path);
 }
 
+// Pictures go into a folder, or under names that have a place for their number.
+std::filesystem::path picturesPath(const OutputRequest& request, const std::string& documentName) {
+    if (!request.output) return std::filesystem::path(documentName + "-frames") / FrameNames::usual;
+    const std::filesystem::path given = *request.output;
+    if (lowerExtension(given) != ".png") return given / FrameNames::usual;
+    if (FrameNames::parsed(given)) return given;
+    throw UsageError("\"" + given.string() + "\" is one picture, and a film has many: number them, as in \"" +
+                     (given.parent_path() / given.stem() / FrameNames::usual).string() + "\".");
+}
+
+// A folder has no extension; what has another one than pictures is no place for them.
+bool asksForPictures(const OutputRequest& request) {
+    if (!request.output) return request.format == ExportFormat::png;
+    const std::string extension = lowerExtension(*request.output);
+    if (extension == ".png") return request.format.value_or(ExportFormat::png) == ExportFormat::png;
+    const bool isName = !request.output->empty() && *request.output != "-";
+    return request.format == ExportFormat::png && extension.empty() && isName;
+}
+
 }   // namespace
 
 OutputChoice chooseOutput(const OutputRequest& request, const std::string& documentName) {
     const Kind asked = kindOfFlags(request);
-    const std::filesystem::path target = outputPath(request.output, documentName, extensionOf(asked));
+    const std::filesystem::path target = asksForPictures(request)
+                                             ? picturesPath(request, documentName)
+                                             : outputPath(request.output, documentName, extensionOf(asked));
     const Kind named = kindOfExtension(target);
     requireAgreement(request, asked, target, named);
     const bool isWebm = named.format == ExportFormat::video && named.container == ExportContainer::webm;

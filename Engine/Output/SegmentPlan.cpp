@@ -19,7 +19,9 @@ namespace {
 CompositionRenderer::Config configFor(
     const DocumentFile& document, const FilmArguments& film, const PieceArguments& pieces) {
     const OutputChoice choice = film.chooseKind();
-    if (choice.format == ExportFormat::gif) throw UsageError("A GIF is made in one go and has no segments.");
+    if (choice.format != ExportFormat::video)
+        throw UsageError(
+            "A " + std::string(displayName(choice.format)) + " is made in one go and has no segments.");
     CompositionRenderer::Config config = configOf(document, film, choice);
     pieces.apply(config);
     return config;

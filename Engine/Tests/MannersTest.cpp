@@ -94,9 +94,9 @@ TEST_F(Manners, BashCompletesVerbsValuesAndPlaces) {
         {{"reel", "auth"}, {"author"}},
         {{"reel", "author", "--capt"}, {"--captions"}},
         {{"mcp", "install", "--host", "c"}, {"claude", "cursor", "cline", "codex"}},
-        {{"render", "film.json", "--format", ""}, {"video", "gif"}},
+        {{"render", "film.json", "--format", ""}, {"video", "gif", "webp", "png"}},
         {{"render", "--format", "=", "g"}, {"gif"}},
-        {{"render", "--format", "="}, {"video", "gif"}},
+        {{"render", "--format", "="}, {"video", "gif", "webp", "png"}},
         {{"render", "-o", "a b.mp4", "--effort", "b"}, {"balanced", "best"}},
         {{"presets", "back"}, {"backgrounds"}},
         {{"presets", "--preview", "a.png", "back"}, {"backgrounds"}},
@@ -155,7 +155,7 @@ TEST_F(Manners, EveryPageOfTheManualRendersWithoutAWarning) {
         runIn(folder(), {"sh", "-c", "MANWIDTH=200 man -P cat -l man/tavix-render.1 | col -b"});
     EXPECT_THAT(page.out, HasSubstr("tavix render [OPTIONS] document"));
     EXPECT_THAT(page.out, HasSubstr("-o, --output FILE"));
-    EXPECT_THAT(page.out, HasSubstr("--format video|gif"));
+    EXPECT_THAT(page.out, HasSubstr("--format video|gif|webp|png"));
     EXPECT_EQ(tavix({"manual", "reel", "author"}).out, readBytes(at("man/tavix-reel-author.1")));
 }
 

@@ -20,6 +20,8 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
+double number(const Json& json, const char* key) { return *json.find(key)->doubleValue(); }
+
 // What ffprobe counts of a film, as in "h264,64,96,10".
 std::string probed(const std::filesystem::path& film) {
     const Outcome outcome = runIn(film.parent_path(),
@@ -44,6 +46,8 @@ TEST_F(EngineTest, WritesEveryKindOfFilm) {
         {{"--codec", "av1", "--rate", "300k"}, "tiny.mp4", "av1,64,96,10"},
         {{"--format", "gif"}, "tiny.gif", "gif,64,96,10"},
         {{"-o", "slow.gif", "--fps", "5"}, "slow.gif", "gif,64,96,5"},
+        {{"--format", "png"}, "tiny-frames/%05d.png", "png,64,96,10"},
+        {{"-o", "shots/a-%d.png", "--fps", "5"}, "shots/a-%d.png", "png,64,96,5"},
         {{"-o", "twice.mp4", "--fps", "20", "--effort", "best"}, "twice.mp4", "h264,64,96,20"},
     };
     for (const auto& c : cases) {
@@ -55,6 +59,62 @@ TEST_F(EngineTest, WritesEveryKindOfFilm) {
         EXPECT_EQ(outcome.out.substr(outcome.out.rfind("✓")), "✓ Wrote " + std::string(c.file) + "\n");
         EXPECT_EQ(probed(at(c.file)), c.is);
     }
+}
+
+// Told before it is made, and kept to; what fits is made as it is.
+TEST_F(EngineTest, AnimationsFitIntoTheSizeThatIsGiven) {
+    for (const std::string file : {"a.gif", "a.webp"}) {
+        SCOPED_TRACE(file);
+        const std::vector<std::string> words{"render", "tiny.json", "--resolution", "1080p", "-o", file};
+        const auto made = [&](std::int64_t mostBytes) {
+            std::vector<std::string> limited = words;
+            limited.insert(limited.end(), {"--max-size", std::to_string(mostBytes / 1000) + "kB", "--json"});
+            return json(limited);
+        };
+        const std::int64_t whole = std::int64_t(number(made(100'000'000), "sizeBytes"));
+        EXPECT_EQ(number(made(100'000'000), "widthPx"), 720);
+        const std::int64_t limit = whole / 2000 * 1000;
+        const Json half = made(limit);
+        EXPECT_LE(number(half, "sizeBytes"), double(limit));
+        EXPECT_GT(number(half, "sizeBytes"), double(limit) / 3) << "and no less than it must";
+        EXPECT_EQ(
+            std::int64_t(std::filesystem::file_size(at(file))), std::int64_t(number(half, "sizeBytes")));
+
+        const Outcome told = tavix({"render", "tiny.json", "--resolution", "1080p", "-o", file, "--max-size",
+            std::to_string(limit / 1000) + "kB"});
+        EXPECT_THAT(told.out, HasSubstr("• About "));
+        const Outcome refused = tavix({"render", "tiny.json", "-o", file, "--max-size", "200"});
+        EXPECT_EQ(refused.status, 3);
+        EXPECT_THAT(refused.err, HasSubstr("--max-size more"));
+        EXPECT_TRUE(std::filesystem::exists(at(file))) << "the film of before stays";
+        EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
+    }
+}
+
+TEST_F(EngineTest, PicturesTakeTheirNamesWhenAllOfThemAreThere) {
+    write("shots/00007.png", "of an earlier film");
+    write("shots/00011.png", "of an earlier, longer film");
+    const Outcome outcome = tavix({"render", "tiny.json", "-o", "shots/%05d.png"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.out, HasSubstr("1 picture past the last one"));
+    for (int i = 1; i <= 10; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "shots/%05d.png", i);
+        EXPECT_EQ(probed(at(name)), "png,64,96,1") << name;
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(at("shots")), {}), 11);
+
+    // A picture that the film itself shows is never written over, and nothing else is either.
+    std::filesystem::copy_file(at("shots/00003.png"), at("2.png"));
+    std::string document(tinyDocument);
+    const std::string layers = "\"layers\": [";
+    document.insert(
+        document.find(layers) + layers.size(), R"({"kind": "image", "image": {"path": "2.png"}},)");
+    write("own.json", document);
+    const Outcome refused = tavix({"render", "own.json", "-o", "%d.png"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("\"2.png\" is used by the document itself"));
+    EXPECT_FALSE(std::filesystem::exists(at("1.png")));
 }
 
 // As the film says it, however the rate was written.

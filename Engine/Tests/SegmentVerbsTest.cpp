@@ -81,6 +81,9 @@ TEST_F(EngineTest, MakesAFilmOnSeveralMachines) {
     EXPECT_THAT(early.err, HasSubstr("Segment 1 is not there"));
     json({"render", "film.json", "--segment", "1", "-o", "parts", "--json"});
     json({"join", "film.json", "--from", "parts", "-o", "joined.mp4", "--json"});
+    const Outcome refused = tavix({"join", "film.json", "--from", "parts", "-o", "joined.gif"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("Segments make a video"));
     json({"render", "film.json", "-o", "whole.mp4", "--no-cache", "--json"});
     EXPECT_EQ(readBytes(at("joined.mp4")), readBytes(at("whole.mp4")));
     // Segments of an older state of the document are not taken for those of this one.

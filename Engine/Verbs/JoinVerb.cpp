@@ -30,6 +30,9 @@ void JoinVerb::run(Terminal& terminal) {
     resolveTimes(document);
     requireRenderable(document);
     const OutputChoice choice = film_.choose(document.name);
+    if (choice.format != ExportFormat::video)
+        throw UsageError(
+            "Segments make a video, and \"" + choice.target.string() + "\" is none; call it .mp4.");
     requireNoAsset(choice.target, document);
     const SegmentPlan plan(document, film_, {});
     const std::vector<std::filesystem::path> files = plan.filesIn(folder_.value_or(""));

@@ -7,6 +7,7 @@
 #include "Engine/Judge/Findings.h"
 #include "Engine/Output/SegmentPlan.h"
 #include "Engine/System/Interruption.h"
+#include "TavixRender/Encoding/FrameNames.h"
 #include "TavixRender/Export/CompositionExport.h"
 
 namespace tavix::engine {
@@ -49,9 +50,12 @@ void RenderVerb::render(Terminal& terminal, ProgressLines& lines) {
         return plan.render(std::size_t(*segment_), film_.output(), interruption, terminal);
     }
     const OutputChoice choice = film_.choose(document.name);
+    const PiecedFilm film = CompositionExport::filmOf(configOf(document, film_, choice));
     requireNoAsset(choice.target, document);
-    render_.write(CompositionExport::filmOf(configOf(document, film_, choice)), choice,
-        {interruption, terminal, lines});
+    if (const auto names = FrameNames::parsed(choice.target); names && choice.format == ExportFormat::png)
+        for (std::int64_t i = 0; i < film.frameCount; ++i)
+            if (std::filesystem::exists(names->of(i))) requireNoAsset(names->of(i), document);
+    render_.write(film, choice, {interruption, terminal, lines});
 }
 
 }   // namespace tavix::engine

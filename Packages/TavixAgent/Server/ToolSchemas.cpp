@@ -153,7 +153,7 @@ Json diffOutput() {
 }
 
 Json render() {
-    return objectOf({document, {"output", "string", "The film; .mp4, .mov or .gif."},
+    return objectOf({document, {"output", "string", "The film; .mp4, .mov, .webm, .gif or .webp."},
         {"effort", "string", "fast, balanced or best."},
         {"codec", "string", "h264, hevc, prores422hq, prores4444."},
         {"resolution", "string", "native, 1080p or 4k."}, {"fps", "string", "Frames a second, as in 30."},

@@ -3,7 +3,7 @@
 // not shimmer.
 #pragma once
 
-#include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Media/AnimationWriter.h"
 #include "TavixPlatform/Media/MediaError.h"
 
 #include <filesystem>
@@ -19,17 +19,16 @@ struct GifSettings {
 
 // Used by one thread at a time. The animation loops for ever. Delays are hundredths of a second, rounded so
 // that the error never adds up: at 18 frames per second they alternate between 5 and 6 of them.
-class GifWriter {
+class GifWriter final : public AnimationWriter {
 public:
     explicit GifWriter(const GifSettings& settings);   // creates the file
-    ~GifWriter();                                      // without `finish` the file is removed
+    ~GifWriter() override;                             // without `finish` the file is removed
     GifWriter(const GifWriter&) = delete;
     GifWriter& operator=(const GifWriter&) = delete;
 
-    // The frame must have the size of the settings. Pixels with less than half alpha become transparent.
-    void append(const imaging::ConstBitmapView& frame);
-    // Completes the file and closes it. At least one frame must have been appended.
-    void finish();
+    // Pixels with less than half alpha become transparent.
+    void append(const imaging::ConstBitmapView& frame) override;
+    void finish() override;
 
 private:
     class Session;

@@ -1,6 +1,7 @@
 #include "TavixPlatform/Media/StillImages.h"
 
 #include "TavixPlatform/Imaging/StopScope.h"
+#include "TavixPlatform/Media/StraightColor.h"
 
 #include <png.h>
 
@@ -28,10 +29,6 @@ bool isOpaque(const imaging::ConstBitmapView& image) {
             if (row[x * 4 + 3] != 255) return false;
     }
     return true;
-}
-
-std::uint8_t straight(unsigned color, unsigned alpha) {
-    return static_cast<std::uint8_t>(std::min((color * 255 + alpha / 2) / alpha, 255U));
 }
 
 void straightRow(const std::uint8_t* bgra, std::uint8_t* to, int pixels, bool withAlpha) {

@@ -16,6 +16,16 @@ std::string_view displayName(VideoCodec codec) {
     return "AV1";
 }
 
+std::string_view displayName(ExportFormat format) {
+    switch (format) {
+    case ExportFormat::video: return "video";
+    case ExportFormat::gif: return "GIF";
+    case ExportFormat::webp: return "WebP";
+    case ExportFormat::png: break;
+    }
+    return "PNG";
+}
+
 std::string_view displayName(ResolutionPreset resolution) {
     switch (resolution) {
     case ResolutionPreset::native: return "Native";
@@ -27,7 +37,8 @@ std::string_view displayName(ResolutionPreset resolution) {
 
 const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>) {
     static const Names<ExportFormat> table{
-        "export format", {{ExportFormat::video, "video"}, {ExportFormat::gif, "gif"}}};
+        "export format", {{ExportFormat::video, "video"}, {ExportFormat::gif, "gif"},
+                             {ExportFormat::webp, "webp"}, {ExportFormat::png, "png"}}};
     return table;
 }
 

@@ -10,13 +10,17 @@
 
 namespace tavix {
 
-enum class ExportFormat { video, gif };
+enum class ExportFormat { video, gif, webp, png };   // `png`: pictures, one for each frame
 enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1 };
 enum class ExportContainer { mp4, mov, webm };
 enum class ResolutionPreset { native, p1080, k4 };
 
 constexpr bool isProRes(VideoCodec codec) {
     return codec == VideoCodec::proRes422HQ || codec == VideoCodec::proRes4444;
+}
+
+constexpr bool isAnimation(ExportFormat format) {
+    return format == ExportFormat::gif || format == ExportFormat::webp;
 }
 
 // What is kept of a film, in place of what is usual for its codec. At most one of the two.
@@ -28,6 +32,7 @@ struct ExportRate {
 
 // For people: "H.264", "ProRes 422 HQ", "1080p".
 std::string_view displayName(VideoCodec codec);
+std::string_view displayName(ExportFormat format);   // "GIF"
 std::string_view displayName(ResolutionPreset resolution);
 
 const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>);

@@ -1,7 +1,6 @@
 #include "TavixRender/Encoding/FilmWriter.h"
 
-#include "TavixRender/Encoding/FrameSequenceEncoder.h"
-#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FilmEncoders.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 
 #include <algorithm>
@@ -47,15 +46,7 @@ std::int64_t frameCount(double lengthSec, const FrameRate& fps) {
 void write(const FilmFrames& film, const FilmFile& file, imaging::Evaluator& evaluator, const RenderLog& log,
     const Progress& onProgress, const std::stop_token& stop) {
     const Run run{film, log, onProgress, stop};
-    if (file.format == ExportFormat::gif) {
-        FrameSequenceGIFEncoder encoder({file.output, film.size, film.fps}, evaluator);
-        walkFrames(encoder, run);
-    } else {
-        FrameSequenceEncoder encoder(
-            {file.output, film.size, film.fps, file.codec, file.container, file.effort, file.rate},
-            evaluator);
-        walkFrames(encoder, run);
-    }
+    withEncoder(file, film.size, film.fps, evaluator, [&](auto& encoder) { walkFrames(encoder, run); });
     if (onProgress) onProgress(1);
     tell(log, Finding::note(RenderCode::written, "Wrote " + file.output.string()));
 }

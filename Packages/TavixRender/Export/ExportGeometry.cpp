@@ -23,7 +23,7 @@ imaging::Size ReelExporter::targetDimensions(
         const double shorterSide = resolution == ResolutionPreset::p1080 ? 1080 : 2160;
         width = nativeHeight >= nativeWidth ? shorterSide : std::round(shorterSide / ratio);
     }
-    if (format == ExportFormat::gif) width = std::min<double>(width, animatedWidthCap);
+    if (isAnimation(format)) width = std::min<double>(width, animatedWidthCap);
     return {evenBelow(width), evenBelow(std::round(ratio * width))};
 }
 

@@ -9,7 +9,7 @@ namespace tavix {
 
 namespace ReelExporter {
 
-// An animated GIF grows fast with its size and rate.
+// An animated picture grows fast with its size and rate. A WebP may show as many frames as a film.
 constexpr int animatedWidthCap = 720;
 constexpr int animatedFpsCap = 18;
 

@@ -2,8 +2,7 @@
 
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
-#include "TavixRender/Encoding/FrameSequenceEncoder.h"
-#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FilmEncoders.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 
 #include <algorithm>
@@ -69,8 +68,8 @@ Outcome run(const CompositionRenderer::Config& config, const std::stop_token& st
 
     const TrialFolder folder;
     FilmFile file = CompositionRenderer::fileOf(config);
-    file.output = folder.path() / "trial";
-    file.output += config.output.extension();
+    file.output = folder.path() / (file.format == ExportFormat::png ? FrameNames::usual : "trial");
+    if (file.format != ExportFormat::png) file.output += config.output.extension();
     const imaging::Size size = canvasSize(config.spec);
     Encoded encoded;
     const auto encode = [&](auto&& encoder) {
@@ -84,13 +83,12 @@ Outcome run(const CompositionRenderer::Config& config, const std::stop_token& st
         encoder.finish();
         encoded.sec = secondsSince(start);
     };
-    if (file.format == ExportFormat::gif)
-        encode(FrameSequenceGIFEncoder({file.output, size, fps}, evaluator));
-    else
-        encode(FrameSequenceEncoder(
-            {file.output, size, fps, file.codec, file.container, file.effort, file.rate}, evaluator));
+    withEncoder(file, size, fps, evaluator, encode);
     const double share = double(all) / double(encoded.frames);
-    return {double(fs::file_size(file.output)) * share, encoded.sec * share};
+    double bytes = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
+        bytes += double(entry.file_size());
+    return {bytes * share, encoded.sec * share};
 }
 
 }   // namespace tavix::ExportTrial

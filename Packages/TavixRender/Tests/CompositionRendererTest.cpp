@@ -1,7 +1,7 @@
 #include "TavixRender/Export/CompositionRenderer.h"
 #include "RenderTestKit.h"
 #include "TavixPlatform/Media/StillImages.h"
-#include "TavixRender/Encoding/FrameSequenceGIFEncoder.h"
+#include "TavixRender/Encoding/FrameSequenceAnimationEncoder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,7 +93,7 @@ TEST_F(Rendering, RefusesWhatHasNoFrames) {
     EXPECT_TRUE(lines.empty());
     imaging::Evaluator evaluator;
     EXPECT_EQ(failureOf([&] {
-        FrameSequenceGIFEncoder({folder.path() / "empty.gif", {8, 8}, 10}, evaluator).finish();
+        FrameSequenceAnimationEncoder({folder.path() / "empty.gif", {8, 8}, 10}, evaluator).finish();
     }),
         "No frames were rendered.");
 }
