@@ -178,6 +178,13 @@ media::MovieContainer mediaContainer(ExportContainer container) {
     return media::MovieContainer::webm;
 }
 
+// Of results that one worker keeps from frame to frame: an eighth of its share of the memory, and no more
+// than pays.
+std::size_t cacheBytes(const PiecedFilm& film, int workers) {
+    constexpr std::size_t least = std::size_t{8} << 20, most = std::size_t{64} << 20;
+    return std::clamp(MachineShare::memoryBytes(film.memoryBytes) / std::size_t(workers) / 8, least, most);
+}
+
 }   // namespace
 
 int workerCount(const PiecedFilm& film, std::size_t pieces) {
@@ -233,6 +240,7 @@ Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     const RenderLog shared = workers > 1 ? oneAtATime(onceEach(log), telling) : log;
     imaging::EvaluatorOptions evaluation = film.evaluation;
     if (workers > 1) evaluation.threadCount = 2;
+    evaluation.cacheBytes = std::min(evaluation.cacheBytes, cacheBytes(film, workers));
     Shop shop{film, jobs, store, keys.get(), shared, counter, evaluation, stop};
     if (workers > 1)
         runSideBySide(shop, workers, stop);
