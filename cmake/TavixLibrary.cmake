@@ -142,6 +142,8 @@ function(tavix_test name)
     list(TRANSFORM ARG_USES PREPEND tavix_)
     target_link_libraries(tavix_${name}_tests PRIVATE
         tavix_flags ${ARG_USES} tavix_testsupport ${ARG_EXTERNAL} GTest::gmock GTest::gtest_main)
+    # A quarter less to compile than with all optimisations; what is under test has them.
+    target_compile_options(tavix_${name}_tests PRIVATE $<$<CONFIG:Release>:-O1>)
     gtest_discover_tests(tavix_${name}_tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
 
