@@ -24,8 +24,8 @@ std::string lowerExtension(const fs::path& path) {
     return extension;
 }
 
-fs::path outputPath(
-    const std::optional<std::string>& given, const std::string& name, const std::string& extension) {
+fs::path outputPath(const std::optional<std::string>& given, const std::string& name,
+    const std::string& extension, Names names) {
     if (!given) return name + extension;
     if (given->empty()) throw UsageError("The output has no name; give -o a file.");
     if (std::find(standardOutputs.begin(), standardOutputs.end(), *given) != standardOutputs.end())
@@ -38,7 +38,7 @@ fs::path outputPath(
         fs::exists(status) && !fs::is_regular_file(status))
         throw UsageError(
             "\"" + path.string() + "\" is no regular file and is left alone; name another with -o.");
-    if (path.extension().empty())
+    if (names == Names::withExtension && path.extension().empty())
         throw UsageError(
             "\"" + path.string() + "\" has no extension; call it \"" + path.string() + extension + "\".");
     return path;

@@ -56,13 +56,13 @@ TEST_F(EngineTest, WhatIsResolvedIsReadAgainAndDrawnTheSame) {
 
 // What a file manager calls: a name without a suffix, a file that stands there already, and no moment.
 TEST_F(EngineTest, AThumbnailIsTheMiddleOfTheFilmMadeSmall) {
-    write("asked.RX42T1", "");
-    const Json told = json({"still", "tiny.json", "--thumbnail", "48", "-o", "asked.RX42T1", "--json"});
+    write("asked-RX42T1", "");
+    const Json told = json({"still", "tiny.json", "--thumbnail", "48", "-o", "asked-RX42T1", "--json"});
     EXPECT_EQ(*told.find("atSec"), Json(0.5));
     EXPECT_EQ(*told.find("widthPx"), Json(32));
     EXPECT_EQ(*told.find("heightPx"), Json(48));
     json({"still", "tiny.json", "--at", "0.5", "-o", "whole.png", "--json"});
-    const imaging::Bitmap small = media::loadStillImage(at("asked.RX42T1"));
+    const imaging::Bitmap small = media::loadStillImage(at("asked-RX42T1"));
     const imaging::Bitmap whole = media::loadStillImage(at("whole.png"));
     ASSERT_EQ(small.size(), (imaging::Size{32, 48}));
     for (const auto& [x, y] : {std::pair{16, 24}, {2, 2}, {29, 45}, {16, 4}})

@@ -54,9 +54,10 @@ void StillVerb::run(Terminal& terminal) {
         if (!wish_.atSec && !wish_.scene) wish_.atSec = CompositionTimeline(document.spec).totalSec / 2;
     }
     const double atSec = momentOf(document.spec, wish_);
-    const std::filesystem::path target = outputPath(output_, document.name, ".png");
     // File managers name the file by their own rules.
-    if (!thumbnailPx_ && lowerExtension(target) != ".png")
+    const Names names = thumbnailPx_ ? Names::any : Names::withExtension;
+    const std::filesystem::path target = outputPath(output_, document.name, ".png", names);
+    if (names == Names::withExtension && lowerExtension(target) != ".png")
         throw UsageError("\"" + target.string() + "\" cannot be written; a still is a .png file.");
     CompositionRenderer::Config config;
     config.spec = document.spec;
