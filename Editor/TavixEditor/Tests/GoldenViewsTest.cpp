@@ -52,9 +52,15 @@ double differentShare(const QImage& a, const QImage& b) {
     return double(different) / (double(a.width()) * a.height());
 }
 
+// Once it stands still: what is laid out may ask for being laid out again.
 QImage pictureOf(QWidget& widget) {
-    QApplication::processEvents();
-    return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QImage picture, before;
+    for (int turn = 0; turn < 20 && (turn < 2 || picture != before); ++turn) {
+        before = picture;
+        QApplication::processEvents();
+        picture = widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
+    return picture;
 }
 
 QString fileOf(const std::string& view, const std::string& theme) {

@@ -3,6 +3,7 @@
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
@@ -94,6 +95,9 @@ void Style::apply(QApplication& application, const Theme& theme) {
     QApplication::setStyle(new Style(theme));   // the application owns it
     QApplication::setPalette(paletteOf(theme));
     QApplication::setFont(fontOf(TextSize::body));
+    // Qt lists the fonts of the machine when it first measures text: now, before anyone else changes what is
+    // listed.
+    QFontMetrics(QApplication::font()).height();
     for (QWidget* widget : application.allWidgets()) widget->update();
 }
 
