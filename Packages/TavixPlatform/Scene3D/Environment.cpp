@@ -144,6 +144,15 @@ int sideOf(int level) { return level < 5 ? 256 : level < 12 ? 128 : 64; }
 
 }   // namespace
 
+void Environment::layOutLevels() {
+    std::size_t texels = 0;
+    for (int i = 0; i < levelCount; ++i) {
+        levels_[std::size_t(i)] = {sideOf(i), std::uint32_t(texels)};
+        texels += std::size_t(sideOf(i) + 2) * std::size_t(sideOf(i) + 2);
+    }
+    texels_.resize(texels * 4);
+}
+
 EnvironmentRef Environment::make(const EquirectangularImage& picture) {
     requireUsable(picture);
     const EquirectangularImage source = reduced(picture);
@@ -153,11 +162,12 @@ EnvironmentRef Environment::make(const EquirectangularImage& picture) {
     while (maps.back().sidePx() > 8) maps.push_back(maps.back().halved());
 
     const std::shared_ptr<Environment> result(new Environment());
+    result->layOutLevels();
     for (int i = 0; i < levelCount; ++i) {
         const double roughness = double(i) / (levelCount - 1);
-        const OctahedralMap map = i == 0 ? maps[0] : filteredMap(loop, maps, sideOf(i), roughness);
-        result->levels_[std::size_t(i)] = {map.sidePx(), std::uint32_t(result->texels_.size() / 4)};
-        result->texels_.insert(result->texels_.end(), map.texels().begin(), map.texels().end());
+        const Level& level = result->levels_[std::size_t(i)];
+        const OctahedralMap map = i == 0 ? maps[0] : filteredMap(loop, maps, level.sidePx, roughness);
+        std::ranges::copy(map.texels(), result->texels_.begin() + std::ptrdiff_t(level.firstTexel) * 4);
     }
     result->irradiance_ = irradianceOf(maps[2]);
     return result;

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace tavix::scene3d {
@@ -32,6 +34,11 @@ public:
     // Throws SceneError when the picture is empty, larger than 8192 pixels on a side, or not finite.
     static EnvironmentRef make(const EquirectangularImage& picture);
 
+    // What was made, as a file keeps it, some 6 MB. Read back it is the same to the last bit; bytes that are
+    // damaged, or of another version of this class, give nothing.
+    std::string bytes() const;
+    static EnvironmentRef fromBytes(std::string_view bytes);
+
     // Mirror directions of surfaces, by roughness: level i serves roughness i / (levelCount - 1). Each is an
     // octahedral map (Engelhardt and Dachsbacher, 2008) with a border of one texel, four floats a texel.
     static constexpr int levelCount = 32;
@@ -47,6 +54,7 @@ public:
 
 private:
     Environment() = default;
+    void layOutLevels();   // and room for their texels
     std::array<Level, levelCount> levels_{};
     std::vector<float> texels_;
     std::array<Vec3, 9> irradiance_{};

@@ -71,8 +71,13 @@ scene3d::Vec3 keyPosition(const Vector3& degrees);
 // at the sides, one above.
 imaging::Image environmentImage();
 
-// The same as light, computed once per process.
+// The same as light: some tenths of a second of work.
+scene3d::EnvironmentRef environment();
+
+// The same, as it was worked out when the product was built; worked out here where that file is missing or
+// damaged. Once per process.
 scene3d::EnvironmentLight environmentLight();
+inline constexpr std::string_view environmentFile = "lights/studio.light";   // below the resource folders
 
 }   // namespace DeviceStudio
 

@@ -1,6 +1,9 @@
 // Lights and surroundings of the studio.
+#include "TavixBase/Failure.h"
 #include "TavixCore/Device/DeviceScene.h"
+#include "TavixCore/Support/FileBytes.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixRender/Assets/ResourceFolders.h"
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 
 #include <initializer_list>
@@ -39,6 +42,18 @@ scene3d::EnvironmentRef environmentOf(const imaging::Image& image) {
         }
     }
     return scene3d::Environment::make(picture);
+}
+
+// Nothing without a file that is whole: it tells only what can be worked out again.
+scene3d::EnvironmentRef builtEnvironment() {
+    const auto file = ResourceFolders::find(environmentFile);
+    if (!file) return nullptr;
+    try {
+        constexpr std::size_t mostBytes = 16 << 20;
+        return scene3d::Environment::fromBytes(readBytes(*file, mostBytes));
+    } catch (const Failure&) {
+        return nullptr;
+    }
 }
 
 }   // namespace
@@ -88,9 +103,14 @@ imaging::Image environmentImage() {
     return studio.cropped(canvas);
 }
 
+scene3d::EnvironmentRef environment() { return environmentOf(environmentImage()); }
+
 scene3d::EnvironmentLight environmentLight() {
-    static const scene3d::EnvironmentRef environment = environmentOf(environmentImage());
-    return {environment, environmentExponent};
+    static const scene3d::EnvironmentRef ready = [] {
+        const scene3d::EnvironmentRef built = builtEnvironment();
+        return built ? built : environment();
+    }();
+    return {ready, environmentExponent};
 }
 
 }   // namespace tavix::DeviceStudio

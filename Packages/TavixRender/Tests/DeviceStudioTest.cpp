@@ -2,12 +2,14 @@
 
 #include "RenderTestKit.h"
 #include "TavixCore/Device/DeviceScene.h"
+#include "TavixRender/Assets/ResourceFolders.h"
 #include "TavixRender/DeviceScene/DeviceFinishMaterials.h"
 #include "TavixRender/DeviceScene/DeviceMeshRepair.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <string>
@@ -211,6 +213,11 @@ TEST(DeviceStudioLight, HangsUnderItsParentAndFollowsTheScene) {
     installLighting(lights, *rig, scene);   // again, as when a document is edited
     EXPECT_EQ(std::get<scene3d::SpotLight>(*lights.key->light).intensityLumen, 2 * before);
     EXPECT_EQ(rig->children().size(), 3u);
+}
+
+TEST(DeviceStudioLight, IsTheSameFromItsFileAsWorkedOut) {
+    ASSERT_TRUE(ResourceFolders::find(environmentFile)) << "it is made when the product is built";
+    EXPECT_TRUE(std::ranges::equal(environmentLight().environment->texels(), environment()->texels()));
 }
 
 TEST(DeviceStudioLight, SurroundsThePhoneWithSoftBoxes) {

@@ -2,8 +2,10 @@
 #include "TavixPlatform/Scene3D/Tests/Frames.h"
 #include "TavixPlatform/Scene3D/Tests/SampleScenes.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -192,6 +194,32 @@ TEST(Light, SurroundingsLightFromTheirOwnSide) {
     EXPECT_NEAR(linear(renderer, scene, pass).at(46, 40)[1], 2 * lit.at(46, 40)[1], 0.01);
     EXPECT_THROW(Environment::make({2, 2, {}}), SceneError);
     EXPECT_THROW(Environment::make(evenPicture(-1)), SceneError);
+}
+
+// What is kept in a file is the light to the last bit, and anything else is nothing.
+TEST(Light, OfSurroundingsComesBackFromItsBytes) {
+    EquirectangularImage picture = evenPicture(0.5f);
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) picture.pixels[i].x = float(i % 7);
+    const EnvironmentRef made = Environment::make(picture);
+    const std::string bytes = made->bytes();
+    const EnvironmentRef read = Environment::fromBytes(bytes);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(std::ranges::equal(read->texels(), made->texels()));
+    for (std::size_t i = 0; i < made->levels().size(); ++i) {
+        EXPECT_EQ(read->levels()[i].sidePx, made->levels()[i].sidePx);
+        EXPECT_EQ(read->levels()[i].firstTexel, made->levels()[i].firstTexel);
+    }
+    for (std::size_t i = 0; i < made->irradiance().size(); ++i)
+        EXPECT_EQ(read->irradiance()[i].x, made->irradiance()[i].x) << i;
+    for (const std::size_t at :
+        {std::size_t(0), std::size_t(14), std::size_t(40), bytes.size() / 2, bytes.size() - 1}) {
+        std::string damaged = bytes;
+        damaged[at] = char(damaged[at] ^ 1);
+        EXPECT_FALSE(Environment::fromBytes(damaged)) << at;
+    }
+    for (const std::size_t length : {std::size_t(0), std::size_t(7), bytes.size() - 1})
+        EXPECT_FALSE(Environment::fromBytes(std::string_view(bytes).substr(0, length))) << length;
+    EXPECT_FALSE(Environment::fromBytes(bytes + bytes));
 }
 
 }   // namespace
