@@ -15,12 +15,6 @@ namespace tavix::engine {
 
 namespace {
 
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
-}
-
 // Makes files behind a safe output, which takes its name when `finish` has been called.
 template <class Write, class Finish>
 void writeSafely(
@@ -35,10 +29,7 @@ void writeSafely(
         throw;
     } catch (const std::exception& error) {
         interruption.check();
-        const std::string sentence =
-            replaced(sentenceOf(error), output.partial().string(), output.target().string());
-        const std::filesystem::path hidden = output.partial().parent_path() / "";
-        throw Failure(replaced(sentence, hidden.string(), (output.target().parent_path() / "").string()));
+        throw Failure(output.unnamed(sentenceOf(error)));
     }
 }
 

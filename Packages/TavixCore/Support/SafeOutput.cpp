@@ -141,6 +141,17 @@ SafeOutput::~SafeOutput() {
     ::close(lock_);
 }
 
+std::string SafeOutput::unnamed(std::string sentence) const {
+    const auto shown = [&](const std::string& hidden, const std::string& name) {
+        for (auto at = sentence.find(hidden); at != std::string::npos;
+             at = sentence.find(hidden, at + name.size()))
+            sentence.replace(at, hidden.size(), name);
+    };
+    shown(partial_.string(), target_.string());
+    shown((partial_.parent_path() / "").string(), (target_.parent_path() / "").string());
+    return sentence;
+}
+
 void SafeOutput::commit() {
     if (const std::error_code error = syncToDisk(partial_)) fail(target_, error);
     struct stat earlier {};

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 namespace tavix {
 
@@ -23,6 +24,9 @@ public:
     // Where to write. The name keeps its extension, which tells writers the file type; other files of the
     // work may lie beside it. Nobody else can look into the folder.
     const std::filesystem::path& partial() const { return partial_; }
+
+    // A sentence about the hidden file or its companions, with the names of what they stand for.
+    std::string unnamed(std::string sentence) const;
 
     // Brings the file to the disk and gives it the target's name, replacing what was there and keeping its
     // permissions. Throws `Failure`.

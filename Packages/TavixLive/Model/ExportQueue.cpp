@@ -2,6 +2,7 @@
 
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/CompositionExport.h"
+#include "TavixRender/Export/FilmExport.h"
 
 #include <algorithm>
 #include <exception>
@@ -44,8 +45,8 @@ void ExportQueue::begin() {
     system::runThere(
         workers_, main_,
         [config, stop = stop_.get_token(), log = log_, progress, &main = main_] {
-            CompositionExport::write(
-                *config, log,
+            FilmExport::writeFinished(
+                CompositionExport::filmOf(*config), config->output, log,
                 [&](double fraction) { main.post([progress, fraction] { progress(fraction); }); }, stop);
             return true;
         },

@@ -67,6 +67,28 @@ TEST_F(ModelExport, TellsWhatFailedAndKeepsNothingOfIt) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
+TEST_F(ModelExport, KeepsTheOldFilmUntilTheNewOneIsWhole) {
+    for (const ExportFormat format : {ExportFormat::gif, ExportFormat::video}) {
+        loadTiny(30);
+        state().exportFormat = format;
+        const std::filesystem::path film = folder / (format == ExportFormat::gif ? "old.gif" : "old.mp4");
+        writeBytesAtomically("precious", film);
+        model->exportTo(film);
+        model->exports().stopAll();
+        time.advance(1);
+        EXPECT_EQ(readBytes(film), "precious");
+        // Not one byte goes into the old file: under another name it stays what it was.
+        std::filesystem::create_hard_link(film, folder / "kept");
+        model->exportTo(film);
+        time.advance(1);
+        EXPECT_FALSE(media::probeMedia(film).video.empty());
+        EXPECT_EQ(readBytes(folder / "kept"), "precious");
+        std::filesystem::remove(film);
+        std::filesystem::remove(folder / "kept");
+        EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    }
+}
+
 TEST_F(ModelExport, OneAfterAnotherIsWrittenEachAsItWasWhenItWasAsked) {
     loadTiny(10);
     model->exportTo(folder / "first.mp4");

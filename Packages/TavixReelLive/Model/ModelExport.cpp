@@ -1,12 +1,10 @@
 // How a reel becomes a film.
 #include "TavixReelLive/Model/ReelEditorModel.h"
 
-#include "TavixCore/Support/SafeOutput.h"
 #include "TavixReel/Project/ReelAssets.h"
 #include "TavixReelRender/Export/ReelExport.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/ExportGeometry.h"
-#include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/FilmExport.h"
 
 #include <algorithm>
@@ -17,17 +15,6 @@ namespace tavix {
 namespace {
 
 constexpr double mostUnfinished = 0.99;   // of the progress, until the film stands under its name
-
-// The film takes its name when it is whole; until then what stood there before stays.
-void writeFinished(const ReelExport::Config& config, const std::filesystem::path& file, const RenderLog& log,
-    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
-    PiecedFilm film = ReelExport::filmOf(config);
-    SafeOutput output(file);
-    film.file.output = output.partial();
-    FilmExport::write(film, log, onProgress, stop);
-    if (film.file.format == ExportFormat::video) FilmCheck::probe(film, film.file.output);
-    output.commit();
-}
 
 }   // namespace
 
@@ -61,7 +48,7 @@ void ReelEditorModel::exportTo(const std::filesystem::path& file, Done then) {
         services_.workers, services_.main,
         [config = std::move(config), file, report, log = services_.exportLog,
             stop = exportStop_.get_token()] {
-            writeFinished(config, file, log, report, stop);
+            FilmExport::writeFinished(ReelExport::filmOf(config), file, log, report, stop);
             return true;
         },
         lifeline_.guard(

@@ -12,4 +12,9 @@ namespace tavix::FilmExport {
 PieceRender::Report write(const PiecedFilm& film, const RenderLog& log,
     const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
 
+// The same to another file than the film's own `output`, which takes its name when it is whole and has been
+// looked at. Whatever happens until then, what stood there before stays.
+PieceRender::Report writeFinished(PiecedFilm film, const std::filesystem::path& target, const RenderLog& log,
+    const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
+
 }   // namespace tavix::FilmExport
