@@ -95,7 +95,9 @@ PieceRender::Report FilmRender::writeUnder(
 
 void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Tellers& tellers) const {
     requireAgreement(film.file);
-    auto& [interruption, terminal, lines] = tellers;
+    const Interruption& interruption = tellers.interruption;
+    Terminal& terminal = tellers.terminal;
+    ProgressLines& lines = tellers.lines;
     pieces_.apply(film);
     PieceRender::Report pieces;
     std::optional<JsonObject> likeness;
