@@ -60,9 +60,10 @@ void LivePreview::close() {
 
 void LivePreview::show(std::shared_ptr<const CompositionSpec> spec, const PreviewMaker::AssetRoot& assetRoot,
     imaging::Size room, Then then) {
+    std::string key = structuralKey(*spec);
     const auto request = std::make_shared<Request>(
-        Request{spec, assetRoot, room, structuralKey(*spec), std::move(then), ++epoch_});
-    if (!(CompositionTimeline(*spec).totalSec > 0)) {
+        Request{std::move(spec), assetRoot, room, std::move(key), std::move(then), ++epoch_});
+    if (!(CompositionTimeline(*request->spec).totalSec > 0)) {
         executors_.main.post(
             lifeline_.guard([this, request] { fail(*request, "The composition is empty (0 seconds)."); }));
         return;
