@@ -9,12 +9,12 @@
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/GradientBar.h"
+#include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/ScrubField.h"
 
 #include <QAbstractButton>
 #include <QColorDialog>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPainter>
@@ -29,8 +29,6 @@ namespace tavix::editor {
 using namespace design;
 
 namespace {
-
-QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
 
 class Swatch final : public QAbstractButton {
 public:
@@ -74,9 +72,9 @@ public:
         line->addWidget(swatch_);
         line->addWidget(hex_, 1);
         swatch_->setAccessibleName(name);
-        swatch_->setToolTip(told("Choose a colour, here or anywhere on the screen"));
+        swatch_->setToolTip(InspectorWords::tr("Choose a colour, here or anywhere on the screen"));
         hex_->setFrame(false);
-        hex_->setAccessibleName(told("%1 in hexadecimal digits").arg(name));
+        hex_->setAccessibleName(InspectorWords::tr("%1 in hexadecimal digits").arg(name));
         connect(swatch_, &QAbstractButton::clicked, this, [this] { choose(); });
         connect(hex_, &QLineEdit::editingFinished, this, [this] {
             if (!hex_->isModified()) return;
@@ -106,7 +104,7 @@ private:
         auto* dialog = new QColorDialog(color_ ? qColor(*color_) : QColor(Qt::white), this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
-        dialog->setWindowTitle(told("Colour"));
+        dialog->setWindowTitle(InspectorWords::tr("Colour"));
         const auto before = color_;
         connect(dialog, &QColorDialog::currentColorChanged, this,
             [this](const QColor& color) { tell(rgba(color), true); });
@@ -156,22 +154,22 @@ public:
         column->setSpacing(space::small);
         kinds_ = new QComboBox;
         kinds_->setAccessibleName(words(row.label));
-        kinds_->addItem(told("Colour"));
-        kinds_->addItem(told("Gradient"));
+        kinds_->addItem(InspectorWords::tr("Colour"));
+        kinds_->addItem(InspectorWords::tr("Gradient"));
         // A shape has no pictures; its rest value says which this is.
         isBackground_ = row.path.tokens().back() != "fill" || row.path.tokens().size() == 1;
         if (isBackground_) {
-            kinds_->addItem(told("Picture"));
+            kinds_->addItem(InspectorWords::tr("Picture"));
             themes_ = new QComboBox;
-            themes_->setAccessibleName(told("Theme"));
+            themes_->setAccessibleName(InspectorWords::tr("Theme"));
             for (const BasicCompositionTheme theme : allThemes) themes_->addItem(words(label(theme)));
-            themes_->setPlaceholderText(told("Hand-made"));
+            themes_->setPlaceholderText(InspectorWords::tr("Hand-made"));
         }
         color_ = new ColorField(words(row.label), this);
         bar_ = new GradientBar;
-        angle_ = new ScrubField(told("Angle"), QStringLiteral("°"), {-360, 360, 0, 1.0}, 5);
+        angle_ = new ScrubField(InspectorWords::tr("Angle"), QStringLiteral("°"), {-360, 360, 0, 1.0}, 5);
         pictures_ = new QComboBox;
-        pictures_->setAccessibleName(told("Picture"));
+        pictures_->setAccessibleName(InspectorWords::tr("Picture"));
         for (const BundledBackground& each : BackgroundCatalog::all)
             pictures_->addItem(words(each.displayName), words(each.id));
         if (themes_) column->addWidget(themes_);
@@ -316,7 +314,8 @@ RowControl makeColorControl(const InspectorRow& row, RowEdits& edits, QWidget* p
     return {field, [=](const InspectorRow& now) {
                 *kept = now;
                 if (now.isMixed || now.value.isNull())
-                    return field->setColor(std::nullopt, now.isMixed ? mixedWords() : told("None"));
+                    return field->setColor(
+                        std::nullopt, now.isMixed ? mixedWords() : InspectorWords::tr("None"));
                 field->setColor(decodeValue<RGBAColor>(now.value));
             }};
 }

@@ -3,10 +3,10 @@
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/KeyframeButtons.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
@@ -19,8 +19,6 @@ using namespace design;
 namespace {
 
 constexpr int labelWidth = 92, indent = 10;
-
-QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
 
 class Heading final : public QAbstractButton {
 public:
@@ -69,7 +67,7 @@ public:
         hasBadge_ = hasBadge;
         const int room = labelWidth + 8 - indent_ - (hasBadge ? badgeRoom : 0);
         setText(fontMetrics().elidedText(words, Qt::ElideRight, room));
-        setAccessibleName(hasBadge ? told("%1, set by a preset").arg(words) : words);
+        setAccessibleName(hasBadge ? InspectorWords::tr("%1, set by a preset").arg(words) : words);
         update();
     }
 
@@ -141,8 +139,8 @@ QWidget* InspectorSectionView::makeHeading(const std::string& title, RowEdits& e
 }
 
 QToolButton* InspectorSectionView::makeReset(const InspectorRow& row, RowEdits& edits) {
-    QToolButton* const reset =
-        makeIconButton(Icon::undo, told("Reset %1 to its default").arg(words(row.label)), body_);
+    QToolButton* const reset = makeIconButton(
+        Icon::undo, InspectorWords::tr("Reset %1 to its default").arg(words(row.label)), body_);
     reset->setFixedSize(20, 20);
     reset->setIconSize({12, 12});
     QSizePolicy policy = reset->sizePolicy();
@@ -182,9 +180,10 @@ void InspectorSectionView::addRow(const InspectorRow& row, RowEdits& edits) {
 void InspectorSectionView::showRow(Row& row, const InspectorRow& now) {
     row.label->show(words(now.label), now.isSetByPreset);
     row.label->setToolTip(
-        now.isSetByPreset ? words(now.help) + QLatin1Char('\n') +
-                                told("Set by the layer's motion preset; a change here is kept in its place.")
-                          : words(now.help));
+        now.isSetByPreset
+            ? words(now.help) + QLatin1Char('\n') +
+                  InspectorWords::tr("Set by the layer's motion preset; a change here is kept in its place.")
+            : words(now.help));
     if (row.keyframes) row.keyframes->show(now);
     if (row.reset) row.reset->setVisible(!now.isAtRest);
     row.control.show(now);

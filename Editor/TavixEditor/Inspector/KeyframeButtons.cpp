@@ -3,10 +3,10 @@
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/RowControl.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -14,11 +14,7 @@ namespace tavix::editor {
 
 using namespace design;
 
-namespace {
-
-QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
-
-}   // namespace
+namespace {}   // namespace
 
 class KeyframeButtons::Button final : public QAbstractButton {
 public:
@@ -62,9 +58,9 @@ private:
 KeyframeButtons::KeyframeButtons(RowEdits& edits, const InspectorRow& row, QWidget* parent)
     : QWidget(parent), shown_(row) {
     const QString label = words(row.label);
-    before_ = new Button(Button::Shape::before, told("Keyframe of %1 before").arg(label), this);
-    here_ = new Button(Button::Shape::here, told("Keyframe of %1 here").arg(label), this);
-    next_ = new Button(Button::Shape::next, told("Next keyframe of %1").arg(label), this);
+    before_ = new Button(Button::Shape::before, InspectorWords::tr("Keyframe of %1 before").arg(label), this);
+    here_ = new Button(Button::Shape::here, InspectorWords::tr("Keyframe of %1 here").arg(label), this);
+    next_ = new Button(Button::Shape::next, InspectorWords::tr("Next keyframe of %1").arg(label), this);
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(0, 2, 0, 2);
     line->setSpacing(0);

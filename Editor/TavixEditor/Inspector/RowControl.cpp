@@ -4,12 +4,12 @@
 #include "TavixCore/Support/Document.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/EasePopup.h"
+#include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/ScrubField.h"
 #include "TavixEditor/Inspector/WordPicks.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -30,8 +30,6 @@ using Control = InspectorRow::Control;
 
 constexpr int sliderSteps = 200;
 
-QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
-
 // A wheel over the inspector scrolls it, and changes no value by the way.
 class CalmComboBox final : public QComboBox {
 public:
@@ -51,7 +49,7 @@ protected:
 void showNumber(ScrubField& field, const InspectorRow& row) {
     if (row.isMixed) return field.setAbsent(mixedWords());
     if (const auto number = row.value.doubleValue()) return field.setValue(*number * row.shownTimes);
-    field.setAbsent(told("Auto"));
+    field.setAbsent(InspectorWords::tr("Auto"));
 }
 
 RowControl numberControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
@@ -129,7 +127,7 @@ RowControl numbersControl(const InspectorRow& row, RowEdits& edits, QWidget* par
                 if (number && !now.isMixed)
                     fields[i]->setValue(*number);
                 else
-                    fields[i]->setAbsent(now.isMixed ? mixedWords() : told("Auto"));
+                    fields[i]->setAbsent(now.isMixed ? mixedWords() : InspectorWords::tr("Auto"));
             }
         },
         columns == 3 || row.keyed};
@@ -159,7 +157,7 @@ RowControl wordControl(const InspectorRow& row, RowEdits& edits, QWidget* parent
     box->setAccessibleName(words(row.label));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);
-    if (row.isOptional) box->addItem(told("Default"));
+    if (row.isOptional) box->addItem(InspectorWords::tr("Default"));
     for (std::size_t i = 0; i < row.words.size(); ++i)
         box->addItem(i < row.wordNames.size() ? words(row.wordNames[i]) : wordLabel(row.words[i]),
             words(row.words[i]));
@@ -194,18 +192,19 @@ RowControl textControl(const InspectorRow& row, RowEdits& edits, QWidget* parent
         const bool isAway = kept->isOptional && field->text().isEmpty();
         edits.set(*kept, isAway ? Json() : wantsNumber ? Json(number) : Json(utf8Of(field->text())), false);
     });
-    return {
-        field, [=](const InspectorRow& now) {
-            *kept = now;
-            if (field->hasFocus() && field->isModified()) return;
-            const auto text = now.value.stringValue();
-            field->setPlaceholderText(now.isMixed ? mixedWords() : now.isOptional ? told("None") : QString());
-            field->setText(now.isMixed          ? QString()
-                           : text               ? words(*text)
-                           : now.value.isNull() ? QString()
-                                                : words(writeJson(now.value)).trimmed());
-            field->setModified(false);
-        }};
+    return {field, [=](const InspectorRow& now) {
+                *kept = now;
+                if (field->hasFocus() && field->isModified()) return;
+                const auto text = now.value.stringValue();
+                field->setPlaceholderText(now.isMixed      ? mixedWords()
+                                          : now.isOptional ? InspectorWords::tr("None")
+                                                           : QString());
+                field->setText(now.isMixed          ? QString()
+                               : text               ? words(*text)
+                               : now.value.isNull() ? QString()
+                                                    : words(writeJson(now.value)).trimmed());
+                field->setModified(false);
+            }};
 }
 
 RowControl curveControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
@@ -226,7 +225,7 @@ RowControl elementControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     auto* box = new QWidget(parent);
     auto* line = new QHBoxLayout(box);
     line->setContentsMargins(0, 0, 0, 0);
-    auto* away = makeIconButton(Icon::trash, told("Remove %1").arg(words(row.label)), box);
+    auto* away = makeIconButton(Icon::trash, InspectorWords::tr("Remove %1").arg(words(row.label)), box);
     line->addStretch();
     line->addWidget(away);
     const auto kept = std::make_shared<InspectorRow>(row);
@@ -235,7 +234,7 @@ RowControl elementControl(const InspectorRow& row, RowEdits& edits, QWidget* par
 }
 
 RowControl adderControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
-    auto* add = new QPushButton(told("Add %1").arg(words(row.label)), parent);
+    auto* add = new QPushButton(InspectorWords::tr("Add %1").arg(words(row.label)), parent);
     const auto kept = std::make_shared<InspectorRow>(row);
     QObject::connect(add, &QPushButton::clicked, add, [=, &edits] { edits.append(*kept); });
     return {add, [=](const InspectorRow& now) { *kept = now; }, true};
@@ -251,7 +250,7 @@ RowControl noteControl(const InspectorRow&, RowEdits&, QWidget* parent) {
 
 }   // namespace
 
-QString mixedWords() { return told("Mixed"); }
+QString mixedWords() { return InspectorWords::tr("Mixed"); }
 
 QString wordLabel(const std::string& word) {
     std::string spaced = word;

@@ -6,9 +6,9 @@
 #include "TavixCore/Typography/KineticSelector.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/InspectorWords.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFontComboBox>
 #include <QGridLayout>
@@ -24,8 +24,6 @@ namespace tavix::editor {
 using namespace design;
 
 namespace {
-
-QString told(const char* text) { return QCoreApplication::translate("Inspector", text); }
 
 // All that is typed until the field is left is one step.
 class Paragraph final : public QPlainTextEdit {
@@ -46,11 +44,11 @@ protected:
 
 QString filterOf(Role role) {
     switch (role) {
-    case Role::picture: return told("Pictures (*.png *.jpg *.jpeg *.webp *.heic)");
+    case Role::picture: return InspectorWords::tr("Pictures (*.png *.jpg *.jpeg *.webp *.heic)");
     case Role::clip:
-    case Role::recording: return told("Clips (*.mp4 *.mov *.webm *.mkv)");
-    case Role::soundFile: return told("Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)");
-    case Role::fontPath: return told("Fonts (*.ttf *.otf *.ttc)");
+    case Role::recording: return InspectorWords::tr("Clips (*.mp4 *.mov *.webm *.mkv)");
+    case Role::soundFile: return InspectorWords::tr("Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)");
+    case Role::fontPath: return InspectorWords::tr("Fonts (*.ttf *.otf *.ttc)");
     default: return {};
     }
 }
@@ -83,7 +81,7 @@ RowControl makeParagraphControl(const InspectorRow& row, RowEdits& edits, QWidge
         [=](const InspectorRow& now) {
             *kept = now;
             const QString text = now.isMixed ? QString() : words(now.value.stringValue().value_or(""));
-            field->setPlaceholderText(now.isMixed ? mixedWords() : told("Text"));
+            field->setPlaceholderText(now.isMixed ? mixedWords() : InspectorWords::tr("Text"));
             if (text == field->toPlainText()) return;
             *isShowing = true;
             field->setPlainText(text);
@@ -100,8 +98,8 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
     auto* field = new QLineEdit(box);
     field->setFrame(false);
     field->setAccessibleName(words(row.label));
-    field->setPlaceholderText(told("No file"));
-    auto* choose = makeIconButton(Icon::folder, told("Choose a file…"), box);
+    field->setPlaceholderText(InspectorWords::tr("No file"));
+    auto* choose = makeIconButton(Icon::folder, InspectorWords::tr("Choose a file…"), box);
     line->addWidget(field, 1);
     line->addWidget(choose);
     const auto kept = std::make_shared<InspectorRow>(row);
@@ -114,14 +112,14 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
     });
     QObject::connect(choose, &QToolButton::clicked, field, [=, &edits] {
         const auto folder = edits.folder();
-        const QString file = QFileDialog::getOpenFileName(
-            field, told("Choose a file"), folder ? pathWords(*folder) : QString(), filterOf(kept->role));
+        const QString file = QFileDialog::getOpenFileName(field, InspectorWords::tr("Choose a file"),
+            folder ? pathWords(*folder) : QString(), filterOf(kept->role));
         if (!file.isEmpty()) tell(namedFrom(folder, pathOf(file)));
     });
     return {box, [=](const InspectorRow& now) {
                 *kept = now;
                 if (field->hasFocus() && field->isModified()) return;
-                field->setPlaceholderText(now.isMixed ? mixedWords() : told("No file"));
+                field->setPlaceholderText(now.isMixed ? mixedWords() : InspectorWords::tr("No file"));
                 field->setText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
                 field->setCursorPosition(0);
             }};
@@ -146,12 +144,46 @@ RowControl makeFontControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
     return {box, [=](const InspectorRow& now) {
                 *kept = now;
                 const QSignalBlocker quietly(box);
-                box->lineEdit()->setPlaceholderText(now.isMixed ? mixedWords() : told("The theme's"));
+                box->lineEdit()->setPlaceholderText(
+                    now.isMixed ? mixedWords() : InspectorWords::tr("The theme's"));
                 if (box->lineEdit()->hasFocus()) return;
                 box->setEditText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
                 box->lineEdit()->setCursorPosition(0);
             }};
 }
+
+namespace {
+
+struct KineticChoice {
+    std::string_view key;
+    QComboBox* box;
+};
+
+// The row's value with another word. A hand-made style is given up for a preset, whatever is chosen first.
+Json withWord(const InspectorRow& row, std::string_view key, const QVariant& word) {
+    JsonObject made = row.value.find("preset") && row.value.object()
+                          ? *row.value.object()
+                          : JsonObject{{"preset", Json(KineticVocabulary::defaultPreset)}};
+    if (word.isValid())
+        made.set(key, Json(utf8Of(word.toString())));
+    else
+        made.remove(key);
+    return made;
+}
+
+// Shows the word of the row's value, or the usual one of its preset.
+void showWord(const KineticChoice& choice, const InspectorRow& row) {
+    const Json* const value = row.value.find(choice.key);
+    const bool hasPreset = row.value.find("preset") != nullptr;
+    std::string word = value ? value->stringValue().value_or("") : "";
+    if (word.empty() && hasPreset && choice.key == "speed") word = KineticVocabulary::defaultSpeed;
+    if (word.empty() && hasPreset && choice.key == "intensity") word = KineticVocabulary::defaultIntensity;
+    const int none = hasPreset && choice.key == "weight" ? 0 : -1;
+    choice.box->setPlaceholderText(row.isMixed ? mixedWords() : InspectorWords::tr("Hand-made"));
+    choice.box->setCurrentIndex(row.isMixed ? -1 : word.empty() ? none : choice.box->findData(words(word)));
+}
+
+}   // namespace
 
 RowControl makeKineticControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* box = new QWidget(parent);
@@ -161,63 +193,35 @@ RowControl makeKineticControl(const InspectorRow& row, RowEdits& edits, QWidget*
     grid->setVerticalSpacing(space::tight);
     const auto kept = std::make_shared<InspectorRow>(row);
     auto* notice = makeLabel(
-        told(
+        InspectorWords::tr(
             "This item has hand-authored values. Choose a preset to replace them with editable semantic controls."),
         TextSize::caption, Tone::secondary, box);
     notice->setWordWrap(true);
     grid->addWidget(notice, 0, 0, 1, 2);
-    struct Choice {
-        const char* key;
-        QComboBox* box;
-    };
-    std::vector<Choice> choices;
-    const auto add = [&](const char* key, const QString& label, const auto& ids, bool hasDefault) {
+    std::vector<KineticChoice> choices;
+    const auto add = [&](std::string_view key, const QString& label, const auto& ids, bool hasDefault) {
         auto* choice = new QComboBox(box);
         choice->setAccessibleName(label);
-        if (hasDefault) choice->addItem(told("Preset's own"));
+        if (hasDefault) choice->addItem(InspectorWords::tr("Preset's own"));
         for (const std::string_view id : ids) choice->addItem(wordLabel(std::string(id)), words(id));
         const int at = int(choices.size()) + 1;
         grid->addWidget(makeLabel(label, TextSize::caption, Tone::secondary, box), at, 0);
         grid->addWidget(choice, at, 1);
         choices.push_back({key, choice});
         QObject::connect(choice, &QComboBox::activated, choice, [=, &edits](int index) {
-            // A hand-made style is given up for a preset, whatever is chosen first.
-            const Json* const preset = kept->value.find("preset");
-            JsonObject made = preset && kept->value.object()
-                                  ? *kept->value.object()
-                                  : JsonObject{{"preset", Json(KineticVocabulary::defaultPreset)}};
-            const QVariant word = choice->itemData(index);
-            if (word.isValid())
-                made.set(key, Json(utf8Of(word.toString())));
-            else
-                made.remove(key);
-            edits.set(*kept, Json(std::move(made)), false);
+            edits.set(*kept, withWord(*kept, key, choice->itemData(index)), false);
         });
     };
-    add("preset", told("Preset"), KineticVocabulary::presetIDs, false);
-    add("speed", told("Speed"), KineticVocabulary::speeds(), false);
-    add("weight", told("Weight"), KineticVocabulary::weights(), true);
-    add("intensity", told("Intensity"), KineticVocabulary::intensities(), false);
+    add("preset", InspectorWords::tr("Preset"), KineticVocabulary::presetIDs, false);
+    add("speed", InspectorWords::tr("Speed"), KineticVocabulary::speeds(), false);
+    add("weight", InspectorWords::tr("Weight"), KineticVocabulary::weights(), true);
+    add("intensity", InspectorWords::tr("Intensity"), KineticVocabulary::intensities(), false);
     grid->setColumnStretch(1, 1);
     return {box,
         [=](const InspectorRow& now) {
             *kept = now;
-            const Json* const preset = now.value.find("preset");
-            notice->setVisible(!preset && !now.isMixed);
-            const std::pair<const char*, std::string_view> usual[] = {
-                {"speed", KineticVocabulary::defaultSpeed},
-                {"intensity", KineticVocabulary::defaultIntensity}};
-            for (const Choice& choice : choices) {
-                const Json* const value = now.value.find(choice.key);
-                std::string word = value ? value->stringValue().value_or("") : "";
-                for (const auto& [key, standard] : usual)
-                    if (word.empty() && preset && std::string_view(key) == choice.key) word = standard;
-                const int fallback = preset && std::string_view(choice.key) == "weight" ? 0 : -1;
-                choice.box->setPlaceholderText(now.isMixed ? mixedWords() : told("Hand-made"));
-                choice.box->setCurrentIndex(now.isMixed    ? -1
-                                            : word.empty() ? fallback
-                                                           : choice.box->findData(words(word)));
-            }
+            notice->setVisible(!now.value.find("preset") && !now.isMixed);
+            for (const KineticChoice& choice : choices) showWord(choice, now);
         },
         true};
 }

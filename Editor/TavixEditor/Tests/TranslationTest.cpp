@@ -84,7 +84,7 @@ TEST_P(InLanguage, EveryWordOfTheProgramHasATranslation) {
         if (isWhole)
             arguments << sources;
         else
-            for (const char* part : {"/App", "/Panels", "/Windows"})
+            for (const char* part : {"/App", "/Inspector", "/Panels", "/Timeline", "/Windows"})
                 arguments << sources + QLatin1String(part);
         arguments << QStringLiteral("-I") << sources + QStringLiteral("/..") << QStringLiteral("-ts")
                   << found;

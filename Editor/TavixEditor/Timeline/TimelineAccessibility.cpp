@@ -17,7 +17,9 @@ namespace {
 
 using Parts = std::vector<AccessiblePart>;
 
-QString told(const char* text) { return QCoreApplication::translate("Timeline", text); }
+struct TimelineWords {
+    Q_DECLARE_TR_FUNCTIONS(Timeline)
+};
 QString seconds(double sec) { return QString::number(sec, 'f', 1); }
 
 // Bars stand in the order of the document: which one is drawn last changes with the selection.
@@ -37,8 +39,8 @@ void addPlayhead(Parts& parts, TimelineCanvas& canvas) {
     CompositionEditorModel& model = canvas.model();
     AccessiblePart part;
     part.role = QAccessible::Slider;
-    part.name = told("Playhead");
-    part.about = told("%1 of %2 seconds")
+    part.name = TimelineWords::tr("Playhead");
+    part.about = TimelineWords::tr("%1 of %2 seconds")
                      .arg(model.state.currentTime(), 0, 'f', 2)
                      .arg(canvas.scene().totalSec, 0, 'f', 2);
     part.box = QRect(0, 0, canvas.width(), Layout::rulerHeight);
@@ -53,12 +55,13 @@ void addBands(Parts& parts, TimelineCanvas& canvas) {
         const Band& band = scene.bands[i];
         const Box box = canvas.layout().bandBox(band);
         AccessiblePart part;
-        part.name = told("Scene %1").arg(words(band.name));
-        part.about = band.transitionSec > 0
-                         ? told("%1 to %2 seconds, a transition of %3 seconds into the next")
-                               .arg(seconds(band.startSec), seconds(band.endSec),
-                                   QString::number(band.transitionSec, 'f', 2))
-                         : told("%1 to %2 seconds").arg(seconds(band.startSec), seconds(band.endSec));
+        part.name = TimelineWords::tr("Scene %1").arg(words(band.name));
+        part.about =
+            band.transitionSec > 0
+                ? TimelineWords::tr("%1 to %2 seconds, a transition of %3 seconds into the next")
+                      .arg(seconds(band.startSec), seconds(band.endSec),
+                          QString::number(band.transitionSec, 'f', 2))
+                : TimelineWords::tr("%1 to %2 seconds").arg(seconds(band.startSec), seconds(band.endSec));
         part.box = QRectF(box.x - canvas.scrollX(), box.y, box.width, box.height).toAlignedRect();
         part.isSelected = band.isSelected && !canvas.model().state.edited().selection.layer;
         part.press = [&canvas, i] { canvas.model().selectScene(i, true); };
@@ -72,7 +75,7 @@ void addBars(Parts& parts, TimelineCanvas& canvas) {
         const Bar& bar = scene.bars[i];
         AccessiblePart part;
         part.name = words(bar.label);
-        part.about = told("%1 to %2 seconds, %3 keyframes")
+        part.about = TimelineWords::tr("%1 to %2 seconds, %3 keyframes")
                          .arg(seconds(bar.startSec), seconds(bar.endSec))
                          .arg(bar.keyframesSec.size());
         part.box = canvas.rectOf(i);
@@ -89,7 +92,7 @@ void addMarks(Parts& parts, TimelineCanvas& canvas) {
             AccessiblePart part;
             part.role = QAccessible::PushButton;
             const double sec = scene.layerStartSec + mark.sec;
-            part.name = told("Keyframe of %1 at %2 seconds")
+            part.name = TimelineWords::tr("Keyframe of %1 at %2 seconds")
                             .arg(words(scene.keyframeRows[row].label))
                             .arg(sec, 0, 'f', 2);
             part.box = rectAround(canvas, canvas.layout().markX(scene, mark),
@@ -104,7 +107,7 @@ void addCues(Parts& parts, TimelineCanvas& canvas) {
     for (const Cue& cue : scene.cues) {
         AccessiblePart part;
         part.role = QAccessible::PushButton;
-        part.name = told("Sound %1 at %2 seconds").arg(words(cue.name)).arg(cue.sec, 0, 'f', 2);
+        part.name = TimelineWords::tr("Sound %1 at %2 seconds").arg(words(cue.name)).arg(cue.sec, 0, 'f', 2);
         part.box = rectAround(
             canvas, canvas.layout().cueX(cue), canvas.layout().soundTop(scene), 10, Layout::cueHeight);
         part.press = [&canvas, sec = cue.sec] { canvas.model().seek(sec); };

@@ -577,6 +577,149 @@
     </message>
 </context>
 <context>
+    <name>Inspector</name>
+    <message>
+        <source>%1 in hexadecimal digits</source>
+        <translation>%1 in Hexadezimalziffern</translation>
+    </message>
+    <message>
+        <source>%1, set by a preset</source>
+        <translation>%1, von einer Vorlage bestimmt</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Choose a colour, here or anywhere on the screen</source>
+        <translation>Farbe wählen, hier oder irgendwo auf dem Bildschirm</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>Datei wählen</translation>
+    </message>
+    <message>
+        <source>Choose a file…</source>
+        <translation>Datei wählen…</translation>
+    </message>
+    <message>
+        <source>Clips (*.mp4 *.mov *.webm *.mkv)</source>
+        <translation>Clips (*.mp4 *.mov *.webm *.mkv)</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Fonts (*.ttf *.otf *.ttc)</source>
+        <translation>Schriften (*.ttf *.otf *.ttc)</translation>
+    </message>
+    <message>
+        <source>Gradient</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Hand-made</source>
+        <translation>Von Hand</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>Intensität</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 before</source>
+        <translation>Keyframe von %1 davor</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 here</source>
+        <translation>Keyframe von %1 hier</translation>
+    </message>
+    <message>
+        <source>Mixed</source>
+        <translation>Verschieden</translation>
+    </message>
+    <message>
+        <source>Next keyframe of %1</source>
+        <translation>Nächster Keyframe von %1</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>Keine Datei</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.webp *.heic)</source>
+        <translation>Bilder (*.png *.jpg *.jpeg *.webp *.heic)</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Vorlage</translation>
+    </message>
+    <message>
+        <source>Preset&apos;s own</source>
+        <translation>Wie in der Vorlage</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+    <message>
+        <source>Reset %1 to its default</source>
+        <translation>%1 auf den Standard zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Set by the layer&apos;s motion preset; a change here is kept in its place.</source>
+        <translation>Von der Bewegungsvorlage der Ebene bestimmt; eine Änderung hier tritt an ihre Stelle.</translation>
+    </message>
+    <message>
+        <source>Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)</source>
+        <translation>Klänge (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>The theme&apos;s</source>
+        <translation>Die des Themas</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thema</translation>
+    </message>
+    <message>
+        <source>This item has hand-authored values. Choose a preset to replace them with editable semantic controls.</source>
+        <translation>Dieses Element hat von Hand geschriebene Werte. Eine Vorlage ersetzt sie durch Regler mit Namen.</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>Stärke</translation>
+    </message>
+</context>
+<context>
     <name>InspectorPanel</name>
     <message>
         <source>Inspector</source>
@@ -922,6 +1065,38 @@
 </context>
 <context>
     <name>Timeline</name>
+    <message>
+        <source>%1 of %2 seconds</source>
+        <translation>%1 von %2 Sekunden</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds</source>
+        <translation>%1 bis %2 Sekunden</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds, %3 keyframes</source>
+        <translation>%1 bis %2 Sekunden, %3 Keyframes</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds, a transition of %3 seconds into the next</source>
+        <translation>%1 bis %2 Sekunden, danach ein Übergang von %3 Sekunden</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 at %2 seconds</source>
+        <translation>Keyframe von %1 bei %2 Sekunden</translation>
+    </message>
+    <message>
+        <source>Playhead</source>
+        <translation>Abspielposition</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
+    </message>
+    <message>
+        <source>Sound %1 at %2 seconds</source>
+        <translation>Klang %1 bei %2 Sekunden</translation>
+    </message>
     <message>
         <source>Drop</source>
         <translation>Drop</translation>

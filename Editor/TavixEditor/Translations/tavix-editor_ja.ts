@@ -577,6 +577,149 @@
     </message>
 </context>
 <context>
+    <name>Inspector</name>
+    <message>
+        <source>%1 in hexadecimal digits</source>
+        <translation>%1（16進数）</translation>
+    </message>
+    <message>
+        <source>%1, set by a preset</source>
+        <translation>%1（プリセットの値）</translation>
+    </message>
+    <message>
+        <source>Add %1</source>
+        <translation>%1を追加</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Choose a colour, here or anywhere on the screen</source>
+        <translation>ここまたは画面上の好きな場所から色を選びます</translation>
+    </message>
+    <message>
+        <source>Choose a file</source>
+        <translation>ファイルを選択</translation>
+    </message>
+    <message>
+        <source>Choose a file…</source>
+        <translation>ファイルを選択…</translation>
+    </message>
+    <message>
+        <source>Clips (*.mp4 *.mov *.webm *.mkv)</source>
+        <translation>クリップ (*.mp4 *.mov *.webm *.mkv)</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>カラー</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>デフォルト</translation>
+    </message>
+    <message>
+        <source>Fonts (*.ttf *.otf *.ttc)</source>
+        <translation>フォント (*.ttf *.otf *.ttc)</translation>
+    </message>
+    <message>
+        <source>Gradient</source>
+        <translation>グラデーション</translation>
+    </message>
+    <message>
+        <source>Hand-made</source>
+        <translation>カスタム</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 before</source>
+        <translation>%1の前のキーフレーム</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 here</source>
+        <translation>ここに%1のキーフレーム</translation>
+    </message>
+    <message>
+        <source>Mixed</source>
+        <translation>複数の値</translation>
+    </message>
+    <message>
+        <source>Next keyframe of %1</source>
+        <translation>%1の次のキーフレーム</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>ファイルなし</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.webp *.heic)</source>
+        <translation>画像 (*.png *.jpg *.jpeg *.webp *.heic)</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>プリセット</translation>
+    </message>
+    <message>
+        <source>Preset&apos;s own</source>
+        <translation>プリセットの値</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1を削除</translation>
+    </message>
+    <message>
+        <source>Reset %1 to its default</source>
+        <translation>%1をデフォルトに戻す</translation>
+    </message>
+    <message>
+        <source>Set by the layer&apos;s motion preset; a change here is kept in its place.</source>
+        <translation>レイヤーのモーションプリセットの値です。ここで変更すると、その値が優先されます。</translation>
+    </message>
+    <message>
+        <source>Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)</source>
+        <translation>サウンド (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>The theme&apos;s</source>
+        <translation>テーマのフォント</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>テーマ</translation>
+    </message>
+    <message>
+        <source>This item has hand-authored values. Choose a preset to replace them with editable semantic controls.</source>
+        <translation>この項目の値は手で書かれています。プリセットを選ぶと、編集しやすいコントロールに置き換わります。</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>太さ</translation>
+    </message>
+</context>
+<context>
     <name>InspectorPanel</name>
     <message>
         <source>Inspector</source>
@@ -922,6 +1065,38 @@
 </context>
 <context>
     <name>Timeline</name>
+    <message>
+        <source>%1 of %2 seconds</source>
+        <translation>%2秒のうち%1秒</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds</source>
+        <translation>%1秒から%2秒</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds, %3 keyframes</source>
+        <translation>%1秒から%2秒、キーフレーム%3個</translation>
+    </message>
+    <message>
+        <source>%1 to %2 seconds, a transition of %3 seconds into the next</source>
+        <translation>%1秒から%2秒、次へのトランジション%3秒</translation>
+    </message>
+    <message>
+        <source>Keyframe of %1 at %2 seconds</source>
+        <translation>%2秒の%1のキーフレーム</translation>
+    </message>
+    <message>
+        <source>Playhead</source>
+        <translation>再生ヘッド</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>シーン%1</translation>
+    </message>
+    <message>
+        <source>Sound %1 at %2 seconds</source>
+        <translation>%2秒のサウンド%1</translation>
+    </message>
     <message>
         <source>Drop</source>
         <translation>ドロップ</translation>
