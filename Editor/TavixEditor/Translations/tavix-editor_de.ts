@@ -596,7 +596,7 @@
     </message>
     <message>
         <source>Auto</source>
-        <translation>Automatisch</translation>
+        <translation>Auto</translation>
     </message>
     <message>
         <source>Choose a colour, here or anywhere on the screen</source>
