@@ -141,16 +141,21 @@ std::array<Vec3, 9> irradianceOf(const OctahedralMap& map) {
 }
 
 int sideOf(int level) { return level < 5 ? 256 : level < 12 ? 128 : 64; }
+std::size_t texelsOf(int sidePx) { return std::size_t(sidePx + 2) * std::size_t(sidePx + 2); }
 
 }   // namespace
 
-void Environment::layOutLevels() {
+std::size_t Environment::texelCount() {
     std::size_t texels = 0;
-    for (int i = 0; i < levelCount; ++i) {
-        levels_[std::size_t(i)] = {sideOf(i), std::uint32_t(texels)};
-        texels += std::size_t(sideOf(i) + 2) * std::size_t(sideOf(i) + 2);
-    }
-    texels_.resize(texels * 4);
+    for (int i = 0; i < levelCount; ++i) texels += texelsOf(sideOf(i));
+    return texels;
+}
+
+void Environment::layOutLevels() {
+    std::size_t first = 0;
+    for (int i = 0; i < levelCount; first += texelsOf(sideOf(i)), ++i)
+        levels_[std::size_t(i)] = {sideOf(i), std::uint32_t(first)};
+    texels_.resize(texelCount() * 4);
 }
 
 EnvironmentRef Environment::make(const EquirectangularImage& picture) {

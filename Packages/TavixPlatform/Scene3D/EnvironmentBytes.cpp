@@ -7,6 +7,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <tuple>
 
 namespace tavix::scene3d {
 
@@ -39,17 +40,20 @@ std::string Environment::bytes() const {
     return bytes;
 }
 
+std::size_t Environment::byteCount() {
+    constexpr std::size_t bands = std::tuple_size_v<decltype(irradiance_)>;
+    return head.size() + (bands + texelCount()) * 3 * sizeof(float) + sizeof(Digest);
+}
+
 EnvironmentRef Environment::fromBytes(std::string_view bytes) {
-    const std::shared_ptr<Environment> result(new Environment());
-    result->layOutLevels();
-    constexpr std::size_t lightBytes = 3 * sizeof(float), digestBytes = sizeof(Digest);
-    const std::size_t bands = result->irradiance_.size(), texels = result->texels_.size() / 4;
-    if (bytes.size() != head.size() + (bands + texels) * lightBytes + digestBytes || !bytes.starts_with(head))
-        return nullptr;
+    constexpr std::size_t digestBytes = sizeof(Digest);
+    if (bytes.size() != byteCount() || !bytes.starts_with(head)) return nullptr;
     std::string_view digest = bytes.substr(bytes.size() - digestBytes);
     bytes.remove_suffix(digestBytes);
     if (contentHash(bytes) != taken<Digest>(digest)) return nullptr;
     bytes.remove_prefix(head.size());
+    const std::shared_ptr<Environment> result(new Environment());
+    result->layOutLevels();
     bool isFinite = true;
     const auto takenLight = [&] {
         const auto light = taken<std::array<float, 3>>(bytes);

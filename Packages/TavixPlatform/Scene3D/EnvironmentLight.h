@@ -34,10 +34,11 @@ public:
     // Throws SceneError when the picture is empty, larger than 8192 pixels on a side, or not finite.
     static EnvironmentRef make(const EquirectangularImage& picture);
 
-    // What was made, as a file keeps it, some 6 MB. Read back it is the same to the last bit; bytes that are
+    // What was made, as a file keeps it. Read back it is the same to the last bit; bytes that are
     // damaged, or of another version of this class, give nothing.
     std::string bytes() const;
     static EnvironmentRef fromBytes(std::string_view bytes);
+    static std::size_t byteCount();   // of any
 
     // Mirror directions of surfaces, by roughness: level i serves roughness i / (levelCount - 1). Each is an
     // octahedral map (Engelhardt and Dachsbacher, 2008) with a border of one texel, four floats a texel.
@@ -54,7 +55,8 @@ public:
 
 private:
     Environment() = default;
-    void layOutLevels();   // and room for their texels
+    static std::size_t texelCount();   // of all levels with their borders
+    void layOutLevels();               // and room for their texels
     std::array<Level, levelCount> levels_{};
     std::vector<float> texels_;
     std::array<Vec3, 9> irradiance_{};

@@ -49,8 +49,7 @@ scene3d::EnvironmentRef builtEnvironment() {
     const auto file = ResourceFolders::find(environmentFile);
     if (!file) return nullptr;
     try {
-        constexpr std::size_t mostBytes = 16 << 20;
-        return scene3d::Environment::fromBytes(readBytes(*file, mostBytes));
+        return scene3d::Environment::fromBytes(readBytes(*file, scene3d::Environment::byteCount()));
     } catch (const Failure&) {
         return nullptr;
     }
