@@ -75,7 +75,7 @@ std::string transcoding(const std::filesystem::path& clip, const std::filesystem
     return "ffmpeg -nostdin -loglevel error -y -i '" + clip.string() +
            "' -an -c:v libx264 -preset veryfast -profile:v high -b:v " + std::to_string(bitsPerSec) + " -g " +
            std::to_string(2 * fps) +
-           " -x264-params cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=4 -threads 3 '" +
+           " -x264-params cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=4:qpmin=10 -threads 3 '" +
            to.string() + "'";
 }
 

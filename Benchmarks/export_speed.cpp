@@ -112,6 +112,7 @@ private:
         media::MovieWriter writer({.path = movie_,
             .sizePx = size_,
             .bitsPerSec = std::int64_t(bitsPerSec),
+            .mayTakeLess = true,
             .timescale = clock.timescale,
             .frameDuration = clock.frameDuration});
         for (std::size_t i = 0; i < frames_; ++i) {

@@ -35,6 +35,7 @@ struct MovieSettings {
     MovieCodec codec = MovieCodec::h264;
     MovieContainer container = MovieContainer::mp4;   // ProRes is always written as QuickTime
     std::int64_t bitsPerSec = 0;                      // average; 0 leaves it to the codec, ProRes knows none
+    bool mayTakeLess = false;                         // than the rate, where nobody would see what it adds
     std::optional<int> quality = {};                  // 0 to 100 instead of a rate; of no meaning to ProRes
     EncodingEffort effort = EncodingEffort::fast;
     int timescale = 600;      // units per second of presentation times

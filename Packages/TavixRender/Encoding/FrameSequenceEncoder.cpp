@@ -65,6 +65,7 @@ media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& setting
         .codec = mediaCodec(settings.codec),
         .container = mediaContainer(settings),
         .bitsPerSec = bitsPerSecOf(settings, double(clock.timescale) / clock.frameDuration),
+        .mayTakeLess = !settings.rate.bitsPerSec,
         .quality = settings.rate.quality,
         .effort = settings.effort,
         .timescale = clock.timescale,

@@ -62,6 +62,83 @@ TEST_P(JoinedPieces, AreOneFilmWithoutAGap) {
     }
 }
 
+// Letters that drift over a slope, in the brightness alone: hard edges, as films of texts and screens have.
+void paintLetters(const PlanarView& view, int frame) {
+    forEachSample(view, [&](int plane, int x, int y, std::uint8_t* sample) {
+        const unsigned cell = unsigned((x + frame / 8) / 4) * 73856093u ^ unsigned(y / 6) * 19349663u;
+        const bool isLetter = plane == 0 && y % 24 < 12 && (cell >> 7) % 3 == 0;
+        *sample = plane > 0 ? 128 : isLetter ? 230 : std::uint8_t(20 + (x + 2 * y) / 5);
+    });
+}
+
+struct Worth {
+    double bytes = 0, meanSquare = 0;   // of how far the brightness lies from what was written
+};
+
+Worth worthOf(const std::filesystem::path& film) {
+    const DecodedMovie movie = decodeMovie(film);
+    Worth worth{double(std::filesystem::file_size(film)), 0};
+    MovieWriter::Slot drawn;
+    const imaging::Size size{movie.frames.front()->width, movie.frames.front()->height};
+    std::vector<std::uint8_t> room(std::size_t(size.width) * size.height * 3);
+    drawn.planes = {imaging::PlanarFormat::yuv420p8, size,
+        {room.data(), room.data() + size.width * size.height, room.data() + size.width * size.height * 2},
+        {size.width, size.width, size.width}};
+    for (std::size_t i = 0; i < movie.frames.size(); ++i) {
+        paintLetters(drawn.planes, int(i));
+        for (int y = 0; y < size.height; ++y)
+            for (int x = 0; x < size.width; ++x) {
+                const double off = double(movie.frames[i]->data[0][y * movie.frames[i]->linesize[0] + x]) -
+                                   drawn.planes.planes[0][y * size.width + x];
+                worth.meanSquare +=
+                    off * off / (double(size.width) * size.height * double(movie.frames.size()));
+            }
+    }
+    return worth;
+}
+
+// Whatever way its rate is told, a film of pieces is worth its bytes as much as one that was encoded in one
+// go: at most two more key frames than that has, and no beginning that is coarser, or dearer, than the rest.
+TEST(MovieJoin, FilmsAreWorthTheirBytes) {
+    constexpr int count = 240, pieceFrames = 48;
+    const struct {
+        const char* name;
+        std::int64_t bitsPerSec;
+        std::optional<int> quality;
+    } cases[] = {{"low rate", 100'000, {}}, {"high rate", 500'000, {}}, {"quality", 0, 60}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const TemporaryFolder folder;
+        const auto write = [&](const std::filesystem::path& path, MovieContainer container, int first,
+                               int frames) {
+            MovieSettings settings = settingsFor(path, MovieCodec::h264);
+            settings.sizePx = {320, 240};
+            settings.container = container;
+            settings.bitsPerSec = c.bitsPerSec;
+            settings.quality = c.quality;
+            MovieWriter writer(settings);
+            for (int i = 0; i < frames; ++i) {
+                MovieWriter::Slot& slot = writer.acquire();
+                paintLetters(slot.planes, first + i);
+                writer.submit(slot, i * settings.frameDuration);
+            }
+            writer.finish();
+            return path;
+        };
+        std::vector<std::filesystem::path> pieces;
+        for (int first = 0; first < count; first += pieceFrames)
+            pieces.push_back(
+                write(folder / std::to_string(first), MovieContainer::piece, first, pieceFrames));
+        joinPieces({pieces, std::nullopt, folder / "joined.mp4"});
+        const Worth one = worthOf(write(folder / "one.mp4", MovieContainer::mp4, 0, count));
+        const Worth joined = worthOf(folder / "joined.mp4");
+        // Six decibels cost about a bit for each one that there is, more at low rates: a bit is the kinder.
+        const double db = 10 * std::log10(joined.meanSquare / one.meanSquare);
+        EXPECT_LT(joined.bytes / one.bytes * std::exp2(db / 6), 1.15)
+            << joined.bytes << " bytes for " << one.bytes << ", " << db << " dB worse";
+    }
+}
+
 TEST(MovieJoin, PutsTheSoundUnderAllOfIt) {
     const TemporaryFolder folder;
     const AudioFormat format{48000, 2};
