@@ -25,6 +25,14 @@ space, pictures, clips, music with a beat) to mp4, mov, WebM or GIF. It needs
 no display, no graphics card and no network.
 .
 This package holds the command, which people and coding agents write with.")
+# What the command loads by itself (TavixPlatform/Media/LateLibrary.h), so that no program names it.
+set(late)
+foreach(library IN ITEMS libavformat libswscale)
+    string(REGEX MATCH "^[0-9]+" major ${FFmpeg_${library}_VERSION})
+    list(APPEND late ${library}${major})
+endforeach()
+list(JOIN late ", " CPACK_DEBIAN_ENGINE_PACKAGE_DEPENDS)
+string(APPEND CPACK_DEBIAN_ENGINE_PACKAGE_DEPENDS ", libheif1")
 # What documents name fonts by, and what `tavix run` records pages with.
 set(CPACK_DEBIAN_ENGINE_PACKAGE_RECOMMENDS
     "fonts-inter, fonts-noto-core, fonts-noto-color-emoji, fonts-dejavu-core, fonts-urw-base35")

@@ -1,7 +1,6 @@
+#include "TavixPlatform/Media/LateHeif.h"
 #include "TavixPlatform/Media/StillAssembly.h"
 #include "TavixPlatform/Media/StillReaders.h"
-
-#include <libheif/heif.h>
 
 #include <bit>
 #include <cstring>
@@ -12,9 +11,7 @@
 namespace tavix::media {
 namespace {
 
-using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
-using Handle = std::unique_ptr<const heif_image_handle, decltype(&heif_image_handle_release)>;
-using Picture = std::unique_ptr<const heif_image, decltype(&heif_image_release)>;
+using Picture = std::unique_ptr<const heif_image, HeifDeleter>;
 
 void check(const heif_error& error) {
     if (error.code == heif_error_Ok) return;
@@ -23,10 +20,10 @@ void check(const heif_error& error) {
     throw MediaError("The HEIC or AVIF image cannot be read: " + reason + ".");
 }
 
-Handle primaryImage(heif_context* context) {
+HeifHandle primaryImage(heif_context* context) {
     heif_image_handle* handle = nullptr;
     check(heif_context_get_primary_image_handle(context, &handle));
-    return {handle, &heif_image_handle_release};
+    return HeifHandle(handle);
 }
 
 // ITU-T H.273 code points. What is meant for a screen of ordinary brightness counts as sRGB.
@@ -44,8 +41,7 @@ TransferCurve curveOf(const heif_color_profile_nclx& stated, double& exponent) {
 ColorConversion statedConversion(const heif_image_handle* handle, PixelLayout layout) {
     heif_color_profile_nclx* stated = nullptr;
     const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &stated);
-    const std::unique_ptr<heif_color_profile_nclx, decltype(&heif_nclx_color_profile_free)> owner(
-        stated, &heif_nclx_color_profile_free);   // it may come with an error, too
+    const std::unique_ptr<heif_color_profile_nclx, HeifDeleter> owner(stated);   // it may come with an error, too
     if (error.code != heif_error_Ok || !stated) return {};
     ColorEncoding encoding;
     encoding.curve = curveOf(*stated, encoding.exponent);
@@ -102,16 +98,16 @@ imaging::Bitmap readHeif(std::span<const std::byte> file) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(file.data());
     if (heif_check_filetype(bytes, static_cast<int>(file.size())) == heif_filetype_no)
         throw MediaError("It is a film or another file of that family, not a HEIC or AVIF image.");
-    const Context context(heif_context_alloc(), &heif_context_free);
+    const HeifContext context(heif_context_alloc());
     check(heif_context_read_from_memory_without_copy(context.get(), file.data(), file.size(), nullptr));
-    const Handle handle = primaryImage(context.get());
+    const HeifHandle handle = primaryImage(context.get());
     refuseStillSize(heif_image_handle_get_width(handle.get()), heif_image_handle_get_height(handle.get()));
     const PixelLayout layout = heif_image_handle_get_luma_bits_per_pixel(handle.get()) > 8
                                    ? PixelLayout::rgba16
                                    : PixelLayout::rgba8;
     heif_image* decoded = nullptr;
     check(heif_decode_image(handle.get(), &decoded, heif_colorspace_RGB, chromaOf(layout), nullptr));
-    const Picture picture(decoded, &heif_image_release);
+    const Picture picture(decoded);
     const imaging::Size size{heif_image_get_width(decoded, heif_channel_interleaved),
         heif_image_get_height(decoded, heif_channel_interleaved)};
     refuseStillSize(size.width, size.height);

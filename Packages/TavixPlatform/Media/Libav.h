@@ -1,14 +1,8 @@
 // Ownership and error texts of FFmpeg's libraries. Only sources of this folder include it.
 #pragma once
 
+#include "TavixPlatform/Media/LateLibav.h"
 #include "TavixPlatform/Media/MediaError.h"
-
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavcodec/bsf.h>
-#include <libavformat/avformat.h>
-#include <libavutil/dict.h>
-}
 
 #include <memory>
 #include <string>
@@ -41,7 +35,9 @@ template <class Owner> Owner owned(typename Owner::pointer made) {
 class Options {
 public:
     Options() = default;
-    ~Options() { av_dict_free(&entries_); }
+    ~Options() {
+        if (entries_) av_dict_free(&entries_);
+    }
     Options(Options&& other) noexcept : entries_(std::exchange(other.entries_, nullptr)) {}
     Options& operator=(Options&&) = delete;
     void set(const char* name, const std::string& value) { av_dict_set(&entries_, name, value.c_str(), 0); }

@@ -46,7 +46,8 @@ public:
         if (file_.sizeBytes() == 0) throw MediaError(failure + "It is empty.");
     }
     ~File() {
-        if (access_) av_freep(&access_->buffer);
+        if (!access_) return;
+        av_freep(&access_->buffer);
         avio_context_free(&access_);
     }
     File(const File&) = delete;

@@ -90,7 +90,7 @@ void OutputFile::write(AVPacket& packet, int track) {
     const AVRational timeBase = timeBases_[static_cast<std::size_t>(track)];
     packet.stream_index = track;
     if (const int early = stream.codecpar->initial_padding; early > 0 && tellsDelays()) {
-        const std::int64_t delay = av_rescale_q(early, {1, stream.codecpar->sample_rate}, timeBase);
+        const std::int64_t delay = av_rescale_q(early, AVRational{1, stream.codecpar->sample_rate}, timeBase);
         if (packet.pts != AV_NOPTS_VALUE) packet.pts += delay;
         if (packet.dts != AV_NOPTS_VALUE) packet.dts += delay;
     }

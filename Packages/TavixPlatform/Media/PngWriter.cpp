@@ -16,9 +16,9 @@
 namespace tavix::media {
 namespace {
 
-// Little compression and one cheap filter: three times as quick as the library's choice for files about a
-// fifth larger.
-constexpr int compressionLevel = 3;
+// Of 1080 x 1920, the least compression with the one cheapest filter takes 33 to 42 ms of a still's time; trying two
+// filters and the third level 70 to 120 ms, for files 2 % larger to 12 % smaller.
+constexpr int compressionLevel = 1;
 
 using File = std::unique_ptr<std::FILE, decltype(&std::fclose)>;
 
@@ -88,7 +88,7 @@ private:
             PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_sRGB(png_, info_, PNG_sRGB_INTENT_PERCEPTUAL);
         png_set_compression_level(png_, compressionLevel);
-        png_set_filter(png_, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB | PNG_FILTER_UP);
+        png_set_filter(png_, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
         png_write_info(png_, info_);
     }
 

@@ -1,8 +1,7 @@
 #include "TavixPlatform/Media/StillHeader.h"
 
+#include "TavixPlatform/Media/LateHeif.h"
 #include "TavixPlatform/Media/Orientation.h"
-
-#include <libheif/heif.h>
 
 #include <algorithm>
 #include <array>
@@ -161,14 +160,12 @@ StillHeader readHeifHeader(const std::filesystem::path& path) {
     std::error_code unknown;
     if (std::filesystem::file_size(path, unknown) > mostHeifBytes || unknown)
         refuse("The HEIC or AVIF image is too large.");
-    const std::unique_ptr<heif_context, decltype(&heif_context_free)> context(
-        heif_context_alloc(), &heif_context_free);
+    const HeifContext context(heif_context_alloc());
     heif_image_handle* found = nullptr;
     if (heif_context_read_from_file(context.get(), path.c_str(), nullptr).code != heif_error_Ok ||
         heif_context_get_primary_image_handle(context.get(), &found).code != heif_error_Ok)
         refuse("It is not a HEIC or AVIF image that can be read.");
-    const std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)> handle(
-        found, &heif_image_handle_release);
+    const HeifHandle handle(found);
     return {sizeOf(static_cast<std::uint32_t>(heif_image_handle_get_width(found)),
                 static_cast<std::uint32_t>(heif_image_handle_get_height(found))),
         !heif_image_handle_has_alpha_channel(found)};

@@ -2,12 +2,14 @@
 
 #include "TavixBase/ContentHash.h"
 #include "TavixCore/Support/TavixVersion.h"
+#include "TavixPlatform/Media/LateLibrary.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Assets/FileIdentity.h"
 #include "TavixRender/Assets/ResourceFolders.h"
 
 #include <elf.h>
 #include <link.h>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -17,13 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void addFile(ContentHash& hash, const fs::path& path) {
+std::string described(const fs::path& path) {
     std::string said = path.string();
     if (const auto file = FileIdentity::of(path))
         for (const auto number :
             {std::int64_t(file->device), std::int64_t(file->node), file->sizeBytes, file->changedNs})
             said += ' ' + std::to_string(number);
-    hash.add(said + '\n');
+    return said + '\n';
 }
 
 // The linker's own name for what it built ("System V Application Binary Interface", notes; GNU's is 3);
@@ -49,22 +51,26 @@ std::string_view buildIdOf(const dl_phdr_info& object) {
 }
 
 int addObject(dl_phdr_info* object, std::size_t, void* to) {
-    auto& hash = *static_cast<ContentHash*>(to);
+    auto& objects = *static_cast<std::set<std::string>*>(to);
     const std::string_view name = object->dlpi_name;
     if (name.find("linux-vdso") != std::string_view::npos) return 0;   // of the kernel, and only its clock
     if (const std::string_view id = buildIdOf(*object); !id.empty())
-        hash.add(id);
+        objects.emplace(id);
     else
-        addFile(hash, name.empty() ? fs::path("/proc/self/exe") : fs::path(name));
+        objects.insert(described(name.empty() ? fs::path("/proc/self/exe") : fs::path(name)));
     return 0;
 }
 
 Digest identity() {
     ContentHash hash;
     hash.add(TavixVersion::current);
-    dl_iterate_phdr(addObject, &hash);
-    for (const fs::path& file : ResourceFolders::files()) addFile(hash, file);
-    for (const fs::path& file : text::FontBook().files()) addFile(hash, file);
+    // Some are loaded when they are needed first, and so in any order.
+    media::loadLateLibraries();
+    std::set<std::string> objects;
+    dl_iterate_phdr(addObject, &objects);
+    for (const std::string& object : objects) hash.add(object);
+    for (const fs::path& file : ResourceFolders::files()) hash.add(described(file));
+    for (const fs::path& file : text::FontBook().files()) hash.add(described(file));
 #if defined(__x86_64__)
     hash.add(__builtin_cpu_supports("avx512bw") ? "3" : __builtin_cpu_supports("avx2") ? "2" : "1");
 #endif
