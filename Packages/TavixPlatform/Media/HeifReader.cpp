@@ -41,7 +41,8 @@ TransferCurve curveOf(const heif_color_profile_nclx& stated, double& exponent) {
 ColorConversion statedConversion(const heif_image_handle* handle, PixelLayout layout) {
     heif_color_profile_nclx* stated = nullptr;
     const heif_error error = heif_image_handle_get_nclx_color_profile(handle, &stated);
-    const std::unique_ptr<heif_color_profile_nclx, HeifDeleter> owner(stated);   // it may come with an error, too
+    const std::unique_ptr<heif_color_profile_nclx, HeifDeleter> owner(
+        stated);   // it may come with an error, too
     if (error.code != heif_error_Ok || !stated) return {};
     ColorEncoding encoding;
     encoding.curve = curveOf(*stated, encoding.exponent);

@@ -1,4 +1,5 @@
-// The functions of FFmpeg's libraries that are called here; see LateLibrary.h. One that is missing below does not link.
+// The functions of FFmpeg's libraries that are called here; see LateLibrary.h. One that is missing below does
+// not link.
 #pragma once
 
 #include "TavixPlatform/Media/LateLibrary.h"
@@ -20,8 +21,8 @@ namespace tavix::media {
 // It needs libavcodec, libavutil and libswresample.
 inline constexpr LateLibrary lateFormats("libavformat.so." AV_STRINGIFY(LIBAVFORMAT_VERSION_MAJOR),
     "libavformat" AV_STRINGIFY(LIBAVFORMAT_VERSION_MAJOR));
-inline constexpr LateLibrary lateScaling(
-    "libswscale.so." AV_STRINGIFY(LIBSWSCALE_VERSION_MAJOR), "libswscale" AV_STRINGIFY(LIBSWSCALE_VERSION_MAJOR));
+inline constexpr LateLibrary lateScaling("libswscale.so." AV_STRINGIFY(LIBSWSCALE_VERSION_MAJOR),
+    "libswscale" AV_STRINGIFY(LIBSWSCALE_VERSION_MAJOR));
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wignored-attributes"   // a type has none; they are hints to optimise calls

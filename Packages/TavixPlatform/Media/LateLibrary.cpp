@@ -19,7 +19,8 @@ void* LateLibrary::find(const char* function) const {
     void* const library = opened(file_);
     if (void* const address = library ? dlsym(library, function) : nullptr) return address;
     const char* const reason = dlerror();
-    throw MediaFault(std::string("The library ") + file_ + " cannot be used: " + (reason ? reason : "unknown") +
+    throw MediaFault(std::string("The library ") + file_ +
+                     " cannot be used: " + (reason ? reason : "unknown") +
                      ". Install it anew (Debian's package " + package_ + ").");
 }
 

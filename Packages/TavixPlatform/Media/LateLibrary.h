@@ -1,5 +1,5 @@
-// Functions of shared libraries that are loaded when the first of them is called. FFmpeg brings 130 libraries with it,
-// which took 25 ms of every start, and most commands read no film and write none.
+// Functions of shared libraries that are loaded when the first of them is called. FFmpeg brings 130 libraries
+// with it, which took 25 ms of every start, and most commands read no film and write none.
 #pragma once
 
 #include <atomic>
@@ -13,8 +13,8 @@ public:
     // The file as the loader searches for it: "libavformat.so.59". The package is Debian's that has it.
     constexpr LateLibrary(const char* file, const char* package) : file_(file), package_(package) {}
 
-    // The address of a function of it or of a library that it needs. Throws MediaFault, which names the file and the
-    // package, where there is none.
+    // The address of a function of it or of a library that it needs. Throws MediaFault, which names the file
+    // and the package, where there is none.
     void* find(const char* function) const;
     // Whether it could be loaded.
     bool load() const noexcept;
@@ -41,12 +41,12 @@ private:
     mutable std::atomic<void*> found_ = nullptr;
 };
 
-// Loads what films and HEIC pictures are read with, where it is installed, so that it counts among the libraries of
-// the program from here on.
+// Loads what films and HEIC pictures are read with, where it is installed, so that it counts among the
+// libraries of the program from here on.
 void loadLateLibraries() noexcept;
 
 }   // namespace tavix::media
 
 // In tavix::media: `name` of a library, to be called as if it were linked.
-#define TAVIX_LATE_FUNCTION(library, name)                                                                            \
+#define TAVIX_LATE_FUNCTION(library, name)                                                                   \
     inline constinit const LateFunction<decltype(::name)> name { library, #name }

@@ -2,6 +2,7 @@
 
 #include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/StillImages.h"
+#include "TavixPlatform/Media/StraightColor.h"
 
 #include <cstring>
 
@@ -15,6 +16,14 @@ void inksToRgba(const std::uint8_t* cmyk, std::uint8_t* rgba, int pixels) {
     for (int i = 0; i < pixels; ++i, cmyk += 4, rgba += 4) {
         for (int c = 0; c < 3; ++c) rgba[c] = productOf(255U - cmyk[c], 255U - cmyk[3]);
         rgba[3] = 255;
+    }
+}
+
+// Red and blue change places; `from` may be `to`.
+void putOpaque(std::uint8_t* to, const std::uint8_t* from, int pixels) {
+    for (int i = 0; i < pixels; ++i, to += 4, from += 4) {
+        const std::uint8_t pixel[4] = {from[2], from[1], from[0], 255};
+        std::memcpy(to, pixel, 4);
     }
 }
 
@@ -34,7 +43,7 @@ void refuseStillSize(
 }
 
 StillAssembly::StillAssembly(imaging::Size size, PixelLayout layout, ColorConversion conversion)
-    : layout_(layout), conversion_(std::move(conversion)), bitmap_(size) {
+    : layout_(layout), conversion_(std::move(conversion)), bitmap_(imaging::Bitmap::uninitialised(size)) {
     if (layout == PixelLayout::cmyk8 || !conversion_.isNone())
         scratch_.resize(static_cast<std::size_t>(size.width) * 4);
 }
@@ -65,6 +74,7 @@ const void* StillAssembly::converted(const void* pixels) {
 }
 
 void StillAssembly::putNarrow(std::uint8_t* to, const std::uint8_t* rgba) const {
+    if (isOpaqueRow(rgba, bitmap_.size().width)) return putOpaque(to, rgba, bitmap_.size().width);
     for (int i = 0; i < bitmap_.size().width; ++i, to += 4, rgba += 4) {
         const unsigned red = rgba[0], green = rgba[1], blue = rgba[2], alpha = rgba[3];   // may be `to`
         to[0] = productOf(blue, alpha);

@@ -19,9 +19,11 @@ void refuseStillSize(
 
 class StillAssembly {
 public:
+    // Every row is to be put.
     StillAssembly(imaging::Size size, PixelLayout layout, ColorConversion conversion);
 
-    // The memory of a row, for decoders that can write RGBA with eight bits straight into it before `put`.
+    // The memory of a row, for decoders that can write RGBA with eight bits straight into it before `put`. It
+    // holds anything at first.
     std::uint8_t* rowMemory(int fromTop) { return bitmap_.view().row(fromTop); }
     std::ptrdiff_t rowStrideBytes() { return bitmap_.view().strideBytes; }
 

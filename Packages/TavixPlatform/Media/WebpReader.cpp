@@ -5,6 +5,7 @@
 #include <webp/decode.h>
 #include <webp/demux.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 
@@ -35,6 +36,9 @@ void decodeFirstFrame(const WebPDemuxer* demuxer, imaging::Size canvas, StillAss
     if (frame.x_offset < 0 || frame.y_offset < 0 || frame.width > canvas.width - frame.x_offset ||
         frame.height > canvas.height - frame.y_offset)
         refuse("its first frame lies outside of it");
+    if (imaging::Size{frame.width, frame.height} != canvas)
+        for (int y = 0; y < canvas.height; ++y)
+            std::fill_n(assembly.rowMemory(y), std::ptrdiff_t{canvas.width} * 4, std::uint8_t{0});
     const std::ptrdiff_t stride = assembly.rowStrideBytes();
     std::uint8_t* to = assembly.rowMemory(frame.y_offset) + std::ptrdiff_t{frame.x_offset} * 4;
     const std::ptrdiff_t room = stride * (frame.height - 1) + std::ptrdiff_t{frame.width} * 4;
