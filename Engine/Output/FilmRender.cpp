@@ -11,8 +11,8 @@
 #include "TavixRender/Export/AnimationFit.h"
 #include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/FilmExport.h"
+#include "TavixRender/Export/RateFit.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace tavix::engine {
@@ -89,7 +89,14 @@ PieceRender::Report FilmRender::writeUnder(
             film, *mostBytes_, tellers.terminal.log(), tell, onProgress, tellers.interruption.token());
         return {};
     }
-    if (mostBytes_) return fit(film, onProgress, tellers);
+    if (mostBytes_) {
+        const auto tell = [&](std::int64_t bitsPerSec) {
+            tellers.terminal.tell(
+                "• " + shownBytes(*mostBytes_) + " leave " + shownRate(bitsPerSec) + " for the pictures");
+        };
+        return RateFit::write(
+            film, *mostBytes_, tellers.terminal.log(), tell, onProgress, tellers.interruption.token());
+    }
     return FilmExport::write(film, tellers.terminal.log(), onProgress, tellers.interruption.token());
 }
 
@@ -131,31 +138,6 @@ void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Teller
     };
     if (lines.isOn()) lines.done(result());
     if (terminal.mode() == Terminal::Mode::json) terminal.report(result());
-}
-
-// The rate follows from the size and the length; where an encoder does not keep to it, it is tried again with
-// less.
-PieceRender::Report FilmRender::fit(
-    PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const {
-    constexpr double containerShare = 0.02, soundBitsPerSec = 256'000, safety = 0.95;
-    constexpr int mostTries = 5;
-    constexpr std::int64_t leastBitsPerSec = 50'000;
-    const double totalSec = std::max(film.fps.secAt(film.frameCount), 1e-3);
-    const double forPictures =
-        double(*mostBytes_) * 8 * (1 - containerShare) / totalSec - (film.sound ? soundBitsPerSec : 0);
-    auto bitsPerSec = std::int64_t(forPictures);
-    PieceRender::Report report;
-    for (int i = 0; i < mostTries && bitsPerSec >= leastBitsPerSec; ++i) {
-        film.file.rate.bitsPerSec = bitsPerSec;
-        tellers.terminal.tell(
-            "• " + shownBytes(*mostBytes_) + " leave " + shownRate(bitsPerSec) + " for the pictures");
-        report = FilmExport::write(film, tellers.terminal.log(), onProgress, tellers.interruption.token());
-        const double bytes = double(fileSize(film.file.output));
-        if (bytes <= double(*mostBytes_)) return report;
-        bitsPerSec = std::int64_t(double(bitsPerSec) * safety * double(*mostBytes_) / bytes);
-    }
-    throw Failure("The film does not fit into " + shownBytes(*mostBytes_) +
-                  "; give --max-size more, or make the film smaller by --resolution or --fps.");
 }
 
 }   // namespace tavix::engine

@@ -40,8 +40,6 @@ private:
     void requireAgreement(const FilmFile& file) const;
     PieceRender::Report writeUnder(
         PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const;
-    PieceRender::Report fit(
-        PiecedFilm& film, const FilmWriter::Progress& onProgress, const Tellers& tellers) const;
 
     PieceArguments pieces_;
     std::optional<std::int64_t> mostBytes_;

@@ -85,7 +85,7 @@ TEST_F(EngineTest, AnimationsFitIntoTheSizeThatIsGiven) {
         EXPECT_THAT(told.out, HasSubstr("• About "));
         const Outcome refused = tavix({"render", "tiny.json", "-o", file, "--max-size", "200"});
         EXPECT_EQ(refused.status, 3);
-        EXPECT_THAT(refused.err, HasSubstr("--max-size more"));
+        EXPECT_THAT(refused.err, HasSubstr("allow it more bytes"));
         EXPECT_TRUE(std::filesystem::exists(at(file))) << "the film of before stays";
         EXPECT_THAT(names(), Not(Contains(StartsWith(".tavix"))));
     }

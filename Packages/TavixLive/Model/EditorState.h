@@ -14,6 +14,7 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -49,16 +50,18 @@ struct EditorState {
     Observable<bool> isAnalyzingMusic{false};
     Observable<std::optional<BeatAnalysis>> musicAnalysis;   // what was last heard in the document's music
     Observable<bool> isExporting{false};
-    Observable<double> exportProgress{0};             // 0 to 1
-    Observable<std::filesystem::path> exportTarget;   // of the export that runs, or ran last
+    Observable<double> exportProgress{0};   // 0 to 1
+    Observable<std::filesystem::path>
+        exportTarget;   // of the export that runs, or ran last; a folder of pictures
     Observable<ExportFormat> exportFormat{ExportFormat::video};
     Observable<VideoCodec> exportVideoCodec{VideoCodec::h264};
     Observable<ExportContainer> exportContainer{ExportContainer::mp4};
     Observable<ResolutionPreset> exportResolution{ResolutionPreset::native};
     Observable<media::EncodingEffort> exportEffort{media::EncodingEffort::fast};
     Observable<ExportRate> exportRate;
-    Observable<bool> showsLiveFrame{false};   // a frame of a drag stands on the stage
-    Observable<double> previewOverscan{1};    // 0.1 to 1: how much the device is shrunk to see around it
+    Observable<std::optional<std::int64_t>> exportMostBytes;   // that the file may have
+    Observable<bool> showsLiveFrame{false};                    // a frame of a drag stands on the stage
+    Observable<double> previewOverscan{1};   // 0.1 to 1: how much the device is shrunk to see around it
     Observable<NormalizedVec2> previewPan{NormalizedVec2{}};
 };
 

@@ -2,7 +2,7 @@
 
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/CompositionExport.h"
-#include "TavixRender/Export/FilmExport.h"
+#include "TavixRender/Export/FinishedFilm.h"
 
 #include <algorithm>
 #include <exception>
@@ -45,7 +45,7 @@ void ExportQueue::begin() {
     system::runThere(
         workers_, main_,
         [config, stop = stop_.get_token(), log = log_, progress, &main = main_] {
-            FilmExport::writeFinished(
+            FinishedFilm::write(
                 CompositionExport::filmOf(*config), config->output, log,
                 [&](double fraction) { main.post([progress, fraction] { progress(fraction); }); }, stop);
             return true;

@@ -5,6 +5,7 @@
 #include "TavixPlatform/System/Continuation.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
+#include <filesystem>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -21,6 +22,10 @@ struct ExportJob {
     double fraction = 0;      // 0 to 1
     std::string fault = {};   // of a failed one
 
+    // What a person finds afterwards: the film, or the folder of its pictures.
+    std::filesystem::path place() const {
+        return config->fileFormat == ExportFormat::png ? config->output.parent_path() : config->output;
+    }
     bool isOver() const { return stand != Stand::waiting && stand != Stand::running; }
     bool operator==(const ExportJob&) const = default;
 };

@@ -33,6 +33,7 @@ CompositionRenderer::Config CompositionEditorModel::exportConfig() const {
     config.container = state.exportContainer();
     config.effort = state.exportEffort();
     config.rate = state.exportRate();
+    config.mostBytes = state.exportMostBytes();
     config.pieceStore = services_.pieceStore;
     config.spec = scaledExportSpec(spec,
         ReelExporter::targetDimensions(canvasSize(spec), state.exportResolution(), state.exportFormat()),
@@ -47,7 +48,7 @@ void CompositionEditorModel::exportTo(const std::filesystem::path& file, Done th
     exports_.add(std::move(config), [this, then = std::move(then)](const ExportJob& job) {
         switch (job.stand) {
         case ExportJob::Stand::done:
-            state.statusMessage = "Exported " + job.config->output.filename().string() + ".";
+            state.statusMessage = "Exported " + job.place().filename().string() + ".";
             break;
         case ExportJob::Stand::failed: state.errorMessage = "Export failed: " + job.fault; break;
         default: state.statusMessage = "Export stopped."; break;
@@ -62,7 +63,7 @@ void CompositionEditorModel::showExports() {
     const auto begun = std::ranges::find_if(jobs.rbegin(), jobs.rend(),
         [](const ExportJob& job) { return job.stand != ExportJob::Stand::waiting; });
     if (begun != jobs.rend()) {
-        state.exportTarget = begun->config->output;
+        state.exportTarget = begun->place();
         state.exportProgress = begun->fraction;
     }
     state.isExporting = exports_.isBusy();

@@ -89,6 +89,49 @@ TEST_F(ModelExport, KeepsTheOldFilmUntilTheNewOneIsWhole) {
     }
 }
 
+// Pictures take their names together, and only when all are there.
+TEST_F(ModelExport, WritesAPictureForEveryFrameIntoAFolder) {
+    loadTiny(10);
+    state().exportFormat = ExportFormat::png;
+    std::filesystem::create_directory(folder / "shots");
+    writeBytesAtomically("precious", folder / "shots/00002.png");
+    std::filesystem::create_hard_link(folder / "shots/00002.png", folder / "kept");
+    model->exportTo(folder / "shots/%05d.png");
+    model->exports().stopAll();
+    time.advance(1);
+    EXPECT_EQ(readBytes(folder / "shots/00002.png"), "precious");
+    exportTo("shots/%05d.png");
+    EXPECT_EQ(state().statusMessage(), "Exported shots.");
+    EXPECT_EQ(state().exportTarget(), folder / "shots");
+    for (int i = 1; i <= 5; ++i)
+        EXPECT_EQ(readBytes(folder / "shots" / ("0000" + std::to_string(i) + ".png")).substr(1, 3), "PNG");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "shots"), {}), 5);
+    EXPECT_EQ(readBytes(folder / "kept"), "precious");
+}
+
+TEST_F(ModelExport, KeepsToTheBytesThatTheFileMayHave) {
+    using enum ExportFormat;
+    for (const auto& [format, name] :
+        {std::pair(gif, "film.gif"), {webp, "film.webp"}, {video, "film.mp4"}}) {
+        SCOPED_TRACE(name);
+        loadTiny(30);
+        state().exportFormat = format;
+        state().exportMostBytes = std::optional<std::int64_t>();
+        exportTo(name);
+        const auto whole = std::int64_t(std::filesystem::file_size(folder / name));
+        // A video of so little has hardly more than its container.
+        const std::int64_t most = format == video ? whole * 2 : whole * 6 / 10;
+        state().exportMostBytes = most;
+        exportTo(name);
+        const auto bytes = std::int64_t(std::filesystem::file_size(folder / name));
+        EXPECT_LE(bytes, most);
+        state().exportMostBytes = 20;
+        exportTo(name);
+        EXPECT_THAT(state().errorMessage().value_or(""), HasSubstr("does not fit"));
+        EXPECT_EQ(std::int64_t(std::filesystem::file_size(folder / name)), bytes) << "the last one stays";
+    }
+}
+
 TEST_F(ModelExport, OneAfterAnotherIsWrittenEachAsItWasWhenItWasAsked) {
     loadTiny(10);
     model->exportTo(folder / "first.mp4");

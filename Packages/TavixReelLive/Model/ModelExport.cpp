@@ -5,7 +5,7 @@
 #include "TavixReelRender/Export/ReelExport.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/ExportGeometry.h"
-#include "TavixRender/Export/FilmExport.h"
+#include "TavixRender/Export/FinishedFilm.h"
 
 #include <algorithm>
 #include <utility>
@@ -48,7 +48,7 @@ void ReelEditorModel::exportTo(const std::filesystem::path& file, Done then) {
         services_.workers, services_.main,
         [config = std::move(config), file, report, log = services_.exportLog,
             stop = exportStop_.get_token()] {
-            FilmExport::writeFinished(ReelExport::filmOf(config), file, log, report, stop);
+            FinishedFilm::write(ReelExport::filmOf(config), file, log, report, stop);
             return true;
         },
         lifeline_.guard(

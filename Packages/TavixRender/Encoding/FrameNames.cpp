@@ -1,5 +1,7 @@
 #include "TavixRender/Encoding/FrameNames.h"
 
+#include "TavixBase/Failure.h"
+
 #include <algorithm>
 
 namespace tavix {
@@ -20,6 +22,12 @@ std::optional<FrameNames> FrameNames::parsed(const std::filesystem::path& patter
     names.before_ = name.substr(0, at);
     names.after_ = name.substr(end + 1);
     return names;
+}
+
+FrameNames FrameNames::required(const std::filesystem::path& pattern) {
+    if (const std::optional<FrameNames> names = parsed(pattern)) return *names;
+    throw Failure("\"" + pattern.string() + "\" has no place for the number of a picture; call it \"" +
+                  (pattern.parent_path() / usual).string() + "\".");
 }
 
 std::filesystem::path FrameNames::of(std::int64_t frame) const {

@@ -15,6 +15,8 @@ public:
     // Of a path whose last part has one place for a number, as in "shots/%05d.png" or "shot-%d.png"; the
     // digit is 1 to 9. Nothing for any other.
     static std::optional<FrameNames> parsed(const std::filesystem::path& pattern);
+    // The same; throws a `Failure` for any other.
+    static FrameNames required(const std::filesystem::path& pattern);
 
     // Of a frame counted from 0; numbers begin at 1.
     std::filesystem::path of(std::int64_t frame) const;

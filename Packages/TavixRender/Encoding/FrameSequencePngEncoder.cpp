@@ -12,19 +12,8 @@
 
 namespace tavix {
 
-namespace {
-
-FrameNames namesOf(const std::filesystem::path& pattern) {
-    const std::optional<FrameNames> names = FrameNames::parsed(pattern);
-    if (names) return *names;
-    throw Failure("\"" + pattern.string() + "\" has no place for the number of a picture; call it \"" +
-                  (pattern.parent_path() / FrameNames::usual).string() + "\".");
-}
-
-}   // namespace
-
 FrameSequencePngEncoder::FrameSequencePngEncoder(const Settings& settings, imaging::Evaluator& evaluator)
-    : names_(namesOf(settings.output)), size_(settings.size), evaluator_(evaluator),
+    : names_(FrameNames::required(settings.output)), size_(settings.size), evaluator_(evaluator),
       mostAtOnce_(std::clamp(std::thread::hardware_concurrency(), 1u, 8u)) {
     FrameOutput::requireDrawableSize(size_);
     FrameOutput::makeRoomFor(names_.of(0));

@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
+#include <vector>
 
 namespace tavix::AnimationFit {
 
@@ -28,33 +30,74 @@ private:
     imaging::Rect rect_;
 };
 
-// Frames first, first + 1, ... of a film.
-struct Stretch {
-    std::int64_t first, count;
-};
+std::int64_t frameCountOf(const PiecedFilm& film, const FrameRate& fps) {
+    return std::max<std::int64_t>(FilmWriter::frameCount(film.fps.secAt(film.frameCount), fps), 1);
+}
 
-// Bytes of stretches, each in a file that is gone afterwards.
+// Writes stretches of a film, each into a file that is gone afterwards, to tell the bytes of the whole. What
+// is drawn for one look serves the others: all begin where the others do, and show the frame of the whole
+// film that is nearest to their moment.
 class Sampler {
 public:
     Sampler(const PiecedFilm& film, const std::stop_token& stop)
         : film_(film), stop_(stop), evaluator_(film.evaluation), painter_(film.painter(evaluator_, log_)) {}
 
-    double bytesOf(const Stretch& stretch) {
+    double estimatedBytes(const Look& look) {
+        const std::int64_t count = frameCountOf(film_, look.fps);
+        if (count <= stretches * (framesOfStretch + 1)) return bytesOf(look, 0, count);
+        // The first frame of a stretch is a whole one; the others are what is new in each.
+        double whole = 0, others = 0;
+        for (std::int64_t i = 0; i < stretches; ++i) {
+            const std::int64_t first = (film_.frameCount - longestStretch()) * (2 * i + 1) / (2 * stretches);
+            const double alone = bytesOf(look, first, 1);
+            whole += alone / stretches;
+            others += (bytesOf(look, first, framesOfStretch) - alone) / (stretches * (framesOfStretch - 1));
+        }
+        return whole + others * double(count - 1);
+    }
+
+private:
+    static constexpr std::int64_t stretches = 3, framesOfStretch = 8;
+    static constexpr std::size_t mostKeptBytes = 96u << 20;
+
+    // At the least rate, in frames of the film.
+    std::int64_t longestStretch() const {
+        const double least = std::min(leastFps, double(film_.fps));
+        return std::min(
+            std::int64_t(std::ceil(framesOfStretch * double(film_.fps) / least)), film_.frameCount);
+    }
+
+    // Of frames from that one of the film on, at the rate and the size of the look.
+    double bytesOf(const Look& look, std::int64_t first, std::int64_t count) {
         const HiddenFile hidden(film_.file.output, ".tavix-trial-" + film_.file.output.filename().string());
-        FilmFile file = film_.file;
+        FilmFile file = made(film_, look).file;
         file.output = hidden.path();
-        const FilmFrames frames{film_.size, film_.fps, stretch.count,
-            [&](double atSec) { return painter_->frame(atSec + film_.fps.secAt(stretch.first)); }};
+        const imaging::Rect target{0, 0, double(look.size.width), double(look.size.height)};
+        const FilmFrames frames{look.size, look.fps, count, [&](double atSec) {
+                                    const std::int64_t frame = first + film_.fps.frameNearest(atSec);
+                                    const imaging::Image image = drawn(std::min(frame, film_.frameCount - 1));
+                                    return look.size == film_.size ? image : image.placedInto(target);
+                                }};
         FilmWriter::write(frames, file, evaluator_, {}, {}, stop_);
         return double(std::filesystem::file_size(hidden.path()));
     }
 
-private:
+    imaging::Image drawn(std::int64_t frame) {
+        if (const auto found = kept_.find(frame); found != kept_.end()) return found->second;
+        const imaging::Image image = painter_->frame(film_.fps.secAt(frame));
+        const std::size_t bytes = 4 * std::size_t(film_.size.width) * std::size_t(film_.size.height);
+        if ((kept_.size() + 1) * bytes > mostKeptBytes) return image;
+        const auto pixels = std::make_shared<const imaging::Bitmap>(
+            evaluator_.draw(image, {0, 0, film_.size.width, film_.size.height}));
+        return kept_.emplace(frame, imaging::Image::bitmap(pixels)).first->second;
+    }
+
     const PiecedFilm& film_;
     const std::stop_token& stop_;
     const RenderLog log_;   // says nothing: the film itself will
     imaging::Evaluator evaluator_;
     std::unique_ptr<PiecedFilm::Painter> painter_;
+    std::map<std::int64_t, imaging::Image> kept_;
 };
 
 // The share at which a film takes what it may, from what it took at others. Edges cost more than areas, so
@@ -89,8 +132,7 @@ PiecedFilm made(const PiecedFilm& film, const Look& look) {
     PiecedFilm other = film;
     other.size = look.size;
     other.fps = look.fps;
-    other.frameCount =
-        std::max<std::int64_t>(FilmWriter::frameCount(film.fps.secAt(film.frameCount), look.fps), 1);
+    other.frameCount = frameCountOf(film, look.fps);
     if (film.file.format == ExportFormat::webp) other.file.rate.quality = look.quality;
     if (look.size != film.size)
         other.painter = [painter = film.painter, size = look.size](
@@ -122,55 +164,66 @@ Look reduced(const PiecedFilm& film, double share) {
     return look;
 }
 
-double estimatedBytes(const PiecedFilm& film, const std::stop_token& stop) {
-    constexpr std::int64_t stretches = 3, framesOfStretch = 8;
-    Sampler sampler(film, stop);
-    if (film.frameCount <= stretches * (framesOfStretch + 1)) return sampler.bytesOf({0, film.frameCount});
-    // The first frame of a stretch is a whole one; the others are what is new in each.
-    double whole = 0, others = 0;
-    for (std::int64_t i = 0; i < stretches; ++i) {
-        const std::int64_t first = (film.frameCount - framesOfStretch) * (2 * i + 1) / (2 * stretches);
-        const double alone = sampler.bytesOf({first, 1});
-        whole += alone / stretches;
-        others += (sampler.bytesOf({first, framesOfStretch}) - alone) / (stretches * (framesOfStretch - 1));
-    }
-    return whole + others * double(film.frameCount - 1);
-}
-
 std::string shown(const PiecedFilm& film, const Look& look) {
     return std::to_string(look.size.width) + " × " + std::to_string(look.size.height) + ", " +
            look.fps.shown() + " frames a second" +
            (film.file.format == ExportFormat::webp ? ", quality " + std::to_string(look.quality) : "");
 }
 
-PiecedFilm write(const PiecedFilm& film, std::int64_t mostBytes, const RenderLog& log, const Tell& tell,
-    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
+namespace {
+
+Look fitting(const PiecedFilm& film, const Search& search) {
+    const Look look = reduced(film, search.share());
+    if (look.size.width < std::min(leastWidthPx, film.size.width))
+        throw Failure("The film does not fit even at " + shown(film, look) +
+                      "; allow it more bytes, or make it shorter.");
+    return look;
+}
+
+Search searched(
+    const PiecedFilm& film, std::int64_t mostBytes, const Tell& tell, const std::stop_token& stop) {
     constexpr double nearEnough = 0.85;
-    constexpr int mostEstimates = 6, mostFilms = 4;
+    constexpr int mostEstimates = 6;
     const double most = double(mostBytes);
     Search search(most);
-    const auto next = [&] {
-        const Look look = reduced(film, search.share());
-        if (look.size.width < std::min(leastWidthPx, film.size.width))
-            throw Failure("The film does not fit even at " + shown(film, look) +
-                          "; give --max-size more, or make the film shorter.");
-        return look;
-    };
+    Sampler sampler(film, stop);
     for (int i = 0; i < mostEstimates; ++i) {
-        const Look look = next();
-        const double bytes = estimatedBytes(made(film, look), stop);
+        const Look look = fitting(film, search);
+        const double bytes = sampler.estimatedBytes(look);
         if (tell) tell(look, bytes);
         if (bytes <= most && (search.share() >= 1 || bytes >= nearEnough * most)) break;
         search.learn(bytes);
     }
+    return search;
+}
+
+}   // namespace
+
+Estimate estimated(const PiecedFilm& film, std::int64_t mostBytes, const std::stop_token& stop) {
+    std::vector<Estimate> all;
+    const Search search = searched(
+        film, mostBytes,
+        [&](const Look& look, double bytes) {
+            all.push_back({look, bytes});
+        },
+        stop);
+    // The last one may have been too large; then the film is made with less, as the search says.
+    if (all.back().bytes <= double(mostBytes)) return all.back();
+    return {fitting(film, search), double(mostBytes)};
+}
+
+PiecedFilm write(const PiecedFilm& film, std::int64_t mostBytes, const RenderLog& log, const Tell& tell,
+    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
+    constexpr int mostFilms = 4;
+    Search search = searched(film, mostBytes, tell, stop);
     for (int i = 0; i < mostFilms; ++i) {
-        const PiecedFilm fitting = made(film, next());
-        FilmExport::write(fitting, log, onProgress, stop);
+        const PiecedFilm smaller = made(film, fitting(film, search));
+        FilmExport::write(smaller, log, onProgress, stop);
         const double bytes = double(std::filesystem::file_size(film.file.output));
-        if (bytes <= most) return fitting;
+        if (bytes <= double(mostBytes)) return smaller;
         search.learn(bytes);
     }
-    throw Failure("The film does not come out small enough; give --max-size more.");
+    throw Failure("The film does not come out small enough; allow it more bytes.");
 }
 
 }   // namespace tavix::AnimationFit

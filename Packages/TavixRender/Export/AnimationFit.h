@@ -23,15 +23,20 @@ PiecedFilm made(const PiecedFilm& film, const Look& look);
 // What it takes to bring a film to that share of its bytes, roughly: less is never finer. Quality goes first,
 // down to what may still be shown, then width and rate together.
 Look reduced(const PiecedFilm& film, double share);
-// The bytes of the whole film, told by stretches of it that are written beside its output. Throws `Failure`;
-// `stop` ends in `RenderStopped`.
-double estimatedBytes(const PiecedFilm& film, const std::stop_token& stop = {});
 // "about 3.4 MB at 540 × 960, 18 frames a second"; the bytes as they are to be shown.
 std::string shown(const PiecedFilm& film, const Look& look);
 
+// What a film would be under that many bytes, and how many it would have: told by stretches of it that are
+// written beside its output. Throws as `write` does.
+struct Estimate {
+    Look look;
+    double bytes = 0;
+};
+Estimate estimated(const PiecedFilm& film, std::int64_t mostBytes, const std::stop_token& stop = {});
+
 // Searches by estimates, then writes the film, and again with less when it came out too large after all.
 // `tell` is called with the look and the bytes of each estimate. Throws `Failure` when nothing that can be
-// shown fits.
+// shown fits; `stop` ends in `RenderStopped`.
 using Tell = std::function<void(const Look& look, double bytes)>;
 PiecedFilm write(const PiecedFilm& film, std::int64_t mostBytes, const RenderLog& log, const Tell& tell,
     const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});

@@ -71,6 +71,7 @@ PiecedFilm filmOf(const Config& config) {
     film.evaluation = config.evaluation;
     film.pieceStore = config.pieceStore;
     film.memoryBytes = config.memoryBytes;
+    film.mostBytes = config.mostBytes;
     return film;
 }
 

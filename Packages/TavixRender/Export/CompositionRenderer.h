@@ -10,6 +10,7 @@
 #include "TavixRender/Encoding/RenderStopped.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stop_token>
@@ -32,7 +33,8 @@ struct Config {
     imaging::EvaluatorOptions evaluation = {};
     // Where finished pieces of films are kept for the next render; absent: nowhere.
     std::optional<std::filesystem::path> pieceStore = {};
-    std::size_t memoryBytes = 0;   // that films may take; 0: a quarter of the machine's
+    std::size_t memoryBytes = 0;                  // that films may take; 0: a quarter of the machine's
+    std::optional<std::int64_t> mostBytes = {};   // as PiecedFilm::mostBytes
 };
 
 using Progress = FilmWriter::Progress;

@@ -1,9 +1,9 @@
 #include "TavixRender/Export/ExportTrial.h"
 
-#include "TavixRender/Composition2D/ResolvedComposition.h"
-#include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/Encoding/FilmEncoders.h"
 #include "TavixRender/Encoding/RenderStopped.h"
+#include "TavixRender/Export/CompositionExport.h"
+#include "TavixRender/Export/RateFit.h"
 
 #include <algorithm>
 #include <chrono>
@@ -49,46 +49,63 @@ private:
     fs::path path_;
 };
 
-struct Encoded {
+// What the film becomes where it may not have all the bytes that it would take.
+void fit(PiecedFilm& film, Outcome& outcome, const std::stop_token& stop) {
+    if (!film.mostBytes) return;
+    if (isAnimation(film.file.format)) {
+        const AnimationFit::Estimate estimate = AnimationFit::estimated(film, *film.mostBytes, stop);
+        outcome.look = estimate.look;
+        outcome.bytes = estimate.bytes;
+        film = AnimationFit::made(film, estimate.look);
+    } else if (film.file.format == ExportFormat::video && !isProRes(film.file.codec)) {
+        outcome.bitsPerSec = RateFit::bitsPerSec(film, *film.mostBytes);
+        film.file.rate.bitsPerSec = *outcome.bitsPerSec;
+    }
+}
+
+struct Stretch {
     std::int64_t frames = 0;
     double sec = 0;
 };
 
-}   // namespace
-
-Outcome run(const CompositionRenderer::Config& config, const std::stop_token& stop) {
-    const FrameRate& fps = config.spec.output.fps;
-    const std::int64_t all = CompositionRenderer::frameCount(config.spec);
-    const std::int64_t most = std::min(all, mostFrames);
-    const auto first = std::min(std::int64_t(double(all) * atFraction), all - most);
-    imaging::Evaluator evaluator(config.evaluation);
-    Composition3DRendererPool stages;
-    ResolvedComposition film(config.spec, config.assetRoot, evaluator, {}, &stages);
-    film.frame(fps.secAt(first));   // files are opened once for the whole film
-
-    const TrialFolder folder;
-    FilmFile file = CompositionRenderer::fileOf(config);
-    file.output = folder.path() / (file.format == ExportFormat::png ? FrameNames::usual : "trial");
-    if (file.format != ExportFormat::png) file.output += config.output.extension();
-    const imaging::Size size = canvasSize(config.spec);
-    Encoded encoded;
+Stretch encoded(const PiecedFilm& film, const std::stop_token& stop) {
+    const std::int64_t most = std::min(film.frameCount, mostFrames);
+    const auto first = std::min(std::int64_t(double(film.frameCount) * atFraction), film.frameCount - most);
+    imaging::Evaluator evaluator(film.evaluation);
+    const auto painter = film.painter(evaluator, {});
+    painter->frame(film.fps.secAt(first));   // files are opened once for the whole film
+    Stretch done;
     const auto encode = [&](auto&& encoder) {
         const auto start = Clock::now();
         // A single frame would be a key frame alone.
-        while (encoded.frames < most && (encoded.frames < leastFrames || secondsSince(start) < trialSec)) {
+        while (done.frames < most && (done.frames < leastFrames || secondsSince(start) < trialSec)) {
             if (stop.stop_requested()) throw RenderStopped();
-            encoder.append(film.frame(fps.secAt(first + encoded.frames)), encoded.frames);
-            ++encoded.frames;
+            encoder.append(painter->frame(film.fps.secAt(first + done.frames)), done.frames);
+            ++done.frames;
         }
         encoder.finish();
-        encoded.sec = secondsSince(start);
+        done.sec = secondsSince(start);
     };
-    withEncoder(file, size, fps, evaluator, encode);
-    const double share = double(all) / double(encoded.frames);
-    double bytes = 0;
+    withEncoder(film.file, film.size, film.fps, evaluator, encode);
+    return done;
+}
+
+}   // namespace
+
+Outcome run(const CompositionRenderer::Config& config, const std::stop_token& stop) {
+    PiecedFilm film = CompositionExport::filmOf(config);
+    const TrialFolder folder;
+    film.file.output = folder.path() / (film.file.format == ExportFormat::png ? FrameNames::usual : "trial");
+    if (film.file.format != ExportFormat::png) film.file.output += config.output.extension();
+    Outcome outcome;
+    fit(film, outcome, stop);
+    const Stretch stretch = encoded(film, stop);
+    const double share = double(film.frameCount) / double(stretch.frames);
+    outcome.sec = stretch.sec * share;
+    if (outcome.look) return outcome;   // the search has told the bytes better
     for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
-        bytes += double(entry.file_size());
-    return {bytes * share, encoded.sec * share};
+        outcome.bytes += double(entry.file_size()) * share;
+    return outcome;
 }
 
 }   // namespace tavix::ExportTrial

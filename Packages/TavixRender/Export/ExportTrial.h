@@ -1,8 +1,11 @@
 // How large an export becomes and how long it takes, found out by exporting a stretch of it.
 #pragma once
 
+#include "TavixRender/Export/AnimationFit.h"
 #include "TavixRender/Export/CompositionRenderer.h"
 
+#include <cstdint>
+#include <optional>
 #include <stop_token>
 
 namespace tavix::ExportTrial {
@@ -10,6 +13,9 @@ namespace tavix::ExportTrial {
 struct Outcome {
     double bytes = 0;   // of the pictures of the whole film
     double sec = 0;     // of work, on this machine as it is now
+    // What it takes to keep to the bytes that the file may have.
+    std::optional<AnimationFit::Look> look = {};
+    std::optional<std::int64_t> bitsPerSec = {};
 };
 
 // A stretch from the midst of the film, in a folder of its own that goes again. Takes some seconds at most

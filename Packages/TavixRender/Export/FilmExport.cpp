@@ -1,10 +1,8 @@
 #include "TavixRender/Export/FilmExport.h"
 
-#include "TavixCore/Support/SafeOutput.h"
 #include "TavixRender/Encoding/FrameOutput.h"
 #include "TavixRender/Encoding/HiddenFile.h"
 #include "TavixRender/Encoding/RenderStopped.h"
-#include "TavixRender/Export/FilmCheck.h"
 
 #include <deque>
 #include <string>
@@ -74,22 +72,6 @@ PieceRender::Report write(const PiecedFilm& film, const RenderLog& log,
     report(1);
     tell(log, Finding::note(RenderCode::written, "Wrote " + film.file.output.string()));
     return made;
-}
-
-PieceRender::Report writeFinished(PiecedFilm film, const std::filesystem::path& target, const RenderLog& log,
-    const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
-    SafeOutput output(target);
-    film.file.output = output.partial();
-    try {
-        const PieceRender::Report made = write(film, log, onProgress, stop);
-        if (film.file.format == ExportFormat::video) FilmCheck::probe(film, output.partial());
-        output.commit();
-        return made;
-    } catch (const RenderStopped&) {
-        throw;
-    } catch (const Failure& failure) {
-        throw Failure(output.unnamed(failure.what()));
-    }
 }
 
 }   // namespace tavix::FilmExport

@@ -1,4 +1,4 @@
-// A film as it leaves the program: the picture, and its sound under it.
+// A film as a file: the picture, and its sound under it.
 #pragma once
 
 #include "TavixRender/Export/PieceRender.h"
@@ -10,11 +10,6 @@ namespace tavix::FilmExport {
 // made in one go, straight to the output. Blocks until the file is written. Throws `Failure`; `stop` ends in
 // `RenderStopped`.
 PieceRender::Report write(const PiecedFilm& film, const RenderLog& log,
-    const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
-
-// The same to another file than the film's own `output`, which takes its name when it is whole and has been
-// looked at. Whatever happens until then, what stood there before stays.
-PieceRender::Report writeFinished(PiecedFilm film, const std::filesystem::path& target, const RenderLog& log,
     const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
 
 }   // namespace tavix::FilmExport

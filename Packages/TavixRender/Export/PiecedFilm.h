@@ -9,6 +9,7 @@
 #include "TavixRender/Export/FilmPieces.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -58,6 +59,8 @@ struct PiecedFilm {
     // Where finished pieces are kept for the next render; absent: nowhere.
     std::optional<std::filesystem::path> pieceStore = {};
     std::size_t memoryBytes = 0;   // that may be taken; 0: a quarter of the machine's
+    std::optional<std::int64_t> mostBytes =
+        {};   // that a finished file may have; not of pictures, nor of ProRes
 };
 
 }   // namespace tavix
