@@ -50,7 +50,7 @@ void ExportBar::noteEnds() {
     for (const ExportJob& job : studio_.model.exports().jobs()) {
         const bool wasOver = std::exchange(areOver_[job.id], job.isOver());
         if (wasOver || !job.isOver() || window()->isActiveWindow()) continue;
-        const QString name = pathWords(job.config->output.filename());
+        const QString name = pathWords(job.place().filename());
         if (job.stand == ExportJob::Stand::done)
             showDesktopNotice(ExportRow::tr("Export finished"), name, window());
         if (job.stand == ExportJob::Stand::failed)

@@ -65,7 +65,7 @@ QString ExportRow::timeWords(double sec) {
 }
 
 QString ExportRow::wordsOf(const ExportJob& job) const {
-    const QString name = pathWords(job.config->output.filename());
+    const QString name = pathWords(job.place().filename());
     switch (job.stand) {
     case Stand::waiting: return tr("%1 waits").arg(name);
     case Stand::done: return tr("Exported %1.").arg(name);
@@ -88,8 +88,7 @@ void ExportRow::showJob(const ExportJob& job) {
     reveal_->setVisible(job.stand == Stand::done);
     dismiss_->setVisible(job.isOver());
     reveal_->disconnect();
-    QObject::connect(
-        reveal_, &QPushButton::clicked, this, [file = job.config->output] { revealInFolder(file); });
+    QObject::connect(reveal_, &QPushButton::clicked, this, [file = job.place()] { revealInFolder(file); });
     if (job.stand == Stand::running) drawPicture(job);
 }
 

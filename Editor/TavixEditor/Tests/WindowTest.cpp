@@ -7,14 +7,11 @@
 #include "TavixEditor/Panels/CommandMatch.h"
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/BundleCopy.h"
-#include "TavixEditor/Windows/ExportChoice.h"
 #include "TavixEditor/Windows/RecentCard.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
-
-#include <cmath>
 
 namespace tavix::editor {
 namespace {
@@ -250,25 +247,6 @@ TEST_F(EditorWindow, SavesAsAnotherBundleAndLeavesTheFirstAsItWas) {
     copyBundle(*studio, bundle, [] { FAIL(); });
     ASSERT_TRUE(until([&] { return isRefused; }));
     EXPECT_EQ(fileOf(bundle), before);
-}
-
-TEST(ExportChoice, NamesTheFileByWhatIsInIt) {
-    using enum VideoCodec;
-    const auto name = [](ExportFormat format, VideoCodec codec, ExportContainer container) {
-        return exportFilename("film", {.format = format, .codec = codec, .container = container});
-    };
-    EXPECT_EQ(name(ExportFormat::video, h264, ExportContainer::mp4), "film.mp4");
-    EXPECT_EQ(name(ExportFormat::video, hevc, ExportContainer::mov), "film.mov");
-    EXPECT_EQ(name(ExportFormat::video, proRes4444, ExportContainer::mp4), "film.mov");
-    EXPECT_EQ(name(ExportFormat::gif, h264, ExportContainer::mov), "film.gif");
-    EXPECT_EQ(name(ExportFormat::video, vp9, ExportContainer::webm), "film.webm");
-    EXPECT_EQ(exportFilename("", {}), "composition.mp4");
-}
-
-TEST(ExportChoice, TellsWhatIsLeftFromWhatIsDone) {
-    EXPECT_TRUE(std::isinf(remainingSec(0, 5)));
-    EXPECT_NEAR(remainingSec(0.25, 10), 30, 1e-9);
-    EXPECT_EQ(remainingSec(1, 10), 0);
 }
 
 TEST(ThemeChoice, FollowsTheDesktopUnlessOneWasChosen) {

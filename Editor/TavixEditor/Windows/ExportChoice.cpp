@@ -1,6 +1,7 @@
 #include "TavixEditor/Windows/ExportChoice.h"
 
 #include "TavixCore/Time/CompositionTimeline.h"
+#include "TavixRender/Encoding/FrameNames.h"
 #include "TavixRender/Export/ExportGeometry.h"
 
 #include <limits>
@@ -8,7 +9,12 @@
 namespace tavix::editor {
 
 std::string_view ExportChoice::extension() const {
-    if (format == ExportFormat::gif) return ".gif";
+    switch (format) {
+    case ExportFormat::gif: return ".gif";
+    case ExportFormat::webp: return ".webp";
+    case ExportFormat::png: return "";
+    case ExportFormat::video: break;
+    }
     if (isProRes(codec)) return ".mov";
     switch (container) {
     case ExportContainer::mov: return ".mov";
@@ -16,6 +22,21 @@ std::string_view ExportChoice::extension() const {
     case ExportContainer::mp4: break;
     }
     return ".mp4";
+}
+
+bool ExportChoice::mayChooseEffort() const {
+    return format == ExportFormat::webp || (isVideo() && !isProRes(codec));
+}
+
+std::vector<ExportKeep> ExportChoice::keeps() const {
+    using enum ExportKeep;
+    switch (format) {
+    case ExportFormat::gif: return {usual, size};
+    case ExportFormat::webp: return {usual, quality, size};
+    case ExportFormat::png: return {usual};
+    case ExportFormat::video: break;
+    }
+    return isProRes(codec) ? std::vector{usual} : std::vector{usual, quality, rate, size};
 }
 
 std::vector<ExportContainer> containersOf(VideoCodec codec) {
@@ -26,14 +47,20 @@ std::vector<ExportContainer> containersOf(VideoCodec codec) {
 }
 
 std::string exportFilename(std::string_view documentName, const ExportChoice& choice) {
-    return std::string(documentName.empty() ? "composition" : documentName) + std::string(choice.extension());
+    std::string name(documentName.empty() ? "composition" : documentName);
+    name += choice.format == ExportFormat::png ? "-pictures" : choice.extension();
+    return name;
+}
+
+std::filesystem::path exportTarget(const std::filesystem::path& named, const ExportChoice& choice) {
+    return choice.format == ExportFormat::png ? named / FrameNames::usual : named;
 }
 
 ExportFigures figuresOf(const CompositionSpec& spec, const ExportChoice& choice) {
     const imaging::Size native{int(spec.output.widthPx), int(spec.output.heightPx)};
     return {ReelExporter::targetDimensions(native, choice.resolution, choice.format),
         ReelExporter::targetFps(spec.output.fps, choice.format), CompositionTimeline(spec).totalSec,
-        choice.format == ExportFormat::video && spec.audio.has_value()};
+        choice.isVideo() && spec.audio.has_value()};
 }
 
 double remainingSec(double fraction, double elapsedSec) {

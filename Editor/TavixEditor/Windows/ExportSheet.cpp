@@ -4,7 +4,7 @@
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Panels/ExportRow.h"
-#include "TavixRender/Export/ExportTrial.h"
+#include "TavixRender/Encoding/RenderStopped.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -17,6 +17,7 @@
 #include <QStandardPaths>
 
 #include <cmath>
+#include <initializer_list>
 
 namespace tavix::editor {
 
@@ -26,7 +27,7 @@ namespace {
 
 constexpr double estimatePauseSec = 0.6, soundBytesPerSec = 32'000;
 constexpr int usualQuality = 70;
-constexpr double usualMegabits = 12;
+constexpr double usualMegabits = 12, usualMegabytes = 10;
 
 template <class Choice> void add(QComboBox* box, const QString& text, Choice choice) {
     box->addItem(text, int(choice));
@@ -41,7 +42,7 @@ template <class Choice> void choose(QComboBox* box, Choice choice) {
 ExportSheet::ExportSheet(Studio& studio, QWidget* parent)
     : QDialog(parent), studio_(studio), model_(studio.model), format_(new QComboBox), codec_(new QComboBox),
       container_(new QComboBox), resolution_(new QComboBox), effort_(new QComboBox), keep_(new QComboBox),
-      quality_(new QSpinBox), megabits_(new QDoubleSpinBox),
+      quality_(new QSpinBox), megabits_(new QDoubleSpinBox), megabytes_(new QDoubleSpinBox),
       figures_(makeLabel({}, TextSize::caption, Tone::secondary)), estimate_(makeLabel({}, TextSize::body)) {
     setObjectName(QStringLiteral("exportSheet"));
     setWindowTitle(tr("Export"));
@@ -55,6 +56,7 @@ ExportSheet::ExportSheet(Studio& studio, QWidget* parent)
     column->addLayout(makeForm());
     column->addWidget(figures_);
     estimate_->setObjectName(QStringLiteral("exportEstimate"));
+    estimate_->setWordWrap(true);
     column->addWidget(estimate_);
     column->addSpacing(space::small);
     column->addWidget(makeButtons());
@@ -63,9 +65,18 @@ ExportSheet::ExportSheet(Studio& studio, QWidget* parent)
         QObject::connect(box, &QComboBox::currentIndexChanged, this, [this] { showChoice(); });
     QObject::connect(codec_, &QComboBox::currentIndexChanged, this, [this] { showContainers(); });
     QObject::connect(quality_, &QSpinBox::valueChanged, this, [this] { showChoice(); });
-    QObject::connect(megabits_, &QDoubleSpinBox::valueChanged, this, [this] { showChoice(); });
+    for (QDoubleSpinBox* box : {megabits_, megabytes_})
+        QObject::connect(box, &QDoubleSpinBox::valueChanged, this, [this] { showChoice(); });
+    for (QComboBox* box : {format_, codec_})
+        QObject::connect(box, &QComboBox::currentIndexChanged, this, [this] { showKeeps(); });
     showContainers();
     choose(container_, model_.state.exportContainer());
+    showKeeps();
+    const ExportRate& rate = model_.state.exportRate();
+    choose(keep_, model_.state.exportMostBytes() ? ExportKeep::size
+                  : rate.quality                 ? ExportKeep::quality
+                  : rate.bitsPerSec              ? ExportKeep::rate
+                                                 : ExportKeep::usual);
     showChoice();
 }
 
@@ -74,6 +85,8 @@ ExportSheet::~ExportSheet() { estimating_.request_stop(); }
 void ExportSheet::fill() {
     add(format_, tr("Video"), ExportFormat::video);
     add(format_, tr("Animated GIF"), ExportFormat::gif);
+    add(format_, tr("Animated WebP"), ExportFormat::webp);
+    add(format_, tr("Pictures, one for each frame"), ExportFormat::png);
     for (const VideoCodec codec : {VideoCodec::h264, VideoCodec::hevc, VideoCodec::vp9, VideoCodec::av1,
              VideoCodec::proRes422HQ, VideoCodec::proRes4444})
         add(codec_, words(displayName(codec)), codec);
@@ -84,17 +97,18 @@ void ExportSheet::fill() {
     add(effort_, tr("Fast"), EncodingEffort::fast);
     add(effort_, tr("Balanced"), EncodingEffort::balanced);
     add(effort_, tr("Best"), EncodingEffort::best);
-    add(keep_, tr("Usual for the Codec"), Keep::usual);
-    add(keep_, tr("Quality"), Keep::quality);
-    add(keep_, tr("Bit Rate"), Keep::rate);
     quality_->setRange(0, 100);
     megabits_->setRange(0.1, 200);
     megabits_->setDecimals(1);
     megabits_->setSuffix(tr(" Mbit/s"));
+    megabytes_->setRange(0.1, 10'000);
+    megabytes_->setDecimals(1);
+    megabytes_->setSuffix(tr(" MB"));
     const ExportRate& rate = model_.state.exportRate();
+    const auto& mostBytes = model_.state.exportMostBytes();
+    megabytes_->setValue(mostBytes ? double(*mostBytes) / 1e6 : usualMegabytes);
     quality_->setValue(rate.quality.value_or(usualQuality));
     megabits_->setValue(rate.bitsPerSec ? double(*rate.bitsPerSec) / 1e6 : usualMegabits);
-    choose(keep_, rate.quality ? Keep::quality : rate.bitsPerSec ? Keep::rate : Keep::usual);
     choose(format_, model_.state.exportFormat());
     choose(codec_, model_.state.exportVideoCodec());
     choose(resolution_, model_.state.exportResolution());
@@ -126,8 +140,9 @@ QWidget* ExportSheet::makeRateRow() {
     line->addWidget(keep_, 1);
     quality_->setAccessibleName(tr("Quality"));
     megabits_->setAccessibleName(tr("Bit Rate"));
-    line->addWidget(quality_);
-    line->addWidget(megabits_);
+    megabytes_->setAccessibleName(tr("At Most"));
+    for (QWidget* field : std::initializer_list<QWidget*>{quality_, megabits_, megabytes_})
+        line->addWidget(field);
     return row;
 }
 
@@ -161,13 +176,31 @@ void ExportSheet::showContainers() {
     showChoice();
 }
 
+void ExportSheet::showKeeps() {
+    const auto before = chosen<ExportKeep>(keep_);
+    const QSignalBlocker blocked(keep_);
+    keep_->clear();
+    for (const ExportKeep keep : choice().keeps())
+        add(keep_,
+            keep == ExportKeep::usual     ? tr("The usual")
+            : keep == ExportKeep::quality ? tr("Quality")
+            : keep == ExportKeep::rate    ? tr("Bit Rate")
+                                          : tr("At Most"),
+            keep);
+    choose(keep_, before);
+    showChoice();
+}
+
 ExportChoice ExportSheet::choice() const {
     ExportChoice now{chosen<ExportFormat>(format_), chosen<VideoCodec>(codec_),
         chosen<ExportContainer>(container_), chosen<ResolutionPreset>(resolution_),
-        chosen<media::EncodingEffort>(effort_), {}};
-    if (!now.mayChooseRate()) return now;
-    if (chosen<Keep>(keep_) == Keep::quality) now.rate.quality = quality_->value();
-    if (chosen<Keep>(keep_) == Keep::rate) now.rate.bitsPerSec = std::llround(megabits_->value() * 1e6);
+        chosen<media::EncodingEffort>(effort_), {}, {}};
+    switch (chosen<ExportKeep>(keep_)) {
+    case ExportKeep::usual: break;
+    case ExportKeep::quality: now.rate.quality = quality_->value(); break;
+    case ExportKeep::rate: now.rate.bitsPerSec = std::llround(megabits_->value() * 1e6); break;
+    case ExportKeep::size: now.mostBytes = std::llround(megabytes_->value() * 1e6); break;
+    }
     return now;
 }
 
@@ -179,19 +212,19 @@ void ExportSheet::remember(const ExportChoice& now) {
     model_.state.exportResolution = now.resolution;
     model_.state.exportEffort = now.effort;
     model_.state.exportRate = now.rate;
+    model_.state.exportMostBytes = now.mostBytes;
 }
 
 void ExportSheet::showChoice() {
     const ExportChoice now = choice();
-    const bool isVideo = now.format == ExportFormat::video;
-    codec_->setEnabled(isVideo);
-    container_->setEnabled(isVideo && container_->count() > 1);
-    effort_->setEnabled(now.mayChooseRate());
-    keep_->setEnabled(now.mayChooseRate());
-    quality_->setVisible(chosen<Keep>(keep_) == Keep::quality);
-    megabits_->setVisible(chosen<Keep>(keep_) == Keep::rate);
-    quality_->setEnabled(now.mayChooseRate());
-    megabits_->setEnabled(now.mayChooseRate());
+    const auto kept = chosen<ExportKeep>(keep_);
+    codec_->setEnabled(now.isVideo());
+    container_->setEnabled(now.isVideo() && container_->count() > 1);
+    effort_->setEnabled(now.mayChooseEffort());
+    keep_->setEnabled(keep_->count() > 1);
+    quality_->setVisible(kept == ExportKeep::quality);
+    megabits_->setVisible(kept == ExportKeep::rate);
+    megabytes_->setVisible(kept == ExportKeep::size);
     const ExportFigures figures = figuresOf(model_.state.edited().spec, now);
     figures_->setText(tr("%1 × %2 pixels, %3 frames a second, %4 s, %5")
                           .arg(figures.size.width)
@@ -219,14 +252,36 @@ void ExportSheet::estimate() {
             return ExportTrial::run(config, stop);
         },
         lifeline_.guard([this, figures](system::Outcome<ExportTrial::Outcome>& outcome) {
-            if (outcome.hasFailed()) return estimate_->setText({});   // the export tells why
-            const double bytes =
-                outcome.value().bytes + (figures.hasSound ? soundBytesPerSec * figures.durationSec : 0);
-            estimate_->setText(
-                tr("About %1, in about %2 on this machine")
-                    .arg(QLocale().formattedDataSize(qint64(bytes), 1, QLocale::DataSizeSIFormat),
-                        ExportRow::timeWords(outcome.value().sec)));
+            try {
+                showEstimate(outcome.value(), figures);
+            } catch (const RenderStopped&) {
+                // Another one is on its way.
+            } catch (const std::exception& error) {
+                estimate_->setText(words(error.what()));
+            }
         }));
+}
+
+void ExportSheet::showEstimate(const ExportTrial::Outcome& outcome, const ExportFigures& figures) {
+    const auto bytesWords = [](double bytes) {
+        return QLocale().formattedDataSize(qint64(bytes), 1, QLocale::DataSizeSIFormat);
+    };
+    const QString time = ExportRow::timeWords(outcome.sec);
+    if (outcome.bitsPerSec)
+        return estimate_->setText(
+            tr("At most %1, with %2 Mbit/s for the pictures, in about %3 on this machine")
+                .arg(bytesWords(megabytes_->value() * 1e6))
+                .arg(double(*outcome.bitsPerSec) / 1e6, 0, 'f', 2)
+                .arg(time));
+    if (outcome.look)
+        return estimate_->setText(
+            tr("About %1 at %2 × %3 pixels and %4 frames a second, in about %5 on this machine")
+                .arg(bytesWords(outcome.bytes))
+                .arg(outcome.look->size.width)
+                .arg(outcome.look->size.height)
+                .arg(words(outcome.look->fps.shown()), time));
+    const double bytes = outcome.bytes + (figures.hasSound ? soundBytesPerSec * figures.durationSec : 0);
+    estimate_->setText(tr("About %1, in about %2 on this machine").arg(bytesWords(bytes), time));
 }
 
 void ExportSheet::askWhere() {
@@ -234,16 +289,17 @@ void ExportSheet::askWhere() {
     remember(now);
     const auto& bundle = model_.state.bundle();
     const QString name = words(exportFilename(bundle ? bundle->stem().string() : std::string(), now));
-    auto* dialog =
-        new QFileDialog(this, tr("Export"), QStandardPaths::writableLocation(QStandardPaths::MoviesLocation),
-            QStringLiteral("*") + words(now.extension()));
+    const bool isFolder = now.format == ExportFormat::png;
+    auto* dialog = new QFileDialog(this, isFolder ? tr("Export to a Folder") : tr("Export"),
+        QStandardPaths::writableLocation(QStandardPaths::MoviesLocation),
+        isFolder ? QString() : QStringLiteral("*") + words(now.extension()));
     dialog->setObjectName(QStringLiteral("exportTarget"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(words(now.extension().substr(1)));
+    if (!isFolder) dialog->setDefaultSuffix(words(now.extension().substr(1)));
     dialog->selectFile(name);
-    QObject::connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
-        model_.exportTo(pathOf(file));
+    QObject::connect(dialog, &QFileDialog::fileSelected, this, [this, now](const QString& file) {
+        model_.exportTo(exportTarget(pathOf(file), now));
         accept();
     });
     dialog->open();

@@ -4,6 +4,7 @@
 #include "TavixEditor/Windows/ExportChoice.h"
 #include "TavixLive/Observing/Observable.h"
 #include "TavixPlatform/System/Continuation.h"
+#include "TavixRender/Export/ExportTrial.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -32,8 +33,6 @@ public:
     ~ExportSheet() override;
 
 private:
-    enum class Keep { usual, quality, rate };
-
     void fill();
     QFormLayout* makeForm();
     QWidget* makeRateRow();
@@ -41,6 +40,8 @@ private:
     ExportChoice choice() const;
     void remember(const ExportChoice& choice);
     void showContainers();
+    void showKeeps();
+    void showEstimate(const ExportTrial::Outcome& outcome, const ExportFigures& figures);
     void showChoice();
     void estimate();
     void askWhere();
@@ -49,7 +50,7 @@ private:
     CompositionEditorModel& model_;
     QComboBox *format_, *codec_, *container_, *resolution_, *effort_, *keep_;
     QSpinBox* quality_;
-    QDoubleSpinBox* megabits_;   // a second
+    QDoubleSpinBox *megabits_, *megabytes_;   // a second; of the whole file
     QLabel *figures_, *estimate_;
     system::Timer estimateTimer_;
     std::stop_source estimating_;

@@ -1,0 +1,129 @@
+// What is asked before an export, and what is told of it.
+#include "EditorWindow.h"
+
+#include "TavixEditor/Windows/ExportChoice.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QSpinBox>
+
+#include <cmath>
+
+namespace tavix::editor {
+namespace {
+
+TEST(ExportChoice, NamesTheFileByWhatIsInIt) {
+    using enum VideoCodec;
+    const auto name = [](ExportFormat format, VideoCodec codec, ExportContainer container) {
+        return exportFilename("film", {.format = format, .codec = codec, .container = container});
+    };
+    EXPECT_EQ(name(ExportFormat::video, h264, ExportContainer::mp4), "film.mp4");
+    EXPECT_EQ(name(ExportFormat::video, hevc, ExportContainer::mov), "film.mov");
+    EXPECT_EQ(name(ExportFormat::video, proRes4444, ExportContainer::mp4), "film.mov");
+    EXPECT_EQ(name(ExportFormat::gif, h264, ExportContainer::mov), "film.gif");
+    EXPECT_EQ(name(ExportFormat::video, vp9, ExportContainer::webm), "film.webm");
+    EXPECT_EQ(name(ExportFormat::webp, h264, ExportContainer::mov), "film.webp");
+    EXPECT_EQ(name(ExportFormat::png, h264, ExportContainer::mp4), "film-pictures");
+    EXPECT_EQ(exportFilename("", {}), "composition.mp4");
+    EXPECT_EQ(exportTarget("/a/film-pictures", {.format = ExportFormat::png}), "/a/film-pictures/%05d.png");
+    EXPECT_EQ(exportTarget("/a/film.gif", {.format = ExportFormat::gif}), "/a/film.gif");
+}
+
+TEST(ExportChoice, TellsWhatIsLeftFromWhatIsDone) {
+    EXPECT_TRUE(std::isinf(remainingSec(0, 5)));
+    EXPECT_NEAR(remainingSec(0.25, 10), 30, 1e-9);
+    EXPECT_EQ(remainingSec(1, 10), 0);
+}
+
+class ExportSheetOf : public EditorWindow {
+protected:
+    void openSheet() {
+        open(makeBundle("square"));
+        window->actions().exportFilm->trigger();
+        sheet = dialog("exportSheet");
+        ASSERT_TRUE(sheet);
+    }
+    // The box that the label of a form names.
+    QComboBox* box(const QString& label) {
+        for (auto* one : sheet->findChildren<QLabel*>())
+            if (one->buddy() && one->text().remove(QLatin1Char('&')) == label)
+                return qobject_cast<QComboBox*>(one->buddy());
+        return nullptr;
+    }
+    static QStringList wordsIn(const QComboBox* box) {
+        QStringList all;
+        for (int i = 0; i < box->count(); ++i) all << box->itemText(i);
+        return all;
+    }
+    QString estimate() { return sheet->findChild<QLabel*>(QStringLiteral("exportEstimate"))->text(); }
+
+    QWidget* sheet = nullptr;
+};
+
+TEST_F(ExportSheetOf, OffersWhatEachFormatKnows) {
+    openSheet();
+    const struct {
+        const char *format, *keeps;
+        bool hasCodec, hasEffort;
+    } cases[] = {{"Video", "The usual, Quality, Bit Rate, At Most", true, true},
+        {"Animated GIF", "The usual, At Most", false, false},
+        {"Animated WebP", "The usual, Quality, At Most", false, true},
+        {"Pictures, one for each frame", "The usual", false, false}};
+    EXPECT_EQ(box(QStringLiteral("Format"))->count(), int(std::size(cases)));
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.format);
+        box(QStringLiteral("Format"))->setCurrentText(QString::fromLatin1(c.format));
+        EXPECT_EQ(
+            wordsIn(box(QStringLiteral("Keep"))).join(QStringLiteral(", ")), QString::fromLatin1(c.keeps));
+        EXPECT_EQ(box(QStringLiteral("Codec"))->isEnabled(), c.hasCodec);
+        EXPECT_EQ(box(QStringLiteral("Effort"))->isEnabled(), c.hasEffort);
+    }
+    box(QStringLiteral("Format"))->setCurrentIndex(0);
+    box(QStringLiteral("Codec"))->setCurrentText(QStringLiteral("ProRes 4444"));
+    EXPECT_EQ(wordsIn(box(QStringLiteral("Keep"))), QStringList(QStringLiteral("The usual")));
+}
+
+TEST_F(ExportSheetOf, EstimatesEveryFormatAndWhatItTakesToFit) {
+    openSheet();
+    for (const char* format : {"Video", "Animated GIF", "Animated WebP", "Pictures, one for each frame"}) {
+        SCOPED_TRACE(format);
+        box(QStringLiteral("Format"))->setCurrentText(QString::fromLatin1(format));
+        EXPECT_TRUE(until([&] { return estimate().startsWith(QStringLiteral("About ")); }))
+            << estimate().toStdString();
+    }
+    box(QStringLiteral("Format"))->setCurrentText(QStringLiteral("Animated WebP"));
+    box(QStringLiteral("Keep"))->setCurrentText(QStringLiteral("At Most"));
+    EXPECT_TRUE(until([&] { return estimate().contains(QStringLiteral("frames a second")); }))
+        << estimate().toStdString();
+    box(QStringLiteral("Format"))->setCurrentIndex(0);
+    EXPECT_EQ(box(QStringLiteral("Keep"))->currentText(), QStringLiteral("At Most"))
+        << "it stays where it may";
+    EXPECT_TRUE(until([&] { return estimate().startsWith(QStringLiteral("At most 10")); }))
+        << estimate().toStdString();
+    for (auto* field : sheet->findChildren<QDoubleSpinBox*>())
+        if (field->accessibleName() == QStringLiteral("At Most")) field->setValue(0.1);
+    EXPECT_EQ(state().exportMostBytes(), 10'000'000);
+    EXPECT_TRUE(until([&] { return state().exportMostBytes() == 100'000; }));
+}
+
+TEST_F(ExportSheetOf, WritesPicturesIntoAFolderOfTheName) {
+    openSheet();
+    box(QStringLiteral("Format"))->setCurrentText(QStringLiteral("Pictures, one for each frame"));
+    click(sheet, QStringLiteral("Export…"));
+    QFileDialog* target = nullptr;
+    ASSERT_TRUE(
+        until([&] { return (target = sheet->findChild<QFileDialog*>(QStringLiteral("exportTarget"))); }));
+    const std::filesystem::path folder = std::filesystem::path(home_.path().toStdString()) / "shots";
+    Q_EMIT target->fileSelected(QString::fromStdString(folder.string()));
+    ASSERT_TRUE(
+        until([&] { return !state().isExporting() && std::filesystem::exists(folder / "00120.png"); }));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 120) << "two seconds of 60";
+    const QImage picture(QString::fromStdString((folder / "00030.png").string()));
+    EXPECT_EQ(picture.size(), QSize(400, 400));
+    EXPECT_EQ(QColor(picture.pixel(200, 200)), QColor(Qt::white));
+}
+
+}   // namespace
+}   // namespace tavix::editor
