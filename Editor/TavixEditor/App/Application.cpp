@@ -1,13 +1,16 @@
 #include "TavixEditor/App/Application.h"
 
+#include "Editor/EditorToolchain/CLIInstaller.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Windows/GalleryWindow.h"
 #include "TavixEditor/Windows/MainWindow.h"
 
 #include <QApplication>
 #include <QTimer>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace tavix::editor {
@@ -33,8 +36,36 @@ Application::Place& Application::emptyPlace() {
     places_.push_back(std::make_unique<Place>(folders_, themes_));
     Place& made = *places_.back();
     made.window.onClosed = [this, &made] { leave(made); };
-    if (isFirst) made.studio.model.findLostWork();
+    share(made);
+    if (isFirst) {
+        made.studio.model.findLostWork();
+        refreshEngines(made.studio);
+    }
     return made;
+}
+
+// Keys that are changed in one window hold in all, and there is one gallery for all of them.
+void Application::share(Place& of) {
+    of.window.shortcuts().onChange = [this, &of] {
+        for (const auto& other : places_)
+            if (other.get() != &of) other->window.shortcuts().takeFrom(of.window.shortcuts());
+    };
+    of.window.onGallery = [this, &of] {
+        if (!gallery_) gallery_ = std::make_unique<GalleryWindow>();
+        gallery_->present(of.studio.model);
+    };
+}
+
+// Engines that were installed by an earlier version follow this one. In silence: without a home folder, say,
+// there is nothing to refresh.
+void Application::refreshEngines(Studio& studio) {
+    studio.workers().post([defaults = studio.defaults] {
+        try {
+            CLIInstaller(ToolchainPlaces::ofThisMachine(), defaults).autoUpdateIfNeeded();
+        } catch (const std::exception&) {
+            // The sheet of agents tells what is wrong once somebody asks.
+        }
+    });
 }
 
 void Application::open(const QStringList& bundles) {
@@ -53,6 +84,7 @@ void Application::open(const QStringList& bundles) {
 
 // An export goes on without its window; the program stays until it has ended.
 void Application::leave(Place& left) {
+    if (gallery_) gallery_->leave(left.studio.model);
     const auto forget = [this, &left] {
         QTimer::singleShot(0, QCoreApplication::instance(), [this, &left] {
             std::erase_if(places_, [&](const auto& one) { return one.get() == &left; });

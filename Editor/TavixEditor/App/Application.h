@@ -12,6 +12,9 @@
 
 namespace tavix::editor {
 
+class GalleryWindow;
+class Studio;
+
 class Application {
 public:
     explicit Application(system::StandardFolders folders);
@@ -24,10 +27,13 @@ private:
     struct Place;
     Place& emptyPlace();
     void leave(Place& place);
+    void share(Place& place);
+    static void refreshEngines(Studio& studio);
 
     system::StandardFolders folders_;
     ThemeChoice themes_;
     std::vector<std::unique_ptr<Place>> places_;
+    std::unique_ptr<GalleryWindow> gallery_;   // once it was asked for
 };
 
 }   // namespace tavix::editor

@@ -61,7 +61,7 @@ void Shortcuts::resetAll() {
 }
 
 // A command with several keys that lost one of them keeps the first.
-void Shortcuts::remember() const {
+void Shortcuts::remember() {
     JsonObject chosen;
     for (const QAction* command : commands_)
         if (isChanged(command))
@@ -72,6 +72,14 @@ void Shortcuts::remember() const {
     } catch (const Failure&) {
         // They hold for now.
     }
+    if (onChange) onChange();
+}
+
+void Shortcuts::takeFrom(const Shortcuts& other) {
+    for (QAction* command : commands_)
+        for (const QAction* changed : other.commands_)
+            if (changed->objectName() == command->objectName()) command->setShortcuts(changed->shortcuts());
+    if (onTaken) onTaken();
 }
 
 }   // namespace tavix::editor

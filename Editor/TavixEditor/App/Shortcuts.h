@@ -7,6 +7,8 @@
 #include <QKeySequence>
 #include <QList>
 
+#include <functional>
+
 class QAction;
 
 namespace tavix::editor {
@@ -26,10 +28,15 @@ public:
     void set(QAction* command, const QKeySequence& key);
     void reset(QAction* command);   // one that has the usual key by now loses it
     void resetAll();
+    // The keys of the same commands in another window, which were changed there.
+    void takeFrom(const Shortcuts& other);
+
+    std::function<void()> onChange;   // by hand: in this window
+    std::function<void()> onTaken;    // from another one
 
 private:
     void take(const QKeySequence& key, const QAction* by);
-    void remember() const;
+    void remember();
 
     UserDefaults defaults_;
     QList<QAction*> commands_;

@@ -82,7 +82,8 @@ private:
 class MotionGallery final : public QWidget {
     Q_DECLARE_TR_FUNCTIONS(MotionGallery)
 public:
-    MotionGallery(CompositionEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    MotionGallery(CompositionEditorModel& model, QWidget* parent, MotionChosen onChosen)
+        : QWidget(parent), model_(model), onChosen_(std::move(onChosen)) {
         onGround(this, QPalette::Window);
         search_ = new QLineEdit;
         search_->setFrame(false);
@@ -182,53 +183,38 @@ private:
             list_->viewport()->update(list_->visualItemRect(item));
     }
 
-    std::optional<LayerPlace> device() const {
-        const EditState& state = model_.state.edited();
-        const auto places = state.selection.layers();
-        if (places.empty()) return std::nullopt;
-        const CompositionLayer& layer = state.spec.scenes[places[0].scene].layers[places[0].layer];
-        return std::holds_alternative<DeviceContent>(layer.content) ? std::optional(places[0]) : std::nullopt;
-    }
-
     void showSelection() {
         chosen_.reset();
         replace_->hide();
-        notice_->setText(device() ? tr("A click gives the motion to the selected device.")
-                                  : tr("Select a device to give it a motion."));
+        if (onChosen_) return notice_->clear();
+        notice_->setText(motionTarget(model_) == MotionTarget::none
+                             ? tr("Select a device to give it a motion.")
+                             : tr("A click gives the motion to the selected device."));
     }
 
     void choose(const QListWidgetItem* item) {
-        if (!device()) return showSelection();
-        chosen_ = item->data(Qt::UserRole).toUInt();
-        if (!DeviceOperations::deviceHasAuthoredMotion(
-                model_.state.edited().spec, device()->scene, device()->layer))
-            return apply();
+        const std::size_t index = item->data(Qt::UserRole).toUInt();
+        if (onChosen_) return onChosen_(PresetGalleryCatalog::all()[index]);
+        const MotionTarget target = motionTarget(model_);
+        if (target == MotionTarget::none) return showSelection();
+        chosen_ = index;
+        if (target == MotionTarget::device) return apply();
         notice_->setText(tr("“%1” takes the place of the device's own motion.").arg(item->text()));
         replace_->show();
         replace_->setFocus();
     }
 
     void apply() {
-        const auto place = device();
-        if (!place || !chosen_) return;
+        if (!chosen_) return;
         const PresetGalleryItem& item = PresetGalleryCatalog::all()[*chosen_];
-        model_.update(tr("Motion “%1”").arg(words(item.title)).toStdString(), [&](EditState& state) {
-            if (const auto* motion = std::get_if<DeviceMotionPreset>(&item.source)) {
-                DeviceMotionRef ref;
-                ref.preset = *motion;
-                DeviceOperations::applyDeviceMotionPreset(state, place->scene, place->layer, ref);
-            } else {
-                DeviceChoreographyRef ref;
-                ref.preset = std::get<DeviceChoreographyPreset>(item.source);
-                DeviceOperations::applyDeviceChoreographyPreset(state, place->scene, place->layer, ref);
-            }
-        });
+        giveMotion(model_, item, tr("Motion “%1”").arg(words(item.title)));
         chosen_.reset();
         replace_->hide();
         notice_->setText(tr("“%1” is applied.").arg(words(item.title)));
     }
 
     CompositionEditorModel& model_;
+    MotionChosen onChosen_;
     MotionStrips& strips_ = MotionStrips::ofApplication();
     QLineEdit* search_;
     QListWidget* list_;
@@ -242,8 +228,45 @@ private:
 
 }   // namespace
 
-QWidget* makeMotionGallery(CompositionEditorModel& model, QWidget* parent) {
-    return new MotionGallery(model, parent);
+QWidget* makeMotionGallery(CompositionEditorModel& model, QWidget* parent, MotionChosen onChosen) {
+    return new MotionGallery(model, parent, std::move(onChosen));
+}
+
+namespace {
+
+std::optional<LayerPlace> selectedDevice(const CompositionEditorModel& model) {
+    const EditState& state = model.state.edited();
+    const std::vector<LayerPlace> places = state.selection.layers();
+    if (places.empty()) return std::nullopt;
+    const CompositionLayer& layer = state.spec.scenes[places[0].scene].layers[places[0].layer];
+    return std::holds_alternative<DeviceContent>(layer.content) ? std::optional(places[0]) : std::nullopt;
+}
+
+}   // namespace
+
+MotionTarget motionTarget(const CompositionEditorModel& model) {
+    const auto place = selectedDevice(model);
+    if (!place) return MotionTarget::none;
+    const CompositionSpec& spec = model.state.edited().spec;
+    return DeviceOperations::deviceHasAuthoredMotion(spec, place->scene, place->layer)
+               ? MotionTarget::movingDevice
+               : MotionTarget::device;
+}
+
+void giveMotion(CompositionEditorModel& model, const PresetGalleryItem& item, const QString& step) {
+    const auto place = selectedDevice(model);
+    if (!place) return;
+    model.update(utf8Of(step), [&](EditState& state) {
+        if (const auto* motion = std::get_if<DeviceMotionPreset>(&item.source)) {
+            DeviceMotionRef ref;
+            ref.preset = *motion;
+            DeviceOperations::applyDeviceMotionPreset(state, place->scene, place->layer, ref);
+        } else {
+            DeviceChoreographyRef ref;
+            ref.preset = std::get<DeviceChoreographyPreset>(item.source);
+            DeviceOperations::applyDeviceChoreographyPreset(state, place->scene, place->layer, ref);
+        }
+    });
 }
 
 void showMotionGallery(CompositionEditorModel& model, QWidget* parent, const QPoint& globally) {

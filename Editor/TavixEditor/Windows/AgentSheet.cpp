@@ -16,10 +16,10 @@ namespace tavix::editor {
 
 using namespace design;
 
-AgentSheet::AgentSheet(Studio& studio, const CLIInstaller& installer, QWidget* parent)
+AgentSheet::AgentSheet(Studio& studio, const CLIInstaller& installer, QWidget* parent, Begin begin)
     : QDialog(parent), studio_(studio), installer_(installer), agents_(new QWidget),
       outcome_(makeLabel({}, TextSize::body)), global_(new QPushButton(tr("Install Globally"))),
-      project_(new QPushButton(tr("Install for a Project…"))) {
+      project_(new QPushButton(tr("Install for a Project…"))), begin_(begin) {
     setObjectName(QStringLiteral("agentSheet"));
     setWindowTitle(tr("Set up Agents"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -54,7 +54,7 @@ AgentSheet::AgentSheet(Studio& studio, const CLIInstaller& installer, QWidget* p
     QObject::connect(project_, &QPushButton::clicked, this, [this] { askProject(); });
     QObject::connect(global_, &QPushButton::clicked, this, [this] {
         install([](const CLIInstaller& on, const std::vector<std::string>& ids) {
-            return on.installGloballyInto(ids, CLIInstaller::Reach::user);
+            return on.installGloballyInto(ids, on.installedReach().value_or(CLIInstaller::Reach::user));
         });
     });
     showChoice();
@@ -79,6 +79,8 @@ void AgentSheet::list(const std::vector<DetectedAgent>& agents) {
             QObject::connect(box, &QCheckBox::toggled, this, [this] { showChoice(); });
         }
     showChoice();
+    if (begin_ == Begin::globally) global_->click();
+    if (begin_ == Begin::forProject) project_->click();
 }
 
 std::vector<std::string> AgentSheet::chosen() const {

@@ -23,7 +23,10 @@ class Studio;
 class AgentSheet final : public QDialog {
     Q_DECLARE_TR_FUNCTIONS(AgentSheet)
 public:
-    AgentSheet(Studio& studio, const CLIInstaller& installer, QWidget* parent);
+    // What it begins with once it knows the agents of this machine, as if its button had been pressed.
+    enum class Begin { nothing, globally, forProject };
+
+    AgentSheet(Studio& studio, const CLIInstaller& installer, QWidget* parent, Begin begin = Begin::nothing);
 
 private:
     std::vector<std::string> chosen() const;
@@ -39,6 +42,7 @@ private:
     std::vector<std::pair<std::string, QCheckBox*>> boxes_;
     QLabel* outcome_;
     QPushButton *global_, *project_;
+    Begin begin_;
     bool isBusy_ = false;
     system::Lifeline lifeline_;
 };

@@ -8,12 +8,10 @@
 #include "TavixEditor/Panels/CommandPalette.h"
 #include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Stage/StageView.h"
-#include "TavixEditor/Windows/AgentSheet.h"
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/Drops.h"
 #include "TavixEditor/Windows/EditorView.h"
 #include "TavixEditor/Windows/ExportSheet.h"
-#include "TavixEditor/Windows/GalleryWindow.h"
 #include "TavixEditor/Windows/NewProjectSheet.h"
 #include "TavixEditor/Windows/ShortcutSheet.h"
 #include "TavixEditor/Windows/WelcomeView.h"
@@ -260,18 +258,11 @@ void MainWindow::connectHelpActions() {
         new CommandPalette(commands, this);
     });
     on(actions_.gallery, [this] {
-        if (gallery_ == nullptr) gallery_ = new GalleryWindow(studio_.model, this);
-        gallery_->present();
+        if (onGallery) onGallery();
     });
     on(actions_.shortcuts, [this] { (new ShortcutSheet(shortcuts_, this))->open(); });
-    on(actions_.setUpAgents, [this] {
-        try {
-            const CLIInstaller installer(ToolchainPlaces::ofThisMachine(), studio_.defaults);
-            (new AgentSheet(studio_, installer, this))->open();
-        } catch (const Failure& failure) {
-            tell("noAgents", tr("Set up Agents"), words(failure.message()));
-        }
-    });
+    on(actions_.setUpAgents, [this] { setUpAgents(AgentSheet::Begin::nothing); });
+    welcome_->onInstall = [this](AgentSheet::Begin begin) { setUpAgents(begin); };
     on(actions_.checkForUpdates, [this] {
         tell("updates", tr("Tavix %1").arg(QCoreApplication::applicationVersion()),
             tr("Tavix is updated with the other packages of this machine, by its software manager."));
@@ -280,6 +271,17 @@ void MainWindow::connectHelpActions() {
         tell("about", tr("Tavix %1").arg(QCoreApplication::applicationVersion()),
             tr("Turns a document into a finished product video."));
     });
+}
+
+void MainWindow::setUpAgents(AgentSheet::Begin begin) {
+    try {
+        const CLIInstaller installer(ToolchainPlaces::ofThisMachine(), studio_.defaults);
+        auto* sheet = new AgentSheet(studio_, installer, this, begin);
+        QObject::connect(sheet, &QDialog::finished, welcome_, [this] { welcome_->readSetup(); });
+        sheet->open();
+    } catch (const Failure& failure) {
+        tell("noAgents", tr("Set up Agents"), words(failure.message()));
+    }
 }
 
 void MainWindow::showActions() {

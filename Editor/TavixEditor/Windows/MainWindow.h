@@ -3,6 +3,7 @@
 
 #include "TavixEditor/App/Actions.h"
 #include "TavixEditor/App/Shortcuts.h"
+#include "TavixEditor/Windows/AgentSheet.h"
 #include "TavixEditor/Windows/UnsavedChanges.h"
 #include "TavixLive/Observing/Observable.h"
 
@@ -17,7 +18,6 @@ class QStackedLayout;
 namespace tavix::editor {
 
 class EditorView;
-class GalleryWindow;
 class Studio;
 class ThemeChoice;
 class WelcomeView;
@@ -33,7 +33,9 @@ public:
     void openDocument(const std::filesystem::path& path);
     EditorView& editor() { return *editor_; }
     const Actions& actions() const { return actions_; }
-    std::function<void()> onClosed;   // it was closed, and not by a document's end
+    Shortcuts& shortcuts() { return shortcuts_; }
+    std::function<void()> onClosed;    // it was closed, and not by a document's end
+    std::function<void()> onGallery;   // all windows have one gallery, which is to come to the front
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -55,6 +57,7 @@ private:
     void showNotice();
     void saveAs();
     void connectHelpActions();
+    void setUpAgents(AgentSheet::Begin begin);
     void tell(const char* name, const QString& title, const QString& text);
     void showActions();
     void askForBundle();
@@ -68,7 +71,6 @@ private:
     QStackedLayout* pages_;
     WelcomeView* welcome_;
     EditorView* editor_;
-    GalleryWindow* gallery_ = nullptr;   // once it was asked for
     bool mayClose_ = false, hasEntered_ = false, isOpening_ = false;
     Connections connections_;
 };

@@ -61,8 +61,11 @@ ShortcutSheet::ShortcutSheet(Shortcuts& shortcuts, QWidget* parent)
     QObject::connect(search_, &QLineEdit::textChanged, this, [this] { list(); });
     QObject::connect(commands_, &QTreeWidget::currentItemChanged, this, [this] { showChosen(); });
     QObject::connect(commands_, &QTreeWidget::itemActivated, this, [this] { key_->setFocus(); });
+    shortcuts_.onTaken = [this] { list(); };
     list();
 }
+
+ShortcutSheet::~ShortcutSheet() { shortcuts_.onTaken = nullptr; }
 
 QWidget* ShortcutSheet::makeEditing() {
     auto* editing = new QWidget;

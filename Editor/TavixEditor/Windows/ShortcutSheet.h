@@ -20,6 +20,7 @@ class ShortcutSheet final : public QDialog {
     Q_DECLARE_TR_FUNCTIONS(ShortcutSheet)
 public:
     ShortcutSheet(Shortcuts& shortcuts, QWidget* parent);
+    ~ShortcutSheet() override;
 
 private:
     QWidget* makeEditing();

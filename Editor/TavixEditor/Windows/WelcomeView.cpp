@@ -7,6 +7,7 @@
 #include "TavixEditor/Panels/NoticeBar.h"
 #include "TavixEditor/Windows/RecentCard.h"
 #include "TavixEditor/Windows/Thumbnails.h"
+#include "TavixPlatform/System/ChildProcess.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -54,15 +55,33 @@ QWidget* WelcomeView::makeBeginnings(const Actions& actions) {
     column->addWidget(makeLabel(
         tr("Version %1").arg(QCoreApplication::applicationVersion()), TextSize::caption, Tone::secondary));
     column->addSpacing(space::section);
-    const auto add = [&](QAction* action, const QString& words, bool isDefault) {
-        auto* button = new QPushButton(action->icon(), words);
-        button->setDefault(isDefault);
-        QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    const auto add = [&](const QIcon& icon, const QString& words) {
+        auto* button = new QPushButton(icon, words);
         column->addWidget(button);
+        return button;
     };
-    add(actions.open, tr("Open Project"), true);
-    add(actions.newProject, tr("New from Template"), false);
-    add(actions.setUpAgents, tr("Set up agents"), false);
+    const auto addAction = [&](QAction* action, const QString& words) {
+        QPushButton* const button = add(action->icon(), words);
+        QObject::connect(button, &QPushButton::clicked, action, &QAction::trigger);
+        return button;
+    };
+    const auto addInstall = [&](Icon icon, const QString& words, AgentSheet::Begin begin) {
+        QPushButton* const button = add(iconOf(icon), words);
+        button->hide();
+        QObject::connect(button, &QPushButton::clicked, this, [this, begin] {
+            if (onInstall) onInstall(begin);
+        });
+        return button;
+    };
+    addAction(actions.open, tr("Open Project"))->setDefault(true);
+    addAction(actions.newProject, tr("New from Template"));
+    update_ = addInstall(Icon::redo, tr("Update Engine"), AgentSheet::Begin::globally);
+    addAction(actions.setUpAgents, tr("Set up agents"));
+    global_ = addInstall(Icon::check, tr("Install Globally"), AgentSheet::Begin::globally);
+    global_->setToolTip(tr("Puts the command tavix on this machine, for the agents that it has."));
+    project_ = addInstall(Icon::folder, tr("Install for a Project"), AgentSheet::Begin::forProject);
+    project_->setToolTip(tr("Puts the command tavix into one folder, for the agents that work there."));
+    update_->setToolTip(tr("The command on this machine is of another version than this application."));
     column->addStretch(2);
     return pane;
 }
@@ -117,7 +136,31 @@ void WelcomeView::drawThumbnail(const std::filesystem::path& bundle, RecentCard*
         lifeline_.guard([card](system::Outcome<QImage>& outcome) { card->setThumbnail(outcome.value()); }));
 }
 
-void WelcomeView::showEvent(QShowEvent*) { readRecents(); }
+// Programs are asked for their versions, so it is found out elsewhere.
+void WelcomeView::readSetup() {
+    system::runThere(
+        studio_.workers(), studio_.main(),
+        [defaults = studio_.defaults] {
+            const CLIInstaller installer(ToolchainPlaces::ofThisMachine(), defaults);
+            // A package of the system's own is a command as well, which its manager keeps up to date.
+            const bool isInstalled = installer.isInstalled() || system::findProgram("tavix").has_value();
+            return Setup{isInstalled, installer.engineUpdateAvailable()};
+        },
+        setup_.guard([this](system::Outcome<Setup>& outcome) {
+            if (!outcome.hasFailed()) showSetup(outcome.value());
+        }));
+}
+
+void WelcomeView::showSetup(const Setup& setup) {
+    update_->setVisible(setup.hasUpdate);
+    global_->setVisible(!setup.isInstalled);
+    project_->setVisible(!setup.isInstalled);
+}
+
+void WelcomeView::showEvent(QShowEvent*) {
+    readRecents();
+    readSetup();
+}
 
 void WelcomeView::showError() {
     const auto& message = studio_.model.state.errorMessage();

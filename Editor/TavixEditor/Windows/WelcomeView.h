@@ -1,6 +1,7 @@
 // What stands in the window while nothing is open: ways to begin, and what was open lately.
 #pragma once
 
+#include "TavixEditor/Windows/AgentSheet.h"
 #include "TavixLive/Observing/Observable.h"
 #include "TavixPlatform/System/Continuation.h"
 
@@ -12,6 +13,7 @@
 
 class QAction;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace tavix::editor {
@@ -27,6 +29,13 @@ public:
     WelcomeView(Studio& studio, const Actions& actions, QWidget* parent = nullptr);
 
     std::function<void(const std::filesystem::path& bundle)> onOpenRecent;
+    std::function<void(AgentSheet::Begin begin)> onInstall;
+    // How the command is installed on this machine.
+    struct Setup {
+        bool isInstalled = true, hasUpdate = false;
+    };
+    void readSetup();
+    void showSetup(const Setup& setup);
     NoticeBar& notices() { return *notices_; }
     // Reads anew what was open lately.
     void readRecents();
@@ -46,7 +55,9 @@ private:
     QVBoxLayout* recents_ = nullptr;
     QLabel* error_ = nullptr;
     Connections connections_;
+    QPushButton *update_ = nullptr, *global_ = nullptr, *project_ = nullptr;
     system::Lifeline lifeline_;   // of the cards that stand
+    system::Lifeline setup_;
 };
 
 }   // namespace tavix::editor
