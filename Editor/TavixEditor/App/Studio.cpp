@@ -1,10 +1,12 @@
 #include "TavixEditor/App/Studio.h"
 
 #include "TavixLive/Stage/Stage.h"
+#include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Sound/PulseAudioOutput.h"
 #include "TavixPlatform/System/InotifyWatcher.h"
 
 #include <cstddef>
+#include <span>
 #include <system_error>
 #include <utility>
 
@@ -72,5 +74,16 @@ Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
           .pieceStore = pieceStoreOf(folders)}) {}
 
 Studio::~Studio() = default;
+
+void Studio::hear(const std::filesystem::path& sound) {
+    if (model.state.isPlaying()) model.togglePlay();
+    try {
+        constexpr media::AudioFormat format{};
+        const auto reader = std::make_shared<media::AudioReader>(sound, format);
+        output_->start(format, [reader](std::span<float> interleaved) { return reader->read(interleaved); });
+    } catch (const media::MediaError& error) {
+        model.state.errorMessage = error.what();
+    }
+}
 
 }   // namespace tavix::editor

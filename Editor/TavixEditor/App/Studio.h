@@ -10,6 +10,7 @@
 #include "TavixPlatform/System/StandardFolders.h"
 #include "TavixPlatform/System/WorkerThread.h"
 
+#include <filesystem>
 #include <memory>
 
 namespace tavix::editor {
@@ -37,6 +38,10 @@ public:
     UserDefaults defaults;
     RecentProjects recents;
     CompositionEditorModel model;
+
+    // Lets a file be heard from its start, in place of the film. What cannot be read is told as the model's
+    // error.
+    void hear(const std::filesystem::path& sound);
 
     QtMainExecutor& main() { return main_; }
     system::Executor& workers() { return workers_; }

@@ -7,6 +7,7 @@
 #include "Editor/EditorDomain/Inspector/Themes.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Theme/BackgroundCatalog.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/GradientBar.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
@@ -153,7 +154,7 @@ public:
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(space::small);
         kinds_ = new QComboBox;
-        kinds_->setAccessibleName(words(row.label));
+        kinds_->setAccessibleName(documentLabel(row.label));
         kinds_->addItem(InspectorWords::tr("Colour"));
         kinds_->addItem(InspectorWords::tr("Gradient"));
         // A shape has no pictures; its rest value says which this is.
@@ -165,7 +166,7 @@ public:
             for (const BasicCompositionTheme theme : allThemes) themes_->addItem(words(label(theme)));
             themes_->setPlaceholderText(InspectorWords::tr("Hand-made"));
         }
-        color_ = new ColorField(words(row.label), this);
+        color_ = new ColorField(documentLabel(row.label), this);
         bar_ = new GradientBar;
         angle_ = new ScrubField(InspectorWords::tr("Angle"), QStringLiteral("°"), {-360, 360, 0, 1.0}, 5);
         pictures_ = new QComboBox;
@@ -306,7 +307,7 @@ void paintChecks(QPainter& painter, const QRectF& rect, double radius) {
 }
 
 RowControl makeColorControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
-    auto* field = new ColorField(words(row.label), parent);
+    auto* field = new ColorField(documentLabel(row.label), parent);
     const auto kept = std::make_shared<InspectorRow>(row);
     field->onChange = [=, &edits](const RGBAColor& color, bool isEditing) {
         edits.set(*kept, writeValue(typeOf<RGBAColor>(), &color), isEditing);

@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/KeyframeButtons.h"
@@ -124,7 +125,7 @@ InspectorSectionView::InspectorSectionView(const InspectorSection& section, RowE
 }
 
 QWidget* InspectorSectionView::makeHeading(const std::string& title, RowEdits& edits) {
-    auto* heading = new Heading(words(title), this);
+    auto* heading = new Heading(documentLabel(title), this);
     const bool isFolded = edits.foldedSections().contains(title);
     heading->setChecked(!isFolded);
     body_->setVisible(!isFolded);
@@ -140,7 +141,7 @@ QWidget* InspectorSectionView::makeHeading(const std::string& title, RowEdits& e
 
 QToolButton* InspectorSectionView::makeReset(const InspectorRow& row, RowEdits& edits) {
     QToolButton* const reset = makeIconButton(
-        Icon::undo, InspectorWords::tr("Reset %1 to its default").arg(words(row.label)), body_);
+        Icon::undo, InspectorWords::tr("Reset %1 to its default").arg(documentLabel(row.label)), body_);
     reset->setFixedSize(20, 20);
     reset->setIconSize({12, 12});
     QSizePolicy policy = reset->sizePolicy();
@@ -156,10 +157,10 @@ QToolButton* InspectorSectionView::makeReset(const InspectorRow& row, RowEdits& 
 void InspectorSectionView::addRow(const InspectorRow& row, RowEdits& edits) {
     auto* grid = static_cast<QGridLayout*>(body_->layout());
     auto* label = new RowLabel(row.depth * indent, body_);
-    label->setToolTip(words(row.help));
+    label->setToolTip(documentHelp(row.help));
     label->setMinimumHeight(height::field);
     RowControl control = makeRowControl(row, edits, body_);
-    control.widget->setToolTip(words(row.help));
+    control.widget->setToolTip(documentHelp(row.help));
     label->setBuddy(control.widget);
     QToolButton* const reset = canBeReset(row) ? makeReset(row, edits) : nullptr;
     KeyframeButtons* const keyframes = row.keyed ? new KeyframeButtons(edits, row, body_) : nullptr;
@@ -178,12 +179,12 @@ void InspectorSectionView::addRow(const InspectorRow& row, RowEdits& edits) {
 }
 
 void InspectorSectionView::showRow(Row& row, const InspectorRow& now) {
-    row.label->show(words(now.label), now.isSetByPreset);
+    row.label->show(documentLabel(now.label), now.isSetByPreset);
     row.label->setToolTip(
         now.isSetByPreset
-            ? words(now.help) + QLatin1Char('\n') +
+            ? documentHelp(now.help) + QLatin1Char('\n') +
                   InspectorWords::tr("Set by the layer's motion preset; a change here is kept in its place.")
-            : words(now.help));
+            : documentHelp(now.help));
     if (row.keyframes) row.keyframes->show(now);
     if (row.reset) row.reset->setVisible(!now.isAtRest);
     row.control.show(now);

@@ -4,9 +4,11 @@
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "Editor/EditorDomain/Inspector/KeyframeRows.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorSectionView.h"
 #include "TavixEditor/Inspector/MotionGallery.h"
+#include "TavixEditor/Inspector/MusicStrip.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixLive/Operations/LayerOperations.h"
 
@@ -43,7 +45,8 @@ bool isLike(const Inspection& a, const Inspection& b) {
 class InspectorPanel final : public QWidget, private RowEdits {
     Q_DECLARE_TR_FUNCTIONS(InspectorPanel)
 public:
-    InspectorPanel(CompositionEditorModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    InspectorPanel(CompositionEditorModel& model, QWidget* parent, PlaySound play)
+        : QWidget(parent), model_(model), play_(std::move(play)) {
         onGround(this, QPalette::Window);
         setMinimumWidth(264);
         title_ = makeLabel({}, TextSize::title);
@@ -79,9 +82,7 @@ private:
     void refresh() {
         Inspection now =
             inspection(model_.state.edited(), {model_.state.currentTime(), model_.state.bundle(), &sizes_});
-        title_->setText(words(now.title));
-        subtitle_->setText(words(now.subtitle));
-        subtitle_->setVisible(!now.subtitle.empty());
+        showTitle(now);
         if (!isLike(now, shown_) || sections_.empty()) {
             shown_ = std::move(now);
             // A control may stand on the stack, in the middle of telling its change: it goes when it has
@@ -91,6 +92,20 @@ private:
         }
         for (std::size_t i = 0; i < sections_.size(); ++i) sections_[i]->show(now.sections[i]);
         shown_ = std::move(now);
+    }
+
+    // Names that authors gave stay as they are.
+    void showTitle(const Inspection& now) {
+        const EditState& state = model_.state.edited();
+        const std::size_t layers = state.selection.layers().size();
+        title_->setText(!state.selection.scene ? tr("Composition")
+                        : layers > 1           ? tr("%1 layers").arg(layers)
+                                               : words(now.title));
+        const bool isScene = state.selection.scene && layers == 0;
+        subtitle_->setText(isScene && !now.subtitle.empty() && now.subtitle != now.title
+                               ? tr("Scene %1").arg(*state.selection.scene)
+                               : selectionWords(state));
+        subtitle_->setVisible(!now.subtitle.empty());
     }
 
     void rebuild() {
@@ -109,6 +124,8 @@ private:
             view->show(section);
             sections_.push_back(view);
             column->addWidget(view);
+            if (section.title == "Music" && !musicFileOf(model_).empty())
+                column->addWidget(new MusicStrip(model_, content));
         }
         addActions(column);
         column->addStretch();
@@ -149,7 +166,7 @@ private:
     // All edits come here. Until one is told with `isEditing` false they are one step.
     void edit(const InspectorRow& row, bool isEditing,
         const std::function<InspectorEdit::Complaint(EditState&)>& change) {
-        const std::string step = tr("Change %1").arg(words(row.label)).toStdString();
+        const std::string step = tr("Change %1").arg(documentLabel(row.label)).toStdString();
         if (isEditing) model_.beginGesture(step);
         InspectorEdit::Complaint complaint;
         model_.update(step, [&](EditState& state) { complaint = change(state); });
@@ -192,6 +209,9 @@ private:
             step, [&](EditState& state) { KeyframeEdit::toggle(state, row, model_.state.currentTime()); });
     }
     void seek(double toSec) override { model_.seek(toSec); }
+    void play(const std::filesystem::path& sound) override {
+        if (play_) play_(sound);
+    }
     void append(const InspectorRow& row) override {
         edit(row, false, [&](EditState& state) {
             InspectorEdit::append(state, row.path, model_.state.currentTime());
@@ -220,6 +240,7 @@ private:
     std::set<std::string>& foldedSections() override { return folded_; }
 
     CompositionEditorModel& model_;
+    PlaySound play_;
     Inspection shown_;
     ContentSizes sizes_;
     QLabel *title_, *subtitle_, *complaint_;
@@ -232,8 +253,8 @@ private:
 
 }   // namespace
 
-QWidget* makeInspectorView(CompositionEditorModel& model, QWidget* parent) {
-    return new InspectorPanel(model, parent);
+QWidget* makeInspectorView(CompositionEditorModel& model, QWidget* parent, PlaySound play) {
+    return new InspectorPanel(model, parent, std::move(play));
 }
 
 }   // namespace tavix::editor

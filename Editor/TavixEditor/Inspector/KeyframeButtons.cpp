@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/RowControl.h"
@@ -57,7 +58,7 @@ private:
 
 KeyframeButtons::KeyframeButtons(RowEdits& edits, const InspectorRow& row, QWidget* parent)
     : QWidget(parent), shown_(row) {
-    const QString label = words(row.label);
+    const QString label = documentLabel(row.label);
     before_ = new Button(Button::Shape::before, InspectorWords::tr("Keyframe of %1 before").arg(label), this);
     here_ = new Button(Button::Shape::here, InspectorWords::tr("Keyframe of %1 here").arg(label), this);
     next_ = new Button(Button::Shape::next, InspectorWords::tr("Next keyframe of %1").arg(label), this);

@@ -1,7 +1,9 @@
 #include "TavixEditor/Inspector/RowControl.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDomain/Inspector/DocumentWords.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/EasePopup.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
@@ -58,7 +60,7 @@ RowControl numberControl(const InspectorRow& row, RowEdits& edits, QWidget* pare
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(space::small);
     auto* field = new ScrubField({}, words(shortSymbol(row.unit)), row.range, row.step, box);
-    field->setAccessibleName(words(row.label));
+    field->setAccessibleName(documentLabel(row.label));
     const auto kept = std::make_shared<InspectorRow>(row);
     const auto tell = [kept, &edits](double value, bool isEditing) {
         edits.set(*kept,
@@ -70,7 +72,7 @@ RowControl numberControl(const InspectorRow& row, RowEdits& edits, QWidget* pare
     if (row.range.lower == 0 && row.range.upper == 1) {
         slider = new CalmSlider(Qt::Horizontal, box);
         slider->setRange(0, sliderSteps);
-        slider->setAccessibleName(words(row.label));
+        slider->setAccessibleName(documentLabel(row.label));
         QObject::connect(slider, &QSlider::valueChanged, field,
             [=](int value) { tell(double(value) / sliderSteps, slider->isSliderDown()); });
         QObject::connect(slider, &QSlider::sliderReleased, field,
@@ -106,7 +108,7 @@ RowControl numbersControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     for (std::size_t i = 0; i < row.parts.size(); ++i) {
         const std::string part = row.parts[i];
         auto* field = new ScrubField(partTitle(part), {}, row.range, row.step, box);
-        field->setAccessibleName(words(row.label + " " + part));
+        field->setAccessibleName(documentLabel(row.label) + QLatin1Char(' ') + words(part));
         field->onChange = [=, &edits](double value, bool isEditing) {
             if (kept->isOptional && kept->value.isNull()) edits.setPresent(*kept, true);
             edits.setPart(*kept, part, value, isEditing);
@@ -135,7 +137,7 @@ RowControl numbersControl(const InspectorRow& row, RowEdits& edits, QWidget* par
 
 RowControl toggleControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* box = new QCheckBox(parent);
-    box->setAccessibleName(words(row.label));
+    box->setAccessibleName(documentLabel(row.label));
     const auto kept = std::make_shared<InspectorRow>(row);
     const bool isPresence = row.control == Control::presence;
     QObject::connect(box, &QCheckBox::clicked, box, [=, &edits](bool isOn) {
@@ -154,7 +156,7 @@ RowControl toggleControl(const InspectorRow& row, RowEdits& edits, QWidget* pare
 
 RowControl wordControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* box = new CalmComboBox(parent);
-    box->setAccessibleName(words(row.label));
+    box->setAccessibleName(documentLabel(row.label));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);
     if (row.isOptional) box->addItem(InspectorWords::tr("Default"));
@@ -181,7 +183,7 @@ RowControl wordControl(const InspectorRow& row, RowEdits& edits, QWidget* parent
 RowControl textControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* field = new QLineEdit(parent);
     field->setFrame(false);
-    field->setAccessibleName(words(row.label));
+    field->setAccessibleName(documentLabel(row.label));
     const auto kept = std::make_shared<InspectorRow>(row);
     QObject::connect(field, &QLineEdit::editingFinished, field, [=, &edits] {
         if (!field->isModified()) return;
@@ -225,7 +227,8 @@ RowControl elementControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     auto* box = new QWidget(parent);
     auto* line = new QHBoxLayout(box);
     line->setContentsMargins(0, 0, 0, 0);
-    auto* away = makeIconButton(Icon::trash, InspectorWords::tr("Remove %1").arg(words(row.label)), box);
+    auto* away =
+        makeIconButton(Icon::trash, InspectorWords::tr("Remove %1").arg(documentLabel(row.label)), box);
     line->addStretch();
     line->addWidget(away);
     const auto kept = std::make_shared<InspectorRow>(row);
@@ -234,7 +237,7 @@ RowControl elementControl(const InspectorRow& row, RowEdits& edits, QWidget* par
 }
 
 RowControl adderControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
-    auto* add = new QPushButton(InspectorWords::tr("Add %1").arg(words(row.label)), parent);
+    auto* add = new QPushButton(InspectorWords::tr("Add %1").arg(documentLabel(row.label)), parent);
     const auto kept = std::make_shared<InspectorRow>(row);
     QObject::connect(add, &QPushButton::clicked, add, [=, &edits] { edits.append(*kept); });
     return {add, [=](const InspectorRow& now) { *kept = now; }, true};
@@ -252,12 +255,7 @@ RowControl noteControl(const InspectorRow&, RowEdits&, QWidget* parent) {
 
 QString mixedWords() { return InspectorWords::tr("Mixed"); }
 
-QString wordLabel(const std::string& word) {
-    std::string spaced = word;
-    for (char& c : spaced)
-        if (c == '-' || c == '_') c = ' ';
-    return words(labelOfKey(spaced));
-}
+QString wordLabel(const std::string& word) { return documentLabel(labelOfWord(word)); }
 
 RowControl makeRowControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     switch (row.control) {
@@ -270,6 +268,7 @@ RowControl makeRowControl(const InspectorRow& row, RowEdits& edits, QWidget* par
     case Control::text: return textControl(row, edits, parent);
     case Control::paragraph: return makeParagraphControl(row, edits, parent);
     case Control::file: return makeFileControl(row, edits, parent);
+    case Control::sound: return makeSoundControl(row, edits, parent);
     case Control::font: return makeFontControl(row, edits, parent);
     case Control::color: return makeColorControl(row, edits, parent);
     case Control::fill: return makeFillControl(row, edits, parent);

@@ -26,6 +26,7 @@ public:
     virtual void append(const InspectorRow& row) = 0;
     virtual void toggleKeyframe(const InspectorRow& row) = 0;
     virtual void seek(double toSec) = 0;
+    virtual void play(const std::filesystem::path& sound) = 0;
     virtual std::optional<std::filesystem::path> folder() const = 0;   // that relative paths hang from
     virtual std::set<std::string>& foldedSections() = 0;               // by their titles
 };
@@ -44,10 +45,11 @@ RowControl makeFillControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
 RowControl makeKineticControl(const InspectorRow& row, RowEdits& edits, QWidget* parent);
 RowControl makeParagraphControl(const InspectorRow& row, RowEdits& edits, QWidget* parent);
 RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* parent);
+RowControl makeSoundControl(const InspectorRow& row, RowEdits& edits, QWidget* parent);
 RowControl makeFontControl(const InspectorRow& row, RowEdits& edits, QWidget* parent);
 
 QString mixedWords();   // in place of a value that differs
-// "lineRise" and "line-rise" are "Line rise".
+// "lineRise" and "line-rise" are "Line rise", in the language of the interface.
 QString wordLabel(const std::string& word);
 
 }   // namespace tavix::editor

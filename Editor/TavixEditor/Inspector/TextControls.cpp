@@ -5,11 +5,12 @@
 #include "TavixCore/Support/Document.h"
 #include "TavixCore/Typography/KineticSelector.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/FileChoice.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFontComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -42,30 +43,11 @@ protected:
     }
 };
 
-QString filterOf(Role role) {
-    switch (role) {
-    case Role::picture: return InspectorWords::tr("Pictures (*.png *.jpg *.jpeg *.webp *.heic)");
-    case Role::clip:
-    case Role::recording: return InspectorWords::tr("Clips (*.mp4 *.mov *.webm *.mkv)");
-    case Role::soundFile: return InspectorWords::tr("Sounds (*.mp3 *.m4a *.wav *.flac *.ogg *.aac)");
-    case Role::fontPath: return InspectorWords::tr("Fonts (*.ttf *.otf *.ttc)");
-    default: return {};
-    }
-}
-
-// What lies in the bundle is named from there.
-std::string namedFrom(const std::optional<std::filesystem::path>& folder, const std::filesystem::path& file) {
-    if (!folder) return file.string();
-    const std::filesystem::path relative = file.lexically_relative(*folder);
-    const bool isInside = !relative.empty() && *relative.begin() != "..";
-    return (isInside ? relative : file).string();
-}
-
 }   // namespace
 
 RowControl makeParagraphControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* field = new Paragraph(parent);
-    field->setAccessibleName(words(row.label));
+    field->setAccessibleName(documentLabel(row.label));
     const auto kept = std::make_shared<InspectorRow>(row);
     const auto isShowing = std::make_shared<bool>(false), isDirty = std::make_shared<bool>(false);
     QObject::connect(field, &QPlainTextEdit::textChanged, field, [=, &edits] {
@@ -97,7 +79,7 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
     line->setSpacing(space::tight);
     auto* field = new QLineEdit(box);
     field->setFrame(false);
-    field->setAccessibleName(words(row.label));
+    field->setAccessibleName(documentLabel(row.label));
     field->setPlaceholderText(InspectorWords::tr("No file"));
     auto* choose = makeIconButton(Icon::folder, InspectorWords::tr("Choose a file…"), box);
     line->addWidget(field, 1);
@@ -111,10 +93,7 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
         field->setModified(false);
     });
     QObject::connect(choose, &QToolButton::clicked, field, [=, &edits] {
-        const auto folder = edits.folder();
-        const QString file = QFileDialog::getOpenFileName(field, InspectorWords::tr("Choose a file"),
-            folder ? pathWords(*folder) : QString(), filterOf(kept->role));
-        if (!file.isEmpty()) tell(namedFrom(folder, pathOf(file)));
+        if (const auto file = chooseFile(field, kept->role, edits.folder())) tell(*file);
     });
     return {box, [=](const InspectorRow& now) {
                 *kept = now;
@@ -127,7 +106,7 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
 
 RowControl makeFontControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* box = new QFontComboBox(parent);
-    box->setAccessibleName(words(row.label));
+    box->setAccessibleName(documentLabel(row.label));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(8);
     box->setMaxVisibleItems(14);

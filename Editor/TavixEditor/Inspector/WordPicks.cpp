@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 
 #include <QAbstractButton>
@@ -114,7 +115,7 @@ private:
 
 RowControl makePicksControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
     auto* picks = new WordPicks(parent);
-    picks->setAccessibleName(words(row.label));
+    picks->setAccessibleName(documentLabel(row.label));
     picks->onPick = [path = row, &edits](const JsonArray& picked) { edits.set(path, Json(picked), false); };
     return {picks, [picks](const InspectorRow& now) { picks->show(now); }, true};
 }

@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDomain/Inspector/InspectorRows.h"
 #include "TavixCore/Time/CompositionTimeline.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixRender/Judge/FilmJudge.h"
@@ -38,7 +39,7 @@ std::string wordsOf(const WrittenPlace& place, const CompositionSpec& spec) {
     std::string text = place.scene ? spec.scenes[*place.scene].displayName(*place.scene)
                                    : utf8Of(QCoreApplication::translate("WrittenPlace", "The film"));
     if (place.layer) text += " · " + FilmJudge::nameOf(spec.scenes[*place.scene].layers[*place.layer]);
-    if (!place.key.empty()) text += " · " + labelOfKey(place.key);
+    if (!place.key.empty()) text += " · " + utf8Of(documentLabel(labelOfKey(place.key)));
     return text;
 }
 

@@ -6,12 +6,14 @@
 #include "TavixEditor/Inspector/MotionGallery.h"
 #include "TavixEditor/Inspector/ScrubField.h"
 #include "TavixLive/Gallery/PresetGallery.h"
+#include "TavixLive/Operations/AudioOperations.h"
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/LayerOperations.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -22,7 +24,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 #include <memory>
+#include <vector>
 
 namespace tavix::editor {
 namespace {
@@ -33,8 +37,11 @@ struct InspectorViewTest : ::testing::Test {
     QuietStudio studio;
     std::unique_ptr<QWidget> view;
 
+    std::vector<std::filesystem::path> heard;
+
     void SetUp() override {
-        view.reset(makeInspectorView(studio.model, nullptr));
+        view.reset(makeInspectorView(
+            studio.model, nullptr, [this](const std::filesystem::path& sound) { heard.push_back(sound); }));
         view->resize(320, 900);
         view->show();
         studio.model.selectLayer(0, 1);
@@ -145,6 +152,58 @@ TEST_F(InspectorViewTest, SeveralLayersAreChangedAtOnce) {
     EXPECT_EQ(studio.layer(1).position.x, 25);
     EXPECT_EQ(studio.layer(2).position.x, 25);
     EXPECT_NE(studio.layer(0).position.x, 25);
+}
+
+TEST_F(InspectorViewTest, ACueHasAListOfSoundsAndLetsThemBeHeard) {
+    studio.model.update("Add", [](EditState& state) {
+        state.selection = {};
+        AudioOperations::addSoundCue(state, 0.5);
+    });
+    QApplication::processEvents();
+    auto* const list = named<QComboBox>("Sound");
+    ASSERT_TRUE(list);
+    const auto cue = [&] { return studio.model.state.edited().spec.audio->cues.at(0).sound; };
+    const int ding = list->findData(QStringLiteral("ding"));
+    ASSERT_GE(ding, 0);
+    list->setCurrentIndex(ding);
+    Q_EMIT list->activated(ding);
+    EXPECT_EQ(cue(), "ding");
+    auto* const play = named<QAbstractButton>("Play the sound");
+    ASSERT_TRUE(play && play->isEnabled());
+    play->click();
+    ASSERT_EQ(heard.size(), 1u);
+    EXPECT_EQ(heard[0].filename(), "ding.wav");
+    EXPECT_TRUE(std::filesystem::exists(heard[0]));
+    // A file stands in the list beside those of the catalog, and goes from it again.
+    const int count = list->count();
+    studio.model.update(
+        "File", [](EditState& state) { state.spec.audio->cues[0].sound = "assets/tick.wav"; });
+    EXPECT_EQ(list->currentText(), QStringLiteral("tick.wav"));
+    EXPECT_EQ(list->count(), count + 1);
+    studio.model.undo();
+    EXPECT_EQ(list->currentData().toString(), QStringLiteral("ding"));
+    EXPECT_EQ(list->count(), count);
+}
+
+TEST_F(InspectorViewTest, APhaseIsSwitchedOnFromNothingAndOffToNothing) {
+    const auto& enter = [&]() -> const auto& { return studio.layer(1).enter; };
+    ASSERT_FALSE(enter());
+    auto* const isOn = named<QCheckBox>("On");
+    ASSERT_TRUE(isOn);
+    isOn->click();
+    ASSERT_TRUE(enter());
+    EXPECT_EQ(*enter(), KineticPhase::identity);
+    QApplication::processEvents();
+    auto* const turn = named<ScrubField>("Turn z");
+    ASSERT_TRUE(turn) << "a layer turns in its plane";
+    EXPECT_FALSE(named<ScrubField>("Turn x"));
+    turn->setFocus();
+    turn->selectAll();
+    QTest::keyClicks(turn, QStringLiteral("-30"));
+    QTest::keyClick(turn, Qt::Key_Return);
+    EXPECT_EQ(enter()->rotationDeg, (Vector3{0, 0, -30}));
+    named<QCheckBox>("On")->click();
+    EXPECT_FALSE(enter());
 }
 
 TEST(MotionGallery, FindsByWordsAndGivesTheDeviceItsMotionInOneStep) {

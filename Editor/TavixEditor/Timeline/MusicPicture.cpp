@@ -1,6 +1,7 @@
 #include "TavixEditor/Timeline/MusicPicture.h"
 
 #include "TavixCore/Support/Document.h"
+#include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixPlatform/Media/AudioReader.h"
 
 #include <QCoreApplication>
@@ -19,6 +20,14 @@ constexpr std::size_t blockSamples = 1 << 16;
 constexpr double longestSec = 1800;
 
 }   // namespace
+
+std::filesystem::path musicFileOf(const CompositionEditorModel& model) {
+    const auto& audio = model.state.edited().spec.audio;
+    if (!audio || !audio->music || audio->music->path.empty()) return {};
+    const std::filesystem::path file(audio->music->path);
+    const auto& bundle = model.state.bundle();
+    return file.is_relative() && bundle ? *bundle / file : file;
+}
 
 MusicPicture pictureOfMusic(const std::filesystem::path& file) {
     MusicPicture picture;

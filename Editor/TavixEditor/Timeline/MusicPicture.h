@@ -11,7 +11,14 @@
 
 class QObject;
 
+namespace tavix {
+class CompositionEditorModel;
+}
+
 namespace tavix::editor {
+
+// Of the document that is open; empty where it has no music.
+std::filesystem::path musicFileOf(const CompositionEditorModel& model);
 
 struct MusicPicture {
     std::shared_ptr<const Waveform> wave;   // null: it cannot be heard

@@ -1,6 +1,7 @@
 #include "TavixEditor/Timeline/TimelineAccessibility.h"
 
 #include "TavixEditor/App/AccessibleParts.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
@@ -93,7 +94,7 @@ void addMarks(Parts& parts, TimelineCanvas& canvas) {
             part.role = QAccessible::PushButton;
             const double sec = scene.layerStartSec + mark.sec;
             part.name = TimelineWords::tr("Keyframe of %1 at %2 seconds")
-                            .arg(words(scene.keyframeRows[row].label))
+                            .arg(documentLabel(scene.keyframeRows[row].label))
                             .arg(sec, 0, 'f', 2);
             part.box = rectAround(canvas, canvas.layout().markX(scene, mark),
                 canvas.layout().keyframeRowTop(scene, row), 11, Layout::rowHeight);

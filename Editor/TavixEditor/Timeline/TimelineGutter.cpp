@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/Timeline/TimelineCanvas.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
@@ -67,8 +68,7 @@ void TimelineGutter::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     for (std::size_t row = 0; row < scene.keyframeRows.size(); ++row) {
         name(canvas_.layout().keyframeRowTop(scene, row), Layout::rowHeight,
-            QString::fromStdString(scene.keyframeRows[row].label), room - 3 * (buttonSize + buttonGap),
-            theme.text);
+            documentLabel(scene.keyframeRows[row].label), room - 3 * (buttonSize + buttonGap), theme.text);
         for (const Button button : {Button::before, Button::add, Button::next}) {
             const QRectF box = buttonRect(row, button);
             const bool isUnder = hover_ == Place{row, button};

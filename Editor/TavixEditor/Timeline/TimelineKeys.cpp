@@ -3,6 +3,7 @@
 
 #include "Editor/EditorDomain/Timeline/EasePreset.h"
 #include "Editor/EditorDomain/Timeline/TimelineCommands.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/Inspector/EasePopup.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixLive/Operations/DeviceKeyframes.h"
@@ -280,7 +281,7 @@ void TimelineCanvas::showBarMenu(const QPoint& globally, std::size_t) {
             if (!TrackOperations::canAddTrack(
                     model_.state.edited().spec, layer->scene, layer->layer, property))
                 continue;
-            const QString words = QString::fromStdString(propertyLabel(property));
+            const QString words = documentLabel(propertyLabel(property));
             tracks->addAction(words, this, [=, this] {
                 model_.update(tr("Animate %1").arg(words).toStdString(), [&](EditState& state) {
                     TrackOperations::addTrack(state, layer->scene, layer->layer, property);

@@ -1,4 +1,5 @@
 #include "TavixEditor/Timeline/TimelineView.h"
+#include "TavixEditor/App/DocumentText.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
@@ -146,15 +147,12 @@ void TimelinePanel::follow() {
 }
 
 void TimelinePanel::showSelection() {
-    const std::string words = timeline::selectionSummary(model_.state.edited());
-    summary_->setText(words.empty() ? tr("Nothing selected") : QString::fromStdString(words));
+    const QString words = selectionWords(model_.state.edited());
+    summary_->setText(words.isEmpty() ? tr("Nothing selected") : words);
 }
 
 void TimelinePanel::showMusic() {
-    const auto& audio = model_.state.edited().spec.audio;
-    std::filesystem::path file =
-        audio && audio->music ? std::filesystem::path(audio->music->path) : std::filesystem::path();
-    if (!file.empty() && file.is_relative() && model_.state.bundle()) file = *model_.state.bundle() / file;
+    const std::filesystem::path file = musicFileOf(model_);
     if (file == music_) return;
     music_ = file;
     picture_ = {};

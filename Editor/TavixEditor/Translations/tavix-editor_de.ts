@@ -293,6 +293,1184 @@
     </message>
 </context>
 <context>
+    <name>Document</name>
+    <message>
+        <source>Accent</source>
+        <translation>Akzent</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Amplitude</source>
+        <translation>Ausschlag</translation>
+    </message>
+    <message>
+        <source>Animation</source>
+        <translation>Animation</translation>
+    </message>
+    <message>
+        <source>At</source>
+        <translation>Bei</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>Ton</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Base padding</source>
+        <translation>Grundabstand</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Unschärfe</translation>
+    </message>
+    <message>
+        <source>Blur in</source>
+        <translation>Aus der Unschärfe</translation>
+    </message>
+    <message>
+        <source>Blur radius</source>
+        <translation>Weichheit</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>Helligkeit</translation>
+    </message>
+    <message>
+        <source>Camera distance</source>
+        <translation>Kameraabstand</translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation>Leinwand</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Chance</source>
+        <translation>Zufall</translation>
+    </message>
+    <message>
+        <source>Char cascade</source>
+        <translation>Buchstabenfall</translation>
+    </message>
+    <message>
+        <source>Chromatic aberration</source>
+        <translation>Farbsaum</translation>
+    </message>
+    <message>
+        <source>Color controls</source>
+        <translation>Farbregler</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Contain</source>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>Kontrast</translation>
+    </message>
+    <message>
+        <source>Corner</source>
+        <translation>Ecke</translation>
+    </message>
+    <message>
+        <source>Corner radius</source>
+        <translation>Eckenradius</translation>
+    </message>
+    <message>
+        <source>Cosmic orange</source>
+        <translation>Kosmisches Orange</translation>
+    </message>
+    <message>
+        <source>Cover</source>
+        <translation>Füllen</translation>
+    </message>
+    <message>
+        <source>Cross zoom</source>
+        <translation>Kreuzzoom</translation>
+    </message>
+    <message>
+        <source>Crosswarp</source>
+        <translation>Verzerrte Blende</translation>
+    </message>
+    <message>
+        <source>Cue</source>
+        <translation>Klang</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Damping</source>
+        <translation>Dämpfung</translation>
+    </message>
+    <message>
+        <source>Deep blue</source>
+        <translation>Tiefblau</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Tiefe</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Dreamy zoom</source>
+        <translation>Traumzoom</translation>
+    </message>
+    <message>
+        <source>Drift</source>
+        <translation>Schweben</translation>
+    </message>
+    <message>
+        <source>Drift period</source>
+        <translation>Dauer des Schwebens</translation>
+    </message>
+    <message>
+        <source>Duotone</source>
+        <translation>Zweiton</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>Effekte</translation>
+    </message>
+    <message>
+        <source>Elegant</source>
+        <translation>Elegant</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Emphasis</source>
+        <translation>Hervorhebung</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Auftritt</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Abgang</translation>
+    </message>
+    <message>
+        <source>Fade</source>
+        <translation>Überblenden</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
+        <source>Fade up</source>
+        <translation>Aufblenden</translation>
+    </message>
+    <message>
+        <source>Field of view</source>
+        <translation>Bildwinkel</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Füllung</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>Gehäusefarbe</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>Erster Schlag</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>Einpassung</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Umdrehen</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Font weight</source>
+        <translation>Schriftstärke</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message>
+        <source>Frame path</source>
+        <translation>Rahmenbild</translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation>Bildrate</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Glacial</source>
+        <translation>Sehr langsam</translation>
+    </message>
+    <message>
+        <source>Glow</source>
+        <translation>Leuchten</translation>
+    </message>
+    <message>
+        <source>Heavy</source>
+        <translation>Schwer</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Hoch</translation>
+    </message>
+    <message>
+        <source>Highlight</source>
+        <translation>Markierung</translation>
+    </message>
+    <message>
+        <source>Highlight color</source>
+        <translation>Markierungsfarbe</translation>
+    </message>
+    <message>
+        <source>Hold last frame</source>
+        <translation>Letztes Bild halten</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>In space</source>
+        <translation>Im Raum</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>Stärke</translation>
+    </message>
+    <message>
+        <source>Karaoke fill</source>
+        <translation>Karaoke</translation>
+    </message>
+    <message>
+        <source>Key light</source>
+        <translation>Hauptlicht</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Kinetic</source>
+        <translation>Bewegt</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Licht</translation>
+    </message>
+    <message>
+        <source>Light intensity</source>
+        <translation>Lichtstärke</translation>
+    </message>
+    <message>
+        <source>Line rise</source>
+        <translation>Zeilen steigen</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Gleichmäßig</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Niedrig</translation>
+    </message>
+    <message>
+        <source>Max width</source>
+        <translation>Größte Breite</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>Motion blur</source>
+        <translation>Bewegungsunschärfe</translation>
+    </message>
+    <message>
+        <source>Move X</source>
+        <translation>X-Weg</translation>
+    </message>
+    <message>
+        <source>Move Y</source>
+        <translation>Y-Weg</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <translation>Korn</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Params</source>
+        <translation>Stärken</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Pixelate</source>
+        <translation>Verpixeln</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Placement</source>
+        <translation>Platzierung</translation>
+    </message>
+    <message>
+        <source>Pose damping</source>
+        <translation>Dämpfung der Haltung</translation>
+    </message>
+    <message>
+        <source>Pose response</source>
+        <translation>Trägheit der Haltung</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Punchy</source>
+        <translation>Kräftig</translation>
+    </message>
+    <message>
+        <source>Push</source>
+        <translation>Schieben</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Rect</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Reel</source>
+        <translation>Reel</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Response</source>
+        <translation>Trägheit</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Ripple</source>
+        <translation>Wellen</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>Drehung</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>Sättigung</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Größenfaktor</translation>
+    </message>
+    <message>
+        <source>Scale pop</source>
+        <translation>Aufspringen</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>Szene</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Screen corner radius</source>
+        <translation>Eckenradius des Bildschirms</translation>
+    </message>
+    <message>
+        <source>Seed</source>
+        <translation>Startzahl</translation>
+    </message>
+    <message>
+        <source>Semibold</source>
+        <translation>Halbfett</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>Schatten</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>Silver</source>
+        <translation>Silber</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Slam</source>
+        <translation>Aufprall</translation>
+    </message>
+    <message>
+        <source>Slide down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Slide left</source>
+        <translation>Nach links</translation>
+    </message>
+    <message>
+        <source>Slide right</source>
+        <translation>Nach rechts</translation>
+    </message>
+    <message>
+        <source>Slide up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>Weich</translation>
+    </message>
+    <message>
+        <source>Snap</source>
+        <translation>Schnell</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>Klangdatei</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Klänge</translation>
+    </message>
+    <message>
+        <source>Source rect</source>
+        <translation>Ausschnitt</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo der Bewegung</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Start at</source>
+        <translation>Beginnt bei</translation>
+    </message>
+    <message>
+        <source>Still</source>
+        <translation>Standbild</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>Stil</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Text color</source>
+        <translation>Textfarbe</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Kippung</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>Tönung</translation>
+    </message>
+    <message>
+        <source>Token</source>
+        <translation>Stelle</translation>
+    </message>
+    <message>
+        <source>Tracking</source>
+        <translation>Laufweite</translation>
+    </message>
+    <message>
+        <source>Tracking in</source>
+        <translation>Laufweite zieht sich zusammen</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>Umformung</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>Übergang</translation>
+    </message>
+    <message>
+        <source>Trim end</source>
+        <translation>Ende kürzen</translation>
+    </message>
+    <message>
+        <source>Trim start</source>
+        <translation>Anfang kürzen</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Drehwinkel</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>Vignette</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>Wipe</source>
+        <translation>Wischen</translation>
+    </message>
+    <message>
+        <source>Word indices</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>Word pop</source>
+        <translation>Wörter springen auf</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentHelp</name>
+    <message>
+        <source>0 is grey, 1 changes nothing.</source>
+        <translation>0 ist grau, 1 ändert nichts.</translation>
+    </message>
+    <message>
+        <source>A device of the catalog, as `tavix presets devices` lists them.</source>
+        <translation>Ein Gerät des Katalogs, wie `tavix presets devices` sie aufführt.</translation>
+    </message>
+    <message>
+        <source>A key of the document&apos;s `fonts`, a font&apos;s name, a short name that `tavix presets fonts` lists, or a font file; the theme&apos;s when absent.</source>
+        <translation>Ein Schlüssel aus `fonts` des Dokuments, der Name einer Schrift, ein Kurzname aus `tavix presets fonts` oder eine Schriftdatei; ohne Angabe die des Themas.</translation>
+    </message>
+    <message>
+        <source>A name to speak of it.</source>
+        <translation>Ein Name, um davon zu sprechen.</translation>
+    </message>
+    <message>
+        <source>A picture of the device with a hole for its screen.</source>
+        <translation>Ein Bild des Geräts mit einem Loch für seinen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>A shadow behind the letters.</source>
+        <translation>Ein Schatten hinter den Buchstaben.</translation>
+    </message>
+    <message>
+        <source>A sound of the catalog, as `tavix presets sounds` lists them, or a sound file.</source>
+        <translation>Ein Klang des Katalogs, wie `tavix presets sounds` sie aufführt, oder eine Klangdatei.</translation>
+    </message>
+    <message>
+        <source>Added to every channel.</source>
+        <translation>Wird zu jedem Kanal addiert.</translation>
+    </message>
+    <message>
+        <source>Chooses all that looks random.</source>
+        <translation>Wählt alles, was zufällig aussieht.</translation>
+    </message>
+    <message>
+        <source>Colour at the far end; the element&apos;s own when absent.</source>
+        <translation>Farbe am fernen Ende; ohne Angabe die eigene des Elements.</translation>
+    </message>
+    <message>
+        <source>Colour of a marker behind the words.</source>
+        <translation>Farbe eines Markers hinter den Wörtern.</translation>
+    </message>
+    <message>
+        <source>Colour of the body; named motions and formations leave it.</source>
+        <translation>Farbe des Gehäuses; benannte Bewegungen und Formationen lassen sie stehen.</translation>
+    </message>
+    <message>
+        <source>Colour of the letters.</source>
+        <translation>Farbe der Buchstaben.</translation>
+    </message>
+    <message>
+        <source>Colour of the words.</source>
+        <translation>Farbe der Wörter.</translation>
+    </message>
+    <message>
+        <source>Corner radius of the screen.</source>
+        <translation>Eckenradius des Bildschirms.</translation>
+    </message>
+    <message>
+        <source>Extra space between letters.</source>
+        <translation>Zusätzlicher Raum zwischen den Buchstaben.</translation>
+    </message>
+    <message>
+        <source>Frames per second: a number, or a fraction such as 30000/1001; 29.97 means that one.</source>
+        <translation>Bilder je Sekunde: eine Zahl oder ein Bruch wie 30000/1001; 29.97 meint diesen.</translation>
+    </message>
+    <message>
+        <source>Free space between the canvas&apos;s edge and the device at scale 1. It makes the size of a device in space too.</source>
+        <translation>Freier Raum zwischen dem Rand der Leinwand und dem Gerät beim Größenfaktor 1. Er bestimmt auch die Größe eines Geräts im Raum.</translation>
+    </message>
+    <message>
+        <source>From where the key light shines: x below 0 is from above, y above 0 from the left; z is not used.</source>
+        <translation>Woher das Hauptlicht scheint: x unter 0 von oben, y über 0 von links; z wird nicht benutzt.</translation>
+    </message>
+    <message>
+        <source>Height of the frames; even, for films.</source>
+        <translation>Höhe der Bilder; für Filme gerade.</translation>
+    </message>
+    <message>
+        <source>How bright the glow is.</source>
+        <translation>Wie hell das Leuchten ist.</translation>
+    </message>
+    <message>
+        <source>How dark it is.</source>
+        <translation>Wie dunkel er ist.</translation>
+    </message>
+    <message>
+        <source>How dark the edge gets; 1 is black in the corners at a radius of 1.</source>
+        <translation>Wie dunkel der Rand wird; 1 ist bei Radius 1 schwarz in den Ecken.</translation>
+    </message>
+    <message>
+        <source>How far a dreamyZoom turns.</source>
+        <translation>Wie weit sich ein Traumzoom dreht.</translation>
+    </message>
+    <message>
+        <source>How far a ripple throws, in pixels of a picture of 1080 lines.</source>
+        <translation>Wie weit Wellen werfen, in Pixeln eines Bildes von 1080 Zeilen.</translation>
+    </message>
+    <message>
+        <source>How far a ripple&apos;s wave runs in the whole transition, in radians.</source>
+        <translation>Wie weit die Welle im ganzen Übergang läuft, im Bogenmaß.</translation>
+    </message>
+    <message>
+        <source>How far a zoom goes.</source>
+        <translation>Wie weit ein Zoom geht.</translation>
+    </message>
+    <message>
+        <source>How far it goes: 0 not at all, 1 wholly.</source>
+        <translation>Wie weit es geht: 0 gar nicht, 1 ganz.</translation>
+    </message>
+    <message>
+        <source>How far it sways about its rest from side to side; half as far up and down.</source>
+        <translation>Wie weit es um seine Ruhelage hin und her schwingt; auf und ab halb so weit.</translation>
+    </message>
+    <message>
+        <source>How far red goes to one side and blue to the other.</source>
+        <translation>Wie weit Rot zur einen und Blau zur anderen Seite geht.</translation>
+    </message>
+    <message>
+        <source>How far the camera stands, in lengths of space. It changes the perspective and not the size.</source>
+        <translation>Wie weit die Kamera entfernt ist, in Längen des Raums. Sie ändert die Perspektive, nicht die Größe.</translation>
+    </message>
+    <message>
+        <source>How heavy the letters are.</source>
+        <translation>Wie stark die Buchstaben sind.</translation>
+    </message>
+    <message>
+        <source>How it gives way to the next scene.</source>
+        <translation>Wie sie der nächsten Szene weicht.</translation>
+    </message>
+    <message>
+        <source>How its progress runs.</source>
+        <translation>Wie ihr Fortschritt verläuft.</translation>
+    </message>
+    <message>
+        <source>How large the device is at the playhead.</source>
+        <translation>Wie groß das Gerät an der Abspielmarke ist.</translation>
+    </message>
+    <message>
+        <source>How long a pose takes to arrive.</source>
+        <translation>Wie lange eine Haltung braucht, bis sie ankommt.</translation>
+    </message>
+    <message>
+        <source>How long it is, its transition to the next scene included.</source>
+        <translation>Wie lang sie ist, mit ihrem Übergang zur nächsten Szene.</translation>
+    </message>
+    <message>
+        <source>How long it stays; to the end of its scene when absent.</source>
+        <translation>Wie lange sie bleibt; ohne Angabe bis zum Ende ihrer Szene.</translation>
+    </message>
+    <message>
+        <source>How long it takes to come in.</source>
+        <translation>Wie lange sie braucht, um zu kommen.</translation>
+    </message>
+    <message>
+        <source>How long it takes to go, at the end of the film.</source>
+        <translation>Wie lange sie am Ende des Films braucht, um zu gehen.</translation>
+    </message>
+    <message>
+        <source>How long one piece takes.</source>
+        <translation>Wie lange ein Teil braucht.</translation>
+    </message>
+    <message>
+        <source>How long one sway takes.</source>
+        <translation>Wie lange ein Schwung dauert.</translation>
+    </message>
+    <message>
+        <source>How long the device takes to follow.</source>
+        <translation>Wie lange das Gerät braucht, um zu folgen.</translation>
+    </message>
+    <message>
+        <source>How long the two scenes overlap; the film is shorter by that.</source>
+        <translation>Wie lange die zwei Szenen sich überdecken; um so viel ist der Film kürzer.</translation>
+    </message>
+    <message>
+        <source>How near the device is at the playhead; 0.5 is usual.</source>
+        <translation>Wie nah das Gerät an der Abspielmarke ist; 0,5 ist üblich.</translation>
+    </message>
+    <message>
+        <source>How progress runs over the phase.</source>
+        <translation>Wie der Fortschritt in der Phase verläuft.</translation>
+    </message>
+    <message>
+        <source>How round its corners are; 0.5 is a half circle.</source>
+        <translation>Wie rund seine Ecken sind; 0,5 ist ein Halbkreis.</translation>
+    </message>
+    <message>
+        <source>How round the corners of a rect are; 0.5 is a half circle.</source>
+        <translation>Wie rund die Ecken eines Rechtecks sind; 0,5 ist ein Halbkreis.</translation>
+    </message>
+    <message>
+        <source>How soft it is: the standard deviation of a blur.</source>
+        <translation>Wie weich er ist: die Standardabweichung einer Unschärfe.</translation>
+    </message>
+    <message>
+        <source>How soft its edge is: the standard deviation of a blur.</source>
+        <translation>Wie weich sein Rand ist: die Standardabweichung einer Unschärfe.</translation>
+    </message>
+    <message>
+        <source>How solid it is at the far end.</source>
+        <translation>Wie deckend es am fernen Ende ist.</translation>
+    </message>
+    <message>
+        <source>How solid it is.</source>
+        <translation>Wie deckend es ist.</translation>
+    </message>
+    <message>
+        <source>How springy: from 0.2, which swings long, to 1, which does not swing.</source>
+        <translation>Wie federnd: von 0,2, das lange schwingt, bis 1, das nicht schwingt.</translation>
+    </message>
+    <message>
+        <source>How strong the grain is.</source>
+        <translation>Wie stark das Korn ist.</translation>
+    </message>
+    <message>
+        <source>How the device is turned at the playhead, in degrees.</source>
+        <translation>Wie das Gerät an der Abspielmarke gedreht ist, in Grad.</translation>
+    </message>
+    <message>
+        <source>How the next scene takes over.</source>
+        <translation>Wie die nächste Szene übernimmt.</translation>
+    </message>
+    <message>
+        <source>How the text comes, stays and goes.</source>
+        <translation>Wie der Text kommt, bleibt und geht.</translation>
+    </message>
+    <message>
+        <source>How wide the glow is: its standard deviation.</source>
+        <translation>Wie breit das Leuchten ist: seine Standardabweichung.</translation>
+    </message>
+    <message>
+        <source>Its colour.</source>
+        <translation>Seine Farbe.</translation>
+    </message>
+    <message>
+        <source>Its height.</source>
+        <translation>Seine Höhe.</translation>
+    </message>
+    <message>
+        <source>Its height; that of the picture in pixels when absent. The width follows.</source>
+        <translation>Seine Höhe; ohne Angabe die des Bildes in Pixeln. Die Breite folgt.</translation>
+    </message>
+    <message>
+        <source>Its image effects, applied in order before it is moved. At most 32, and at most 4 chromaticAberration.</source>
+        <translation>Ihre Bildeffekte, der Reihe nach angewandt, bevor sie bewegt wird. Höchstens 32, davon höchstens 4 Farbsäume.</translation>
+    </message>
+    <message>
+        <source>Its outline. An ellipse is a rect whose corners are as round as they can be: a circle where it is as wide as high.</source>
+        <translation>Ihr Umriss. Eine Ellipse ist ein Rechteck mit so runden Ecken wie möglich: ein Kreis, wo sie so breit wie hoch ist.</translation>
+    </message>
+    <message>
+        <source>Its paint. A gradient spans the whole canvas, not the shape: the shape is a window on it.</source>
+        <translation>Ihre Farbe. Ein Verlauf spannt sich über die ganze Leinwand, nicht über die Form: die Form ist ein Fenster darauf.</translation>
+    </message>
+    <message>
+        <source>Its place, in shares of the canvas from the top left; the whole canvas when absent.</source>
+        <translation>Ihr Ort, in Anteilen der Leinwand von links oben; ohne Angabe die ganze Leinwand.</translation>
+    </message>
+    <message>
+        <source>Its tempo; needed for times in beats. `tavix beats` finds it.</source>
+        <translation>Ihr Tempo; nötig für Zeiten in Schlägen. `tavix beats` findet es.</translation>
+    </message>
+    <message>
+        <source>Its width.</source>
+        <translation>Seine Breite.</translation>
+    </message>
+    <message>
+        <source>Loudness; 1 is as recorded.</source>
+        <translation>Lautstärke; 1 ist wie aufgenommen.</translation>
+    </message>
+    <message>
+        <source>Makes the device a model in space. It then stands where `placement` says: the layer&apos;s `position` does not move it.</source>
+        <translation>Macht das Gerät zu einem Modell im Raum. Es steht dann, wo `placement` sagt: die Position der Ebene bewegt es nicht.</translation>
+    </message>
+    <message>
+        <source>Size at the far end; 1 is its own.</source>
+        <translation>Größe am fernen Ende; 1 ist die eigene.</translation>
+    </message>
+    <message>
+        <source>Size of the text.</source>
+        <translation>Größe des Textes.</translation>
+    </message>
+    <message>
+        <source>Size of the words; 1 is that of the text.</source>
+        <translation>Größe der Wörter; 1 ist die des Textes.</translation>
+    </message>
+    <message>
+        <source>Smear of quick motion: this share of its way in a frame, at most 32 pixels. 0 is sharp.</source>
+        <translation>Verwischung schneller Bewegung: dieser Anteil ihres Weges in einem Bild, höchstens 32 Pixel. 0 ist scharf.</translation>
+    </message>
+    <message>
+        <source>Sounds at single moments.</source>
+        <translation>Klänge zu einzelnen Augenblicken.</translation>
+    </message>
+    <message>
+        <source>Spread about the middle grey; 1 changes nothing.</source>
+        <translation>Spreizung um das mittlere Grau; 1 ändert nichts.</translation>
+    </message>
+    <message>
+        <source>Standard deviation of the blur at the far end.</source>
+        <translation>Standardabweichung der Unschärfe am fernen Ende.</translation>
+    </message>
+    <message>
+        <source>Standard deviation of the blur.</source>
+        <translation>Standardabweichung der Unschärfe.</translation>
+    </message>
+    <message>
+        <source>Strength of the light; 1 is usual.</source>
+        <translation>Stärke des Lichts; 1 ist üblich.</translation>
+    </message>
+    <message>
+        <source>Strengths of the warping styles.</source>
+        <translation>Stärken der verzerrenden Stile.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s angle of view, from top to bottom.</source>
+        <translation>Der Bildwinkel der Kamera, von oben bis unten.</translation>
+    </message>
+    <message>
+        <source>The colour it is drawn towards.</source>
+        <translation>Die Farbe, zu der es hingezogen wird.</translation>
+    </message>
+    <message>
+        <source>The colour of the dark parts.</source>
+        <translation>Die Farbe der dunklen Teile.</translation>
+    </message>
+    <message>
+        <source>The colour of the light parts.</source>
+        <translation>Die Farbe der hellen Teile.</translation>
+    </message>
+    <message>
+        <source>The left upper corner of the layer, in pixels of the canvas.</source>
+        <translation>Die linke obere Ecke der Ebene, in Pixeln der Leinwand.</translation>
+    </message>
+    <message>
+        <source>The look, from the theme.</source>
+        <translation>Das Aussehen, aus dem Thema.</translation>
+    </message>
+    <message>
+        <source>The movie file, relative to the asset root.</source>
+        <translation>Die Filmdatei, vom Ordner des Projekts aus.</translation>
+    </message>
+    <message>
+        <source>The music under everything.</source>
+        <translation>Die Musik unter allem.</translation>
+    </message>
+    <message>
+        <source>The part of the clip that is shown, in shares of it from its top left.</source>
+        <translation>Der gezeigte Teil des Clips, in Anteilen von links oben.</translation>
+    </message>
+    <message>
+        <source>The part of the picture that is shown, in shares of it from its top left.</source>
+        <translation>Der gezeigte Teil des Bildes, in Anteilen von links oben.</translation>
+    </message>
+    <message>
+        <source>The picture file, relative to the asset root.</source>
+        <translation>Die Bilddatei, vom Ordner des Projekts aus.</translation>
+    </message>
+    <message>
+        <source>The pose at rest: x tips the top away, y turns the screen to the right, z turns clockwise.</source>
+        <translation>Die Haltung in Ruhe: x kippt die Oberseite weg, y dreht den Bildschirm nach rechts, z dreht im Uhrzeigersinn.</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s place, in shares of the frame picture.</source>
+        <translation>Der Ort des Bildschirms, in Anteilen des Rahmenbildes.</translation>
+    </message>
+    <message>
+        <source>The side of a square.</source>
+        <translation>Die Seite eines Quadrats.</translation>
+    </message>
+    <message>
+        <source>The sound file, relative to the asset root.</source>
+        <translation>Die Klangdatei, vom Ordner des Projekts aus.</translation>
+    </message>
+    <message>
+        <source>The video file.</source>
+        <translation>Die Videodatei.</translation>
+    </message>
+    <message>
+        <source>Turn at the far end: x brings the top forward, y turns it to the right, z turns text counterclockwise and a whole layer clockwise.</source>
+        <translation>Drehung am fernen Ende: x bringt die Oberseite nach vorn, y dreht nach rechts, z dreht Text gegen und eine ganze Ebene im Uhrzeigersinn.</translation>
+    </message>
+    <message>
+        <source>Weight of the words.</source>
+        <translation>Stärke der Wörter.</translation>
+    </message>
+    <message>
+        <source>What holds at the playhead; a change sets a keyframe there.</source>
+        <translation>Was an der Abspielmarke gilt; eine Änderung setzt dort einen Keyframe.</translation>
+    </message>
+    <message>
+        <source>What is behind everything.</source>
+        <translation>Was hinter allem liegt.</translation>
+    </message>
+    <message>
+        <source>What is behind its layers.</source>
+        <translation>Was hinter ihren Ebenen liegt.</translation>
+    </message>
+    <message>
+        <source>What is heard.</source>
+        <translation>Was zu hören ist.</translation>
+    </message>
+    <message>
+        <source>What is written; a line break starts a new line. At most 20,000 characters.</source>
+        <translation>Was geschrieben steht; ein Umbruch beginnt eine neue Zeile. Höchstens 20.000 Zeichen.</translation>
+    </message>
+    <message>
+        <source>What it shows.</source>
+        <translation>Was es zeigt.</translation>
+    </message>
+    <message>
+        <source>What it was called.</source>
+        <translation>Wie es genannt wurde.</translation>
+    </message>
+    <message>
+        <source>What the devices of a formation show, one after another and over again; without it all show `screen`.</source>
+        <translation>Was die Geräte einer Formation zeigen, eines nach dem anderen und wieder von vorn; ohne dies zeigen alle `screen`.</translation>
+    </message>
+    <message>
+        <source>What the screen shows.</source>
+        <translation>Was der Bildschirm zeigt.</translation>
+    </message>
+    <message>
+        <source>When it appears, from the start of its scene.</source>
+        <translation>Wann sie erscheint, vom Beginn ihrer Szene an.</translation>
+    </message>
+    <message>
+        <source>When its first beat falls, in seconds of the file.</source>
+        <translation>Wann ihr erster Schlag fällt, in Sekunden der Datei.</translation>
+    </message>
+    <message>
+        <source>When, from the start of the film.</source>
+        <translation>Wann, vom Beginn des Films an.</translation>
+    </message>
+    <message>
+        <source>Where in the file it begins.</source>
+        <translation>Wo in der Datei es beginnt.</translation>
+    </message>
+    <message>
+        <source>Where in the file it ends.</source>
+        <translation>Wo in der Datei es endet.</translation>
+    </message>
+    <message>
+        <source>Where in the file it starts.</source>
+        <translation>Wo in der Datei es anfängt.</translation>
+    </message>
+    <message>
+        <source>Where it comes from as it appears. Of a phase around a whole layer, offset, scale, rotationDeg.z (clockwise), opacity and blur count.</source>
+        <translation>Woher sie beim Erscheinen kommt. Bei einer Phase um eine ganze Ebene zählen Versatz, Größenfaktor, Drehung um z (im Uhrzeigersinn), Deckkraft und Unschärfe.</translation>
+    </message>
+    <message>
+        <source>Where it falls: x to the right, y downwards, both in shares of the canvas height.</source>
+        <translation>Wohin er fällt: x nach rechts, y nach unten, beide in Anteilen der Leinwandhöhe.</translation>
+    </message>
+    <message>
+        <source>Where it goes as it disappears.</source>
+        <translation>Wohin sie beim Verschwinden geht.</translation>
+    </message>
+    <message>
+        <source>Where it is at the far end: x to the right, y downwards, both in shares of the canvas height.</source>
+        <translation>Wo es am fernen Ende ist: x nach rechts, y nach unten, beide in Anteilen der Leinwandhöhe.</translation>
+    </message>
+    <message>
+        <source>Where its middle stands, in output pixels from the top left. Clips with a `rect`, fills and devices do not heed it; scale, turn and skew go about it.</source>
+        <translation>Wo ihre Mitte steht, in Pixeln der Ausgabe von links oben. Clips mit `rect`, Füllungen und Geräte beachten sie nicht; Größe, Drehung und Neigung gehen um sie.</translation>
+    </message>
+    <message>
+        <source>Where lines start: left, center or right.</source>
+        <translation>Wo Zeilen beginnen: links, mittig oder rechts.</translation>
+    </message>
+    <message>
+        <source>Where the device stands at the playhead, from the middle, in canvas heights.</source>
+        <translation>Wo das Gerät an der Abspielmarke steht, von der Mitte aus, in Leinwandhöhen.</translation>
+    </message>
+    <message>
+        <source>Where the device stands, over time, about the middle of the canvas.</source>
+        <translation>Wo das Gerät im Lauf der Zeit steht, um die Mitte der Leinwand.</translation>
+    </message>
+    <message>
+        <source>Where the full darkness lies, in half diagonals from the middle.</source>
+        <translation>Wo die volle Dunkelheit liegt, in halben Diagonalen von der Mitte aus.</translation>
+    </message>
+    <message>
+        <source>Whether it fills its place or fits into it.</source>
+        <translation>Ob es seinen Ort füllt oder hineinpasst.</translation>
+    </message>
+    <message>
+        <source>Whether the last frame stays when the clip is over; it goes otherwise.</source>
+        <translation>Ob das letzte Bild stehen bleibt, wenn der Clip zu Ende ist; sonst verschwindet er.</translation>
+    </message>
+    <message>
+        <source>Which grain; the same seed gives the same.</source>
+        <translation>Welches Korn; dieselbe Startzahl gibt dasselbe.</translation>
+    </message>
+    <message>
+        <source>Which words of the text, counted from 0.</source>
+        <translation>Welche Wörter des Textes, von 0 an gezählt.</translation>
+    </message>
+    <message>
+        <source>Widest block, of the canvas width. Beside it a margin of half of (1 - maxWidthFraction) of the canvas *height* stays free on either side, and lines keep 0.6 of the text&apos;s size from the block&apos;s edges.</source>
+        <translation>Breitester Block, von der Leinwandbreite. Daneben bleibt auf jeder Seite die Hälfte von (1 - maxWidthFraction) der Leinwand*höhe* frei, und Zeilen halten 0,6 der Textgröße Abstand von den Rändern des Blocks.</translation>
+    </message>
+    <message>
+        <source>Width of the frames; even, for films.</source>
+        <translation>Breite der Bilder; für Filme gerade.</translation>
+    </message>
+    <message>
+        <source>Words with a look of their own.</source>
+        <translation>Wörter mit eigenem Aussehen.</translation>
+    </message>
+    <message>
+        <source>The folder of the reel, whose name ends in .tavixproj.</source>
+        <translation>Der Ordner des Reels, dessen Name auf .tavixproj endet.</translation>
+    </message>
+    <message>
+        <source>The picture file.</source>
+        <translation>Die Bilddatei.</translation>
+    </message>
+</context>
+<context>
     <name>Drops</name>
     <message>
         <source>Add Files</source>
@@ -415,10 +1593,6 @@
         <translation>Am besten</translation>
     </message>
     <message>
-        <source>Usual for the Codec</source>
-        <translation>Üblich für den Codec</translation>
-    </message>
-    <message>
         <source>Quality</source>
         <translation>Qualität</translation>
     </message>
@@ -485,6 +1659,38 @@
     <message>
         <source>About %1, in about %2 on this machine</source>
         <translation>Etwa %1, in etwa %2 auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>Animiertes WebP</translation>
+    </message>
+    <message>
+        <source>Pictures, one for each frame</source>
+        <translation>Bilder, eines je Einzelbild</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <translation> MB</translation>
+    </message>
+    <message>
+        <source>At Most</source>
+        <translation>Höchstens</translation>
+    </message>
+    <message>
+        <source>The usual</source>
+        <translation>Das Übliche</translation>
+    </message>
+    <message>
+        <source>At most %1, with %2 Mbit/s for the pictures, in about %3 on this machine</source>
+        <translation>Höchstens %1, mit %2 Mbit/s für die Bilder, in etwa %3 auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>About %1 at %2 × %3 pixels and %4 frames a second, in about %5 on this machine</source>
+        <translation>Etwa %1 bei %2 × %3 Pixeln und %4 Bildern je Sekunde, in etwa %5 auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>Export to a Folder</source>
+        <translation>In einen Ordner exportieren</translation>
     </message>
 </context>
 <context>
@@ -559,10 +1765,66 @@
     </message>
 </context>
 <context>
+    <name>GalleryPlayer</name>
+    <message>
+        <source>The motion as it plays</source>
+        <translation>Die Bewegung, wie sie läuft</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>Von vorn</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>No motion is chosen</source>
+        <translation>Keine Bewegung gewählt</translation>
+    </message>
+    <message>
+        <source>Choose one to see it here.</source>
+        <translation>Wählen Sie eine, um sie hier zu sehen.</translation>
+    </message>
+    <message>
+        <source>%1 · %2 · %3 s</source>
+        <comment>a collection, 2D or 3D, the seconds that it takes</comment>
+        <translation>%1 · %2 · %3 s</translation>
+    </message>
+    <message>
+        <source>In documents: %1</source>
+        <translation>In Dokumenten: %1</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>It is being drawn…</source>
+        <translation>Wird gezeichnet…</translation>
+    </message>
+</context>
+<context>
     <name>GalleryWindow</name>
     <message>
         <source>Motion Presets</source>
         <translation>Bewegungen</translation>
+    </message>
+    <message>
+        <source>Give to the Selected Device</source>
+        <translation>Dem gewählten Gerät geben</translation>
+    </message>
+    <message>
+        <source>Motion “%1”</source>
+        <translation>Bewegung „%1“</translation>
+    </message>
+    <message>
+        <source>Select a device in a project to give it a motion.</source>
+        <translation>Wählen Sie in einem Projekt ein Gerät, um ihm eine Bewegung zu geben.</translation>
+    </message>
+    <message>
+        <source>It takes the place of the device&apos;s own motion; undo brings that back.</source>
+        <translation>Sie ersetzt die eigene Bewegung des Geräts; Rückgängig holt diese zurück.</translation>
     </message>
 </context>
 <context>
@@ -718,6 +1980,10 @@
         <source>Weight</source>
         <translation>Stärke</translation>
     </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>Klang abspielen</translation>
+    </message>
 </context>
 <context>
     <name>InspectorPanel</name>
@@ -752,6 +2018,18 @@
     <message>
         <source>Add Keyframe</source>
         <translation>Keyframe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Composition</source>
+        <translation>Komposition</translation>
+    </message>
+    <message>
+        <source>%1 layers</source>
+        <translation>%1 Ebenen</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>Szene %1</translation>
     </message>
 </context>
 <context>
@@ -919,6 +2197,49 @@
     </message>
 </context>
 <context>
+    <name>MusicStrip</name>
+    <message>
+        <source>Waveform of the music</source>
+        <translation>Wellenform der Musik</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>Hört zu…</translation>
+    </message>
+    <message>
+        <source>Not listened to yet: Find Beats tells its tempo and its sections.</source>
+        <translation>Noch nicht angehört: „Takt finden“ nennt Tempo und Abschnitte.</translation>
+    </message>
+    <message>
+        <source>%1 beats a minute</source>
+        <translation>%1 Schläge je Minute</translation>
+    </message>
+    <message>
+        <source>first beat at %1 s</source>
+        <translation>erster Schlag bei %1 s</translation>
+    </message>
+    <message>
+        <source>%1 % sure</source>
+        <translation>zu %1 % sicher</translation>
+    </message>
+    <message>
+        <source>or %1</source>
+        <translation>oder %1</translation>
+    </message>
+    <message>
+        <source>no beat</source>
+        <translation>kein Takt</translation>
+    </message>
+    <message>
+        <source>drop at %1 s</source>
+        <translation>Drop bei %1 s</translation>
+    </message>
+    <message>
+        <source>%1 sections</source>
+        <translation>%1 Abschnitte</translation>
+    </message>
+</context>
+<context>
     <name>NewProjectSheet</name>
     <message>
         <source>Create…</source>
@@ -989,6 +2310,18 @@
     </message>
 </context>
 <context>
+    <name>Selection</name>
+    <message>
+        <source>%1 layer %2</source>
+        <comment>a kind, as text or device, and the number of the layer</comment>
+        <translation>Ebene %2 (%1)</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 und %2 weitere</translation>
+    </message>
+</context>
+<context>
     <name>ShortcutSheet</name>
     <message>
         <source>Assign</source>
@@ -1054,6 +2387,61 @@
     <message>
         <source>%1 × %2 pixels at %3, %4</source>
         <translation>%1 × %2 Pixel bei %3, %4</translation>
+    </message>
+</context>
+<context>
+    <name>Step</name>
+    <message>
+        <source>Find the beat</source>
+        <translation>Takt finden</translation>
+    </message>
+    <message>
+        <source>Add keyframe</source>
+        <translation>Keyframe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Move device</source>
+        <translation>Gerät bewegen</translation>
+    </message>
+    <message>
+        <source>Nudge device</source>
+        <translation>Gerät rücken</translation>
+    </message>
+    <message>
+        <source>Move layer</source>
+        <translation>Ebene bewegen</translation>
+    </message>
+    <message>
+        <source>Nudge layer</source>
+        <translation>Ebene rücken</translation>
+    </message>
+    <message>
+        <source>Edit text</source>
+        <translation>Text bearbeiten</translation>
+    </message>
+    <message>
+        <source>Duplicate layer</source>
+        <translation>Ebene duplizieren</translation>
+    </message>
+    <message>
+        <source>Duplicate scene</source>
+        <translation>Szene duplizieren</translation>
+    </message>
+    <message>
+        <source>Remove layer</source>
+        <translation>Ebene entfernen</translation>
+    </message>
+    <message>
+        <source>Remove scene</source>
+        <translation>Szene entfernen</translation>
+    </message>
+    <message>
+        <source>Add scene</source>
+        <translation>Szene hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add layer</source>
+        <translation>Ebene hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1311,6 +2699,30 @@
     <message>
         <source>No recent projects</source>
         <translation>Noch keine Projekte</translation>
+    </message>
+    <message>
+        <source>Update Engine</source>
+        <translation>Befehl aktualisieren</translation>
+    </message>
+    <message>
+        <source>Install Globally</source>
+        <translation>Für alles installieren</translation>
+    </message>
+    <message>
+        <source>Puts the command tavix on this machine, for the agents that it has.</source>
+        <translation>Legt den Befehl tavix auf diesem Rechner ab, für seine Agenten.</translation>
+    </message>
+    <message>
+        <source>Install for a Project</source>
+        <translation>Für ein Projekt installieren</translation>
+    </message>
+    <message>
+        <source>Puts the command tavix into one folder, for the agents that work there.</source>
+        <translation>Legt den Befehl tavix in einem Ordner ab, für die Agenten, die dort arbeiten.</translation>
+    </message>
+    <message>
+        <source>The command on this machine is of another version than this application.</source>
+        <translation>Der Befehl auf diesem Rechner hat eine andere Version als diese Anwendung.</translation>
     </message>
 </context>
 <context>

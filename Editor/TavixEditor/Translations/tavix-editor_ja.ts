@@ -293,6 +293,1184 @@
     </message>
 </context>
 <context>
+    <name>Document</name>
+    <message>
+        <source>Accent</source>
+        <translation>アクセント</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>配置</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>量</translation>
+    </message>
+    <message>
+        <source>Amplitude</source>
+        <translation>振幅</translation>
+    </message>
+    <message>
+        <source>Animation</source>
+        <translation>アニメーション</translation>
+    </message>
+    <message>
+        <source>At</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>Audio</source>
+        <translation>オーディオ</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>Base padding</source>
+        <translation>基本の余白</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>黒</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Blur in</source>
+        <translation>ぼけから現れる</translation>
+    </message>
+    <message>
+        <source>Blur radius</source>
+        <translation>ぼかしの半径</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>太字</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>明るさ</translation>
+    </message>
+    <message>
+        <source>Camera distance</source>
+        <translation>カメラの距離</translation>
+    </message>
+    <message>
+        <source>Canvas</source>
+        <translation>キャンバス</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中央</translation>
+    </message>
+    <message>
+        <source>Chance</source>
+        <translation>乱数</translation>
+    </message>
+    <message>
+        <source>Char cascade</source>
+        <translation>文字の連なり</translation>
+    </message>
+    <message>
+        <source>Chromatic aberration</source>
+        <translation>色収差</translation>
+    </message>
+    <message>
+        <source>Color controls</source>
+        <translation>色の調整</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>色</translation>
+    </message>
+    <message>
+        <source>Contain</source>
+        <translation>全体を収める</translation>
+    </message>
+    <message>
+        <source>Contrast</source>
+        <translation>コントラスト</translation>
+    </message>
+    <message>
+        <source>Corner</source>
+        <translation>角の位置</translation>
+    </message>
+    <message>
+        <source>Corner radius</source>
+        <translation>角丸の半径</translation>
+    </message>
+    <message>
+        <source>Cosmic orange</source>
+        <translation>コズミックオレンジ</translation>
+    </message>
+    <message>
+        <source>Cover</source>
+        <translation>枠を満たす</translation>
+    </message>
+    <message>
+        <source>Cross zoom</source>
+        <translation>クロスズーム</translation>
+    </message>
+    <message>
+        <source>Crosswarp</source>
+        <translation>クロスワープ</translation>
+    </message>
+    <message>
+        <source>Cue</source>
+        <translation>効果音</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>曲線</translation>
+    </message>
+    <message>
+        <source>Damping</source>
+        <translation>減衰</translation>
+    </message>
+    <message>
+        <source>Deep blue</source>
+        <translation>ディープブルー</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>Dreamy zoom</source>
+        <translation>ドリーミーズーム</translation>
+    </message>
+    <message>
+        <source>Drift</source>
+        <translation>漂い</translation>
+    </message>
+    <message>
+        <source>Drift period</source>
+        <translation>漂いの周期</translation>
+    </message>
+    <message>
+        <source>Duotone</source>
+        <translation>ダブルトーン</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Effects</source>
+        <translation>エフェクト</translation>
+    </message>
+    <message>
+        <source>Elegant</source>
+        <translation>エレガント</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>楕円</translation>
+    </message>
+    <message>
+        <source>Emphasis</source>
+        <translation>強調</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>登場</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>退場</translation>
+    </message>
+    <message>
+        <source>Fade</source>
+        <translation>フェード</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>フェードイン</translation>
+    </message>
+    <message>
+        <source>Fade out</source>
+        <translation>フェードアウト</translation>
+    </message>
+    <message>
+        <source>Fade up</source>
+        <translation>下からフェード</translation>
+    </message>
+    <message>
+        <source>Field of view</source>
+        <translation>画角</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>塗り</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>仕上げ</translation>
+    </message>
+    <message>
+        <source>First beat</source>
+        <translation>最初の拍</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <translation>収め方</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>反転</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>フォント</translation>
+    </message>
+    <message>
+        <source>Font weight</source>
+        <translation>フォントの太さ</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>Frame path</source>
+        <translation>フレームのファイル</translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation>フレームレート</translation>
+    </message>
+    <message>
+        <source>Gain</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Glacial</source>
+        <translation>とても遅い</translation>
+    </message>
+    <message>
+        <source>Glow</source>
+        <translation>光彩</translation>
+    </message>
+    <message>
+        <source>Heavy</source>
+        <translation>極太</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>Highlight</source>
+        <translation>ハイライト</translation>
+    </message>
+    <message>
+        <source>Highlight color</source>
+        <translation>ハイライトの色</translation>
+    </message>
+    <message>
+        <source>Hold last frame</source>
+        <translation>最後のコマで止める</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>In space</source>
+        <translation>空間内</translation>
+    </message>
+    <message>
+        <source>Intensity</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>Karaoke fill</source>
+        <translation>カラオケ塗り</translation>
+    </message>
+    <message>
+        <source>Key light</source>
+        <translation>主光源</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Kinetic</source>
+        <translation>動き</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>光</translation>
+    </message>
+    <message>
+        <source>Light intensity</source>
+        <translation>光の強さ</translation>
+    </message>
+    <message>
+        <source>Line rise</source>
+        <translation>行がせり上がる</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>低</translation>
+    </message>
+    <message>
+        <source>Max width</source>
+        <translation>最大の幅</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>モデル</translation>
+    </message>
+    <message>
+        <source>Motion blur</source>
+        <translation>モーションブラー</translation>
+    </message>
+    <message>
+        <source>Move X</source>
+        <translation>X方向の移動</translation>
+    </message>
+    <message>
+        <source>Move Y</source>
+        <translation>Y方向の移動</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音楽</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <translation>ノイズ</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>ずれ</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>オン</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Params</source>
+        <translation>パラメータ</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Pixelate</source>
+        <translation>モザイク</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Placement</source>
+        <translation>配置場所</translation>
+    </message>
+    <message>
+        <source>Pose damping</source>
+        <translation>姿勢の減衰</translation>
+    </message>
+    <message>
+        <source>Pose response</source>
+        <translation>姿勢の応答</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置座標</translation>
+    </message>
+    <message>
+        <source>Punchy</source>
+        <translation>力強い</translation>
+    </message>
+    <message>
+        <source>Push</source>
+        <translation>プッシュ</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Rect</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Reel</source>
+        <translation>リール</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Response</source>
+        <translation>応答</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Ripple</source>
+        <translation>波紋</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Saturation</source>
+        <translation>彩度</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大率</translation>
+    </message>
+    <message>
+        <source>Scale pop</source>
+        <translation>ポップ</translation>
+    </message>
+    <message>
+        <source>Scene</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>画面</translation>
+    </message>
+    <message>
+        <source>Screen corner radius</source>
+        <translation>画面の角丸</translation>
+    </message>
+    <message>
+        <source>Seed</source>
+        <translation>シード</translation>
+    </message>
+    <message>
+        <source>Semibold</source>
+        <translation>中太</translation>
+    </message>
+    <message>
+        <source>Shadow</source>
+        <translation>影</translation>
+    </message>
+    <message>
+        <source>Shape</source>
+        <translation>図形</translation>
+    </message>
+    <message>
+        <source>Silver</source>
+        <translation>シルバー</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大きさ</translation>
+    </message>
+    <message>
+        <source>Slam</source>
+        <translation>スラム</translation>
+    </message>
+    <message>
+        <source>Slide down</source>
+        <translation>下へスライド</translation>
+    </message>
+    <message>
+        <source>Slide left</source>
+        <translation>左へスライド</translation>
+    </message>
+    <message>
+        <source>Slide right</source>
+        <translation>右へスライド</translation>
+    </message>
+    <message>
+        <source>Slide up</source>
+        <translation>上へスライド</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>なめらか</translation>
+    </message>
+    <message>
+        <source>Snap</source>
+        <translation>素早い</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>音</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>効果音</translation>
+    </message>
+    <message>
+        <source>Source rect</source>
+        <translation>切り出す範囲</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速さ</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>開始</translation>
+    </message>
+    <message>
+        <source>Start at</source>
+        <translation>開始位置</translation>
+    </message>
+    <message>
+        <source>Still</source>
+        <translation>静止画</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>スタイル</translation>
+    </message>
+    <message>
+        <source>Tempo</source>
+        <translation>テンポ</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Text color</source>
+        <translation>文字の色</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>傾き</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Tint</source>
+        <translation>色味</translation>
+    </message>
+    <message>
+        <source>Token</source>
+        <translation>トークン</translation>
+    </message>
+    <message>
+        <source>Tracking</source>
+        <translation>字間</translation>
+    </message>
+    <message>
+        <source>Tracking in</source>
+        <translation>字間が縮まる</translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation>変形</translation>
+    </message>
+    <message>
+        <source>Transition</source>
+        <translation>トランジション</translation>
+    </message>
+    <message>
+        <source>Trim end</source>
+        <translation>末尾の切り詰め</translation>
+    </message>
+    <message>
+        <source>Trim start</source>
+        <translation>先頭の切り詰め</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>回転角</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>ビデオ</translation>
+    </message>
+    <message>
+        <source>Vignette</source>
+        <translation>周辺減光</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Wipe</source>
+        <translation>ワイプ</translation>
+    </message>
+    <message>
+        <source>Word indices</source>
+        <translation>単語の選択</translation>
+    </message>
+    <message>
+        <source>Word pop</source>
+        <translation>単語のポップ</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentHelp</name>
+    <message>
+        <source>0 is grey, 1 changes nothing.</source>
+        <translation>0 は灰色、1 は変化なし。</translation>
+    </message>
+    <message>
+        <source>A device of the catalog, as `tavix presets devices` lists them.</source>
+        <translation>`tavix presets devices` が一覧するカタログのデバイス。</translation>
+    </message>
+    <message>
+        <source>A key of the document&apos;s `fonts`, a font&apos;s name, a short name that `tavix presets fonts` lists, or a font file; the theme&apos;s when absent.</source>
+        <translation>ドキュメントの `fonts` のキー、フォント名、`tavix presets fonts` の短い名前、またはフォントファイル。省略時はテーマのもの。</translation>
+    </message>
+    <message>
+        <source>A name to speak of it.</source>
+        <translation>呼び名。</translation>
+    </message>
+    <message>
+        <source>A picture of the device with a hole for its screen.</source>
+        <translation>画面の部分が抜けたデバイスの画像。</translation>
+    </message>
+    <message>
+        <source>A shadow behind the letters.</source>
+        <translation>文字の後ろの影。</translation>
+    </message>
+    <message>
+        <source>A sound of the catalog, as `tavix presets sounds` lists them, or a sound file.</source>
+        <translation>`tavix presets sounds` が一覧するカタログの音、または音声ファイル。</translation>
+    </message>
+    <message>
+        <source>Added to every channel.</source>
+        <translation>各チャンネルに加える値。</translation>
+    </message>
+    <message>
+        <source>Chooses all that looks random.</source>
+        <translation>ランダムに見えるものすべてを決める値。</translation>
+    </message>
+    <message>
+        <source>Colour at the far end; the element&apos;s own when absent.</source>
+        <translation>端での色。省略時は要素自身の色。</translation>
+    </message>
+    <message>
+        <source>Colour of a marker behind the words.</source>
+        <translation>単語の後ろのマーカーの色。</translation>
+    </message>
+    <message>
+        <source>Colour of the body; named motions and formations leave it.</source>
+        <translation>本体の色。名前付きのモーションや編隊では変わりません。</translation>
+    </message>
+    <message>
+        <source>Colour of the letters.</source>
+        <translation>文字の色。</translation>
+    </message>
+    <message>
+        <source>Colour of the words.</source>
+        <translation>単語の色。</translation>
+    </message>
+    <message>
+        <source>Corner radius of the screen.</source>
+        <translation>画面の角丸の半径。</translation>
+    </message>
+    <message>
+        <source>Extra space between letters.</source>
+        <translation>文字の間の余分な空き。</translation>
+    </message>
+    <message>
+        <source>Frames per second: a number, or a fraction such as 30000/1001; 29.97 means that one.</source>
+        <translation>1 秒あたりのコマ数。数、または 30000/1001 のような分数。29.97 はこれを意味します。</translation>
+    </message>
+    <message>
+        <source>Free space between the canvas&apos;s edge and the device at scale 1. It makes the size of a device in space too.</source>
+        <translation>拡大率 1 でのキャンバスの端とデバイスの間の余白。空間内のデバイスの大きさもこれで決まります。</translation>
+    </message>
+    <message>
+        <source>From where the key light shines: x below 0 is from above, y above 0 from the left; z is not used.</source>
+        <translation>主光源の方向。x が 0 未満なら上から、y が 0 より大きければ左から。z は使いません。</translation>
+    </message>
+    <message>
+        <source>Height of the frames; even, for films.</source>
+        <translation>コマの高さ。映像では偶数。</translation>
+    </message>
+    <message>
+        <source>How bright the glow is.</source>
+        <translation>光彩の明るさ。</translation>
+    </message>
+    <message>
+        <source>How dark it is.</source>
+        <translation>暗さ。</translation>
+    </message>
+    <message>
+        <source>How dark the edge gets; 1 is black in the corners at a radius of 1.</source>
+        <translation>縁の暗さ。1 は半径 1 のとき四隅が黒。</translation>
+    </message>
+    <message>
+        <source>How far a dreamyZoom turns.</source>
+        <translation>ドリーミーズームの回転の量。</translation>
+    </message>
+    <message>
+        <source>How far a ripple throws, in pixels of a picture of 1080 lines.</source>
+        <translation>波紋の振れ幅。1080 ラインの画像でのピクセル数。</translation>
+    </message>
+    <message>
+        <source>How far a ripple&apos;s wave runs in the whole transition, in radians.</source>
+        <translation>トランジション全体で波が進む量(ラジアン)。</translation>
+    </message>
+    <message>
+        <source>How far a zoom goes.</source>
+        <translation>ズームの量。</translation>
+    </message>
+    <message>
+        <source>How far it goes: 0 not at all, 1 wholly.</source>
+        <translation>効き具合。0 はなし、1 は完全。</translation>
+    </message>
+    <message>
+        <source>How far it sways about its rest from side to side; half as far up and down.</source>
+        <translation>静止位置からの左右の揺れ幅。上下はその半分。</translation>
+    </message>
+    <message>
+        <source>How far red goes to one side and blue to the other.</source>
+        <translation>赤と青がそれぞれ反対側にずれる量。</translation>
+    </message>
+    <message>
+        <source>How far the camera stands, in lengths of space. It changes the perspective and not the size.</source>
+        <translation>カメラまでの距離(空間の長さ)。大きさではなく遠近感が変わります。</translation>
+    </message>
+    <message>
+        <source>How heavy the letters are.</source>
+        <translation>文字の太さ。</translation>
+    </message>
+    <message>
+        <source>How it gives way to the next scene.</source>
+        <translation>次のシーンへの移り方。</translation>
+    </message>
+    <message>
+        <source>How its progress runs.</source>
+        <translation>進み方。</translation>
+    </message>
+    <message>
+        <source>How large the device is at the playhead.</source>
+        <translation>再生ヘッドでのデバイスの大きさ。</translation>
+    </message>
+    <message>
+        <source>How long a pose takes to arrive.</source>
+        <translation>姿勢に達するまでの時間。</translation>
+    </message>
+    <message>
+        <source>How long it is, its transition to the next scene included.</source>
+        <translation>次のシーンへのトランジションを含む長さ。</translation>
+    </message>
+    <message>
+        <source>How long it stays; to the end of its scene when absent.</source>
+        <translation>表示される長さ。省略時はシーンの終わりまで。</translation>
+    </message>
+    <message>
+        <source>How long it takes to come in.</source>
+        <translation>始まりのフェードの長さ。</translation>
+    </message>
+    <message>
+        <source>How long it takes to go, at the end of the film.</source>
+        <translation>映像の終わりでのフェードの長さ。</translation>
+    </message>
+    <message>
+        <source>How long one piece takes.</source>
+        <translation>1 つの要素にかかる時間。</translation>
+    </message>
+    <message>
+        <source>How long one sway takes.</source>
+        <translation>1 回の揺れにかかる時間。</translation>
+    </message>
+    <message>
+        <source>How long the device takes to follow.</source>
+        <translation>デバイスが追いつくまでの時間。</translation>
+    </message>
+    <message>
+        <source>How long the two scenes overlap; the film is shorter by that.</source>
+        <translation>2 つのシーンが重なる長さ。そのぶん映像は短くなります。</translation>
+    </message>
+    <message>
+        <source>How near the device is at the playhead; 0.5 is usual.</source>
+        <translation>再生ヘッドでのデバイスの近さ。通常は 0.5。</translation>
+    </message>
+    <message>
+        <source>How progress runs over the phase.</source>
+        <translation>この間の進み方。</translation>
+    </message>
+    <message>
+        <source>How round its corners are; 0.5 is a half circle.</source>
+        <translation>角の丸さ。0.5 は半円。</translation>
+    </message>
+    <message>
+        <source>How round the corners of a rect are; 0.5 is a half circle.</source>
+        <translation>矩形の角の丸さ。0.5 は半円。</translation>
+    </message>
+    <message>
+        <source>How soft it is: the standard deviation of a blur.</source>
+        <translation>柔らかさ。ぼかしの標準偏差。</translation>
+    </message>
+    <message>
+        <source>How soft its edge is: the standard deviation of a blur.</source>
+        <translation>縁の柔らかさ。ぼかしの標準偏差。</translation>
+    </message>
+    <message>
+        <source>How solid it is at the far end.</source>
+        <translation>端での不透明度。</translation>
+    </message>
+    <message>
+        <source>How solid it is.</source>
+        <translation>不透明度。</translation>
+    </message>
+    <message>
+        <source>How springy: from 0.2, which swings long, to 1, which does not swing.</source>
+        <translation>弾み具合。0.2 は長く揺れ、1 は揺れません。</translation>
+    </message>
+    <message>
+        <source>How strong the grain is.</source>
+        <translation>粒子の強さ。</translation>
+    </message>
+    <message>
+        <source>How the device is turned at the playhead, in degrees.</source>
+        <translation>再生ヘッドでのデバイスの向き(度)。</translation>
+    </message>
+    <message>
+        <source>How the next scene takes over.</source>
+        <translation>次のシーンへの切り替わり方。</translation>
+    </message>
+    <message>
+        <source>How the text comes, stays and goes.</source>
+        <translation>テキストの現れ方、留まり方、消え方。</translation>
+    </message>
+    <message>
+        <source>How wide the glow is: its standard deviation.</source>
+        <translation>光彩の広さ(標準偏差)。</translation>
+    </message>
+    <message>
+        <source>Its colour.</source>
+        <translation>色。</translation>
+    </message>
+    <message>
+        <source>Its height.</source>
+        <translation>高さ。</translation>
+    </message>
+    <message>
+        <source>Its height; that of the picture in pixels when absent. The width follows.</source>
+        <translation>高さ。省略時は画像のピクセル数。幅はこれに従います。</translation>
+    </message>
+    <message>
+        <source>Its image effects, applied in order before it is moved. At most 32, and at most 4 chromaticAberration.</source>
+        <translation>動かす前に順に適用される画像エフェクト。最大 32 個、うち色収差は最大 4 個。</translation>
+    </message>
+    <message>
+        <source>Its outline. An ellipse is a rect whose corners are as round as they can be: a circle where it is as wide as high.</source>
+        <translation>輪郭。楕円は角を最大限に丸めた矩形で、幅と高さが同じなら円になります。</translation>
+    </message>
+    <message>
+        <source>Its paint. A gradient spans the whole canvas, not the shape: the shape is a window on it.</source>
+        <translation>塗り。グラデーションは図形ではなくキャンバス全体に広がり、図形はその窓になります。</translation>
+    </message>
+    <message>
+        <source>Its place, in shares of the canvas from the top left; the whole canvas when absent.</source>
+        <translation>左上からのキャンバスの割合での位置。省略時はキャンバス全体。</translation>
+    </message>
+    <message>
+        <source>Its tempo; needed for times in beats. `tavix beats` finds it.</source>
+        <translation>テンポ。拍での時刻指定に必要です。`tavix beats` で求められます。</translation>
+    </message>
+    <message>
+        <source>Its width.</source>
+        <translation>幅。</translation>
+    </message>
+    <message>
+        <source>Loudness; 1 is as recorded.</source>
+        <translation>音量。1 は録音のまま。</translation>
+    </message>
+    <message>
+        <source>Makes the device a model in space. It then stands where `placement` says: the layer&apos;s `position` does not move it.</source>
+        <translation>デバイスを空間内のモデルにします。位置は `placement` に従い、レイヤーの位置座標では動きません。</translation>
+    </message>
+    <message>
+        <source>Size at the far end; 1 is its own.</source>
+        <translation>端での大きさ。1 は元の大きさ。</translation>
+    </message>
+    <message>
+        <source>Size of the text.</source>
+        <translation>テキストの大きさ。</translation>
+    </message>
+    <message>
+        <source>Size of the words; 1 is that of the text.</source>
+        <translation>単語の大きさ。1 はテキストと同じ。</translation>
+    </message>
+    <message>
+        <source>Smear of quick motion: this share of its way in a frame, at most 32 pixels. 0 is sharp.</source>
+        <translation>速い動きのぶれ。1 コマで進む距離に対する割合で、最大 32 ピクセル。0 はぶれなし。</translation>
+    </message>
+    <message>
+        <source>Sounds at single moments.</source>
+        <translation>個々の時刻に鳴る音。</translation>
+    </message>
+    <message>
+        <source>Spread about the middle grey; 1 changes nothing.</source>
+        <translation>中間の灰色からの広がり。1 は変化なし。</translation>
+    </message>
+    <message>
+        <source>Standard deviation of the blur at the far end.</source>
+        <translation>端でのぼかしの標準偏差。</translation>
+    </message>
+    <message>
+        <source>Standard deviation of the blur.</source>
+        <translation>ぼかしの標準偏差。</translation>
+    </message>
+    <message>
+        <source>Strength of the light; 1 is usual.</source>
+        <translation>光の強さ。通常は 1。</translation>
+    </message>
+    <message>
+        <source>Strengths of the warping styles.</source>
+        <translation>歪ませるスタイルの強さ。</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s angle of view, from top to bottom.</source>
+        <translation>カメラの縦の画角。</translation>
+    </message>
+    <message>
+        <source>The colour it is drawn towards.</source>
+        <translation>近づける色。</translation>
+    </message>
+    <message>
+        <source>The colour of the dark parts.</source>
+        <translation>暗い部分の色。</translation>
+    </message>
+    <message>
+        <source>The colour of the light parts.</source>
+        <translation>明るい部分の色。</translation>
+    </message>
+    <message>
+        <source>The left upper corner of the layer, in pixels of the canvas.</source>
+        <translation>レイヤーの左上の角(キャンバスのピクセル)。</translation>
+    </message>
+    <message>
+        <source>The look, from the theme.</source>
+        <translation>テーマから選ぶ外観。</translation>
+    </message>
+    <message>
+        <source>The movie file, relative to the asset root.</source>
+        <translation>プロジェクトのフォルダから見た動画ファイル。</translation>
+    </message>
+    <message>
+        <source>The music under everything.</source>
+        <translation>全体に流れる音楽。</translation>
+    </message>
+    <message>
+        <source>The part of the clip that is shown, in shares of it from its top left.</source>
+        <translation>表示するクリップの部分。左上からの割合。</translation>
+    </message>
+    <message>
+        <source>The part of the picture that is shown, in shares of it from its top left.</source>
+        <translation>表示する画像の部分。左上からの割合。</translation>
+    </message>
+    <message>
+        <source>The picture file, relative to the asset root.</source>
+        <translation>プロジェクトのフォルダから見た画像ファイル。</translation>
+    </message>
+    <message>
+        <source>The pose at rest: x tips the top away, y turns the screen to the right, z turns clockwise.</source>
+        <translation>静止時の姿勢。x は上端を奥へ、y は画面を右へ、z は時計回りに回します。</translation>
+    </message>
+    <message>
+        <source>The screen&apos;s place, in shares of the frame picture.</source>
+        <translation>フレーム画像に対する割合での画面の位置。</translation>
+    </message>
+    <message>
+        <source>The side of a square.</source>
+        <translation>正方形の一辺。</translation>
+    </message>
+    <message>
+        <source>The sound file, relative to the asset root.</source>
+        <translation>プロジェクトのフォルダから見た音声ファイル。</translation>
+    </message>
+    <message>
+        <source>The video file.</source>
+        <translation>動画ファイル。</translation>
+    </message>
+    <message>
+        <source>Turn at the far end: x brings the top forward, y turns it to the right, z turns text counterclockwise and a whole layer clockwise.</source>
+        <translation>端での回転。x は上端を手前へ、y は右へ、z はテキストを反時計回りに、レイヤー全体を時計回りに回します。</translation>
+    </message>
+    <message>
+        <source>Weight of the words.</source>
+        <translation>単語の太さ。</translation>
+    </message>
+    <message>
+        <source>What holds at the playhead; a change sets a keyframe there.</source>
+        <translation>再生ヘッドでの値。変更するとそこにキーフレームが置かれます。</translation>
+    </message>
+    <message>
+        <source>What is behind everything.</source>
+        <translation>すべての後ろにあるもの。</translation>
+    </message>
+    <message>
+        <source>What is behind its layers.</source>
+        <translation>レイヤーの後ろにあるもの。</translation>
+    </message>
+    <message>
+        <source>What is heard.</source>
+        <translation>聞こえるもの。</translation>
+    </message>
+    <message>
+        <source>What is written; a line break starts a new line. At most 20,000 characters.</source>
+        <translation>書かれる内容。改行で新しい行になります。最大 20,000 文字。</translation>
+    </message>
+    <message>
+        <source>What it shows.</source>
+        <translation>表示するもの。</translation>
+    </message>
+    <message>
+        <source>What it was called.</source>
+        <translation>元の名前。</translation>
+    </message>
+    <message>
+        <source>What the devices of a formation show, one after another and over again; without it all show `screen`.</source>
+        <translation>編隊のデバイスが順に繰り返し表示するもの。なければすべて `screen` を表示します。</translation>
+    </message>
+    <message>
+        <source>What the screen shows.</source>
+        <translation>画面に表示するもの。</translation>
+    </message>
+    <message>
+        <source>When it appears, from the start of its scene.</source>
+        <translation>シーンの始まりから見た表示の開始時刻。</translation>
+    </message>
+    <message>
+        <source>When its first beat falls, in seconds of the file.</source>
+        <translation>最初の拍の時刻(ファイルの秒)。</translation>
+    </message>
+    <message>
+        <source>When, from the start of the film.</source>
+        <translation>映像の始まりからの時刻。</translation>
+    </message>
+    <message>
+        <source>Where in the file it begins.</source>
+        <translation>ファイル内の開始位置。</translation>
+    </message>
+    <message>
+        <source>Where in the file it ends.</source>
+        <translation>ファイル内の終了位置。</translation>
+    </message>
+    <message>
+        <source>Where in the file it starts.</source>
+        <translation>ファイル内の始まり。</translation>
+    </message>
+    <message>
+        <source>Where it comes from as it appears. Of a phase around a whole layer, offset, scale, rotationDeg.z (clockwise), opacity and blur count.</source>
+        <translation>現れるときの出発点。レイヤー全体の場合、ずれ、拡大率、z の回転(時計回り)、不透明度、ぼかしが効きます。</translation>
+    </message>
+    <message>
+        <source>Where it falls: x to the right, y downwards, both in shares of the canvas height.</source>
+        <translation>影の落ちる位置。x は右、y は下、いずれもキャンバスの高さに対する割合。</translation>
+    </message>
+    <message>
+        <source>Where it goes as it disappears.</source>
+        <translation>消えるときの行き先。</translation>
+    </message>
+    <message>
+        <source>Where it is at the far end: x to the right, y downwards, both in shares of the canvas height.</source>
+        <translation>端での位置。x は右、y は下、いずれもキャンバスの高さに対する割合。</translation>
+    </message>
+    <message>
+        <source>Where its middle stands, in output pixels from the top left. Clips with a `rect`, fills and devices do not heed it; scale, turn and skew go about it.</source>
+        <translation>左上からの出力ピクセルでの中心の位置。`rect` のあるクリップ、塗り、デバイスには効きません。拡大、回転、傾斜はここを中心に行われます。</translation>
+    </message>
+    <message>
+        <source>Where lines start: left, center or right.</source>
+        <translation>行の揃え方。左、中央、右。</translation>
+    </message>
+    <message>
+        <source>Where the device stands at the playhead, from the middle, in canvas heights.</source>
+        <translation>再生ヘッドでのデバイスの位置。中央からのキャンバスの高さ単位。</translation>
+    </message>
+    <message>
+        <source>Where the device stands, over time, about the middle of the canvas.</source>
+        <translation>時間に沿ったデバイスの位置。キャンバスの中央が基準。</translation>
+    </message>
+    <message>
+        <source>Where the full darkness lies, in half diagonals from the middle.</source>
+        <translation>最も暗くなる位置。中央からの対角線の半分を単位とします。</translation>
+    </message>
+    <message>
+        <source>Whether it fills its place or fits into it.</source>
+        <translation>枠を満たすか、枠に収めるか。</translation>
+    </message>
+    <message>
+        <source>Whether the last frame stays when the clip is over; it goes otherwise.</source>
+        <translation>クリップが終わったあと最後のコマを残すかどうか。残さなければ消えます。</translation>
+    </message>
+    <message>
+        <source>Which grain; the same seed gives the same.</source>
+        <translation>粒子の種類。同じシードなら同じになります。</translation>
+    </message>
+    <message>
+        <source>Which words of the text, counted from 0.</source>
+        <translation>テキストのどの単語か(0 から数えます)。</translation>
+    </message>
+    <message>
+        <source>Widest block, of the canvas width. Beside it a margin of half of (1 - maxWidthFraction) of the canvas *height* stays free on either side, and lines keep 0.6 of the text&apos;s size from the block&apos;s edges.</source>
+        <translation>キャンバスの幅に対するブロックの最大幅。両側にはキャンバスの*高さ*の (1 - maxWidthFraction) の半分が空き、行はブロックの端から文字の大きさの 0.6 だけ離れます。</translation>
+    </message>
+    <message>
+        <source>Width of the frames; even, for films.</source>
+        <translation>コマの幅。映像では偶数。</translation>
+    </message>
+    <message>
+        <source>Words with a look of their own.</source>
+        <translation>独自の外観を持つ単語。</translation>
+    </message>
+    <message>
+        <source>The folder of the reel, whose name ends in .tavixproj.</source>
+        <translation>名前が .tavixproj で終わるリールのフォルダ。</translation>
+    </message>
+    <message>
+        <source>The picture file.</source>
+        <translation>画像ファイル。</translation>
+    </message>
+</context>
+<context>
     <name>Drops</name>
     <message>
         <source>Add Files</source>
@@ -415,10 +1593,6 @@
         <translation>最高</translation>
     </message>
     <message>
-        <source>Usual for the Codec</source>
-        <translation>コーデックの標準</translation>
-    </message>
-    <message>
         <source>Quality</source>
         <translation>品質</translation>
     </message>
@@ -485,6 +1659,38 @@
     <message>
         <source>About %1, in about %2 on this machine</source>
         <translation>約%1（このマシンで約%2）</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>アニメーション WebP</translation>
+    </message>
+    <message>
+        <source>Pictures, one for each frame</source>
+        <translation>画像(1 コマに 1 枚)</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <translation> MB</translation>
+    </message>
+    <message>
+        <source>At Most</source>
+        <translation>上限</translation>
+    </message>
+    <message>
+        <source>The usual</source>
+        <translation>通常</translation>
+    </message>
+    <message>
+        <source>At most %1, with %2 Mbit/s for the pictures, in about %3 on this machine</source>
+        <translation>最大 %1、映像は %2 Mbit/s、このマシンで約 %3</translation>
+    </message>
+    <message>
+        <source>About %1 at %2 × %3 pixels and %4 frames a second, in about %5 on this machine</source>
+        <translation>約 %1、%2 × %3 ピクセル、毎秒 %4 コマ、このマシンで約 %5</translation>
+    </message>
+    <message>
+        <source>Export to a Folder</source>
+        <translation>フォルダに書き出し</translation>
     </message>
 </context>
 <context>
@@ -559,10 +1765,66 @@
     </message>
 </context>
 <context>
+    <name>GalleryPlayer</name>
+    <message>
+        <source>The motion as it plays</source>
+        <translation>再生中のモーション</translation>
+    </message>
+    <message>
+        <source>From the start</source>
+        <translation>最初から</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>No motion is chosen</source>
+        <translation>モーションが選ばれていません</translation>
+    </message>
+    <message>
+        <source>Choose one to see it here.</source>
+        <translation>選ぶとここに表示されます。</translation>
+    </message>
+    <message>
+        <source>%1 · %2 · %3 s</source>
+        <comment>a collection, 2D or 3D, the seconds that it takes</comment>
+        <translation>%1 · %2 · %3 秒</translation>
+    </message>
+    <message>
+        <source>In documents: %1</source>
+        <translation>ドキュメント内: %1</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>It is being drawn…</source>
+        <translation>描画中…</translation>
+    </message>
+</context>
+<context>
     <name>GalleryWindow</name>
     <message>
         <source>Motion Presets</source>
         <translation>モーションプリセット</translation>
+    </message>
+    <message>
+        <source>Give to the Selected Device</source>
+        <translation>選択したデバイスに適用</translation>
+    </message>
+    <message>
+        <source>Motion “%1”</source>
+        <translation>モーション「%1」</translation>
+    </message>
+    <message>
+        <source>Select a device in a project to give it a motion.</source>
+        <translation>プロジェクトでデバイスを選ぶとモーションを適用できます。</translation>
+    </message>
+    <message>
+        <source>It takes the place of the device&apos;s own motion; undo brings that back.</source>
+        <translation>デバイス固有の動きと置き換わります。取り消しで元に戻せます。</translation>
     </message>
 </context>
 <context>
@@ -718,6 +1980,10 @@
         <source>Weight</source>
         <translation>太さ</translation>
     </message>
+    <message>
+        <source>Play the sound</source>
+        <translation>音を再生</translation>
+    </message>
 </context>
 <context>
     <name>InspectorPanel</name>
@@ -752,6 +2018,18 @@
     <message>
         <source>Add Keyframe</source>
         <translation>キーフレームを追加</translation>
+    </message>
+    <message>
+        <source>Composition</source>
+        <translation>コンポジション</translation>
+    </message>
+    <message>
+        <source>%1 layers</source>
+        <translation>%1 個のレイヤー</translation>
+    </message>
+    <message>
+        <source>Scene %1</source>
+        <translation>シーン %1</translation>
     </message>
 </context>
 <context>
@@ -919,6 +2197,49 @@
     </message>
 </context>
 <context>
+    <name>MusicStrip</name>
+    <message>
+        <source>Waveform of the music</source>
+        <translation>音楽の波形</translation>
+    </message>
+    <message>
+        <source>Listening…</source>
+        <translation>解析中…</translation>
+    </message>
+    <message>
+        <source>Not listened to yet: Find Beats tells its tempo and its sections.</source>
+        <translation>未解析です。拍を検出するとテンポと区間が分かります。</translation>
+    </message>
+    <message>
+        <source>%1 beats a minute</source>
+        <translation>毎分 %1 拍</translation>
+    </message>
+    <message>
+        <source>first beat at %1 s</source>
+        <translation>最初の拍 %1 秒</translation>
+    </message>
+    <message>
+        <source>%1 % sure</source>
+        <translation>確度 %1 %</translation>
+    </message>
+    <message>
+        <source>or %1</source>
+        <translation>または %1</translation>
+    </message>
+    <message>
+        <source>no beat</source>
+        <translation>拍なし</translation>
+    </message>
+    <message>
+        <source>drop at %1 s</source>
+        <translation>ドロップ %1 秒</translation>
+    </message>
+    <message>
+        <source>%1 sections</source>
+        <translation>%1 区間</translation>
+    </message>
+</context>
+<context>
     <name>NewProjectSheet</name>
     <message>
         <source>Create…</source>
@@ -989,6 +2310,18 @@
     </message>
 </context>
 <context>
+    <name>Selection</name>
+    <message>
+        <source>%1 layer %2</source>
+        <comment>a kind, as text or device, and the number of the layer</comment>
+        <translation>%1レイヤー %2</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 ほか %2</translation>
+    </message>
+</context>
+<context>
     <name>ShortcutSheet</name>
     <message>
         <source>Assign</source>
@@ -1054,6 +2387,61 @@
     <message>
         <source>%1 × %2 pixels at %3, %4</source>
         <translation>%1 × %2 ピクセル、位置 %3, %4</translation>
+    </message>
+</context>
+<context>
+    <name>Step</name>
+    <message>
+        <source>Find the beat</source>
+        <translation>拍の検出</translation>
+    </message>
+    <message>
+        <source>Add keyframe</source>
+        <translation>キーフレームの追加</translation>
+    </message>
+    <message>
+        <source>Move device</source>
+        <translation>デバイスの移動</translation>
+    </message>
+    <message>
+        <source>Nudge device</source>
+        <translation>デバイスの微移動</translation>
+    </message>
+    <message>
+        <source>Move layer</source>
+        <translation>レイヤーの移動</translation>
+    </message>
+    <message>
+        <source>Nudge layer</source>
+        <translation>レイヤーの微移動</translation>
+    </message>
+    <message>
+        <source>Edit text</source>
+        <translation>テキストの編集</translation>
+    </message>
+    <message>
+        <source>Duplicate layer</source>
+        <translation>レイヤーの複製</translation>
+    </message>
+    <message>
+        <source>Duplicate scene</source>
+        <translation>シーンの複製</translation>
+    </message>
+    <message>
+        <source>Remove layer</source>
+        <translation>レイヤーの削除</translation>
+    </message>
+    <message>
+        <source>Remove scene</source>
+        <translation>シーンの削除</translation>
+    </message>
+    <message>
+        <source>Add scene</source>
+        <translation>シーンの追加</translation>
+    </message>
+    <message>
+        <source>Add layer</source>
+        <translation>レイヤーの追加</translation>
     </message>
 </context>
 <context>
@@ -1311,6 +2699,30 @@
     <message>
         <source>No recent projects</source>
         <translation>最近のプロジェクトはありません</translation>
+    </message>
+    <message>
+        <source>Update Engine</source>
+        <translation>エンジンを更新</translation>
+    </message>
+    <message>
+        <source>Install Globally</source>
+        <translation>全体にインストール</translation>
+    </message>
+    <message>
+        <source>Puts the command tavix on this machine, for the agents that it has.</source>
+        <translation>コマンド tavix をこのマシンに入れ、エージェントから使えるようにします。</translation>
+    </message>
+    <message>
+        <source>Install for a Project</source>
+        <translation>プロジェクトにインストール</translation>
+    </message>
+    <message>
+        <source>Puts the command tavix into one folder, for the agents that work there.</source>
+        <translation>コマンド tavix を 1 つのフォルダに入れ、そこで働くエージェントから使えるようにします。</translation>
+    </message>
+    <message>
+        <source>The command on this machine is of another version than this application.</source>
+        <translation>このマシンのコマンドはこのアプリケーションと版が異なります。</translation>
     </message>
 </context>
 <context>

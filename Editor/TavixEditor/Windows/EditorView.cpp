@@ -108,7 +108,8 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     auto* wide = new QSplitter(Qt::Horizontal);
     wide->addWidget(new SidePanel(studio_, actions, findings_, changes_));
     wide->addWidget(middle);
-    wide->addWidget(makeInspectorView(model_, wide));
+    wide->addWidget(
+        makeInspectorView(model_, wide, [this](const std::filesystem::path& sound) { studio_.hear(sound); }));
     wide->setStretchFactor(1, 1);
     wide->setChildrenCollapsible(false);
     wide->setSizes({320, 1200, 304});

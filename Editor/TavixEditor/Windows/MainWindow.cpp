@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/ThemeChoice.h"
 #include "TavixEditor/App/Words.h"
@@ -177,22 +178,23 @@ void MainWindow::connectEditActions() {
     on(actions_.duplicate, [&model] {
         const Selection at = model.state.edited().selection;
         if (at.scene && at.layer)
-            model.update("Duplicate layer",
+            model.update(QT_TRANSLATE_NOOP("Step", "Duplicate layer"),
                 [&](EditState& state) { LayerOperations::duplicateLayer(state, *at.scene, *at.layer); });
         else if (at.scene)
-            model.update("Duplicate scene",
+            model.update(QT_TRANSLATE_NOOP("Step", "Duplicate scene"),
                 [&](EditState& state) { SceneOperations::duplicateScene(state, *at.scene); });
     });
     on(actions_.remove, [&model] {
         const Selection at = model.state.edited().selection;
         if (at.scene && at.layer)
-            model.update("Remove layer",
+            model.update(QT_TRANSLATE_NOOP("Step", "Remove layer"),
                 [&](EditState& state) { LayerOperations::deleteLayer(state, *at.scene, *at.layer); });
         else if (at.scene)
-            model.update(
-                "Remove scene", [&](EditState& state) { SceneOperations::removeScene(state, *at.scene); });
+            model.update(QT_TRANSLATE_NOOP("Step", "Remove scene"),
+                [&](EditState& state) { SceneOperations::removeScene(state, *at.scene); });
     });
-    on(actions_.addScene, [&model] { model.update("Add scene", SceneOperations::addScene); });
+    on(actions_.addScene,
+        [&model] { model.update(QT_TRANSLATE_NOOP("Step", "Add scene"), SceneOperations::addScene); });
     const std::pair<QAction*, ContentKind> kinds[] = {{actions_.addText, ContentKind::text},
         {actions_.addDevice, ContentKind::device}, {actions_.addImage, ContentKind::image},
         {actions_.addVideo, ContentKind::video}, {actions_.addShape, ContentKind::shape},
@@ -200,8 +202,8 @@ void MainWindow::connectEditActions() {
     for (const auto& [action, kind] : kinds)
         on(action, [&model, kind = kind] {
             const std::size_t scene = model.state.edited().selection.scene.value_or(0);
-            model.update(
-                "Add layer", [&](EditState& state) { LayerOperations::addLayer(state, scene, kind); });
+            model.update(QT_TRANSLATE_NOOP("Step", "Add layer"),
+                [&](EditState& state) { LayerOperations::addLayer(state, scene, kind); });
         });
 }
 
@@ -296,7 +298,7 @@ void MainWindow::showActions() {
     const auto named = [](QAction* action, const std::string* step, const QString& plain,
                            const QString& with) {
         action->setEnabled(step != nullptr);
-        action->setText(step ? with.arg(words(*step)) : plain);
+        action->setText(step ? with.arg(stepWords(*step)) : plain);
     };
     const History& history = studio_.model.history();
     named(actions_.undo, history.undoName(), tr("&Undo"), tr("&Undo %1"));

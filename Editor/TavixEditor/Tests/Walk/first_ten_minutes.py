@@ -213,7 +213,7 @@ class Walk:
         if choose_gif:
             desk.click(desk.find("combo box", within="Export"))
             time.sleep(0.3)
-            desk.keys("End", "Return")
+            desk.keys("Home", "Down", "Return")
         self.step("export-gif" if choose_gif else "export-film")
         desk.click(desk.find("push button", "Export…", within="Export"))
         time.sleep(1)

@@ -15,10 +15,11 @@ namespace tavix {
 namespace {
 
 constexpr int deepest = 12;   // of a document in itself
-// As many as any union has alternatives: each is taken in some document.
-constexpr std::size_t documents = 32;
+// As many as there are ways through unions in unions: each is taken in some document.
+constexpr std::size_t documents = 256;
 
-// Lets everything be there once; of unions the alternative of that number, counted round.
+// Lets everything be there once. The number says which alternatives: its remainder that of a union, the rest
+// those of unions in it.
 void fill(const Type& type, void* value, std::size_t alternative, int depth = 0) {
     if (depth > deepest) return;
     switch (type.kind) {
@@ -41,7 +42,7 @@ void fill(const Type& type, void* value, std::size_t alternative, int depth = 0)
         const auto& choice = static_cast<const ChoiceType&>(type);
         const Alternative& taken = choice.rows[alternative % choice.rows.size()];
         taken.emplace(value);
-        return fill(taken.type(), taken.held(value), alternative, depth + 1);
+        return fill(taken.type(), taken.held(value), alternative / choice.rows.size(), depth + 1);
     }
     default: return;
     }

@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/KeyframeRows.h"
+#include "Editor/EditorDomain/Inspector/PhaseEditor.h"
 #include "Editor/EditorDomain/Inspector/RowWalk.h"
 #include "Editor/EditorDomain/Timeline/TimelineScene.h"
 #include "TavixCore/Support/FieldTables.h"
@@ -124,7 +125,9 @@ Inspection ofLayers(
     Inspection shown;
     shown.title = places.size() > 1 ? std::to_string(places.size()) + " layers" : timeline::barLabel(first);
     shown.subtitle = timeline::selectionSummary(state);
-    for (InspectorRow& row : rowsOf(typeOf<CompositionLayer>(), records)) {
+    std::vector<InspectorRow> rows = rowsOf(typeOf<CompositionLayer>(), records);
+    arrangePhases(rows);
+    for (InspectorRow& row : rows) {
         const auto& tokens = row.path.tokens();
         if (tokens.front() == "tracks") continue;   // the timeline shows them
         // Named motions are given by the gallery, which lays them out at once.

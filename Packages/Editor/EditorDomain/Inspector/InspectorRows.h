@@ -27,6 +27,7 @@ struct InspectorRow {
         text,
         paragraph,
         file,
+        sound,   // one of `words`, or a file
         font,
         color,
         fill,   // a colour, a gradient or a picture

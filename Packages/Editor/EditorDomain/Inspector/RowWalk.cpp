@@ -2,6 +2,7 @@
 
 #include "TavixCore/Animation/TimingCurve.h"
 #include "TavixCore/Device/DeviceCatalog.h"
+#include "TavixCore/Document/SFXCatalog.h"
 #include "TavixCore/Document/ShapeFill.h"
 #include "TavixCore/Support/Choice.h"
 #include "TavixCore/Support/Codec.h"
@@ -290,6 +291,12 @@ private:
                 row.words.push_back(device.id);
                 row.wordNames.push_back(device.displayName);
             }
+        }
+        if (field.role == Role::sound) {
+            row.control = Control::sound;
+            for (const std::string_view name :
+                static_cast<const WordType&>(typeOf<SFXCatalog::Sound>()).names())
+                row.words.emplace_back(name);
         }
         if (field.key == "alignment") {
             row.control = Control::word;

@@ -1,5 +1,6 @@
 // The rows of the inspector, and what its controls write.
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
+#include "Editor/EditorDomain/Inspector/DocumentWords.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "Editor/EditorDomain/Inspector/Themes.h"
 #include "TavixCore/Support/Document.h"
@@ -78,6 +79,59 @@ TEST(InspectorRows, EveryKindOfLayerHasRowsThatCanBeSetToWhatTheyShow) {
                 EXPECT_EQ(state, before) << kind.label << row.path.text();
             }
         EXPECT_GT(paths.size(), 10u) << kind.label;
+    }
+}
+
+// In the order in which it is thought of, without what a phase of a whole layer does not heed, unless a
+// document has it: then it can be seen, and taken back.
+TEST(InspectorRows, OfAPhaseAreThoseThatCount) {
+    EditState state = withLayers({ContentKind::shape});
+    const auto keysOf = [&](const std::string& phase) {
+        std::vector<std::string> keys;
+        for (const InspectorSection& section : inspection(state).sections)
+            for (const InspectorRow& row : section.rows)
+                if (row.path.tokens().front() == phase) keys.push_back(row.path.tokens().back());
+        return keys;
+    };
+    EXPECT_THAT(keysOf("exit"), testing::ElementsAre("exit"));
+    LayerOperations::setExitPhase(state, 0, 0, KineticPhase::identity);
+    EXPECT_THAT(keysOf("exit"), testing::ElementsAre("exit", "durationSec", "curve", "opacity", "offset",
+                                    "scale", "rotationDeg", "blurRadiusFraction"));
+    EXPECT_THAT(keysOf("enter"), testing::ElementsAre("enter"));
+    KineticPhase skewed;
+    skewed.skewXDeg = 10;
+    LayerOperations::setExitPhase(state, 0, 0, skewed);
+    EXPECT_THAT(keysOf("exit"), testing::Contains("skewXDeg"));
+    EXPECT_EQ(rowAt(state, "/exit/opacity").range.upper, 1);
+    EXPECT_EQ(rowAt(state, "/exit/scale").range.lower, 0);
+    EXPECT_THAT(rowAt(state, "/exit/rotationDeg").parts, testing::ElementsAre("z"));
+}
+
+TEST(DocumentWords, NumbersStandApartFromTheNamesOfRows) {
+    const struct {
+        const char *label, *name, *number;
+    } cases[] = {{"Cue 12", "Cue", "12"}, {"Move X", "Move X", ""}, {"H264", "H264", ""}, {"7", "7", ""},
+        {"", "", ""}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(numbered(c.label).label, c.name);
+        EXPECT_EQ(numbered(c.label).number, c.number);
+    }
+}
+
+// Every row of a document that somebody has says nothing that was not collected.
+TEST(DocumentWords, HoldWhatTheRowsOfEveryKindOfLayerSay) {
+    const DocumentWords words = documentWords();
+    for (const ContentKindRow& kind : contentKinds) {
+        EditState state = withLayers({kind.kind});
+        for (const std::string_view effect : effectKinds()) LayerOperations::addEffect(state, 0, 0, effect);
+        LayerOperations::setEnterPhase(state, 0, 0, KineticPhase::identity);
+        for (const InspectorSection& section : inspection(state).sections) {
+            EXPECT_TRUE(section.title.empty() || words.labels.contains(section.title)) << section.title;
+            for (const InspectorRow& row : section.rows) {
+                EXPECT_TRUE(words.labels.contains(numbered(row.label).label)) << row.label;
+                EXPECT_TRUE(words.helps.contains(row.help)) << row.help;
+            }
+        }
     }
 }
 
