@@ -1,5 +1,6 @@
 #include "TavixLive/Gallery/MotionPresetStore.h"
 
+#include "TavixBase/SortingKey.h"
 #include "TavixBase/TextTrimming.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixPlatform/System/StandardFolders.h"
@@ -32,7 +33,8 @@ std::vector<MotionPresetStore::Item> MotionPresetStore::list() const {
     for (fs::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error))
         if (lowered(entry->path().extension().string()) == ".json")
             items.push_back({displayName(entry->path()), entry->path()});
-    std::ranges::sort(items, {}, [](const Item& item) { return std::pair(lowered(item.name), item.name); });
+    std::ranges::sort(
+        items, {}, [](const Item& item) { return std::pair(sortingKey(item.name), item.name); });
     return items;
 }
 

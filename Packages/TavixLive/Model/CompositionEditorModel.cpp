@@ -159,9 +159,9 @@ void CompositionEditorModel::close() {
     scene3DStash_.clear();
     for (auto* problem : {&fileProblem_, &saveProblem_, &refreshProblem_}) problem->reset();
     isSaving_ = isLooking_ = isLookDue_ = isLookAsked_ = areWatchesStale_ = false;
-    isPacking_ = isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderInFlight_ = isLiveRenderDirty_ =
-        false;
+    isPacking_ = isRefreshing_ = isSeekInFlight_ = isScrubbing_ = isLiveRenderDirty_ = false;
     seekTarget_.reset();
+    liveRender_.reset();
     liveTarget_.reset();
     liveScene3D_.reset();
     livePlacement_.reset();
@@ -180,6 +180,7 @@ void CompositionEditorModel::close() {
     state.currentTime = 0;
     state.statusMessage = "";
     state.loop = std::nullopt;
+    state.isAnalyzingMusic = false;
     state.musicAnalysis = std::nullopt;
     state.showsLiveFrame = false;
 }
@@ -198,6 +199,7 @@ std::optional<std::string> CompositionEditorModel::applyText(
         const CompositionRoad::AssetRoot root =
             state.bundle() ? CompositionRoad::AssetRoot(*state.bundle()) : std::nullopt;
         changed.spec = CompositionRoad::resolve(std::move(changed.spec), root).spec;
+        letGo();
         clampSelection(changed);
         become(stepName, std::move(changed));
         return std::nullopt;
@@ -234,6 +236,7 @@ std::optional<std::string> CompositionEditorModel::applySavedText(
 
 void CompositionEditorModel::update(
     const std::string& stepName, const std::function<void(EditState&)>& mutate) {
+    letGo();
     EditState changed = edited();
     mutate(changed);
     become(stepName, std::move(changed));
@@ -283,7 +286,7 @@ void CompositionEditorModel::packHistory() {
 }
 
 void CompositionEditorModel::beginGesture(const std::string& stepName) {
-    if (!gesture_) gesture_ = Gesture{stepName, moment()};
+    if (!gesture_) gesture_ = Gesture{stepName, moment(), state.hasUnsavedChanges()};
 }
 
 void CompositionEditorModel::endGesture() {
@@ -293,12 +296,27 @@ void CompositionEditorModel::endGesture() {
     if (isLookDue_) lookAtFile();
 }
 
+void CompositionEditorModel::cancelGesture() {
+    deviceDragStart_.reset();
+    dropLiveEdits();
+    if (gesture_) {
+        const Gesture ended = *std::exchange(gesture_, std::nullopt);
+        state.edited = ended.before.state;
+        // It may have been saved in between.
+        noteUnsaved(ended.wasUnsaved || (onDisk_ && !(onDisk_->spec == edited().spec)));
+    }
+    scheduleRefresh();
+    if (isLookDue_) lookAtFile();
+}
+
 void CompositionEditorModel::undo() {
+    letGo();
     endGesture();
     if (const auto before = history_.undo(edited())) show(*before);
 }
 
 void CompositionEditorModel::redo() {
+    letGo();
     endGesture();
     if (const auto after = history_.redo(edited())) show(*after);
 }

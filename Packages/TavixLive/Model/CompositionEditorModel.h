@@ -91,6 +91,7 @@ public:
     // Everything in between is one step.
     void beginGesture(const std::string& stepName);
     void endGesture();
+    void cancelGesture();   // and the drag in it: as if it had never begun
     void undo();
     void redo();
     const History& history() const { return history_; }
@@ -159,6 +160,7 @@ private:
     struct Gesture {
         std::string name;
         History::Moment before;
+        bool wasUnsaved;
     };
 
     struct Look;
@@ -195,14 +197,20 @@ private:
     void endRefresh();
     void letLiveFrameGo();
     void prewarm3D();
+    void prewarm(std::size_t step);
     void issueChainedSeek();
     void lowerScrubQuality();
     void endScrub();
     void reachEnd();
     void followLoop();
-    void liveApply(const LiveTarget& target);
+    bool hold(const LiveTarget& target);
+    void letGo();
+    void liveApply();
+    void dropLiveEdits();
     void applyLiveEdits(DeviceContent& device) const;
     void applyLiveEdits(EditState& changed) const;
+    bool isLiveRenderInFlight() const { return !liveRender_.expired(); }
+    void wantLiveRender();
     void issueLiveRender();
     void livePreviewTransform();
     std::optional<DeviceContent> liveDevice(std::size_t scene, std::size_t layer) const;
@@ -233,6 +241,7 @@ private:
     bool isRefreshing_ = false, isPacking_ = false;
     std::optional<double> lastRefreshAtSec_;
     std::weak_ptr<RenderChain> prewarmed_;
+    double prewarmedSec_ = 0;
 
     bool isSeekInFlight_ = false, isScrubbing_ = false;
     std::optional<double> seekTarget_;
@@ -241,7 +250,8 @@ private:
     std::optional<DeviceScene3D> liveScene3D_;
     std::optional<DevicePlacementSpec> livePlacement_;
     std::optional<DeviceOperations::DeviceDragStart> deviceDragStart_;
-    bool isLiveRenderInFlight_ = false, isLiveRenderDirty_ = false;
+    std::weak_ptr<RenderChain> liveRender_;   // draws a frame of a drag, unless it goes
+    bool isLiveRenderDirty_ = false;
     std::function<void(const StagePicture&)> sink_;
     ExportQueue exports_;
     Connection exporting_;

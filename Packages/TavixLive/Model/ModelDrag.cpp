@@ -53,6 +53,12 @@ void CompositionEditorModel::endDeviceDrag() {
     endGesture();
 }
 
+// What is in the hand becomes a part of the document before anything else happens to it.
+void CompositionEditorModel::letGo() {
+    endDeviceDrag();
+    commitLiveEdits();
+}
+
 // As it is under the hand.
 std::optional<DeviceContent> CompositionEditorModel::liveDevice(std::size_t scene, std::size_t layer) const {
     const auto* device = edited().content<DeviceContent>(scene, layer);
@@ -67,11 +73,15 @@ void CompositionEditorModel::liveUpsertUnifiedKeyframe(
     auto held = liveDevice(scene, layer);
     if (!held) return;
     DeviceKeyframes::upsertUnifiedKeyframe(*held, atSec, stands);
-    if (!held->scene3D)
-        return update(stepName,
-            [&](EditState& changed) { *changed.content<DeviceContent>(scene, layer) = std::move(*held); });
+    if (!held->scene3D) {
+        EditState changed = edited();
+        *changed.content<DeviceContent>(scene, layer) = std::move(*held);
+        return become(stepName, std::move(changed));
+    }
+    hold({scene, layer});
     livePlacement_ = held->placement;
-    liveUpdateScene3D(scene, layer, *held->scene3D);
+    liveScene3D_ = held->scene3D;
+    liveApply();
 }
 
 void CompositionEditorModel::liveSetRestTilt(

@@ -16,20 +16,30 @@ constexpr double leastOverscan = 0.1, leastZoomStep = 0.0001;
 
 void CompositionEditorModel::liveUpdatePlacement(
     std::size_t scene, std::size_t layer, const DevicePlacementSpec& placement) {
+    if (!hold({scene, layer})) return;
     livePlacement_ = placement;
-    liveApply({scene, layer});
+    liveApply();
 }
 
 void CompositionEditorModel::liveUpdateScene3D(
     std::size_t scene, std::size_t layer, const DeviceScene3D& scene3D) {
+    if (!hold({scene, layer})) return;
     liveScene3D_ = scene3D;
-    liveApply({scene, layer});
+    liveApply();
 }
 
-void CompositionEditorModel::liveApply(const LiveTarget& target) {
+// Takes a device into the hand, which lets go of another one.
+bool CompositionEditorModel::hold(const LiveTarget& target) {
+    if (edited().content<DeviceContent>(target.scene, target.layer) == nullptr) return false;
+    if (liveTarget_ && !(*liveTarget_ == target)) letGo();
+    liveTarget_ = target;
+    return true;
+}
+
+void CompositionEditorModel::liveApply() {
+    const LiveTarget target = *liveTarget_;
     const auto* device = edited().content<DeviceContent>(target.scene, target.layer);
     if (device == nullptr) return;
-    liveTarget_ = target;
     noteUnsaved(true);
     const auto scene3D = liveScene3D_ ? liveScene3D_ : device->scene3D;
     auto placement = livePlacement_ ? livePlacement_ : device->placement;
@@ -40,21 +50,25 @@ void CompositionEditorModel::liveApply(const LiveTarget& target) {
             maker.setLiveMode(true);
             maker.liveApply(key, *scene3D, placement);
         });
-    if (isLiveRenderInFlight_)
+    wantLiveRender();
+}
+
+// As fast as frames can be drawn, and never more than one at a time.
+void CompositionEditorModel::wantLiveRender() {
+    if (isLiveRenderInFlight())
         isLiveRenderDirty_ = true;
     else
         issueLiveRender();
 }
 
-// As fast as frames can be drawn, and never more than one at a time.
 void CompositionEditorModel::issueLiveRender() {
     if (!preview_.pictures()) return;
     preview_.ahead().disturb();
-    isLiveRenderInFlight_ = true;
+    liveRender_ = preview_.player().item()->pictures;
     isLiveRenderDirty_ = false;
     preview_.pictures()->requestLive(
         state.currentTime(), document_.guard([this](const StagePicture& picture, const FrameSource::Drawn&) {
-            isLiveRenderInFlight_ = false;
+            liveRender_.reset();
             state.showsLiveFrame = true;
             if (sink_) sink_(picture);
             if (isLiveRenderDirty_) issueLiveRender();
@@ -73,17 +87,22 @@ void CompositionEditorModel::applyLiveEdits(EditState& changed) const {
 }
 
 void CompositionEditorModel::commitLiveEdits() {
-    isLiveRenderDirty_ = false;
-    preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
+    if (!liveTarget_) return;
     EditState changed = edited();
     applyLiveEdits(changed);
-    liveScene3D_.reset();
-    livePlacement_.reset();
-    if (!std::exchange(liveTarget_, std::nullopt)) return;
+    dropLiveEdits();
     become("Move device", std::move(changed));
     noteUnsaved(true);
     scheduleRefresh();
     if (isLookDue_) lookAtFile();
+}
+
+void CompositionEditorModel::dropLiveEdits() {
+    isLiveRenderDirty_ = false;
+    liveTarget_.reset();
+    liveScene3D_.reset();
+    livePlacement_.reset();
+    preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
 }
 
 void CompositionEditorModel::setPreviewOverscan(double value) {
@@ -106,7 +125,8 @@ void CompositionEditorModel::resetPreviewView() {
 
 void CompositionEditorModel::livePreviewTransform() {
     preview_.onMaker(
-        [spec = overscanned(state.edited.shared(), state.previewOverscan())](PreviewMaker& maker) {
+        [edited = state.edited.shared(), overscan = state.previewOverscan()](PreviewMaker& maker) {
+            const auto spec = overscanned(edited, overscan);
             maker.setLiveMode(true);
             for (std::size_t i = 0; i < spec->scenes.size(); ++i)
                 for (std::size_t j = 0; j < spec->scenes[i].layers.size(); ++j) {
@@ -115,10 +135,7 @@ void CompositionEditorModel::livePreviewTransform() {
                         maker.liveApply({i, j}, *device->scene3D, device->placement);
                 }
         });
-    if (isLiveRenderInFlight_)
-        isLiveRenderDirty_ = true;
-    else
-        issueLiveRender();
+    wantLiveRender();
     overscanTimer_ = main_.after(overscanCommitSec, [this] {
         preview_.onMaker([](PreviewMaker& maker) { maker.setLiveMode(false); });
         scheduleRefresh();

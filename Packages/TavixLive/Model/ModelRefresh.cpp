@@ -54,6 +54,7 @@ void CompositionEditorModel::refreshNow(Done then) {
     if (!state.isLoaded() || !state.bundle()) return;
     Refresh refresh{++refreshEpoch_, std::move(then)};
     isRefreshing_ = true;
+    preview_.abandon();
     system::runThere(
         files(), main_,
         [edited = state.edited.shared(), overscan = state.previewOverscan()]() -> Judged {
@@ -91,7 +92,11 @@ void CompositionEditorModel::finishRefresh(const Refresh& refresh, const LivePre
         state.currentTime = std::min(state.currentTime(), preview_.totalSec());
         clear(refreshProblem_);   // others do not go by drawing
         prewarm3D();
-        letLiveFrameGo();
+        // What is in the hand stays there.
+        if (liveTarget_)
+            liveApply();
+        else
+            letLiveFrameGo();
     }
     if (refresh.then) refresh.then();
 }
@@ -103,9 +108,9 @@ void CompositionEditorModel::endRefresh() {
 
 // The frame of a drag stays until that of the document has come.
 void CompositionEditorModel::letLiveFrameGo() {
-    if (!state.showsLiveFrame() || isLiveRenderInFlight_) return;
+    if (!state.showsLiveFrame() || isLiveRenderInFlight()) return;
     liveFrameTimer_ = main_.after(liveFrameStaysSec, [this, epoch = refreshEpoch_] {
-        if (epoch != refreshEpoch_ || isLiveRenderInFlight_ || !state.showsLiveFrame()) return;
+        if (epoch != refreshEpoch_ || isLiveRenderInFlight() || !state.showsLiveFrame()) return;
         state.showsLiveFrame = false;
         preview_.player().redraw();
     });
@@ -114,12 +119,24 @@ void CompositionEditorModel::letLiveFrameGo() {
 // Sets up the stages of devices before anybody comes to them. They stay while the player keeps its item.
 void CompositionEditorModel::prewarm3D() {
     const auto startSec = first3DSceneStart(edited().spec);
-    if (!startSec || !preview_.pictures() || prewarmed_.lock() == preview_.player().item()->pictures) return;
-    prewarmed_ = preview_.player().item()->pictures;
-    for (const double sec : prewarmSec)
-        if (*startSec + sec < preview_.totalSec())
-            preview_.pictures()->requestLive(
-                *startSec + sec, [](const StagePicture&, const FrameSource::Drawn&) {});
+    if (!startSec || !preview_.pictures()) return prewarmed_.reset();
+    const auto& pictures = preview_.player().item()->pictures;
+    if (prewarmed_.lock() == pictures && prewarmedSec_ == *startSec) return;
+    prewarmed_ = pictures;
+    prewarmedSec_ = *startSec;
+    prewarm(0);
+}
+
+// One after another, and none for a document that has changed since.
+void CompositionEditorModel::prewarm(std::size_t step) {
+    if (step == std::size(prewarmSec)) return;
+    preview_.pictures()->requestLive(prewarmedSec_ + prewarmSec[step],
+        document_.guard([this, step, epoch = refreshEpoch_](const StagePicture&, const FrameSource::Drawn&) {
+            if (epoch == refreshEpoch_)
+                prewarm(step + 1);
+            else
+                prewarmed_.reset();   // the next one begins anew
+        }));
 }
 
 void CompositionEditorModel::setStageRoom(imaging::Size room) {

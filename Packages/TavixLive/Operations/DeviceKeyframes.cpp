@@ -12,12 +12,15 @@ namespace tavix::DeviceKeyframes {
 namespace {
 
 constexpr double sameKeyframeSec = 0.02, foundKeyframeSec = 0.03;
+// Keyframes that are nearer to each other are one; those that stand just so far apart are two, so that one
+// which is moved as near as it goes stays.
+bool isSame(double aSec, double bSec) { return std::abs(aSec - bSec) < sameKeyframeSec - 1e-9; }
 constexpr double neutralDepth = 0.5;          // a device of no depth of its own is one camera distance away
 constexpr double sampledFramesPerSec = 600;   // fine enough for any time that a hand can set
 
 template <class Track, class Change> void upsert(Track& track, double atSec, Change change) {
-    auto near = std::ranges::find_if(
-        track, [&](const auto& keyframe) { return std::abs(keyframe.tSec - atSec) <= sameKeyframeSec; });
+    auto near =
+        std::ranges::find_if(track, [&](const auto& keyframe) { return isSame(keyframe.tSec, atSec); });
     if (near == track.end()) {
         near = track.emplace(track.end());
         near->tSec = atSec;
@@ -57,7 +60,7 @@ std::vector<double> unifiedKeyframeTimes(const DeviceContent& device) {
     });
     std::ranges::sort(all);
     for (const double sec : all)
-        if (kept.empty() || sec - kept.back() > sameKeyframeSec) kept.push_back(sec);
+        if (kept.empty() || !isSame(sec, kept.back())) kept.push_back(sec);
     return kept;
 }
 
@@ -139,7 +142,7 @@ void moveUnifiedKeyframe(DeviceContent& device, double fromSec, double toSec, do
     const double sec = std::max(std::min(toSec, high), low);
     forTracks(device, [&](auto& track) {
         for (auto& keyframe : track)
-            if (std::abs(keyframe.tSec - *found) <= sameKeyframeSec) keyframe.tSec = sec;
+            if (isSame(keyframe.tSec, *found)) keyframe.tSec = sec;
         std::ranges::stable_sort(track, {}, [](const auto& keyframe) { return keyframe.tSec; });
     });
 }

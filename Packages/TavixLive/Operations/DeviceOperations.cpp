@@ -69,9 +69,10 @@ std::optional<double> appendKeyframe(
     auto* device = state.content<DeviceContent>(scene, layer);
     if (device == nullptr) return std::nullopt;
     double& lengthSec = state.scene(scene)->durationSec;
-    const UnifiedState atEnd = DeviceKeyframes::unifiedState(*device, state.spec.output, lengthSec);
+    const double fromSec = state.layer(scene, layer)->fromSec;   // which its keyframes count from
+    const UnifiedState atEnd = DeviceKeyframes::unifiedState(*device, state.spec.output, lengthSec - fromSec);
     lengthSec += std::max(extraSec, leastExtraSec);
-    DeviceKeyframes::upsertUnifiedKeyframe(*device, lengthSec, atEnd);
+    DeviceKeyframes::upsertUnifiedKeyframe(*device, lengthSec - fromSec, atEnd);
     return lengthSec;
 }
 

@@ -124,12 +124,17 @@ void deleteLayer(EditState& state, std::size_t scene, std::size_t layer) {
     const Place place(state, scene, layer);
     if (!place) return;
     place.scene->layers.erase(place.scene->layers.begin() + offset(layer));
-    auto& selected = state.selection;
+    Selection& selected = state.selection;
+    std::erase(selected.others, LayerPlace{scene, layer});
+    for (LayerPlace& other : selected.others)
+        if (other.scene == scene && other.layer > layer) --other.layer;
     if (selected.scene != scene || !selected.layer) return;
-    if (*selected.layer == layer)
+    if (*selected.layer == layer) {
         selected.layer.reset();
-    else if (*selected.layer > layer)
+        selected.others.clear();
+    } else if (*selected.layer > layer) {
         --*selected.layer;
+    }
 }
 
 void setLayerContentKind(EditState& state, std::size_t scene, std::size_t layer, ContentKind to) {

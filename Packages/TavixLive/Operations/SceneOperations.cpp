@@ -84,6 +84,7 @@ void removeScene(EditState& state, std::size_t scene) {
     else if (selected && *selected > scene)
         --*selected;
     state.selection.layer.reset();
+    state.selection.others.clear();
 }
 
 void moveScene(EditState& state, std::size_t from, std::size_t to) {

@@ -51,11 +51,14 @@ void LivePreview::onMaker(std::function<void(PreviewMaker&)> job) {
 }
 
 void LivePreview::close() {
-    ++epoch_;
+    abandon();
     player_.setItem(std::nullopt);
     shownKey_.reset();
     ahead_.start();
-    onMaker([](PreviewMaker& maker) { maker.forgetDevices(); });
+    onMaker([](PreviewMaker& maker) {
+        maker.setLiveMode(false);
+        maker.forgetDevices();
+    });
 }
 
 void LivePreview::show(std::shared_ptr<const CompositionSpec> spec, const PreviewMaker::AssetRoot& assetRoot,
@@ -139,7 +142,7 @@ void LivePreview::setItem(const std::shared_ptr<Request>& request, FrameSourceRe
     ahead_.start();
     shownKey_ = request->key;
     // Also when somebody has sought another picture of it meanwhile.
-    player_.seek(atSec, lifeline_.guard([this, request](bool) {
+    player_.seek(player_.isSeeking() ? player_.currentSec() : atSec, lifeline_.guard([this, request](bool) {
         if (request->then) request->then({isStale(*request), {}});
     }));
     if (wasPlaying) player_.play();

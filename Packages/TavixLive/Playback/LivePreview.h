@@ -52,6 +52,8 @@ public:
     }
     // A file of the sound has changed: the next document makes it anew, whatever its structure.
     void noteSoundChanged() { shownKey_.reset(); }
+    // What is being made is wanted no more: nothing changes until another document is shown.
+    void abandon() { ++epoch_; }
     // Shows nothing any more.
     void close();
 

@@ -25,9 +25,10 @@ void Player::setItem(std::optional<PlayerItem> item) {
     pause();
     seekOrder_.cut();
     costs_.clear();
-    if (auto done = std::exchange(seeking_, {})) done(false);
+    auto done = std::exchange(seeking_, {});
     item_ = std::move(item);
     positionSec_ = 0;
+    if (done) done(false);   // who asked may seek anew
 }
 
 void Player::setTimeObserver(double everySec, std::function<void()> told) {

@@ -47,6 +47,7 @@ public:
     void play();
     void pause();
     bool isPlaying() const { return isPlaying_; }
+    bool isSeeking() const { return bool(seeking_); }   // somebody waits for an answer
     // Exact: the picture of that very frame is shown, then `done` is called, once in any case. Playing goes
     // on from there.
     void seek(double toSec, Sought done = {});

@@ -1,5 +1,7 @@
 // Devices under a hand: drags, the zoom of the stage, flat and in space.
 #include "ManualEditor.h"
+#include "TavixCore/Support/Document.h"
+#include "TavixLive/Operations/LayerOperations.h"
 
 #include <gtest/gtest.h>
 
@@ -185,6 +187,129 @@ TEST_F(ModelDevices, TurnsWithAllItsPoses) {
     EXPECT_EQ(turned.poseTrack[0].tiltDegrees, (Vector3{1, 40, 3}));
     EXPECT_EQ(turned.poseTrack[1].tiltDegrees, (Vector3{5, 70, 7}));
     EXPECT_EQ(turned.tiltDegrees, (Vector3{1, 30, 3}));
+}
+
+// A build of a new item takes the chain with it that drew the frames of the drag.
+TEST_F(ModelDevices, GoesOnWithADragWhenThePlayerGetsAnotherItem) {
+    load(testing::smallFilmWithDevice());
+    maker->drawSec = 0.2;
+    maker->buildSec = 0.1;
+    model->refreshNow();
+    time.advance(1);
+    DeviceScene3D turned = *state().edited().content<DeviceContent>(0, 0)->scene3D;
+    model->update("Longer", [](EditState& changed) { changed.spec.scenes[1].durationSec = 5; });
+    for (int i = 0; i < 40; ++i) {
+        turned.tiltDegrees.y = i;
+        model->liveUpdateScene3D(0, 0, turned);
+        time.advance(0.02);
+    }
+    maker->applied.clear();
+    time.advance(1);
+    shown.clear();
+    turned.tiltDegrees.y = 77;
+    model->liveUpdateScene3D(0, 0, turned);
+    time.advance(1);
+    EXPECT_EQ(maker->applied.back().first.tiltDegrees.y, 77);
+    EXPECT_FALSE(shown.empty()) << "the drag is still drawn";
+    EXPECT_TRUE(state().showsLiveFrame());
+    model->commitLiveEdits();
+    time.advance(2);
+    EXPECT_FALSE(state().showsLiveFrame()) << "and its frame gives way to the document";
+    EXPECT_EQ(state().edited().content<DeviceContent>(0, 0)->scene3D, turned);
+}
+
+// What refreshes the stage meanwhile, such as a file that has changed, does not take the device out of the
+// hand.
+TEST_F(ModelDevices, StaysInTheHandUnderARefresh) {
+    load(testing::smallFilmWithDevice());
+    DeviceScene3D turned = *state().edited().content<DeviceContent>(0, 0)->scene3D;
+    turned.tiltDegrees.y = 40;
+    model->liveUpdateScene3D(0, 0, turned);
+    time.advance(0.1);
+    maker->applied.clear();
+    model->refreshNow();
+    time.advance(1);
+    ASSERT_FALSE(maker->applied.empty()) << "the new stage is told, too";
+    EXPECT_EQ(maker->applied.back().first, turned);
+    EXPECT_TRUE(state().showsLiveFrame());
+    EXPECT_TRUE(maker->isLive);
+}
+
+// Whatever happens to the document while a device is in the hand, the drag is a step of its own before it.
+TEST_F(ModelDevices, LetsGoBeforeAnythingElseHappens) {
+    CompositionSpec film = testing::smallFilmWithDevice();
+    film.scenes[0].layers.push_back(film.scenes[0].layers[0]);
+    const struct {
+        const char* name;
+        std::function<void()> happens;
+        std::size_t steps;
+    } cases[] = {
+        {"undo", [&] { model->undo(); }, 0},
+        {"a layer goes",
+            [&] { model->update("Delete", [](EditState& s) { LayerOperations::deleteLayer(s, 0, 0); }); }, 2},
+        {"another device", [&] { model->liveUpdateScene3D(0, 1, DeviceScene3D{}); }, 1},
+        {"a text", [&] { model->applySpecJSON(encodedJson(testing::smallFilm())); }, 2},
+    };
+    for (const bool isDrag : {true, false})
+        for (const auto& c : cases) {
+            load(film);
+            if (isDrag) {
+                model->beginDeviceDrag(0, 0);
+                model->dragDeviceScale(50);
+            } else {
+                DevicePlacementSpec placement;
+                placement.track = {{0, {0.4, 0}, 1}};
+                model->liveUpdatePlacement(0, 0, placement);
+            }
+            time.advance(0.05);
+            c.happens();
+            EXPECT_EQ(model->history().stepCount(), c.steps) << c.name;
+            const CompositionSpec after = spec();
+            model->dragDeviceScale(90);   // a hand that has not noticed
+            model->endDeviceDrag();
+            if (c.steps != 1) model->commitLiveEdits();
+            EXPECT_EQ(spec(), after) << c.name;
+            while (model->history().undoName()) model->undo();
+            EXPECT_EQ(spec(), film) << c.name;
+        }
+}
+
+TEST_F(ModelDevices, GivesADragUpWithoutATrace) {
+    for (const bool isFlat : {false, true}) {
+        CompositionSpec film = testing::smallFilmWithDevice();
+        if (isFlat) std::get<DeviceContent>(film.scenes[0].layers[0].content).scene3D.reset();
+        load(film);
+        model->beginDeviceDrag(0, 0);
+        for (int i = 0; i < 10; ++i) {
+            model->dragDeviceMove(10 * i, 5, 500, DeviceOperations::DeviceMoveAxis::free);
+            time.advance(0.05);
+        }
+        EXPECT_TRUE(state().hasUnsavedChanges());
+        model->cancelGesture();
+        EXPECT_FALSE(model->deviceDragStart());
+        EXPECT_EQ(spec(), film);
+        EXPECT_FALSE(state().hasUnsavedChanges());
+        EXPECT_EQ(model->history().stepCount(), 0u);
+        time.advance(1);
+        EXPECT_FALSE(state().showsLiveFrame());
+        EXPECT_EQ(maker->built.back().spec, film);
+    }
+}
+
+TEST_F(ModelDevices, IgnoresLayersThatAreNoDevices) {
+    load(testing::smallFilmWithDevice());
+    const CompositionSpec before = spec();
+    DevicePlacementSpec placement;
+    placement.track = {{0, {9, 9}, 3}};
+    model->liveUpdatePlacement(1, 0, placement);   // a shape
+    model->liveUpdatePlacement(7, 0, placement);
+    model->liveSetRestTilt(1, 0, DeviceKeyframes::TiltAxis::x, 4);
+    EXPECT_FALSE(state().hasUnsavedChanges());
+    model->liveUpdateScene3D(0, 0, DeviceScene3D{});
+    model->commitLiveEdits();
+    EXPECT_EQ(state().edited().content<DeviceContent>(0, 0)->placement,
+        std::get<DeviceContent>(before.scenes[0].layers[0].content).placement)
+        << "nothing of what was ignored is left";
 }
 
 }   // namespace

@@ -108,5 +108,27 @@ TEST_F(PresetGalleryPlaying, TellsWhatIsMissing) {
     EXPECT_TRUE(model.isPlaying());
 }
 
+TEST_F(PresetGalleryPlaying, ForgetsWhatWasWrongAndWhatWasShownWithTheNext) {
+    maker->fails = true;
+    select(0);
+    time.advance(1);
+    ASSERT_TRUE(model.errorMessage());
+    maker->fails = false;
+    maker->buildSec = 0.3;
+    select(1);
+    EXPECT_FALSE(model.errorMessage());
+    EXPECT_EQ(model.preview().player().item(), nullptr);
+    time.advance(1);
+    std::vector<int> shown;
+    model.setStageSink([&](const StagePicture& picture) { shown.push_back(testing::numberOf(picture)); });
+    select(2);
+    time.advance(0.2);
+    EXPECT_TRUE(shown.empty()) << "the one before is not seen any more";
+    EXPECT_FALSE(model.isPlaying());
+    time.advance(1);
+    for (const int number : shown) EXPECT_EQ(number, int(maker->built.size()));
+    EXPECT_FALSE(shown.empty());
+}
+
 }   // namespace
 }   // namespace tavix

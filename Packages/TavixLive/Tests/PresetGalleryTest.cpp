@@ -1,5 +1,6 @@
 #include "TavixLive/Gallery/PresetGallery.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
+#include "TavixCore/Device/DeviceMotionRows.h"
 #include "TavixCore/Judge/CompositionLint.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixLive/Gallery/MotionPresetStore.h"
@@ -90,6 +91,58 @@ TEST(MotionPresetStore, ListsWhatWasImportedByName) {
     EXPECT_EQ(store.list().size(), 3u) << "in the place of the one before";
     EXPECT_THROW(store.importMotion(folder.path() / "none.json"), Failure);
     EXPECT_TRUE(MotionPresetStore("/proc/nowhere").list().empty());
+}
+
+TEST(PresetGallery, ListsReferencesThenOriginalsThenFormations) {
+    using enum PresetGalleryItem::Collection;
+    const auto rank = [](const PresetGalleryItem& item) {
+        return item.collection == formation ? 2 : item.collection == original ? 1 : 0;
+    };
+    EXPECT_TRUE(std::ranges::is_sorted(PresetGalleryCatalog::all(), {}, rank));
+    std::set<PresetGalleryItem::Collection> seen;
+    for (const PresetGalleryItem& item : PresetGalleryCatalog::all()) {
+        seen.insert(item.collection);
+        if (item.collection == formation) continue;
+        EXPECT_EQ(item.id, "motion." + item.authoringName());
+        EXPECT_EQ(item.elementCount, 1);
+    }
+    EXPECT_EQ(seen.size(), 6u);
+    std::vector<std::string_view> words;
+    for (const auto collection : {entrance, exit, move, showcase, original, formation})
+        words.push_back(displayName(collection));
+    EXPECT_THAT(words,
+        ElementsAre("Entrances", "Exits", "In-Scene Moves", "Showcases", "Tavix Originals", "Formations"));
+    EXPECT_EQ(displayName(PresetGalleryItem::Family::motion), "Single Device");
+    EXPECT_EQ(displayName(PresetGalleryItem::Family::formation), "Formation");
+    EXPECT_EQ(displayName(PresetGalleryItem::Dimension::flat), "2D");
+    EXPECT_EQ(displayName(PresetGalleryItem::Dimension::spatial), "3D");
+}
+
+// A device that leaves is seen for a moment first; one that comes begins at once.
+TEST(PresetGallery, ShowsADeviceBeforeItLeaves) {
+    int exits = 0;
+    for (const PresetGalleryItem& item : PresetGalleryCatalog::all()) {
+        const auto* preset = std::get_if<DeviceMotionPreset>(&item.source);
+        if (preset == nullptr) continue;
+        const bool leaves = deviceMotionRow(preset->rawValue())->category == DeviceMotionCategory::exit;
+        DeviceMotionParams params;
+        params.startAtSec = leaves ? 0.6 : 0;
+        EXPECT_EQ(item.previewSpec("/a.png", {360, 640, 30}),
+            DeviceMotionExpander::expand(*preset, params).previewSpec("/a.png", {360, 640, 30}))
+            << item.id;
+        exits += leaves;
+    }
+    EXPECT_GT(exits, 0);
+}
+
+TEST(MotionPresetStore, SortsAsPeopleLookForNames) {
+    const testsupport::TemporaryFolder folder;
+    const MotionPresetStore store(folder.path());
+    for (const char* name : {"zoom", "Äther", "apple", "Éclair", "eclair", "Banana", "élan"})
+        writeBytesAtomically("{}", folder.path() / (std::string(name) + ".json"));
+    std::vector<std::string> names;
+    for (const auto& item : store.list()) names.push_back(item.name);
+    EXPECT_THAT(names, ElementsAre("apple", "Äther", "Banana", "eclair", "Éclair", "élan", "zoom"));
 }
 
 }   // namespace

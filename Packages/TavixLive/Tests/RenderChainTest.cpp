@@ -169,5 +169,33 @@ TEST(RenderChain, LogsSlowFlatFramesAndAllThatHaveDevicesInSpace) {
         ElementsAre("frame3D t=1.00 build=10ms coalesced=1", "frame3D t=4.13 build=10ms coalesced=3"));
 }
 
+// What a flat frame took to be put on the stage is told, too; of one in space that is a part of it.
+TEST(RenderChain, LogsFramesThatTookLongToPaint) {
+    struct Painted final : FrameSource {
+        explicit Painted(bool isInSpace) : space(isInSpace) {}
+        Drawn draw(double atSec, FrameQuality) override {
+            return {std::make_shared<imaging::Bitmap>(imaging::Size{1, 1}), 0.05, atSec < 1 ? 0.0409 : 0.041};
+        }
+        bool isStored(double) const override { return false; }
+        bool hasRoom() const override { return false; }
+        double totalSec() const override { return 10; }
+        bool hasDevicesInSpace() const override { return space; }
+        bool space;
+    };
+    for (const bool isInSpace : {false, true}) {
+        ManualStudio studio(10, 0.01);
+        studio.chain->setFrameSource(std::make_shared<Painted>(isInSpace));
+        studio.chain->request(0.5, {});
+        studio.chain->request(1.25, {});
+        studio.time.advance(1);
+        if (isInSpace)
+            EXPECT_THAT(studio.log, ElementsAre("frame3D t=0.50 build=50ms coalesced=1",
+                                        "frame3D t=1.25 build=50ms coalesced=1"));
+        else
+            EXPECT_THAT(studio.log, ElementsAre("frame2D t=0.50 build=50ms", "frame2D t=1.25 build=50ms",
+                                        "paint2D t=1.25 paint=41ms"));
+    }
+}
+
 }   // namespace
 }   // namespace tavix

@@ -136,5 +136,26 @@ TEST(Stage, ShowsAPictureInItsOwnPixelsAsLargeAsTheCanvasDoes) {
     EXPECT_NEAR(red, 50 * 25, 2);
 }
 
+// However a device came to the stage, a drag of it is seen at once.
+TEST(Stage, ShowsADragAfterTheStagesOfDevicesWereForgotten) {
+    const Film film = example("hero-phone.tavixcomp");
+    const auto& layers = film.spec.scenes[0].layers;
+    std::size_t layer = 0;
+    while (!(std::get_if<DeviceContent>(&layers[layer].content) &&
+             std::get<DeviceContent>(layers[layer].content).scene3D))
+        ASSERT_LT(++layer, layers.size());
+    const auto& device = std::get<DeviceContent>(layers[layer].content);
+    DeviceScene3D turned = *device.scene3D;
+    turned.tiltDegrees.y += 60;
+    turned.poseTrack.clear();
+    Stage stage({}, {});
+    drawn(*stage.source(film.spec, film.bundle, room), 0.8);
+    stage.forgetDevices();
+    const FrameSourceRef source = stage.source(film.spec, film.bundle, room);
+    const Picture before = drawn(*source, 0.8);
+    stage.liveApply({0, layer}, turned, device.placement);
+    EXPECT_GT(drawn(*source, 0.8).countBeyond(before, 8), 100);
+}
+
 }   // namespace
 }   // namespace tavix

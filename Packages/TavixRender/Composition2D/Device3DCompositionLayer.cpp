@@ -75,7 +75,10 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
     const Rect deviceRect{frame.x, frame.y, frame.width, frame.height};
     const Composition3DRendererPool::Invariants invariants{
         build.bounds.width, build.bounds.height, build.framesPerSec, deviceRect, content.scene3D->finish};
-    if (build.rendererPool != nullptr) layer->renderer_ = build.rendererPool->checkout(poolKey, invariants);
+    if (build.rendererPool != nullptr) {
+        layer->shelf_ = Shelf{build.rendererPool, poolKey, invariants};
+        layer->renderer_ = build.rendererPool->checkout(poolKey, invariants);
+    }
     layer->needsApplyScene_ = layer->renderer_ != nullptr;
     if (layer->renderer_ != nullptr) return layer;
     layer->renderer_ = std::make_shared<DeviceSceneRenderer>(settingsOf(content, build, deviceRect));
@@ -85,9 +88,8 @@ std::unique_ptr<Device3DCompositionLayer> Device3DCompositionLayer::make(
 }
 
 Device3DCompositionLayer::Device3DCompositionLayer(const DeviceContent& content, const LayerBuild& build)
-    : evaluator_(build.evaluator), log_(build.log), isPreview_(build.rendererPool != nullptr),
-      bounds_(build.bounds), scene3D_(*content.scene3D), placement_(content.placement),
-      screen_(screenFor(content.screen, build)) {}
+    : evaluator_(build.evaluator), log_(build.log), bounds_(build.bounds), scene3D_(*content.scene3D),
+      placement_(content.placement), screen_(screenFor(content.screen, build)) {}
 
 std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     if (std::exchange(needsApplyScene_, false)) {
@@ -106,7 +108,7 @@ std::optional<Image> Device3DCompositionLayer::contentImage(double localSec) {
     // Drawn now: a finished frame is a part of what it is made from, which can go.
     lastFrame_ = {hash, evaluator_.drawnForFrame(image.cropped(bounds_), imaging::pixelsCovering(bounds_))};
     took.rasterSec = took.lap();
-    if (isPreview_) logStages(localSec, took);
+    if (shelf_) logStages(localSec, took);
     return lastFrame_->image;
 }
 
@@ -119,7 +121,9 @@ void Device3DCompositionLayer::logStages(double localSec, const Stages& took) co
     tell(log_, Finding::progress(RenderCode::scrub, line));
 }
 
+// The stages of devices may have been forgotten since: a drag finds this one there again.
 void Device3DCompositionLayer::takenOver() {
+    if (shelf_) shelf_->pool->store(shelf_->key, shelf_->invariants, renderer_);
     needsApplyScene_ = needsApplyScene_ || renderer_->sceneVersion() != appliedVersion_;
 }
 

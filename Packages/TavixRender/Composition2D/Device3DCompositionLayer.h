@@ -51,8 +51,13 @@ private:
 
     imaging::Evaluator& evaluator_;
     RenderLog log_;
-    bool isPreview_;
-    imaging::Rect bounds_;   // of the canvas
+    struct Shelf {
+        Composition3DRendererPool* pool;
+        Composition3DRendererPool::Key key;
+        Composition3DRendererPool::Invariants invariants;
+    };
+    std::optional<Shelf> shelf_;   // of a preview
+    imaging::Rect bounds_;         // of the canvas
     DeviceScene3D scene3D_;
     std::optional<DevicePlacementSpec> placement_;
     std::shared_ptr<ScreenPictures> screen_;

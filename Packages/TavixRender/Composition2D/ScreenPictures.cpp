@@ -14,7 +14,7 @@ ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, 
                    },
                    [&](const VideoClip& clip) {
                        clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip,
-                           holdsLastFrame, build.log);
+                           holdsLastFrame, build.log, build.rendererPool ? build.log : RenderLog());
                    },
                    [&](const ReelClip& reel) {
                        reel_.emplace(CompositionAssets::resolved(reel.path, build.assetRoot), build.log);

@@ -27,10 +27,10 @@ SequentialClipReader::SequentialClipReader(
     : source_(std::move(source)), clip_(std::move(clip)), log_(std::move(log)),
       scrubLog_(std::move(scrubLog)) {}
 
-SequentialClipReader::SequentialClipReader(
-    const std::filesystem::path& path, const VideoClip& clip, bool holdLastFrame, const RenderLog& log)
+SequentialClipReader::SequentialClipReader(const std::filesystem::path& path, const VideoClip& clip,
+    bool holdLastFrame, const RenderLog& log, const RenderLog& scrubLog)
     : SequentialClipReader(std::make_unique<media::VideoFile>(path),
-          {path.string(), clip.trimStartSec, clip.trimEndSec, holdLastFrame}, log) {}
+          {path.string(), clip.trimStartSec, clip.trimEndSec, holdLastFrame}, log, scrubLog) {}
 
 bool SequentialClipReader::isBeforeEnd(double wanted) const {
     return wanted < clip_.trimEndSec.value_or(std::numeric_limits<double>::infinity());

@@ -32,8 +32,8 @@ public:
     SequentialClipReader(
         std::unique_ptr<media::VideoSource> source, Clip clip, RenderLog log = {}, RenderLog scrubLog = {});
     // Of a film in a file.
-    SequentialClipReader(
-        const std::filesystem::path& path, const VideoClip& clip, bool holdLastFrame, const RenderLog& log);
+    SequentialClipReader(const std::filesystem::path& path, const VideoClip& clip, bool holdLastFrame,
+        const RenderLog& log, const RenderLog& scrubLog = {});
 
     // The picture at a time of the clip, which starts at its trim; nothing where there is none. Past the end
     // of the film it is the last picture. `approximate` asks for whatever is quick instead of the exact one.

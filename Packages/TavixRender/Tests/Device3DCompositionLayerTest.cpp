@@ -2,6 +2,7 @@
 #include "TavixRender/Composition2D/Device3DCompositionLayer.h"
 #include "RenderTestKit.h"
 #include "TavixPlatform/Media/StillImages.h"
+#include "TavixPlatform/Media/Tests/TestClip.h"
 #include "TavixRender/DeviceScene/Composition3DRendererPool.h"
 #include "TavixRender/DeviceScene/DeviceSceneRenderer.h"
 #include "TestAssets.h"
@@ -271,6 +272,65 @@ TEST_F(DeviceInSpace, ShowsItsOwnTimeOfAClipThatOthersShowToo) {
                 drawn.at(x, canvas.height / 2), Picture(single.frame(sec), canvas).at(x, canvas.height / 2))
                 << "phone " << i << " at " << sec;
         }
+    }
+}
+
+// Within 0.12 s of the picture that was decoded last a scrub shows that one; a screen in a flat layer is
+// exact in any case.
+TEST_F(DeviceInSpace, HoldsItsScreenWhileSomeoneScrubs) {
+    // Grows brighter with every frame.
+    media::tests::makeClip({.path = folder.path() / "dawn.mp4",
+        .times = media::tests::evenTimes(60),
+        .gop = 15,
+        .paint = [](AVFrame& frame, int index) {
+            media::tests::fillPlane(frame, 0, 40 + 3 * index);
+            media::tests::fillPlane(frame, 1, 128);
+            media::tests::fillPlane(frame, 2, 128);
+        }});
+    device.screen = VideoClip{"dawn.mp4", 0, {}, {}};
+    Composition3DRendererPool stages;
+    pool = &stages;
+    ResolvedComposition composition = resolved();
+    const auto at = [&](double sec) { return Picture(composition.frame(sec), canvas); };
+    const Picture exact = at(0.5), later = at(0.6), muchLater = at(0.7);
+    EXPECT_GT(later.countBeyond(exact, 4), 0);
+    at(0.5);
+    composition.setScrubQuality(true);
+    EXPECT_EQ(at(0.6), exact) << "held";
+    EXPECT_EQ(at(0.615), exact) << "since the picture was decoded, not since the last step";
+    EXPECT_EQ(at(0.39), exact) << "to either side";
+    EXPECT_GT(at(0.65).countBeyond(exact, 4), 0);
+    composition.setScrubQuality(false);
+    EXPECT_EQ(at(0.6), later);
+    EXPECT_EQ(at(0.7), muchLater);
+
+    CompositionLayer flat;
+    flat.content = VideoContent{.clip = VideoClip{"dawn.mp4", 0, {}, {}}};
+    const CompositionSpec spec = testing::specOf(canvas, 30, {testing::sceneOf(2, {flat})});
+    Composition3DRendererPool others;
+    ResolvedComposition plain(spec, folder.path(), evaluator, {}, &others);
+    const Picture before(plain.frame(0.6), canvas);
+    plain.frame(0.2);
+    plain.setScrubQuality(true);
+    EXPECT_EQ(Picture(plain.frame(0.6), canvas), before);
+}
+
+// What a preview's scrubs cost is told; a film that is written tells nothing of it.
+TEST_F(DeviceInSpace, TellsAPreviewOfTheMapOfItsClip) {
+    testing::writeTestAssets(folder.path(), 0, 1);
+    device.screen = VideoClip{testing::clipName(0), 0, {}, {}};
+    const auto isOfTheMap = [](const std::string& line) {
+        return line.starts_with("sampleMap ") && line.find("built=") != std::string::npos &&
+               line.find("samples=") != std::string::npos;
+    };
+    for (const bool isPreview : {true, false}) {
+        Composition3DRendererPool stages;
+        pool = isPreview ? &stages : nullptr;
+        log.clear();
+        ResolvedComposition composition = resolved();
+        composition.frame(1.5);
+        composition.frame(0.2);   // back
+        EXPECT_EQ(std::ranges::count_if(log, isOfTheMap), isPreview ? 1 : 0);
     }
 }
 

@@ -247,6 +247,9 @@ TEST_F(SequentialClipReaderTest, ReopensRandomAccessThatFailed) {
 
 TEST_F(SequentialClipReaderTest, FindsItsWayWithoutAMap) {
     script_.hasMap = false;
+    reader().frame(9);
+    EXPECT_THAT(scrub_,
+        ::testing::ElementsAre(::testing::MatchesRegex("sampleMap film\\.mp4 built=[0-9]+ms samples=-1")));
     for (const double late : {0.0, 0.5, 3.0}) {
         script_.opensLateSec = late;
         auto clip = reader(0.5);
