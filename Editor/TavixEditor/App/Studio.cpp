@@ -64,7 +64,8 @@ Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
     : output_(outputOf(sound, sound_)), watcher_(watcherOfSystem()), backups_(userFolders.state / "backups"),
       folders(userFolders), defaults(folders.config), recents(defaults),
       model({.executors = {main_, render_, workers_},
-          .maker = std::make_shared<Stage>(Stage::Options{.storeBytes = storeBytes}, RenderLog{}),
+          .maker = std::make_shared<Stage>(
+              Stage::Options{.storeBytes = storeBytes, .showsClear = true}, RenderLog{}),
           .output = output_.get(),
           .recents = &recents,
           .files = &files_,

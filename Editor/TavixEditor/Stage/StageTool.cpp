@@ -2,10 +2,10 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "Editor/EditorDomain/Stage/StageViewport.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
-#include "TavixEditor/Stage/StageViewport.h"
-#include "TavixLive/Operations/LayerOperations.h"
+#include "TavixEditor/Stage/QtPoints.h"
 
 #include <QPainter>
 
@@ -61,8 +61,8 @@ void StageTool::mapDocument() {
     isStale_ = false;
     system::runThere(
         studio_.workers(), studio_.main(),
-        [spec = state.edited().spec, root = state.bundle()] {
-            return std::make_shared<const StageMap>(spec, root);
+        [edited = state.edited.shared(), root = state.bundle()] {
+            return std::make_shared<const StageMap>(edited->spec, root);
         },
         lifeline_.guard([this](system::Outcome<std::shared_ptr<const StageMap>>& outcome) {
             isMapping_ = false;
@@ -86,36 +86,32 @@ std::optional<StageLayer> StageTool::selected() const {
 
 std::optional<StageLayer> StageTool::layerUnder(QPointF at) const {
     if (!map_) return std::nullopt;
-    const QPointF canvas = viewport_.toCanvas(at);
-    return map_->hit({canvas.x(), canvas.y()}, model_.state.currentTime());
+    return map_->hit(viewport_.toCanvas(pointOf(at)), model_.state.currentTime());
 }
 
 std::vector<StageLayer> StageTool::layers() const {
     return map_ ? map_->layersAt(model_.state.currentTime()) : std::vector<StageLayer>();
 }
 
-QRectF StageTool::inView(const PixelRect& box) const {
-    return {viewport_.toView({box.x, box.y}), viewport_.toView({box.maxX(), box.maxY()})};
+std::optional<StageLayer> StageTool::deviceUnder(QPointF at) const {
+    const auto isDevice = [this](const StageLayer& layer) {
+        return model_.state.edited().content<DeviceContent>(layer.place.scene, layer.place.layer) != nullptr;
+    };
+    const auto under = layerUnder(at);
+    return under && isDevice(*under) ? under : std::nullopt;
 }
+
+QRectF StageTool::inView(const PixelRect& box) const { return qRect(viewport_.rectInView(box)); }
 
 QPointF StageTool::turnHandle(const QRectF& box) const { return {box.center().x(), box.top() - turnArmPx}; }
-
-bool StageTool::mayGrow(const CompositionLayer& layer) const {
-    if (std::holds_alternative<DeviceContent>(layer.content)) return true;
-    CompositionLayer tried = layer;
-    return growLayer(tried, {}, {1, 1});
-}
 
 std::optional<StageTool::Grip> StageTool::gripAt(QPointF at) const {
     const auto layer = selected();
     if (!layer) return std::nullopt;
     const QRectF box = inView(layer->box);
     if (distance(at, turnHandle(box)) <= reachPx) return Grip{Kind::turn, {}};
-    EditState edited = model_.state.edited();
-    const CompositionLayer* held = edited.layer(layer->place.scene, layer->place.layer);
-    if (held && mayGrow(*held))
-        for (const StageHandle handle : handles)
-            if (distance(at, handlePoint(box, handle)) <= reachPx) return Grip{Kind::grow, handle};
+    for (const StageHandle handle : handles)
+        if (distance(at, handlePoint(box, handle)) <= reachPx) return Grip{Kind::grow, handle};
     if (box.contains(at)) return Grip{Kind::move, {}};
     return std::nullopt;
 }
@@ -128,17 +124,6 @@ Qt::CursorShape StageTool::cursorAt(QPointF at) const {
     if (grip->handle.x == 0) return Qt::SizeVerCursor;
     if (grip->handle.y == 0) return Qt::SizeHorCursor;
     return grip->handle.x == grip->handle.y ? Qt::SizeFDiagCursor : Qt::SizeBDiagCursor;
-}
-
-std::optional<DeviceOperations::DeviceDragStart> StageTool::deviceStart(const StagePlace& place) const {
-    EditState edited = model_.state.edited();
-    const auto* device = edited.content<DeviceContent>(place.scene, place.layer);
-    if (!device) return std::nullopt;
-    const double sceneSec = CompositionTimeline(edited.spec).startSec[place.scene];
-    const double atSec = std::max(
-        model_.state.currentTime() - sceneSec - edited.layer(place.scene, place.layer)->fromSec, 0.0);
-    return DeviceOperations::DeviceDragStart{
-        place.scene, place.layer, atSec, DeviceKeyframes::unifiedState(*device, edited.spec.output, atSec)};
 }
 
 // A press on the selected layer or a handle takes hold of it; elsewhere it selects what lies there.
@@ -155,10 +140,10 @@ void StageTool::press(QPointF at) {
     }
     const auto layer = selected();
     if (!layer) return;
-    EditState edited = model_.state.edited();
+    const EditState& edited = model_.state.edited();
     const CompositionLayer* before = edited.layer(layer->place.scene, layer->place.layer);
     if (!before) return;
-    drag_ = Drag{grip->kind, grip->handle, *layer, at, *before, deviceStart(layer->place), layer->box};
+    drag_ = Drag{grip->kind, grip->handle, *layer, at, *before, layer->box};
 }
 
 void StageTool::drag(QPointF to, Qt::KeyboardModifiers keys) {
@@ -166,10 +151,13 @@ void StageTool::drag(QPointF to, Qt::KeyboardModifiers keys) {
     if (!drag_->hasMoved) {
         if (distance(to, drag_->from) < beginPx) return;
         drag_->hasMoved = true;
-        model_.beginGesture(stepName(drag_->kind == Kind::grow, drag_->kind == Kind::turn));
+        const StagePlace place = drag_->layer.place;
+        model_.beginDeviceDrag(place.scene, place.layer);
+        if (!model_.deviceDragStart())
+            model_.beginGesture(stepName(drag_->kind == Kind::grow, drag_->kind == Kind::turn));
     }
-    if (drag_->device)
-        dragDevice(to);
+    if (std::holds_alternative<DeviceContent>(drag_->before.content))
+        dragDevice(to, keys);
     else
         dragLayer(to, keys);
     if (onChange) onChange();
@@ -187,21 +175,20 @@ void StageTool::change(const std::function<void(CompositionLayer&)>& mutate) {
 }
 
 void StageTool::dragLayer(QPointF to, Qt::KeyboardModifiers keys) {
-    const QPointF from = viewport_.toCanvas(drag_->from), now = viewport_.toCanvas(to);
-    double dx = now.x() - from.x(), dy = now.y() - from.y();
+    double dx = (to.x() - drag_->from.x()) / viewport_.scale();
+    double dy = (to.y() - drag_->from.y()) / viewport_.scale();
     const PixelRect& box = drag_->layer.box;
+    const StageStand& stand = drag_->layer.stand;
     drag_->guides.clear();
     if (drag_->kind == Kind::grow) {
         const StageGrowth by = growth(box, drag_->handle, dx, dy);
         drag_->box = grown(box, by);
-        change([&](CompositionLayer& layer) { growLayer(layer, by, drag_->handle); });
+        change([&](CompositionLayer& layer) { growLayer(layer, by, drag_->handle, stand); });
     } else if (drag_->kind == Kind::turn) {
         const QPointF middle = inView(box).center();
         double degrees = degreesOf(to - middle) - degreesOf(drag_->from - middle);
         if (keys.testFlag(Qt::ShiftModifier)) degrees = std::round(degrees / turnStepDeg) * turnStepDeg;
-        const double windowSec = LayerOperations::layerWindowLength(
-            model_.state.edited().spec, drag_->layer.place.scene, drag_->layer.place.layer);
-        change([&](CompositionLayer& layer) { turnLayer(layer, degrees, windowSec); });
+        change([&](CompositionLayer& layer) { turnLayer(layer, degrees, stand.windowSec); });
     } else {
         if (keys.testFlag(Qt::ShiftModifier)) (std::abs(dx) > std::abs(dy) ? dy : dx) = 0;
         SnappedMove move{dx, dy, {}};
@@ -209,52 +196,43 @@ void StageTool::dragLayer(QPointF to, Qt::KeyboardModifiers keys) {
             std::vector<PixelRect> others;
             for (const StageLayer& layer : map_->layersAt(model_.state.currentTime()))
                 if (!(layer.place == drag_->layer.place)) others.push_back(layer.box);
-            const QSizeF canvas = viewport_.canvas();
-            move = snappedMove(
-                box, dx, dy, {0, 0, canvas.width(), canvas.height()}, others, snapPx / viewport_.scale());
+            move = snappedMove(box, dx, dy, {0, 0, stand.canvasWidthPx, stand.canvasHeightPx}, others,
+                snapPx / viewport_.scale());
         }
         drag_->guides = move.guides;
         drag_->box = {box.x + move.dxPx, box.y + move.dyPx, box.width, box.height};
-        change([&](CompositionLayer& layer) { moveLayer(layer, move.dxPx, move.dyPx); });
+        change([&](CompositionLayer& layer) { moveLayer(layer, move.dxPx, move.dyPx, stand); });
     }
 }
 
 // Devices move by their keyframes, and those in space are drawn at once without the document.
-void StageTool::dragDevice(QPointF to) {
-    const auto& start = *drag_->device;
-    const QPointF by = to - drag_->from;
-    const DeviceOperations::StageView view{viewport_.canvasRect().height(), model_.state.previewOverscan()};
-    const QRectF box = inView(drag_->layer.box);
-    DeviceKeyframes::UnifiedState changed;
+void StageTool::dragDevice(QPointF to, Qt::KeyboardModifiers keys) {
+    const auto& start = model_.deviceDragStart();
+    if (!start) return;   // something else was done meanwhile
+    QPointF by = to - drag_->from;
+    const PixelRect& from = drag_->layer.box;
     if (drag_->kind == Kind::move) {
-        changed =
-            DeviceOperations::moved(start, by.x(), by.y(), view, DeviceOperations::DeviceMoveAxis::free);
-        const QPointF canvas = viewport_.toCanvas(to) - viewport_.toCanvas(drag_->from);
-        const PixelRect& from = drag_->layer.box;
-        drag_->box = {from.x + canvas.x(), from.y + canvas.y(), from.width, from.height};
+        auto axis = DeviceOperations::DeviceMoveAxis::free;
+        if (keys.testFlag(Qt::ShiftModifier)) {
+            const bool isAcross = std::abs(by.x()) > std::abs(by.y());
+            axis = isAcross ? DeviceOperations::DeviceMoveAxis::x : DeviceOperations::DeviceMoveAxis::y;
+            (isAcross ? by.ry() : by.rx()) = 0;
+        }
+        model_.dragDeviceMove(by.x(), by.y(), viewport_.canvasRect().height, axis);
+        drag_->box = {from.x + by.x() / viewport_.scale(), from.y + by.y() / viewport_.scale(), from.width,
+            from.height};
     } else if (drag_->kind == Kind::turn) {
-        const DeviceGizmoMath::Arcball ball{
-            {box.center().x(), box.center().y()}, std::hypot(box.width(), box.height()) / 2};
-        changed =
-            DeviceOperations::rotated(start, {drag_->from.x(), drag_->from.y()}, {to.x(), to.y()}, ball);
+        const QRectF box = inView(from);
+        model_.dragDeviceRotate(pointOf(drag_->from), pointOf(to),
+            {pointOf(box.center()), std::hypot(box.width(), box.height()) / 2});
     } else {
         const double sign = drag_->handle.y == 0 ? -drag_->handle.x : drag_->handle.y;
         const double travel = drag_->handle.y == 0 ? -by.x() : by.y();
-        changed = DeviceOperations::scaled(start, sign < 0 ? travel : -travel);
-        const double factor = changed.scale / std::max(start.state.scale, 1e-6);
-        drag_->box = grown(drag_->layer.box, {factor, factor, drag_->layer.box.center()});
-    }
-    EditState held = model_.state.edited();
-    auto* device = held.content<DeviceContent>(start.scene, start.layer);
-    if (!device) return;
-    DeviceKeyframes::upsertUnifiedKeyframe(*device, start.atSec, changed);
-    if (device->scene3D) {
-        model_.liveUpdateScene3D(start.scene, start.layer, *device->scene3D);
-        if (device->placement) model_.liveUpdatePlacement(start.scene, start.layer, *device->placement);
-    } else {
-        model_.update("Move device", [&](EditState& state) {
-            if (auto* flat = state.content<DeviceContent>(start.scene, start.layer)) *flat = *device;
-        });
+        const double dyPoints = sign < 0 ? travel : -travel;
+        model_.dragDeviceScale(dyPoints);
+        const double factor =
+            DeviceOperations::scaled(*start, dyPoints).scale / std::max(start->state.scale, 1e-6);
+        drag_->box = grown(from, {factor, factor, from.center()});
     }
 }
 
@@ -263,7 +241,7 @@ void StageTool::release() {
     const bool hasMoved = drag_->hasMoved;
     drag_.reset();
     if (hasMoved) {
-        model_.commitLiveEdits();
+        model_.endDeviceDrag();
         model_.endGesture();
     }
     if (onChange) onChange();
@@ -272,30 +250,28 @@ void StageTool::release() {
 void StageTool::cancel() {
     if (!drag_) return;
     const bool hasMoved = drag_->hasMoved;
-    if (hasMoved) {
-        model_.commitLiveEdits();
-        change([](CompositionLayer&) {});
-    }
     drag_.reset();
-    if (hasMoved) model_.endGesture();
+    if (hasMoved) model_.cancelGesture();
     if (onChange) onChange();
 }
 
 void StageTool::nudge(double dxPx, double dyPx) {
     const auto layer = selected();
     if (!layer) return;
-    if (auto start = deviceStart(layer->place)) {
+    const auto [scene, index] = layer->place;
+    const EditState& edited = model_.state.edited();
+    if (const auto start = DeviceOperations::dragStart(edited, scene, index, model_.state.currentTime())) {
+        const auto moved = DeviceOperations::moved(
+            *start, dxPx, dyPx, {viewport_.canvas().height, 1}, DeviceOperations::DeviceMoveAxis::free);
         model_.update("Nudge device", [&](EditState& state) {
-            auto* device = state.content<DeviceContent>(start->scene, start->layer);
-            DeviceKeyframes::UnifiedState moved = start->state;
-            moved.offset.x += dxPx / viewport_.canvas().height();
-            moved.offset.y += dyPx / viewport_.canvas().height();
-            if (device) DeviceKeyframes::upsertUnifiedKeyframe(*device, start->atSec, moved);
+            DeviceKeyframes::upsertUnifiedKeyframe(
+                *state.content<DeviceContent>(start->scene, start->layer), start->atSec, moved);
         });
         return;
     }
     model_.update("Nudge layer", [&](EditState& state) {
-        if (auto* held = state.layer(layer->place.scene, layer->place.layer)) moveLayer(*held, dxPx, dyPx);
+        if (auto* held = state.layer(layer->place.scene, layer->place.layer))
+            moveLayer(*held, dxPx, dyPx, layer->stand);
     });
 }
 
@@ -339,19 +315,16 @@ void StageTool::paint(QPainter& painter) const {
     painter.setPen(QPen(theme.focus, 1.25));
     painter.setBrush(Qt::white);
     painter.drawEllipse(turnHandle(box), handlePx / 2, handlePx / 2);
-    EditState edited = model_.state.edited();
-    const CompositionLayer* held = edited.layer(now->place.scene, now->place.layer);
-    if (held && mayGrow(*held))
-        for (const StageHandle handle : handles) {
-            const QPointF at = handlePoint(box, handle);
-            painter.drawRoundedRect(
-                QRectF(at.x() - handlePx / 2, at.y() - handlePx / 2, handlePx, handlePx), 2, 2);
-        }
+    for (const StageHandle handle : handles) {
+        const QPointF at = handlePoint(box, handle);
+        painter.drawRoundedRect(
+            QRectF(at.x() - handlePx / 2, at.y() - handlePx / 2, handlePx, handlePx), 2, 2);
+    }
     if (!drag_) return;
-    const QRectF canvas = viewport_.canvasRect();
+    const QRectF canvas = qRect(viewport_.canvasRect());
     painter.setPen(QPen(theme.playhead, 1));
     for (const StageGuide& guide : drag_->guides) {
-        const QPointF at = viewport_.toView({guide.atPx, guide.atPx});
+        const QPointF at = qPoint(viewport_.toView(PixelPoint{guide.atPx, guide.atPx}));
         if (guide.axis == StageGuide::Axis::vertical)
             painter.drawLine(QPointF(at.x(), canvas.top()), QPointF(at.x(), canvas.bottom()));
         else

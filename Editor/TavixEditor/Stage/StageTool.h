@@ -4,7 +4,6 @@
 #include "Editor/EditorDomain/Stage/StageEdits.h"
 #include "Editor/EditorDomain/Stage/StageMap.h"
 #include "TavixLive/Observing/Observable.h"
-#include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixPlatform/System/Continuation.h"
 
 #include <QCoreApplication>
@@ -20,11 +19,11 @@ class QPainter;
 
 namespace tavix {
 class CompositionEditorModel;
-}
+class StageViewport;
+}   // namespace tavix
 
 namespace tavix::editor {
 
-class StageViewport;
 class Studio;
 
 class StageTool {
@@ -47,6 +46,7 @@ public:
     void nudge(double dxPx, double dyPx);
     std::optional<StageLayer> selected() const;   // where it stands now
     std::optional<StageLayer> layerUnder(QPointF at) const;
+    std::optional<StageLayer> deviceUnder(QPointF at) const;
     std::vector<StageLayer> layers() const;   // that are seen now, from back to front
     QRectF inView(const PixelRect& box) const;
     Qt::CursorShape cursorAt(QPointF at) const;
@@ -61,7 +61,6 @@ private:
         StageLayer layer;   // as the drag began
         QPointF from;       // in the view
         CompositionLayer before;
-        std::optional<DeviceOperations::DeviceDragStart> device;
         PixelRect box;   // as it is now
         std::vector<StageGuide> guides = {};
         bool hasMoved = false;
@@ -74,9 +73,7 @@ private:
     void mapDocument();
     bool hasSelection() const;
     std::optional<Grip> gripAt(QPointF at) const;
-    bool mayGrow(const CompositionLayer& layer) const;
-    std::optional<DeviceOperations::DeviceDragStart> deviceStart(const StagePlace& place) const;
-    void dragDevice(QPointF to);
+    void dragDevice(QPointF to, Qt::KeyboardModifiers keys);
     void dragLayer(QPointF to, Qt::KeyboardModifiers keys);
     void change(const std::function<void(CompositionLayer&)>& mutate);
     QPointF turnHandle(const QRectF& box) const;

@@ -5,6 +5,7 @@
 #include "TavixEditor/App/AccessibleParts.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Stage/QtPoints.h"
 #include "TavixEditor/Stage/TextInPlace.h"
 
 #include <QCoreApplication>
@@ -78,8 +79,8 @@ StageView::~StageView() { model_.setStageSink({}); }
 void StageView::showDocument() {
     const CompositionOutput& output = model_.state.edited().spec.output;
     if (!model_.state.isLoaded()) image_ = {};
-    const QSizeF canvas{double(output.widthPx), double(output.heightPx)};
-    if (canvas != viewport_.canvas()) {
+    const StageViewport::Extent canvas{double(output.widthPx), double(output.heightPx)};
+    if (!(canvas == viewport_.canvas())) {
         viewport_.setCanvas(canvas);
         moved();
     }
@@ -87,11 +88,11 @@ void StageView::showDocument() {
 
 void StageView::show(const StagePicture& picture) {
     image_ = borrowed(picture.pixels, devicePixelRatioF());
-    update(viewport_.drawnRect());
+    update(drawnRect());
 }
 
 void StageView::tellRoom() {
-    const QSizeF canvas = QSizeF(viewport_.drawnRect().size()) * devicePixelRatioF();
+    const QSizeF canvas = QSizeF(drawnRect().size()) * devicePixelRatioF();
     const QSize room(int(std::lround(canvas.width())), int(std::lround(canvas.height())));
     if (room == room_ || room.isEmpty()) return;
     room_ = room;
@@ -122,7 +123,7 @@ void StageView::setSafeAreasShown(bool areShown) {
 
 void StageView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    const QRect canvas = viewport_.drawnRect();
+    const QRect canvas = drawnRect();
     for (const QRect& rect : event->region() - QRegion(canvas)) painter.fillRect(rect, Style::theme().stage);
     painter.setClipRegion(event->region());
     if (image_.isNull()) {
@@ -136,11 +137,12 @@ void StageView::paintEvent(QPaintEvent* event) {
     if (showsSafeAreas_) drawSafeAreas(painter);
     if (!model_.state.isLoaded()) return;
     tool_.paint(painter);
+    drawDropTarget(painter);
     drawHoverText(painter);
 }
 
 void StageView::drawSafeAreas(QPainter& painter) const {
-    const QRectF canvas = viewport_.drawnRect();
+    const QRectF canvas = drawnRect();
     painter.setBrush(Qt::NoBrush);
     for (const double part : {actionSafe, titleSafe}) {
         QRectF area(0, 0, canvas.width() * part, canvas.height() * part);
@@ -153,17 +155,17 @@ void StageView::drawSafeAreas(QPainter& painter) const {
 }
 
 void StageView::resizeEvent(QResizeEvent*) {
-    viewport_.setView(size());
+    viewport_.setView({double(width()), double(height())});
     moved();
 }
 
 void StageView::wheelEvent(QWheelEvent* event) {
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
-        viewport_.zoomAbout(event->position(), std::exp(event->angleDelta().y() / 480.0));
+        viewport_.zoomAbout(pointOf(event->position()), std::exp(event->angleDelta().y() / 480.0));
     } else {
         const QPoint step = event->hasPixelDelta() ? event->pixelDelta() : event->angleDelta() / 2;
         if (viewport_.isFitted()) return event->ignore();
-        viewport_.pan(event->modifiers().testFlag(Qt::ShiftModifier) ? step.transposed() : step);
+        viewport_.pan(pointOf(event->modifiers().testFlag(Qt::ShiftModifier) ? step.transposed() : step));
     }
     event->accept();
     moved();
@@ -194,7 +196,7 @@ void StageView::mousePressEvent(QMouseEvent* event) {
 
 void StageView::mouseMoveEvent(QMouseEvent* event) {
     if (panFrom_) {
-        viewport_.pan(event->position() - *panFrom_);
+        viewport_.pan(pointOf(event->position() - *panFrom_));
         panFrom_ = event->position();
         moved();
     } else if (tool_.isDragging()) {
@@ -261,19 +263,36 @@ void StageView::focusOutEvent(QFocusEvent* event) {
 
 void StageView::editText(const StagePlace& place) {
     const auto layer = tool_.selected();
-    EditState edited = model_.state.edited();
-    if (!layer || !(layer->place == place) || !edited.content<TextContent>(place.scene, place.layer)) return;
-    const QRectF box(viewport_.toView({layer->box.x, layer->box.y}),
-        viewport_.toView({layer->box.maxX(), layer->box.maxY()}));
-    auto* field = new TextInPlace(model_, place, viewport_.canvasRect().height(), this);
-    field->settleOver(box.toAlignedRect());
+    if (!layer || !(layer->place == place) ||
+        !model_.state.edited().content<TextContent>(place.scene, place.layer))
+        return;
+    auto* field = new TextInPlace(model_, place, viewport_.canvasRect().height, this);
+    field->settleOver(tool_.inView(layer->box).toAlignedRect());
+}
+
+QRect StageView::drawnRect() const { return qRect(viewport_.drawnRect()).toRect(); }
+
+std::optional<StagePlace> StageView::showDropAt(std::optional<QPointF> at) {
+    const auto device = at ? tool_.deviceUnder(*at) : std::nullopt;
+    dropBox_ = device ? std::optional(device->box) : std::nullopt;
+    update();
+    return device ? std::optional(device->place) : std::nullopt;
+}
+
+void StageView::drawDropTarget(QPainter& painter) const {
+    if (!dropBox_) return;
+    const QColor focus = Style::theme().focus;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(focus, 3));
+    painter.setBrush(design::withAlpha(focus, 0.25));
+    painter.drawRoundedRect(tool_.inView(*dropBox_), design::radius::card, design::radius::card);
 }
 
 bool StageView::event(QEvent* event) {
     if (event->type() == QEvent::NativeGesture) {
         const auto* gesture = static_cast<QNativeGestureEvent*>(event);
         if (gesture->gestureType() == Qt::ZoomNativeGesture) {
-            viewport_.zoomAbout(gesture->position(), 1 + gesture->value());
+            viewport_.zoomAbout(pointOf(gesture->position()), 1 + gesture->value());
             moved();
             return true;
         }

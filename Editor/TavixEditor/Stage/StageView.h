@@ -2,9 +2,9 @@
 // it. Frames are drawn elsewhere, off the main thread: to show one is a plain copy.
 #pragma once
 
+#include "Editor/EditorDomain/Stage/StageViewport.h"
 #include "TavixEditor/App/HeldGesture.h"
 #include "TavixEditor/Stage/StageTool.h"
-#include "TavixEditor/Stage/StageViewport.h"
 #include "TavixLive/Observing/Observable.h"
 
 #include <QImage>
@@ -33,6 +33,8 @@ public:
     void zoomToActualPixels();    // a pixel of the canvas is one of the screen
     void setSafeAreasShown(bool areShown);
     bool areSafeAreasShown() const { return showsSafeAreas_; }
+    // What is dragged over that point would become the screen of a phone, which is shown; none: of nothing.
+    std::optional<StagePlace> showDropAt(std::optional<QPointF> at);
     std::function<void()> onRemove;   // the selected layer, by its key
     // As it stands on the stage; null before the first.
     QImage frame() const { return image_; }
@@ -58,6 +60,8 @@ private:
     void tellRoom();   // to the model, once it is another one
     void drawSafeAreas(QPainter& painter) const;
     void drawHoverText(QPainter& painter) const;
+    void drawDropTarget(QPainter& painter) const;
+    QRect drawnRect() const;   // of the canvas in the view
     void editText(const StagePlace& place);
     void nudge(double dxPx, double dyPx);
     std::vector<AccessiblePart> accessibleLayers() const;
@@ -70,6 +74,7 @@ private:
     QSize room_;
     bool showsSafeAreas_ = false;
     std::optional<QPointF> panFrom_;
+    std::optional<PixelRect> dropBox_;   // of the phone, on the canvas
     Connections connections_;
 };
 

@@ -21,15 +21,35 @@ TextInPlace::TextInPlace(
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
-    EditState edited = model_.state.edited();
-    const auto* text = edited.content<TextContent>(place.scene, place.layer);
+    const auto* text = model_.state.edited().content<TextContent>(place.scene, place.layer);
     if (!text) return;
     QFont font = design::fontOf(design::TextSize::body);
     font.setPixelSize(std::clamp(int(text->sizeFraction * canvasHeight), 12, 200));
     font.setWeight(QFont::DemiBold);
     setFont(font);
-    setPlainText(words(text->text));
+    written_ = text->text;
+    setPlainText(words(written_));
     selectAll();
+    model_.beginGesture("Edit text");
+    QObject::connect(this, &QPlainTextEdit::textChanged, this, [this] { write(); });
+    watching_ = watch(
+        [this] {
+            if (!isSaid()) finish();
+        },
+        model_.state.edited);
+}
+
+bool TextInPlace::isSaid() const {
+    const auto* text = model_.state.edited().content<TextContent>(place_.scene, place_.layer);
+    return text && text->text == written_;
+}
+
+void TextInPlace::write() {
+    if (isDone_ || !isSaid()) return;
+    written_ = utf8Of(toPlainText());
+    model_.update("Edit text", [this](EditState& state) {
+        state.content<TextContent>(place_.scene, place_.layer)->text = written_;
+    });
 }
 
 void TextInPlace::settleOver(const QRect& box) {
@@ -44,26 +64,27 @@ void TextInPlace::settleOver(const QRect& box) {
 
 void TextInPlace::keyPressEvent(QKeyEvent* event) {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->key() == Qt::Key_Escape) return finish(false);
-    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier)) return finish(true);
+    if (event->key() == Qt::Key_Escape) {
+        watching_.end();
+        model_.cancelGesture();
+        return finish();
+    }
+    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier)) return finish();
     QPlainTextEdit::keyPressEvent(event);
 }
 
 void TextInPlace::focusOutEvent(QFocusEvent* event) {
     QPlainTextEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) finish(true);
+    if (event->reason() != Qt::PopupFocusReason) finish();
 }
 
-void TextInPlace::finish(bool isKept) {
+void TextInPlace::finish() {
     if (std::exchange(isDone_, true)) return;
-    const std::string typed = utf8Of(toPlainText());
+    watching_.end();
+    model_.endGesture();
     hide();
     parentWidget()->setFocus();
     deleteLater();
-    if (!isKept) return;
-    model_.update("Edit text", [&](EditState& state) {
-        if (auto* text = state.content<TextContent>(place_.scene, place_.layer)) text->text = typed;
-    });
 }
 
 }   // namespace tavix::editor

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Editor/EditorDomain/Stage/StageMap.h"
+#include "TavixLive/Observing/Observable.h"
 
 #include <QPlainTextEdit>
+
+#include <string>
 
 namespace tavix {
 class CompositionEditorModel;
@@ -11,8 +14,8 @@ class CompositionEditorModel;
 
 namespace tavix::editor {
 
-// Deletes itself when it is done: by Escape, which gives the words up, and by Control and Return or the loss
-// of the focus, which keep them as one step.
+// The document has the words as they are typed, as one step. Deletes itself when it is done: by Escape, which
+// gives them up, by Control and Return or the loss of the focus, and when the text is changed elsewhere.
 class TextInPlace final : public QPlainTextEdit {
 public:
     // The height of the canvas in the view gives the size of the letters.
@@ -24,11 +27,15 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void finish(bool isKept);
+    void write();
+    void finish();
+    bool isSaid() const;   // by the document
 
     CompositionEditorModel& model_;
     StagePlace place_;
+    std::string written_;
     bool isDone_ = false;
+    Connection watching_;
 };
 
 }   // namespace tavix::editor

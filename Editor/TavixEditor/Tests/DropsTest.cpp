@@ -1,5 +1,6 @@
 // Files that are dropped on the window.
 #include "EditorWindow.h"
+#include "TavixEditor/Stage/QtPoints.h"
 
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/Drops.h"
@@ -74,7 +75,7 @@ TEST_F(Drops, APictureStandsWhereItIsDroppedFromThePlayheadOn) {
     ASSERT_TRUE(until([&] { return state().currentTime() == 0.5; }));
     const StageView& stage = window->editor().stage();
     ASSERT_TRUE(until([&] { return !stage.frame().isNull(); }));
-    const QPointF at = stage.mapTo(window.get(), stage.viewport().toView({100, 300}));
+    const QPointF at = stage.mapTo(window.get(), qPoint(stage.viewport().toView({100, 300})));
     dropOn(at, {picture("shot.png", Qt::red), picture("large.png", Qt::green, {800, 800})});
     const auto& layers = [&]() -> const std::vector<CompositionLayer>& {
         return state().edited().spec.scenes[0].layers;

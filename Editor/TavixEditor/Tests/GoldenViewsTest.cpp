@@ -167,7 +167,7 @@ TEST_P(GoldenStage, HandlesAndSafeAreas) {
     studio->model.selectLayer(0, 0);
     QAccessibleInterface* const layers = QAccessible::queryAccessibleInterface(&stage);
     // Frames are as large as the stage, but never larger than the canvas.
-    const double room = stage.viewport().drawnRect().width() * stage.devicePixelRatioF();
+    const double room = stage.viewport().drawnRect().width * stage.devicePixelRatioF();
     const int side = int(std::min(room, 400.0));
     ASSERT_TRUE(until([&] {
         return layers->childCount() == 1 && layers->child(0)->state().selected &&

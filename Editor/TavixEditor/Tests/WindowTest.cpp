@@ -1,5 +1,6 @@
 // What a person does with documents: open, save, close, quit, come back.
 #include "EditorWindow.h"
+#include "TavixEditor/Stage/QtPoints.h"
 
 #include "Editor/EditorDesignSystem/Style/Tokens.h"
 #include "TavixEditor/App/OneInstance.h"
@@ -27,7 +28,7 @@ TEST_F(EditorWindow, ShowsThePictureOfTheCompositionThatIsOpened) {
     EXPECT_EQ(QColor(frame.pixel(frame.width() / 4, frame.height() / 2)), QColor(Qt::black));
     // And is on the screen where the stage says that the canvas is.
     const QImage shown = window->editor().stage().grab().toImage();
-    const QPoint middle = stage.viewport().drawnRect().center();
+    const QPoint middle = qPoint(stage.viewport().drawnRect().center()).toPoint();
     EXPECT_EQ(QColor(shown.pixel(middle)), QColor(Qt::white));
 }
 
@@ -146,7 +147,7 @@ TEST_F(EditorWindow, ADragOnTheStageMovesTheLayerInOneStepAndEscapeTakesItBack) 
     open(makeBundle("square"));
     StageView& stage = window->editor().stage();
     ASSERT_TRUE(until([&] { return !stage.frame().isNull(); }));
-    const QPointF middle = stage.viewport().toView({200, 200});
+    const QPointF middle = qPoint(stage.viewport().toView({200, 200}));
     const auto point = [&](QPointF at) { return at.toPoint(); };
     const double scale = stage.viewport().scale();
     // It can be taken hold of as soon as it is known where it is.

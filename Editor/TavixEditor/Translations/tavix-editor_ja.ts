@@ -1765,6 +1765,17 @@
     </message>
 </context>
 <context>
+    <name>FrameCopy</name>
+    <message>
+        <source>Copied the frame.</source>
+        <translation>フレームをコピーしました。</translation>
+    </message>
+    <message>
+        <source>The frame could not be copied: %1</source>
+        <translation>フレームをコピーできませんでした: %1</translation>
+    </message>
+</context>
+<context>
     <name>GalleryPlayer</name>
     <message>
         <source>The motion as it plays</source>

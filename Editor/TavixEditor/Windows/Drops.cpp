@@ -181,7 +181,16 @@ void addDropped(EditState& state, const std::vector<DroppedAsset>& assets, const
     const double lengthSec = state.spec.scenes[scene].durationSec;
     const double fromSec =
         std::clamp(place.atSec - timeline.startSec[scene], 0.0, std::max(lengthSec - leastSec, 0.0));
+    auto* phone =
+        place.phone ? state.content<DeviceContent>(place.phone->scene, place.phone->layer) : nullptr;
     for (const DroppedAsset& asset : assets) {
+        if (phone && fitsAScreen(asset.kind)) {
+            phone->screen = asset.kind == DropKind::clip ? ScreenSource(VideoClip{asset.path, 0, {}, {}})
+                                                         : ScreenSource(StillScreen{asset.path});
+            state.selection = {place.phone->scene, place.phone->layer};
+            phone = nullptr;
+            continue;
+        }
         if (asset.kind == DropKind::music) {
             setTrack(state, asset.path);
             continue;

@@ -1,6 +1,7 @@
 // Files that are dropped on a window: taken into the bundle, and made layers or the music.
 #pragma once
 
+#include "Editor/EditorDomain/Stage/StageMap.h"
 #include "TavixLive/Operations/EditState.h"
 #include "TavixPlatform/Imaging/Bitmap.h"
 
@@ -18,6 +19,7 @@ enum class DropKind { bundle, picture, clip, music, other };
 
 // By what it is called; a bundle by being one.
 DropKind kindOfDrop(const std::filesystem::path& file);
+inline bool fitsAScreen(DropKind kind) { return kind == DropKind::picture || kind == DropKind::clip; }
 
 // A file among the assets of a bundle.
 struct DroppedAsset {
@@ -34,10 +36,11 @@ struct DropPlace {
     double atSec = 0;   // on the film's clock
     // In pixels of the canvas; the middle where it is none.
     std::optional<std::pair<double, double>> point = {};
+    std::optional<StagePlace> phone = {};   // which is under that point
 };
 
 // A layer for each picture and clip, in the scene of that time and from then on, the last one selected; the
-// music is the last one.
+// music is the last one. Over a phone the first picture or clip becomes its screen instead.
 void addDropped(EditState& state, const std::vector<DroppedAsset>& assets, const DropPlace& place);
 
 // All of it, as one step; what cannot be taken in is told as the model's error, and the rest is.

@@ -8,6 +8,8 @@
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Panels/CommandPalette.h"
 #include "TavixEditor/Panels/NoticeBar.h"
+#include "TavixEditor/Stage/FrameCopy.h"
+#include "TavixEditor/Stage/QtPoints.h"
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/Drops.h"
@@ -20,7 +22,6 @@
 #include "TavixLive/Operations/SceneOperations.h"
 
 #include <QAction>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
@@ -163,8 +164,7 @@ void MainWindow::connectFileActions() {
     on(actions_.exportFilm, [this] { (new ExportSheet(studio_, this))->open(); });
     on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
     on(actions_.quit, [this] { close(); });
-    on(actions_.copyFrame,
-        [this] { QGuiApplication::clipboard()->setImage(editor_->stage().frame().copy()); });
+    on(actions_.copyFrame, [this] { copyFrame(studio_); });
 }
 
 void MainWindow::connectEditActions() {
@@ -376,21 +376,46 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls()) event->acceptProposedAction();
 }
 
-void MainWindow::dropEvent(QDropEvent* event) {
+namespace {
+
+std::vector<std::filesystem::path> filesOf(const QDropEvent& event) {
     std::vector<std::filesystem::path> files;
-    for (const QUrl& url : event->mimeData()->urls())
+    for (const QUrl& url : event.mimeData()->urls())
         if (url.isLocalFile()) files.push_back(pathOf(url.toLocalFile()));
+    return files;
+}
+
+}   // namespace
+
+// A picture or a clip over a phone is about to become its screen.
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
+    const auto files = filesOf(*event);
+    const bool isShown = files.size() == 1 && fitsAScreen(kindOfDrop(files.front()));
+    StageView& stage = editor_->stage();
+    stage.showDropAt(isShown ? std::optional(stage.mapFrom(this, event->position())) : std::nullopt);
+    event->acceptProposedAction();
+}
+
+void MainWindow::dragLeaveEvent(QDragLeaveEvent*) { editor_->stage().showDropAt(std::nullopt); }
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    StageView& stage = editor_->stage();
+    stage.showDropAt(std::nullopt);
+    const auto files = filesOf(*event);
     if (files.empty()) return;
     event->acceptProposedAction();
     const auto bundle = std::ranges::find(files, DropKind::bundle, kindOfDrop);
     if (bundle != files.end() || !studio_.model.state.isLoaded())
         return openDocument(bundle != files.end() ? *bundle : files.front());
     DropPlace place{studio_.model.state.currentTime()};
-    const StageView& stage = editor_->stage();
     const QPointF onStage = stage.mapFrom(this, event->position());
     if (QRectF(stage.rect()).contains(onStage)) {
-        const QPointF point = stage.viewport().toCanvas(onStage);
-        place.point = {point.x(), point.y()};
+        const PixelPoint point = stage.viewport().toCanvas(pointOf(onStage));
+        place.point = {point.x, point.y};
+        if (files.size() == 1 && fitsAScreen(kindOfDrop(files.front()))) {
+            place.phone = stage.showDropAt(onStage);
+            stage.showDropAt(std::nullopt);
+        }
     }
     drop(studio_, files, place);
 }

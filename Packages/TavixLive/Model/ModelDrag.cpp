@@ -1,9 +1,6 @@
 // A device in the hand of somebody who drags it over the stage.
 #include "TavixLive/Model/CompositionEditorModel.h"
 
-#include "TavixCore/Time/CompositionTimeline.h"
-
-#include <algorithm>
 #include <utility>
 
 namespace tavix {
@@ -15,15 +12,9 @@ constexpr const char* stepName = "Move device";
 }   // namespace
 
 void CompositionEditorModel::beginDeviceDrag(std::size_t scene, std::size_t layer) {
-    deviceDragStart_.reset();
-    const auto* device = edited().content<DeviceContent>(scene, layer);
-    if (device == nullptr) return;
-    const CompositionSpec& spec = edited().spec;
-    const double startSec =
-        CompositionTimeline(spec).startSec[scene] + spec.scenes[scene].layers[layer].fromSec;
-    const double atSec = std::max(state.currentTime() - startSec, 0.0);
-    deviceDragStart_ = {scene, layer, atSec, DeviceKeyframes::unifiedState(*device, spec.output, atSec)};
-    beginGesture(stepName);
+    letGo();
+    deviceDragStart_ = DeviceOperations::dragStart(edited(), scene, layer, state.currentTime());
+    if (deviceDragStart_) beginGesture(stepName);
 }
 
 void CompositionEditorModel::follow(const DeviceKeyframes::UnifiedState& stands) {

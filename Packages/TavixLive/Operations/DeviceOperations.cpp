@@ -2,6 +2,7 @@
 
 #include "TavixCore/Choreography/DeviceChoreographyExpander.h"
 #include "TavixCore/Choreography/DeviceMotionExpander.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -74,6 +75,17 @@ std::optional<double> appendKeyframe(
     lengthSec += std::max(extraSec, leastExtraSec);
     DeviceKeyframes::upsertUnifiedKeyframe(*device, lengthSec - fromSec, atEnd);
     return lengthSec;
+}
+
+std::optional<DeviceDragStart> dragStart(
+    const EditState& state, std::size_t scene, std::size_t layer, double filmSec) {
+    const auto* device = state.content<DeviceContent>(scene, layer);
+    if (device == nullptr) return std::nullopt;
+    const double startSec =
+        CompositionTimeline(state.spec).startSec[scene] + state.layer(scene, layer)->fromSec;
+    const double atSec = std::max(filmSec - startSec, 0.0);
+    return DeviceDragStart{
+        scene, layer, atSec, DeviceKeyframes::unifiedState(*device, state.spec.output, atSec)};
 }
 
 UnifiedState moved(const DeviceDragStart& start, double dxPoints, double dyPoints, const StageView& view,

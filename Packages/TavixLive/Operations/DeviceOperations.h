@@ -33,6 +33,9 @@ struct DeviceDragStart {
     double atSec = 0;   // since the layer's start
     DeviceKeyframes::UnifiedState state;
 };
+// At a time of the film; nothing where there is no device.
+std::optional<DeviceDragStart> dragStart(
+    const EditState& state, std::size_t scene, std::size_t layer, double filmSec);
 // Where the drag has led since, each from its start alone. Distances are in points of the view; y points
 // down.
 struct StageView {

@@ -41,15 +41,21 @@ struct EditState {
         CompositionScene* in = scene(sceneIndex);
         return in && index < in->layers.size() ? &in->layers[index] : nullptr;
     }
+    const CompositionScene* scene(std::size_t index) const {
+        return index < spec.scenes.size() ? &spec.scenes[index] : nullptr;
+    }
+    const CompositionLayer* layer(std::size_t sceneIndex, std::size_t index) const {
+        const CompositionScene* in = scene(sceneIndex);
+        return in && index < in->layers.size() ? &in->layers[index] : nullptr;
+    }
     // The content of a layer of that kind; null for another one.
     template <class Content> Content* content(std::size_t sceneIndex, std::size_t index) {
         CompositionLayer* in = layer(sceneIndex, index);
         return in ? std::get_if<Content>(&in->content) : nullptr;
     }
     template <class Content> const Content* content(std::size_t sceneIndex, std::size_t index) const {
-        if (sceneIndex >= spec.scenes.size() || index >= spec.scenes[sceneIndex].layers.size())
-            return nullptr;
-        return std::get_if<Content>(&spec.scenes[sceneIndex].layers[index].content);
+        const CompositionLayer* in = layer(sceneIndex, index);
+        return in ? std::get_if<Content>(&in->content) : nullptr;
     }
 };
 

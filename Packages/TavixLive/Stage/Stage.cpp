@@ -27,6 +27,18 @@ double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
+// Light squares and dark ones, as everywhere in programs for pictures.
+imaging::Image checkered() {
+    constexpr int squarePx = 8;
+    const auto square = [](double level, int x, int y) {
+        return imaging::Image::solid({level, level, level, 1})
+            .cropped({double(x * squarePx), double(y * squarePx), squarePx, squarePx});
+    };
+    return imaging::Image::stacked(
+        {square(0.42, 0, 0), square(0.34, 1, 0), square(0.34, 0, 1), square(0.42, 1, 1)})
+        .tiled();
+}
+
 // The files of pictures that the document names.
 std::set<std::filesystem::path> picturesOf(
     CompositionSpec spec, const std::optional<std::filesystem::path>& assetRoot) {
@@ -43,7 +55,8 @@ std::set<std::filesystem::path> picturesOf(
 // What all sources of a stage share.
 struct Stage::Workroom {
     Workroom(const Options& chosen, RenderLog told)
-        : options(chosen), log(std::move(told)), evaluator(chosen.evaluation) {}
+        : options(chosen), log(std::move(told)), evaluator(chosen.evaluation),
+          ground(chosen.showsClear ? checkered() : imaging::Image::solid(imaging::Color::black())) {}
 
     void resize(imaging::Size wanted) {
         if (surface && size == wanted) return;
@@ -55,6 +68,7 @@ struct Stage::Workroom {
     Options options;
     RenderLog log;
     imaging::Evaluator evaluator;
+    imaging::Image ground;   // seen where a document is clear
     BuildMemory memory;
     Composition3DRendererPool devices;
     bool showsLiveValues = false;   // frames are not those of the document, and not kept
@@ -114,8 +128,8 @@ FrameSource::Drawn Stage::Source::draw(double atSec, FrameQuality quality) {
         resolved_.setRough(quality != FrameQuality::full);
         const imaging::Rect canvas{0, 0, double(size_.width), double(size_.height)};
         // Opaque, whatever the document leaves clear.
-        const imaging::Image frame = imaging::Image::stacked(
-            {imaging::Image::solid(imaging::Color::black()).cropped(canvas), resolved_.frame(atSec)});
+        const imaging::Image frame =
+            imaging::Image::stacked({room_->ground.cropped(canvas), resolved_.frame(atSec)});
         drawn.buildSec = secondsSince(start);
         room_->surface->update(frame);
     } catch (const std::exception& error) {

@@ -17,6 +17,7 @@ public:
     struct Options {
         imaging::EvaluatorOptions evaluation = {};
         std::size_t storeBytes = 256u << 20;   // of finished frames; 0: none are kept
+        bool showsClear = false;               // as a checkered pattern, and not as black
         bool takesOver = true;                 // what earlier documents were built into; off to measure
     };
     // The log is told what is left out of pictures.

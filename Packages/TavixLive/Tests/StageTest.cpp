@@ -157,5 +157,30 @@ TEST(Stage, ShowsADragAfterTheStagesOfDevicesWereForgotten) {
     EXPECT_GT(drawn(*source, 0.8).countBeyond(before, 8), 100);
 }
 
+// A stage that shows what is clear shows squares there, and what is opaque to the byte as one that does not.
+TEST(Stage, ShowsWhatIsClearAsSquares) {
+    CompositionLayer layer;
+    ShapeContent shape;
+    shape.widthFraction = shape.heightFraction = 0.5;
+    shape.fill = RGBAColor{1, 0, 0, 1};
+    layer.content = shape;
+    layer.position = {32, 32};
+    CompositionSpec spec = testing::specOf({64, 64}, 30, {testing::sceneOf(1, {layer})});
+    const auto drawnOn = [&](bool showsClear, double alpha) {
+        spec.background = RGBAColor{0, 0, 1, alpha};
+        Stage stage({.storeBytes = 0, .showsClear = showsClear}, {});
+        return drawn(*stage.source(spec, std::nullopt, {64, 64}), 0);
+    };
+    EXPECT_EQ(drawnOn(true, 1), drawnOn(false, 1));
+    const Picture clear = drawnOn(true, 0), black = drawnOn(false, 0);
+    EXPECT_EQ(black.at(3, 3), (testing::Pixel{0, 0, 0, 255}));
+    EXPECT_EQ(clear.at(32, 32), (testing::Pixel{255, 0, 0, 255}));
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x + 8 < 16; ++x) {
+            EXPECT_NE(clear.at(x, y), clear.at(x + 8, y)) << "square by square";
+            EXPECT_EQ(clear.at(x, y).r, clear.at(x, y).b);
+        }
+}
+
 }   // namespace
 }   // namespace tavix

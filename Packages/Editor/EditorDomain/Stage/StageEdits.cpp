@@ -31,11 +31,52 @@ std::optional<Pull> nearest(
 std::array<double, 3> across(const PixelRect& box) { return {box.x, box.center().x, box.maxX()}; }
 std::array<double, 3> down(const PixelRect& box) { return {box.y, box.center().y, box.maxY()}; }
 
-// As a picture is drawn at its own size until it has one on the canvas, there is nothing to multiply.
-bool growImage(ImageContent& image, double factor) {
-    if (!image.heightFraction) return false;
-    *image.heightFraction *= factor;
-    return true;
+// Calls change with every value of a property's track; without one it gets a track that rests.
+template <class Change>
+void changeTrack(
+    CompositionLayer& layer, AnimProperty property, double rest, double windowSec, Change change) {
+    auto track = std::ranges::find(layer.tracks, property, &PropertyTrack::property);
+    if (track == layer.tracks.end()) {
+        CompositionKeyframe first, last;
+        first.value = last.value = rest;
+        last.t = windowSec;
+        layer.tracks.push_back({property, {first, last}});
+        track = layer.tracks.end() - 1;
+    }
+    for (CompositionKeyframe& keyframe : track->keyframes) change(keyframe.value);
+}
+
+void shiftTrack(CompositionLayer& layer, AnimProperty property, double by, double windowSec) {
+    changeTrack(layer, property, 0, windowSec, [by](double& value) { value += by; });
+}
+
+void scaleTrack(CompositionLayer& layer, AnimProperty property, double by, double windowSec) {
+    changeTrack(layer, property, 1, windowSec, [by](double& value) { value *= by; });
+}
+
+NormalizedRect& rectOf(VideoContent& video) {
+    if (!video.rect) video.rect = NormalizedRect{0, 0, 1, 1};
+    return *video.rect;
+}
+
+// Where a place goes to, so that what is shown about it grows about another one.
+double carried(double place, double about, double by, double shift) {
+    return about + by * (place - about) + (by - 1) * shift;
+}
+
+// A fill covers the canvas whatever its position, which is what it is scaled about: the one place that stays
+// where both scales, one after the other, leave it. Where it comes back to its own size there is none.
+double anchorOfBoth(double anchor, double scale, double shift, double about, double by) {
+    const double both = 1 - by * scale;
+    if (std::abs(both) < 1e-6) return anchor;
+    return (about * (1 - by) + by * anchor * (1 - scale) + (by - 1) * shift) / both;
+}
+
+void growFill(CompositionLayer& layer, const StageGrowth& by, const StageStand& stand) {
+    layer.position.x = anchorOfBoth(layer.position.x, stand.across, stand.shiftPx.x, by.about.x, by.across);
+    layer.position.y = anchorOfBoth(layer.position.y, stand.down, stand.shiftPx.y, by.about.y, by.down);
+    scaleTrack(layer, AnimProperty::scaleX, by.across, stand.windowSec);
+    scaleTrack(layer, AnimProperty::scaleY, by.down, stand.windowSec);
 }
 
 }   // namespace
@@ -85,53 +126,59 @@ PixelRect grown(const PixelRect& box, const StageGrowth& by) {
         box.width * by.across, box.height * by.down};
 }
 
-void moveLayer(CompositionLayer& layer, double dxPx, double dyPx) {
+void moveLayer(CompositionLayer& layer, double dxPx, double dyPx, const StageStand& stand) {
+    if (std::holds_alternative<BackgroundFill>(layer.content)) {
+        shiftTrack(layer, AnimProperty::x, dxPx / stand.canvasHeightPx, stand.windowSec);
+        shiftTrack(layer, AnimProperty::y, dyPx / stand.canvasHeightPx, stand.windowSec);
+        return;
+    }
     layer.position.x += dxPx;
     layer.position.y += dyPx;
+    if (auto* video = std::get_if<VideoContent>(&layer.content)) {
+        NormalizedRect& rect = rectOf(*video);
+        rect.x += dxPx / stand.canvasWidthPx;
+        rect.y += dyPx / stand.canvasHeightPx;
+    }
 }
 
-bool growLayer(CompositionLayer& layer, const StageGrowth& by, StageHandle handle) {
+void growLayer(CompositionLayer& layer, const StageGrowth& by, StageHandle handle, const StageStand& stand) {
     StageGrowth used = by;
     const double even = handle.y == 0 ? by.across : by.down;
+    if (std::holds_alternative<BackgroundFill>(layer.content)) return growFill(layer, by, stand);
     if (auto* text = std::get_if<TextContent>(&layer.content)) {
-        if (handle.y == 0) {
-            text->maxWidthFraction = std::clamp(text->maxWidthFraction * by.across, leastGrowth, 1.0);
-            return true;   // its middle stays: lines are set about it
-        }
+        text->maxWidthFraction =
+            std::clamp(text->maxWidthFraction * (handle.y == 0 ? by.across : even), leastGrowth, 1.0);
+        if (handle.y == 0) return;   // its middle stays: lines are set about it
         text->sizeFraction *= even;
-        text->maxWidthFraction = std::clamp(text->maxWidthFraction * even, leastGrowth, 1.0);
         used.across = even;
     } else if (auto* shape = std::get_if<ShapeContent>(&layer.content)) {
         shape->widthFraction *= by.across;
         shape->heightFraction *= by.down;
     } else if (auto* image = std::get_if<ImageContent>(&layer.content)) {
-        if (!growImage(*image, even)) return false;
+        if (!image->heightFraction) image->heightFraction = stand.heightFraction;
+        if (!image->heightFraction) return;   // its file is not there
+        *image->heightFraction *= even;
         used.across = used.down = even;
-    } else if (auto* video = std::get_if<VideoContent>(&layer.content); video && video->rect) {
-        video->rect->width *= by.across;
-        video->rect->height *= by.down;
-    } else {
-        return false;
+    } else if (!std::holds_alternative<VideoContent>(layer.content)) {
+        return;
     }
-    layer.position.x = used.about.x + (layer.position.x - used.about.x) * used.across;
-    layer.position.y = used.about.y + (layer.position.y - used.about.y) * used.down;
-    return true;
+    const PixelPoint before = layer.position;
+    layer.position = {carried(before.x, used.about.x, used.across, stand.shiftPx.x),
+        carried(before.y, used.about.y, used.down, stand.shiftPx.y)};
+    if (auto* video = std::get_if<VideoContent>(&layer.content)) {
+        NormalizedRect& rect = rectOf(*video);
+        const auto about = [](double edge, double size, double from, double to, double factor) {
+            return (to + factor * (edge * size - from)) / size;
+        };
+        rect.x = about(rect.x, stand.canvasWidthPx, before.x, layer.position.x, used.across);
+        rect.y = about(rect.y, stand.canvasHeightPx, before.y, layer.position.y, used.down);
+        rect.width *= used.across;
+        rect.height *= used.down;
+    }
 }
 
 void turnLayer(CompositionLayer& layer, double degrees, double windowSec) {
-    for (PropertyTrack& track : layer.tracks)
-        if (track.property == AnimProperty::rotationDeg) {
-            for (CompositionKeyframe& keyframe : track.keyframes) keyframe.value += degrees;
-            return;
-        }
-    PropertyTrack track{AnimProperty::rotationDeg, {}};
-    for (const double at : {0.0, windowSec}) {
-        CompositionKeyframe keyframe;
-        keyframe.t = at;
-        keyframe.value = degrees;
-        track.keyframes.push_back(keyframe);
-    }
-    layer.tracks.push_back(std::move(track));
+    shiftTrack(layer, AnimProperty::rotationDeg, degrees, windowSec);
 }
 
 }   // namespace tavix::StageEdits

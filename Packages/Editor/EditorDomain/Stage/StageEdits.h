@@ -28,6 +28,15 @@ struct SnappedMove {
     double dxPx = 0, dyPx = 0;
     std::vector<StageGuide> guides;
 };
+// How a layer stands on the canvas at the time of a drag, by its motion.
+struct StageStand {
+    double canvasWidthPx = 1080, canvasHeightPx = 1920;
+    double windowSec = 0;          // how long it is shown
+    PixelPoint shiftPx = {};       // of the place that the document gives it
+    double across = 1, down = 1;   // how much larger it is shown
+    // Of a picture that is shown in its own pixels, on the canvas.
+    std::optional<double> heightFraction = {};
+};
 // By how much a box grows, about a place that stays where it is.
 struct StageGrowth {
     double across = 1, down = 1;
@@ -46,11 +55,12 @@ SnappedMove snappedMove(const PixelRect& box, double dxPx, double dyPx, const Pi
 StageGrowth growth(const PixelRect& box, StageHandle handle, double dxPx, double dyPx);
 PixelRect grown(const PixelRect& box, const StageGrowth& by);
 
-void moveLayer(CompositionLayer& layer, double dxPx, double dyPx);
+// Every kind of layer but a device, which has keyframes for that (`DeviceOperations`).
+void moveLayer(CompositionLayer& layer, double dxPx, double dyPx, const StageStand& stand);
 // Sizes follow, in the unit of the content: text grows evenly, and by its sides becomes wider to break its
-// lines elsewhere; shapes and clips with a place of their own follow both ways; pictures grow evenly. False
-// for what has no size of its own: a fill, a clip over the whole canvas, a device.
-bool growLayer(CompositionLayer& layer, const StageGrowth& by, StageHandle handle);
+// lines elsewhere; pictures grow evenly; all others follow both ways. A fill, which has no size of its own,
+// grows by keyframes of its scale. Devices stay as they are.
+void growLayer(CompositionLayer& layer, const StageGrowth& by, StageHandle handle, const StageStand& stand);
 // Clockwise, about its middle: added to the turn that it has at any time.
 void turnLayer(CompositionLayer& layer, double degrees, double windowSec);
 

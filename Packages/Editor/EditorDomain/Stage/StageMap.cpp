@@ -1,7 +1,9 @@
 #include "Editor/EditorDomain/Stage/StageMap.h"
 
+#include "TavixLive/Operations/LayerOperations.h"
 #include "TavixRender/Judge/FilmJudge.h"
 
+#include <cmath>
 #include <utility>
 
 namespace tavix {
@@ -38,7 +40,25 @@ std::vector<CompositionTimeline::ActiveScene> StageMap::scenesAt(double atSec) c
 
 StageLayer StageMap::named(std::size_t scene, const LayerGeometry& geometry) const {
     return {{scene, geometry.layer}, geometry.box,
-        plain(FilmJudge::nameOf(spec_.scenes[scene].layers[geometry.layer]))};
+        plain(FilmJudge::nameOf(spec_.scenes[scene].layers[geometry.layer])), standOf(scene, geometry)};
+}
+
+StageStand StageMap::standOf(std::size_t scene, const LayerGeometry& geometry) const {
+    const CompositionLayer& layer = spec_.scenes[scene].layers[geometry.layer];
+    const imaging::Rect& canvas = geometry_.canvas();
+    const imaging::Affine& motion = geometry.motion;
+    // Its anchor goes where the motion shifts it, and nowhere else. Pictures have their y up.
+    const imaging::Point anchor{layer.position.x, canvas.height - layer.position.y};
+    const imaging::Point moved = motion.apply(anchor);
+    StageStand stand{canvas.width, canvas.height,
+        LayerOperations::layerWindowLength(spec_, scene, geometry.layer),
+        {moved.x - anchor.x, anchor.y - moved.y}, std::hypot(motion.a, motion.b),
+        std::hypot(motion.c, motion.d), {}};
+    if (const auto* image = std::get_if<ImageContent>(&layer.content); image && !image->heightFraction)
+        if (const auto& header = assets_.still(image->path).header)
+            stand.heightFraction =
+                (image->sourceRect ? image->sourceRect->height : 1) * header->size.height / canvas.height;
+    return stand;
 }
 
 std::vector<StageLayer> StageMap::layersAt(double atSec) const {

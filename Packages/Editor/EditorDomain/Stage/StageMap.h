@@ -1,6 +1,7 @@
 // Where the layers of one document stand on the canvas at any time, to take hold of them.
 #pragma once
 
+#include "Editor/EditorDomain/Stage/StageEdits.h"
 #include "TavixRender/Judge/FrameGeometry.h"
 
 #include <cstddef>
@@ -20,6 +21,7 @@ struct StageLayer {
     StagePlace place;
     PixelRect box;   // of its ink, in canvas pixels from the top left
     std::string name;
+    StageStand stand = {};
 };
 
 // Takes milliseconds to make, and reads the heads of files: made off the main thread, used by one at a time.
@@ -38,9 +40,10 @@ public:
 private:
     std::vector<CompositionTimeline::ActiveScene> scenesAt(double atSec) const;
     StageLayer named(std::size_t scene, const LayerGeometry& geometry) const;
+    StageStand standOf(std::size_t scene, const LayerGeometry& geometry) const;
 
-    CompositionSpec spec_;   // the geometry refers to it
-    FilmAssets assets_;
+    CompositionSpec spec_;        // the geometry refers to it
+    mutable FilmAssets assets_;   // looks at each file once
     CompositionGeometry geometry_;
 };
 

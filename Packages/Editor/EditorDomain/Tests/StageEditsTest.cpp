@@ -1,6 +1,10 @@
 // Drags on the stage: what moves, what stays, and what takes hold.
 #include "Editor/EditorDomain/Stage/StageEdits.h"
 #include "Editor/EditorDomain/Stage/StageMap.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Media/StillImages.h"
+#include "TestSupport/SourceTree.h"
+#include "TestSupport/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -126,19 +130,83 @@ TEST(StageMap, FindsTheFrontLayerUnderAPoint) {
     EXPECT_EQ(at(299, 500), -1);
 }
 
-TEST(StageMap, AGrownShapeStandsWhereItsBoxWasDragged) {
+// Of every kind that is not a device, at rest and in the middle of a motion that shifts and enlarges it.
+std::vector<CompositionLayer> everyKind(const std::filesystem::path& folder) {
+    imaging::Evaluator evaluator;
+    media::writePng(folder / "red.png",
+        evaluator.draw(imaging::Image::solid({1, 0, 0, 1}).cropped({0, 0, 300, 200}), {0, 0, 300, 200})
+            .view());
+    const std::string clip =
+        (testsupport::inSourceTree("Examples") / "hero-phone.tavixcomp" / "assets" / "tour.mp4").string();
+    ShapeContent shape;
+    shape.widthFraction = 0.4;
+    shape.heightFraction = 0.1;
+    ImageContent ownPixels, sized;
+    ownPixels.path = sized.path = "red.png";
+    sized.heightFraction = 0.2;
+    VideoContent whole, placed;
+    whole.clip.path = placed.clip.path = clip;
+    placed.rect = NormalizedRect{0.2, 0.3, 0.5, 0.3};
+    placed.fit = whole.fit = VideoFit::cover;
+    TextContent text;
+    text.text = "Words";
+    text.sizeFraction = 0.1;
+    std::vector<CompositionLayer> layers;
+    for (const LayerContent& content : std::initializer_list<LayerContent>{
+             shape, ownPixels, sized, whole, placed, BackgroundFill(RGBAColor{1, 0, 0, 1}), text})
+        for (const bool isMoving : {false, true}) {
+            CompositionLayer layer;
+            layer.content = content;
+            layer.position = {480, 900};
+            const auto still = [](AnimProperty property, double value) {
+                CompositionKeyframe keyframe;
+                keyframe.value = value;
+                return PropertyTrack{property, {keyframe}};
+            };
+            using enum AnimProperty;
+            if (isMoving)
+                layer.tracks = {still(x, 0.06), still(y, -0.04), still(scale, 1.25), still(scaleX, 0.8)};
+            layers.push_back(layer);
+        }
+    return layers;
+}
+
+void expectNear(const PixelRect& got, const PixelRect& wanted, double tolerancePx) {
+    EXPECT_NEAR(got.x, wanted.x, tolerancePx);
+    EXPECT_NEAR(got.y, wanted.y, tolerancePx);
+    EXPECT_NEAR(got.maxX(), wanted.maxX(), tolerancePx);
+    EXPECT_NEAR(got.maxY(), wanted.maxY(), tolerancePx);
+}
+
+// Wherever the box of a layer was dragged, there the layer is.
+TEST(StageMap, ALayerOfEveryKindStandsWhereItsBoxWasDragged) {
+    const testsupport::TemporaryFolder folder;
     CompositionSpec spec = twoShapes();
-    const PixelRect before = StageMap(spec, std::nullopt).layer({0, 0}, 1)->box;
-    for (const StageHandle handle : {StageHandle{1, 1}, StageHandle{-1, 0}, StageHandle{0, -1}}) {
-        CompositionSpec changed = spec;
-        const StageGrowth by = growth(before, handle, handle.x * 40, handle.y * 40);
-        ASSERT_TRUE(growLayer(changed.scenes[0].layers[0], by, handle));
-        const PixelRect wanted = grown(before, by),
-                        got = StageMap(changed, std::nullopt).layer({0, 0}, 1)->box;
-        EXPECT_NEAR(got.x, wanted.x, 1);
-        EXPECT_NEAR(got.y, wanted.y, 1);
-        EXPECT_NEAR(got.maxX(), wanted.maxX(), 1);
-        EXPECT_NEAR(got.maxY(), wanted.maxY(), 1);
+    spec.scenes[0].layers.resize(1);
+    CompositionLayer& layer = spec.scenes[0].layers[0];
+    const auto stands = [&] { return *StageMap(spec, folder.path()).layer({0, 0}, 1); };
+    int kind = 0;
+    for (const CompositionLayer& original : everyKind(folder.path())) {
+        SCOPED_TRACE(kind++);
+        layer = original;
+        const StageLayer before = stands();
+        moveLayer(layer, 37, -21, before.stand);
+        expectNear(
+            stands().box, {before.box.x + 37, before.box.y - 21, before.box.width, before.box.height}, 1);
+        const bool isText = std::holds_alternative<TextContent>(layer.content);
+        const bool isEven = isText || std::holds_alternative<ImageContent>(layer.content);
+        for (const StageHandle handle :
+            {StageHandle{1, 1}, StageHandle{-1, -1}, StageHandle{-1, 0}, StageHandle{0, 1}}) {
+            if (isEven && !handle.isCorner()) continue;
+            layer = original;
+            for (const double step : {40.0, -25.0}) {   // one drag after another
+                const StageLayer now = stands();
+                const StageGrowth by = growth(now.box, handle, handle.x * step, handle.y * step);
+                growLayer(layer, by, handle, now.stand);
+                // Letters are set anew in their size.
+                expectNear(stands().box, grown(now.box, by), isText ? 6 : 1);
+            }
+        }
     }
 }
 
