@@ -71,6 +71,7 @@ CompositionEditorModel::CompositionEditorModel(const Services& services)
       preview_(services.executors, services.maker, services.output, services.logs),
       exports_(services.executors.main, services.executors.workers, services.logs.render) {
     exporting_ = watch([this] { showExports(); }, exports_.jobs);
+    preparing_ = watch([this] { spare_.prepare(state.edited.shared()); }, state.edited);
     Player& player = preview_.player();
     player.setSink([this](const StagePicture& picture) {
         if (!state.showsLiveFrame() && sink_) sink_(picture);
@@ -237,21 +238,30 @@ std::optional<std::string> CompositionEditorModel::applySavedText(
 void CompositionEditorModel::update(
     const std::string& stepName, const std::function<void(EditState&)>& mutate) {
     letGo();
-    EditState changed = edited();
+    EditState changed = draft();
     mutate(changed);
     become(stepName, std::move(changed));
 }
 
 void CompositionEditorModel::become(const std::string& stepName, EditState changed) {
-    if (changed.spec == edited().spec) {
-        state.edited = std::move(changed);
-        return;
-    }
-    const History::Moment before = moment();
-    state.edited = std::move(changed);
+    if (changed.spec == edited().spec) return select(std::move(changed.selection));
+    History::Moment before = moment();
+    replaceEdited(std::move(changed));
     if (!gesture_) record(stepName, before);
+    files().post([before = std::move(before)]() mutable { before = {}; });   // unless it is kept
     noteUnsaved(true);
     scheduleRefresh();
+}
+
+void CompositionEditorModel::select(Selection selection) {
+    if (selection == edited().selection) return spare_.prepare(state.edited.shared());
+    EditState changed = draft();
+    changed.selection = std::move(selection);
+    replaceEdited(std::move(changed));
+}
+
+void CompositionEditorModel::replaceEdited(EditState changed) {
+    state.edited.become(std::make_shared<const EditState>(std::move(changed)));
 }
 
 void CompositionEditorModel::record(const std::string& stepName, const History::Moment& before) {
@@ -292,7 +302,9 @@ void CompositionEditorModel::beginGesture(const std::string& stepName) {
 void CompositionEditorModel::endGesture() {
     if (!gesture_) return;
     const Gesture ended = *std::exchange(gesture_, std::nullopt);
-    record(ended.name, ended.before);
+    if (const auto& before = ended.before.state;
+        before != state.edited.shared() && !(before->spec == edited().spec))
+        record(ended.name, ended.before);
     if (isLookDue_) lookAtFile();
 }
 
@@ -324,7 +336,7 @@ void CompositionEditorModel::redo() {
 void CompositionEditorModel::show(const History::Moment& moment) {
     {
         const Batch together;
-        state.edited = moment.state;
+        state.edited.become(moment.state);
         noteHistory();
     }
     noteUnsaved(true);

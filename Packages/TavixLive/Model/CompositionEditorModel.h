@@ -7,6 +7,7 @@
 #include "TavixLive/Model/EditorState.h"
 #include "TavixLive/Model/ExportQueue.h"
 #include "TavixLive/Model/History.h"
+#include "TavixLive/Model/SpareState.h"
 #include "TavixLive/Playback/LivePreview.h"
 #include "TavixLive/Saving/DocumentOnDisk.h"
 #include "TavixLive/Saving/JournalKeeper.h"
@@ -171,6 +172,9 @@ private:
     }
     History::Moment moment() const { return {state.edited.shared(), state.currentTime()}; }
     void become(const std::string& stepName, EditState changed);
+    void select(Selection selection);
+    EditState draft() { return spare_.take(state.edited.shared()); }   // of a change
+    void replaceEdited(EditState changed);
     void record(const std::string& stepName, const History::Moment& before);
     void noteHistory();
     void packHistory();
@@ -220,6 +224,8 @@ private:
     system::SerialExecutor& main_;
     LivePreview preview_;
     History history_;
+    SpareState spare_{main_, services_.executors.workers};
+    Connection preparing_;
     std::optional<Gesture> gesture_;
     std::shared_ptr<const DocumentOnDisk> onDisk_;   // of a bundle that is open
     std::shared_ptr<const DocumentOnDisk> byHand_;   // a text that was applied since it was saved

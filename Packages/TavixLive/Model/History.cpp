@@ -2,6 +2,7 @@
 
 #include "TavixCore/Paths/Difference.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixLive/Model/ScenePatch.h"
 
 #include <algorithm>
 
@@ -24,11 +25,10 @@ std::optional<JsonPatch> patchTo(const CompositionSpec& to, const Json& from, co
 
 History::Moment History::Way::from(const EditState& now) const {
     if (whole) return {whole, playheadSec};
-    return {std::make_shared<const EditState>(EditState{applyTo(now.spec, *patch), selection}), playheadSec};
+    return {std::make_shared<const EditState>(EditState{followed(now.spec, *patch), selection}), playheadSec};
 }
 
 void History::record(std::string name, const Moment& before, const Moment& after) {
-    if (before.state->spec == after.state->spec) return;
     for (const Step& step : undone_) forget(step);
     undone_.clear();
     const auto way = [](const Moment& to) { return Way{{}, to.state, to.state->selection, to.playheadSec}; };
@@ -135,7 +135,8 @@ void History::dropWholes() {
         for (auto step = steps->rbegin(); step != steps->rend(); ++step) {
             if (!step->isPacked) continue;
             bytes += step->wholeBytes;
-            if (bytes <= limits_.mostWholeBytes) continue;
+            // Of a long document that of the very next one stays all the same.
+            if (bytes <= limits_.mostWholeBytes || step == steps->rbegin()) continue;
             for (Way* way : {&step->back, &step->forth})
                 if (way->whole && way->patch) spent_.push_back(std::exchange(way->whole, nullptr));
         }

@@ -36,7 +36,8 @@ public:
     History() = default;
     explicit History(const Limits& limits) : limits_(limits) {}
 
-    // What was undone can be redone no more. Equal documents are no step. The oldest steps are forgotten.
+    // From one document to another one. What was undone can be redone no more. The oldest steps are
+    // forgotten.
     void record(std::string name, const Moment& before, const Moment& after);
     void clear();
 

@@ -65,7 +65,7 @@ void CompositionEditorModel::liveUpsertUnifiedKeyframe(
     if (!held) return;
     DeviceKeyframes::upsertUnifiedKeyframe(*held, atSec, stands);
     if (!held->scene3D) {
-        EditState changed = edited();
+        EditState changed = draft();
         *changed.content<DeviceContent>(scene, layer) = std::move(*held);
         return become(stepName, std::move(changed));
     }

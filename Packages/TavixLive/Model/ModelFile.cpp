@@ -68,7 +68,9 @@ void CompositionEditorModel::save(Done then, DocumentOnDisk::IfChanged ifChanged
                 clear(saveProblem_);
                 // What was changed while it was written is not saved yet.
                 if (byHand_ == byHand) byHand_.reset();
-                noteUnsaved(byHand_ || liveTarget_ || !(written.edited->spec == edited().spec));
+                const bool isSame =
+                    written.edited == state.edited.shared() || written.edited->spec == edited().spec;
+                noteUnsaved(byHand_ || liveTarget_ || !isSame);
                 state.statusMessage = "Saved composition.json.";
             } catch (const DocumentOnDisk::Changed& refusal) {
                 state.errorMessage = fileProblem_ = refusal.message();

@@ -88,7 +88,7 @@ void CompositionEditorModel::applyLiveEdits(EditState& changed) const {
 
 void CompositionEditorModel::commitLiveEdits() {
     if (!liveTarget_) return;
-    EditState changed = edited();
+    EditState changed = draft();
     applyLiveEdits(changed);
     dropLiveEdits();
     become("Move device", std::move(changed));

@@ -101,33 +101,26 @@ void CompositionEditorModel::reachEnd() {
 
 void CompositionEditorModel::selectScene(std::size_t scene, bool isSought) {
     if (scene >= edited().spec.scenes.size()) return;
-    EditState changed = edited();
-    changed.selection = {scene, std::nullopt};
-    state.edited = std::move(changed);
+    select({scene, std::nullopt});
     if (isSought) seek(CompositionTimeline(edited().spec).startSec[scene] + insideSec);
 }
 
 void CompositionEditorModel::selectLayer(std::size_t scene, std::size_t layer) {
-    EditState changed = edited();
-    const CompositionLayer* selected = changed.layer(scene, layer);
+    const std::shared_ptr<const EditState> now = state.edited.shared();
+    const CompositionLayer* selected = now->layer(scene, layer);
     if (selected == nullptr) return;
-    const double sceneSec = CompositionTimeline(changed.spec).startSec[scene];
+    const double sceneSec = CompositionTimeline(now->spec).startSec[scene];
     const double startSec = sceneSec + selected->fromSec;
-    const double endSec = selected->durationSec ? startSec + *selected->durationSec
-                                                : sceneSec + changed.scene(scene)->durationSec;
+    const double endSec =
+        selected->durationSec ? startSec + *selected->durationSec : sceneSec + now->scene(scene)->durationSec;
     double inSec = afterEnteringSec;
     if (selected->enter)
         inSec = std::min(selected->enter->durationSec + afterEnteringSec, (endSec - startSec) / 2);
-    changed.selection = {scene, layer};
-    state.edited = std::move(changed);
+    select({scene, layer});
     if (state.currentTime() < startSec || state.currentTime() >= endSec - insideSec)
         seek(std::min(endSec - insideSec, startSec + inSec));
 }
 
-void CompositionEditorModel::clearSelection() {
-    EditState changed = edited();
-    changed.selection = {};
-    state.edited = std::move(changed);
-}
+void CompositionEditorModel::clearSelection() { select({}); }
 
 }   // namespace tavix

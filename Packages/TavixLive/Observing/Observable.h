@@ -133,11 +133,13 @@ public:
         return *this;
     }
 
-private:
+    // One that is known to be another, which need not be compared.
     void become(std::shared_ptr<const T> value) {
         value_ = std::move(value);
         changed();
     }
+
+private:
     std::shared_ptr<const T> value_ = std::make_shared<const T>();
 };
 

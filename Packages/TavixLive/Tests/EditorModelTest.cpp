@@ -366,5 +366,35 @@ TEST_F(EditorModel, TellsWhatUndoAndRedoTake) {
     EXPECT_THAT(shownNames, ::testing::ElementsAre("Fade/-", "-/Fade", "Fade/-", "-/-"));
 }
 
+// An edit begins with a copy that was made elsewhere. Whenever that is ready, or whatever it was made of,
+// what is seen is the same.
+TEST_F(EditorModel, EditsACopyThatWasMadeElsewhere) {
+    load(testing::smallFilm());
+    std::vector<CompositionSpec> became{spec()};
+    std::mt19937 random(9);
+    for (int i = 0; i < 200; ++i) {
+        switch (random() % 6) {
+        case 0: model->selectLayer(random() % 2, 0); break;
+        case 1: model->clearSelection(); break;
+        case 2: model->update("Nothing", [](EditState&) {}); break;
+        case 3:
+            if (became.size() > 1) {
+                model->undo();
+                became.pop_back();
+            }
+            break;
+        default: tint(); became.push_back(spec());
+        }
+        ASSERT_EQ(spec(), became.back()) << i;
+        if (random() % 2) time.settle();
+    }
+    const auto kept = state().edited.shared();
+    const CompositionSpec before = kept->spec;
+    time.settle();
+    tint();
+    EXPECT_EQ(kept->spec, before) << "who keeps one keeps what it was";
+    EXPECT_NE(spec(), before);
+}
+
 }   // namespace
 }   // namespace tavix

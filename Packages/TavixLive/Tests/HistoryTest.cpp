@@ -1,6 +1,8 @@
 #include "TavixLive/Model/History.h"
 #include "RandomEdits.h"
+#include "TavixCore/Paths/Difference.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixLive/Model/ScenePatch.h"
 
 #include <gtest/gtest.h>
 
@@ -60,7 +62,6 @@ TEST(History, ForgetsWhatWasUndoneWhenSomethingElseIsDone) {
     b.spec.seed = 1;
     c.spec.seed = 2;
     history.record("b", momentOf(a), momentOf(b));
-    history.record("nothing", momentOf(b), momentOf(b));
     EXPECT_EQ(*history.undoName(), "b");
     const auto step = history.nextUnpacked();
     ASSERT_TRUE(step);
@@ -104,6 +105,36 @@ TEST(History, TellsItsLastChangeAsAPatch) {
     EXPECT_EQ(applyTo(a.spec, history.lastChange(b)), b.spec);
     history.packAll();
     EXPECT_EQ(applyTo(a.spec, history.lastChange(b)), b.spec);
+}
+
+// Scene by scene or all at once, a patch leads to the same document, or to the same complaint.
+TEST(ScenePatch, FollowsAPatchAsTheWholeDocumentDoes) {
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        std::mt19937 random(seed);
+        EditState state = testing::firstState();
+        for (int i = 0; i < 60; ++i) {
+            const CompositionSpec before = state.spec;
+            for (int edits = 1 + int(random() % 3); edits > 0; --edits) testing::editAnything(state, random);
+            if (i % 7 == 0) std::ranges::shuffle(state.spec.scenes, random);
+            if (i % 5 == 0) state.spec.seed = std::int64_t(random() % 100);
+            for (const bool isBack : {false, true}) {
+                const CompositionSpec &from = isBack ? state.spec : before,
+                                      &to = isBack ? before : state.spec;
+                const JsonPatch patch = diff(from, to);
+                ASSERT_EQ(followed(from, patch), applyTo(from, patch)) << seed << " edit " << i;
+                ASSERT_EQ(followed(from, patch), to);
+            }
+        }
+    }
+    const CompositionSpec spec = testing::firstState().spec;
+    using Kind = PatchOperation::Kind;
+    const auto at = [](const char* path) { return JsonPointer::parse(path); };
+    for (const PatchOperation& wrong : {PatchOperation{Kind::remove, at("/scenes/99"), {}, {}},
+             {Kind::remove, at("/scenes/0/nothing"), {}, {}}, {Kind::replace, at("/scenes/0"), {}, Json(3)},
+             {Kind::add, at("/scenes/99"), {}, Json(3)}, {Kind::replace, at("/seed"), {}, Json("x")}}) {
+        EXPECT_THROW(applyTo(spec, {wrong}), Failure);
+        EXPECT_THROW(followed(spec, {wrong}), Failure) << wrong.path.text();
+    }
 }
 
 }   // namespace
