@@ -111,7 +111,7 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
 
 // Of a build with a memory, that memory; a build without one makes things late, with one of its own.
 struct ResolvedComposition::Workshop {
-    static constexpr std::size_t mostPictureBytes = 48u << 20;
+    static constexpr std::size_t mostPictureBytes = 24u << 20;
 
     Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
         const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,

@@ -21,8 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 using imaging::Image;
 
-// Decoded frames of the whole program, since every preview of every edit asks for the same few. They are what
-// decoding gives anew: a file that has changed is another one.
+// The frames decoded last, of the whole program, since every preview of an edit to a device asks for the same
+// one. They are what decoding gives anew: a file that has changed is another one.
 class FramePictures {
 public:
     std::optional<Image> image(const fs::path& file, StillImageCache& images) {
@@ -39,7 +39,7 @@ private:
         FileIdentity file;
         Image picture;
     };
-    static constexpr double mostBytes = 48 << 20;   // three of a phone's frame in full size
+    static constexpr double mostBytes = 20 << 20;   // one of a phone in full size
 
     static double bytesOf(const Image& picture) {
         return picture.extent().width * picture.extent().height * 4;
