@@ -66,6 +66,19 @@ def commit_times():
     return times
 
 
+def compiled(build, here):
+    """Each source of ours by its name from the root, with the command that compiles it: by itself or, where the build
+    puts sources of a folder behind one another, those."""
+    for entry in json.loads((build / "compile_commands.json").read_text()):
+        name = os.path.relpath(entry["file"], here)
+        if "/together/" in name:
+            for included in re.findall(r'#include "(.+)"', pathlib.Path(name).read_text()):
+                own = f"Packages/{included}"
+                yield own, {**entry, "command": entry["command"].replace(entry["file"], os.path.abspath(own))}
+        elif not name.startswith(("build/", "..")):
+            yield name, entry
+
+
 @dataclasses.dataclass
 class Source:
     name: str       # from the root
@@ -116,9 +129,8 @@ def main():
     cache.mkdir(parents=True, exist_ok=True)
     digests, objects, times, here = Digests(), included(asked.build), commit_times(), os.getcwd()
     waiting, clean = [], 0
-    for entry in json.loads((asked.build / "compile_commands.json").read_text()):
-        name = os.path.relpath(entry["file"], here)
-        if name.startswith(("build/", "..")) or (asked.files and name not in asked.files):
+    for name, entry in compiled(asked.build, here):
+        if asked.files and name not in asked.files:
             continue
         key = base.copy()
         key.update(entry["command"].replace(here, "").encode())

@@ -30,7 +30,7 @@ struct JsonTextTree::List {
 
 namespace {
 
-constexpr std::string_view spaces = " \t\r\n";
+constexpr std::string_view whiteSpace = " \t\r\n";
 
 // Steps over parts of a valid text; comments are blanks in it.
 class Scanner {
@@ -40,7 +40,7 @@ public:
     std::size_t at() const { return at_; }
     char peek() const { return at_ < mask_.size() ? mask_[at_] : '\0'; }
     void step() { ++at_; }
-    void space() { at_ = std::min(mask_.find_first_not_of(spaces, at_), mask_.size()); }
+    void space() { at_ = std::min(mask_.find_first_not_of(whiteSpace, at_), mask_.size()); }
     void quoted() {
         for (++at_; at_ < mask_.size() && mask_[at_] != '"'; ++at_)
             if (mask_[at_] == '\\') ++at_;
@@ -77,7 +77,7 @@ std::string_view indentIn(std::string_view space, std::string_view otherwise) {
 
 // Up to where only space follows.
 std::string upToWords(std::string_view space) {
-    return std::string(space.substr(0, space.find_last_not_of(spaces) + 1));
+    return std::string(space.substr(0, space.find_last_not_of(whiteSpace) + 1));
 }
 
 }   // namespace

@@ -13,7 +13,7 @@ namespace tavix {
 namespace {
 
 constexpr Type boolean{Type::Kind::boolean}, number{Type::Kind::number}, integer{Type::Kind::integer},
-    text{Type::Kind::text}, json{Type::Kind::json};
+    text{Type::Kind::text}, jsonType{Type::Kind::json};
 
 template <class T> bool areEqualAs(const void* a, const void* b) {
     return *static_cast<const T*>(a) == *static_cast<const T*>(b);
@@ -62,7 +62,7 @@ template <> const Type& TypeOf<bool>::get() { return boolean; }
 template <> const Type& TypeOf<double>::get() { return number; }
 template <> const Type& TypeOf<std::int64_t>::get() { return integer; }
 template <> const Type& TypeOf<std::string>::get() { return text; }
-template <> const Type& TypeOf<Json>::get() { return json; }
+template <> const Type& TypeOf<Json>::get() { return jsonType; }
 
 template struct TypeOf<std::vector<double>>;
 template struct TypeOf<std::vector<std::int64_t>>;
