@@ -3,9 +3,13 @@
 #include "TavixCore/Judge/CompositionRoad.h"
 #include "TavixCore/Paths/Matching.h"
 #include "TavixCore/Paths/Merge.h"
+#include "TavixCore/Paths/Walk.h"
 #include "TavixCore/Support/Document.h"
+#include "TavixCore/Time/CompositionBeats.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -159,11 +163,120 @@ bool mendScenes(Json& document, const CompositionSpec& read, const CompositionSp
     return hasMended;
 }
 
+// The beats at which the author has put anything.
+std::vector<double> beatsIn(const CompositionSpec& written) {
+    std::vector<double> beats;
+    walk(written, [&](const Place& place) {
+        const double* const beat = place.row && isInBeats(place.row->role) ? place.as<double>() : nullptr;
+        if (beat) beats.push_back(*beat);
+        return Walk::into;
+    });
+    return beats;
+}
+
+// The times of one layer in a document, told in beats where they stand on one.
+class BeatTeller {
+public:
+    BeatTeller(const BeatGrid& grid, std::vector<double> authored)
+        : grid_(grid), authored_(std::move(authored)) {}
+    bool hasTold() const { return hasTold_; }
+
+    void tell(Json& layer, const CompositionLayer& read, double sceneStartSec) {
+        tell(layer, "fromSec", "fromBeat", sceneStartSec + read.fromSec, Any::gridLine);
+        if (read.durationSec)
+            tell(layer, "durationSec", "toBeat", sceneStartSec + read.fromSec + *read.durationSec,
+                Any::gridLine);
+        JsonArray* const tracks = listAt(layer, "tracks");
+        for (std::size_t i = 0; tracks && i < std::min(tracks->size(), read.tracks.size()); ++i)
+            if (JsonArray* const keyframes = listAt((*tracks)[i], "keyframes"))
+                for (std::size_t k = 0; k < std::min(keyframes->size(), read.tracks[i].keyframes.size()); ++k)
+                    tell((*keyframes)[k], "t", "atBeat",
+                        sceneStartSec + read.fromSec + read.tracks[i].keyframes[k].t, Any::authored);
+    }
+
+private:
+    enum class Any { gridLine, authored };   // beats that are taken: halves of them, or those of the author
+
+    void tell(Json& owner, const char* secKey, const char* beatKey, double filmSec, Any any) {
+        JsonObject* const object = owner.object();
+        if (!object || !object->find(secKey) || object->find(beatKey)) return;
+        const double beat = (filmSec - grid_.offsetSec) / grid_.beatDuration(),
+                     halves = std::round(beat * 2) / 2;
+        constexpr double sameBeat = 1e-6;
+        std::optional<double> told;
+        for (const double authored : authored_)
+            if (std::abs(authored - beat) < sameBeat) told = authored;
+        if (!told && any == Any::gridLine && std::abs(halves - beat) < sameBeat) told = halves;
+        if (!told) return;
+        object->remove(secKey);
+        object->set(beatKey, *told);
+        hasTold_ = true;
+    }
+
+    const BeatGrid& grid_;
+    std::vector<double> authored_;
+    bool hasTold_ = false;
+};
+
+// Layers that are new, such as a part of one that was cut, in a film whose author counts in beats; and those
+// whose beats went with an edit.
+bool tellInBeats(Json& document, const Json& written, const CompositionSpec& read) {
+    const auto grid = CompositionBeats::grid(read);
+    if (!grid) return false;
+    const CompositionSpec author = decodeValue<CompositionSpec>(written);
+    BeatTeller teller(*grid, beatsIn(author));
+    if (!CompositionBeats::containsBeatRefs(author)) return false;
+    const CompositionTimeline clock(read);
+    Json before = written;
+    JsonArray* const scenesBefore = listAt(before, "scenes");
+    JsonArray* const scenes = listAt(document, "scenes");
+    if (!scenes || !scenesBefore || scenes->size() != read.scenes.size()) return false;
+    const auto origin = matched(*scenesBefore, *scenes);
+    for (std::size_t i = 0; i < scenes->size(); ++i) {
+        JsonArray* const layers = layersOf(document, i);
+        JsonArray* const layersBefore = origin[i] ? layersOf(before, *origin[i]) : nullptr;
+        if (!layers) continue;
+        const auto from = layersBefore ? matched(*layersBefore, *layers)
+                                       : std::vector<std::optional<std::size_t>>(layers->size());
+        for (const CompositionLayer& layer : read.scenes[i].layers) {
+            const auto at = layer.origin.writtenAs;
+            if (!at || *at >= layers->size() || layer.origin.baked == LayerOrigin::Baked::formation) continue;
+            const bool wasInBeats =
+                from[*at] &&
+                CompositionBeats::containsBeatRefs(CompositionSpec{
+                    .scenes = {{.layers = {decodeValue<CompositionLayer>((*layersBefore)[*from[*at]])}}}});
+            if (!from[*at] || (wasInBeats && (*layersBefore)[*from[*at]] != (*layers)[*at]))
+                teller.tell((*layers)[*at], layer, clock.startSec[i]);
+        }
+    }
+    return teller.hasTold();
+}
+
+// The same document with its times in beats, where it reads the same.
+Json inBeats(Json document, const Json& written, const CompositionSpec& current, const SavingRoad& road) {
+    Json told = document;
+    const auto before = readAgain(document, road);
+    if (!before || !tellInBeats(told, written, *before)) return document;
+    auto read = readAgain(told, road);
+    if (read && !(*read == current) && mendTimes(told, *read, current)) read = readAgain(told, road);
+    return read == current ? told : document;
+}
+
+Json secondsOrBeats(
+    const Json& written, const CompositionSpec& base, const CompositionSpec& current, const SavingRoad& road);
+
 }   // namespace
 
 Json savedDocument(const Json& written, const CompositionSpec& base, const CompositionSpec& current,
     const SavingRoad& road) {
     if (base == current) return written;
+    return inBeats(secondsOrBeats(written, base, current, road), written, current, road);
+}
+
+namespace {
+
+Json secondsOrBeats(const Json& written, const CompositionSpec& base, const CompositionSpec& current,
+    const SavingRoad& road) {
     const Type& type = typeOf<CompositionSpec>();
     Forms forms{writeValue(type, &base), writeValue(type, &current), written};
     restoreNames(forms, base);
@@ -182,5 +295,7 @@ Json savedDocument(const Json& written, const CompositionSpec& base, const Compo
     }
     return writeValue(type, &current);
 }
+
+}   // namespace
 
 }   // namespace tavix

@@ -131,5 +131,56 @@ TEST(SavedDocument, LeavesTheOtherBytesOfTheFile) {
     EXPECT_EQ(readBytes(file), namedFilm);
 }
 
+// Beats survive a cut: on a beat both parts are told in beats, elsewhere all but the place of the cut.
+TEST(SavedDocument, KeepsTheBeatsOfALayerThatIsCut) {
+    for (const double bpm : {120.0, 100.0, 96.0}) {
+        const auto cutAt = [&](double cutSec) {
+            std::string text = namedFilm;
+            text.replace(text.find("\"bpm\": 120"), 10, "\"bpm\": " + std::to_string(int(bpm)));
+            const Opened film = opened(parseJson(text));
+            EditState state{film.base, {}};
+            LayerOperations::duplicateLayer(state, 0, 0);
+            LayerOperations::setLayerEnd(state, 0, 0, cutSec);
+            LayerOperations::setLayerStart(state, 0, 1, cutSec);
+            const Json json = saved(film, state.spec);
+            EXPECT_EQ(readAgain(film, json), state.spec);
+            const Json& layers = *json.find("scenes")->array()->at(0).find("layers");
+            return std::pair((*layers.array())[0], (*layers.array())[1]);
+        };
+        const auto number = [](const Json& layer, const char* key) {
+            const Json* found = layer.find(key);
+            return found ? found->doubleValue() : std::nullopt;
+        };
+        const auto [first, second] = cutAt(4 * 60 / bpm);
+        EXPECT_EQ(number(first, "fromBeat"), 2) << bpm;
+        EXPECT_EQ(number(first, "toBeat"), 4) << bpm;
+        EXPECT_EQ(number(second, "fromBeat"), 4) << bpm;
+        EXPECT_EQ(number(second, "toBeat"), 6) << bpm;
+        EXPECT_FALSE(second.find("fromSec") || second.find("durationSec"));
+        const auto [before, after] = cutAt(4.1 * 60 / bpm);
+        EXPECT_EQ(number(before, "fromBeat"), 2) << bpm;
+        EXPECT_FALSE(before.find("toBeat"));
+        EXPECT_TRUE(after.find("fromSec"));
+        EXPECT_EQ(number(after, "toBeat"), 6) << bpm;
+    }
+}
+
+// Who counts in seconds gets no beats, wherever a layer may stand.
+TEST(SavedDocument, TellsNoBeatsToWhoCountsInSeconds) {
+    std::string text = namedFilm;
+    for (const char* key : {"\"durationBeats\": 8", "\"fromBeat\": 2", "\"toBeat\": 6"}) {
+        const std::string sec = std::string(key).find("Beats") != std::string::npos ? "\"durationSec\": 4"
+                                : key[1] == 'f'                                     ? "\"fromSec\": 1"
+                                                                                    : "\"durationSec\": 2";
+        text.replace(text.find(key), std::string(key).size(), sec);
+    }
+    const Opened film = opened(parseJson(text));
+    EditState state{film.base, {}};
+    LayerOperations::duplicateLayer(state, 0, 0);
+    LayerOperations::setLayerEnd(state, 0, 0, 2);
+    LayerOperations::setLayerStart(state, 0, 1, 2);
+    EXPECT_EQ(writeJson(saved(film, state.spec)).find("Beat"), std::string::npos);
+}
+
 }   // namespace
 }   // namespace tavix

@@ -5,7 +5,9 @@
 #include "Editor/EditorDomain/Timeline/TimelineCommands.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 
+#include "TavixLive/Operations/DeviceKeyframes.h"
 #include <gmock/gmock.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -300,6 +302,42 @@ TEST(Commands, SplittingShowsTheSameOnBothSides) {
     EXPECT_NEAR(second.fromSec + second.tracks[0].keyframes[1].t, 3, 1e-9);   // the same moment of the scene
     splitSelection(state, 2.25);                                              // nothing is left to cut there
     EXPECT_EQ(state.spec.scenes[0].layers.size(), 4u);
+}
+
+// What is seen of a layer that was cut is what was seen of it before, at any time.
+TEST(SplitSelection, LeavesEveryMomentAsItWas) {
+    EditState state = film();
+    DeviceContent device;
+    device.screen = VideoClip{"clip.mp4", 0.5, {}, {}};
+    device.scene3D.emplace();
+    for (const double sec : {0.0, 0.8, 1.6})
+        DeviceKeyframes::upsertUnifiedKeyframe(device, sec, {{10 * sec, 0, 0}, 0.5, {sec / 10, 0}, 1 + sec});
+    VideoContent video;
+    video.clip = VideoClip{"clip.mp4", 1, {}, {}};
+    for (const LayerContent& content : {LayerContent(device), LayerContent(video)}) {
+        CompositionLayer layer;
+        layer.fromSec = 0.25;
+        layer.durationSec = 2.5;
+        layer.content = content;
+        state.spec.scenes[0].layers = {layer};
+        state.selection = {0, 0};
+        splitSelection(state, 1.25);
+        ASSERT_EQ(state.spec.scenes[0].layers.size(), 2u);
+        const CompositionLayer& second = state.spec.scenes[0].layers[1];
+        for (const double sec : {1.3, 1.7, 2.5}) {
+            if (const auto* cut = std::get_if<DeviceContent>(&second.content)) {
+                const auto now = DeviceKeyframes::unifiedState(*cut, state.spec.output, sec - second.fromSec);
+                const auto before = DeviceKeyframes::unifiedState(device, state.spec.output, sec - 0.25);
+                EXPECT_NEAR(now.tiltDegrees.x, before.tiltDegrees.x, 0.05) << sec;
+                EXPECT_NEAR(now.offset.x, before.offset.x, 0.001) << sec;
+                EXPECT_NEAR(std::get<VideoClip>(cut->screen).trimStartSec + sec - second.fromSec,
+                    0.5 + sec - 0.25, 1e-9);
+            } else {
+                EXPECT_NEAR(std::get<VideoContent>(second.content).clip.trimStartSec + sec - second.fromSec,
+                    1 + sec - 0.25, 1e-9);
+            }
+        }
+    }
 }
 
 TEST(Clipboard, LayersArriveAtThePlayheadInAnotherDocument) {

@@ -122,6 +122,27 @@ void extendToSceneEnd(EditState& state) {
             LayerOperations::setLayerEnd(state, place.scene, place.layer, scene->durationSec);
 }
 
+namespace {
+
+// All of a layer that runs by its own clock goes on where it was.
+void beginLater(CompositionLayer& layer, double fromSec, double cutSec) {
+    const auto shift = [&](double& sec) { sec = fromSec + sec - cutSec; };
+    for (PropertyTrack& track : layer.tracks)
+        for (CompositionKeyframe& keyframe : track.keyframes) shift(keyframe.t);
+    if (auto* video = std::get_if<VideoContent>(&layer.content)) video->clip.trimStartSec += cutSec - fromSec;
+    auto* device = std::get_if<DeviceContent>(&layer.content);
+    if (!device) return;
+    if (auto* clip = std::get_if<VideoClip>(&device->screen)) clip->trimStartSec += cutSec - fromSec;
+    for (CompositionKeyframe& keyframe : device->screenOpacity) shift(keyframe.t);
+    if (device->placement)
+        for (DevicePlacementKeyframe& keyframe : device->placement->track) shift(keyframe.tSec);
+    if (!device->scene3D) return;
+    for (DevicePoseKeyframe& keyframe : device->scene3D->poseTrack) shift(keyframe.tSec);
+    for (DeviceScalarKeyframe& keyframe : device->scene3D->depthTrack) shift(keyframe.tSec);
+}
+
+}   // namespace
+
 void splitSelection(EditState& state, double atSec) {
     std::vector<LayerPlace> places = sortedSelection(state);
     std::ranges::reverse(places);
@@ -137,12 +158,12 @@ void splitSelection(EditState& state, double atSec) {
         CompositionLayer second = whole;
         const double passed = cut - whole.fromSec;
         second.fromSec = cut;
-        if (second.durationSec) *second.durationSec -= passed;
+        // From its end, which may stand on a beat.
+        if (second.durationSec) second.durationSec = whole.fromSec + *whole.durationSec - cut;
         second.id.reset();
         second.origin = {};
         second.enter.reset();
-        for (PropertyTrack& track : second.tracks)
-            for (CompositionKeyframe& keyframe : track.keyframes) keyframe.t -= passed;
+        beginLater(second, whole.fromSec, cut);
         CompositionLayer& first = scene.layers[place.layer];
         first.durationSec = passed;
         first.exit.reset();
