@@ -29,6 +29,10 @@ QString documentLabel(const std::string& label) {
     return number.empty() ? said : said + QLatin1Char(' ') + words(number);
 }
 
+QString barWords(const std::string& label, bool isLabelledByKind) {
+    return isLabelledByKind ? documentLabel(label) : words(label);
+}
+
 QString documentHelp(const std::string& help) {
     return help.empty() ? QString() : QCoreApplication::translate("DocumentHelp", help.c_str());
 }

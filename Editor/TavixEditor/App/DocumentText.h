@@ -13,6 +13,8 @@ struct EditState;
 namespace tavix::editor {
 
 QString documentLabel(const std::string& label);   // of a row, a heading or a choice, with its number
+// Of a layer's bar: a word for what it is, or what its author wrote.
+QString barWords(const std::string& label, bool isLabelledByKind);
 QString documentHelp(const std::string& help);
 QString stepWords(const std::string& step);   // as the menu names it; those of a view are translated already
 // As timeline::selectionSummary, which is English.

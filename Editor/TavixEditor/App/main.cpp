@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLocale>
 
 #include <malloc.h>
@@ -20,6 +21,12 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(TAVIX_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("com.tavix.Editor"));
     QApplication::setQuitOnLastWindowClosed(false);
+
+    // Of the theme where it is installed, and beside the program where it was built.
+    QIcon::setFallbackSearchPaths(
+        QIcon::fallbackSearchPaths() << QCoreApplication::applicationDirPath() +
+                                            QStringLiteral("/../share/icons/hicolor/256x256/apps"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
 
     editor::translateInto(QLocale(), application);
 

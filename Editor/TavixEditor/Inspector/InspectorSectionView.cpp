@@ -68,9 +68,11 @@ public:
         hasBadge_ = hasBadge;
         const int room = labelWidth + 8 - indent_ - (hasBadge ? badgeRoom : 0);
         setText(fontMetrics().elidedText(words, Qt::ElideRight, room));
+        isShortened_ = text() != words;
         setAccessibleName(hasBadge ? InspectorWords::tr("%1, set by a preset").arg(words) : words);
         update();
     }
+    bool isShortened() const { return isShortened_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override {
@@ -90,7 +92,7 @@ protected:
 private:
     static constexpr int badgeRoom = 18;
     int indent_;
-    bool hasBadge_ = false;
+    bool hasBadge_ = false, isShortened_ = false;
 };
 
 namespace {
@@ -180,11 +182,13 @@ void InspectorSectionView::addRow(const InspectorRow& row, RowEdits& edits) {
 
 void InspectorSectionView::showRow(Row& row, const InspectorRow& now) {
     row.label->show(documentLabel(now.label), now.isSetByPreset);
+    const QString whole = row.label->isShortened() ? documentLabel(now.label) + QLatin1Char('\n') : QString();
     row.label->setToolTip(
-        now.isSetByPreset
-            ? documentHelp(now.help) + QLatin1Char('\n') +
-                  InspectorWords::tr("Set by the layer's motion preset; a change here is kept in its place.")
-            : documentHelp(now.help));
+        whole + (now.isSetByPreset
+                        ? documentHelp(now.help) + QLatin1Char('\n') +
+                              InspectorWords::tr(
+                                  "Set by the layer's motion preset; a change here is kept in its place.")
+                        : documentHelp(now.help)));
     if (row.keyframes) row.keyframes->show(now);
     if (row.reset) row.reset->setVisible(!now.isAtRest);
     row.control.show(now);

@@ -4,6 +4,7 @@
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "Editor/EditorDomain/Inspector/KeyframeRows.h"
+#include "Editor/EditorDomain/Timeline/TimelineScene.h"
 #include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/InspectorSectionView.h"
@@ -100,12 +101,22 @@ private:
         const std::size_t layers = state.selection.layers().size();
         title_->setText(!state.selection.scene ? tr("Composition")
                         : layers > 1           ? tr("%1 layers").arg(layers)
+                        : layers == 1          ? titleOf(state)
                                                : words(now.title));
         const bool isScene = state.selection.scene && layers == 0;
         subtitle_->setText(isScene && !now.subtitle.empty() && now.subtitle != now.title
                                ? tr("Scene %1").arg(*state.selection.scene)
                                : selectionWords(state));
         subtitle_->setVisible(!now.subtitle.empty());
+    }
+
+    static QString titleOf(const EditState& state) {
+        const LayerPlace place = state.selection.layers().front();
+        if (place.scene >= state.spec.scenes.size() ||
+            place.layer >= state.spec.scenes[place.scene].layers.size())
+            return {};
+        const CompositionLayer& layer = state.spec.scenes[place.scene].layers[place.layer];
+        return barWords(timeline::barLabel(layer), timeline::isLabelledByKind(layer));
     }
 
     void rebuild() {

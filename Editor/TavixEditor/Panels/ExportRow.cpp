@@ -88,7 +88,11 @@ void ExportRow::showJob(const ExportJob& job) {
     reveal_->setVisible(job.stand == Stand::done);
     dismiss_->setVisible(job.isOver());
     reveal_->disconnect();
-    QObject::connect(reveal_, &QPushButton::clicked, this, [file = job.place()] { revealInFolder(file); });
+    QObject::connect(reveal_, &QPushButton::clicked, this, [this, file = job.place()] {
+        revealInFolder(file, lifeline_.guard([this](const QString& sentence) {
+            studio_.model.state.errorMessage = utf8Of(sentence);
+        }));
+    });
     if (job.stand == Stand::running) drawPicture(job);
 }
 

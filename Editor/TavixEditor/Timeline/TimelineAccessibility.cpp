@@ -75,7 +75,7 @@ void addBars(Parts& parts, TimelineCanvas& canvas) {
     for (const std::size_t i : inOrder(scene.bars)) {
         const Bar& bar = scene.bars[i];
         AccessiblePart part;
-        part.name = words(bar.label);
+        part.name = barWords(bar.label, bar.isLabelledByKind);
         part.about = TimelineWords::tr("%1 to %2 seconds, %3 keyframes")
                          .arg(seconds(bar.startSec), seconds(bar.endSec))
                          .arg(bar.keyframesSec.size());

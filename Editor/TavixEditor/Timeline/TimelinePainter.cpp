@@ -2,6 +2,8 @@
 
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
+#include "TavixEditor/App/DocumentText.h"
+#include "TavixEditor/App/Words.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -186,7 +188,8 @@ void TimelinePainter::paintBar(QPainter& painter, const Shown& shown, std::size_
     drawBox(painter, box.adjusted(-0.5, 0, 0.5, 0), radius::bar, theme.panel);
     drawBox(painter, box.adjusted(0.5, 0, -0.5, 0), radius::bar, fill);
     if (box.width() >= leastLabelled) {
-        const QStaticText& words = label(barLabels_, index, bar.label);
+        const QStaticText& words =
+            label(barLabels_, index, utf8Of(barWords(bar.label, bar.isLabelledByKind)));
         const bool fits = words.size().width() + 2 * labelInset <= box.width();
         if (!fits) {
             painter.save();

@@ -946,6 +946,10 @@
         <source>Word pop</source>
         <translation>Wörter springen auf</translation>
     </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
 </context>
 <context>
     <name>DocumentHelp</name>
@@ -2318,6 +2322,13 @@
     <message>
         <source>Dismiss</source>
         <translation>Ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>Reveal</name>
+    <message>
+        <source>No file manager answers. The file is “%1”.</source>
+        <translation>Kein Dateimanager antwortet. Die Datei ist „%1“.</translation>
     </message>
 </context>
 <context>

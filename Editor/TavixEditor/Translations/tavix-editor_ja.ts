@@ -946,6 +946,10 @@
         <source>Word pop</source>
         <translation>単語のポップ</translation>
     </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
 </context>
 <context>
     <name>DocumentHelp</name>
@@ -2318,6 +2322,13 @@
     <message>
         <source>Dismiss</source>
         <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>Reveal</name>
+    <message>
+        <source>No file manager answers. The file is “%1”.</source>
+        <translation>ファイルマネージャーが応答しません。ファイルは「%1」です。</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -83,6 +84,11 @@ void GalleryWindow::present(CompositionEditorModel& target) {
         setFocusProxy(list_);
         ofTarget_.clear();
         ofTarget_.push_back(tavix::show([this] { showTarget(); }, target.state.edited));
+    }
+    if (!isVisible() && screen()) {
+        const QRect room = screen()->availableGeometry();
+        resize(usualSize.boundedTo(room.size()));
+        move(room.center() - rect().center());
     }
     show();
     raise();

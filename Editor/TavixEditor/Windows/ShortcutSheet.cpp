@@ -75,6 +75,7 @@ QWidget* ShortcutSheet::makeEditing() {
     auto* row = new QHBoxLayout;
     row->setSpacing(space::small);
     key_->setAccessibleName(tr("New key"));
+    for (QLineEdit* const inner : key_->findChildren<QLineEdit*>()) inner->setAccessibleName(tr("New key"));
     row->addWidget(key_, 1);
     for (QPushButton* button : {assign_, none_, reset_}) row->addWidget(button);
     column->addLayout(row);

@@ -53,8 +53,8 @@ void PresetGalleryModel::select(const PresetGalleryItem& item) {
         errorMessage = "The bundled preview artwork is missing.";
         return;
     }
-    const CompositionSpec spec =
-        item.previewSpec(screen->string(), {canvasWidthPx, canvasHeightPx, canvasFps});
+    CompositionSpec spec = item.previewSpec(screen->string(), {canvasWidthPx, canvasHeightPx, canvasFps});
+    spec.background = LinearGradient::standard();   // on which dark devices stand out, too
     preview_.show(spec, std::nullopt, {canvasWidthPx, canvasHeightPx},
         selection_.guard([this](const LivePreview::Ended& ended) {
             if (ended.isOvertaken) return;

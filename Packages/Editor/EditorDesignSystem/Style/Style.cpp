@@ -194,6 +194,9 @@ void Style::drawControl(
             button && button->features.testFlag(QStyleOptionButton::DefaultButton)) {
             QStyleOptionButton copy(*button);
             copy.palette.setColor(QPalette::ButtonText, theme_.onAccent);
+            if (has(option, State_Enabled) && !copy.icon.isNull())
+                copy.icon = QIcon(copy.icon.pixmap(
+                    copy.iconSize, widget ? widget->devicePixelRatioF() : 1, QIcon::Selected));
             return QProxyStyle::drawControl(element, &copy, painter, widget);
         }
         break;
@@ -320,6 +323,12 @@ QSize Style::sizeFromContents(
     default: break;
     }
     return wanted;
+}
+
+QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    if (element == SE_LineEditContents)   // Qt keeps two points more on either side
+        return option->rect.adjusted(space::tight, 0, -space::tight, 0);
+    return QProxyStyle::subElementRect(element, option, widget);
 }
 
 QRect Style::subControlRect(

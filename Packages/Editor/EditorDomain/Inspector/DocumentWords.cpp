@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorRows.h"
+#include "Editor/EditorDomain/Timeline/TimelineScene.h"
 #include "TavixCore/Support/Choice.h"
 #include "TavixCore/Support/Field.h"
 #include "TavixCore/Support/FieldTables.h"
@@ -68,6 +69,8 @@ DocumentWords documentWords() {
         for (const int depth : {0, 1, 2}) {
             if (depth > 0) state.selection.scene = 0;
             if (depth > 1) state.selection.layer = 0;
+            const CompositionLayer& layer = state.spec.scenes[0].layers[0];
+            if (timeline::isLabelledByKind(layer)) words.labels.insert(timeline::barLabel(layer));
             for (const InspectorSection& section : inspection(state, {0, std::nullopt, &sizes}).sections) {
                 words.labels.insert(section.title);
                 for (const InspectorRow& row : section.rows) read(row, words);

@@ -88,7 +88,8 @@ void addBars(Scene& scene, const EditState& state) {
             const double start = scene.bands[i].startSec + layer.fromSec;
             Bar bar{{i, k}, int(from.layers.size() - 1 - k), kindOf(layer.content), start,
                 start + LayerOperations::layerWindowLength(state.spec, i, k), barLabel(layer),
-                keyframeTimes(layer), state.selection.contains({i, k}), !layer.durationSec};
+                keyframeTimes(layer), state.selection.contains({i, k}), !layer.durationSec,
+                isLabelledByKind(layer)};
             scene.bars.push_back(std::move(bar));
         }
     }
@@ -155,6 +156,11 @@ std::string barLabel(const CompositionLayer& layer) {
     if (layer.id && !layer.id->empty()) return *layer.id;
     const std::string shown = shownBy(layer.content);
     return shown.empty() ? capitalized(kindName(layer.content)) : shown;
+}
+
+bool isLabelledByKind(const CompositionLayer& layer) {
+    if (layer.id && !layer.id->empty()) return false;
+    return std::holds_alternative<ShapeContent>(layer.content) || shownBy(layer.content).empty();
 }
 
 std::string selectionSummary(const EditState& state) {

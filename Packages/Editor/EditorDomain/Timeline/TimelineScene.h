@@ -36,6 +36,7 @@ struct Bar {
     std::vector<double> keyframesSec;   // since the bar's start
     bool isSelected = false;
     bool isOpen = false;   // runs to the end of its scene, wherever that is
+    bool isLabelledByKind = false;
 
     bool operator==(const Bar&) const = default;
 };
@@ -82,6 +83,8 @@ Scene sceneOf(const EditState& state, const Collapsed& collapsed);
 
 // What stands on a layer's bar: its name, or else what it shows.
 std::string barLabel(const CompositionLayer& layer);
+// Whether that is a word for what it is, and not its author's.
+bool isLabelledByKind(const CompositionLayer& layer);
 // As in "Intro · text layer 2"; empty when nothing is selected.
 std::string selectionSummary(const EditState& state);
 // Every time at which something of the layer has a keyframe, in rising order, since the layer's start.
