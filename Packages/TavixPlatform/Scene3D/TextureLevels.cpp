@@ -44,8 +44,11 @@ void decodeRow(TextureLevels& texture, int y) {
     const std::uint8_t* from =
         std::as_const(*texture.bitmap).view().row(texture.part.y0 + y) + std::ptrdiff_t(texture.part.x0) * 4;
     std::uint32_t* to = rowOf(texture, 0, y);
-    for (int x = 0; x < texture.width[0]; ++x, from += 4)
-        to[x] = roots.blue[from[0]] | roots.green[from[1]] | roots.red[from[2]];
+    for (int x = 0; x < texture.width[0]; ++x, from += 4) {
+        const std::uint32_t pixel =
+            std::uint32_t(from[0]) | std::uint32_t(from[1]) << 8 | std::uint32_t(from[2]) << 16;
+        to[x] = roots.blue[pixel & 255] | roots.green[pixel >> 8 & 255] | roots.red[pixel >> 16];
+    }
 }
 
 // Where a side is odd its last column or row counts twice.

@@ -16,8 +16,13 @@ struct DevicePassPlan {
     int screenScale = 2;
     scene3d::Samples screen = scene3d::Samples::sixteen;
     scene3d::TextureDetail screenTexture = scene3d::TextureDetail::quick;
-    int reduction = 1;   // along a side; such a picture is enlarged to the size of the output
+    int reduction = 1;             // along a side; such a picture is enlarged to the size of the output
+    bool mayHalveScreen = false;   // the picture on the screen, where it has texels to spare
 };
+
+// How often a picture on the screen is halved that has so many texels to a pixel, along a side: as long as
+// about one is left where the phone turns a side to the camera.
+int halvingsOfScreen(double texelsPerPixel);
 
 // For a picture of that size. One with a side above 2048 pixels has pixels enough, and takes a quarter of the
 // samples that a smaller one does; a preview takes four a pixel, and a rough one draws every other pixel.

@@ -83,7 +83,7 @@ Image DeviceSceneRenderer::render(const Image& deviceLayer, double outputSec, co
     const Image screen = screenImage(transitionWindows_, deviceLayer, motion_, outputSec);
     const DeviceStance stance = stanceAt(outputSec);
     stage_->stand(stance);
-    updateScreen(screen, outputSec, context);
+    updateScreen(thinned(screen, stance), outputSec, context);
     try {
         Image device = photographed(stance);
         if (const auto blur = blurAt(outputSec))
@@ -136,6 +136,23 @@ void DeviceSceneRenderer::deriveMotion() {
         transitionWindows(settings_.transitionInputs, motion_, scene_.tiltDegrees.y, settings_.timeRemap);
 }
 
+// In a preview a picture with more texels than the screen has pixels is drawn smaller, and then costs less to
+// filter.
+Image DeviceSceneRenderer::thinned(const Image& screen, const DeviceStance& stance) const {
+    const DevicePassPlan plan = passPlan();
+    const double nearness = settings_.deviceRect.height * stage_->magnification(stance) / plan.reduction;
+    if (!plan.mayHalveScreen || !(nearness > 0)) return screen;
+    const Rect extent = screen.extent();
+    const double scale = std::ldexp(1.0, -halvingsOfScreen(extent.height / nearness));
+    if (scale >= 1 || extent.isInfinite() || extent.isEmpty()) return screen;
+    const auto wholeScale = [scale](double side) { return std::max(std::round(side * scale), 1.0) / side; };
+    return screen.transformed(imaging::Affine::scaling(wholeScale(extent.width), wholeScale(extent.height)));
+}
+
+DevicePassPlan DeviceSceneRenderer::passPlan() const {
+    return devicePassPlan(settings_.output, isRough_ ? DeviceQuality::rough : settings_.quality);
+}
+
 // The texture of the screen, brought up to date. When that fails the picture of before stays on it.
 void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, const Context& context) {
     if (liveMode_ && lastBlitSec_ == outputSec) return;
@@ -162,8 +179,7 @@ void DeviceSceneRenderer::updateScreen(const Image& screen, double outputSec, co
 // Both passes, one over the other. The lit body goes through the tone curve and the screen does not: its
 // pixels are those of its picture.
 Image DeviceSceneRenderer::photographed(const DeviceStance& stance) {
-    const DevicePassPlan plan =
-        devicePassPlan(settings_.output, isRough_ ? DeviceQuality::rough : settings_.quality);
+    const DevicePassPlan plan = passPlan();
     return Image::stacked({clearIn(boundsOf(settings_.output)), bodyPass(plan, stance), screenPass(plan)});
 }
 

@@ -84,6 +84,8 @@ private:
     void setUpStage();
     void updateScreen(const imaging::Image& screen, double outputSec, const Context& context);
     imaging::Image photographed(const DeviceStance& stance);
+    imaging::Image thinned(const imaging::Image& screen, const DeviceStance& stance) const;
+    DevicePassPlan passPlan() const;
     imaging::Image bodyPass(const DevicePassPlan& plan, const DeviceStance& stance);
     imaging::Image screenPass(const DevicePassPlan& plan);
     imaging::Image backdrop() const;

@@ -126,6 +126,11 @@ void DeviceStage::stand(const DeviceStance& stance) {
     showsItsBack_ = DeviceLens::showsBack(stance);
 }
 
+double DeviceStage::magnification(const DeviceStance& stance) const {
+    const double size = stance.placement ? stance.placement->scale : 1;
+    return size * lens_.distance() / std::max(lens_.cameraPosition(stance), leastViewHeight);
+}
+
 // Dark, the screen takes no time here; its own pass lies over all of it.
 const scene3d::Scene& DeviceStage::bodyScene() {
     cover(*prepared_.screen, scene3d::Unlit{.name = "dark screen", .tint = {0, 0, 0}, .texture = nullptr});

@@ -56,6 +56,8 @@ public:
     // distance; nothing: as tall as one unit of the stage.
     void setUp(const DeviceScene& scene, std::optional<double> heightFraction);
     void stand(const DeviceStance& stance);
+    // How much larger the middle of the phone looks there than at the camera's distance.
+    double magnification(const DeviceStance& stance) const;
 
     // What the two passes of a frame see. The lit body comes with everything on it, and a dark screen; the
     // screen comes alone, cut by the bezel in front of it as the body would cut it.

@@ -17,6 +17,7 @@ namespace tavix {
 namespace {
 
 using imaging::Image;
+using imaging::Rect;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using testing::Picture;
@@ -242,6 +243,34 @@ TEST_F(DeviceRenderer, DrawsMoreFinelyWithoutMovingAnything) {
     settings.quality = DeviceQuality::full;
     const Picture fine = drawn(settings, 0.2);
     EXPECT_LT(plain.countBeyond(fine, 48), size.width * size.height / 25) << "edges alone differ";
+}
+
+// The picture on the screen is drawn smaller in a preview, whatever its sides: neither its edges nor its
+// colours show it.
+TEST_F(DeviceRenderer, PreviewsHalveScreensThatHaveTexelsToSpare) {
+    for (const imaging::Size texels :
+        {imaging::Size{480, 1040}, imaging::Size{473, 1023}, imaging::Size{5, 1001}}) {
+        const Rect extent{0, 0, double(texels.width), double(texels.height)};
+        const Image halves = Image::stacked({Image::solid(imaging::Color{1, 0.2, 0.1, 1}).cropped(extent),
+            Image::solid(imaging::Color{0.1, 0.4, 1, 1}).cropped({0, 0, extent.width, extent.height / 2})});
+        Settings settings = restingSettings();
+        settings.initialScene.tiltDegrees = {4, -20, 3};
+        DeviceSceneRenderer full(settings);
+        settings.quality = DeviceQuality::preview;
+        DeviceSceneRenderer preview(settings);
+        const Picture exact = drawn(full, 0, halves), quick = drawn(preview, 0, halves);
+        EXPECT_LT(quick.countBeyond(exact, 24), size.width * size.height / 40) << texels.width;
+    }
+}
+
+TEST(DevicePassPlan, LeavesAboutATexelAPixel) {
+    for (double texels = 0.1; texels < 60; texels *= 1.1) {
+        const double left = std::ldexp(texels, -halvingsOfScreen(texels));
+        EXPECT_LT(left, 1.8) << texels;
+        EXPECT_GE(left, std::min(texels, 0.9)) << texels;
+        EXPECT_TRUE(texels >= 1.8 || left == texels) << texels;
+    }
+    EXPECT_EQ(halvingsOfScreen(0), 0);
 }
 
 // What an edge has of steps between nothing and all. Four samples a pixel give five.
