@@ -18,8 +18,8 @@ void PieceArguments::declare(Arguments& arguments) {
     arguments.value(
         "--memory", "SIZE",
         [this](const std::string& text) { memoryBytes_ = std::size_t(bytesNamed(text, "--memory")); },
-        "The memory to get by with, as in 2GB: how much is done at once. A quarter of the machine's by "
-        "default.");
+        "The memory to get by with, as in 2GB: how much is done at once, and how many clips are open. A quarter of the "
+        "machine's by default.");
 }
 
 std::optional<std::filesystem::path> PieceArguments::store() const {

@@ -72,6 +72,41 @@ Bitmap bitmapOf(const AVFrame& frame, const std::shared_ptr<imaging::BytePool>& 
     return bitmap;
 }
 
+// A strip to one row of means, of as many pixels each way as the strip is high.
+void putMeans(const imaging::BitmapView& strip, std::uint8_t* row) {
+    const int side = strip.size.height;
+    const auto count = static_cast<std::uint32_t>(side * side);
+    for (int x = 0; x < strip.size.width / side; ++x) {
+        std::uint32_t sums[4] = {};
+        for (int y = 0; y < side; ++y) {
+            const std::uint8_t* pixels = strip.row(y) + std::ptrdiff_t{x} * side * 4;
+            for (int i = 0; i < side * 4; i += 4)
+                for (int c = 0; c < 4; ++c) sums[c] += pixels[i + c];
+        }
+        for (int c = 0; c < 4; ++c) row[x * 4 + c] = static_cast<std::uint8_t>((sums[c] + count / 2) / count);
+    }
+}
+
+// A strip at a time, so that nothing of the frame's own size is made.
+Bitmap halvedBitmapOf(const AVFrame& frame, int halvings, const std::shared_ptr<imaging::BytePool>& pool) {
+    const auto planes = VideoPlanes::of(frame);
+    Bitmap whole = planes ? Bitmap() : bitmapOf(frame, pool);
+    const int side = 1 << halvings;
+    Bitmap halved = Bitmap::uninitialised({frame.width / side, frame.height / side}, pool);
+    Bitmap strip = planes ? Bitmap::uninitialised({frame.width, side}, pool) : Bitmap();
+    for (int y = 0; y < halved.size().height; ++y) {
+        if (planes) {
+            planes->convert(strip.view(), y * side);
+            if (hasAlpha(AVPixelFormat(frame.format))) premultiply(strip.view());
+            putMeans(strip.view(), halved.view().row(y));
+        } else {
+            putMeans({whole.view().row(y * side), {frame.width, side}, whole.view().strideBytes},
+                halved.view().row(y));
+        }
+    }
+    return halved;
+}
+
 // EXIF's number for a display matrix; turns that are no quarter turn count as the nearest one.
 int orientationOf(const std::int32_t* matrix) {
     // Rows of the matrix say where the picture's axes point, y down: x to (m0, m1), y to (m3, m4).
@@ -124,7 +159,10 @@ bool canConvert(const AVFrame& frame) {
 
 imaging::Image imageOf(
     const AVFrame& frame, const FrameSetting& setting, const std::shared_ptr<imaging::BytePool>& pool) {
-    Bitmap bitmap = upright(bitmapOf(frame, pool), setting.orientation);
+    const int mask = (1 << setting.halvings) - 1;   // films may change their size on the way
+    const bool isHalved = setting.halvings > 0 && ((frame.width | frame.height) & mask) == 0;
+    Bitmap bitmap = upright(isHalved ? halvedBitmapOf(frame, setting.halvings, pool) : bitmapOf(frame, pool),
+        setting.orientation);
     if (hasAlpha(AVPixelFormat(frame.format)))
         bitmap.indexCoverage();
     else

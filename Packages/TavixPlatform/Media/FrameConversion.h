@@ -12,6 +12,8 @@ namespace tavix::media {
 struct FrameSetting {
     int orientation = 1;   // as EXIF numbers it
     AVRational pixelAspect{1, 1};
+    int halvings =
+        0;   // of both sides, which they divide, by means of what each pixel covers; the extent stays
 };
 FrameSetting frameSettingOf(AVFormatContext& format, AVStream& track);
 // The coarser direction of pixels that are not square is stretched, to a whole number of them.

@@ -8,6 +8,7 @@ extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavcodec/bsf.h>
 #include <libavformat/avformat.h>
+#include <libavutil/imgutils.h>
 #include <libavutil/macros.h>
 #include <libavutil/mathematics.h>
 #include <libavutil/opt.h>
@@ -56,6 +57,7 @@ TAVIX_LATE_FUNCTION(lateFormats, av_freep);
 TAVIX_LATE_FUNCTION(lateFormats, av_get_bytes_per_sample);
 TAVIX_LATE_FUNCTION(lateFormats, av_get_pix_fmt_name);
 TAVIX_LATE_FUNCTION(lateFormats, av_guess_sample_aspect_ratio);
+TAVIX_LATE_FUNCTION(lateFormats, av_image_get_buffer_size);
 TAVIX_LATE_FUNCTION(lateFormats, av_interleaved_write_frame);
 TAVIX_LATE_FUNCTION(lateFormats, av_log_set_callback);
 TAVIX_LATE_FUNCTION(lateFormats, av_malloc);
@@ -87,6 +89,7 @@ TAVIX_LATE_FUNCTION(lateFormats, avcodec_find_decoder);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_find_decoder_by_name);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_find_encoder_by_name);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_flush_buffers);
+TAVIX_LATE_FUNCTION(lateFormats, avcodec_descriptor_get);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_free_context);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_get_class);
 TAVIX_LATE_FUNCTION(lateFormats, avcodec_get_name);

@@ -1,6 +1,7 @@
 #include "TavixPlatform/Media/VideoFile.h"
 
 #include "TavixPlatform/Imaging/BytePool.h"
+#include "TavixPlatform/Media/FramesInTurn.h"
 #include "TavixPlatform/Media/ReadAhead.h"
 #include "TavixPlatform/Media/VideoTrack.h"
 
@@ -24,10 +25,14 @@ int decoderThreads() {
 
 class ForwardFrames final : public VideoFrames {
 public:
-    ForwardFrames(
-        std::filesystem::path path, double startSec, double endSec, std::shared_ptr<imaging::BytePool> pool)
-        : path_(std::move(path)), startSec_(startSec), endSec_(endSec), pool_(std::move(pool)),
-          track_(std::make_unique<VideoTrack>(path_, decoderThreads())) {}
+    ForwardFrames(std::filesystem::path path, const std::optional<imaging::Size>& shownPx, double startSec,
+        double endSec, std::shared_ptr<imaging::BytePool> pool)
+        : path_(std::move(path)), shownPx_(shownPx), startSec_(startSec), endSec_(endSec),
+          pool_(std::move(pool)) {
+        open(decoderThreads());
+    }
+
+    const VideoTrack& track() const { return *track_; }
 
     std::optional<VideoFrame> next() override try {
         auto decoded = nextDecoded();
@@ -90,9 +95,11 @@ private:
         isAtStart_ = false;
     }
 
-    void reopen() { track_ = std::make_unique<VideoTrack>(path_, isAlone_ ? 1 : decoderThreads()); }
+    void reopen() { open(isAlone_ ? 1 : decoderThreads()); }
+    void open(int threads) { track_ = std::make_unique<VideoTrack>(path_, threads, shownPx_); }
 
     std::filesystem::path path_;
+    std::optional<imaging::Size> shownPx_;
     double startSec_, endSec_;
     std::shared_ptr<imaging::BytePool> pool_;
     std::unique_ptr<VideoTrack> track_;
@@ -103,8 +110,9 @@ private:
 
 class SyncFrames final : public RandomAccessFrames {
 public:
-    SyncFrames(std::filesystem::path path, std::shared_ptr<imaging::BytePool> pool)
-        : path_(std::move(path)), pool_(std::move(pool)), track_(path_, 1) {}
+    SyncFrames(std::filesystem::path path, const std::optional<imaging::Size>& shownPx,
+        std::shared_ptr<imaging::BytePool> pool)
+        : path_(std::move(path)), shownPx_(shownPx), pool_(std::move(pool)), track_(path_, 1, shownPx_) {}
 
     std::optional<VideoFrame> frame(double startSec, double durationSec) override try {
         const auto isInRange = [&](double sec) {
@@ -115,7 +123,7 @@ public:
         if (const auto decoded = track_.nextAlone(); decoded && isInRange(decoded->ptsSec))
             return track_.shown(*decoded, pool_);
         // The container did not find the sample, or one packet is not enough: walk there.
-        auto walked = ForwardFrames(path_, startSec, startSec + durationSec, pool_).next();
+        auto walked = ForwardFrames(path_, shownPx_, startSec, startSec + durationSec, pool_).next();
         hasFailed_ = !walked;
         return walked && isInRange(walked->ptsSec()) ? walked : std::nullopt;
     } catch (const MediaError&) {
@@ -126,6 +134,7 @@ public:
 
 private:
     std::filesystem::path path_;
+    std::optional<imaging::Size> shownPx_;
     std::shared_ptr<imaging::BytePool> pool_;
     VideoTrack track_;
     bool hasFailed_ = false;
@@ -133,17 +142,27 @@ private:
 
 }   // namespace
 
-VideoFile::VideoFile(std::filesystem::path path)
-    : path_(std::move(path)), pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
+VideoFile::VideoFile(std::filesystem::path path, VideoManner manner)
+    : path_(std::move(path)), manner_(std::move(manner)),
+      pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
 
 std::unique_ptr<VideoFrames> VideoFile::framesFrom(double startSec, double endSec, Pace pace) {
-    auto frames = std::make_unique<ForwardFrames>(path_, startSec, endSec, pool_);
-    if (pace == Pace::onDemand) return frames;
-    return std::make_unique<ReadAhead>(std::move(frames));
+    const auto open = [path = path_, shownPx = manner_.shownPx, endSec, pool = pool_](double fromSec) {
+        auto frames = std::make_unique<ForwardFrames>(path, shownPx, fromSec, endSec, pool);
+        const std::size_t decoderBytes = frames->track().decoderBytes();
+        const std::size_t frameBytes = frames->track().frameBytes();
+        return FramesInTurn::Opened{std::move(frames), decoderBytes, frameBytes};
+    };
+    const auto hasten = [](std::unique_ptr<VideoFrames> frames) -> std::unique_ptr<VideoFrames> {
+        return std::make_unique<ReadAhead>(std::move(frames));
+    };
+    if (pace == Pace::onDemand) return open(startSec).frames;
+    if (manner_.room) return std::make_unique<FramesInTurn>(manner_.room, startSec, open, hasten);
+    return hasten(open(startSec).frames);
 }
 
 std::unique_ptr<RandomAccessFrames> VideoFile::randomAccess() {
-    return std::make_unique<SyncFrames>(path_, pool_);
+    return std::make_unique<SyncFrames>(path_, manner_.shownPx, pool_);
 }
 
 std::vector<VideoSample> VideoFile::samples() {

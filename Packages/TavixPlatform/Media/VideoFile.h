@@ -1,10 +1,13 @@
 // A film in a file: any container and codec that FFmpeg reads, the first video track.
 #pragma once
 
+#include "TavixPlatform/Media/DecoderRoom.h"
 #include "TavixPlatform/Media/VideoSource.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <optional>
 
 namespace tavix::imaging {
 class BytePool;
@@ -16,10 +19,18 @@ namespace tavix::media {
 constexpr int mostFrameSidePx = 8192;
 constexpr std::int64_t mostFramePixels = std::int64_t{8192} * 4608;
 
+// How pictures are wanted.
+struct VideoManner {
+    std::shared_ptr<DecoderRoom> room = nullptr;   // that decoders of pictures in order share
+    // The pictures are drawn to fill a box of that size in pixels, and never larger. Those of more than 1920
+    // x 1200 are halved when they are converted, as long as they fill it; their extent stays what it was.
+    std::optional<imaging::Size> shownPx = std::nullopt;
+};
+
 // Opening is left to the operations. May be shared by threads; what they give may not.
 class VideoFile final : public VideoSource {
 public:
-    explicit VideoFile(std::filesystem::path path);
+    explicit VideoFile(std::filesystem::path path, VideoManner manner = {});
 
     std::unique_ptr<VideoFrames> framesFrom(double startSec, double endSec, Pace pace) override;
     std::unique_ptr<RandomAccessFrames> randomAccess() override;
@@ -27,6 +38,7 @@ public:
 
 private:
     std::filesystem::path path_;
+    VideoManner manner_;
     std::shared_ptr<imaging::BytePool> pool_;   // pictures come back to it from wherever they were drawn
 };
 

@@ -134,10 +134,10 @@ void VideoPlanes::putAlpha(std::uint32_t* row, int y) const {
     }
 }
 
-void VideoPlanes::convert(const imaging::BitmapView& to) const {
+void VideoPlanes::convert(const imaging::BitmapView& to, int firstRow) const {
     imaging::VideoRule rule = rule_;
-    for (int y = 0; y < frame_.height; ++y) {
-        auto* out = reinterpret_cast<std::uint32_t*>(to.row(y));
+    for (int y = firstRow; y < firstRow + to.size.height; ++y) {
+        auto* out = reinterpret_cast<std::uint32_t*>(to.row(y - firstRow));
         const imaging::VideoRow row = rowAt(y, rule.nearWeight);
         imaging::kernels().videoToPixels(out, row, rule);
         if (hasAlpha_) putAlpha(out, y);

@@ -20,8 +20,8 @@ class VideoPlanes {
 public:
     static std::optional<VideoPlanes> of(const AVFrame& frame);   // none when it is of another kind
 
-    // Straight colour; the view has the frame's size.
-    void convert(const imaging::BitmapView& to) const;
+    // Straight colour, of as many rows as the view has, which is as wide as the frame.
+    void convert(const imaging::BitmapView& to, int firstRow = 0) const;
 
 private:
     explicit VideoPlanes(const AVFrame& frame) : frame_(frame) {}

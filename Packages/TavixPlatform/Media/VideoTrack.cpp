@@ -1,6 +1,7 @@
 #include "TavixPlatform/Media/VideoTrack.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace tavix::media {
@@ -32,9 +33,53 @@ AVStream& firstVideoTrack(const MediaInput& input) {
     return *tracks.front();
 }
 
-VideoTrack::VideoTrack(const std::filesystem::path& path, int threads)
-    : input_(path), track_(showableTrack(input_)), setting_(frameSettingOf(input_.format(), track_)),
-      decoder_(input_, track_, usefulThreads(track_, threads)) {}
+namespace {
+
+// How often frames can be halved and still fill the box, either way.
+int halvingsFor(imaging::Size coded, imaging::Size shown, imaging::Size box) {
+    constexpr int most = 4;
+    const double factor = std::max(double(box.width) / shown.width, double(box.height) / shown.height);
+    const auto isWhole = [&](int n) { return ((coded.width | coded.height) & ((1 << n) - 1)) == 0; };
+    int halvings = 0;
+    while (halvings < most && isWhole(halvings + 1) && std::ldexp(factor, halvings + 1) <= 1) ++halvings;
+    return halvings;
+}
+
+FrameSetting settingOf(
+    const MediaInput& input, AVStream& track, const std::optional<imaging::Size>& shownPx) {
+    FrameSetting setting = frameSettingOf(input.format(), track);
+    const imaging::Size coded{track.codecpar->width, track.codecpar->height};
+    const bool isLarge = std::int64_t{coded.width} * coded.height > mostPixelsOfOneThread;
+    if (shownPx && isLarge) setting.halvings = halvingsFor(coded, shownSizeOf(coded, setting), *shownPx);
+    return setting;
+}
+
+}   // namespace
+
+VideoTrack::VideoTrack(
+    const std::filesystem::path& path, int threads, const std::optional<imaging::Size>& shownPx)
+    : input_(path), track_(showableTrack(input_)), setting_(settingOf(input_, track_, shownPx)),
+      threads_(usefulThreads(track_, threads)), decoder_(input_, track_, threads_) {}
+
+std::size_t VideoTrack::frameBytes() const {
+    constexpr std::size_t pixelBytes = 4;
+    const auto side = [&](int px) { return std::size_t(px >> setting_.halvings) + 1; };
+    return side(track_.codecpar->width) * side(track_.codecpar->height) * pixelBytes;
+}
+
+std::size_t VideoTrack::decoderBytes() const {
+    const AVCodecParameters& track = *track_.codecpar;
+    const AVCodecDescriptor* codec = avcodec_descriptor_get(track.codec_id);
+    const bool standsAlone = codec && (codec->props & AV_CODEC_PROP_INTRA_ONLY);
+    // What others refer to, what waits for its turn, one for each thread, and one that is shown.
+    constexpr std::size_t usualReferences = 4;
+    const std::size_t frames =
+        (standsAlone ? 1 : usualReferences + std::size_t(std::max(track.video_delay, 0))) +
+        std::size_t(threads_) + 1;
+    const int coded = av_image_get_buffer_size(AVPixelFormat(track.format), track.width, track.height, 1);
+    constexpr std::size_t made = 2, fixedBytes = std::size_t{4} << 20;
+    return frames * std::size_t(std::max(coded, 0)) + made * frameBytes() + fixedBytes;
+}
 
 double VideoTrack::timeOf(const AVFrame& frame) const {
     if (frame.best_effort_timestamp != AV_NOPTS_VALUE)

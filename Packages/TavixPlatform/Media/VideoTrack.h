@@ -5,6 +5,7 @@
 #include "TavixPlatform/Media/MediaInput.h"
 #include "TavixPlatform/Media/VideoSource.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -17,7 +18,9 @@ AVStream& firstVideoTrack(const MediaInput& input);
 // Frames in rising order of time, from wherever it was sent to. Used by one thread at a time.
 class VideoTrack {
 public:
-    VideoTrack(const std::filesystem::path& path, int threads);
+    // `shownPx` as in VideoManner.
+    VideoTrack(
+        const std::filesystem::path& path, int threads, const std::optional<imaging::Size>& shownPx = {});
 
     struct Decoded {
         std::shared_ptr<AVFrame> frame;
@@ -34,6 +37,10 @@ public:
     // Something was damaged; with several threads, what became of it may differ from run to run.
     bool isDamaged() const { return decoder_.isDamaged(); }
 
+    // What the decoder takes with its frames and with what is made of two of them, roughly; and one picture.
+    std::size_t decoderBytes() const;
+    std::size_t frameBytes() const;
+
     VideoFrame shown(const Decoded& decoded, const std::shared_ptr<imaging::BytePool>& pool) const;
 
 private:
@@ -43,6 +50,7 @@ private:
     MediaInput input_;
     AVStream& track_;
     FrameSetting setting_;
+    int threads_;
     TrackDecoder decoder_;
     std::optional<double> lastSec_;
     double lastEndSec_ = 0;

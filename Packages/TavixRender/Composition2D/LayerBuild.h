@@ -4,6 +4,7 @@
 #include "TavixCore/Document/CompositionLayer.h"
 #include "TavixCore/Document/LayerWindow.h"
 #include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Media/DecoderRoom.h"
 #include "TavixPlatform/Text/FontBook.h"
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Assets/StillImageCache.h"
@@ -31,6 +32,8 @@ struct LayerBuild {
     Composition3DRendererPool* rendererPool = nullptr;   // without one each 3D layer has its own stage
     std::shared_ptr<DeviceDarkroom> darkroom = {};       // that 3D layers share; without one each has its own
     ScreenShelf* screens = nullptr;                      // without one each layer opens its clip itself
+    std::shared_ptr<media::DecoderRoom> decoders =
+        {};   // that clips share; without one each has what it needs
     // Of the layer.
     std::size_t scene = 0;
     LayerWindow window = {};

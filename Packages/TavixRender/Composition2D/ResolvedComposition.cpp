@@ -64,7 +64,7 @@ std::unique_ptr<CompositionLayerContentRenderer> makeRenderer(
                 return std::make_unique<ImageCompositionLayer>(image, layer, build);
             },
             [&](const VideoContent& video) -> Made {
-                return std::make_unique<VideoCompositionLayer>(video, build);
+                return std::make_unique<VideoCompositionLayer>(video, build, peakMagnification(layer));
             },
             [&](const ShapeContent& shape) -> Made {
                 return std::make_unique<ShapeCompositionLayer>(shape, layer, build);
@@ -115,10 +115,12 @@ struct ResolvedComposition::Workshop {
 
     Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
         const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-        const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given)
+        const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given,
+        std::size_t decoderBytes)
         : memory(given ? *given : own.emplace()),
           isLean(!given), build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts,
                               onceEach(log), rendererPool, memory.darkroom(), &memory.screens()} {
+        if (isLean) build.decoders = std::make_shared<media::DecoderRoom>(decoderBytes);
         memory.begin({bounds, build.framesPerSec, build.assetRoot}, build.log);
     }
 
@@ -155,13 +157,14 @@ struct ResolvedComposition::Workshop {
 
 ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
-    const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* memory)
+    const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* memory,
+    std::size_t decoderBytes)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    workshop_ = std::make_unique<Workshop>(
-        bounds_, spec_, assetRoot ? assetRoot : documentRoot, evaluator, log, rendererPool, memory);
+    workshop_ = std::make_unique<Workshop>(bounds_, spec_, assetRoot ? assetRoot : documentRoot, evaluator,
+        log, rendererPool, memory, decoderBytes);
     buildBackgrounds();
     buildLayers();
     if (memory) memory->end();

@@ -25,6 +25,9 @@ imaging::Size canvasSize(const CompositionSpec& spec);
 // The document as it comes here has its beats, marks and presets resolved. Used by one thread at a time.
 class ResolvedComposition {
 public:
+    // Of clips, without a memory.
+    static constexpr std::size_t usualDecoderBytes = std::size_t{640} << 20;
+
     // The pool keeps stages of 3D devices for the next build; it must outlive this. Never fails: what cannot
     // be read is named in the log and not drawn. Relative paths belong to `assetRoot`, or to the document's
     // own when none is given. The evaluator draws what does not change in time, once.
@@ -34,7 +37,8 @@ public:
     // build before made of equal parts serves this one too. What is drawn is the same.
     ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
         imaging::Evaluator& evaluator, const RenderLog& log,
-        Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr);
+        Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr,
+        std::size_t decoderBytes = usualDecoderBytes);
     ~ResolvedComposition();
     ResolvedComposition(const ResolvedComposition&) = delete;
     ResolvedComposition& operator=(const ResolvedComposition&) = delete;

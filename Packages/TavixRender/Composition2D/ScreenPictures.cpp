@@ -7,14 +7,16 @@
 
 namespace tavix {
 
-ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build) {
+ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build,
+    const std::optional<imaging::Size>& shownPx) {
     std::visit(Overloaded{
                    [&](const StillScreen& still) {
                        still_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
                    },
                    [&](const VideoClip& clip) {
                        clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip,
-                           holdsLastFrame, build.log, build.rendererPool ? build.log : RenderLog());
+                           holdsLastFrame, build.log, build.rendererPool ? build.log : RenderLog(),
+                           media::VideoManner{build.decoders, shownPx});
                    },
                    [&](const ReelClip& reel) {
                        reel_.emplace(CompositionAssets::resolved(reel.path, build.assetRoot), build.log);

@@ -13,7 +13,9 @@ namespace tavix {
 // Used by one thread at a time.
 class ScreenPictures {
 public:
-    ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build);
+    // A clip is drawn within that size, where one is given.
+    ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build,
+        const std::optional<imaging::Size>& shownPx = {});
 
     // Of a still that can be read.
     const std::optional<imaging::Image>& still() const { return still_; }

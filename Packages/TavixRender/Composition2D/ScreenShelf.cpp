@@ -15,16 +15,16 @@ std::shared_ptr<ScreenPictures> ScreenShelf::screen(
                kept.files == files;
     });
     if (known != kept_.end()) return known->pictures.lock();
-    auto made = std::make_shared<ScreenPictures>(source, holdsLastFrame, build);
+    auto made = std::make_shared<ScreenPictures>(source, holdsLastFrame, build, place.shownPx);
     kept_.push_back({source, holdsLastFrame, place, std::move(files), made});
     return made;
 }
 
-std::shared_ptr<ScreenPictures> screenFor(
-    const ScreenSource& source, const LayerBuild& build, bool holdsLastFrame) {
+std::shared_ptr<ScreenPictures> screenFor(const ScreenSource& source, const LayerBuild& build,
+    bool holdsLastFrame, const std::optional<imaging::Size>& shownPx) {
     if (build.screens == nullptr || std::holds_alternative<StillScreen>(source))
-        return std::make_shared<ScreenPictures>(source, holdsLastFrame, build);
-    return build.screens->screen(source, holdsLastFrame, {build.scene, build.window}, build);
+        return std::make_shared<ScreenPictures>(source, holdsLastFrame, build, shownPx);
+    return build.screens->screen(source, holdsLastFrame, {build.scene, build.window, shownPx}, build);
 }
 
 }   // namespace tavix

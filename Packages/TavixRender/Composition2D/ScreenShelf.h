@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tavix {
@@ -19,6 +20,7 @@ public:
     struct Place {
         std::size_t scene;
         LayerWindow window;
+        std::optional<imaging::Size> shownPx = {};   // the size within which a clip is drawn
         bool operator==(const Place&) const = default;
     };
 
@@ -42,7 +44,7 @@ private:
 };
 
 // For a layer of that build, from its shelf where there is one. Stills are kept elsewhere, as pictures.
-std::shared_ptr<ScreenPictures> screenFor(
-    const ScreenSource& source, const LayerBuild& build, bool holdsLastFrame = true);
+std::shared_ptr<ScreenPictures> screenFor(const ScreenSource& source, const LayerBuild& build,
+    bool holdsLastFrame = true, const std::optional<imaging::Size>& shownPx = {});
 
 }   // namespace tavix

@@ -1,7 +1,5 @@
 #include "TavixRender/Composition2D/SequentialClipReader.h"
 
-#include "TavixPlatform/Media/VideoFile.h"
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -28,8 +26,8 @@ SequentialClipReader::SequentialClipReader(
       scrubLog_(std::move(scrubLog)) {}
 
 SequentialClipReader::SequentialClipReader(const std::filesystem::path& path, const VideoClip& clip,
-    bool holdLastFrame, const RenderLog& log, const RenderLog& scrubLog)
-    : SequentialClipReader(std::make_unique<media::VideoFile>(path),
+    bool holdLastFrame, const RenderLog& log, const RenderLog& scrubLog, media::VideoManner manner)
+    : SequentialClipReader(std::make_unique<media::VideoFile>(path, std::move(manner)),
           {path.string(), clip.trimStartSec, clip.trimEndSec, holdLastFrame}, log, scrubLog) {}
 
 bool SequentialClipReader::isBeforeEnd(double wanted) const {

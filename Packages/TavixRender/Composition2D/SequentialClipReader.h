@@ -4,7 +4,7 @@
 #pragma once
 
 #include "TavixCore/Device/ScreenSource.h"
-#include "TavixPlatform/Media/VideoSource.h"
+#include "TavixPlatform/Media/VideoFile.h"
 #include "TavixRender/Assets/RenderLog.h"
 
 #include <filesystem>
@@ -33,7 +33,7 @@ public:
         std::unique_ptr<media::VideoSource> source, Clip clip, RenderLog log = {}, RenderLog scrubLog = {});
     // Of a film in a file.
     SequentialClipReader(const std::filesystem::path& path, const VideoClip& clip, bool holdLastFrame,
-        const RenderLog& log, const RenderLog& scrubLog = {});
+        const RenderLog& log, const RenderLog& scrubLog = {}, media::VideoManner manner = {});
 
     // The picture at a time of the clip, which starts at its trim; nothing where there is none. Past the end
     // of the film it is the last picture. `approximate` asks for whatever is quick instead of the exact one.

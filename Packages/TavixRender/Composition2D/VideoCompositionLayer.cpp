@@ -4,6 +4,7 @@
 #include "TavixRender/Compositor/CanvasDrawing.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tavix {
 
@@ -15,6 +16,18 @@ PixelRect targetOf(const VideoContent& content, const imaging::Rect& bounds) {
     const NormalizedRect rect = content.rect.value_or(NormalizedRect{0, 0, 1, 1});
     return {rect.x * bounds.width, rect.y * bounds.height, rect.width * bounds.width,
         rect.height * bounds.height};
+}
+
+// The box that the whole frame fills one way at least, with a little to spare for what moves about.
+imaging::Size largestShown(const VideoContent& content, const imaging::Rect& bounds, double magnification) {
+    constexpr double spare = 1.25, mostPx = 1 << 20;
+    const PixelRect target = targetOf(content, bounds);
+    const NormalizedRect part = content.sourceRect.value_or(NormalizedRect{0, 0, 1, 1});
+    const auto side = [&](double px, double fraction) {
+        const double whole = spare * magnification * px / std::max(fraction, 1e-3);
+        return int(std::ceil(std::min(std::abs(whole), mostPx)));
+    };
+    return {side(target.width, part.width), side(target.height, part.height)};
 }
 
 // About the middle of the target, as large as the scale makes it.
@@ -32,8 +45,11 @@ VideoCompositionLayer::Place VideoCompositionLayer::placeOf(
     return {target, centeredIn(target, source.width * scale, source.height * scale)};
 }
 
-VideoCompositionLayer::VideoCompositionLayer(const VideoContent& content, const LayerBuild& build)
-    : clip_(screenFor(content.clip, build, content.holdLastFrame)), content_(content), bounds_(build.bounds) {
+VideoCompositionLayer::VideoCompositionLayer(
+    const VideoContent& content, const LayerBuild& build, double magnification)
+    : clip_(screenFor(
+          content.clip, build, content.holdLastFrame, largestShown(content, build.bounds, magnification))),
+      content_(content), bounds_(build.bounds) {
     if (!(content.cornerRadiusFraction > 0)) return;
     const PixelRect target = targetOf(content, bounds_);
     const double radius = std::min(target.width, target.height) * content.cornerRadiusFraction;

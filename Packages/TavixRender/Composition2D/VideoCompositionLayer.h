@@ -13,7 +13,8 @@ namespace tavix {
 
 class VideoCompositionLayer final : public CompositionLayerContentRenderer {
 public:
-    VideoCompositionLayer(const VideoContent& content, const LayerBuild& build);
+    // The layer enlarges it by up to that factor.
+    VideoCompositionLayer(const VideoContent& content, const LayerBuild& build, double magnification = 1);
     std::optional<imaging::Image> contentImage(double localSec) override;
     bool prepare() override { return clip_->open(); }
     void rest() override { clip_->rest(); }

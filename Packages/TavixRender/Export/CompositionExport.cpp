@@ -16,8 +16,10 @@ using CompositionRenderer::Config;
 // Its parts are scenes.
 class Painter final : public PiecedFilm::Painter {
 public:
-    Painter(std::shared_ptr<const Config> config, imaging::Evaluator& evaluator, const RenderLog& log)
-        : config_(std::move(config)), resolved_(config_->spec, config_->assetRoot, evaluator, log) {}
+    Painter(std::shared_ptr<const Config> config, imaging::Evaluator& evaluator, const RenderLog& log,
+        std::size_t decoderBytes)
+        : config_(std::move(config)),
+          resolved_(config_->spec, config_->assetRoot, evaluator, log, nullptr, nullptr, decoderBytes) {}
 
     imaging::Image frame(double atSec) override { return resolved_.frame(atSec); }
     std::vector<std::size_t> partsAt(double atSec) const override {
@@ -64,8 +66,8 @@ PiecedFilm filmOf(const Config& config) {
         if (!root && spec.assetRoot) root = *spec.assetRoot;
         film.sound = {*spec.audio, root, totalSec};
     }
-    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log) {
-        return std::make_unique<Painter>(kept, evaluator, log);
+    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes) {
+        return std::make_unique<Painter>(kept, evaluator, log, decoderBytes);
     };
     film.keys = [kept] { return std::make_unique<Keys>(kept); };
     film.evaluation = config.evaluation;

@@ -3,6 +3,7 @@
 #include "TavixRender/Encoding/FilmEncoders.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/CompositionExport.h"
+#include "TavixRender/Export/MachineShare.h"
 #include "TavixRender/Export/RateFit.h"
 
 #include <algorithm>
@@ -72,7 +73,7 @@ Stretch encoded(const PiecedFilm& film, const std::stop_token& stop) {
     const std::int64_t most = std::min(film.frameCount, mostFrames);
     const auto first = std::min(std::int64_t(double(film.frameCount) * atFraction), film.frameCount - most);
     imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, {});
+    const auto painter = film.painter(evaluator, {}, MachineShare::decoderBytes(film.memoryBytes, 1));
     painter->frame(film.fps.secAt(first));   // files are opened once for the whole film
     Stretch done;
     const auto encode = [&](auto&& encoder) {

@@ -5,6 +5,7 @@
 #include "TavixPlatform/Media/VideoFile.h"
 #include "TavixRender/Encoding/FrameClock.h"
 #include "TavixRender/Encoding/RenderStopped.h"
+#include "TavixRender/Export/MachineShare.h"
 
 #include <algorithm>
 #include <array>
@@ -117,7 +118,7 @@ Likeness verify(const PiecedFilm& film, const std::filesystem::path& file,
     const imaging::Size size = film.size;
     const imaging::PixelRegion canvas{0, 0, size.width, size.height};
     imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, {});
+    const auto painter = film.painter(evaluator, {}, MachineShare::decoderBytes(film.memoryBytes, 1));
     const auto frames =
         media::VideoFile(file).framesFrom(0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
     Likeness likeness;

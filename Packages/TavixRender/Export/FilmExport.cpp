@@ -3,6 +3,7 @@
 #include "TavixRender/Encoding/FrameOutput.h"
 #include "TavixRender/Encoding/HiddenFile.h"
 #include "TavixRender/Encoding/RenderStopped.h"
+#include "TavixRender/Export/MachineShare.h"
 
 #include <deque>
 #include <string>
@@ -38,7 +39,7 @@ private:
 void writeWhole(const PiecedFilm& film, const RenderLog& log, const FilmWriter::Progress& onProgress,
     const std::stop_token& stop) {
     imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, log);
+    const auto painter = film.painter(evaluator, log, MachineShare::decoderBytes(film.memoryBytes, 1));
     const FilmFrames frames{
         film.size, film.fps, film.frameCount, [&](double atSec) { return painter->frame(atSec); }};
     FilmWriter::write(frames, film.file, evaluator, log, onProgress, stop);

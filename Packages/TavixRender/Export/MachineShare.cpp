@@ -37,4 +37,9 @@ std::size_t memoryBytes(std::size_t asked) {
     return asked > 0 ? asked : std::min(machineBytes(), containerBytes()) / 4;
 }
 
+std::size_t decoderBytes(std::size_t asked, int workers) {
+    constexpr std::size_t least = std::size_t{64} << 20, most = std::size_t{640} << 20;
+    return std::clamp(memoryBytes(asked) / std::size_t(std::max(workers, 1)) / 3, least, most);
+}
+
 }   // namespace tavix::MachineShare

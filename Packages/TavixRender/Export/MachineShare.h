@@ -11,4 +11,7 @@ int cores();   // that this program may run on; at least 1
 // program runs in, has.
 std::size_t memoryBytes(std::size_t asked);
 
+// Of these, what the decoders of clips of one worker may take.
+std::size_t decoderBytes(std::size_t asked, int workers);
+
 }   // namespace tavix::MachineShare

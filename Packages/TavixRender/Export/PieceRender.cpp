@@ -29,8 +29,10 @@ namespace {
 // found again says nothing, so those are not kept.
 class Worker {
 public:
-    Worker(const PiecedFilm& film, const imaging::EvaluatorOptions& evaluation, const RenderLog& log)
-        : film_(film), evaluator_(evaluation), painter_(film.painter(evaluator_, watched(log))) {}
+    Worker(const PiecedFilm& film, const imaging::EvaluatorOptions& evaluation, int workers,
+        const RenderLog& log)
+        : film_(film), evaluator_(evaluation), painter_(film.painter(evaluator_, watched(log),
+                                                   MachineShare::decoderBytes(film.memoryBytes, workers))) {}
 
     void write(const FilmPiece& piece, const std::filesystem::path& file,
         const std::function<void()>& onFrame, const std::stop_token& stop) {
@@ -121,6 +123,7 @@ struct Shop {
     RenderLog log;
     Counter& counter;
     imaging::EvaluatorOptions evaluation;
+    int workers;
     std::stop_token stop;
     std::atomic<std::size_t> next = 0;
     std::mutex keeping = {};   // keys and the first failure
@@ -130,7 +133,7 @@ struct Shop {
         std::optional<Worker> worker;
         for (std::size_t i = next++; i < jobs.size(); i = next++) {
             const Job& job = jobs[i];
-            if (!worker) worker.emplace(film, evaluation, log);
+            if (!worker) worker.emplace(film, evaluation, workers, log);
             worker->write(
                 job.piece, job.file, [this] { counter.add(1); }, stop);
             const std::lock_guard lock(keeping);
@@ -140,7 +143,7 @@ struct Shop {
     }
 };
 
-void runSideBySide(Shop& shop, int workers, const std::stop_token& outer) {
+void runSideBySide(Shop& shop, const std::stop_token& outer) {
     std::stop_source source;
     const std::stop_callback passOn(outer, [&source] { source.request_stop(); });
     shop.stop = source.get_token();
@@ -156,7 +159,7 @@ void runSideBySide(Shop& shop, int workers, const std::stop_token& outer) {
         }
     };
     std::vector<std::thread> threads;
-    for (int i = 0; i < workers; ++i) threads.emplace_back(run);
+    for (int i = 0; i < shop.workers; ++i) threads.emplace_back(run);
     for (std::thread& thread : threads) thread.join();
     if (shop.failure) std::rethrow_exception(shop.failure);
 }
@@ -204,7 +207,7 @@ int workerCount(const PiecedFilm& film, std::size_t pieces) {
 void write(const PiecedFilm& film, const FilmPiece& piece, const std::filesystem::path& file,
     const RenderLog& log, const FilmWriter::Progress& onProgress, const std::stop_token& stop) {
     std::int64_t done = 0;
-    Worker(film, film.evaluation, log)
+    Worker(film, film.evaluation, 1, log)
         .write(
             piece, file,
             [&] {
@@ -241,9 +244,9 @@ Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     imaging::EvaluatorOptions evaluation = film.evaluation;
     if (workers > 1) evaluation.threadCount = 2;
     evaluation.cacheBytes = std::min(evaluation.cacheBytes, cacheBytes(film, workers));
-    Shop shop{film, jobs, store, keys.get(), shared, counter, evaluation, stop};
+    Shop shop{film, jobs, store, keys.get(), shared, counter, evaluation, workers, stop};
     if (workers > 1)
-        runSideBySide(shop, workers, stop);
+        runSideBySide(shop, stop);
     else
         shop.work();
     if (store) store->trim();

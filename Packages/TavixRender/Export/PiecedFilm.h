@@ -51,8 +51,11 @@ struct PiecedFilm {
     std::int64_t frameCount = 0;
     std::vector<FilmPiece> pieces;
     std::optional<Sound> sound;
-    // The evaluator outlives the painter. Throws a `Failure` for what cannot be drawn at all.
-    std::function<std::unique_ptr<Painter>(imaging::Evaluator& evaluator, const RenderLog& log)> painter;
+    // The evaluator outlives the painter; decoders of clips get by with so many bytes. Throws a `Failure` for
+    // what cannot be drawn at all.
+    std::function<std::unique_ptr<Painter>(
+        imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes)>
+        painter;
     std::function<std::unique_ptr<Keys>()> keys;   // reads the files that the film is made from
 
     imaging::EvaluatorOptions evaluation = {};
