@@ -1,5 +1,6 @@
 #include "Engine/Tests/EngineTest.h"
 #include "TavixPlatform/Media/StillImages.h"
+#include "TestSupport/SourceTree.h"
 
 #include <gmock/gmock.h>
 
@@ -181,6 +182,29 @@ TEST_F(EngineTest, HasInMemoryWhatIsShownAndNotTheWholeFilm) {
     const Outcome outcome = tavix({"render", "film.json", "--no-cache", "--quiet"});
     EXPECT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_LT(outcome.peakKib, 260 * 1024);
+}
+
+// Examples with phones and clips, made one piece at a time however many cores there are. A tenth more than
+// they take.
+TEST_F(EngineTest, RendersItsExamplesInLittleMemory) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "Sanitizers take memory of their own.";
+#endif
+    const struct {
+        std::vector<std::string> words;
+        long mostMegabytes;
+    } cases[] = {
+        {{"render", "phone-tour", "--no-cache", "--fps", "3", "--memory", "300MB", "-o", "tour.mp4"}, 295},
+        {{"still", "hero-phone", "--at", "4", "-o", "phone.png"}, 170},
+        {{"still", "first-light", "--at", "8", "-o", "light.png"}, 175},
+    };
+    for (auto [words, mostMegabytes] : cases) {
+        SCOPED_TRACE(words[0]);
+        words[1] = testsupport::inSourceTree("Examples/" + words[1] + ".tavixcomp").string();
+        const Outcome outcome = tavix(words);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_LT(outcome.peakKib, mostMegabytes * 1024);
+    }
 }
 
 }   // namespace
