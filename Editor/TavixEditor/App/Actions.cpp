@@ -44,6 +44,12 @@ QList<Row> rows() {
             Icon::undo},
         {&A::redo, "redo", QT_TRANSLATE_NOOP("Actions", "&Redo"),
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)}, Icon::redo},
+        // Fields of text have these keys for themselves while they are used.
+        {&A::cut, "cut", QT_TRANSLATE_NOOP("Actions", "Cu&t"), {QKeySequence(Qt::CTRL | Qt::Key_X)}},
+        {&A::copy, "copy", QT_TRANSLATE_NOOP("Actions", "&Copy"), {QKeySequence(Qt::CTRL | Qt::Key_C)}},
+        {&A::paste, "paste", QT_TRANSLATE_NOOP("Actions", "&Paste"), {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+        {&A::selectAll, "selectAll", QT_TRANSLATE_NOOP("Actions", "Select &All Layers"),
+            {QKeySequence(Qt::CTRL | Qt::Key_A)}},
         {&A::duplicate, "duplicate", QT_TRANSLATE_NOOP("Actions", "&Duplicate"),
             {QKeySequence(Qt::CTRL | Qt::Key_D)}},
         // Delete belongs to the stage and the timeline, which take the key themselves.

@@ -12,7 +12,7 @@ namespace tavix::editor {
 // Owned by the object that they were made for. What they do is connected by the window.
 struct Actions {
     QAction *newProject, *open, *save, *saveAs, *revert, *exportFilm, *close, *quit;
-    QAction *undo, *redo, *duplicate, *remove, *deselect, *copyFrame;
+    QAction *undo, *redo, *duplicate, *remove, *selectAll, *deselect, *cut, *copy, *paste, *copyFrame;
     QAction *play, *toStart, *toEnd, *stepBack, *stepForward, *secondBack, *secondForward;
     QAction *zoomIn, *zoomOut, *actualPixels, *fit, *safeAreas, *fullScreen;
     QAction *findings, *changes, *json;   // what stands beside the stage

@@ -3,12 +3,14 @@
 #include "TavixEditor/Stage/QtPoints.h"
 
 #include "Editor/EditorDesignSystem/Style/Tokens.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixEditor/App/OneInstance.h"
 #include "TavixEditor/App/ThemeChoice.h"
 #include "TavixEditor/Panels/CommandMatch.h"
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/RecentCard.h"
+#include "TavixLive/Operations/SceneOperations.h"
 
 #include <QAction>
 #include <QLabel>
@@ -188,6 +190,44 @@ TEST_F(EditorWindow, ArrowsNudgeAndDeleteRemovesWhatIsSelected) {
     EXPECT_EQ(layer().position, (PixelPoint{x, 190}));
     QTest::keyClick(&stage, Qt::Key_Delete);
     EXPECT_TRUE(state().edited().spec.scenes[0].layers.empty());
+}
+
+TEST_F(EditorWindow, ATextThatIsAddedStandsInTheSceneThatIsShownAndCanBeSeen) {
+    open(makeBundle("square"));
+    studio->model.update("Scene", [](EditState& changed) {
+        SceneOperations::addScene(changed);
+        changed.selection = {};
+    });
+    const double secondSec = CompositionTimeline(state().edited().spec).startSec[1];
+    ASSERT_TRUE(until([&] { return state().outputDuration() > secondSec; }));
+    studio->model.seek(secondSec + 0.1);
+    ASSERT_TRUE(until([&] { return state().currentTime() > secondSec; }));
+    studio->model.clearSelection();
+    QTest::keyClick(window.get(), Qt::Key_T);
+    EXPECT_EQ(state().edited().spec.scenes[0].layers.size(), 1u);
+    ASSERT_EQ(state().edited().spec.scenes[1].layers.size(), 1u);
+    EXPECT_TRUE(until([&] { return state().currentTime() >= secondSec + 0.5; })) << "it fades up until then";
+}
+
+TEST_F(EditorWindow, TheEditMenuCopiesPastesDuplicatesAndRemovesAllThatIsSelected) {
+    open(makeBundle("square"));
+    const Actions& actions = window->actions();
+    const auto count = [&] { return state().edited().spec.scenes[0].layers.size(); };
+    studio->model.selectLayer(0, 0);
+    actions.copy->trigger();
+    actions.paste->trigger();
+    EXPECT_EQ(count(), 2u);
+    window->editor().stage().setFocus();
+    QTest::keyClick(&window->editor().stage(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(state().edited().selection.layers().size(), 2u);
+    actions.duplicate->trigger();
+    EXPECT_EQ(count(), 4u);
+    actions.cut->trigger();
+    EXPECT_EQ(count(), 2u) << "the two that were made are selected";
+    actions.undo->trigger();
+    EXPECT_EQ(count(), 4u);
+    actions.remove->trigger();
+    EXPECT_EQ(count(), 2u);
 }
 
 TEST_F(EditorWindow, ListsWhatWasOpenTheLatestFirst) {

@@ -92,8 +92,6 @@ private:
     void deleteSelected();
     void trimToPlayhead(bool isStart);
     void moveSelection(int rows, int alongScene);
-    void copySelected();
-    void pasteHere();
     void showBarMenu(const QPoint& globally, std::size_t bar);
     void showBandMenu(const QPoint& globally, std::size_t band);
     void showMarkMenu(const QPoint& globally, const timeline::Drag::MarkPlace& place);

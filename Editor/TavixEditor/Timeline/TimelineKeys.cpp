@@ -5,18 +5,16 @@
 #include "Editor/EditorDomain/Timeline/TimelineCommands.h"
 #include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/Inspector/EasePopup.h"
+#include "TavixEditor/Timeline/SelectionClipboard.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixLive/Operations/DeviceKeyframes.h"
 #include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/SceneOperations.h"
 #include "TavixLive/Operations/TrackOperations.h"
 
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMimeData>
 
 #include <algorithm>
 #include <cmath>
@@ -29,8 +27,6 @@ namespace {
 
 constexpr double zoomStep = 1.25;
 constexpr int framesOfLargeStep = 10;
-
-QString mimeType() { return QStringLiteral("application/x-tavix-layers+json"); }
 
 }   // namespace
 
@@ -63,9 +59,9 @@ bool TimelineCanvas::handleKey(const QKeyEvent& event, bool isOnlyAsked) {
     const auto step = [&](const QString& name, const std::function<void(EditState&)>& change) {
         return does([&] { model_.update(name.toStdString(), change); });
     };
-    if (event.matches(QKeySequence::Copy)) return does([&] { copySelected(); });
-    if (event.matches(QKeySequence::Cut)) return does([&] { copySelected(), deleteSelected(); });
-    if (event.matches(QKeySequence::Paste)) return does([&] { pasteHere(); });
+    if (event.matches(QKeySequence::Copy)) return does([&] { copySelection(model_); });
+    if (event.matches(QKeySequence::Cut)) return does([&] { cutSelection(model_); });
+    if (event.matches(QKeySequence::Paste)) return does([&] { pasteAtPlayhead(model_); });
     if (event.matches(QKeySequence::SelectAll)) return step({}, selectAllLayers);
     switch (event.key()) {
     case Qt::Key_Delete:
@@ -208,25 +204,6 @@ void TimelineCanvas::seekToMark(std::size_t row, int direction) {
     if (best) model_.seek(*best);
 }
 
-void TimelineCanvas::copySelected() {
-    const std::string text = copied(model_.state.edited(), model_.state.bundle());
-    if (text.empty()) return;
-    auto* mime = new QMimeData;
-    mime->setData(mimeType(), QByteArray::fromStdString(text));
-    mime->setText(QString::fromStdString(text));
-    QGuiApplication::clipboard()->setMimeData(mime);
-}
-
-void TimelineCanvas::pasteHere() {
-    const QMimeData* const mime = QGuiApplication::clipboard()->mimeData();
-    const QByteArray bytes = mime->hasFormat(mimeType()) ? mime->data(mimeType()) : mime->text().toUtf8();
-    bool isPasted = false;
-    model_.update(tr("Paste").toStdString(), [&](EditState& state) {
-        isPasted = paste(state, bytes.toStdString(), model_.state.currentTime(), model_.state.bundle());
-    });
-    if (!isPasted) model_.state.statusMessage = tr("There are no layers on the clipboard.").toStdString();
-}
-
 void TimelineCanvas::contextMenuEvent(QContextMenuEvent* event) {
     Hit hit = event->reason() == QContextMenuEvent::Mouse ? hitAt(event->pos()) : Hit{};
     QPoint globally = event->globalPos();
@@ -291,7 +268,7 @@ void TimelineCanvas::showBarMenu(const QPoint& globally, std::size_t) {
     }
     tracks->setEnabled(!tracks->isEmpty());
     menu.addSeparator();
-    menu.addAction(tr("Copy") + QStringLiteral("\tCtrl+C"), this, [this] { copySelected(); });
+    menu.addAction(tr("Copy") + QStringLiteral("\tCtrl+C"), this, [this] { copySelection(model_); });
     add(tr("Duplicate"), QStringLiteral("Ctrl+D"), duplicateSelection);
     add(tr("Delete Layer"), QStringLiteral("Del"), deleteSelection);
     menu.exec(globally);
@@ -303,7 +280,7 @@ void TimelineCanvas::showBandMenu(const QPoint& globally, std::size_t band) {
     const auto add = [&](const QString& words, const std::function<void(EditState&)>& change) {
         return menu.addAction(words, this, [=, this] { model_.update(words.toStdString(), change); });
     };
-    menu.addAction(tr("Paste") + QStringLiteral("\tCtrl+V"), this, [this] { pasteHere(); });
+    menu.addAction(tr("Paste") + QStringLiteral("\tCtrl+V"), this, [this] { pasteAtPlayhead(model_); });
     add(tr("Duplicate Scene"), [=](EditState& state) { SceneOperations::duplicateScene(state, band); });
     add(tr("Move Earlier"), [=](EditState& state) {
         if (band > 0) SceneOperations::moveScene(state, band, band - 1);

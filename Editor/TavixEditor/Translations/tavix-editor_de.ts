@@ -187,6 +187,22 @@
         <source>&amp;About Tavix</source>
         <translation>Über &amp;Tavix</translation>
     </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>E&amp;infügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Layers</source>
+        <translation>&amp;Alle Ebenen auswählen</translation>
+    </message>
 </context>
 <context>
     <name>AgentSheet</name>
@@ -2617,6 +2633,10 @@
     <message>
         <source>Edit Curve…</source>
         <translation>Kurve bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
     </message>
 </context>
 <context>

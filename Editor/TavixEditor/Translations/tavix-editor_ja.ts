@@ -187,6 +187,22 @@
         <source>&amp;About Tavix</source>
         <translation>Tavixについて(&amp;A)</translation>
     </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>切り取り(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>コピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Select &amp;All Layers</source>
+        <translation>すべてのレイヤーを選択(&amp;A)</translation>
+    </message>
 </context>
 <context>
     <name>AgentSheet</name>
@@ -2617,6 +2633,10 @@
     <message>
         <source>Edit Curve…</source>
         <translation>カーブを編集…</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
     </message>
 </context>
 <context>

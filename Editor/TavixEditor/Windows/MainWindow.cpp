@@ -1,7 +1,9 @@
 #include "TavixEditor/Windows/MainWindow.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDomain/Timeline/TimelineCommands.h"
 #include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/ThemeChoice.h"
@@ -11,6 +13,7 @@
 #include "TavixEditor/Stage/FrameCopy.h"
 #include "TavixEditor/Stage/QtPoints.h"
 #include "TavixEditor/Stage/StageView.h"
+#include "TavixEditor/Timeline/SelectionClipboard.h"
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/Drops.h"
 #include "TavixEditor/Windows/EditorView.h"
@@ -175,23 +178,22 @@ void MainWindow::connectEditActions() {
     on(actions_.undo, [&model] { model.undo(); });
     on(actions_.redo, [&model] { model.redo(); });
     on(actions_.deselect, [&model] { model.clearSelection(); });
-    on(actions_.duplicate, [&model] {
-        const Selection at = model.state.edited().selection;
-        if (at.scene && at.layer)
-            model.update(QT_TRANSLATE_NOOP("Step", "Duplicate layer"),
-                [&](EditState& state) { LayerOperations::duplicateLayer(state, *at.scene, *at.layer); });
-        else if (at.scene)
-            model.update(QT_TRANSLATE_NOOP("Step", "Duplicate scene"),
-                [&](EditState& state) { SceneOperations::duplicateScene(state, *at.scene); });
+    on(actions_.cut, [&model] { cutSelection(model); });
+    on(actions_.copy, [&model] { copySelection(model); });
+    on(actions_.paste, [&model] { pasteAtPlayhead(model); });
+    on(actions_.selectAll, [&model] { model.update("", timeline::selectAllLayers); });
+    const auto whole = [&model](const char* ofLayers, const char* ofScene) {
+        return model.state.edited().selection.layer ? ofLayers : ofScene;
+    };
+    on(actions_.duplicate, [&model, whole] {
+        model.update(
+            whole(QT_TRANSLATE_NOOP("Step", "Duplicate layer"), QT_TRANSLATE_NOOP("Step", "Duplicate scene")),
+            timeline::duplicateSelection);
     });
-    on(actions_.remove, [&model] {
-        const Selection at = model.state.edited().selection;
-        if (at.scene && at.layer)
-            model.update(QT_TRANSLATE_NOOP("Step", "Remove layer"),
-                [&](EditState& state) { LayerOperations::deleteLayer(state, *at.scene, *at.layer); });
-        else if (at.scene)
-            model.update(QT_TRANSLATE_NOOP("Step", "Remove scene"),
-                [&](EditState& state) { SceneOperations::removeScene(state, *at.scene); });
+    on(actions_.remove, [&model, whole] {
+        model.update(
+            whole(QT_TRANSLATE_NOOP("Step", "Remove layer"), QT_TRANSLATE_NOOP("Step", "Remove scene")),
+            timeline::deleteSelection);
     });
     on(actions_.addScene,
         [&model] { model.update(QT_TRANSLATE_NOOP("Step", "Add scene"), SceneOperations::addScene); });
@@ -199,12 +201,25 @@ void MainWindow::connectEditActions() {
         {actions_.addDevice, ContentKind::device}, {actions_.addImage, ContentKind::image},
         {actions_.addVideo, ContentKind::video}, {actions_.addShape, ContentKind::shape},
         {actions_.addFill, ContentKind::fill}};
-    for (const auto& [action, kind] : kinds)
-        on(action, [&model, kind = kind] {
-            const std::size_t scene = model.state.edited().selection.scene.value_or(0);
-            model.update(QT_TRANSLATE_NOOP("Step", "Add layer"),
-                [&](EditState& state) { LayerOperations::addLayer(state, scene, kind); });
-        });
+    for (const auto& [action, kind] : kinds) on(action, [this, kind = kind] { addLayer(kind); });
+}
+
+// Into the scene that is looked at, and where it can be seen: a text has come by then.
+void MainWindow::addLayer(ContentKind kind) {
+    constexpr double arrivalSec = 1;
+    CompositionEditorModel& model = studio_.model;
+    const EditorState& state = model.state;
+    const auto shown = CompositionTimeline(state.edited().spec).sample(state.currentTime());
+    const std::size_t scene = state.edited().selection.scene.value_or(shown ? shown->outgoing.index : 0);
+    model.update(QT_TRANSLATE_NOOP("Step", "Add layer"),
+        [&](EditState& changed) { LayerOperations::addLayer(changed, scene, kind); });
+    const CompositionSpec& spec = state.edited().spec;
+    const double startSec = CompositionTimeline(spec).startSec[scene],
+                 endSec = startSec + spec.scenes[scene].durationSec;
+    const double fromSec =
+        kind == ContentKind::text ? startSec + std::min(arrivalSec, (endSec - startSec) / 2) : startSec;
+    if (state.currentTime() < fromSec || state.currentTime() >= endSec) model.seek(fromSec);
+    editor_->stage().setFocus();
 }
 
 void MainWindow::connectPlayActions() {
@@ -304,7 +319,8 @@ void MainWindow::showActions() {
     named(actions_.undo, history.undoName(), tr("&Undo"), tr("&Undo %1"));
     named(actions_.redo, history.redoName(), tr("&Redo"), tr("&Redo %1"));
     const Selection& selection = state.edited().selection;
-    for (QAction* action : {actions_.duplicate, actions_.remove, actions_.deselect})
+    for (QAction* action : {actions_.cut, actions_.copy, actions_.duplicate, actions_.remove,
+             actions_.deselect, actions_.selectAll})
         action->setEnabled(isLoaded && selection.scene);
     actions_.save->setEnabled(isLoaded && state.hasUnsavedChanges());
     actions_.revert->setEnabled(isLoaded && state.hasUnsavedChanges());

@@ -6,6 +6,7 @@
 #include "TavixEditor/Windows/AgentSheet.h"
 #include "TavixEditor/Windows/UnsavedChanges.h"
 #include "TavixLive/Observing/Observable.h"
+#include "TavixLive/Operations/LayerOperations.h"
 
 #include <QCoreApplication>
 #include <QWidget>
@@ -49,6 +50,7 @@ protected:
 private:
     void connectFileActions();
     void connectEditActions();
+    void addLayer(ContentKind kind);
     void connectPlayActions();
     void connectViewActions();
     void connectThemes();

@@ -35,7 +35,8 @@ QMenuBar* makeMenuBar(const Actions& a) {
         {a.newProject, a.open, nullptr, a.save, a.saveAs, a.revert, nullptr, a.exportFilm, a.copyFrame,
             nullptr, a.close, a.quit});
     fill(bar->addMenu(MenuWords::tr("&Edit")),
-        {a.undo, a.redo, nullptr, a.duplicate, a.remove, a.deselect, nullptr, a.palette, a.shortcuts});
+        {a.undo, a.redo, nullptr, a.cut, a.copy, a.paste, a.duplicate, a.remove, nullptr, a.selectAll,
+            a.deselect, nullptr, a.palette, a.shortcuts});
     fill(bar->addMenu(MenuWords::tr("&Insert")),
         {a.addScene, nullptr, a.addText, a.addDevice, a.addImage, a.addVideo, a.addShape, a.addFill});
     fill(bar->addMenu(MenuWords::tr("&Play")), {a.play, nullptr, a.stepBack, a.stepForward, a.secondBack,
