@@ -15,7 +15,7 @@ namespace tavix::editor {
 namespace {
 
 // Of finished frames: a window stays within a few hundred megabytes.
-constexpr std::size_t storeBytes = 96u << 20;
+constexpr std::size_t storeBytes = 56u << 20;
 
 // Asks at every start, since a server may come and go.
 class DesktopAudioOutput final : public media::AudioOutput {

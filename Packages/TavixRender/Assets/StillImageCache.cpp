@@ -32,6 +32,11 @@ std::optional<imaging::Image> StillImageCache::image(const std::filesystem::path
     return known->second.image;
 }
 
+std::optional<imaging::Image> StillImageCache::imageOnce(const std::filesystem::path& path) const {
+    const auto known = byPath_.find(path);
+    return known == byPath_.end() ? load(path) : known->second.image;
+}
+
 void StillImageCache::renew(std::size_t mostBytes) {
     ++renewals_;
     std::erase_if(

@@ -22,6 +22,8 @@ public:
 
     // The picture with its bottom-left corner at the origin, or nothing.
     std::optional<imaging::Image> image(const std::filesystem::path& path);
+    // The same for who needs it but once: it is not kept on that account.
+    std::optional<imaging::Image> imageOnce(const std::filesystem::path& path) const;
     // Reads those that are not known yet on all cores at once. One that cannot be read is left to `image`.
     void readAhead(const std::set<std::filesystem::path>& paths);
     // For who goes on with it: forgets pictures whose file has changed, and then those that have not been

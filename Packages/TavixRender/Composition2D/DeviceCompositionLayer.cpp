@@ -3,6 +3,7 @@
 #include "TavixCore/Animation/CompositionMath.h"
 #include "TavixCore/Values/Clamp01.h"
 #include "TavixRender/Composition2D/FlatDeviceMotion.h"
+#include "TavixRender/Compositor/BezelShelf.h"
 #include "TavixRender/Compositor/CanvasDrawing.h"
 #include "TavixRender/Compositor/MovedDevice.h"
 
@@ -46,48 +47,58 @@ Image screenShape(const FittedDevice& device, const CameraFrameTransform& move, 
     return Image::roundedRectangle(rect, device.cornerRadiusPx * move.scale, color);
 }
 
-Image bezelAt(const FittedDevice& device, double detail, const Rect& bounds) {
-    return CanvasDrawing::place(device.picture, scaledBy(device.frameRect, detail), scaledBy(bounds, detail),
-        CanvasDrawing::Resampling::still);
-}
-
-Image stillUnitAt(const FittedDevice& device, const Image& screen, double detail, const Rect& bounds) {
-    const CameraFrameTransform enlarged{detail, 0, 0};
+Image stillUnitAt(
+    const FittedDevice& device, const Image& screen, int detail, const Rect& bounds, const Image& bezel) {
+    const CameraFrameTransform enlarged{double(detail), 0, 0};
     const Rect canvas = scaledBy(bounds, detail);
     const Image placed = CanvasDrawing::place(
         screen, scaledBy(device.screenRect, detail), canvas, CanvasDrawing::Resampling::still);
     const Image shape = screenShape(device, enlarged, canvas, imaging::Color::white());
-    return bezelAt(device, detail, bounds).over(CanvasDrawing::masked(placed, shape));
+    return bezel.over(CanvasDrawing::masked(placed, shape));
 }
 
 }   // namespace
 
 DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
-    : bounds_(build.bounds), device_(CanvasDrawing::resolveDevice(content.mockup, content.basePaddingPx,
-                                 bounds_, build.assetRoot, build.images)),
-      screen_(screenFor(content.screen, build)), screenFade_(timedKeyframes(content.screenOpacity)),
+    : bounds_(build.bounds), screen_(screenFor(content.screen, build)),
+      screenFade_(timedKeyframes(content.screenOpacity)),
       trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
-    bake(peakMagnification(layer) * peakScale(trajectory_), build.evaluator);
+    const double magnification = peakMagnification(layer) * peakScale(trajectory_);
+    if (build.rendererPool != nullptr) {   // a preview
+        const CanvasDrawing::Bezel bezel = CanvasDrawing::keptBezel(
+            content.mockup, content.basePaddingPx, bounds_, build.assetRoot, build.images, build.evaluator);
+        device_ = {bezel.place, Image()};
+        bake(bezel, magnification, build.evaluator);
+        return;
+    }
+    device_ = CanvasDrawing::resolveDevice(
+        content.mockup, content.basePaddingPx, bounds_, build.assetRoot, build.images);
+    bake({device_, device_.picture.extent().height,
+             [this](int detail) { return CanvasDrawing::bezelAt(device_, detail, bounds_); }},
+        magnification, build.evaluator);
 }
 
-void DeviceCompositionLayer::bake(double magnification, imaging::Evaluator& evaluator) {
+void DeviceCompositionLayer::bake(
+    const CanvasDrawing::Bezel& bezel, double magnification, imaging::Evaluator& evaluator) {
     // Drawing a picture larger than its file brings out nothing more.
-    const auto detailLeft = [](const Image& picture, const PixelRect& place) {
-        return std::max(1.0, picture.extent().height / std::max(place.height, 1e-6));
+    const auto detailLeft = [](double heightPx, const PixelRect& place) {
+        return std::max(1.0, heightPx / std::max(place.height, 1e-6));
     };
-    const double bezelDetail = detailLeft(device_.picture, device_.frameRect);
+    const double bezelDetail = detailLeft(bezel.pictureHeightPx, device_.frameRect);
     if (screen_->still() && screenFade_.empty()) {
-        const double unitDetail = std::max(bezelDetail, detailLeft(*screen_->still(), device_.screenRect));
+        const double unitDetail =
+            std::max(bezelDetail, detailLeft(screen_->still()->extent().height, device_.screenRect));
         stillUnit_ = bakedForMagnification(
-            [&](int detail) { return stillUnitAt(device_, *screen_->still(), detail, bounds_); },
+            [&](int detail) {
+                return stillUnitAt(device_, *screen_->still(), detail, bounds_, bezel.at(detail));
+            },
             std::min(magnification, unitDetail), evaluator);
         device_.picture = Image();   // neither it nor the screen's is looked at again
         screen_.reset();
         return;
     }
-    device_.picture = bakedForMagnification([&](int detail) { return bezelAt(device_, detail, bounds_); },
-        std::min(magnification, bezelDetail), evaluator);
+    device_.picture = bakedForMagnification(bezel.at, std::min(magnification, bezelDetail), evaluator);
 }
 
 std::optional<Image> DeviceCompositionLayer::contentImage(double localSec) {

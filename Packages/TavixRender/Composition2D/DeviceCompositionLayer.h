@@ -7,7 +7,7 @@
 #include "TavixRender/Composition2D/CompositionLayerContentRenderer.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
 #include "TavixRender/Composition2D/ScreenShelf.h"
-#include "TavixRender/Compositor/DeviceFrame.h"
+#include "TavixRender/Compositor/BezelShelf.h"
 
 #include <memory>
 #include <optional>
@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    void bake(double magnification, imaging::Evaluator& evaluator);
+    void bake(const CanvasDrawing::Bezel& bezel, double magnification, imaging::Evaluator& evaluator);
     imaging::Image screenAt(
         const imaging::Image& screen, const CameraFrameTransform& move, double opacity) const;
 

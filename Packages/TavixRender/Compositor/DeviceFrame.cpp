@@ -25,10 +25,11 @@ using imaging::Image;
 // one. They are what decoding gives anew: a file that has changed is another one.
 class FramePictures {
 public:
-    std::optional<Image> image(const fs::path& file, StillImageCache& images) {
+    std::optional<Image> image(const fs::path& file, StillImageCache& images, Keeping keeping) {
         const auto identity = FileIdentity::of(file);
         if (!identity) return images.image(file);   // which says what is wrong with it
         if (const auto known = find(*identity)) return known;
+        if (keeping == Keeping::nothing) return images.imageOnce(file);
         const auto decoded = images.image(file);
         if (decoded) keep({*identity, *decoded});
         return decoded;
@@ -68,19 +69,6 @@ FramePictures& framePictures() {
     return pictures;
 }
 
-// The files that the picture of a frame may be read from, the best first.
-std::vector<fs::path> frameFiles(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
-    std::vector<fs::path> files;
-    if (mockup.framePath && !mockup.framePath->empty())
-        files.push_back(CompositionAssets::resolved(
-            CompositionAssets::tildeExpanded(*mockup.framePath).string(), assetRoot));
-    const BundledDevice* named = mockup.bundledID ? DeviceCatalog::device(*mockup.bundledID) : nullptr;
-    for (const BundledDevice* device : {named, &DeviceCatalog::defaultDevice()})
-        if (const auto file = device != nullptr ? BundledFrames::url(*device) : std::nullopt)
-            files.push_back(*file);
-    return files;
-}
-
 std::optional<imaging::Size> frameSize(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
     for (const fs::path& file : frameFiles(mockup, assetRoot)) {
         try {
@@ -105,16 +93,28 @@ DevicePlace placeWithAspect(
 
 }   // namespace
 
-Image resolveFrameImage(
-    const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot, StillImageCache& images) {
+std::vector<fs::path> frameFiles(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot) {
+    std::vector<fs::path> files;
+    if (mockup.framePath && !mockup.framePath->empty())
+        files.push_back(CompositionAssets::resolved(
+            CompositionAssets::tildeExpanded(*mockup.framePath).string(), assetRoot));
+    const BundledDevice* named = mockup.bundledID ? DeviceCatalog::device(*mockup.bundledID) : nullptr;
+    for (const BundledDevice* device : {named, &DeviceCatalog::defaultDevice()})
+        if (const auto file = device != nullptr ? BundledFrames::url(*device) : std::nullopt)
+            files.push_back(*file);
+    return files;
+}
+
+Image resolveFrameImage(const DeviceMockup& mockup, const std::optional<fs::path>& assetRoot,
+    StillImageCache& images, Keeping keeping) {
     for (const fs::path& file : frameFiles(mockup, assetRoot))
-        if (const auto image = framePictures().image(file, images)) return *image;
+        if (const auto image = framePictures().image(file, images, keeping)) return *image;
     return Image();
 }
 
 FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
-    const std::optional<fs::path>& assetRoot, StillImageCache& images) {
-    const Image picture = resolveFrameImage(mockup, assetRoot, images);
+    const std::optional<fs::path>& assetRoot, StillImageCache& images, Keeping keeping) {
+    const Image picture = resolveFrameImage(mockup, assetRoot, images, keeping);
     const imaging::Rect extent = picture.extent();
     const double aspect = extent.isEmpty() ? aspectWithoutPicture(mockup) : extent.width / extent.height;
     return {placeWithAspect(aspect, mockup, paddingPx, bounds), picture};

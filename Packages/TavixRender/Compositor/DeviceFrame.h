@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 namespace tavix::CanvasDrawing {
 
@@ -22,17 +23,26 @@ struct FittedDevice : DevicePlace {
     imaging::Image picture;
 };
 
+// Whether a picture that is decoded now is likely to be asked for again.
+enum class Keeping { decoded, nothing };
+
 // As large as it fits into the canvas with that padding on all sides, in its middle.
 FittedDevice resolveDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
-    const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
+    const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images,
+    Keeping keeping = Keeping::decoded);
 
 // The same without the picture: files of frames are asked for their sizes alone.
 DevicePlace placeOfDevice(const DeviceMockup& mockup, double paddingPx, const imaging::Rect& bounds,
     const std::optional<std::filesystem::path>& assetRoot);
 
 // The mockup's own picture, or that of its catalog device, or of the default one: the first that can be read;
-// empty when none can. Frames stay decoded while the program runs and their files stay.
+// empty when none can. Frames that are kept stay decoded while the program runs and their files stay.
 imaging::Image resolveFrameImage(const DeviceMockup& mockup,
-    const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images);
+    const std::optional<std::filesystem::path>& assetRoot, StillImageCache& images,
+    Keeping keeping = Keeping::decoded);
+
+// The files that it may be read from, the best first.
+std::vector<std::filesystem::path> frameFiles(
+    const DeviceMockup& mockup, const std::optional<std::filesystem::path>& assetRoot);
 
 }   // namespace tavix::CanvasDrawing

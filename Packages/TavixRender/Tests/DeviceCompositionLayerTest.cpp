@@ -233,5 +233,46 @@ TEST_F(FlatDevice, FitsItsFrameIntoThePaddedCanvas) {
     EXPECT_TRUE(fitted(0, {1000, 1000}).picture.isEmpty());
 }
 
+// A preview keeps the frame in the size in which it shows it; what is seen is what a film shows, and a frame
+// whose file has changed is another one.
+TEST_F(FlatDevice, LooksInAPreviewAsInAFilm) {
+    const auto writeFrame = [&](const Color& left, const Color& right) {
+        const Image all = Image::smoothLinearGradient({0, 0}, left, {1000, 300}, right);
+        const Image outside =
+            Image::roundedRectangle({0, 0, 1000, 2000}, 120, Color::white()).cropped({0, 0, 1000, 2000});
+        const Image hole = Image::roundedRectangle({100, 200, 800, 1600}, 90, Color::white());
+        write(
+            "large.png", Image().blendedWithMask(all.blendedWithMask(Image(), outside), hole), {1000, 2000});
+    };
+    writeFrame({0, 1, 0, 1}, {0.2, 0.3, 0.9, 1});
+    writeClip("clip.mp4");
+    device.mockup.framePath = "large.png";
+    imaging::Evaluator evaluator;
+    Composition3DRendererPool pool;
+    BuildMemory memory;
+    const auto shown = [&](bool isPreview) {
+        CompositionLayer layer;
+        layer.content = device;
+        CompositionSpec spec = testing::specOf(canvas, 30, {testing::sceneOf(2, {layer})});
+        spec.background = RGBAColor{0, 0, 1, 1};
+        ResolvedComposition resolved(spec, folder.path(), evaluator, testing::messagesTo(log),
+            isPreview ? &pool : nullptr, isPreview ? &memory : nullptr);
+        return Picture(resolved.frame(0.2), canvas);
+    };
+    for (const ScreenSource& screen :
+        {ScreenSource(StillScreen{"screen.png"}), ScreenSource(VideoClip{"clip.mp4", 0, {}, {}})})
+        for (const double scale : {1.0, 1.9}) {
+            device.screen = screen;
+            place({0.03, -0.02}, scale);
+            const Picture film = shown(false);
+            for (int again = 0; again < 2; ++again) EXPECT_LE(shown(true).distanceTo(film), 2) << scale;
+            EXPECT_TRUE(scale != 1 || film.at(62, 150) != blue) << "there is a frame to be seen";
+        }
+    const Picture before = shown(true);
+    writeFrame({1, 0, 0, 1}, {1, 1, 0, 1});
+    EXPECT_GT(shown(true).countBeyond(before, 20), 100);
+    EXPECT_LE(shown(true).distanceTo(shown(false)), 2);
+}
+
 }   // namespace
 }   // namespace tavix
