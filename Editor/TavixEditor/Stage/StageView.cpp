@@ -266,8 +266,8 @@ void StageView::editText(const StagePlace& place) {
     if (!layer || !(layer->place == place) ||
         !model_.state.edited().content<TextContent>(place.scene, place.layer))
         return;
-    auto* field = new TextInPlace(model_, place, viewport_.canvasRect().height, this);
-    field->settleOver(tool_.inView(layer->box).toAlignedRect());
+    auto* field = new TextInPlace(model_, place, this);
+    field->settleBeside(tool_.inView(layer->box).toAlignedRect());
 }
 
 QRect StageView::drawnRect() const { return qRect(viewport_.drawnRect()).toRect(); }

@@ -12,21 +12,17 @@
 
 namespace tavix::editor {
 
-TextInPlace::TextInPlace(
-    CompositionEditorModel& model, const StagePlace& place, double canvasHeight, QWidget* parent)
+TextInPlace::TextInPlace(CompositionEditorModel& model, const StagePlace& place, QWidget* parent)
     : QPlainTextEdit(parent), model_(model), place_(place) {
     setObjectName(QStringLiteral("textInPlace"));
     setAccessibleName(QCoreApplication::translate("TextInPlace", "Text of the layer"));
-    setFrameShape(QFrame::NoFrame);
+    setFrameShape(QFrame::StyledPanel);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabChangesFocus(true);
     const auto* text = model_.state.edited().content<TextContent>(place.scene, place.layer);
     if (!text) return;
-    QFont font = design::fontOf(design::TextSize::body);
-    font.setPixelSize(std::clamp(int(text->sizeFraction * canvasHeight), 12, 200));
-    font.setWeight(QFont::DemiBold);
-    setFont(font);
+    setFont(design::fontOf(design::TextSize::title));
     written_ = text->text;
     setPlainText(words(written_));
     selectAll();
@@ -52,12 +48,18 @@ void TextInPlace::write() {
     });
 }
 
-void TextInPlace::settleOver(const QRect& box) {
-    const int line = fontMetrics().lineSpacing();
-    QRect area = box.adjusted(-line / 2, -line / 4, line / 2, line / 2);
-    area.setHeight(std::max(area.height(), 2 * line));
-    area.setWidth(std::max(area.width(), 6 * line));
-    setGeometry(area.intersected(parentWidget()->rect()));
+// Under the letters, which change while they are typed, or over them, where there is room.
+void TextInPlace::settleBeside(const QRect& box) {
+    constexpr int leastWidth = 280, mostWidth = 520, mostLines = 5;
+    const int gap = design::space::large, lines = std::clamp(blockCount() + 1, 2, mostLines);
+    const QSize size(std::clamp(box.width(), leastWidth, mostWidth),
+        lines * fontMetrics().lineSpacing() + 2 * design::space::medium);
+    const QRect room = parentWidget()->rect().adjusted(gap, gap, -gap, -gap);
+    QRect area(QPoint(box.center().x() - size.width() / 2, box.bottom() + gap), size);
+    if (area.bottom() > room.bottom()) area.moveBottom(box.top() - gap);
+    if (area.top() < room.top()) area.moveBottom(room.bottom());
+    area.moveLeft(std::clamp(area.left(), room.left(), std::max(room.right() - size.width(), room.left())));
+    setGeometry(area);
     show();
     setFocus();
 }

@@ -1,4 +1,4 @@
-// A text that is edited where it stands on the stage.
+// The words of a text, edited beside the place where they stand on the stage.
 #pragma once
 
 #include "Editor/EditorDomain/Stage/StageMap.h"
@@ -18,9 +18,8 @@ namespace tavix::editor {
 // gives them up, by Control and Return or the loss of the focus, and when the text is changed elsewhere.
 class TextInPlace final : public QPlainTextEdit {
 public:
-    // The height of the canvas in the view gives the size of the letters.
-    TextInPlace(CompositionEditorModel& model, const StagePlace& place, double canvasHeight, QWidget* parent);
-    void settleOver(const QRect& box);
+    TextInPlace(CompositionEditorModel& model, const StagePlace& place, QWidget* parent);
+    void settleBeside(const QRect& box);   // where the letters stand
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
