@@ -4,6 +4,7 @@
 #include "TavixRender/DeviceScene/DeviceModelLoader.h"
 #include "TavixRender/DeviceScene/DeviceStudio.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <set>
@@ -26,14 +27,54 @@ std::vector<Vec3> directions() {
     return spread;
 }
 
+float along(const Vec3& point, const Vec3& way) {
+    return point.x * way.x + point.y * way.y + point.z * way.z;
+}
+
+// Points that follow each other, and the box around them. Meshes have their vertices in order, so boxes are
+// small.
+struct Cluster {
+    std::size_t begin, end;
+    Vec3 least, most;
+    // No point of it reaches further: rounding keeps the order of numbers.
+    float reach(const Vec3& way) const {
+        return along(
+            {way.x > 0 ? most.x : least.x, way.y > 0 ? most.y : least.y, way.z > 0 ? most.z : least.z}, way);
+    }
+};
+
+std::vector<Cluster> clustersOf(const std::vector<Vec3>& points) {
+    constexpr std::size_t pointsOfCluster = 64;
+    std::vector<Cluster> clusters;
+    for (std::size_t begin = 0; begin < points.size(); begin += pointsOfCluster) {
+        Cluster cluster{
+            begin, std::min(begin + pointsOfCluster, points.size()), points[begin], points[begin]};
+        for (std::size_t i = begin; i < cluster.end; ++i) {
+            const Vec3& p = points[i];
+            Vec3 &least = cluster.least, &most = cluster.most;
+            least = {std::min(least.x, p.x), std::min(least.y, p.y), std::min(least.z, p.z)};
+            most = {std::max(most.x, p.x), std::max(most.y, p.y), std::max(most.z, p.z)};
+        }
+        clusters.push_back(cluster);
+    }
+    return clusters;
+}
+
+// In the order of the points; of those that reach as far as each other, the first one.
 std::vector<Vec3> outermost(const std::vector<Vec3>& points) {
+    const std::vector<Cluster> clusters = clustersOf(points);
     std::set<std::size_t> kept;
     for (const Vec3& way : directions()) {
-        std::size_t best = 0;
+        // Whoever was outermost another way is far out this way, too: most clusters are then not looked into.
         float reach = -1e30F;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const float along = points[i].x * way.x + points[i].y * way.y + points[i].z * way.z;
-            if (along > reach) reach = along, best = i;
+        for (const std::size_t i : kept) reach = std::max(reach, along(points[i], way));
+        std::size_t best = points.size();
+        for (const Cluster& cluster : clusters) {
+            if (cluster.reach(way) < reach) continue;
+            for (std::size_t i = cluster.begin; i < cluster.end; ++i) {
+                const float here = along(points[i], way);
+                if (here > reach || (here == reach && best == points.size())) reach = here, best = i;
+            }
         }
         kept.insert(best);
     }
