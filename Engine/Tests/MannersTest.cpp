@@ -159,7 +159,7 @@ TEST_F(Manners, EveryPageOfTheManualRendersWithoutAWarning) {
     EXPECT_EQ(tavix({"manual", "reel", "author"}).out, readBytes(at("man/tavix-reel-author.1")));
 }
 
-// They are more than a hundred, and a start would wait for them.
+// They are some ninety, and a start would wait for them.
 TEST_F(Manners, LibrariesThatFilmsNeedAreNotLoadedAtTheStart) {
     const Outcome loaded = runIn(folder(), {"env", "LD_TRACE_LOADED_OBJECTS=1", tavixProgram()});
     ASSERT_THAT(loaded.out, HasSubstr("libpng"));
