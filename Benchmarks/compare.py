@@ -3,24 +3,30 @@
 
 usage: compare.py FOLDER BASELINE [--accept] [REGEX]
 
-FOLDER holds the programs. Times are processor time of all threads, the least of some runs, in multiples of what
-the reference workload takes, which runs before and after every program, so that a machine that is busy for a while
-does not change them. With --accept the figures go into the baseline; figures of benchmarks that did not run stay.
-Ends with 1 when one takes more than it may.
+FOLDER holds the programs. Times are processor time of all threads, in multiples of what the reference workload
+takes, which runs before and after every program. There are some rounds over all programs, minutes apart; each gives
+the least of a few runs, and the median of the rounds counts, so that neither a machine that is busy for a while nor one
+lucky run decides. With --accept the figures go into the baseline, where all rounds agree: what differs between
+them by more than a change may is named and left as it was, as are figures of benchmarks that did not run. Ends with 1
+when one takes more than it may.
 """
 import json
 import pathlib
+import statistics
 import subprocess
 import sys
+import time
 
-ALLOWED = 1.25  # of the baseline
-RUNS = 3
+ALLOWED = 1.25  # of the baseline, and between the rounds of what is accepted
+ROUNDS = 3
+RUNS = 2  # of each round
+MIN_SECONDS = 0.02  # of a run: long enough for ratios, and short enough for all benchmarks in minutes
 UNITS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
 
 
 def seconds(program, pattern=None):
     """The least processor time of each benchmark of a program, by name."""
-    words = [str(program), "--benchmark_format=json", "--benchmark_min_time=0.1",
+    words = [str(program), "--benchmark_format=json", f"--benchmark_min_time={MIN_SECONDS}",
              f"--benchmark_repetitions={RUNS}"]
     if pattern:
         words.append(f"--benchmark_filter={pattern}")
@@ -37,21 +43,38 @@ def seconds(program, pattern=None):
     return least
 
 
-def ratios(folder, pattern):
+def one_round(folder, pattern):
+    """Ratios by name, of every program once."""
     reference = folder / "tavix_reference_benchmark"
     found = {}
+    before = seconds(reference)["reference/process_time"]
     for program in sorted(folder.glob("*_benchmark")):
         if program == reference:
             continue
-        before = seconds(reference)["reference/process_time"]
         times = seconds(program, pattern)
         if not times:
             continue
-        unit = min(before, seconds(reference)["reference/process_time"])
+        after = seconds(reference)["reference/process_time"]
         group = program.name.removeprefix("tavix_").removesuffix("_benchmark")
         for name, took in times.items():
-            found[f"{group}: {name}"] = took / unit
+            found[f"{group}: {name}"] = took / min(before, after)
+        before = after
     return found
+
+
+def ratios(folder, pattern):
+    """The median of the rounds, and how far they lie apart, by name."""
+    rounds = []
+    for number in range(ROUNDS):
+        start = time.monotonic()
+        rounds.append(one_round(folder, pattern))
+        print(f"round {number + 1} of {ROUNDS}: {time.monotonic() - start:.0f} s", flush=True)
+    found, spread = {}, {}
+    for name in rounds[0]:
+        values = [figures[name] for figures in rounds if name in figures]
+        found[name] = statistics.median(values)
+        spread[name] = max(values) / min(values)
+    return found, spread
 
 
 def compare(found, baseline):
@@ -78,12 +101,17 @@ def main(words):
         sys.exit(__doc__)
     folder, path = pathlib.Path(words[0]), pathlib.Path(words[1])
     baseline = json.loads(path.read_text()) if path.exists() else {}
-    found = ratios(folder, words[2] if len(words) > 2 else None)
+    found, spread = ratios(folder, words[2] if len(words) > 2 else None)
     if not found:
         sys.exit("No benchmark ran; is the pattern right, and are they built?")
     worse = compare(found, baseline)
     if accepts:
-        baseline.update({name: float(f"{ratio:.4g}") for name, ratio in found.items()})
+        for name, ratio in found.items():
+            # One that has no figure yet takes this one.
+            if spread[name] > ALLOWED and name in baseline:
+                print(f"unsure  {ratio:9.3f}  {spread[name]:6.2f} × between rounds, not accepted: {name}")
+            else:
+                baseline[name] = float(f"{ratio:.4g}")
         path.write_text(json.dumps(dict(sorted(baseline.items())), indent=1) + "\n")
         return 0
     return 1 if worse else 0

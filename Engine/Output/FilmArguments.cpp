@@ -49,9 +49,9 @@ void FilmArguments::declare(Arguments& arguments) {
         "A film, an animated GIF or WebP, or a folder of PNG pictures, one for each frame.");
     arguments.choice<VideoCodec>("--codec", request_.codec,
         {{"h264", VideoCodec::h264}, {"hevc", VideoCodec::hevc}, {"vp9", VideoCodec::vp9},
-            {"av1", VideoCodec::av1}, {"prores422hq", VideoCodec::proRes422HQ},
-            {"prores4444", VideoCodec::proRes4444}},
-        "How the film is coded; H.264 by default, and VP9 in .webm files.");
+            {"vp9-alpha", VideoCodec::vp9Alpha}, {"av1", VideoCodec::av1},
+            {"prores422hq", VideoCodec::proRes422HQ}, {"prores4444", VideoCodec::proRes4444}},
+        "How the film is coded; H.264 by default, and VP9 in .webm files. vp9-alpha and prores4444 keep what is clear.");
     arguments.wholeNumber("--quality", quality_, 0, 100, "N",
         "How good the pictures are, 0 to 100, whatever that takes: 80 is hard to tell from the source.");
     arguments.value(

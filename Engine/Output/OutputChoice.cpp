@@ -30,6 +30,8 @@ Kind kindOfExtension(const std::filesystem::path& path) {
                      "\" has an extension that is not written; use .mp4, .mov, .webm, .gif, .webp or .png.");
 }
 
+bool asksForAlphaInWebm(const OutputRequest& request) { return request.codec == VideoCodec::vp9Alpha; }
+
 bool asksForProRes(const OutputRequest& request) { return request.codec && isProRes(*request.codec); }
 
 // The kind that the flags alone ask for.
@@ -45,7 +47,13 @@ Kind kindOfFlags(const OutputRequest& request) {
     }
     if (asksForProRes(request) && request.container == ExportContainer::mp4)
         throw UsageError("ProRes is written to QuickTime files only; use --container mov.");
-    const auto byCodec = asksForProRes(request) ? ExportContainer::mov : ExportContainer::mp4;
+    if (asksForAlphaInWebm(request) &&
+        request.container.value_or(ExportContainer::webm) != ExportContainer::webm)
+        throw UsageError(
+            "VP9 keeps alpha in WebM files only; use --container webm, or --codec prores4444 in .mov.");
+    const auto byCodec = asksForProRes(request)        ? ExportContainer::mov
+                         : asksForAlphaInWebm(request) ? ExportContainer::webm
+                                                       : ExportContainer::mp4;
     return {ExportFormat::video, request.container.value_or(byCodec)};
 }
 
@@ -57,8 +65,11 @@ Kind kindOfFlags(const OutputRequest& request) {
 void requireRoomFor(
     const std::optional<VideoCodec>& codec, ExportContainer container, const std::filesystem::path& path) {
     if (!codec) return;
-    const bool isOpen = *codec == VideoCodec::vp9 || *codec == VideoCodec::av1;
+    const bool isOpen =
+        *codec == VideoCodec::vp9 || *codec == VideoCodec::vp9Alpha || *codec == VideoCodec::av1;
     const std::string name(displayName(*codec));
+    if (codec == VideoCodec::vp9Alpha && container != ExportContainer::webm)
+        failWithConflict(path, name + ", which is written to .webm files only");
     if (isOpen && container == ExportContainer::mov)
         failWithConflict(path, name + ", which is written to .mp4 and .webm files");
     if (!isOpen && container == ExportContainer::webm)

@@ -28,13 +28,14 @@ constexpr unsigned tagOf(char a, char b, char c, char d) { return MKTAG(a, b, c,
 
 // Of the two ProRes encoders this one is four times as quick at the same distance from the source.
 const Codec& codecOf(MovieCodec codec) {
-    static constexpr std::array<Codec, 6> codecs{{
+    static constexpr std::array<Codec, 7> codecs{{
         {"libx264", AV_PIX_FMT_YUV420P, "H.264", 0},
         {"libx265", AV_PIX_FMT_YUV420P, "HEVC", tagOf('h', 'v', 'c', '1')},
         {"prores_aw", AV_PIX_FMT_YUV422P10, "ProRes 422 HQ", tagOf('a', 'p', 'c', 'h')},
         {"prores_aw", AV_PIX_FMT_YUVA444P10, "ProRes 4444", tagOf('a', 'p', '4', 'h')},
         {"libvpx-vp9", AV_PIX_FMT_YUV420P, "VP9", 0},
         {"libsvtav1", AV_PIX_FMT_YUV420P, "AV1", 0},
+        {"libvpx-vp9", AV_PIX_FMT_YUVA420P, "VP9 with alpha", 0},
     }};
     return codecs[static_cast<std::size_t>(codec)];
 }
@@ -53,7 +54,7 @@ void refuseImpossible(const MovieSettings& settings) {
     const std::string failure = failureOf(settings) + ": ";
     if (width < 1 || height < 1) throw MediaError(failure + "both sides must be at least 1 pixel.");
     const imaging::PlanarFormat format = planarFormatOf(settings.codec);
-    if (format == imaging::PlanarFormat::yuv420p8 && (width % 2 || height % 2))
+    if (needsEvenHeight(settings.codec) && (width % 2 || height % 2))
         throw MediaError(failure + "width and height must be even.");
     if (format == imaging::PlanarFormat::yuv422p10 && width % 2)
         throw MediaError(failure + "the width must be even.");
@@ -66,7 +67,8 @@ void tagColor(AVCodecContext& encoder) {
     encoder.color_trc = AVCOL_TRC_BT709;
     encoder.colorspace = AVCOL_SPC_BT709;
     encoder.color_range = AVCOL_RANGE_MPEG;
-    if (encoder.pix_fmt == AV_PIX_FMT_YUV420P) encoder.chroma_sample_location = AVCHROMA_LOC_LEFT;
+    if (encoder.pix_fmt == AV_PIX_FMT_YUV420P || encoder.pix_fmt == AV_PIX_FMT_YUVA420P)
+        encoder.chroma_sample_location = AVCHROMA_LOC_LEFT;
 }
 
 // Of the encoder's own scale, on which less is better: `best` for 100 and `worst` for 0.
@@ -176,7 +178,8 @@ void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Opt
     switch (settings.codec) {
     case MovieCodec::h264: return setH264(settings, encoder, options);
     case MovieCodec::hevc: return setHevc(settings, options);
-    case MovieCodec::vp9: return setVp9(settings, options);
+    case MovieCodec::vp9:
+    case MovieCodec::vp9Alpha: return setVp9(settings, options);
     default: return setAv1(settings, options);
     }
 }
@@ -186,10 +189,13 @@ void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Opt
 imaging::PlanarFormat planarFormatOf(MovieCodec codec) {
     switch (codec) {
     case MovieCodec::proRes422HQ: return imaging::PlanarFormat::yuv422p10;
-    case MovieCodec::proRes4444: return imaging::PlanarFormat::yuva444p10;
+    case MovieCodec::proRes4444:
+    case MovieCodec::vp9Alpha: return imaging::PlanarFormat::yuva444p10;
     default: return imaging::PlanarFormat::yuv420p8;
     }
 }
+
+bool needsEvenHeight(MovieCodec codec) { return !isProRes(codec); }
 
 libav::CodecContext openMovieEncoder(const MovieSettings& settings) {
     refuseImpossible(settings);

@@ -1,5 +1,6 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 
+#include "TavixPlatform/Media/AlphaPlanes.h"
 #include "TavixPlatform/Media/MovieEncoder.h"
 #include "TavixPlatform/Media/MovieSlots.h"
 #include "TavixPlatform/Media/PacketSink.h"
@@ -47,10 +48,13 @@ public:
           file_(openMovieFile(settings, *encoder_)), packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
     }
 
-    AVPixelFormat pixels() const { return encoder_->pix_fmt; }
+    AVPixelFormat pixels() const {
+        return encoder_->pix_fmt == AV_PIX_FMT_YUVA420P ? AV_PIX_FMT_YUVA444P10 : encoder_->pix_fmt;
+    }
 
     // The planes may be written again as soon as the frame is gone.
     void encode(libav::Frame frame) {
+        if (encoder_->pix_fmt == AV_PIX_FMT_YUVA420P) frame = withHalvedChroma(*frame);
         if (encoder_->codec->capabilities & AV_CODEC_CAP_FRAME_THREADS) frame = copyOf(*frame);
         tag(*frame);
         decodingTimes_.add(frame->pts);

@@ -24,7 +24,7 @@
 
 namespace tavix::media {
 
-enum class MovieCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1 };
+enum class MovieCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1, vp9Alpha };
 // A piece is no film that anybody plays: see MovieJoin.h.
 enum class MovieContainer { mp4, mov, webm, piece };
 enum class EncodingEffort { fast, balanced, best };   // at the same bit rate: quicker, or better pictures
@@ -42,8 +42,10 @@ struct MovieSettings {
     int frameDuration = 20;   // of a frame, in these units: 600 / 20 are 30 frames a second
 };
 
-// The planes that a codec reads, always ITU-R BT.709 in limited range. ProRes 4444 has straight alpha.
+// The planes that a codec reads, always ITU-R BT.709 in limited range. ProRes 4444 and VP9 with alpha have
+// straight alpha.
 imaging::PlanarFormat planarFormatOf(MovieCodec codec);
+bool needsEvenHeight(MovieCodec codec);   // all need an even width
 
 // Used by one thread at a time. Every member may throw MediaError; a fault of the encoder thread is thrown by
 // the next call of acquire, submit or finish.

@@ -11,6 +11,7 @@ std::string_view displayName(VideoCodec codec) {
     case VideoCodec::proRes422HQ: return "ProRes 422 HQ";
     case VideoCodec::proRes4444: return "ProRes 4444";
     case VideoCodec::vp9: return "VP9";
+    case VideoCodec::vp9Alpha: return "VP9 with alpha";
     case VideoCodec::av1: break;
     }
     return "AV1";
@@ -45,7 +46,8 @@ const Names<ExportFormat>& namesOf(std::type_identity<ExportFormat>) {
 const Names<VideoCodec>& namesOf(std::type_identity<VideoCodec>) {
     static const Names<VideoCodec> table{"video codec",
         {{VideoCodec::h264, "h264"}, {VideoCodec::hevc, "hevc"}, {VideoCodec::proRes422HQ, "proRes422HQ"},
-            {VideoCodec::proRes4444, "proRes4444"}, {VideoCodec::vp9, "vp9"}, {VideoCodec::av1, "av1"}}};
+            {VideoCodec::proRes4444, "proRes4444"}, {VideoCodec::vp9, "vp9"}, {VideoCodec::av1, "av1"},
+            {VideoCodec::vp9Alpha, "vp9Alpha"}}};
     return table;
 }
 

@@ -11,7 +11,7 @@
 namespace tavix {
 
 enum class ExportFormat { video, gif, webp, png };   // `png`: pictures, one for each frame
-enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1 };
+enum class VideoCodec { h264, hevc, proRes422HQ, proRes4444, vp9, av1, vp9Alpha };
 enum class ExportContainer { mp4, mov, webm };
 enum class ResolutionPreset { native, p1080, k4 };
 

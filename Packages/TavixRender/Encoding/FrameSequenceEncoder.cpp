@@ -23,6 +23,7 @@ media::MovieCodec mediaCodec(VideoCodec codec) {
     case VideoCodec::proRes422HQ: return media::MovieCodec::proRes422HQ;
     case VideoCodec::proRes4444: return media::MovieCodec::proRes4444;
     case VideoCodec::vp9: return media::MovieCodec::vp9;
+    case VideoCodec::vp9Alpha: return media::MovieCodec::vp9Alpha;
     case VideoCodec::av1: break;
     }
     return media::MovieCodec::av1;
@@ -33,8 +34,8 @@ int roundedUpToEven(int side) { return side + side % 2; }
 // Every codec wants an even width, and those that halve the colour's height an even height.
 imaging::Size codedSizeFor(imaging::Size size, VideoCodec codec) {
     FrameOutput::requireDrawableSize(size);
-    const bool halvesHeight = media::planarFormatOf(mediaCodec(codec)) == imaging::PlanarFormat::yuv420p8;
-    return {roundedUpToEven(size.width), halvesHeight ? roundedUpToEven(size.height) : size.height};
+    return {roundedUpToEven(size.width),
+        media::needsEvenHeight(mediaCodec(codec)) ? roundedUpToEven(size.height) : size.height};
 }
 
 media::MovieContainer mediaContainer(const FrameSequenceEncoder::Settings& settings) {

@@ -1,6 +1,9 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 
+#include "TavixPlatform/Media/MovieJoin.h"
 #include "TavixPlatform/Media/Tests/PaintedMovie.h"
+#include "TavixPlatform/Media/VideoFile.h"
+#include "TestClip.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +12,8 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include <algorithm>
+#include <cmath>
 #include <thread>
 
 namespace tavix::media::tests {
@@ -182,6 +187,64 @@ TEST(MovieWriter, RefusesWhatCannotBeWrittenInASentence) {
     writer.submit(writer.acquire(), 20);
     EXPECT_EQ(failureOf([&] { writer.submit(writer.acquire(), 20); }),
         "A movie's presentation times must rise, but 20 follows 20.");
+}
+
+// A disc that wanders, opaque in the middle and clear around it, in orange; what is clear is green, which
+// must not be seen at the rim.
+TEST(MovieWriter, KeepsAlphaInWebmOfOneFileAndOfPieces) {
+    constexpr int side = 96, count = 12;
+    const TemporaryFolder folder;
+    const auto distance = [](int x, int y, int frame) { return std::hypot(x - 30.0 - 2 * frame, y - 48.0); };
+    const auto alphaAt = [&](int x, int y, int frame) {
+        return std::clamp(1 - (distance(x, y, frame) - 20) / 8, 0.0, 1.0);
+    };
+    const auto write = [&](const std::filesystem::path& path, MovieContainer container, int first,
+                           int frames) {
+        MovieSettings settings = settingsFor(path, MovieCodec::vp9Alpha);
+        settings.container = container;
+        settings.sizePx = {side, side};
+        settings.bitsPerSec = 0;
+        MovieWriter writer(settings);
+        for (int i = 0; i < frames; ++i) {
+            MovieWriter::Slot& slot = writer.acquire();
+            forEachSample(slot.planes, [&](int plane, int x, int y, std::uint8_t* sample) {
+                const bool isSeen = alphaAt(x, y, first + i) > 0;
+                // Limited BT.709 in ten bits, of (1, 0.5, 0) and of (0, 1, 0).
+                const int orange[] = {562, 236, 846}, green[] = {691, 167, 105};
+                put(slot.planes.format, sample,
+                    plane == 3 ? int(std::lround(1023 * alphaAt(x, y, first + i)))
+                               : (isSeen ? orange : green)[plane]);
+            });
+            writer.submit(slot, i * settings.frameDuration);
+        }
+        writer.finish();
+        return path;
+    };
+    write(folder / "one.webm", MovieContainer::webm, 0, count);
+    joinPieces(
+        {{write(folder / "a", MovieContainer::piece, 0, 5), write(folder / "b", MovieContainer::piece, 5, 7)},
+            std::nullopt, folder / "joined.webm", MovieContainer::webm});
+    for (const char* name : {"one.webm", "joined.webm"}) {
+        SCOPED_TRACE(name);
+        const auto frames = VideoFile(folder / name).framesFrom(0, 10, Pace::onDemand);
+        int shown = 0;
+        for (auto frame = frames->next(); frame; frame = frames->next(), ++shown)
+            for (int y = 2; y < side; y += 5)
+                for (int x = 2; x < side; x += 5) {
+                    const Rgba pixel = pixelAt(frame->image(), x, y);
+                    const double alpha = 255 * alphaAt(x, y, shown);
+                    ASSERT_NEAR(pixel.a, alpha, 24) << x << ", " << y << " of " << shown;
+                    // Premultiplied, so what is clear has no colour.
+                    ASSERT_NEAR(pixel.r, alpha, 32) << x << ", " << y << " of " << shown;
+                    ASSERT_NEAR(pixel.g, alpha / 2, 32) << x << ", " << y << " of " << shown;
+                    ASSERT_NEAR(pixel.b, 0, 32);
+                }
+        EXPECT_EQ(shown, count);
+    }
+    MovieSettings odd = settingsFor(folder / "odd.webm", MovieCodec::vp9Alpha);
+    odd.sizePx = {16, 15};
+    EXPECT_EQ(failureOf([&] { MovieWriter writer(odd); }),
+        "Cannot encode 16 by 15 pixels as VP9 with alpha: width and height must be even.");
 }
 
 TEST(MovieWriter, KeepsUnevenTimesExactly) {
