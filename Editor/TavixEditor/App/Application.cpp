@@ -44,12 +44,18 @@ Application::Place& Application::emptyPlace() {
     return made;
 }
 
-// Keys that are changed in one window hold in all, and there is one gallery for all of them.
+// Keys that are changed in one window hold in all, there is one gallery for all of them, and all quit
+// together.
 void Application::share(Place& of) {
     of.window.shortcuts().onChange = [this, &of] {
         for (const auto& other : places_)
             if (other.get() != &of) other->window.shortcuts().takeFrom(of.window.shortcuts());
     };
+    of.window.onQuit = [this] {
+        isQuitting_ = true;
+        closeNext();
+    };
+    of.window.onStayed = [this] { isQuitting_ = false; };
     of.window.onGallery = [this, &of] {
         if (!gallery_) gallery_ = std::make_unique<GalleryWindow>();
         gallery_->present(of.studio.model);
@@ -82,9 +88,21 @@ void Application::open(const QStringList& bundles) {
     front.window.activateWindow();
 }
 
+// One after another, each with its question; who stays ends it.
+void Application::closeNext() {
+    const auto next = std::find_if(
+        places_.begin(), places_.end(), [](const auto& place) { return place->window.isVisible(); });
+    if (next == places_.end()) {
+        isQuitting_ = false;
+        return;
+    }
+    (*next)->window.close();
+}
+
 // An export goes on without its window; the program stays until it has ended.
 void Application::leave(Place& left) {
     if (gallery_) gallery_->leave(left.studio.model);
+    if (isQuitting_) QTimer::singleShot(0, QCoreApplication::instance(), [this] { closeNext(); });
     const auto forget = [this, &left] {
         QTimer::singleShot(0, QCoreApplication::instance(), [this, &left] {
             std::erase_if(places_, [&](const auto& one) { return one.get() == &left; });

@@ -28,11 +28,13 @@ private:
     Place& emptyPlace();
     void leave(Place& place);
     void share(Place& place);
+    void closeNext();
     static void refreshEngines(Studio& studio);
 
     system::StandardFolders folders_;
     ThemeChoice themes_;
     std::vector<std::unique_ptr<Place>> places_;
+    bool isQuitting_ = false;
     std::unique_ptr<GalleryWindow> gallery_;   // once it was asked for
 };
 

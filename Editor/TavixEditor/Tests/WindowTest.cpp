@@ -47,9 +47,10 @@ TEST_F(EditorWindow, TellsWhatIsNoCompositionAndLeavesTheOpenOneAlone) {
 TEST_F(EditorWindow, AClosedWindowAsksForWhatIsNotSavedAndCancelKeepsIt) {
     open(makeBundle("square"));
     edit();
-    bool isClosed = false;
+    bool isClosed = false, hasStayed = false;
     window->onClosed = [&] { isClosed = true; };
-    window->close();
+    window->onStayed = [&] { hasStayed = true; };
+    window->actions().quit->trigger();
     QWidget* question = dialog("unsavedChanges");
     ASSERT_TRUE(question);
     bool isTold = false;
@@ -60,6 +61,7 @@ TEST_F(EditorWindow, AClosedWindowAsksForWhatIsNotSavedAndCancelKeepsIt) {
     click(question, QStringLiteral("Cancel"));
     QTest::qWait(50);
     EXPECT_FALSE(isClosed);
+    EXPECT_TRUE(hasStayed) << "so that no other window goes";
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(layer().opacity, 0.5);
 }

@@ -166,7 +166,7 @@ void MainWindow::connectFileActions() {
     on(actions_.saveAs, [this] { saveAs(); });
     on(actions_.exportFilm, [this] { (new ExportSheet(studio_, this))->open(); });
     on(actions_.close, [this] { studio_.model.state.isLoaded() ? closeDocument() : void(close()); });
-    on(actions_.quit, [this] { close(); });
+    on(actions_.quit, [this] { onQuit ? onQuit() : void(close()); });
     on(actions_.copyFrame, [this] { copyFrame(studio_); });
 }
 
@@ -297,7 +297,7 @@ void MainWindow::setUpAgents(AgentSheet::Begin begin) {
         QObject::connect(sheet, &QDialog::finished, welcome_, [this] { welcome_->readSetup(); });
         sheet->open();
     } catch (const Failure& failure) {
-        tell("noAgents", tr("Set up Agents"), words(failure.message()));
+        studio_.model.state.errorMessage = failure.message();
     }
 }
 
@@ -376,9 +376,14 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!mayClose_) {
         event->ignore();
-        unsaved_.resolve([this] {
+        const auto goOn = [this] {
             mayClose_ = true;
             close();
+        };
+        unsaved_.resolve(goOn, [this] {
+            raise();
+            activateWindow();
+            if (onStayed) onStayed();
         });
         return;
     }

@@ -36,6 +36,8 @@ public:
     const Actions& actions() const { return actions_; }
     Shortcuts& shortcuts() { return shortcuts_; }
     std::function<void()> onClosed;    // it was closed, and not by a document's end
+    std::function<void()> onStayed;    // it was to be closed, and its user thought better of it
+    std::function<void()> onQuit;      // all windows are to go; without it, this one goes
     std::function<void()> onGallery;   // all windows have one gallery, which is to come to the front
 
 protected:

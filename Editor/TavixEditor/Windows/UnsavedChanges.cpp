@@ -11,8 +11,9 @@
 
 namespace tavix::editor {
 
-void UnsavedChanges::resolve(std::function<void()> goOn) {
-    if (isAsking_) return;
+void UnsavedChanges::resolve(std::function<void()> goOn, std::function<void()> stay) {
+    if (!stay) stay = [] {};
+    if (isAsking_) return stay();
     if (!model_.state.isLoaded() || !model_.state.hasUnsavedChanges()) return goOn();
     isAsking_ = true;
     const auto& bundle = model_.state.bundle();
@@ -29,14 +30,13 @@ void UnsavedChanges::resolve(std::function<void()> goOn) {
     lose->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     question->setDefaultButton(save);
     question->setEscapeButton(cancel);
-    QObject::connect(question, &QMessageBox::finished, window_, [=, this, goOn = std::move(goOn)] {
-        isAsking_ = false;
-        if (question->clickedButton() == lose) return goOn();
-        if (question->clickedButton() != save) return;
-        model_.save([this, goOn] {
-            if (!model_.state.hasUnsavedChanges()) goOn();
+    QObject::connect(
+        question, &QMessageBox::finished, window_, [=, this, goOn = std::move(goOn), stay = std::move(stay)] {
+            isAsking_ = false;
+            if (question->clickedButton() == lose) return goOn();
+            if (question->clickedButton() != save) return stay();
+            model_.save([this, goOn, stay] { model_.state.hasUnsavedChanges() ? stay() : goOn(); });
         });
-    });
     question->open();
 }
 

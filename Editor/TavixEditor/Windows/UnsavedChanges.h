@@ -19,8 +19,8 @@ public:
     UnsavedChanges(CompositionEditorModel& model, QWidget* window) : model_(model), window_(window) {}
 
     // Goes on where there is nothing to lose, when it was saved, or was meant to be lost. A save that fails,
-    // or a second thought, ends it there; a question that is open already is not asked twice.
-    void resolve(std::function<void()> goOn);
+    // or a second thought, ends it there, and so does a question that is open already: then `stay` is called.
+    void resolve(std::function<void()> goOn, std::function<void()> stay = {});
 
 private:
     CompositionEditorModel& model_;
