@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <random>
@@ -38,7 +39,7 @@ struct Scripted {
     std::unique_ptr<VideoFrames> film(const std::shared_ptr<DecoderRoom>& room, int count,
         std::size_t decoderBytes, std::size_t frameBytes) {
         const auto opened = [this, count, decoderBytes, frameBytes](double startSec) {
-            auto frames = std::make_unique<Numbered>(int(startSec * 10 + 0.5), count, open);
+            auto frames = std::make_unique<Numbered>(int(std::lround(startSec * 10)), count, open);
             mostOpen = std::max(mostOpen, open);
             return FramesInTurn::Opened{std::move(frames), decoderBytes, frameBytes};
         };
