@@ -3,6 +3,7 @@
 // people make them; beside them the copy and the comparison of such a document.
 #include "TavixCore/Support/Document.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
+#include "TavixLive/Tests/EmptyMaker.h"
 #include "TavixPlatform/System/ManualTime.h"
 
 #include <benchmark/benchmark.h>
@@ -40,31 +41,6 @@ private:
     system::ManualExecutor inner_;
 };
 
-class NoPictures final : public PreviewMaker {
-public:
-    struct Nothing final : FrameSource {
-        explicit Nothing(double sec) : lengthSec(sec) {}
-        Drawn draw(double, FrameQuality) override {
-            return {std::make_shared<imaging::Bitmap>(imaging::Size{1, 1})};
-        }
-        bool isStored(double) const override { return false; }
-        bool hasRoom() const override { return false; }
-        double totalSec() const override { return lengthSec; }
-        bool hasDevicesInSpace() const override { return false; }
-        double lengthSec;
-    };
-    FrameSourceRef source(const CompositionSpec& spec, const AssetRoot&, imaging::Size) override {
-        return std::make_shared<Nothing>(double(spec.scenes.size()));
-    }
-    void liveApply(const Composition3DRendererPool::Key&, const DeviceScene3D&,
-        const std::optional<DevicePlacementSpec>&) override {}
-    void setLiveMode(bool) override {}
-    void forgetDevices() override {}
-    std::optional<media::AudioTimeline> sound(const CompositionSpec&, const AssetRoot&) const override {
-        return std::nullopt;
-    }
-};
-
 // Scenes of twenty texts that move, as many as make up that many megabytes.
 CompositionSpec longDocument(double megabytes) {
     CompositionScene scene;
@@ -99,7 +75,7 @@ void hold(benchmark::State& state) {
     HeldExecutor main(time);
     system::ManualExecutor render(time), workers(time);
     CompositionEditorModel model(
-        {.executors = {main, render, workers}, .maker = std::make_shared<NoPictures>()});
+        {.executors = {main, render, workers}, .maker = std::make_shared<testing::EmptyMaker>()});
     model.loadInMemory(longDocument(double(state.range(0))), "/nowhere");
     time.advance(1);
     const std::size_t last = model.state.edited().spec.scenes.size() - 1;

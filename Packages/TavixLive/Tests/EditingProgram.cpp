@@ -4,6 +4,7 @@
 //
 // "edit N", "kept N" (what is unsaved would outlive it) and "saved N", each line written before anything else
 // happens; N counts through all sessions.
+#include "EmptyMaker.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 #include "TavixPlatform/System/EventLoop.h"
 #include "TavixPlatform/System/WorkerThread.h"
@@ -16,31 +17,6 @@
 
 namespace tavix {
 namespace {
-
-class EmptySource final : public FrameSource {
-public:
-    Drawn draw(double, FrameQuality) override {
-        return {std::make_shared<imaging::Bitmap>(imaging::Size{1, 1})};
-    }
-    bool isStored(double) const override { return false; }
-    bool hasRoom() const override { return false; }
-    double totalSec() const override { return 1; }
-    bool hasDevicesInSpace() const override { return false; }
-};
-
-class EmptyMaker final : public PreviewMaker {
-public:
-    FrameSourceRef source(const CompositionSpec&, const AssetRoot&, imaging::Size) override {
-        return std::make_shared<EmptySource>();
-    }
-    void liveApply(const Composition3DRendererPool::Key&, const DeviceScene3D&,
-        const std::optional<DevicePlacementSpec>&) override {}
-    void setLiveMode(bool) override {}
-    void forgetDevices() override {}
-    std::optional<media::AudioTimeline> sound(const CompositionSpec&, const AssetRoot&) const override {
-        return std::nullopt;
-    }
-};
 
 void say(const char* what, std::int64_t number) {
     const std::string line = std::string(what).append(" ").append(std::to_string(number)).append("\n");
@@ -67,7 +43,8 @@ public:
 
 private:
     CompositionEditorModel::Services services(const std::filesystem::path& stateFolder, double delaySec) {
-        CompositionEditorModel::Services services{{main_, render_, workers_}, std::make_shared<EmptyMaker>()};
+        CompositionEditorModel::Services services{
+            {main_, render_, workers_}, std::make_shared<testing::EmptyMaker>()};
         services.files = &files_;
         services.stateFolder = stateFolder;
         services.backups = &backups_;

@@ -1,11 +1,10 @@
 // The named edits by tables: what each makes of which document, and what it leaves alone.
+#include "EditStates.h"
 #include "TavixLive/Operations/AudioOperations.h"
-#include "TavixLive/Operations/DeviceOperations.h"
 #include "TavixLive/Operations/LayerOperations.h"
 #include "TavixLive/Operations/SceneOperations.h"
 #include "TavixLive/Operations/TrackOperations.h"
 
-#include "TavixCore/Choreography/DeviceMotionExpander.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
 
@@ -18,22 +17,10 @@ namespace tavix {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::first;
 using ::testing::IsEmpty;
-
-// A scene of four seconds with that many layers, named by their places.
-EditState stateOf(int layers) {
-    EditState state;
-    CompositionScene scene;
-    scene.durationSec = 4;
-    for (int i = 0; i < layers; ++i) {
-        scene.layers.emplace_back();
-        scene.layers.back().id = std::to_string(i);
-    }
-    state.spec.scenes = {scene};
-    return state;
-}
-
-CompositionLayer& first(EditState& state) { return state.spec.scenes[0].layers[0]; }
+using testing::keyframe;
+using testing::stateWithLayers;
 
 std::string order(const EditState& state) {
     std::string ids;
@@ -41,15 +28,8 @@ std::string order(const EditState& state) {
     return ids;
 }
 
-CompositionKeyframe keyframe(double t, double value) {
-    CompositionKeyframe made;
-    made.t = t;
-    made.value = value;
-    return made;
-}
-
 TEST(SceneTables, GiveASceneItsOwnBackground) {
-    EditState state = stateOf(1);
+    EditState state = stateWithLayers(1);
     state.spec.background = RGBAColor{0, 0, 1, 1};
     SceneOperations::setSceneBackgroundOverride(state, 0, true);
     EXPECT_EQ(state.spec.scenes[0].background, state.spec.background);
@@ -62,7 +42,7 @@ TEST(SceneTables, GiveASceneItsOwnBackground) {
 }
 
 TEST(SceneTables, MakeScenesFromNothingAndFromAnother) {
-    EditState state = stateOf(2);
+    EditState state = stateWithLayers(2);
     state.spec.scenes[0].id = "one";
     state.spec.scenes[0].transition.emplace();
     state.selection = {0, 1, {{0, 0}}};
@@ -85,7 +65,7 @@ TEST(SceneTables, LeaveTimesAloneWhereThereIsNoLengthToScaleBy) {
     } cases[] = {{4, 2, 2, 0.5}, {4, 0, 0.1, 0.025}, {4, 4.0000000005, 4.0000000005, 1}, {0, 2, 2, 1},
         {0.0000005, 3, 3, 1}, {-1, 3, 3, 1}};
     for (const auto& c : cases) {
-        EditState state = stateOf(1);
+        EditState state = stateWithLayers(1);
         state.spec.scenes[0].durationSec = c.before;
         first(state).fromSec = 1;
         SceneOperations::setSceneDurationRescaling(state, 0, c.to);
@@ -102,7 +82,7 @@ TEST(LayerTables, ReorderWithinTheList) {
     } cases[] = {{0, 2, "120", 2}, {2, 0, "201", 0}, {0, 99, "120", 2}, {2, 99, "012", {}}, {1, 1, "012", {}},
         {5, 0, "012", {}}};
     for (const auto& c : cases) {
-        EditState state = stateOf(3);
+        EditState state = stateWithLayers(3);
         LayerOperations::reorderLayer(state, 0, c.from, c.to);
         EXPECT_EQ(order(state), c.order) << c.from << " to " << c.to;
         EXPECT_EQ(state.selection.layer, c.selected);
@@ -117,7 +97,7 @@ TEST(LayerTables, KeepAllThatIsSelectedOnItsLayers) {
     } cases[] = {
         {0, {0, 0, {{0, 1}, {0, 2}}}}, {1, {0, {}, {}}}, {2, {0, 1, {{0, 2}}}}, {3, {0, 1, {{0, 2}}}}};
     for (const auto& c : cases) {
-        EditState state = stateOf(4);
+        EditState state = stateWithLayers(4);
         state.selection = {0, 1, {{0, 2}, {0, 3}}};
         LayerOperations::deleteLayer(state, 0, c.gone);
         EXPECT_EQ(state.selection, c.left) << c.gone;
@@ -125,7 +105,7 @@ TEST(LayerTables, KeepAllThatIsSelectedOnItsLayers) {
         clampSelection(clamped);
         EXPECT_EQ(clamped, state);
     }
-    EditState state = stateOf(3);
+    EditState state = stateWithLayers(3);
     SceneOperations::addScene(state);
     state.selection = {0, 1, {{0, 2}}};
     SceneOperations::removeScene(state, 1);
@@ -133,7 +113,7 @@ TEST(LayerTables, KeepAllThatIsSelectedOnItsLayers) {
 }
 
 TEST(LayerTables, AddLayersOfEveryKindAsMenusTellThem) {
-    EditState state = stateOf(0);
+    EditState state = stateWithLayers(0);
     state.spec.output = {1080, 1920, 30};
     std::vector<std::string> labels, symbols;
     for (const ContentKindRow& row : contentKinds) {
@@ -169,7 +149,7 @@ TEST(LayerTables, AddLayersOfEveryKindAsMenusTellThem) {
 }
 
 TEST(LayerTables, LeaveALayerOfThatKindAsItIs) {
-    EditState state = stateOf(1);
+    EditState state = stateWithLayers(1);
     TextContent text;
     text.text = "Mine";
     first(state).content = text;
@@ -183,7 +163,7 @@ TEST(LayerTables, LeaveALayerOfThatKindAsItIs) {
 
 TEST(LayerTables, EditPhasesAndEffectsByTheirPlace) {
     using namespace LayerOperations;
-    EditState state = stateOf(1);
+    EditState state = stateWithLayers(1);
     EXPECT_EQ(enterPhase(state.spec, 0, 0), KineticPhase::identity);
     EXPECT_EQ(exitPhase(state.spec, 9, 0), KineticPhase::identity);
     setEnterPhase(state, 0, 0, KineticPhase{.durationSec = 0.7});
@@ -211,7 +191,7 @@ TEST(TrackTables, HaveARangeForEveryProperty) {
     for (const AnimProperty property : allCases<AnimProperty>()) {
         ASSERT_TRUE(told.contains(property));
         EXPECT_EQ(TrackOperations::trackValueRange(property), told.at(property));
-        EditState state = stateOf(1);
+        EditState state = stateWithLayers(1);
         first(state).fromSec = 1;
         TrackOperations::addTrack(state, 0, 0, property);
         TrackOperations::addTrack(state, 0, 0, property);   // there is one
@@ -239,7 +219,7 @@ TEST(TrackTables, PutKeyframesBesideThoseThatAreThere) {
     } cases[] = {{{0, 4}, 2, {0, 2, 4}}, {{0, 4}, 9, {0, 3.98, 4}}, {{0, 4}, -9, {0, 0.02, 4}},
         {{1}, 1.01, {1, 1.03}}, {{}, 2, {2}}, {{0.5, 0.52, 0.54}, 0.52, {0.5, 0.52, 0.54, 0.56}}};
     for (const auto& c : cases) {
-        EditState state = stateOf(1);
+        EditState state = stateWithLayers(1);
         auto& track = first(state).tracks.emplace_back(PropertyTrack{AnimProperty::opacity, {}});
         for (const double t : c.there) track.keyframes.push_back(keyframe(t, t / 4));
         TrackOperations::addKeyframe(state, {0, 0, 0}, c.atSec);
@@ -247,7 +227,7 @@ TEST(TrackTables, PutKeyframesBesideThoseThatAreThere) {
         for (std::size_t i = 0; i < c.then.size(); ++i) EXPECT_NEAR(track.keyframes[i].t, c.then[i], 1e-9);
     }
     // A layer too short for another one.
-    EditState state = stateOf(1);
+    EditState state = stateWithLayers(1);
     first(state).durationSec = 0.03;
     first(state).tracks = {{AnimProperty::opacity, {keyframe(0, 0), keyframe(0.015, 1), keyframe(0.03, 0)}}};
     const EditState before = state;
@@ -263,7 +243,7 @@ TEST(TrackTables, MoveAKeyframeBetweenItsNeighbours) {
     } cases[] = {{{0, 1, 2}, 1, 0.5, 0.5}, {{0, 1, 2}, 1, 3, 1.999}, {{0, 1, 2}, 1, -3, 0.001},
         {{0, 1, 2}, 0, 9, 0.999}, {{0, 1, 2}, 2, 9, 4}, {{1, 1.0005, 1.001}, 1, 1.0005, 1.001}};
     for (const auto& c : cases) {
-        EditState state = stateOf(1);
+        EditState state = stateWithLayers(1);
         auto& track = first(state).tracks.emplace_back(PropertyTrack{AnimProperty::opacity, {}});
         for (const double t : c.there) track.keyframes.push_back(keyframe(t, 0));
         TrackOperations::setKeyframeTime(state, {0, 0, 0}, c.which, c.to);
@@ -279,7 +259,7 @@ TEST(TrackTables, MoveAKeyframeBetweenItsNeighbours) {
 TEST(TrackTables, LeaveItsPlaceToADevicesPlacement) {
     for (const bool isDevice : {false, true})
         for (const bool isPlaced : {false, true}) {
-            EditState state = stateOf(1);
+            EditState state = stateWithLayers(1);
             DeviceContent device;
             if (isPlaced) device.placement.emplace();
             if (isDevice) first(state).content = device;
@@ -293,7 +273,7 @@ TEST(TrackTables, LeaveItsPlaceToADevicesPlacement) {
 }
 
 TEST(AudioTables, BeginWithABedThatFadesOut) {
-    EditState state = stateOf(0);
+    EditState state = stateWithLayers(0);
     AudioOperations::setMusicEnabled(state, true);
     MusicBed bed;
     bed.path = "";
@@ -321,158 +301,6 @@ TEST(AudioTables, BeginWithABedThatFadesOut) {
     EXPECT_EQ(state.spec.audio->cues, std::vector{cue});
     AudioOperations::removeSoundCue(state, 0);
     EXPECT_TRUE(state.spec.audio) << "the music is left";
-}
-
-EditState withDevice() {
-    EditState state = stateOf(1);
-    DeviceContent device;
-    device.scene3D.emplace();
-    first(state).content = device;
-    return state;
-}
-DeviceContent& deviceOf(EditState& state) { return *state.content<DeviceContent>(0, 0); }
-
-TEST(DeviceTables, KnowMotionThatSomebodyMade) {
-    using Make = void (*)(EditState&);
-    const std::pair<Make, bool> cases[] = {{[](EditState&) {}, false},
-        {[](EditState& s) { deviceOf(s).placement.emplace(); }, true},
-        {[](EditState& s) {
-             deviceOf(s).scene3D->poseTrack = {{0, {}}};
-         },
-            true},
-        {[](EditState& s) {
-             deviceOf(s).scene3D->depthTrack = {{0, 1}};
-         },
-            true},
-        {[](EditState& s) { deviceOf(s).scene3D.reset(); }, false},
-        {[](EditState& s) { first(s).tracks.emplace_back(); }, true},
-        {[](EditState& s) { first(s).enter.emplace(); }, true},
-        {[](EditState& s) { first(s).exit.emplace(); }, false},
-        {[](EditState& s) { first(s).content = TextContent{}, first(s).enter.emplace(); }, false}};
-    for (const auto& [make, has] : cases) {
-        EditState state = withDevice();
-        make(state);
-        EXPECT_EQ(DeviceOperations::deviceHasAuthoredMotion(state.spec, 0, 0), has)
-            << &make - &cases[0].first;
-    }
-    EXPECT_FALSE(DeviceOperations::deviceHasAuthoredMotion({}, 0, 0));
-}
-
-// A named motion takes the place of what was there, whatever that was.
-TEST(DeviceTables, ReplaceEarlierMotionByANamedOne) {
-    for (const char* name : {"rise-up", "tiltShowcase"}) {
-        DeviceMotionRef ref;
-        ref.preset = *DeviceMotionPreset::fromRawValue(name);
-        EditState bare = withDevice(), moved = withDevice();
-        deviceOf(moved).placement = DevicePlacementSpec{{{1, {0.4, 0.4}, 2}}};
-        deviceOf(moved).scene3D->poseTrack = {{3, {9, 9, 9}}};
-        first(moved).tracks = {{AnimProperty::opacity, {keyframe(0, 0)}}};
-        first(moved).enter.emplace();
-        moved.spec.scenes[0].durationSec = bare.spec.scenes[0].durationSec = 0.5;
-        DeviceOperations::applyDeviceMotionPreset(bare, 0, 0, ref);
-        DeviceOperations::applyDeviceMotionPreset(moved, 0, 0, ref);
-        EXPECT_EQ(moved, bare) << name;
-        EXPECT_TRUE(DeviceOperations::deviceHasAuthoredMotion(bare.spec, 0, 0));
-        EXPECT_GT(bare.spec.scenes[0].durationSec, 0.9) << "there is time for it";
-    }
-}
-
-TEST(DeviceTables, CountKeyframesNearEachOtherAsOne) {
-    const struct {
-        std::vector<double> tilts, places, row;
-    } cases[] = {{{}, {}, {}}, {{0, 1}, {1.01, 2}, {0, 1, 2}}, {{1, 1.015}, {1.03}, {1, 1.03}},
-        {{2}, {0}, {0, 2}}, {{0.5}, {0.525}, {0.5, 0.525}}};
-    for (const auto& c : cases) {
-        EditState state = withDevice();
-        DeviceContent& device = deviceOf(state);
-        for (const double t : c.tilts) device.scene3D->poseTrack.push_back({t, {}});
-        if (!c.places.empty()) device.placement.emplace();
-        for (const double t : c.places) device.placement->track.push_back({t, {}, 1});
-        EXPECT_EQ(DeviceKeyframes::unifiedKeyframeTimes(device), c.row);
-        DeviceKeyframes::unifyKeyframeTimes(device, state.spec.output);
-        if (c.row.empty()) continue;
-        for (const double t : c.row)
-            EXPECT_EQ(std::ranges::count_if(device.scene3D->depthTrack,
-                          [&](const auto& keyframe) { return keyframe.tSec == t; }),
-                1)
-                << "every track has one there";
-        EXPECT_EQ(device.scene3D->depthTrack.size(), c.row.size());
-    }
-}
-
-TEST(DeviceTables, ChangeAKeyframeThatIsNearAndAddOneThatIsNot) {
-    for (const auto& [atSec, count] :
-        {std::pair{1.0, 1u}, {1.019, 1u}, {0.981, 1u}, {1.021, 2u}, {0.5, 2u}}) {
-        EditState state = withDevice();
-        DeviceContent& device = deviceOf(state);
-        DeviceKeyframes::upsertUnifiedKeyframe(device, 1, {{1, 1, 1}, 0.2, {}, 1});
-        DeviceKeyframes::upsertUnifiedKeyframe(device, atSec, {{2, 2, 2}, 0.4, {0.3, 0}, -4});
-        EXPECT_EQ(device.scene3D->poseTrack.size(), count) << atSec;
-        EXPECT_EQ(device.scene3D->depthTrack.size(), count) << atSec;
-        EXPECT_EQ(device.placement->track.size(), count) << atSec;
-        const auto& changed = device.placement->track[atSec < 1 && count == 2 ? 0 : count - 1];
-        EXPECT_EQ(changed.offset.x, 0.3);
-        EXPECT_EQ(changed.scale, 0.05) << "never smaller";
-    }
-}
-
-TEST(DeviceTables, MoveAKeyframeBetweenItsNeighbours) {
-    const struct {
-        double from, to;
-        std::vector<double> row;
-    } cases[] = {{1, 1.5, {0, 1.5, 2}}, {1, 9, {0, 1.98, 2}}, {1, -9, {0, 0.02, 2}}, {0, -1, {0, 1, 2}},
-        {2, 9, {0, 1, 4}}, {1.029, 1.2, {0, 1.2, 2}}, {1.031, 1.2, {0, 1, 2}}};
-    for (const auto& c : cases) {
-        EditState state = withDevice();
-        DeviceContent& device = deviceOf(state);
-        for (const double sec : {0.0, 1.0, 2.0})
-            DeviceKeyframes::upsertUnifiedKeyframe(device, sec, {{sec, 0, 0}, 0.5, {}, 1});
-        DeviceKeyframes::moveUnifiedKeyframe(device, c.from, c.to, 4);
-        const auto row = DeviceKeyframes::unifiedKeyframeTimes(device);
-        ASSERT_EQ(row.size(), c.row.size());
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            EXPECT_NEAR(row[i], c.row[i], 1e-12) << c.from << " to " << c.to;
-            EXPECT_EQ(device.scene3D->poseTrack[i].tSec, row[i]);
-            EXPECT_EQ(device.scene3D->depthTrack[i].tSec, row[i]);
-            EXPECT_EQ(device.placement->track[i].tSec, row[i]);
-        }
-    }
-}
-
-// A layer that comes later has its keyframes on its own clock; the end of the scene is the end of both.
-TEST(DeviceTables, AppendAKeyframeAtTheNewEndOfTheScene) {
-    for (const double fromSec : {0.0, 1.5})
-        for (const auto& [extraSec, grownSec] : {std::pair{1.0, 1.0}, {0.0, 0.01}, {-3.0, 0.01}}) {
-            EditState state = withDevice();
-            first(state).fromSec = fromSec;
-            DeviceContent& device = deviceOf(state);
-            DeviceKeyframes::upsertUnifiedKeyframe(device, 0, {{1, 0, 0}, 0.5, {}, 1});
-            DeviceKeyframes::upsertUnifiedKeyframe(device, 1, {{7, 0, 0}, 0.5, {0.2, 0}, 2});
-            const auto end = DeviceOperations::appendKeyframe(state, 0, 0, extraSec);
-            EXPECT_EQ(end, 4 + grownSec);
-            EXPECT_EQ(state.spec.scenes[0].durationSec, 4 + grownSec);
-            EXPECT_NEAR(fromSec + device.placement->track.back().tSec, 4 + grownSec, 1e-12);
-            EXPECT_EQ(device.placement->track.back().offset.x, 0.2) << "as it stood before";
-            EXPECT_EQ(device.scene3D->poseTrack.back().tiltDegrees.x, 7);
-        }
-}
-
-TEST(DeviceTables, MoveFurtherTheFurtherADeviceIs) {
-    const struct {
-        double depth, overscan, perPoint;
-    } cases[] = {{0.5, 1, 1.0 / 500}, {0, 1, 1.5 / 500}, {1.4, 1, 0.2 / 500}, {9, 1, 0.2 / 500},
-        {0.5, 0.5, 2.0 / 500}, {0.5, 0.01, 20.0 / 500}};
-    for (const auto& c : cases) {
-        DeviceOperations::DeviceDragStart start;
-        start.state.depth = c.depth;
-        start.state.offset = {0.1, -0.1};
-        using enum DeviceOperations::DeviceMoveAxis;
-        for (const auto axis : {free, x, y}) {
-            const auto to = DeviceOperations::moved(start, 30, -20, {500, c.overscan}, axis);
-            EXPECT_NEAR(to.offset.x, 0.1 + (axis == y ? 0 : 30 * c.perPoint), 1e-12);
-            EXPECT_NEAR(to.offset.y, -0.1 + (axis == x ? 0 : -20 * c.perPoint), 1e-12);
-        }
-    }
 }
 
 }   // namespace

@@ -1,4 +1,5 @@
 // The named edits, one rule a case; and what holds for all of them.
+#include "EditStates.h"
 #include "TavixCore/Support/Document.h"
 #include "TavixLive/Operations/AudioOperations.h"
 #include "TavixLive/Operations/DeviceOperations.h"
@@ -16,19 +17,13 @@ namespace {
 
 using ::testing::DoubleNear;
 using ::testing::ElementsAre;
+using testing::keyframe;
 
 CompositionLayer layerAt(double fromSec, std::optional<double> durationSec = {}) {
     CompositionLayer layer;
     layer.fromSec = fromSec;
     layer.durationSec = durationSec;
     return layer;
-}
-
-CompositionKeyframe keyframe(double t, double value) {
-    CompositionKeyframe made;
-    made.t = t;
-    made.value = value;
-    return made;
 }
 
 // Scenes of that many layers each, all of 4 seconds.
