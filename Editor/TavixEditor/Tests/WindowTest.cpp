@@ -211,6 +211,19 @@ TEST_F(EditorWindow, ATextThatIsAddedStandsInTheSceneThatIsShownAndCanBeSeen) {
     EXPECT_TRUE(until([&] { return state().currentTime() >= secondSec + 0.5; })) << "it fades up until then";
 }
 
+TEST_F(EditorWindow, ALayerForADocumentWithoutScenesChangesNothing) {
+    studio->model.loadInMemory(CompositionSpec(), "/nowhere");
+    ASSERT_TRUE(until([&] { return state().isLoaded(); }));
+    ASSERT_TRUE(state().edited().spec.scenes.empty());
+    const Actions& actions = window->actions();
+    for (QAction* add : {actions.addText, actions.addDevice, actions.addImage, actions.addVideo,
+             actions.addShape, actions.addFill}) {
+        add->setEnabled(true);
+        add->trigger();
+    }
+    EXPECT_FALSE(state().hasUnsavedChanges());
+}
+
 TEST_F(EditorWindow, TheEditMenuCopiesPastesDuplicatesAndRemovesAllThatIsSelected) {
     open(makeBundle("square"));
     const Actions& actions = window->actions();
