@@ -77,7 +77,7 @@ PiecedFilm filmOf(const Config& config) {
     film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, std::size_t) {
         return std::make_unique<Painter>(*kept, evaluator, log);
     };
-    film.keys = [kept] { return std::make_unique<ReelPieceKeys>(*kept); };
+    film.keys = [kept](const FilmFile& encoding) { return std::make_unique<ReelPieceKeys>(*kept, encoding); };
     film.evaluation = config.evaluation;
     film.pieceStore = config.pieceStore;
     film.memoryBytes = config.memoryBytes;

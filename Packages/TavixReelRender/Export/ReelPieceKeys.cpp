@@ -45,7 +45,7 @@ void addSegment(Hash& hash, const ReelTimeline::ReelSegment& segment) {
 
 }   // namespace
 
-ReelPieceKeys::ReelPieceKeys(const ReelExport::Config& config)
+ReelPieceKeys::ReelPieceKeys(const ReelExport::Config& config, const FilmFile& encoding)
     : config_(config), segments_(reelSegments(config.spec, config.footage)), camera_(config.spec),
       isPlaced_(config.spec.devicePlacement() || config.spec.deviceScene) {
     const EffectsSpec& spec = config.spec;
@@ -53,7 +53,7 @@ ReelPieceKeys::ReelPieceKeys(const ReelExport::Config& config)
     const ReelFootage& footage = config.footage;
     Hash common;
     common.add(formOfKeys).add(programIdentity());
-    KeyParts::addEncoding(common, config.file);
+    KeyParts::addEncoding(common, encoding);
     common.add(double(config.fps)).add(footage.durationSec);
     common.add(std::uint64_t(footage.size.width)).add(std::uint64_t(footage.size.height));
     files_.emplace_back(footage.video, FileIdentity::of(footage.video));

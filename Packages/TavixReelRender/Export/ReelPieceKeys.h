@@ -15,7 +15,7 @@ namespace tavix {
 class ReelPieceKeys final : public PiecedFilm::Keys {
 public:
     // Reads the recording and the files that the document names. The config must outlive this.
-    explicit ReelPieceKeys(const ReelExport::Config& config);
+    ReelPieceKeys(const ReelExport::Config& config, const FilmFile& encoding);
 
     std::optional<Digest> of(const FilmPiece& piece) const override;
     bool holds(const FilmPiece& piece) const override;

@@ -37,7 +37,8 @@ private:
 // With the document that they speak of.
 class Keys final : public PiecedFilm::Keys {
 public:
-    explicit Keys(std::shared_ptr<const Config> config) : config_(std::move(config)), keys_(*config_) {}
+    Keys(std::shared_ptr<const Config> config, const FilmFile& encoding)
+        : config_(std::move(config)), keys_(*config_, encoding) {}
 
     std::optional<Digest> of(const FilmPiece& piece) const override { return keys_.of(piece); }
     bool holds(const FilmPiece& piece) const override { return keys_.holds(piece); }
@@ -69,7 +70,7 @@ PiecedFilm filmOf(const Config& config) {
     film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes) {
         return std::make_unique<Painter>(kept, evaluator, log, decoderBytes);
     };
-    film.keys = [kept] { return std::make_unique<Keys>(kept); };
+    film.keys = [kept](const FilmFile& encoding) { return std::make_unique<Keys>(kept, encoding); };
     film.evaluation = config.evaluation;
     film.pieceStore = config.pieceStore;
     film.memoryBytes = config.memoryBytes;

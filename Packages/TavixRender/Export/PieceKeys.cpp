@@ -27,12 +27,12 @@ Digest rest(const CompositionSpec& spec) {
 
 }   // namespace
 
-PieceKeys::PieceKeys(const CompositionRenderer::Config& config)
+PieceKeys::PieceKeys(const CompositionRenderer::Config& config, const FilmFile& encoding)
     : spec_(config.spec), assetRoot_(config.assetRoot), timeline_(spec_) {
     if (!assetRoot_ && spec_.assetRoot) assetRoot_ = *spec_.assetRoot;
     Hash document;
     document.add(formOfKeys).add(rest(spec_));
-    KeyParts::addEncoding(document, CompositionRenderer::fileOf(config));
+    KeyParts::addEncoding(document, encoding);
     document_ = document.digest();
     common_ = Hash().add(document_).add(programIdentity()).digest();
     for (std::size_t i = 0; i < spec_.scenes.size(); ++i) scenes_.push_back(sceneKey(i));

@@ -18,7 +18,10 @@ namespace tavix {
 class PieceKeys {
 public:
     // The config's document has its beats, marks and presets resolved. Reads the files that it names.
-    explicit PieceKeys(const CompositionRenderer::Config& config);
+    explicit PieceKeys(const CompositionRenderer::Config& config)
+        : PieceKeys(config, CompositionRenderer::fileOf(config)) {}
+    // Of pieces that are encoded otherwise than the config says.
+    PieceKeys(const CompositionRenderer::Config& config, const FilmFile& encoding);
 
     // Nothing for what cannot be told, as of a file that cannot be read.
     std::optional<Digest> of(const FilmPiece& piece) const { return keyed(common_, piece); }

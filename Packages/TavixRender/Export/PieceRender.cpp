@@ -224,7 +224,7 @@ Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     std::unique_ptr<PiecedFilm::Keys> keys;
     if (film.pieceStore) {
         store.emplace(*film.pieceStore);
-        keys = film.keys();
+        keys = film.keys(film.file);
     }
     Counter counter(film, log, onProgress);
     counter.begin();

@@ -56,7 +56,8 @@ struct PiecedFilm {
     std::function<std::unique_ptr<Painter>(
         imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes)>
         painter;
-    std::function<std::unique_ptr<Keys>()> keys;   // reads the files that the film is made from
+    // Of pieces that are encoded so. Reads the files that the film is made from.
+    std::function<std::unique_ptr<Keys>(const FilmFile& encoding)> keys;
 
     imaging::EvaluatorOptions evaluation = {};
     // Where finished pieces are kept for the next render; absent: nowhere.

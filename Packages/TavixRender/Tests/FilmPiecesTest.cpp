@@ -8,6 +8,7 @@
 #include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/PieceKeys.h"
 #include "TavixRender/Export/PieceStore.h"
+#include "TavixRender/Export/RateFit.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -211,6 +212,24 @@ TEST_F(Pieces, AreMissedWhenAFileHasAnotherContent) {
     asked.output = folder.path() / "c.mp4";
     EXPECT_EQ(render(asked).reused, before.pieces - 1);
     EXPECT_EQ(bytesOf(asked.output), cold(asked));
+}
+
+// The store has pieces of the document at every rate that it was made at, and none is taken for another.
+TEST_F(Pieces, OfAFilmUnderASizeAreNotTakenForOthers) {
+    CompositionSpec spec = specOf({320, 240}, 10, {sceneOf(1, {word("One")}), sceneOf(1, {word("Two")})});
+    for (CompositionScene& scene : spec.scenes)
+        scene.layers[0].tracks.push_back({AnimProperty::rotationDeg, {keyframe(0, 0), keyframe(1, 200)}});
+    const auto asked = config(spec, "a.mp4");
+    const std::string usual = cold(asked);
+    for (const char* order : {"the small one first", "the usual one first"}) {
+        SCOPED_TRACE(order);
+        PiecedFilm film = CompositionExport::filmOf(asked);
+        const auto mostBytes = std::int64_t(double(usual.size()) * 0.6);
+        RateFit::write(film, mostBytes, {}, {});
+        EXPECT_LE(std::int64_t(bytesOf(asked.output).size()), mostBytes);
+        render(asked);
+        EXPECT_EQ(bytesOf(asked.output), usual);
+    }
 }
 
 // Somebody who renders again must be told again.
