@@ -25,6 +25,13 @@ template <NamedEnum E> std::vector<std::pair<std::string_view, E>> wordsOf() {
     return words;
 }
 
+std::vector<std::pair<std::string_view, media::HardwareEncoder>> wordsOfHardware() {
+    std::vector<std::pair<std::string_view, media::HardwareEncoder>> words;
+    for (const media::HardwareEncoder& encoder : media::hardwareEncoders())
+        words.emplace_back(encoder.name, encoder);
+    return words;
+}
+
 // A rate that can be rendered.
 FrameRate rateNamed(const std::string& text) {
     const std::optional<FrameRate> rate = FrameRate::parsed(text);
@@ -52,6 +59,10 @@ void FilmArguments::declare(Arguments& arguments) {
             {"vp9-alpha", VideoCodec::vp9Alpha}, {"av1", VideoCodec::av1},
             {"prores422hq", VideoCodec::proRes422HQ}, {"prores4444", VideoCodec::proRes4444}},
         "How the film is coded; H.264 by default, and VP9 in .webm files. vp9-alpha and prores4444 keep what is clear.");
+    arguments.choice<media::HardwareEncoder>("--encoder", request_.hardware, wordsOfHardware(),
+        "Encode on the graphics card, by the name of FFmpeg's encoder: VA-API (AMD, Intel), NVENC (NVIDIA) or Quick "
+        "Sync (Intel). The film is decoded and compared as with --verify; where there is no such encoder, or the "
+        "film is not right, it is encoded without, and that is told.");
     arguments.wholeNumber("--quality", quality_, 0, 100, "N",
         "How good the pictures are, 0 to 100, whatever that takes: 80 is hard to tell from the source.");
     arguments.value(

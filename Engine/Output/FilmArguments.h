@@ -41,7 +41,8 @@ public:
     // How much of the pictures the film keeps. Throws `UsageError` where the film takes no such wish.
     ExportRate kept(const OutputChoice& choice) const;
     FilmFile file(const OutputChoice& choice, const std::filesystem::path& output) const {
-        return {output, choice.format, choice.codec, choice.container, effort(), kept(choice)};
+        return {
+            output, choice.format, choice.codec, choice.container, effort(), kept(choice), choice.hardware};
     }
 
 private:

@@ -11,6 +11,7 @@
 #include "TavixRender/Export/AnimationFit.h"
 #include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/FilmExport.h"
+#include "TavixRender/Export/HardwareFilm.h"
 #include "TavixRender/Export/RateFit.h"
 
 #include <cstdio>
@@ -22,6 +23,22 @@ namespace {
 JsonObject jsonOf(const FilmCheck::Likeness& likeness) {
     return JsonObject{{"framesDecoded", likeness.framesDecoded}, {"framesCompared", likeness.framesCompared},
         {"leastSimilarity", likeness.leastSimilarity}, {"mostColorError", likeness.mostColorError}};
+}
+
+JsonObject jsonOf(const media::HardwareEncoder& asked, const std::string& refusal) {
+    JsonObject json{{"asked", asked.name}};
+    json.set("used", refusal.empty() ? asked.name : media::softwareEncoderName(asked.codec));
+    if (!refusal.empty()) json.set("refusal", refusal);
+    return json;
+}
+
+// With the name of the film for the file that is to become it.
+std::string unnamed(
+    std::string text, const std::filesystem::path& unfinished, const std::filesystem::path& target) {
+    const std::string hidden = unfinished.string(), shown = target.string();
+    for (auto at = text.find(hidden); at != std::string::npos; at = text.find(hidden, at + shown.size()))
+        text.replace(at, hidden.size(), shown);
+    return text;
 }
 
 std::string shownRate(std::int64_t bitsPerSec) {
@@ -106,8 +123,9 @@ void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Teller
     Terminal& terminal = tellers.terminal;
     ProgressLines& lines = tellers.lines;
     pieces_.apply(film);
-    PieceRender::Report pieces;
-    std::optional<JsonObject> likeness;
+    const std::optional<media::HardwareEncoder> hardware = film.file.hardware;
+    HardwareFilm::Outcome made;
+    std::string refused;
     const SystemWatch::Task task("to render the film");
     lines.stage("render");
     const auto writeUnfinished = [&](const std::filesystem::path& unfinished) {
@@ -116,24 +134,35 @@ void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Teller
             terminal.progress(fraction);
             lines.progress(fraction);
         };
-        pieces = writeUnder(film, tellProgress, tellers);
+        made = HardwareFilm::write(film,
+            {[&](PiecedFilm& it) { return writeUnder(it, tellProgress, tellers); },
+                [&] { lines.stage("verify"); }, tellProgress,
+                [&](const std::string& refusal) {
+                    refused = unnamed(refusal, unfinished, choice.target);
+                    terminal.warn("encoder-refused", HardwareFilm::sentenceOf(*hardware, refused));
+                    lines.stage("render");
+                }},
+            interruption.token());
         if (choice.format == ExportFormat::video) FilmCheck::probe(film, unfinished);
-        if (!isVerified_) return;
+        if (!isVerified_ || made.likeness) return;
         lines.stage("verify");
-        likeness = jsonOf(FilmCheck::verify(film, unfinished, tellProgress, interruption.token()));
+        made.likeness = FilmCheck::verify(film, unfinished, tellProgress, interruption.token());
     };
     if (choice.format == ExportFormat::png)
         tellOfOlder(writeFinishedPictures(choice.target, film.frameCount, interruption, writeUnfinished),
             choice, terminal);
     else
         writeFinished(choice.target, interruption, writeUnfinished);
+    if (!made.pieces.storeFault.empty()) terminal.warn("cache-unwritable", made.pieces.storeFault);
     terminal.tell("✓ Wrote " + choice.target.string());
     const auto result = [&] {
         JsonObject json = filmResult(choice.target, film.frameCount, film.fps, film.size);
+        const PieceRender::Report& pieces = made.pieces;
         if (pieces.pieces > 0)
             json.set("segments",
                 JsonObject{{"count", std::int64_t(pieces.pieces)}, {"reused", std::int64_t(pieces.reused)}});
-        if (likeness) json.set("verified", *likeness);
+        if (hardware) json.set("encoder", jsonOf(*hardware, refused));
+        if (made.likeness) json.set("verified", jsonOf(*made.likeness));
         return json;
     };
     if (lines.isOn()) lines.done(result());

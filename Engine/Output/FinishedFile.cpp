@@ -25,6 +25,7 @@ void writeSafely(
         throw;
     } catch (const std::exception& error) {
         interruption.check();
+        SystemWatch::require();   // what libraries make of that is mostly no reason
         throw Failure(output.unnamed(sentenceOf(error)));
     }
 }

@@ -4,6 +4,7 @@
 #include "Engine/System/Errors.h"
 #include "TavixCore/Support/Names.h"
 #include "TavixRender/Encoding/FrameNames.h"
+#include "TavixRender/Export/HardwareFilm.h"
 
 namespace tavix::engine {
 
@@ -113,7 +114,27 @@ bool asksForPictures(const OutputRequest& request) {
 
 }   // namespace
 
-OutputChoice chooseOutput(const OutputRequest& request, const std::string& documentName) {
+namespace {
+
+// An encoder has one codec, which need not be asked for too.
+OutputRequest withItsCodec(OutputRequest request) {
+    if (!request.hardware) return request;
+    if (request.format.value_or(ExportFormat::video) != ExportFormat::video)
+        throw UsageError("--encoder is for video, and a " + std::string(displayName(*request.format)) +
+                         " has none; drop one of the two.");
+    const VideoCodec codec = HardwareFilm::codecOf(*request.hardware);
+    if (request.codec.value_or(codec) != codec)
+        throw UsageError("--encoder " + request.hardware->name + " writes " +
+                         std::string(displayName(codec)) + " and not " +
+                         std::string(displayName(*request.codec)) + "; drop --codec, or choose another.");
+    request.codec = codec;
+    return request;
+}
+
+}   // namespace
+
+OutputChoice chooseOutput(const OutputRequest& wishes, const std::string& documentName) {
+    const OutputRequest request = withItsCodec(wishes);
     const Kind asked = kindOfFlags(request);
     const std::filesystem::path target = asksForPictures(request)
                                              ? picturesPath(request, documentName)
@@ -122,7 +143,7 @@ OutputChoice chooseOutput(const OutputRequest& request, const std::string& docum
     requireAgreement(request, asked, target, named);
     const bool isWebm = named.format == ExportFormat::video && named.container == ExportContainer::webm;
     const VideoCodec usual = isWebm ? VideoCodec::vp9 : VideoCodec::h264;
-    return {target, named.format, request.codec.value_or(usual), named.container};
+    return {target, named.format, request.codec.value_or(usual), named.container, request.hardware};
 }
 
 }   // namespace tavix::engine

@@ -1,6 +1,7 @@
 // Which kind of film is written and where: what was asked for, made whole from the output's extension.
 #pragma once
 
+#include "TavixPlatform/Media/HardwareEncoder.h"
 #include "TavixRender/Encoding/ExportOptions.h"
 
 #include <filesystem>
@@ -14,6 +15,7 @@ struct OutputRequest {
     std::optional<ExportFormat> format;
     std::optional<VideoCodec> codec;
     std::optional<ExportContainer> container;
+    std::optional<media::HardwareEncoder> hardware;
 };
 
 struct OutputChoice {
@@ -21,6 +23,7 @@ struct OutputChoice {
     ExportFormat format = ExportFormat::video;
     VideoCodec codec = VideoCodec::h264;
     ExportContainer container = ExportContainer::mp4;
+    std::optional<media::HardwareEncoder> hardware = {};
 };
 
 // `documentName` names the film when no output is given. Throws `UsageError` when the wishes contradict each

@@ -41,6 +41,7 @@ CompositionRenderer::Config configOf(
     config.container = choice.container;
     config.effort = film.effort();
     config.rate = film.kept(choice);
+    config.hardware = choice.hardware;
     return config;
 }
 

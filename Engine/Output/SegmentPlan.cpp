@@ -22,6 +22,9 @@ CompositionRenderer::Config configFor(
     if (choice.format != ExportFormat::video)
         throw UsageError(
             "A " + std::string(displayName(choice.format)) + " is made in one go and has no segments.");
+    if (choice.hardware)
+        throw UsageError("--encoder does not go with segments: they may be made on machines that differ, and "
+                         "only a whole film is checked; drop it.");
     CompositionRenderer::Config config = configOf(document, film, choice);
     pieces.apply(config);
     return config;
@@ -70,11 +73,13 @@ void SegmentPlan::render(std::size_t segment, const std::optional<std::string>& 
     const std::filesystem::path target = std::filesystem::path(output.value_or("")) / fileName(segment);
     requireNoAsset(target, document_);
     const SystemWatch::Task task("to render the segment");
+    PieceRender::Report made;
     writeFinished(target, interruption, [&](const std::filesystem::path& unfinished) {
         const auto onProgress = [&](double fraction) { terminal.progress(fraction); };
-        PieceRender::writeAll(CompositionExport::filmOf(config_), {pieces_[segment]}, {unfinished},
+        made = PieceRender::writeAll(CompositionExport::filmOf(config_), {pieces_[segment]}, {unfinished},
             terminal.log(), onProgress, interruption.token());
     });
+    if (!made.storeFault.empty()) terminal.warn("cache-unwritable", made.storeFault);
     terminal.tell("✓ Wrote " + target.string());
     if (terminal.mode() == Terminal::Mode::json)
         terminal.report(JsonObject{{"output", target.string()}, {"segment", std::int64_t(segment)},

@@ -26,6 +26,12 @@ void keepStandardStreams() {
         if (::fcntl(stream, F_GETFD) < 0) ::open("/dev/null", O_RDONLY);
 }
 
+void writeFault() {
+    constexpr std::string_view sentence =
+        "tavix: A fault of Tavix itself ended it; nothing was written. Please report the document that did.\n";
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, sentence.data(), sentence.size());
+}
+
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 
 // What ends one thread, as a lack of memory, mostly ends several at once: the first one says so for all.
@@ -46,9 +52,7 @@ void endOnFault(int signal) {
         SystemWatch::writeSentence(STDERR_FILENO);
         ::_exit(ExitStatus::inputOrOutputFailed);
     }
-    constexpr std::string_view sentence =
-        "tavix: A fault of Tavix itself ended it; nothing was written. Please report the document that did.\n";
-    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, sentence.data(), sentence.size());
+    writeFault();
     std::signal(signal, SIG_DFL);
     ::raise(signal);
 }
@@ -69,10 +73,25 @@ void endOnFault(int signal) {
 
 #endif   // otherwise the sanitizers do
 
+std::atomic<bool> isAtItsEnd = false;
+
+// A library that ends the program by itself, as libnuma does when memory is at its end while it is loaded,
+// leaves what was begun lying and no reason.
+void endOnForeignExit() {
+    if (isAtItsEnd) return;
+    UnfinishedFolders::removeAll();
+    if (SystemWatch::hasRefused())
+        SystemWatch::writeSentence(STDERR_FILENO);
+    else
+        writeFault();
+    ::_exit(ExitStatus::inputOrOutputFailed);
+}
+
 }   // namespace
 
 void setUpProcess() {
     keepStandardStreams();
+    std::atexit(endOnForeignExit);
     // Pictures go back to the system when they are done with, instead of leaving holes in the heap.
     mallopt(M_MMAP_THRESHOLD, 1 << 20);
     mallopt(M_ARENA_MAX, 2);
@@ -80,6 +99,11 @@ void setUpProcess() {
     // other.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+int endingWith(int status) {
+    isAtItsEnd = true;
+    return status;
 }
 
 }   // namespace tavix::engine

@@ -7,4 +7,7 @@ namespace tavix::engine {
 // and a fault that ends the program leaves nothing unfinished behind and says so.
 void setUpProcess();
 
+// The status that the program ends with by itself; whoever else ends it is told of as a fault.
+int endingWith(int status);
+
 }   // namespace tavix::engine

@@ -8,6 +8,7 @@ extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavcodec/bsf.h>
 #include <libavformat/avformat.h>
+#include <libavutil/hwcontext.h>
 #include <libavutil/imgutils.h>
 #include <libavutil/macros.h>
 #include <libavutil/mathematics.h>
@@ -40,7 +41,6 @@ TAVIX_LATE_FUNCTION(lateFormats, av_channel_layout_compare);
 TAVIX_LATE_FUNCTION(lateFormats, av_channel_layout_copy);
 TAVIX_LATE_FUNCTION(lateFormats, av_channel_layout_default);
 TAVIX_LATE_FUNCTION(lateFormats, av_channel_layout_uninit);
-TAVIX_LATE_FUNCTION(lateFormats, av_codec_is_encoder);
 TAVIX_LATE_FUNCTION(lateFormats, av_color_range_name);
 TAVIX_LATE_FUNCTION(lateFormats, av_color_space_name);
 TAVIX_LATE_FUNCTION(lateFormats, av_compare_ts);
@@ -50,6 +50,7 @@ TAVIX_LATE_FUNCTION(lateFormats, av_dict_get);
 TAVIX_LATE_FUNCTION(lateFormats, av_dict_set);
 TAVIX_LATE_FUNCTION(lateFormats, av_frame_alloc);
 TAVIX_LATE_FUNCTION(lateFormats, av_frame_copy);
+TAVIX_LATE_FUNCTION(lateFormats, av_frame_copy_props);
 TAVIX_LATE_FUNCTION(lateFormats, av_frame_free);
 TAVIX_LATE_FUNCTION(lateFormats, av_frame_get_buffer);
 TAVIX_LATE_FUNCTION(lateFormats, av_free);
@@ -57,6 +58,11 @@ TAVIX_LATE_FUNCTION(lateFormats, av_freep);
 TAVIX_LATE_FUNCTION(lateFormats, av_get_bytes_per_sample);
 TAVIX_LATE_FUNCTION(lateFormats, av_get_pix_fmt_name);
 TAVIX_LATE_FUNCTION(lateFormats, av_guess_sample_aspect_ratio);
+TAVIX_LATE_FUNCTION(lateFormats, av_hwdevice_ctx_create);
+TAVIX_LATE_FUNCTION(lateFormats, av_hwframe_ctx_alloc);
+TAVIX_LATE_FUNCTION(lateFormats, av_hwframe_ctx_init);
+TAVIX_LATE_FUNCTION(lateFormats, av_hwframe_get_buffer);
+TAVIX_LATE_FUNCTION(lateFormats, av_hwframe_transfer_data);
 TAVIX_LATE_FUNCTION(lateFormats, av_image_get_buffer_size);
 TAVIX_LATE_FUNCTION(lateFormats, av_interleaved_write_frame);
 TAVIX_LATE_FUNCTION(lateFormats, av_log_set_callback);

@@ -12,6 +12,7 @@ extern "C" {
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
+#include <string_view>
 
 namespace tavix::media::libav {
 
@@ -35,7 +36,7 @@ void endAv1(AVCodecContext& encoder) {
 }   // namespace
 
 void Deleter::operator()(AVCodecContext* p) const {
-    if (avcodec_is_open(p) && av_codec_is_encoder(p->codec) && p->codec_id == AV_CODEC_ID_AV1) endAv1(*p);
+    if (avcodec_is_open(p) && std::string_view(p->codec->name) == "libsvtav1") endAv1(*p);
     avcodec_free_context(&p);
 }
 

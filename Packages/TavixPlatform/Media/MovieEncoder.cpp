@@ -1,5 +1,6 @@
 #include "TavixPlatform/Media/MovieEncoder.h"
 
+#include "TavixPlatform/Media/HardwareFrames.h"
 #include "TavixPlatform/Media/OutputFile.h"
 #include "TavixPlatform/Media/PieceFile.h"
 
@@ -172,9 +173,10 @@ void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Op
 
 void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
     if (isProRes(settings.codec)) return setProRes(settings, encoder, options);
-    encoder.bit_rate = settings.quality ? 0 : settings.bitsPerSec;
     encoder.gop_size =
         std::max(static_cast<int>(std::lround(keyFrameDistanceSec * av_q2d(encoder.framerate))), 1);
+    if (settings.hardware) return HardwareFrames::set(settings, encoder, options, failureOf(settings));
+    encoder.bit_rate = settings.quality ? 0 : settings.bitsPerSec;
     switch (settings.codec) {
     case MovieCodec::h264: return setH264(settings, encoder, options);
     case MovieCodec::hevc: return setHevc(settings, options);
@@ -197,12 +199,15 @@ imaging::PlanarFormat planarFormatOf(MovieCodec codec) {
 
 bool needsEvenHeight(MovieCodec codec) { return !isProRes(codec); }
 
+const char* softwareEncoderName(MovieCodec codec) { return codecOf(codec).encoder; }
+
 libav::CodecContext openMovieEncoder(const MovieSettings& settings) {
     refuseImpossible(settings);
     const libav::ErrorScope errors;
     const Codec& kind = codecOf(settings.codec);
-    const AVCodec* codec = avcodec_find_encoder_by_name(kind.encoder);
-    if (!codec) throw MediaError(failureOf(settings) + ": FFmpeg was built without " + kind.encoder + ".");
+    const std::string name = settings.hardware ? settings.hardware->name : kind.encoder;
+    const AVCodec* codec = avcodec_find_encoder_by_name(name.c_str());
+    if (!codec) throw MediaError(failureOf(settings) + ": FFmpeg was built without " + name + ".");
     auto encoder = libav::owned<libav::CodecContext>(avcodec_alloc_context3(codec));
     encoder->width = settings.sizePx.width;
     encoder->height = settings.sizePx.height;
@@ -217,7 +222,10 @@ libav::CodecContext openMovieEncoder(const MovieSettings& settings) {
     tagColor(*encoder);
     libav::Options options;
     setCodec(settings, *encoder, options);
-    libav::check(avcodec_open2(encoder.get(), codec, options.get()), errors, failureOf(settings));
+    int code = avcodec_open2(encoder.get(), codec, options.get());
+    // Codes of drivers say less than the log: "Operation not permitted" where a library is missing.
+    if (settings.hardware && code < 0 && code != AVERROR(ENOMEM)) code = AVERROR_EXTERNAL;
+    libav::check(code, errors, failureOf(settings));
     return encoder;
 }
 

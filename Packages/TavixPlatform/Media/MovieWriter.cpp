@@ -1,6 +1,7 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 
 #include "TavixPlatform/Media/AlphaPlanes.h"
+#include "TavixPlatform/Media/HardwareFrames.h"
 #include "TavixPlatform/Media/MovieEncoder.h"
 #include "TavixPlatform/Media/MovieSlots.h"
 #include "TavixPlatform/Media/PacketSink.h"
@@ -43,19 +44,23 @@ class MovieEncoding {
 public:
     explicit MovieEncoding(const MovieSettings& settings)
         : failure_("Cannot encode the movie \"" + settings.path.string() + "\""),
-          frameDuration_(settings.frameDuration), decodingTimes_(frameDuration_),
-          encoder_(openMovieEncoder(settings)), filter_(openMovieFilter(settings, *encoder_)),
-          file_(openMovieFile(settings, *encoder_)), packet_(libav::owned<libav::Packet>(av_packet_alloc())) {
-    }
+          isHardware_(settings.hardware), frameDuration_(settings.frameDuration),
+          decodingTimes_(frameDuration_), encoder_(openMovieEncoder(settings)),
+          filter_(openMovieFilter(settings, *encoder_)), file_(openMovieFile(settings, *encoder_)),
+          packet_(libav::owned<libav::Packet>(av_packet_alloc())) {}
 
     AVPixelFormat pixels() const {
+        if (isHardware_) return AV_PIX_FMT_YUV420P;
         return encoder_->pix_fmt == AV_PIX_FMT_YUVA420P ? AV_PIX_FMT_YUVA444P10 : encoder_->pix_fmt;
     }
 
     // The planes may be written again as soon as the frame is gone.
     void encode(libav::Frame frame) {
         if (encoder_->pix_fmt == AV_PIX_FMT_YUVA420P) frame = withHalvedChroma(*frame);
-        if (encoder_->codec->capabilities & AV_CODEC_CAP_FRAME_THREADS) frame = copyOf(*frame);
+        if (isHardware_)
+            frame = HardwareFrames::copied(*frame, *encoder_, failure_);
+        else if (encoder_->codec->capabilities & AV_CODEC_CAP_FRAME_THREADS)
+            frame = copyOf(*frame);
         tag(*frame);
         decodingTimes_.add(frame->pts);
         send(frame.get());
@@ -115,6 +120,7 @@ private:
     }
 
     std::string failure_;
+    bool isHardware_;
     std::int64_t frameDuration_;
     DecodingTimes decodingTimes_;
     libav::CodecContext encoder_;

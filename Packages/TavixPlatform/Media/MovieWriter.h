@@ -11,10 +11,11 @@
 //     writer.finish();
 //
 // The same frames and settings give the same bytes, whatever the machine, the number of its cores or the
-// hour.
+// hour; but not of a hardware encoder.
 #pragma once
 
 #include "TavixPlatform/Imaging/Bitmap.h"
+#include "TavixPlatform/Media/HardwareEncoder.h"
 #include "TavixPlatform/Media/MediaError.h"
 
 #include <cstdint>
@@ -38,7 +39,8 @@ struct MovieSettings {
     bool mayTakeLess = false;                         // than the rate, where nobody would see what it adds
     std::optional<int> quality = {};                  // 0 to 100 instead of a rate; of no meaning to ProRes
     EncodingEffort effort = EncodingEffort::fast;
-    int timescale = 600;      // units per second of presentation times
+    std::optional<HardwareEncoder> hardware = {};   // of that codec, in place of the usual encoder
+    int timescale = 600;                            // units per second of presentation times
     int frameDuration = 20;   // of a frame, in these units: 600 / 20 are 30 frames a second
 };
 

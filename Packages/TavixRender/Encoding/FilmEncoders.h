@@ -26,7 +26,8 @@ void withEncoder(const FilmFile& file, imaging::Size size, const FrameRate& fps,
     case ExportFormat::video: break;
     }
     FrameSequenceEncoder encoder(
-        {file.output, size, fps, file.codec, file.container, file.effort, file.rate}, evaluator);
+        {file.output, size, fps, file.codec, file.container, file.effort, file.rate, file.hardware},
+        evaluator);
     use(encoder);
 }
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <stop_token>
 
 namespace tavix {
@@ -28,6 +29,7 @@ struct FilmFile {
     ExportContainer container = ExportContainer::mp4;
     media::EncodingEffort effort = media::EncodingEffort::fast;
     ExportRate rate = {};
+    std::optional<media::HardwareEncoder> hardware = {};   // of that codec; asked for, and maybe not there
 
     // The container that it has in the end: ProRes has but one.
     ExportContainer finalContainer() const { return isProRes(codec) ? ExportContainer::mov : container; }

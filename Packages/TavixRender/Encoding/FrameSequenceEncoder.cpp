@@ -69,6 +69,7 @@ media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& setting
         .mayTakeLess = !settings.rate.bitsPerSec,
         .quality = settings.rate.quality,
         .effort = settings.effort,
+        .hardware = settings.hardware,
         .timescale = clock.timescale,
         .frameDuration = clock.frameDuration};
 }

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace tavix {
 
@@ -24,6 +25,7 @@ public:
         ExportContainer container = ExportContainer::mp4;   // ProRes is always written as QuickTime
         media::EncodingEffort effort = media::EncodingEffort::fast;
         ExportRate rate = {};
+        std::optional<media::HardwareEncoder> hardware = {};
         bool isPiece = false;   // of a film that is joined later; then the container says nothing
     };
 

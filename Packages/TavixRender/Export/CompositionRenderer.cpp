@@ -19,8 +19,8 @@ std::string headline(const CompositionSpec& spec, double totalSec, std::int64_t 
 }
 
 FilmFile fileOf(const Config& config) {
-    return {
-        config.output, config.fileFormat, config.videoCodec, config.container, config.effort, config.rate};
+    return {config.output, config.fileFormat, config.videoCodec, config.container, config.effort, config.rate,
+        config.hardware};
 }
 
 void render(

@@ -30,6 +30,7 @@ struct Config {
     ExportContainer container = ExportContainer::mp4;
     media::EncodingEffort effort = media::EncodingEffort::fast;
     ExportRate rate = {};
+    std::optional<media::HardwareEncoder> hardware = {};
     imaging::EvaluatorOptions evaluation = {};
     // Where finished pieces of films are kept for the next render; absent: nowhere.
     std::optional<std::filesystem::path> pieceStore = {};

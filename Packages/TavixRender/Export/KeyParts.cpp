@@ -28,6 +28,7 @@ void addEncoding(Hash& hash, const FilmFile& file) {
     hash.add(std::uint64_t(file.codec)).add(std::uint64_t(file.effort));
     hash.add(std::uint64_t(file.rate.quality.value_or(-1)));
     hash.add(std::uint64_t(file.rate.bitsPerSec.value_or(-1)));
+    if (file.hardware) hash.add(contentHash(file.hardware->name));
 }
 
 }   // namespace tavix::KeyParts

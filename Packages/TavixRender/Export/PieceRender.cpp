@@ -19,6 +19,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <system_error>
 #include <thread>
 
 namespace tavix::PieceRender {
@@ -37,8 +38,8 @@ public:
     void write(const FilmPiece& piece, const std::filesystem::path& file,
         const std::function<void()>& onFrame, const std::stop_token& stop) {
         const FilmFile& kind = film_.file;
-        FrameSequenceEncoder encoder(
-            {file, film_.size, film_.fps, kind.codec, kind.container, kind.effort, kind.rate, true},
+        FrameSequenceEncoder encoder({file, film_.size, film_.fps, kind.codec, kind.container, kind.effort,
+                                         kind.rate, kind.hardware, true},
             evaluator_);
         for (std::int64_t i = 0; i < piece.frameCount; ++i) {
             if (stop.stop_requested()) throw RenderStopped();
@@ -126,7 +127,8 @@ struct Shop {
     int workers;
     std::stop_token stop;
     std::atomic<std::size_t> next = 0;
-    std::mutex keeping = {};   // keys and the first failure
+    std::mutex keeping = {};        // keys and the first failure
+    std::error_code keptNot = {};   // why the first piece of those that were not kept was not
     std::exception_ptr failure = {};
 
     void work() {
@@ -137,8 +139,9 @@ struct Shop {
             worker->write(
                 job.piece, job.file, [this] { counter.add(1); }, stop);
             const std::lock_guard lock(keeping);
-            if (store && job.key && worker->isSilent(job.piece) && keys->holds(job.piece))
-                store->keep(*job.key, job.file);
+            if (!store || !job.key || !worker->isSilent(job.piece) || !keys->holds(job.piece)) continue;
+            const std::error_code error = store->keep(*job.key, job.file);
+            if (!keptNot) keptNot = error;
         }
     }
 };
@@ -181,6 +184,13 @@ media::MovieContainer mediaContainer(ExportContainer container) {
     return media::MovieContainer::webm;
 }
 
+std::string storeFault(const std::filesystem::path& folder, const std::error_code& error) {
+    if (!error) return {};
+    return "Finished segments cannot be kept in \"" + folder.string() + "\": " + error.message() +
+           ". The film is whole, but the next render draws all of it again; make room there, let it be written, name "
+           "another folder in XDG_CACHE_HOME, or use --no-cache.";
+}
+
 // Of results that one worker keeps from frame to frame: an eighth of its share of the memory, and no more
 // than pays.
 std::size_t cacheBytes(const PiecedFilm& film, int workers) {
@@ -200,7 +210,9 @@ int workerCount(const PiecedFilm& film, std::size_t pieces) {
     const int byCores =
         std::max(film.evaluation.threadCount > 0 ? film.evaluation.threadCount : MachineShare::cores(), 2) /
         2;
-    const int most = std::min(byCores, int(std::min(double(byCores), budget / bytesEach)));
+    // Drivers open few encoders at once; of one that is shared two are kept busy by their drawing.
+    const int byDevice = film.file.hardware ? 2 : byCores;
+    const int most = std::min({byCores, byDevice, int(std::min(double(byCores), budget / bytesEach))});
     return std::clamp(most, 1, int(std::max<std::size_t>(pieces, 1)));
 }
 
@@ -249,7 +261,9 @@ Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
         runSideBySide(shop, stop);
     else
         shop.work();
-    if (store) store->trim();
+    if (!store) return report;
+    store->trim();
+    report.storeFault = storeFault(*film.pieceStore, shop.keptNot);
     return report;
 }
 

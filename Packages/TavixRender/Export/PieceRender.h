@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <stop_token>
+#include <string>
 #include <vector>
 
 namespace tavix::PieceRender {
@@ -20,6 +21,7 @@ void write(const PiecedFilm& film, const FilmPiece& piece, const std::filesystem
 
 struct Report {
     std::size_t pieces = 0, reused = 0;
+    std::string storeFault = {};   // a sentence, where pieces could not be kept; the film is none the worse
 };
 
 // All pieces of the film, one file each. The film's store is asked for every one and keeps what is new.

@@ -48,12 +48,12 @@ std::vector<Kept> keptIn(const fs::path& folder) {
 }
 
 // A link takes no room; where there can be none the bytes are copied.
-bool linkOrCopy(const fs::path& from, const fs::path& to) {
+std::error_code linkOrCopy(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::remove(to, error);
     fs::create_hard_link(from, to, error);
     if (error) fs::copy_file(from, to, error);
-    return !error;
+    return error;
 }
 
 }   // namespace
@@ -65,7 +65,7 @@ fs::path PieceStore::fileOf(const Digest& key) const { return folder_ / nameOf(k
 bool PieceStore::fetch(const Digest& key, std::int64_t frameCount, const fs::path& to) const {
     const fs::path file = fileOf(key);
     std::error_code error;
-    if (!fs::exists(file, error) || !linkOrCopy(file, to)) return false;
+    if (!fs::exists(file, error) || linkOrCopy(file, to)) return false;
     try {
         if (media::pieceFrameCount(to) == frameCount) {
             fs::last_write_time(file, fs::file_time_type::clock::now(), error);
@@ -77,15 +77,19 @@ bool PieceStore::fetch(const Digest& key, std::int64_t frameCount, const fs::pat
     return false;
 }
 
-void PieceStore::keep(const Digest& key, const fs::path& piece) const {
+std::error_code PieceStore::keep(const Digest& key, const fs::path& piece) const {
     std::error_code error;
     // What somebody's films show is nobody else's business.
     if (fs::create_directories(folder_, error)) fs::permissions(folder_, fs::perms::owner_all, error);
+    if (error) return error;
     const fs::path file = fileOf(key);
     const fs::path hidden = folder_ / (nameOf(key) + "-" + std::to_string(::getpid())).append(unfinished);
-    if (linkOrCopy(piece, hidden)) fs::rename(hidden, file, error);
+    error = linkOrCopy(piece, hidden);
+    if (!error) fs::rename(hidden, file, error);
     // Of two names of one file renaming removes neither.
-    fs::remove(hidden, error);
+    std::error_code ignored;
+    fs::remove(hidden, ignored);
+    return error;
 }
 
 void PieceStore::trim(std::int64_t toBytes) const {

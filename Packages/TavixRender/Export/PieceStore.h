@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <system_error>
 
 namespace tavix {
 
@@ -18,8 +19,8 @@ public:
     // Puts the piece at `to`, as a link where the file system can; false when there is none, or a damaged
     // one, which is removed. A `frameCount` that it does not have is damage.
     bool fetch(const Digest& key, std::int64_t frameCount, const std::filesystem::path& to) const;
-    // Takes a finished piece in and leaves the file where it is.
-    void keep(const Digest& key, const std::filesystem::path& piece) const;
+    // Takes a finished piece in and leaves the file where it is. Gives the reason where it could not.
+    std::error_code keep(const Digest& key, const std::filesystem::path& piece) const;
     // Removes those that were not used for the longest until the rest take no more than that.
     void trim(std::int64_t toBytes = mostBytes) const;
 
