@@ -190,31 +190,46 @@ public:
     void draw(const Tile& tile, Scratch&) const override {
         const PixelRegion& r = tile.region;
         for (int y = r.y0; y < r.y1; ++y) {
-            const auto [first, last] = fullSpan(y, r);
-            for (int x = r.x0; x < r.x1; ++x) {
-                if (x == first) {
-                    std::fill_n(tile.at(x, y), last - first, shape_.pixel);
-                    x = last;
-                    if (x == r.x1) break;
-                }
-                const double covered = std::clamp(0.5 - distanceAt(x + 0.5, y + 0.5), 0.0, 1.0);
-                kernels().fade(tile.at(x, y), &shape_.pixel, 1, unsigned(std::lround(covered * 255)));
-            }
+            const Span touched = spanWithin(0.5 + marginPx, y, r), full = spanWithin(-0.5 - marginPx, y, r);
+            std::fill_n(tile.row(y), touched.first - r.x0, 0U);
+            drawEdge(tile, y, touched.first, std::min(full.first, touched.last));
+            std::fill_n(tile.row(y) + (full.first - r.x0), full.last - full.first, shape_.pixel);
+            drawEdge(tile, y, std::max(full.last, touched.first), touched.last);
+            std::fill_n(tile.row(y) + (touched.last - r.x0), r.x1 - touched.last, 0U);
         }
     }
 
 private:
-    // Pixels of a row that lie in full between the rounded ends, as first and one past last; none as first =
-    // last = -1.
-    std::pair<int, int> fullSpan(int y, const PixelRegion& within) const {
-        const Rect& box = shape_.rect;
-        const double fromEdge = std::min(y - box.y, box.maxY() - (y + 1));
-        const double inset = fromEdge >= shape_.radiusPx ? 0 : shape_.radiusPx;
-        // A box may reach further than whole numbers do.
-        const int first = int(std::clamp<double>(std::ceil(box.x + inset), within.x0, within.x1));
-        const int last = int(std::clamp<double>(std::floor(box.maxX() - inset), within.x0, within.x1));
-        return fromEdge >= 0 && first < last ? std::pair(first, last) : std::pair(-1, -1);
+    // Some columns of a row, as first and one past last.
+    struct Span {
+        int first, last;
+    };
+    // Far above what rounding does to a distance: a pixel that is nearer than this to being full or empty is
+    // asked for itself.
+    static constexpr double marginPx = 0.01;
+
+    void drawEdge(const Tile& tile, int y, int first, int last) const {
+        for (int x = first; x < last; ++x) {
+            const double covered = std::clamp(0.5 - distanceAt(x + 0.5, y + 0.5), 0.0, 1.0);
+            kernels().fade(tile.at(x, y), &shape_.pixel, 1, unsigned(std::lround(covered * 255)));
+        }
     }
+
+    // The columns whose middles lie no farther out than this from the outline, which is negative inside; as
+    // the straight sides say, or the arcs of the corners.
+    Span spanWithin(double distancePx, int y, const PixelRegion& row) const {
+        const Rect& box = shape_.rect;
+        const double arc = shape_.radiusPx + distancePx;
+        const double up = std::abs(y + 0.5 - box.center().y) - box.height / 2 + shape_.radiusPx;
+        if (!(up <= arc)) return {row.x0, row.x0};
+        const double inset =
+            up <= std::min(arc, 0.0) ? -distancePx : shape_.radiusPx - std::sqrt(arc * arc - up * up);
+        // A box may reach further than whole numbers do.
+        const auto column = [&](double x) { return int(std::clamp<double>(x, row.x0, row.x1)); };
+        const int first = column(std::ceil(box.x + inset - 0.5));
+        return {first, std::max(first, column(std::floor(box.maxX() - inset - 0.5) + 1))};
+    }
+
     // Signed distance to the outline, negative inside: the box shrunk by the radius, then rounded by it.
     double distanceAt(double x, double y) const {
         const Point c = shape_.rect.center();

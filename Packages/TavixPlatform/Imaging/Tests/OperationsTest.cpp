@@ -355,5 +355,27 @@ TEST(RoundedRectangle, HasTheAreaOfOne) {
     }
 }
 
+// A pixel is covered by as much as its middle lies inside, from half a pixel without to half a pixel within.
+TEST(RoundedRectangle, CoversPixelsByTheirDistanceFromItsOutline) {
+    const Rect boxes[] = {{5.5, 5.25, 60, 40}, {3, 4, 50, 50}, {10.3, 7.8, 0.6, 30}, {20.2, 20.7, 9.5, 8.1}};
+    for (const Rect& box : boxes)
+        for (const double part : {0.0, 0.01, 0.3, 0.99, 1.0}) {
+            const double radius = part * std::min(box.width, box.height) / 2;
+            const Drawn d = drawn(Image::roundedRectangle(box, radius, Color::white()), {-3, -3, 80, 60});
+            for (int y = -3; y < 60; ++y)
+                for (int x = -3; x < 80; ++x) {
+                    const double px = x + 0.5, py = y + 0.5;
+                    const double nearX = std::clamp(px, box.x + radius, box.maxX() - radius);
+                    const double nearY = std::clamp(py, box.y + radius, box.maxY() - radius);
+                    const double toSide =
+                        std::min({px - box.x, box.maxX() - px, py - box.y, box.maxY() - py});
+                    const double outside = std::hypot(px - nearX, py - nearY);
+                    const double inside = outside > 0 ? radius - outside : toSide;
+                    EXPECT_NEAR(d.at(x, y) >> 24, 255 * std::clamp(0.5 + inside, 0.0, 1.0), 0.51)
+                        << x << " " << y << " " << radius << " " << box.x;
+                }
+        }
+}
+
 }   // namespace
 }   // namespace tavix::imaging::tests
