@@ -1,6 +1,7 @@
 // How much an export costs beyond its encoder. For each document, in one run: the whole render; the same
 // encoder with the same settings fed with the same frames, already composed and converted; and the
 // composing alone. Times are the least of several rounds, taken in turn, since the machine may be noisy.
+// tavix_export_speed [ROUNDS [compose]]: with the second argument only the composing is measured.
 #include "ClipSpeed.h"
 #include "Cost.h"
 #include "SpeedDocuments.h"
@@ -70,9 +71,10 @@ public:
     Measurement(const Measurement&) = delete;
     Measurement& operator=(const Measurement&) = delete;
 
-    void run(int rounds) {
+    void run(int rounds, bool isComposingAlone) {
         for (int i = 0; i < rounds; ++i) {
             compose_.keepLeast(measured([&] { compose(); }));
+            if (isComposingAlone) continue;
             encode_.keepLeast(measured([&] { encode(); }));
             render_.keepLeast(measured(
                 [&] { CompositionRenderer::render({.spec = document_.spec, .output = movie_}, {}); }));
@@ -133,10 +135,10 @@ private:
     Cost render_, encode_, compose_;
 };
 
-void measure(int widthPx, int heightPx, int fps, double seconds, int rounds) {
+void measure(int widthPx, int heightPx, int fps, double seconds, int rounds, bool isComposingAlone) {
     for (const SpeedDocument& document : speedDocuments(widthPx, heightPx, fps, seconds)) {
         Measurement measurement(document);
-        measurement.run(rounds);
+        measurement.run(rounds, isComposingAlone);
         measurement.print();
     }
 }
@@ -146,13 +148,14 @@ void measure(int widthPx, int heightPx, int fps, double seconds, int rounds) {
 
 int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::max(std::atoi(argv[1]), 1) : 3;
+    const bool isComposingAlone = argc > 2 && std::strcmp(argv[2], "compose") == 0;
     std::puts(
         "Milliseconds a frame: the render, its encoder alone, the composing alone; wall time and CPU time.");
     std::puts(
         "| document      | frame           | render |    cpu | encode |    cpu | compose |     cpu | ratio |");
     std::puts(
         "|---------------|-----------------|--------|--------|--------|--------|---------|---------|-------|");
-    tavix::benchmarks::measure(1080, 1920, 30, 4, rounds);
-    tavix::benchmarks::measure(1920, 1080, 60, 3, rounds);
-    tavix::benchmarks::measureClip(rounds);
+    tavix::benchmarks::measure(1080, 1920, 30, 4, rounds, isComposingAlone);
+    tavix::benchmarks::measure(1920, 1080, 60, 3, rounds, isComposingAlone);
+    if (!isComposingAlone) tavix::benchmarks::measureClip(rounds);
 }

@@ -89,22 +89,30 @@ void halve(float* dst, const float* src, std::size_t count) {
     }
 }
 
+// Pixels that lie between the same small ones, as many as a vector has whole pixels, from `phase` on. The
+// weights of a pixel are a block of the vector.
+template <class D>
+HWY_INLINE void interpolatePixels(D d, float* dst, const float* src, const float (*weights)[4], int phase) {
+    const auto w = hn::LoadU(d, weights[phase]);
+    auto sum = hn::Mul(hn::LoadDup128(d, src), hn::Broadcast<0>(w));
+    sum = hn::Add(sum, hn::Mul(hn::LoadDup128(d, src + 4), hn::Broadcast<1>(w)));
+    sum = hn::Add(sum, hn::Mul(hn::LoadDup128(d, src + 8), hn::Broadcast<2>(w)));
+    sum = hn::Add(sum, hn::Mul(hn::LoadDup128(d, src + 12), hn::Broadcast<3>(w)));
+    hn::StoreU(sum, d, dst);
+}
+
 void interpolate(
     float* dst, const float* src, const float (*weights)[4], int phases, int first, std::size_t count) {
-    const OnePixel d;
-    int phase = first % phases;
+    const Floats d;
+    const OnePixel one;
+    const int atOnce = int(hn::Lanes(d) / 4);
     const float* s = src + first / phases * 4;
-    for (std::size_t i = 0; i < count; ++i) {
-        const float* w = weights[phase];
-        PixelVector sum = hn::Mul(hn::LoadU(d, s), hn::Set(d, w[0]));
-        sum = hn::Add(sum, hn::Mul(hn::LoadU(d, s + 4), hn::Set(d, w[1])));
-        sum = hn::Add(sum, hn::Mul(hn::LoadU(d, s + 8), hn::Set(d, w[2])));
-        sum = hn::Add(sum, hn::Mul(hn::LoadU(d, s + 12), hn::Set(d, w[3])));
-        hn::StoreU(sum, d, dst + i * 4);
-        if (++phase == phases) {
-            phase = 0;
-            s += 4;
-        }
+    int phase = first % phases;
+    for (std::size_t i = 0; i < count; s += 4, phase = 0) {
+        const int end = int(std::min(std::size_t(phases), std::size_t(phase) + (count - i)));
+        for (; phase + atOnce <= end; phase += atOnce, i += std::size_t(atOnce))
+            interpolatePixels(d, dst + i * 4, s, weights, phase);
+        for (; phase < end; ++phase, ++i) interpolatePixels(one, dst + i * 4, s, weights, phase);
     }
 }
 

@@ -114,6 +114,52 @@ HWY_INLINE void pairBlock(std::uint32_t* dst, const SampleLine& line, const Bloc
     }
 }
 
+#if HWY_ARCH_X86 && HWY_TARGET <= HWY_AVX3
+// Picking from two vectors by lane is an instruction there, which the portable operations do not name.
+HWY_INLINE WordVector picked(WordVector low, WordVector high, IntegerVector lanes) {
+    return WordVector{_mm512_permutex2var_epi32(low.raw, lanes.raw, high.raw)};
+}
+
+// A block of samples that all have four neighbours, on a few rows and within two vectors of pixels: these are
+// loaded as they lie, and the neighbours picked from them. False where the block is none.
+HWY_INLINE bool pickBlock(std::uint32_t* dst, const SampleLine& line, const Block& block) {
+    const Integers d;
+    const Words w;
+    static_assert(hn::MaxLanes(Words()) == blockSamples);
+    constexpr int reach = 2 * int(blockSamples), mostRows = 5;
+    const std::size_t end = blockSamples - 1;
+    const auto [left, right] = std::minmax({block.u >> 16, (block.u + block.du[end]) >> 16});
+    const auto [top, bottom] = std::minmax({block.v >> 16, (block.v + block.dv[end]) >> 16});
+    const int x0 = std::min(left, line.width - reach), rowCount = bottom + 2 - top;
+    if (x0 < 0 || right + 1 - x0 >= reach || rowCount > mostRows) return false;
+
+    const IntegerVector u = hn::Add(hn::Set(d, block.u), hn::Load(d, block.du));
+    const IntegerVector v = hn::Add(hn::Set(d, block.v), hn::Load(d, block.dv));
+    const IntegerVector x = hn::Sub(hn::ShiftRight<16>(u), hn::Set(d, x0)), next = hn::Add(x, hn::Set(d, 1));
+    const IntegerVector y = hn::Sub(hn::ShiftRight<16>(v), hn::Set(d, top));
+    WordVector p00 = hn::Zero(w), p01 = p00, p10 = p00, p11 = p00;
+    const std::uint8_t* row = line.pixels + std::ptrdiff_t(top) * line.strideBytes + std::ptrdiff_t(x0) * 4;
+    // The next row of the picture will look one or two source rows further on.
+    hwy::Prefetch(row + (rowCount + 1) * line.strideBytes);
+    hwy::Prefetch(row - 2 * line.strideBytes);
+    for (int r = 0; r < rowCount; ++r, row += line.strideBytes) {
+        const auto* pixels = reinterpret_cast<const std::uint32_t*>(row);
+        const WordVector low = hn::LoadU(w, pixels), high = hn::LoadU(w, pixels + blockSamples);
+        const WordVector here = picked(low, high, x), beside = picked(low, high, next);
+        const auto isFirst = hn::RebindMask(w, hn::Eq(y, hn::Set(d, r)));
+        const auto isSecond = hn::RebindMask(w, hn::Eq(y, hn::Set(d, r - 1)));
+        p00 = hn::IfThenElse(isFirst, here, p00);
+        p01 = hn::IfThenElse(isFirst, beside, p01);
+        p10 = hn::IfThenElse(isSecond, here, p10);
+        p11 = hn::IfThenElse(isSecond, beside, p11);
+    }
+    hn::StoreU(bilinear(p00, p01, p10, p11, fractions(u), fractions(v)), w, dst);
+    return true;
+}
+#else
+HWY_INLINE bool pickBlock(std::uint32_t*, const SampleLine&, const Block&) { return false; }
+#endif
+
 bool isInside(const SampleLine& line, const Block& block) {
     const auto within = [](std::int64_t first, std::int64_t last, int size) {
         return std::min(first, last) >= 0 && (std::max(first, last) >> 16) + 1 < size;
@@ -191,10 +237,10 @@ void sample(std::uint32_t* dst, const SampleLine& line, std::int64_t first, std:
         const int x = block.u >> 16;
         if (slides && x >= 0 && x + int(blockSamples) < line.width)
             slideBlock(out, line, block);
-        else if (isInside(line, block))
-            pairBlock(out, line, block);
-        else
+        else if (!isInside(line, block))
             gatherBlock(out, line, block);
+        else if (!pickBlock(out, line, block))
+            pairBlock(out, line, block);
         if (isWhole) continue;
         const std::int64_t from = std::max(at, first), to = std::min(at + size, end);
         std::memcpy(dst + (from - first), partial + (from - at), std::size_t(to - from) * 4);

@@ -88,6 +88,16 @@ Result eightBitResults(const Kernels& k, const Rows& rows, std::size_t n) {
         k.project(projectedU.data(), projectedV.data(), {-3.1f, 0.21f, 9.7f, -0.13f, 1.1f, 0.003f}, 5, n);
         keep([&](std::uint32_t* out) { k.sampleAt(out, line, projectedU.data(), projectedV.data(), n); });
     }
+    // Layers as they are drawn: turned a little, near their own size, some samples past every edge.
+    std::vector<std::uint32_t> picture;
+    for (int y = 0; y < 40; ++y) picture.insert(picture.end(), rows.a.begin() + y, rows.a.begin() + y + 96);
+    for (const double step : {0.3, 0.87, 1.13, 1.9, -1.1})
+        for (const double slope : {0.0, 0.06, -0.12, 0.4}) {
+            const SampleLine line{reinterpret_cast<const std::uint8_t*>(picture.data()), 96 * 4, 96, 40,
+                step < 0 ? 90 * one : -3 * one, 17 * one + one / 3, std::int64_t(step * double(one)),
+                std::int64_t(slope * double(one))};
+            keep([&](std::uint32_t* out) { k.sample(out, line, 1, n); });
+        }
     std::vector<std::uint16_t> samples(room * 8);
     for (std::size_t i = 0; i < samples.size(); ++i)
         samples[i] = std::uint16_t(rows.a[i % room] >> (i / room)) & 0xFFF;
@@ -141,7 +151,8 @@ Result floatResults(const Kernels& k, const Rows& rows, std::size_t n) {
         {0.1f, 0.4f, 0.4f, 0.1f}, {0, 0.7f, 0.3f, 0}, {0.25f, 0.25f, 0.25f, 0.25f}, {1, 0, 0, 0}};
     keepInterleaved([&](float* out) { k.weightedSum(out, taps, weights[0], 3, n); });
     keepInterleaved([&](float* out) { k.halve(out, floats.data(), n / 8); });
-    keepInterleaved([&](float* out) { k.interpolate(out, floats.data(), weights, 4, 1, n / 4); });
+    for (const int phases : {2, 4})
+        keepInterleaved([&](float* out) { k.interpolate(out, floats.data(), weights, phases, 1, n / 4); });
     std::vector<int> first(room, 2);
     keepInterleaved(
         [&](float* out) { k.resample(out, floats.data(), first.data(), floats.data(), 3, n / 4); });
@@ -244,6 +255,26 @@ TEST(Kernels, SampleWithinAStepOfTheBilinearFormula) {
             const double top = at(x, y, c) + (at(x + 1, y, c) - at(x, y, c)) * (u - x);
             const double below = at(x, y + 1, c) + (at(x + 1, y + 1, c) - at(x, y + 1, c)) * (u - x);
             EXPECT_NEAR(out[i] >> (8 * c) & 255, top + (below - top) * (v - y), 0.8) << i;
+        }
+    }
+}
+
+TEST(Kernels, SampleTheWholePixelsOfAWidePicture) {
+    constexpr int width = 70, height = 9;
+    std::vector<std::uint32_t> picture(std::size_t(width * height));
+    for (std::size_t i = 0; i < picture.size(); ++i)
+        picture[i] = 0xFF000000u | std::uint32_t(i * 2654435761u);
+    const std::int64_t one = std::int64_t(1) << 32;
+    const SampleLine line{
+        reinterpret_cast<const std::uint8_t*>(picture.data()), width * 4, width, height, 0, 0, one, 0};
+    for (int y = 0; y < height; ++y) {
+        SampleLine row = line;
+        row.v0 = y * one;
+        std::vector<std::uint32_t> out(width);
+        for (const std::int64_t tilt : {std::int64_t(0), std::int64_t(1)}) {   // the least that is no shift
+            row.dv = tilt;
+            kernels().sample(out.data(), row, 0, out.size());
+            EXPECT_TRUE(std::equal(out.begin(), out.end(), picture.begin() + y * width)) << y << tilt;
         }
     }
 }
