@@ -1,3 +1,4 @@
+#include "TavixPlatform/Imaging/StopScope.h"
 #include "TavixPlatform/Media/Orientation.h"
 #include "TavixPlatform/Media/StillAssembly.h"
 #include "TavixPlatform/Media/StillReaders.h"
@@ -67,9 +68,11 @@ public:
             decoder_.arith_code ? 0 : pixelsPerByte);
         const bool isInk = decoder_.num_components == 4;
         const PixelLayout layout = isInk ? PixelLayout::cmyk8 : PixelLayout::rgba8;
-        StillAssembly assembly(
-            {static_cast<int>(decoder_.image_width), static_cast<int>(decoder_.image_height)}, layout,
-            conversion(layout));
+        const imaging::Size size{
+            static_cast<int>(decoder_.image_width), static_cast<int>(decoder_.image_height)};
+        ColorConversion toSrgb = conversion(layout);
+        if (!isInk && toSrgb.isNone()) return upright(readPlain(size), orientation());
+        StillAssembly assembly(size, layout, std::move(toSrgb));
         decoder_.out_color_space = isInk ? JCS_CMYK : JCS_EXT_RGBA;
         guarded([this] { jpeg_start_decompress(&decoder_); });
         std::vector<std::uint8_t> row(static_cast<std::size_t>(decoder_.output_width) * 4);
@@ -93,6 +96,20 @@ private:
         jpeg_save_markers(&decoder_, exifMarker, longestMarkerBytes);
         jpeg_save_markers(&decoder_, profileMarker, longestMarkerBytes);
         jpeg_read_header(&decoder_, TRUE);
+    }
+
+    // Pixels that are what they are to be as the library hands them out.
+    imaging::Bitmap readPlain(imaging::Size size) {
+        imaging::Bitmap bitmap = imaging::Bitmap::uninitialised(size);
+        decoder_.out_color_space = JCS_EXT_BGRA;
+        guarded([this] { jpeg_start_decompress(&decoder_); });
+        for (int y = 0; y < size.height; ++y) {
+            imaging::checkStop();
+            JSAMPROW rows[1] = {bitmap.view().row(y)};
+            guarded([&] { jpeg_read_scanlines(&decoder_, rows, 1); });
+        }
+        bitmap.declareOpaque();
+        return bitmap;
     }
 
     void readRow(std::vector<std::uint8_t>& row) {

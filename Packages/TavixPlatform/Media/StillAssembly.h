@@ -30,16 +30,18 @@ public:
     // A whole row of pixels in the layout, alpha straight, 16-bit samples in the machine's byte order.
     void put(int fromTop, const void* pixels);
 
-    imaging::Bitmap take() { return std::move(bitmap_); }
+    // The picture knows that it is opaque where every row was.
+    imaging::Bitmap take();
 
 private:
-    void putNarrow(std::uint8_t* to, const std::uint8_t* rgba) const;
-    void putWide(std::uint8_t* to, const std::uint16_t* rgba) const;
+    void putNarrow(std::uint8_t* to, const std::uint8_t* rgba);
+    void putWide(std::uint8_t* to, const std::uint16_t* rgba);
     const void* converted(const void* pixels);
 
     PixelLayout layout_;
     ColorConversion conversion_;
     imaging::Bitmap bitmap_;
+    bool isOpaque_ = true;                 // as far as rows were put
     std::vector<std::uint16_t> scratch_;   // a converted row, of either depth
 };
 

@@ -3,7 +3,10 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace tavix::media {
 
@@ -14,9 +17,15 @@ inline std::uint8_t straight(unsigned color, unsigned alpha) {
 
 // Whether all pixels of four bytes, alpha last, are opaque.
 inline bool isOpaqueRow(const std::uint8_t* pixels, int count) {
-    std::uint8_t all = 255;
-    for (int i = 0; i < count; ++i) all = static_cast<std::uint8_t>(all & pixels[i * 4 + 3]);
-    return all == 255;
+    constexpr std::array<std::uint8_t, 4> opaque{0, 0, 0, 255};
+    const auto mask = std::bit_cast<std::uint32_t>(opaque);
+    std::uint32_t all = mask;
+    for (int i = 0; i < count; ++i) {
+        std::uint32_t pixel;   // whole words, which the compiler takes many of at once
+        std::memcpy(&pixel, pixels + i * 4, sizeof pixel);
+        all &= pixel;
+    }
+    return (all & mask) == mask;
 }
 
 }   // namespace tavix::media

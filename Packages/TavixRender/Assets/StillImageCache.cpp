@@ -15,7 +15,10 @@ namespace {
 
 imaging::Image decoded(const std::filesystem::path& path) {
     imaging::Bitmap pixels = media::loadStillImage(path);
-    pixels.indexCoverage();
+    const imaging::Size size = pixels.size();
+    const bool isOpaque =
+        pixels.coverage({0, 0, size.width, size.height}) == imaging::Bitmap::Coverage::opaque;
+    if (!isOpaque) pixels.indexCoverage();
     return imaging::Image::bitmap(std::make_shared<const imaging::Bitmap>(std::move(pixels)));
 }
 
