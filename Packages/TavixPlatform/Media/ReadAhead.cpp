@@ -8,11 +8,14 @@ namespace tavix::media {
 namespace {
 
 constexpr std::size_t mostReady = 1;   // beside the one being decoded; more only takes memory
+// A film of twice our rate has a picture between those that are shown, and one is taken before its turn.
+constexpr int mostUnseen = 2;
 
 }   // namespace
 
 ReadAhead::ReadAhead(std::unique_ptr<VideoFrames> frames)
-    : frames_(std::move(frames)), thread_([this, stop = imaging::StopScope::current()] {
+    : frames_(std::move(frames)), unseen_(std::make_shared<std::atomic<int>>(mostUnseen + 1)),
+      thread_([this, stop = imaging::StopScope::current()] {
           const imaging::StopScope scope(stop);
           run();
       }) {}
@@ -37,7 +40,7 @@ void ReadAhead::run() {
         std::exception_ptr failure;
         try {
             frame = frames_->next();
-            if (frame) frame->image();   // converted here, not where it is shown
+            if (frame && *unseen_ <= mostUnseen) frame->image();   // converted here, not where it is shown
         } catch (...) {
             frame.reset();
             failure = std::current_exception();
@@ -65,12 +68,21 @@ std::optional<VideoFrame> ReadAhead::next() {
             isDamaged_ = isEndDamaged_;
             return std::nullopt;
         }
-        frame = std::move(ready_.front().frame);
+        frame = watched(std::move(ready_.front().frame));
         isDamaged_ = ready_.front().isDamaged;
         ready_.pop_front();
     }
     changed_.notify_all();
+    ++*unseen_;
     return frame;
+}
+
+VideoFrame ReadAhead::watched(VideoFrame frame) const {
+    const double ptsSec = frame.ptsSec();
+    return {ptsSec, [frame = std::move(frame), unseen = unseen_]() mutable {
+                *unseen = 0;
+                return frame.image();
+            }};
 }
 
 }   // namespace tavix::media

@@ -1,11 +1,14 @@
-// Decodes on a thread of its own, a few pictures ahead of whoever takes them. Inside the library only.
+// Decodes on a thread of its own, a few pictures ahead of whoever takes them. Pictures are converted there
+// too as long as those taken are looked at, and not on the way to another one. Inside the library only.
 #pragma once
 
 #include "TavixPlatform/Media/VideoSource.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <exception>
+#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -21,6 +24,7 @@ public:
 
 private:
     void run();
+    VideoFrame watched(VideoFrame frame) const;   // tells when it is looked at
 
     std::unique_ptr<VideoFrames> frames_;   // the thread's alone
     std::mutex mutex_;
@@ -31,7 +35,9 @@ private:
     };
     std::deque<Ready> ready_;
     bool hasEnded_ = false, mustStop_ = false, isEndDamaged_ = false;
-    bool isDamaged_ = false;       // the taker's alone
+    bool isDamaged_ = false;   // the taker's alone
+    // Pictures taken since one was looked at; none was at first.
+    std::shared_ptr<std::atomic<int>> unseen_;
     std::exception_ptr failure_;   // why it ended, when the machine is to blame
     std::thread thread_;           // the last member: it uses all others
 };
