@@ -4,7 +4,7 @@
 #include "SpeedDocuments.h"
 
 #include "TavixReelRender/Export/ReelExport.h"
-#include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/CompositionExport.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -33,7 +33,7 @@ struct WorkFolder {
 
 // Frames in which everything moves, and much of it is sharp.
 void makeClip(const std::filesystem::path& clip) {
-    CompositionRenderer::render(
+    CompositionExport::write(
         {.spec = speedDocuments(widthPx, heightPx, fps, lengthSec)[1].spec, .output = clip}, {});
 }
 
@@ -101,7 +101,7 @@ void measureClip(int rounds) {
     Cost render, renderReel, transcode;
     for (int i = 0; i < rounds; ++i) {
         render.keepLeast(measured(
-            [&] { CompositionRenderer::render({.spec = spec, .output = folder.path / "film.mp4"}, {}); }));
+            [&] { CompositionExport::write({.spec = spec, .output = folder.path / "film.mp4"}, {}); }));
         renderReel.keepLeast(measured([&] { ReelExport::write(reel, {}); }));
         int status = 0;
         transcode.keepLeast(measured([&] { status = std::system(command.c_str()); }));

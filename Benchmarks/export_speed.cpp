@@ -11,7 +11,7 @@
 #include "TavixPlatform/Media/MovieWriter.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 #include "TavixRender/Encoding/FrameClock.h"
-#include "TavixRender/Export/CompositionRenderer.h"
+#include "TavixRender/Export/CompositionExport.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -76,8 +76,8 @@ public:
             compose_.keepLeast(measured([&] { compose(); }));
             if (isComposingAlone) continue;
             encode_.keepLeast(measured([&] { encode(); }));
-            render_.keepLeast(measured(
-                [&] { CompositionRenderer::render({.spec = document_.spec, .output = movie_}, {}); }));
+            render_.keepLeast(
+                measured([&] { CompositionExport::write({.spec = document_.spec, .output = movie_}, {}); }));
         }
     }
     void print() const {
