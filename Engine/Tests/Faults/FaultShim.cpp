@@ -3,6 +3,10 @@
 //
 //   TAVIX_FAULT=CALL:N:ERRNO[:FILTER]    the N-th call fails; with "N+" all from then on; 0: none
 //   TAVIX_FAULT_COUNT=FILE               how many calls there were is written there in the end
+//   TAVIX_FAULT_EXITS=1                  the call ends the program, as libraries do that think they must
+//   TAVIX_FAULT_HOLD=FILE                the call does not fail: it makes that file and goes on a little
+//   after
+//                                        somebody has removed it
 //
 // CALL is open, read, write, sync, thread or memory. FILTER is a part of the file's path, or the least size
 // of a request for memory. Only plain system calls are made here, and nothing is allocated.
@@ -47,11 +51,24 @@ const Fault& fault() {
     return read;
 }
 
+// The moment after it is for what other threads make of what has come meanwhile.
+void hold(const char* file) {
+    constexpr useconds_t stepUs = 1000, momentUs = 300'000;
+    ::close(::open(file, O_WRONLY | O_CREAT, 0644));
+    while (::access(file, F_OK) == 0) ::usleep(stepUs);
+    ::usleep(momentUs);
+}
+
 // Whether this call, which matches the filter, is to fail; errno is set then.
 bool failsNow() {
     const long count = ++calls;
     const Fault& f = fault();
     if (f.at == 0 || count < f.at || (count > f.at && !f.staysBroken)) return false;
+    if (std::getenv("TAVIX_FAULT_EXITS")) std::exit(1);
+    if (const char* file = std::getenv("TAVIX_FAULT_HOLD")) {
+        hold(file);
+        return false;
+    }
     errno = f.error;
     return true;
 }

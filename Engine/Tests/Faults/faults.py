@@ -230,8 +230,9 @@ def case_documents(folder):
     check("documents", not hidden(folder), f"left {hidden(folder)}")
 
 
-def started(folder, words, until):
-    process = subprocess.Popen([TAVIX, *words], cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+def started(folder, words, until, **environment):
+    process = subprocess.Popen([TAVIX, *words], cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                               env=dict(os.environ, **environment))
     deadline = time.monotonic() + 60
     while not until() and process.poll() is None and time.monotonic() < deadline:
         time.sleep(0.01)
@@ -252,13 +253,53 @@ def case_signals(folder):
             process.send_signal(number)
             _, err = process.communicate(timeout=TIMEOUT_S)
             waits.append(time.monotonic() - begin)
-            check(case, process.returncode == 128 + number, f"status {process.returncode}")
             check(case, waits[-1] < 5, "does not end soon")
-            check(case, err.decode().endswith("tavix: Stopped; nothing was written.\n"), err.decode())
-            check(case, not hidden(folder), f"left {hidden(folder)}")
-            if output:
-                check(case, (folder / output).read_bytes() == b"the older one", "the older output is gone")
+            check_stopped(case, folder, output, number, process, err)
         print(f"  {name}: ended after {' '.join(f'{wait:.2f}' for wait in waits)} s", flush=True)
+
+
+def check_stopped(case, folder, output, number, process, err):
+    check(case, process.returncode == 128 + number, f"status {process.returncode}")
+    check(case, err.decode().endswith("tavix: Stopped; nothing was written.\n"), err.decode())
+    check(case, not hidden(folder), f"left {hidden(folder)}")
+    if output:
+        check(case, (folder / output).read_bytes() == b"the older one", "the older output is gone")
+
+
+def case_moments(folder):
+    """Work that is soon done is held at chosen calls, so that the signal meets it there and nowhere else."""
+    for _ in endless_works(folder):
+        pass   # for their documents
+    counter, held = folder.parent / "count", folder.parent / "held"
+    short = {"sheet": (["sheet", "space.json", "-o", "sheet.png"], "sheet.png"),
+             "still": (["still", "space.json", "--at", "1", "-o", "still.png"], "still.png"),
+             "film": (["render", "--no-lint", "film.json", "-o", "film.mp4", "--no-cache"], "film.mp4")}
+    for name, (words, output) in short.items():
+        for call, part in (("read", "clip.mp4"), ("write", ".tavix")):
+            run(folder, words, fault=f"{call}:0:5:{part}", count=counter)
+            count = int(counter.read_text())
+            check(f"moments {name}", count > 0, f"makes no call of {call} {part}")
+            for n in spread(1, count, 4):
+                case = f"moments {name}, {call} {n} of {count}"
+                (folder / output).write_bytes(b"the older one")
+                process = started(folder, words, held.exists, LD_PRELOAD=SHIM, TAVIX_FAULT=f"{call}:{n}:5:{part}",
+                                  TAVIX_FAULT_HOLD=str(held), XDG_CACHE_HOME="/dev/null")
+                check(case, held.exists(), "ended before that call")
+                process.send_signal(signal.SIGTERM)
+                held.unlink(missing_ok=True)
+                _, err = process.communicate(timeout=TIMEOUT_S)
+                check_stopped(case, folder, output, signal.SIGTERM, process, err)
+            print(f"  {name}: {call} of {part}: held at {spread(1, count, 4)} of {count}", flush=True)
+
+
+def case_exits(folder):
+    """Some libraries end the program by themselves where they get no memory."""
+    film = Work(folder, ["render", "--no-lint", "film.json", "-o", "film.mp4"], "film.mp4")
+    for call, error, part in (("write", errno.ENOSPC, ".tavix"), ("memory", errno.ENOMEM, "65536")):
+        os.environ["TAVIX_FAULT_EXITS"] = "1"
+        felt = [film.hold(f"exits {call} {n}", fault=f"{call}:{n}:{error}:{part}") for n in (2, 5, 9)]
+        del os.environ["TAVIX_FAULT_EXITS"]
+        check("exits", all(felt), f"{call}: the program went on")
 
 
 def endless_works(folder):
@@ -278,7 +319,6 @@ def endless_works(folder):
         yield f"render {document}", ["render", "--no-lint", f"{document}.json", "-o", "film.mp4"], "film.mp4"
     yield "render long.gif", ["render", "--no-lint", "long.json", "-o", "film.gif"], "film.gif"
     yield "still heavy", ["still", "heavy.json", "--at", "30", "-o", "still.png"], "still.png"
-    yield "sheet space", ["sheet", "space.json", "-o", "sheet.png"], "sheet.png"
     yield "lint watched", ["lint", "--frames", "watched.json"], None
 
 

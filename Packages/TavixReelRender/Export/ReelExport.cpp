@@ -74,7 +74,7 @@ PiecedFilm filmOf(const Config& config) {
     film.headline = headline(film, segments.size(), totalSec);
     film.pieces = filmPieces(startsSec(segments), config.fps, film.frameCount);
     if (!spec.soundCues.empty()) film.sound = {soundOf(spec, kept->footage), config.assetRoot, totalSec};
-    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, std::size_t) {
+    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, const RenderRoom&) {
         return std::make_unique<Painter>(*kept, evaluator, log);
     };
     film.keys = [kept](const FilmFile& encoding) { return std::make_unique<ReelPieceKeys>(*kept, encoding); };
@@ -94,7 +94,7 @@ void writeStill(
     const PiecedFilm film = filmOf(config);
     FrameOutput::requireDrawableSize(film.size);
     imaging::Evaluator evaluator(config.evaluation);
-    const auto painter = film.painter(evaluator, log, MachineShare::decoderBytes(film.memoryBytes, 1));
+    const auto painter = film.painter(evaluator, log, MachineShare::roomOf(film.memoryBytes, 1));
     FrameSequenceEncoder::writeStill(painter->frame(compositionSec), film.size, file, evaluator);
 }
 

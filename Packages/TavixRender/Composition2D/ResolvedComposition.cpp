@@ -111,16 +111,15 @@ imaging::Size canvasSize(const CompositionSpec& spec) {
 
 // Of a build with a memory, that memory; a build without one makes things late, with one of its own.
 struct ResolvedComposition::Workshop {
-    static constexpr std::size_t mostPictureBytes = 24u << 20;
-
     Workshop(const imaging::Rect& bounds, const CompositionSpec& spec,
         const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
         const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* given,
-        std::size_t decoderBytes)
+        const RenderRoom& room)
         : memory(given ? *given : own.emplace()),
+          mostPictureBytes(given ? BuildMemory::mostPictureBytes : room.pictureBytes),
           isLean(!given), build{bounds, double(spec.output.fps), assetRoot, evaluator, memory.images(), fonts,
                               onceEach(log), rendererPool, memory.darkroom(), &memory.screens()} {
-        if (isLean) build.decoders = std::make_shared<media::DecoderRoom>(decoderBytes);
+        if (isLean) build.decoders = std::make_shared<media::DecoderRoom>(room.decoderBytes);
         memory.begin({bounds, build.framesPerSec, build.assetRoot}, build.log);
     }
 
@@ -144,13 +143,12 @@ struct ResolvedComposition::Workshop {
         return made;
     }
     // Decoded files that are not likely to be asked for again. What was made of them needs them no more.
-    void forgetPictures() {
-        memory.images().renew(isLean ? mostPictureBytes : BuildMemory::mostPictureBytes);
-    }
+    void forgetPictures() { memory.images().renew(mostPictureBytes); }
 
     const text::FontBook fonts = {};
     std::optional<BuildMemory> own;
     BuildMemory& memory;
+    std::size_t mostPictureBytes;
     bool isLean;
     LayerBuild build;
 };
@@ -158,13 +156,13 @@ struct ResolvedComposition::Workshop {
 ResolvedComposition::ResolvedComposition(const CompositionSpec& spec,
     const std::optional<std::filesystem::path>& assetRoot, imaging::Evaluator& evaluator,
     const RenderLog& log, Composition3DRendererPool* rendererPool, BuildMemory* memory,
-    std::size_t decoderBytes)
+    const RenderRoom& room)
     : spec_(spec),
       timeline_(spec_), bounds_{0, 0, double(spec_.output.widthPx), double(spec_.output.heightPx)} {
     const auto documentRoot =
         spec_.assetRoot ? std::optional<std::filesystem::path>(*spec_.assetRoot) : std::nullopt;
-    workshop_ = std::make_unique<Workshop>(bounds_, spec_, assetRoot ? assetRoot : documentRoot, evaluator,
-        log, rendererPool, memory, decoderBytes);
+    workshop_ = std::make_unique<Workshop>(
+        bounds_, spec_, assetRoot ? assetRoot : documentRoot, evaluator, log, rendererPool, memory, room);
     buildBackgrounds();
     buildLayers();
     if (memory) memory->end();

@@ -6,6 +6,7 @@
 #include "TavixRender/Assets/RenderLog.h"
 #include "TavixRender/Composition2D/BuildMemory.h"
 #include "TavixRender/Composition2D/LayerBuild.h"
+#include "TavixRender/Composition2D/RenderRoom.h"
 #include "TavixRender/Composition2D/ResolvedCompositionLayer.h"
 
 #include <cstddef>
@@ -25,20 +26,18 @@ imaging::Size canvasSize(const CompositionSpec& spec);
 // The document as it comes here has its beats, marks and presets resolved. Used by one thread at a time.
 class ResolvedComposition {
 public:
-    // Of clips, without a memory.
-    static constexpr std::size_t usualDecoderBytes = std::size_t{640} << 20;
-
     // The pool keeps stages of 3D devices for the next build; it must outlive this. Never fails: what cannot
     // be read is named in the log and not drawn. Relative paths belong to `assetRoot`, or to the document's
     // own when none is given. The evaluator draws what does not change in time, once.
     //
     // What a frame shows is made for the first frame that shows it and given up when it is out of sight, so
     // memory does not grow with the document. With a memory all of it is made at once and stays, and what the
-    // build before made of equal parts serves this one too. What is drawn is the same.
+    // build before made of equal parts serves this one too; the room is for builds without. What is drawn is
+    // the same.
     ResolvedComposition(const CompositionSpec& spec, const std::optional<std::filesystem::path>& assetRoot,
         imaging::Evaluator& evaluator, const RenderLog& log,
         Composition3DRendererPool* rendererPool = nullptr, BuildMemory* memory = nullptr,
-        std::size_t decoderBytes = usualDecoderBytes);
+        const RenderRoom& room = {});
     ~ResolvedComposition();
     ResolvedComposition(const ResolvedComposition&) = delete;
     ResolvedComposition& operator=(const ResolvedComposition&) = delete;

@@ -41,8 +41,9 @@ std::int64_t frameCountOf(const PiecedFilm& film, const FrameRate& fps) {
 class Sampler {
 public:
     Sampler(const PiecedFilm& film, const std::stop_token& stop)
-        : film_(film), stop_(stop), evaluator_(film.evaluation),
-          painter_(film.painter(evaluator_, log_, MachineShare::decoderBytes(film.memoryBytes, 1))) {}
+        : film_(film), stop_(stop),
+          evaluator_(MachineShare::evaluation(film.evaluation, film.memoryBytes, 1)),
+          painter_(film.painter(evaluator_, log_, MachineShare::roomOf(film.memoryBytes, 1))) {}
 
     double estimatedBytes(const Look& look) {
         const std::int64_t count = frameCountOf(film_, look.fps);
@@ -138,8 +139,8 @@ PiecedFilm made(const PiecedFilm& film, const Look& look) {
     if (film.file.format == ExportFormat::webp) other.file.rate.quality = look.quality;
     if (look.size != film.size)
         other.painter = [painter = film.painter, size = look.size](
-                            imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes) {
-            return std::make_unique<ReducedPainter>(painter(evaluator, log, decoderBytes), size);
+                            imaging::Evaluator& evaluator, const RenderLog& log, const RenderRoom& room) {
+            return std::make_unique<ReducedPainter>(painter(evaluator, log, room), size);
         };
     return other;
 }

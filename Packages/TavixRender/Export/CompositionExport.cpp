@@ -17,9 +17,9 @@ using CompositionRenderer::Config;
 class Painter final : public PiecedFilm::Painter {
 public:
     Painter(std::shared_ptr<const Config> config, imaging::Evaluator& evaluator, const RenderLog& log,
-        std::size_t decoderBytes)
+        const RenderRoom& room)
         : config_(std::move(config)),
-          resolved_(config_->spec, config_->assetRoot, evaluator, log, nullptr, nullptr, decoderBytes) {}
+          resolved_(config_->spec, config_->assetRoot, evaluator, log, nullptr, nullptr, room) {}
 
     imaging::Image frame(double atSec) override { return resolved_.frame(atSec); }
     std::vector<std::size_t> partsAt(double atSec) const override {
@@ -67,8 +67,8 @@ PiecedFilm filmOf(const Config& config) {
         if (!root && spec.assetRoot) root = *spec.assetRoot;
         film.sound = {*spec.audio, root, totalSec};
     }
-    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes) {
-        return std::make_unique<Painter>(kept, evaluator, log, decoderBytes);
+    film.painter = [kept](imaging::Evaluator& evaluator, const RenderLog& log, const RenderRoom& room) {
+        return std::make_unique<Painter>(kept, evaluator, log, room);
     };
     film.keys = [kept](const FilmFile& encoding) { return std::make_unique<Keys>(kept, encoding); };
     film.evaluation = config.evaluation;

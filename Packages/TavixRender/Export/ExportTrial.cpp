@@ -72,8 +72,8 @@ struct Stretch {
 Stretch encoded(const PiecedFilm& film, const std::stop_token& stop) {
     const std::int64_t most = std::min(film.frameCount, mostFrames);
     const auto first = std::min(std::int64_t(double(film.frameCount) * atFraction), film.frameCount - most);
-    imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, {}, MachineShare::decoderBytes(film.memoryBytes, 1));
+    imaging::Evaluator evaluator(MachineShare::evaluation(film.evaluation, film.memoryBytes, 1));
+    const auto painter = film.painter(evaluator, {}, MachineShare::roomOf(film.memoryBytes, 1));
     painter->frame(film.fps.secAt(first));   // files are opened once for the whole film
     Stretch done;
     const auto encode = [&](auto&& encoder) {

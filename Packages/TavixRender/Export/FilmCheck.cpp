@@ -117,8 +117,8 @@ Likeness verify(const PiecedFilm& film, const std::filesystem::path& file,
     const std::int64_t step = std::max<std::int64_t>(fps.frameNearest(1), 1);
     const imaging::Size size = film.size;
     const imaging::PixelRegion canvas{0, 0, size.width, size.height};
-    imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, {}, MachineShare::decoderBytes(film.memoryBytes, 1));
+    imaging::Evaluator evaluator(MachineShare::evaluation(film.evaluation, film.memoryBytes, 1));
+    const auto painter = film.painter(evaluator, {}, MachineShare::roomOf(film.memoryBytes, 1));
     const auto frames =
         media::VideoFile(file).framesFrom(0, std::numeric_limits<double>::infinity(), media::Pace::onDemand);
     Likeness likeness;

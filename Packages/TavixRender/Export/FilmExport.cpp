@@ -38,8 +38,8 @@ private:
 
 void writeWhole(const PiecedFilm& film, const RenderLog& log, const FilmWriter::Progress& onProgress,
     const std::stop_token& stop) {
-    imaging::Evaluator evaluator(film.evaluation);
-    const auto painter = film.painter(evaluator, log, MachineShare::decoderBytes(film.memoryBytes, 1));
+    imaging::Evaluator evaluator(MachineShare::evaluation(film.evaluation, film.memoryBytes, 1));
+    const auto painter = film.painter(evaluator, log, MachineShare::roomOf(film.memoryBytes, 1));
     const FilmFrames frames{
         film.size, film.fps, film.frameCount, [&](double atSec) { return painter->frame(atSec); }};
     FilmWriter::write(frames, film.file, evaluator, log, onProgress, stop);

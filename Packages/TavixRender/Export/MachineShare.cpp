@@ -37,9 +37,26 @@ std::size_t memoryBytes(std::size_t asked) {
     return asked > 0 ? asked : std::min(machineBytes(), containerBytes()) / 4;
 }
 
-std::size_t decoderBytes(std::size_t asked, int workers) {
-    constexpr std::size_t least = std::size_t{64} << 20, most = std::size_t{640} << 20;
-    return std::clamp(memoryBytes(asked) / std::size_t(std::max(workers, 1)) / 3, least, most);
+namespace {
+
+constexpr std::size_t MB = std::size_t{1} << 20;
+
+std::size_t shareOf(std::size_t asked, int workers) {
+    return memoryBytes(asked) / std::size_t(std::max(workers, 1));
+}
+
+}   // namespace
+
+RenderRoom roomOf(std::size_t asked, int workers) {
+    const RenderRoom most;
+    const std::size_t share = shareOf(asked, workers);
+    return {std::clamp(share / 3, 64 * MB, most.decoderBytes), std::min(share / 16, most.pictureBytes)};
+}
+
+imaging::EvaluatorOptions evaluation(imaging::EvaluatorOptions options, std::size_t asked, int workers) {
+    options.cacheBytes =
+        std::min(options.cacheBytes, std::clamp(shareOf(asked, workers) / 8, 8 * MB, 64 * MB));
+    return options;
 }
 
 }   // namespace tavix::MachineShare

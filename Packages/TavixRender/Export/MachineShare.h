@@ -1,6 +1,9 @@
 // How much of the machine a render may take.
 #pragma once
 
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixRender/Composition2D/RenderRoom.h"
+
 #include <cstddef>
 
 namespace tavix::MachineShare {
@@ -11,7 +14,9 @@ int cores();   // that this program may run on; at least 1
 // program runs in, has.
 std::size_t memoryBytes(std::size_t asked);
 
-// Of these, what the decoders of clips of one worker may take.
-std::size_t decoderBytes(std::size_t asked, int workers);
+// What one of so many workers keeps of these bytes: a third for the decoders of clips, a sixteenth for
+// decoded pictures, and an eighth for what its evaluator has drawn, none of them more than pays.
+RenderRoom roomOf(std::size_t asked, int workers);
+imaging::EvaluatorOptions evaluation(imaging::EvaluatorOptions options, std::size_t asked, int workers);
 
 }   // namespace tavix::MachineShare

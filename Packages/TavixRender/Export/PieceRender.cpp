@@ -32,8 +32,8 @@ class Worker {
 public:
     Worker(const PiecedFilm& film, const imaging::EvaluatorOptions& evaluation, int workers,
         const RenderLog& log)
-        : film_(film), evaluator_(evaluation), painter_(film.painter(evaluator_, watched(log),
-                                                   MachineShare::decoderBytes(film.memoryBytes, workers))) {}
+        : film_(film), evaluator_(evaluation),
+          painter_(film.painter(evaluator_, watched(log), MachineShare::roomOf(film.memoryBytes, workers))) {}
 
     void write(const FilmPiece& piece, const std::filesystem::path& file,
         const std::function<void()>& onFrame, const std::stop_token& stop) {
@@ -191,13 +191,6 @@ std::string storeFault(const std::filesystem::path& folder, const std::error_cod
            "another folder in XDG_CACHE_HOME, or use --no-cache.";
 }
 
-// Of results that one worker keeps from frame to frame: an eighth of its share of the memory, and no more
-// than pays.
-std::size_t cacheBytes(const PiecedFilm& film, int workers) {
-    constexpr std::size_t least = std::size_t{8} << 20, most = std::size_t{64} << 20;
-    return std::clamp(MachineShare::memoryBytes(film.memoryBytes) / std::size_t(workers) / 8, least, most);
-}
-
 }   // namespace
 
 int workerCount(const PiecedFilm& film, std::size_t pieces) {
@@ -253,9 +246,8 @@ Report writeAll(const PiecedFilm& film, const std::vector<FilmPiece>& pieces,
     const int workers = workerCount(film, jobs.size());
     std::mutex telling;
     const RenderLog shared = workers > 1 ? oneAtATime(onceEach(log), telling) : log;
-    imaging::EvaluatorOptions evaluation = film.evaluation;
+    auto evaluation = MachineShare::evaluation(film.evaluation, film.memoryBytes, workers);
     if (workers > 1) evaluation.threadCount = 2;
-    evaluation.cacheBytes = std::min(evaluation.cacheBytes, cacheBytes(film, workers));
     Shop shop{film, jobs, store, keys.get(), shared, counter, evaluation, workers, stop};
     if (workers > 1)
         runSideBySide(shop, stop);

@@ -5,6 +5,7 @@
 #include "TavixBase/Digest.h"
 #include "TavixCore/Document/CompositionAudio.h"
 #include "TavixRender/Assets/RenderLog.h"
+#include "TavixRender/Composition2D/RenderRoom.h"
 #include "TavixRender/Encoding/FilmWriter.h"
 #include "TavixRender/Export/FilmPieces.h"
 
@@ -51,10 +52,10 @@ struct PiecedFilm {
     std::int64_t frameCount = 0;
     std::vector<FilmPiece> pieces;
     std::optional<Sound> sound;
-    // The evaluator outlives the painter; decoders of clips get by with so many bytes. Throws a `Failure` for
+    // The evaluator outlives the painter, which gets by with that room. Throws a `Failure` for
     // what cannot be drawn at all.
     std::function<std::unique_ptr<Painter>(
-        imaging::Evaluator& evaluator, const RenderLog& log, std::size_t decoderBytes)>
+        imaging::Evaluator& evaluator, const RenderLog& log, const RenderRoom& room)>
         painter;
     // Of pieces that are encoded so. Reads the files that the film is made from.
     std::function<std::unique_ptr<Keys>(const FilmFile& encoding)> keys;
