@@ -107,6 +107,30 @@ Bitmap halvedBitmapOf(const AVFrame& frame, int halvings, const std::shared_ptr<
     return halved;
 }
 
+// The first halving is of the planes, which is a quarter of the work; what is left is done by means.
+Bitmap halvedByPlanes(const AVFrame& frame, const VideoPlanes& planes, int halvings,
+    const std::shared_ptr<imaging::BytePool>& pool) {
+    Bitmap half = Bitmap::uninitialised({frame.width / 2, frame.height / 2}, pool);
+    planes.convertHalved(half.view());
+    if (halvings == 1) return half;
+    const int side = 1 << (halvings - 1);
+    Bitmap halved = Bitmap::uninitialised({half.size().width / side, half.size().height / side}, pool);
+    for (int y = 0; y < halved.size().height; ++y)
+        putMeans({half.view().row(y * side), {half.size().width, side}, half.view().strideBytes},
+            halved.view().row(y));
+    return halved;
+}
+
+Bitmap reducedBitmapOf(
+    const AVFrame& frame, const FrameSetting& setting, const std::shared_ptr<imaging::BytePool>& pool) {
+    const int mask = (1 << setting.halvings) - 1;   // films may change their size on the way
+    if (setting.halvings == 0 || ((frame.width | frame.height) & mask) != 0) return bitmapOf(frame, pool);
+    if (setting.halvesPlanes)
+        if (const auto planes = VideoPlanes::of(frame); planes && planes->canHalve())
+            return halvedByPlanes(frame, *planes, setting.halvings, pool);
+    return halvedBitmapOf(frame, setting.halvings, pool);
+}
+
 // EXIF's number for a display matrix; turns that are no quarter turn count as the nearest one.
 int orientationOf(const std::int32_t* matrix) {
     // Rows of the matrix say where the picture's axes point, y down: x to (m0, m1), y to (m3, m4).
@@ -159,10 +183,7 @@ bool canConvert(const AVFrame& frame) {
 
 imaging::Image imageOf(
     const AVFrame& frame, const FrameSetting& setting, const std::shared_ptr<imaging::BytePool>& pool) {
-    const int mask = (1 << setting.halvings) - 1;   // films may change their size on the way
-    const bool isHalved = setting.halvings > 0 && ((frame.width | frame.height) & mask) == 0;
-    Bitmap bitmap = upright(isHalved ? halvedBitmapOf(frame, setting.halvings, pool) : bitmapOf(frame, pool),
-        setting.orientation);
+    Bitmap bitmap = upright(reducedBitmapOf(frame, setting, pool), setting.orientation);
     if (hasAlpha(AVPixelFormat(frame.format)))
         bitmap.indexCoverage();
     else

@@ -14,6 +14,7 @@ struct FrameSetting {
     AVRational pixelAspect{1, 1};
     int halvings =
         0;   // of both sides, which they divide, by means of what each pixel covers; the extent stays
+    bool halvesPlanes = false;   // the first time before colours are made, with chroma as it lies
 };
 FrameSetting frameSettingOf(AVFormatContext& format, AVStream& track);
 // The coarser direction of pixels that are not square is stretched, to a whole number of them.

@@ -25,9 +25,9 @@ int decoderThreads() {
 
 class ForwardFrames final : public VideoFrames {
 public:
-    ForwardFrames(std::filesystem::path path, const std::optional<imaging::Size>& shownPx, double startSec,
+    ForwardFrames(std::filesystem::path path, const std::optional<ShownBox>& shown, double startSec,
         double endSec, std::shared_ptr<imaging::BytePool> pool)
-        : path_(std::move(path)), shownPx_(shownPx), startSec_(startSec), endSec_(endSec),
+        : path_(std::move(path)), shown_(shown), startSec_(startSec), endSec_(endSec),
           pool_(std::move(pool)) {
         open(decoderThreads());
     }
@@ -96,10 +96,10 @@ private:
     }
 
     void reopen() { open(isAlone_ ? 1 : decoderThreads()); }
-    void open(int threads) { track_ = std::make_unique<VideoTrack>(path_, threads, shownPx_); }
+    void open(int threads) { track_ = std::make_unique<VideoTrack>(path_, threads, shown_); }
 
     std::filesystem::path path_;
-    std::optional<imaging::Size> shownPx_;
+    std::optional<ShownBox> shown_;
     double startSec_, endSec_;
     std::shared_ptr<imaging::BytePool> pool_;
     std::unique_ptr<VideoTrack> track_;
@@ -110,9 +110,9 @@ private:
 
 class SyncFrames final : public RandomAccessFrames {
 public:
-    SyncFrames(std::filesystem::path path, const std::optional<imaging::Size>& shownPx,
+    SyncFrames(std::filesystem::path path, const std::optional<ShownBox>& shown,
         std::shared_ptr<imaging::BytePool> pool)
-        : path_(std::move(path)), shownPx_(shownPx), pool_(std::move(pool)), track_(path_, 1, shownPx_) {}
+        : path_(std::move(path)), shown_(shown), pool_(std::move(pool)), track_(path_, 1, shown_) {}
 
     std::optional<VideoFrame> frame(double startSec, double durationSec) override try {
         const auto isInRange = [&](double sec) {
@@ -123,7 +123,7 @@ public:
         if (const auto decoded = track_.nextAlone(); decoded && isInRange(decoded->ptsSec))
             return track_.shown(*decoded, pool_);
         // The container did not find the sample, or one packet is not enough: walk there.
-        auto walked = ForwardFrames(path_, shownPx_, startSec, startSec + durationSec, pool_).next();
+        auto walked = ForwardFrames(path_, shown_, startSec, startSec + durationSec, pool_).next();
         hasFailed_ = !walked;
         return walked && isInRange(walked->ptsSec()) ? walked : std::nullopt;
     } catch (const MediaError&) {
@@ -134,7 +134,7 @@ public:
 
 private:
     std::filesystem::path path_;
-    std::optional<imaging::Size> shownPx_;
+    std::optional<ShownBox> shown_;
     std::shared_ptr<imaging::BytePool> pool_;
     VideoTrack track_;
     bool hasFailed_ = false;
@@ -147,8 +147,8 @@ VideoFile::VideoFile(std::filesystem::path path, VideoManner manner)
       pool_(std::make_shared<imaging::BytePool>(mostIdleBytes)) {}
 
 std::unique_ptr<VideoFrames> VideoFile::framesFrom(double startSec, double endSec, Pace pace) {
-    const auto open = [path = path_, shownPx = manner_.shownPx, endSec, pool = pool_](double fromSec) {
-        auto frames = std::make_unique<ForwardFrames>(path, shownPx, fromSec, endSec, pool);
+    const auto open = [path = path_, shown = manner_.shown, endSec, pool = pool_](double fromSec) {
+        auto frames = std::make_unique<ForwardFrames>(path, shown, fromSec, endSec, pool);
         const std::size_t decoderBytes = frames->track().decoderBytes();
         const std::size_t frameBytes = frames->track().frameBytes();
         return FramesInTurn::Opened{std::move(frames), decoderBytes, frameBytes};
@@ -162,7 +162,7 @@ std::unique_ptr<VideoFrames> VideoFile::framesFrom(double startSec, double endSe
 }
 
 std::unique_ptr<RandomAccessFrames> VideoFile::randomAccess() {
-    return std::make_unique<SyncFrames>(path_, manner_.shownPx, pool_);
+    return std::make_unique<SyncFrames>(path_, manner_.shown, pool_);
 }
 
 std::vector<VideoSample> VideoFile::samples() {

@@ -22,9 +22,7 @@ constexpr std::int64_t mostFramePixels = std::int64_t{8192} * 4608;
 // How pictures are wanted.
 struct VideoManner {
     std::shared_ptr<DecoderRoom> room = nullptr;   // that decoders of pictures in order share
-    // The pictures are drawn to fill a box of that size in pixels, and never larger. Those of more than 1920
-    // x 1200 are halved when they are converted, as long as they fill it; their extent stays what it was.
-    std::optional<imaging::Size> shownPx = std::nullopt;
+    std::optional<ShownBox> shown = std::nullopt;
 };
 
 // Opening is left to the operations. May be shared by threads; what they give may not.

@@ -8,6 +8,7 @@ extern "C" {
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace tavix::media {
 namespace {
@@ -141,6 +142,31 @@ void VideoPlanes::convert(const imaging::BitmapView& to, int firstRow) const {
         const imaging::VideoRow row = rowAt(y, rule.nearWeight);
         imaging::kernels().videoToPixels(out, row, rule);
         if (hasAlpha_) putAlpha(out, y);
+    }
+}
+
+bool VideoPlanes::canHalve() const {
+    return rule_.bits == 8 && rule_.halvesWidth && halvesHeight_ && !hasAlpha_;
+}
+
+void VideoPlanes::convertHalved(const imaging::BitmapView& to) const {
+    imaging::VideoRule rule = rule_;
+    rule.halvesWidth = false;
+    rule.nearWeight = 4;
+    const auto width = static_cast<std::size_t>(to.size.width);
+    std::vector<std::uint8_t> luma(width);
+    for (int y = 0; y < to.size.height; ++y) {
+        const std::uint8_t* above = frame_.data[0] + std::ptrdiff_t{2} * y * frame_.linesize[0];
+        const std::uint8_t* below = above + frame_.linesize[0];
+        for (std::size_t x = 0; x < width; ++x) {
+            const unsigned sum = above[2 * x] + above[2 * x + 1] + below[2 * x] + below[2 * x + 1] + 2U;
+            luma[x] = static_cast<std::uint8_t>(sum / 4);
+        }
+        const auto chroma = [&](int plane) -> const void* {
+            return frame_.data[plane] + std::ptrdiff_t{y} * frame_.linesize[plane];
+        };
+        const imaging::VideoRow row{width, luma.data(), {chroma(1), chroma(2)}, {chroma(1), chroma(2)}};
+        imaging::kernels().videoToPixels(reinterpret_cast<std::uint32_t*>(to.row(y)), row, rule);
     }
 }
 

@@ -23,6 +23,14 @@ public:
     // Straight colour, of as many rows as the view has, which is as wide as the frame.
     void convert(const imaging::BitmapView& to, int firstRow = 0) const;
 
+    // Whether chroma is halved both ways, so that there is a sample of it for every four of luma; of eight
+    // bits, and without alpha.
+    bool canHalve() const;
+    // The same at half the size, of frames whose sides are even: luma by means, chroma sample by sample.
+    // Where chroma stands on the left columns of luma, it comes out a quarter of a pixel too far to the
+    // right.
+    void convertHalved(const imaging::BitmapView& to) const;
+
 private:
     explicit VideoPlanes(const AVFrame& frame) : frame_(frame) {}
     imaging::VideoRow rowAt(int y, int& nearWeight) const;

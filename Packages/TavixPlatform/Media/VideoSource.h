@@ -58,6 +58,15 @@ struct VideoSample {
     bool isSync;   // can be decoded without any other
 };
 
+// Pictures are drawn to fill a box of that size in pixels, and never larger. They are halved when they are
+// converted, as long as they fill it; their extent stays what it was. For films those of more than 1920 x
+// 1200 are, for previews all, at less care for where chroma stands.
+struct ShownBox {
+    imaging::Size px;
+    bool isPreview = false;
+    bool operator==(const ShownBox&) const = default;
+};
+
 // How pictures will be asked for: each one in turn, so that the next may be decoded while one is shown; or
 // now and then.
 enum class Pace { steady, onDemand };

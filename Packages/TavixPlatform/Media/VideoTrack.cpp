@@ -45,20 +45,20 @@ int halvingsFor(imaging::Size coded, imaging::Size shown, imaging::Size box) {
     return halvings;
 }
 
-FrameSetting settingOf(
-    const MediaInput& input, AVStream& track, const std::optional<imaging::Size>& shownPx) {
+FrameSetting settingOf(const MediaInput& input, AVStream& track, const std::optional<ShownBox>& shown) {
     FrameSetting setting = frameSettingOf(input.format(), track);
     const imaging::Size coded{track.codecpar->width, track.codecpar->height};
     const bool isLarge = std::int64_t{coded.width} * coded.height > mostPixelsOfOneThread;
-    if (shownPx && isLarge) setting.halvings = halvingsFor(coded, shownSizeOf(coded, setting), *shownPx);
+    if (!shown || !(isLarge || shown->isPreview)) return setting;
+    setting.halvings = halvingsFor(coded, shownSizeOf(coded, setting), shown->px);
+    setting.halvesPlanes = shown->isPreview;
     return setting;
 }
 
 }   // namespace
 
-VideoTrack::VideoTrack(
-    const std::filesystem::path& path, int threads, const std::optional<imaging::Size>& shownPx)
-    : input_(path), track_(showableTrack(input_)), setting_(settingOf(input_, track_, shownPx)),
+VideoTrack::VideoTrack(const std::filesystem::path& path, int threads, const std::optional<ShownBox>& shown)
+    : input_(path), track_(showableTrack(input_)), setting_(settingOf(input_, track_, shown)),
       threads_(usefulThreads(track_, threads)), decoder_(input_, track_, threads_) {}
 
 std::size_t VideoTrack::frameBytes() const {

@@ -18,9 +18,8 @@ AVStream& firstVideoTrack(const MediaInput& input);
 // Frames in rising order of time, from wherever it was sent to. Used by one thread at a time.
 class VideoTrack {
 public:
-    // `shownPx` as in VideoManner.
-    VideoTrack(
-        const std::filesystem::path& path, int threads, const std::optional<imaging::Size>& shownPx = {});
+    // `shown` as in VideoManner.
+    VideoTrack(const std::filesystem::path& path, int threads, const std::optional<ShownBox>& shown = {});
 
     struct Decoded {
         std::shared_ptr<AVFrame> frame;

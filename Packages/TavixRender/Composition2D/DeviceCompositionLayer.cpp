@@ -57,21 +57,31 @@ Image stillUnitAt(
     return bezel.over(CanvasDrawing::masked(placed, shape));
 }
 
+// What the screen's pictures fill, with a little to spare for what moves about.
+imaging::Size largestShown(const PixelRect& screen, double magnification) {
+    constexpr double spare = 1.25, mostPx = 1 << 20;
+    const auto side = [&](double px) {
+        return int(std::ceil(std::clamp(spare * magnification * px, 1.0, mostPx)));
+    };
+    return {side(screen.width), side(screen.height)};
+}
+
 }   // namespace
 
 DeviceCompositionLayer::DeviceCompositionLayer(
     const DeviceContent& content, const CompositionLayer& layer, const LayerBuild& build)
-    : bounds_(build.bounds), screen_(screenFor(content.screen, build)),
-      screenFade_(timedKeyframes(content.screenOpacity)),
+    : bounds_(build.bounds), screenFade_(timedKeyframes(content.screenOpacity)),
       trajectory_(FlatDeviceMotion::trajectoryOf(content, build.bounds, build.framesPerSec)) {
     const double magnification = peakMagnification(layer) * peakScale(trajectory_);
     if (build.rendererPool != nullptr) {   // a preview
         const CanvasDrawing::Bezel bezel = CanvasDrawing::keptBezel(
             content.mockup, content.basePaddingPx, bounds_, build.assetRoot, build.images, build.evaluator);
         device_ = {bezel.place, Image()};
+        screen_ = screenFor(content.screen, build, true, largestShown(device_.screenRect, magnification));
         bake(bezel, magnification, build.evaluator);
         return;
     }
+    screen_ = screenFor(content.screen, build);
     device_ = CanvasDrawing::resolveDevice(
         content.mockup, content.basePaddingPx, bounds_, build.assetRoot, build.images);
     bake({device_, device_.picture.extent().height,

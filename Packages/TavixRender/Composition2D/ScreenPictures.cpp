@@ -9,6 +9,8 @@ namespace tavix {
 
 ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, const LayerBuild& build,
     const std::optional<imaging::Size>& shownPx) {
+    std::optional<media::ShownBox> shown;
+    if (shownPx) shown = media::ShownBox{*shownPx, build.rendererPool != nullptr};
     std::visit(Overloaded{
                    [&](const StillScreen& still) {
                        still_ = build.images.image(CompositionAssets::resolved(still.path, build.assetRoot));
@@ -16,7 +18,7 @@ ScreenPictures::ScreenPictures(const ScreenSource& source, bool holdsLastFrame, 
                    [&](const VideoClip& clip) {
                        clip_.emplace(CompositionAssets::resolved(clip.path, build.assetRoot), clip,
                            holdsLastFrame, build.log, build.rendererPool ? build.log : RenderLog(),
-                           media::VideoManner{build.decoders, shownPx});
+                           media::VideoManner{build.decoders, shown});
                    },
                    [&](const ReelClip& reel) {
                        reel_.emplace(CompositionAssets::resolved(reel.path, build.assetRoot), build.log);

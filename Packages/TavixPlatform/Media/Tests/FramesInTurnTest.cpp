@@ -148,7 +148,7 @@ TEST(VideoFile, HalvesWhatIsDrawnSmallAndNothingElse) {
         {{1280, 2048}, 1}, {{641, 100}, 1}, {{640, 100}, 2}, {{100, 1024}, 2}, {{320, 512}, 4}, {{1, 1}, 16}};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.box.width) + " x " + std::to_string(c.box.height));
-        const imaging::Image image = picture({nullptr, c.box});
+        const imaging::Image image = picture({nullptr, ShownBox{c.box}});
         EXPECT_EQ(image.extent(), whole.extent());
         const imaging::Size size{1280 / c.side, 2048 / c.side};
         const imaging::Bitmap small =

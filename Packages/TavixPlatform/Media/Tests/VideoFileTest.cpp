@@ -255,6 +255,40 @@ TEST_F(VideoFileTest, PutsChromaWhereTheFilmSaysItStands) {
     }
 }
 
+// A chequered picture, red on the left, which halving makes plain.
+TEST_F(VideoFileTest, HalvesPicturesOfPreviewsToTheMeanOfWhatTheyCover) {
+    ClipRecipe recipe{.path = folder_ / "chequered.mp4", .times = {0}};
+    recipe.options = {{"qp", "0"}};
+    recipe.paint = [](AVFrame& frame, int) {
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x) frame.data[0][y * frame.linesize[0] + x] = (x + y) % 2 ? 180 : 80;
+        for (int plane : {1, 2}) fillPlane(frame, plane, 128);
+        for (int y = 0; y < 32; ++y) std::fill_n(frame.data[2] + y * frame.linesize[2], 16, 158);
+    };
+    const imaging::Image whole = firstPicture(recipe);
+    const struct {
+        ShownBox box;
+        bool isHalved;
+    } cases[] = {{{{32, 32}, true}, true}, {{{16, 20}, true}, true}, {{{16, 16}, true}, true},
+        {{{20, 33}, true}, false}, {{{16, 16}, false}, false}};
+    for (const auto& c : cases) {
+        const auto frames = VideoFile(recipe.path, {.shown = c.box}).framesFrom(0, endless, Pace::onDemand);
+        const imaging::Image image = frames->next()->image();
+        EXPECT_EQ(image.extent(), whole.extent());
+        for (const int x : {10, 11, 50}) {
+            Rgba expected = pixelAt(whole, x, 20);
+            const Rgba beside = pixelAt(whole, x + 1, 20);
+            if (c.isHalved)
+                expected = {(expected.r + beside.r) / 2, (expected.g + beside.g) / 2,
+                    (expected.b + beside.b) / 2, 255};
+            const Rgba shown = pixelAt(image, x, 20);
+            EXPECT_NEAR(shown.r, expected.r, 2) << x << ", box " << c.box.px.width;
+            EXPECT_NEAR(shown.g, expected.g, 2) << x << ", box " << c.box.px.width;
+            EXPECT_NEAR(shown.b, expected.b, 2) << x << ", box " << c.box.px.width;
+        }
+    }
+}
+
 TEST_F(VideoFileTest, TurnsFramesUpright) {
     // Where the upper left corner of the stored picture goes to.
     const struct {
