@@ -8,6 +8,7 @@
 #include "Engine/System/Errors.h"
 #include "Engine/System/Interruption.h"
 #include "Engine/System/SystemWatch.h"
+#include "TavixPlatform/Media/LateLibrary.h"
 #include "TavixRender/Export/AnimationFit.h"
 #include "TavixRender/Export/FilmCheck.h"
 #include "TavixRender/Export/FilmExport.h"
@@ -127,6 +128,8 @@ void FilmRender::write(PiecedFilm film, const OutputChoice& choice, const Teller
     HardwareFilm::Outcome made;
     std::string refused;
     const SystemWatch::Task task("to render the film");
+    // Without memory the loader ends the program at once, which would leave what is unfinished lying.
+    if (choice.format == ExportFormat::video) media::loadLateLibraries();
     lines.stage("render");
     const auto writeUnfinished = [&](const std::filesystem::path& unfinished) {
         film.file.output = unfinished;

@@ -146,6 +146,10 @@ int posix_memalign(void** to, std::size_t alignment, std::size_t bytes) noexcept
     return 0;
 }
 
+// libnuma, which comes with an encoder, ends the program where it gets no memory, and says so here before
+// (numa(3), "numa_error"): our sentence follows.
+void numa_error(char*) noexcept {}
+
 int pthread_create(
     pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*), void* argument) noexcept {
     static const auto real =
