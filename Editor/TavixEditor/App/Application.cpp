@@ -3,6 +3,7 @@
 #include "Editor/EditorToolchain/CLIInstaller.h"
 #include "TavixEditor/App/Studio.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Windows/EditorView.h"
 #include "TavixEditor/Windows/GalleryWindow.h"
 #include "TavixEditor/Windows/MainWindow.h"
 
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <system_error>
 #include <utility>
 
 namespace tavix::editor {
@@ -29,9 +31,10 @@ Application::Application(system::StandardFolders folders)
 
 Application::~Application() = default;
 
+// A window that shows the welcome screen: in one with the editor a document is open, or on its way.
 Application::Place& Application::emptyPlace() {
     for (const auto& place : places_)
-        if (!place->studio.model.state.isLoaded() && place->window.isVisible()) return *place;
+        if (place->window.isVisible() && !place->window.editor().isVisible()) return *place;
     const bool isFirst = places_.empty();
     places_.push_back(std::make_unique<Place>(folders_, themes_));
     Place& made = *places_.back();
@@ -75,17 +78,30 @@ void Application::refreshEngines(Studio& studio) {
 }
 
 void Application::open(const QStringList& bundles) {
+    Place* front = nullptr;
     for (const QString& bundle : bundles) {
-        Place& place = emptyPlace();
-        place.window.show();
-        place.window.openDocument(pathOf(bundle));
+        front = placeOf(pathOf(bundle));
+        if (front) continue;
+        front = &emptyPlace();
+        front->window.show();
+        front->window.openDocument(pathOf(bundle));
     }
-    const bool isAnyVisible = std::any_of(
-        places_.begin(), places_.end(), [](const auto& place) { return place->window.isVisible(); });
-    Place& front = isAnyVisible ? *places_.back() : emptyPlace();
-    front.window.show();
-    front.window.raise();
-    front.window.activateWindow();
+    const auto visible = std::find_if(
+        places_.rbegin(), places_.rend(), [](const auto& place) { return place->window.isVisible(); });
+    if (!front) front = visible != places_.rend() ? visible->get() : &emptyPlace();
+    front->window.show();
+    front->window.raise();
+    front->window.activateWindow();
+}
+
+// Two windows would save over each other.
+Application::Place* Application::placeOf(const std::filesystem::path& bundle) {
+    const auto found = std::find_if(places_.begin(), places_.end(), [&](const auto& place) {
+        const auto& open = place->studio.model.state.bundle();
+        std::error_code unknown;
+        return place->window.isVisible() && open && std::filesystem::equivalent(*open, bundle, unknown);
+    });
+    return found == places_.end() ? nullptr : found->get();
 }
 
 // One after another, each with its question; who stays ends it.

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -20,12 +21,14 @@ public:
     explicit Application(system::StandardFolders folders);
     ~Application();
 
-    // The first goes into a window that shows nothing yet; without any, a window comes to the front.
+    // One that is open already comes to the front, and the others stand in windows of their own, the first of
+    // them in one that shows nothing yet. Without any, a window comes to the front.
     void open(const QStringList& bundles);
 
 private:
     struct Place;
     Place& emptyPlace();
+    Place* placeOf(const std::filesystem::path& bundle);
     void leave(Place& place);
     void share(Place& place);
     void closeNext();
