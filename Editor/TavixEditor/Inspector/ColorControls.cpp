@@ -9,12 +9,12 @@
 #include "TavixCore/Theme/BackgroundCatalog.h"
 #include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
+#include "TavixEditor/Inspector/ColorPopup.h"
 #include "TavixEditor/Inspector/GradientBar.h"
 #include "TavixEditor/Inspector/InspectorWords.h"
 #include "TavixEditor/Inspector/ScrubField.h"
+#include "TavixEditor/Inspector/Swatch.h"
 
-#include <QAbstractButton>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <vector>
 
 namespace tavix::editor {
 
@@ -31,42 +32,12 @@ using namespace design;
 
 namespace {
 
-class Swatch final : public QAbstractButton {
-public:
-    explicit Swatch(QWidget* parent) : QAbstractButton(parent) {
-        setFixedSize(36, height::field);
-        setFocusPolicy(Qt::TabFocus);
-        setCursor(Qt::PointingHandCursor);
-    }
-    void setColor(const std::optional<RGBAColor>& color) {
-        color_ = color;
-        update();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        const Theme& theme = Style::theme();
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QRectF box = QRectF(rect()).adjusted(1, 1, -1, -1);
-        if (color_) {
-            paintChecks(painter, box, radius::field - 1);
-            drawBox(painter, box, radius::field - 1, qColor(*color_), withAlpha(theme.text, 0.25));
-        } else {
-            drawBox(painter, box, radius::field - 1, theme.field, theme.hairline);
-        }
-        if (hasFocus()) drawBox(painter, rect(), radius::field, Qt::transparent, theme.focus, 1.5);
-    }
-
-private:
-    std::optional<RGBAColor> color_;
-};
-
 // A swatch that opens a chooser, and the colour in digits.
 class ColorField final : public QWidget {
 public:
-    explicit ColorField(const QString& name, QWidget* parent)
-        : QWidget(parent), swatch_(new Swatch(this)), hex_(new QLineEdit(this)) {
+    ColorField(const QString& name, RowEdits& edits, QWidget* parent)
+        : QWidget(parent), edits_(edits), swatch_(new Swatch({36, height::field}, this)),
+          hex_(new QLineEdit(this)) {
         auto* line = new QHBoxLayout(this);
         line->setContentsMargins(0, 0, 0, 0);
         line->setSpacing(space::small);
@@ -102,19 +73,20 @@ private:
         if (onChange) onChange(color, isEditing);
     }
     void choose() {
-        auto* dialog = new QColorDialog(color_ ? qColor(*color_) : QColor(Qt::white), this);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
-        dialog->setWindowTitle(InspectorWords::tr("Colour"));
-        const auto before = color_;
-        connect(dialog, &QColorDialog::currentColorChanged, this,
-            [this](const QColor& color) { tell(rgba(color), true); });
-        connect(dialog, &QDialog::finished, this, [this, before](int result) {
-            if (const auto color = result == QDialog::Accepted ? color_ : before) tell(*color, false);
-        });
-        dialog->open();
+        ColorPopup::Events events;
+        events.onChange = [this](const RGBAColor& color) { tell(color, true); };
+        events.onEnd = [this, before = color_](bool isKept) {
+            if (color_ == before) return edits_.giveUp();
+            if (isKept) return tell(*color_, false);
+            setColor(before);
+            edits_.giveUp();
+        };
+        const QPoint corner = swatch_->mapToGlobal(QPoint(0, height() + space::tight));
+        ColorPopup::show(
+            this, corner, color_.value_or(RGBAColor::white), edits_.colorsInUse(), std::move(events));
     }
 
+    RowEdits& edits_;
     Swatch* swatch_;
     QLineEdit* hex_;
     std::optional<RGBAColor> color_;
@@ -166,7 +138,7 @@ public:
             for (const BasicCompositionTheme theme : allThemes) themes_->addItem(words(label(theme)));
             themes_->setPlaceholderText(InspectorWords::tr("Hand-made"));
         }
-        color_ = new ColorField(documentLabel(row.label), this);
+        color_ = new ColorField(documentLabel(row.label), edits, this);
         bar_ = new GradientBar;
         angle_ = new ScrubField(InspectorWords::tr("Angle"), QStringLiteral("°"), {-360, 360, 0, 1.0}, 5);
         pictures_ = new QComboBox;
@@ -218,9 +190,9 @@ private:
                          : RGBAColor::white,
                     false);
             if (index == int(Fill::Kind::gradient)) {
-                const RGBAColor& from = before.color;
-                tell(LinearGradient{{{from, 0}, {{from.r * 0.4, from.g * 0.4, from.b * 0.4, from.a}, 1}}, 0},
-                    false);
+                QColor end = qColor(before.color);
+                end.setHsvF(end.hsvHueF(), end.hsvSaturationF(), end.valueF() * 0.4f, end.alphaF());
+                tell(LinearGradient{{{before.color, 0}, {rgba(end), 1}}, 0}, false);
             }
             if (index == int(Fill::Kind::picture))
                 tell(BackgroundImage::bundled(std::string(BackgroundCatalog::standard.id)), false);
@@ -307,7 +279,7 @@ void paintChecks(QPainter& painter, const QRectF& rect, double radius) {
 }
 
 RowControl makeColorControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
-    auto* field = new ColorField(documentLabel(row.label), parent);
+    auto* field = new ColorField(documentLabel(row.label), edits, parent);
     const auto kept = std::make_shared<InspectorRow>(row);
     field->onChange = [=, &edits](const RGBAColor& color, bool isEditing) {
         edits.set(*kept, writeValue(typeOf<RGBAColor>(), &color), isEditing);

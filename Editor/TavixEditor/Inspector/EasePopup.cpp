@@ -3,15 +3,13 @@
 #include "Editor/EditorDesignSystem/Style/Style.h"
 #include "Editor/EditorDomain/Timeline/EasePreset.h"
 #include "TavixEditor/Inspector/CurveEditor.h"
+#include "TavixEditor/Inspector/Popup.h"
 #include "TavixEditor/Inspector/ScrubField.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
-#include <QScreen>
-
-#include <algorithm>
 
 namespace tavix::editor {
 
@@ -91,25 +89,12 @@ void EaseControl::tell(const TimingCurve& curve, bool isEditing) {
 
 void showEasePopup(QWidget* parent, const QPoint& globally, const TimingCurve& curve,
     std::function<void(const TimingCurve&, bool)> onChange) {
-    auto* popup = new QFrame(parent, Qt::Popup);
-    popup->setAttribute(Qt::WA_DeleteOnClose);
-    popup->setFrameStyle(QFrame::StyledPanel);
-    auto* column = new QVBoxLayout(popup);
-    column->setContentsMargins(space::medium, space::medium, space::medium, space::medium);
+    QFrame* const popup = makePopup(parent, 264);
     auto* control = new EaseControl;
     control->setCurve(curve);
     control->onChange = std::move(onChange);
-    column->addWidget(control);
-    popup->setFixedWidth(264);
-    popup->adjustSize();
-    // Above the point where there is no room below.
-    const QRect room = parent->screen()->availableGeometry();
-    QPoint at = globally;
-    if (at.y() + popup->height() > room.bottom()) at.ry() -= popup->height();
-    at.rx() = std::clamp(at.x(), room.left(), std::max(room.left(), room.right() - popup->width()));
-    at.ry() = std::max(at.y(), room.top());
-    popup->move(at);
-    popup->show();
+    popup->layout()->addWidget(control);
+    showPopup(popup, globally);
 }
 
 }   // namespace tavix::editor

@@ -1,6 +1,7 @@
 #include "TavixEditor/Inspector/InspectorView.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "Editor/EditorDomain/Inspector/ColorsInUse.h"
 #include "Editor/EditorDomain/Inspector/ContentSizes.h"
 #include "Editor/EditorDomain/Inspector/InspectorEdit.h"
 #include "Editor/EditorDomain/Inspector/KeyframeRows.h"
@@ -41,6 +42,14 @@ bool isLike(const Inspection& a, const Inspection& b) {
             if (!one.rows[k].isLike(other.rows[k])) return false;
     }
     return true;
+}
+
+// Whether both begin alike: layers of one kind do, with more or less below.
+bool isSameKind(const Inspection& a, const Inspection& b) {
+    const auto titleOf = [](const Inspection& of) {
+        return of.sections.size() > 1 ? of.sections[1].title : std::string();
+    };
+    return titleOf(a) == titleOf(b);
 }
 
 class InspectorPanel final : public QWidget, private RowEdits {
@@ -85,10 +94,11 @@ private:
             inspection(model_.state.edited(), {model_.state.currentTime(), model_.state.bundle(), &sizes_});
         showTitle(now);
         if (!isLike(now, shown_) || sections_.empty()) {
+            const bool isOfItsKind = isSameKind(now, shown_);
             shown_ = std::move(now);
             // A control may stand on the stack, in the middle of telling its change: it goes when it has
             // ended.
-            rebuild();
+            rebuild(isOfItsKind);
             return;
         }
         for (std::size_t i = 0; i < sections_.size(); ++i) sections_[i]->show(now.sections[i]);
@@ -119,8 +129,9 @@ private:
         return barWords(timeline::barLabel(layer), timeline::isLabelledByKind(layer));
     }
 
-    void rebuild() {
-        const int scrolled = area_->verticalScrollBar() ? area_->verticalScrollBar()->value() : 0;
+    // What is scrolled to stays from layer to layer of one kind; all else is read from its top.
+    void rebuild(bool staysScrolled) {
+        const int scrolled = staysScrolled ? area_->verticalScrollBar()->value() : 0;
         if (QWidget* const old = area_->takeWidget()) {
             old->hide();
             old->deleteLater();
@@ -198,6 +209,7 @@ private:
         edit(row, isEditing,
             [&](EditState& state) { return InspectorEdit::setPart(state, row.path, part, value); });
     }
+    void giveUp() override { model_.cancelGesture(); }
     void setKeyed(const InspectorRow& row, const std::string& part, double value, bool isEditing) {
         edit(row, isEditing, [&](EditState& state) {
             KeyframeEdit::set(state, row, part, value, model_.state.currentTime());
@@ -249,6 +261,9 @@ private:
     }
     std::optional<std::filesystem::path> folder() const override { return model_.state.bundle(); }
     std::set<std::string>& foldedSections() override { return folded_; }
+    std::vector<RGBAColor> colorsInUse() const override {
+        return tavix::colorsInUse(model_.state.edited().spec);
+    }
 
     CompositionEditorModel& model_;
     PlaySound play_;

@@ -33,13 +33,6 @@ using Control = InspectorRow::Control;
 constexpr int sliderSteps = 200;
 
 // A wheel over the inspector scrolls it, and changes no value by the way.
-class CalmComboBox final : public QComboBox {
-public:
-    using QComboBox::QComboBox;
-
-protected:
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 class CalmSlider final : public QSlider {
 public:
     using QSlider::QSlider;
@@ -155,7 +148,7 @@ RowControl toggleControl(const InspectorRow& row, RowEdits& edits, QWidget* pare
 }
 
 RowControl wordControl(const InspectorRow& row, RowEdits& edits, QWidget* parent) {
-    auto* box = new CalmComboBox(parent);
+    auto* box = new QComboBox(parent);
     box->setAccessibleName(documentLabel(row.label));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Editor/EditorDomain/Inspector/InspectorRows.h"
+#include "TavixCore/Values/RGBAColor.h"
 
 #include <QString>
 
@@ -9,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <set>
+#include <vector>
 
 class QWidget;
 
@@ -20,6 +22,7 @@ public:
     virtual ~RowEdits() = default;
     virtual void set(const InspectorRow& row, const Json& value, bool isEditing) = 0;
     virtual void setPart(const InspectorRow& row, const std::string& part, double value, bool isEditing) = 0;
+    virtual void giveUp() = 0;   // what was told so, and not ended
     virtual void setPresent(const InspectorRow& row, bool isThere) = 0;
     virtual void setAlternative(const InspectorRow& row, const std::string& tag) = 0;
     virtual void remove(const InspectorRow& row) = 0;
@@ -29,6 +32,7 @@ public:
     virtual void play(const std::filesystem::path& sound) = 0;
     virtual std::optional<std::filesystem::path> folder() const = 0;   // that relative paths hang from
     virtual std::set<std::string>& foldedSections() = 0;               // by their titles
+    virtual std::vector<RGBAColor> colorsInUse() const = 0;            // of the document, the frequent first
 };
 
 struct RowControl {

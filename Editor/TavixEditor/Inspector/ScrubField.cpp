@@ -47,9 +47,20 @@ int ScrubField::suffixWidth() const {
 
 bool ScrubField::isOnTitle(const QPointF& at) const { return at.x() < titleWidth() + space::tight; }
 
+// Where there is little room a number loses decimals rather than its first digits; while it is edited it has
+// all.
+QString ScrubField::numberThatFits() const {
+    QString number = QString::fromStdString(range_.text(value_));
+    const QMargins margins = textMargins();
+    const int room = width() - margins.left() - margins.right() - 2 * space::tight - 2 * space::hair;
+    while (!hasFocus() && number.contains(QLatin1Char('.')) && fontMetrics().horizontalAdvance(number) > room)
+        number.chop(number.at(number.size() - 2) == QLatin1Char('.') ? 2 : 1);
+    return number;
+}
+
 void ScrubField::showNumber() {
     setPlaceholderText({});
-    setText(isAbsent_ ? QString() : QString::fromStdString(range_.text(value_)));
+    setText(isAbsent_ ? QString() : numberThatFits());
     setModified(false);
 }
 
@@ -148,12 +159,19 @@ void ScrubField::keyPressEvent(QKeyEvent* event) {
 
 void ScrubField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
+    if (!isModified() && !isAbsent_) showNumber();
     if (event->reason() != Qt::MouseFocusReason) selectAll();
 }
 
 void ScrubField::focusOutEvent(QFocusEvent* event) {
     commitText();
     QLineEdit::focusOutEvent(event);
+    if (!isModified() && !isAbsent_) showNumber();
+}
+
+void ScrubField::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    if (!isModified() && !isAbsent_) showNumber();
 }
 
 void ScrubField::wheelEvent(QWheelEvent* event) { event->ignore(); }   // it scrolls what the field stands in

@@ -34,6 +34,7 @@ protected:
     void keyPressEvent(QKeyEvent*) override;
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
     void wheelEvent(QWheelEvent*) override;
     void paintEvent(QPaintEvent*) override;
 
@@ -41,6 +42,7 @@ private:
     void commitText();
     void change(double value, bool isEditing);
     void showNumber();
+    QString numberThatFits() const;
     int titleWidth() const;
     int suffixWidth() const;
     bool isOnTitle(const QPointF& at) const;

@@ -19,7 +19,10 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -95,6 +98,69 @@ TEST_F(InspectorViewTest, AFieldOfAKeyframeFollowsThePlayheadAndItsDiamondSetsOn
     QTest::mouseClick(next, Qt::LeftButton);
     EXPECT_NEAR(studio.model.state.currentTime(), 2, 1e-9);
     EXPECT_FALSE(named<QAbstractButton>("Reset Scale to its default"));
+}
+
+// Wherever the wheel turns, it scrolls.
+TEST_F(InspectorViewTest, AWheelOverAListScrollsPastIt) {
+    const CompositionSpec before = studio.model.state.edited().spec;
+    int lists = 0;
+    for (QComboBox* const list : view->findChildren<QComboBox*>()) {
+        QWheelEvent turn({5, 5}, list->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+            Qt::NoScrollPhase, false);
+        QApplication::sendEvent(list, &turn);
+        EXPECT_FALSE(list->hasFocus()) << list->accessibleName().toStdString();
+        EXPECT_FALSE(turn.isAccepted()) << "it is for what the list stands in";
+        ++lists;
+    }
+    EXPECT_GE(lists, 5);
+    EXPECT_EQ(studio.model.state.edited().spec, before);
+}
+
+TEST_F(InspectorViewTest, AnotherKindOfLayerIsReadFromItsTop) {
+    view->resize(320, 200);
+    auto* const bar = view->findChild<QScrollArea*>()->verticalScrollBar();
+    bar->setValue(150);
+    studio.model.selectLayer(0, 2);
+    QApplication::processEvents();
+    EXPECT_EQ(bar->value(), 150) << "a text after a text stays where it was";
+    studio.model.clearSelection();
+    QApplication::processEvents();
+    EXPECT_EQ(bar->value(), 0);
+}
+
+// A number is never shown without its first digits.
+TEST_F(InspectorViewTest, ANumberInANarrowFieldLosesDecimalsAlone) {
+    auto* const x = named<ScrubField>("Position x");
+    ASSERT_TRUE(x);
+    x->setFixedWidth(64);
+    studio.model.update("Move", [](EditState& state) { state.layer(0, 1)->position.x = 1234.5; });
+    QApplication::processEvents();
+    EXPECT_EQ(x->text(), QStringLiteral("1234"));
+    x->setFocus();
+    EXPECT_EQ(x->text(), QStringLiteral("1234.5")) << "all of it while it is edited";
+    x->clearFocus();
+    EXPECT_EQ(studio.layer(1).position.x, 1234.5);
+}
+
+TEST_F(InspectorViewTest, ValuesWrittenByHandAreToldInPlaceOfAPreset) {
+    const auto isTold = [&] {
+        for (const QLabel* const label : view->findChildren<QLabel*>())
+            if (label->isVisibleTo(view.get()) &&
+                label->text() == QStringLiteral("This item has hand-authored values. Choose a preset to "
+                                                "replace them with editable semantic controls."))
+                return true;
+        return false;
+    };
+    EXPECT_FALSE(isTold());
+    studio.model.update("By hand",
+        [](EditState& state) { std::get<TextContent>(state.layer(0, 1)->content).kinetic = KineticStyle{}; });
+    QApplication::processEvents();
+    EXPECT_TRUE(isTold());
+    studio.model.update("A preset", [](EditState& state) {
+        std::get<TextContent>(state.layer(0, 1)->content).kinetic = KineticPresetRef{};
+    });
+    QApplication::processEvents();
+    EXPECT_FALSE(isTold());
 }
 
 TEST_F(InspectorViewTest, ADragOnAFieldIsOneStep) {

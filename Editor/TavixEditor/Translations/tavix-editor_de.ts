@@ -148,12 +148,12 @@
         <translation>&amp;Gerät hinzufügen</translation>
     </message>
     <message>
-        <source>Add &amp;Image</source>
-        <translation>&amp;Bild hinzufügen</translation>
+        <source>Add &amp;Image…</source>
+        <translation>&amp;Bild hinzufügen…</translation>
     </message>
     <message>
-        <source>Add &amp;Video</source>
-        <translation>&amp;Video hinzufügen</translation>
+        <source>Add &amp;Video…</source>
+        <translation>&amp;Video hinzufügen…</translation>
     </message>
     <message>
         <source>Add S&amp;hape</source>
@@ -202,6 +202,14 @@
     <message>
         <source>Select &amp;All Layers</source>
         <translation>&amp;Alle Ebenen auswählen</translation>
+    </message>
+    <message>
+        <source>Find &amp;Beats</source>
+        <translation>&amp;Taktschläge finden</translation>
+    </message>
+    <message>
+        <source>Add &amp;Music…</source>
+        <translation>&amp;Musik hinzufügen…</translation>
     </message>
 </context>
 <context>
@@ -299,6 +307,10 @@
     <message>
         <source>Commands</source>
         <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>No command is called so.</source>
+        <translation>So heißt kein Befehl.</translation>
     </message>
 </context>
 <context>
@@ -2015,6 +2027,38 @@
         <source>Play the sound</source>
         <translation>Klang abspielen</translation>
     </message>
+    <message>
+        <source>Saturation and brightness</source>
+        <translation>Sättigung und Helligkeit</translation>
+    </message>
+    <message>
+        <source>Saturation %1 %, brightness %2 %</source>
+        <translation>Sättigung %1 %, Helligkeit %2 %</translation>
+    </message>
+    <message>
+        <source>In the film</source>
+        <translation>Im Film</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>Zuletzt benutzt</translation>
+    </message>
+    <message>
+        <source>Hue</source>
+        <translation>Farbton</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Hexadecimal digits</source>
+        <translation>Hexadezimale Ziffern</translation>
+    </message>
+    <message>
+        <source>Pick from the Screen</source>
+        <translation>Vom Bildschirm aufnehmen</translation>
+    </message>
 </context>
 <context>
     <name>InspectorPanel</name>
@@ -2151,6 +2195,18 @@
     <message>
         <source>&amp;Play</source>
         <translation>&amp;Abspielen</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Videos</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
     </message>
 </context>
 <context>

@@ -148,12 +148,12 @@
         <translation>デバイスを追加(&amp;D)</translation>
     </message>
     <message>
-        <source>Add &amp;Image</source>
-        <translation>画像を追加(&amp;I)</translation>
+        <source>Add &amp;Image…</source>
+        <translation>画像を追加(&amp;I)…</translation>
     </message>
     <message>
-        <source>Add &amp;Video</source>
-        <translation>ビデオを追加(&amp;V)</translation>
+        <source>Add &amp;Video…</source>
+        <translation>ビデオを追加(&amp;V)…</translation>
     </message>
     <message>
         <source>Add S&amp;hape</source>
@@ -202,6 +202,14 @@
     <message>
         <source>Select &amp;All Layers</source>
         <translation>すべてのレイヤーを選択(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Find &amp;Beats</source>
+        <translation>ビートを検出(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Add &amp;Music…</source>
+        <translation>音楽を追加(&amp;M)…</translation>
     </message>
 </context>
 <context>
@@ -299,6 +307,10 @@
     <message>
         <source>Commands</source>
         <translation>コマンド</translation>
+    </message>
+    <message>
+        <source>No command is called so.</source>
+        <translation>その名前のコマンドはありません。</translation>
     </message>
 </context>
 <context>
@@ -2015,6 +2027,38 @@
         <source>Play the sound</source>
         <translation>音を再生</translation>
     </message>
+    <message>
+        <source>Saturation and brightness</source>
+        <translation>彩度と明度</translation>
+    </message>
+    <message>
+        <source>Saturation %1 %, brightness %2 %</source>
+        <translation>彩度 %1 %、明度 %2 %</translation>
+    </message>
+    <message>
+        <source>In the film</source>
+        <translation>映像内の色</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>最近使った色</translation>
+    </message>
+    <message>
+        <source>Hue</source>
+        <translation>色相</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Hexadecimal digits</source>
+        <translation>16進数</translation>
+    </message>
+    <message>
+        <source>Pick from the Screen</source>
+        <translation>画面から色を取得</translation>
+    </message>
 </context>
 <context>
     <name>InspectorPanel</name>
@@ -2151,6 +2195,18 @@
     <message>
         <source>&amp;Play</source>
         <translation>再生(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>動画</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音楽</translation>
     </message>
 </context>
 <context>

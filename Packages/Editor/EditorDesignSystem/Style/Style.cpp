@@ -3,6 +3,7 @@
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QMenu>
 #include <QPainter>
@@ -101,11 +102,30 @@ void Style::apply(QApplication& application, const Theme& theme) {
     for (QWidget* widget : application.allWidgets()) widget->update();
 }
 
+namespace {
+
+// A list that is scrolled past keeps its choice, and what it stands in scrolls.
+class WheelPass final : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Wheel) return false;
+        event->ignore();
+        return true;
+    }
+};
+
+}   // namespace
+
 void Style::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (qobject_cast<QMenu*>(widget)) widget->setAttribute(Qt::WA_TranslucentBackground);
     if (qobject_cast<QPushButton*>(widget) || qobject_cast<QToolButton*>(widget))
         widget->setAttribute(Qt::WA_Hover);
+    if (qobject_cast<QComboBox*>(widget)) {
+        if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
+        static WheelPass pass;
+        widget->installEventFilter(&pass);
+    }
 }
 
 void Style::drawPrimitive(
@@ -113,6 +133,8 @@ void Style::drawPrimitive(
     const bool hasFocus = has(option, State_HasFocus), isOn = has(option, State_Enabled);
     switch (element) {
     case PE_PanelLineEdit:
+        if (widget && qobject_cast<const QComboBox*>(widget->parentWidget()))
+            return;   // it has a box already
         drawBox(*painter, option->rect, radius::field,
             has(option, State_MouseOver) && isOn && !hasFocus ? theme_.hover : theme_.field);
         if (hasFocus) drawFocus(*painter, option->rect, radius::field, theme_);
@@ -297,6 +319,7 @@ int Style::styleHint(
     switch (hint) {
     case SH_Slider_AbsoluteSetButtons: return Qt::LeftButton;   // a click goes there
     case SH_ComboBox_Popup: return 0;
+    case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     case SH_MenuBar_MouseTracking: return 1;
     case SH_Widget_Animate: return motionReduced ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
     default: return QProxyStyle::styleHint(hint, option, widget, result);
@@ -319,6 +342,10 @@ QSize Style::sizeFromContents(
                                (item->text.contains(QLatin1Char('\t')) ? menuShortcutGapPx : 0),
                 height::row);
         }
+        break;
+    case CT_ItemViewItem:
+        if (widget && widget->inherits("QComboBoxListView"))
+            wanted.setHeight(std::max(wanted.height(), height::field));
         break;
     default: break;
     }
