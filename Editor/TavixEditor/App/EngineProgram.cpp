@@ -15,7 +15,14 @@ QString engineProgram() {
 
 void runEngine(
     const QStringList& arguments, QObject* context, std::function<void(const EngineAnswer&)> answer) {
-    auto* process = new QProcess(context);
+    auto* process = new QProcess;
+    // No child of its own, which would tell its end to a widget that is half gone.
+    QObject::connect(context, &QObject::destroyed, process, [process] {
+        process->disconnect();
+        process->kill();
+        process->waitForFinished();
+        delete process;
+    });
     const auto end = [process, answer = std::move(answer)](bool isDone, const QString& fault) {
         process->disconnect();
         process->deleteLater();

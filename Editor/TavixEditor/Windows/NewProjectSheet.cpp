@@ -59,7 +59,8 @@ NewProjectSheet::NewProjectSheet(Studio& studio, QWidget* parent)
     column->addLayout(buttons);
     QObject::connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     QObject::connect(create_, &QPushButton::clicked, this, [this] { askWhere(); });
-    QObject::connect(templates_, &QListWidget::itemActivated, this, [this] { askWhere(); });
+    // Not when it is activated: Return does that as well, and presses the button besides.
+    QObject::connect(templates_, &QListWidget::itemDoubleClicked, this, [this] { askWhere(); });
     runEngine({QStringLiteral("new"), QStringLiteral("--list"), QStringLiteral("--json")}, this,
         [this](const EngineAnswer& answer) {
             if (answer.isDone) return list(answer.output);

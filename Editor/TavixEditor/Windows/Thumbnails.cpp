@@ -1,6 +1,7 @@
 #include "TavixEditor/Windows/Thumbnails.h"
 
 #include "TavixCore/Project/CompositionProjectBundle.h"
+#include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixLive/Saving/DocumentOnDisk.h"
 #include "TavixLive/Stage/Stage.h"
@@ -23,6 +24,21 @@ QString cachedName(const std::filesystem::path& bundle, int sidePx) {
     return QString::fromLatin1(
                QCryptographicHash::hash(key.toUtf8(), QCryptographicHash::Sha256).toHex().left(32)) +
            QStringLiteral(".png");
+}
+
+// The middle of what the longest scene has for itself, between its transitions.
+double tellingFraction(const CompositionSpec& spec) {
+    const CompositionTimeline timeline(spec);
+    double longestSec = 0, middleSec = timeline.totalSec / 2;
+    for (std::size_t i = 0; i < spec.scenes.size(); ++i) {
+        const double fromSec = timeline.startSec[i] + (i > 0 ? timeline.transitionDurations[i - 1] : 0);
+        const double toSec =
+            timeline.startSec[i] + spec.scenes[i].durationSec - timeline.transitionDurations[i];
+        if (toSec - fromSec <= longestSec) continue;
+        longestSec = toSec - fromSec;
+        middleSec = (fromSec + toSec) / 2;
+    }
+    return timeline.totalSec > 0 ? middleSec / timeline.totalSec : 0;
 }
 
 }   // namespace
@@ -48,7 +64,8 @@ QImage thumbnailOf(
     QImage picture(file);
     if (!picture.isNull()) return picture;
     try {
-        picture = SmallFilm(DocumentOnDisk::read(bundle).spec, bundle, sidePx).at(0.5);
+        const CompositionSpec spec = DocumentOnDisk::read(bundle).spec;
+        picture = SmallFilm(spec, bundle, sidePx).at(tellingFraction(spec));
     } catch (const std::exception&) {
         return {};   // a project without a picture still has its name
     }
