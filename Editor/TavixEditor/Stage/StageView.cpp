@@ -233,6 +233,7 @@ void StageView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Down: return nudge(0, step);
     case Qt::Key_Escape:
         if (tool_.isDragging()) return tool_.cancel();
+        if (!model_.state.edited().selection.scene) break;
         return model_.clearSelection();
     case Qt::Key_Return:
         if (selected) return editText(selected->place);

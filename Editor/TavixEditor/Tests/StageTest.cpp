@@ -204,11 +204,20 @@ TEST_F(OnTheStage, FullScreenComesAndGoesWithTheStageFitted) {
     window->actions().fullScreen->trigger();
     ASSERT_TRUE(until([&] { return window->isFullScreen(); }));
     ASSERT_TRUE(until([&] { return window->size() == window->screen()->size(); }));
+    ASSERT_TRUE(until([&] { return stage().width() == window->width(); })) << "it has the screen for itself";
+    EXPECT_GT(stage().height(), window->height() * 9 / 10);
     const PixelRect canvas = stage().viewport().canvasRect();
     EXPECT_GE(canvas.y, 0);
     EXPECT_LE(canvas.maxY(), stage().height());
-    window->actions().fullScreen->trigger();
+    // Escape gives up the selection first, and then the screen.
+    studio->model.selectLayer(0, 0);
+    QTest::keyClick(&stage(), Qt::Key_Escape);
+    EXPECT_TRUE(window->isFullScreen());
+    EXPECT_FALSE(state().edited().selection.layer);
+    QTest::keyClick(&stage(), Qt::Key_Escape);
     ASSERT_TRUE(until([&] { return !window->isFullScreen(); }));
+    ASSERT_TRUE(until([&] { return stage().width() < window->width() - 200; })) << "the inspector is back";
+    EXPECT_LT(stage().height(), window->height() - 200) << "and the timeline";
 }
 
 // Every handle takes hold of every kind of layer.

@@ -101,7 +101,11 @@ void TimelinePainter::paintRuler(QPainter& painter, const Shown& shown, const QR
         if (!isIn(content, x, x + 40)) continue;
         painter.fillRect(QRectF(x, Layout::rulerHeight - 7, 1, 5), Style::theme().disabled);
         painter.setPen(Style::theme().secondary);
-        painter.drawText(QPointF(x + 4, 12.5), QString::fromStdString(tick.label));
+        // Beside its tick; that of the end stands before it.
+        const QString label = QString::fromStdString(tick.label);
+        const double width = painter.fontMetrics().horizontalAdvance(label);
+        const bool hasRoom = x + 4 + width <= shown.layout.scale.contentWidth();
+        painter.drawText(QPointF(hasRoom ? x + 4 : x - 3 - width, 12.5), label);
     }
 }
 

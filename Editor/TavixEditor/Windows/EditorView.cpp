@@ -59,8 +59,8 @@ EditorView::EditorView(Studio& studio, const Actions& actions, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(makeTopBar(actions));
-    column->addWidget(makeRule(Qt::Horizontal));
+    around_ = {makeTopBar(actions), makeRule(Qt::Horizontal)};
+    for (QWidget* const part : around_) column->addWidget(part);
     notices_ = new NoticeBar;
     column->addWidget(notices_);
     column->addWidget(makeWorkspace(actions), 1);
@@ -108,18 +108,25 @@ QWidget* EditorView::makeWorkspace(const Actions& actions) {
     auto* wide = new QSplitter(Qt::Horizontal);
     wide->addWidget(new SidePanel(studio_, actions, findings_, changes_));
     wide->addWidget(middle);
-    wide->addWidget(
+    around_.push_back(
         makeInspectorView(model_, wide, [this](const std::filesystem::path& sound) { studio_.hear(sound); }));
+    wide->addWidget(around_.back());
     wide->setStretchFactor(1, 1);
     wide->setChildrenCollapsible(false);
     wide->setSizes({320, 1200, 304});
     auto* tall = new QSplitter(Qt::Vertical);
     tall->addWidget(wide);
-    tall->addWidget(makeTimelineView(model_, tall));
+    around_.push_back(makeTimelineView(model_, tall));
+    tall->addWidget(around_.back());
     tall->setStretchFactor(0, 1);
     tall->setCollapsible(0, false);
     tall->setSizes({640, 240});
     return tall;
+}
+
+void EditorView::setStageAlone(bool isAlone) {
+    for (QWidget* const part : around_) part->setVisible(!isAlone);
+    if (isAlone) stage_->setFocus();
 }
 
 // Tells how much there is while the panel is closed.

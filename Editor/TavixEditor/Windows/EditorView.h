@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QWidget>
 
+#include <vector>
+
 class QAction;
 class QLabel;
 class QPushButton;
@@ -33,6 +35,8 @@ public:
     NoticeBar& notices() { return *notices_; }
     Findings& findings() { return findings_; }
     Changes& changes() { return changes_; }
+    // What stands around the stage and its transport goes, and comes back as it was.
+    void setStageAlone(bool isAlone);
 
 private:
     QWidget* makeTopBar(const Actions& actions);
@@ -46,6 +50,7 @@ private:
     Changes changes_;
     StageView* stage_ = nullptr;
     NoticeBar* notices_ = nullptr;
+    std::vector<QWidget*> around_;
     QLabel *name_ = nullptr, *edited_ = nullptr, *status_ = nullptr;
     Connections connections_;
 };
