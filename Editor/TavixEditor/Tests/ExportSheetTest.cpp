@@ -2,6 +2,8 @@
 #include "EditorWindow.h"
 
 #include "TavixEditor/Windows/ExportChoice.h"
+#include "TavixPlatform/Imaging/Evaluator.h"
+#include "TavixPlatform/Media/VideoFile.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -24,6 +26,7 @@ TEST(ExportChoice, NamesTheFileByWhatIsInIt) {
     EXPECT_EQ(name(ExportFormat::video, proRes4444, ExportContainer::mp4), "film.mov");
     EXPECT_EQ(name(ExportFormat::gif, h264, ExportContainer::mov), "film.gif");
     EXPECT_EQ(name(ExportFormat::video, vp9, ExportContainer::webm), "film.webm");
+    EXPECT_EQ(name(ExportFormat::video, vp9Alpha, containersOf(vp9Alpha).front()), "film.webm");
     EXPECT_EQ(name(ExportFormat::webp, h264, ExportContainer::mov), "film.webp");
     EXPECT_EQ(name(ExportFormat::png, h264, ExportContainer::mp4), "film-pictures");
     EXPECT_EQ(exportFilename("", {}), "composition.mp4");
@@ -106,6 +109,33 @@ TEST_F(ExportSheetOf, EstimatesEveryFormatAndWhatItTakesToFit) {
         if (field->accessibleName() == QStringLiteral("At Most")) field->setValue(0.1);
     EXPECT_EQ(state().exportMostBytes(), 10'000'000);
     EXPECT_TRUE(until([&] { return state().exportMostBytes() == 100'000; }));
+}
+
+// What is clear is so in the film, as its decoder reads it.
+TEST_F(ExportSheetOf, WritesAFilmThatKeepsWhatIsClear) {
+    openSheet();
+    studio->model.update("Clear", [](EditState& changed) {
+        changed.spec.background = RGBAColor{0, 0, 0, 0};
+    });
+    box(QStringLiteral("Codec"))->setCurrentText(QStringLiteral("VP9 with alpha"));
+    EXPECT_EQ(wordsIn(box(QStringLiteral("File"))), QStringList(QStringLiteral("WebM")));
+    EXPECT_TRUE(until([&] { return estimate().startsWith(QStringLiteral("About ")); }))
+        << estimate().toStdString();
+    click(sheet, QStringLiteral("Export…"));
+    QFileDialog* target = nullptr;
+    ASSERT_TRUE(
+        until([&] { return (target = sheet->findChild<QFileDialog*>(QStringLiteral("exportTarget"))); }));
+    const std::filesystem::path film = std::filesystem::path(home_.path().toStdString()) / "clear.webm";
+    Q_EMIT target->fileSelected(QString::fromStdString(film.string()));
+    ASSERT_TRUE(until([&] { return !state().isExporting() && std::filesystem::exists(film); }));
+    const auto frames = media::VideoFile(film).framesFrom(0, 10, media::Pace::onDemand);
+    auto frame = frames->next();
+    ASSERT_TRUE(frame);
+    imaging::Evaluator evaluator;
+    const imaging::Bitmap drawn = evaluator.draw(frame->image(), {0, 0, 400, 400});
+    const auto alphaAt = [&](int x, int y) { return int(drawn.view().row(y)[std::ptrdiff_t(x) * 4 + 3]); };
+    EXPECT_GT(alphaAt(200, 200), 250);
+    EXPECT_LT(alphaAt(20, 20), 5);
 }
 
 TEST_F(ExportSheetOf, WritesPicturesIntoAFolderOfTheName) {

@@ -42,6 +42,7 @@ std::vector<ExportKeep> ExportChoice::keeps() const {
 std::vector<ExportContainer> containersOf(VideoCodec codec) {
     using enum ExportContainer;
     if (isProRes(codec)) return {mov};
+    if (codec == VideoCodec::vp9Alpha) return {webm};
     if (codec == VideoCodec::vp9 || codec == VideoCodec::av1) return {webm, mp4};
     return {mp4, mov};
 }

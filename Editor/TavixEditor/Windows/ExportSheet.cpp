@@ -87,8 +87,8 @@ void ExportSheet::fill() {
     add(format_, tr("Animated GIF"), ExportFormat::gif);
     add(format_, tr("Animated WebP"), ExportFormat::webp);
     add(format_, tr("Pictures, one for each frame"), ExportFormat::png);
-    for (const VideoCodec codec : {VideoCodec::h264, VideoCodec::hevc, VideoCodec::vp9, VideoCodec::av1,
-             VideoCodec::proRes422HQ, VideoCodec::proRes4444})
+    for (const VideoCodec codec : {VideoCodec::h264, VideoCodec::hevc, VideoCodec::vp9, VideoCodec::vp9Alpha,
+             VideoCodec::av1, VideoCodec::proRes422HQ, VideoCodec::proRes4444})
         add(codec_, words(displayName(codec)), codec);
     add(resolution_, tr("As the Film"), ResolutionPreset::native);
     for (const ResolutionPreset size : {ResolutionPreset::p1080, ResolutionPreset::k4})
