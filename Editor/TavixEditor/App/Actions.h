@@ -17,7 +17,7 @@ struct Actions {
     QAction *zoomIn, *zoomOut, *actualPixels, *fit, *safeAreas, *fullScreen;
     QAction *findings, *changes, *json;   // what stands beside the stage
     QAction *themeDesktop, *themeDark, *themeLight;
-    QAction *addScene, *addText, *addDevice, *addImage, *addVideo, *addShape, *addFill;
+    QAction *addScene, *addText, *addDevice, *addImage, *addVideo, *addShape, *addFill, *addMusic, *findBeats;
     QAction *palette, *shortcuts, *gallery, *setUpAgents, *checkForUpdates, *about;
 
     QList<QAction*> all;   // in the order of the menus

@@ -73,7 +73,12 @@ void CommandPalette::list() {
         item->setData(Qt::UserRole, QVariant::fromValue(command));
         item->setSizeHint({0, height::row});
     }
-    found_->setCurrentRow(0);
+    if (ranked.empty()) {
+        auto* const none = new QListWidgetItem(tr("No command is called so."), found_);
+        none->setFlags(Qt::NoItemFlags);
+        none->setSizeHint({0, height::row});
+    }
+    found_->setCurrentRow(ranked.empty() ? -1 : 0);
 }
 
 void CommandPalette::run() {

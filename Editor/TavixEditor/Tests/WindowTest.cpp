@@ -10,10 +10,14 @@
 #include "TavixEditor/Stage/StageView.h"
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/RecentCard.h"
+#include "TavixEditor/Windows/Thumbnails.h"
 #include "TavixLive/Operations/SceneOperations.h"
 
 #include <QAction>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 
 namespace tavix::editor {
@@ -42,6 +46,44 @@ TEST_F(EditorWindow, TellsWhatIsNoCompositionAndLeavesTheOpenOneAlone) {
     EXPECT_EQ(state().errorMessage(), "Not a Tavix composition — open a .tavixcomp bundle.");
     EXPECT_EQ(state().bundle(), bundle);
     EXPECT_TRUE(state().hasUnsavedChanges());
+}
+
+TEST_F(EditorWindow, TheWelcomeScreenTellsAnErrorInWhiteOnRedAboveItsLowerEdge) {
+    auto* const error = window->findChild<QLabel*>(QStringLiteral("welcomeError"));
+    ASSERT_TRUE(error);
+    EXPECT_FALSE(error->isVisible());
+    window->openDocument("/etc/hostname");
+    ASSERT_TRUE(error->isVisible());
+    EXPECT_EQ(error->text(), QStringLiteral("Not a Tavix composition — open a .tavixcomp bundle."));
+    EXPECT_EQ(error->parentWidget()->height() - error->geometry().bottom() - 1, 12);
+    EXPECT_TRUE(error->parentWidget()->rect().contains(error->geometry()));
+    EXPECT_EQ(error->contentsMargins(), QMargins(8, 8, 8, 8));
+    const QImage seen = window->grab().toImage();
+    const QPoint corner = error->mapTo(window.get(), QPoint(3, 3));
+    const QColor ground = seen.pixelColor(corner * seen.devicePixelRatio());
+    EXPECT_GT(ground.red(), 3 * ground.green());
+    EXPECT_GT(ground.red(), 3 * ground.blue());
+    int white = 0;
+    const QRect words(error->mapTo(window.get(), QPoint(8, 8)), QSize(330, error->height() - 16));
+    for (int y = words.top(); y < words.bottom(); ++y)
+        for (int x = words.left(); x < words.right(); ++x)
+            white += seen.pixelColor(QPoint(x, y) * seen.devicePixelRatio()).green() > 220;
+    EXPECT_GT(white, 100);
+    open(makeBundle("square"));
+    EXPECT_FALSE(error->isVisible());
+}
+
+// Return in the list presses the button as well.
+TEST_F(EditorWindow, ATemplateIsAskedForItsPlaceOnce) {
+    window->actions().newProject->trigger();
+    QWidget* const sheet = dialog("newProject");
+    ASSERT_TRUE(sheet);
+    auto* const list = sheet->findChild<QListWidget*>();
+    ASSERT_TRUE(until([&] { return list->count() > 0 && list->currentItem(); }));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    QTest::qWait(50);
+    EXPECT_EQ(sheet->findChildren<QFileDialog*>(QStringLiteral("newProjectTarget")).size(), 1);
 }
 
 TEST_F(EditorWindow, AClosedWindowAsksForWhatIsNotSavedAndCancelKeepsIt) {
@@ -224,6 +266,50 @@ TEST_F(EditorWindow, ALayerForADocumentWithoutScenesChangesNothing) {
     EXPECT_FALSE(state().hasUnsavedChanges());
 }
 
+// An empty layer would be a fault before anybody has done a thing.
+TEST_F(EditorWindow, ImagesVideosAndMusicAreAskedForAndTakenIn) {
+    const auto bundle = makeBundle("square");
+    open(bundle);
+    const std::filesystem::path file = std::filesystem::path(home_.path().toStdString()) / "dot.png";
+    QImage dot(40, 20, QImage::Format_RGB32);
+    dot.fill(Qt::red);
+    dot.save(QString::fromStdString(file.string()));
+    const Actions& actions = window->actions();
+    for (QAction* const add : {actions.addVideo, actions.addMusic}) {
+        add->trigger();
+        auto* const asked = qobject_cast<QFileDialog*>(dialog("filesToAdd"));
+        ASSERT_TRUE(asked) << add->text().toStdString();
+        for (const char* mine : {"*.png", "*.mp4", "*.flac"})
+            EXPECT_EQ(asked->nameFilters().join(QLatin1Char(' ')).contains(QLatin1String(mine)),
+                std::string_view(mine) == (add == actions.addVideo ? "*.mp4" : "*.flac"));
+        asked->reject();
+        ASSERT_TRUE(until([&] { return !window->findChild<QFileDialog*>(QStringLiteral("filesToAdd")); }));
+    }
+    EXPECT_FALSE(state().hasUnsavedChanges());
+    actions.addImage->trigger();
+    Q_EMIT qobject_cast<QFileDialog*>(dialog("filesToAdd"))
+        ->filesSelected({QString::fromStdString(file.string())});
+    ASSERT_TRUE(until([&] { return state().edited().spec.scenes[0].layers.size() == 2; }));
+    const CompositionLayer& added = state().edited().spec.scenes[0].layers[1];
+    EXPECT_EQ(std::get<ImageContent>(added.content).path, "assets/dot.png");
+    EXPECT_TRUE(std::filesystem::exists(bundle / "assets/dot.png"));
+    EXPECT_FALSE(actions.findBeats->isEnabled()) << "there is no music";
+}
+
+TEST_F(EditorWindow, ThePaletteTellsThatNothingIsCalledSo) {
+    open(makeBundle("square"));
+    window->actions().palette->trigger();
+    QWidget* const palette = dialog("commandPalette");
+    ASSERT_TRUE(palette);
+    auto* const list = palette->findChild<QListWidget*>();
+    EXPECT_GT(list->count(), 5);
+    QTest::keyClicks(palette->findChild<QLineEdit*>(), QStringLiteral("qqqq"));
+    ASSERT_EQ(list->count(), 1);
+    EXPECT_EQ(list->item(0)->text(), QStringLiteral("No command is called so."));
+    QTest::keyClick(palette->findChild<QLineEdit*>(), Qt::Key_Return);
+    EXPECT_TRUE(palette->isVisible());
+}
+
 TEST_F(EditorWindow, TheEditMenuCopiesPastesDuplicatesAndRemovesAllThatIsSelected) {
     open(makeBundle("square"));
     const Actions& actions = window->actions();
@@ -272,6 +358,25 @@ TEST(CommandMatch, PutsWordsBeforePartsOfWordsAndThoseBeforeLoseLetters) {
     EXPECT_TRUE(rank(text, "adt"));
     EXPECT_EQ(rank(text, "tda"), std::nullopt);   // the order counts
     EXPECT_EQ(rank(text, ""), 0);
+}
+
+// Two thirds of the way through the first scene the second one is half there.
+TEST_F(EditorWindow, AThumbnailShowsOneSceneAndNoTransition) {
+    const auto bundle = makeBundle("two");
+    CompositionSpec spec = CompositionProjectBundle::read(bundle);
+    auto& shape = std::get<ShapeContent>(spec.scenes[0].layers[0].content);
+    shape.widthFraction = shape.heightFraction = 1;
+    shape.fill = RGBAColor{1, 0, 0, 1};
+    spec.scenes[0].durationSec = 3;
+    spec.scenes.push_back(spec.scenes[0]);
+    spec.scenes[0].transition.emplace().durationSec = 1;
+    spec.scenes[1].durationSec = 3.2;
+    std::get<ShapeContent>(spec.scenes[1].layers[0].content).fill = RGBAColor{0, 1, 0, 1};
+    std::ofstream(CompositionProjectBundle::specFile(bundle)) << encodedJson(spec);
+    const QImage picture =
+        thumbnailOf(bundle, std::filesystem::path(home_.path().toStdString()) / "cache", 40);
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() / 2), QColor(Qt::green));
 }
 
 TEST_F(EditorWindow, ThePaletteRunsTheCommandThatIsFoundFirst) {

@@ -156,6 +156,13 @@ DropKind kindOfDrop(const fs::path& file) {
     return found == extensions.end() ? DropKind::other : found->kind;
 }
 
+std::string patternsOf(DropKind kind) {
+    std::string patterns;
+    for (const Extension& each : extensions)
+        if (each.kind == kind) patterns += (patterns.empty() ? "*" : " *") + std::string(each.end);
+    return patterns;
+}
+
 DroppedAsset takeIn(const fs::path& file, const fs::path& bundle) {
     const DropKind kind = kindOfDrop(file);
     if (kind == DropKind::other || kind == DropKind::bundle)

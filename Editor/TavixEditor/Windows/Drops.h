@@ -19,6 +19,8 @@ enum class DropKind { bundle, picture, clip, music, other };
 
 // By what it is called; a bundle by being one.
 DropKind kindOfDrop(const std::filesystem::path& file);
+// "*.png *.jpg": how files of that kind are called.
+std::string patternsOf(DropKind kind);
 inline bool fitsAScreen(DropKind kind) { return kind == DropKind::picture || kind == DropKind::clip; }
 
 // A file among the assets of a bundle.

@@ -18,6 +18,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QScreen>
 #include <QStackedLayout>
@@ -161,6 +162,8 @@ void MainWindow::showActions() {
     for (QAction* action : {actions_.cut, actions_.copy, actions_.duplicate, actions_.remove,
              actions_.deselect, actions_.selectAll})
         action->setEnabled(isLoaded && selection.scene);
+    const auto& audio = state.edited().spec.audio;
+    actions_.findBeats->setEnabled(isLoaded && audio && audio->music);
     actions_.save->setEnabled(isLoaded && state.hasUnsavedChanges());
     actions_.revert->setEnabled(isLoaded && state.hasUnsavedChanges());
     actions_.play->setText(state.isPlaying() ? tr("&Pause") : tr("&Play"));
@@ -201,7 +204,14 @@ void MainWindow::enter(QWidget* page) {
 void MainWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && studio_.model.state.isLoaded())
         studio_.model.lookAtFile();
+    if (event->type() == QEvent::WindowStateChange) editor_->setStageAlone(isFullScreen());
     QWidget::changeEvent(event);
+}
+
+// Escape that nothing else takes.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && isFullScreen()) return actions_.fullScreen->trigger();
+    QWidget::keyPressEvent(event);
 }
 
 // A gesture becomes a step when its button or its key is let go, which changes nothing that is watched.

@@ -4,6 +4,7 @@
 #include "TavixEditor/App/Actions.h"
 #include "TavixEditor/App/Shortcuts.h"
 #include "TavixEditor/Windows/AgentSheet.h"
+#include "TavixEditor/Windows/Drops.h"
 #include "TavixEditor/Windows/UnsavedChanges.h"
 #include "TavixLive/Observing/Observable.h"
 #include "TavixLive/Operations/LayerOperations.h"
@@ -47,12 +48,14 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void connectFileActions();
     void connectEditActions();
     void addLayer(ContentKind kind);
+    void addFiles(DropKind kind);
     void connectPlayActions();
     void connectViewActions();
     void connectThemes();

@@ -4,6 +4,7 @@
 #include "Editor/EditorDomain/Timeline/TimelineCommands.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixEditor/App/Studio.h"
+#include "TavixEditor/App/Words.h"
 #include "TavixEditor/Panels/CommandPalette.h"
 #include "TavixEditor/Stage/FrameCopy.h"
 #include "TavixEditor/Stage/StageView.h"
@@ -18,6 +19,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -71,10 +73,33 @@ void MainWindow::connectEditActions() {
     on(actions_.addScene,
         [&model] { model.update(QT_TRANSLATE_NOOP("Step", "Add scene"), SceneOperations::addScene); });
     const std::pair<QAction*, ContentKind> kinds[] = {{actions_.addText, ContentKind::text},
-        {actions_.addDevice, ContentKind::device}, {actions_.addImage, ContentKind::image},
-        {actions_.addVideo, ContentKind::video}, {actions_.addShape, ContentKind::shape},
+        {actions_.addDevice, ContentKind::device}, {actions_.addShape, ContentKind::shape},
         {actions_.addFill, ContentKind::fill}};
     for (const auto& [action, kind] : kinds) on(action, [this, kind = kind] { addLayer(kind); });
+    const std::pair<QAction*, DropKind> files[] = {{actions_.addImage, DropKind::picture},
+        {actions_.addVideo, DropKind::clip}, {actions_.addMusic, DropKind::music}};
+    for (const auto& [action, kind] : files) on(action, [this, kind = kind] { addFiles(kind); });
+    on(actions_.findBeats, [&model] { model.analyzeMusicGrid(); });
+}
+
+// As if they were dropped beside the stage, at the playhead.
+void MainWindow::addFiles(DropKind kind) {
+    if (studio_.model.state.edited().spec.scenes.empty()) return;
+    const QString words = kind == DropKind::picture ? tr("Images")
+                          : kind == DropKind::clip  ? tr("Videos")
+                                                    : tr("Music");
+    auto* dialog = new QFileDialog(
+        this, words, {}, words + QStringLiteral(" (%1)").arg(editor::words(patternsOf(kind))));
+    dialog->setObjectName(QStringLiteral("filesToAdd"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(kind == DropKind::music ? QFileDialog::ExistingFile : QFileDialog::ExistingFiles);
+    QObject::connect(dialog, &QFileDialog::filesSelected, this, [this](const QStringList& names) {
+        std::vector<std::filesystem::path> files;
+        for (const QString& name : names) files.push_back(pathOf(name));
+        drop(studio_, files, {studio_.model.state.currentTime()});
+        editor_->stage().setFocus();
+    });
+    dialog->open();
 }
 
 // Into the scene that is looked at, and where it can be seen: a text has come by then.

@@ -38,7 +38,8 @@ QMenuBar* makeMenuBar(const Actions& a) {
         {a.undo, a.redo, nullptr, a.cut, a.copy, a.paste, a.duplicate, a.remove, nullptr, a.selectAll,
             a.deselect, nullptr, a.palette, a.shortcuts});
     fill(bar->addMenu(MenuWords::tr("&Insert")),
-        {a.addScene, nullptr, a.addText, a.addDevice, a.addImage, a.addVideo, a.addShape, a.addFill});
+        {a.addScene, nullptr, a.addText, a.addDevice, a.addImage, a.addVideo, a.addShape, a.addFill, nullptr,
+            a.addMusic, a.findBeats});
     fill(bar->addMenu(MenuWords::tr("&Play")), {a.play, nullptr, a.stepBack, a.stepForward, a.secondBack,
                                                    a.secondForward, nullptr, a.toStart, a.toEnd});
     QMenu* view = bar->addMenu(MenuWords::tr("&View"));
