@@ -49,7 +49,7 @@ std::string termOf(const ArgumentEntry& argument) {
     for (const std::string& name : argument.names) term += (term.empty() ? "" : ", ") + bold(name);
     if (!argument.words.empty()) {
         std::string words;
-        for (const std::string& word : argument.words) words += (words.empty() ? "" : "|") + bold(word);
+        for (const std::string& word : argument.words) words += (words.empty() ? "" : "|\\:") + bold(word);
         // A long list stands in what the option means, or in another verb.
         if (words.size() < 200) return term + " " + words;
     }
