@@ -42,6 +42,13 @@ TEST(ExportChoice, TellsWhatIsLeftFromWhatIsDone) {
 
 class ExportSheetOf : public EditorWindow {
 protected:
+    void exportTo(const std::filesystem::path& target) {
+        click(sheet, QStringLiteral("Export…"));
+        QFileDialog* asked = nullptr;
+        ASSERT_TRUE(
+            until([&] { return (asked = sheet->findChild<QFileDialog*>(QStringLiteral("exportTarget"))); }));
+        Q_EMIT asked->fileSelected(QString::fromStdString(target.string()));
+    }
     void openSheet() {
         open(makeBundle("square"));
         window->actions().exportFilm->trigger();
@@ -121,12 +128,8 @@ TEST_F(ExportSheetOf, WritesAFilmThatKeepsWhatIsClear) {
     EXPECT_EQ(wordsIn(box(QStringLiteral("File"))), QStringList(QStringLiteral("WebM")));
     EXPECT_TRUE(until([&] { return estimate().startsWith(QStringLiteral("About ")); }))
         << estimate().toStdString();
-    click(sheet, QStringLiteral("Export…"));
-    QFileDialog* target = nullptr;
-    ASSERT_TRUE(
-        until([&] { return (target = sheet->findChild<QFileDialog*>(QStringLiteral("exportTarget"))); }));
     const std::filesystem::path film = std::filesystem::path(home_.path().toStdString()) / "clear.webm";
-    Q_EMIT target->fileSelected(QString::fromStdString(film.string()));
+    exportTo(film);
     ASSERT_TRUE(until([&] { return !state().isExporting() && std::filesystem::exists(film); }));
     const auto frames = media::VideoFile(film).framesFrom(0, 10, media::Pace::onDemand);
     auto frame = frames->next();
@@ -141,12 +144,8 @@ TEST_F(ExportSheetOf, WritesAFilmThatKeepsWhatIsClear) {
 TEST_F(ExportSheetOf, WritesPicturesIntoAFolderOfTheName) {
     openSheet();
     box(QStringLiteral("Format"))->setCurrentText(QStringLiteral("Pictures, one for each frame"));
-    click(sheet, QStringLiteral("Export…"));
-    QFileDialog* target = nullptr;
-    ASSERT_TRUE(
-        until([&] { return (target = sheet->findChild<QFileDialog*>(QStringLiteral("exportTarget"))); }));
     const std::filesystem::path folder = std::filesystem::path(home_.path().toStdString()) / "shots";
-    Q_EMIT target->fileSelected(QString::fromStdString(folder.string()));
+    exportTo(folder);
     ASSERT_TRUE(
         until([&] { return !state().isExporting() && std::filesystem::exists(folder / "00120.png"); }));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 120) << "two seconds of 60";

@@ -10,7 +10,7 @@
 namespace tavix {
 namespace {
 
-constexpr std::size_t MB = std::size_t{1} << 20;
+constexpr std::size_t megabyte = std::size_t{1} << 20;
 
 std::size_t keptBytes(std::size_t memory, int workers) {
     const RenderRoom room = MachineShare::roomOf(memory, workers);
@@ -19,7 +19,7 @@ std::size_t keptBytes(std::size_t memory, int workers) {
 
 TEST(MachineShare, WorkersTogetherKeepLessThanTheyWereGiven) {
     for (const int workers : {1, 2, 7, 32})
-        for (const std::size_t each : {200 * MB, 500 * MB, 4000 * MB}) {
+        for (const std::size_t each : {200 * megabyte, 500 * megabyte, 4000 * megabyte}) {
             const std::size_t memory = each * std::size_t(workers);
             EXPECT_LT(keptBytes(memory, workers) * std::size_t(workers), memory * 6 / 10)
                 << workers << ' ' << each;
@@ -27,8 +27,8 @@ TEST(MachineShare, WorkersTogetherKeepLessThanTheyWereGiven) {
 }
 
 TEST(MachineShare, LessMemoryAndMoreWorkersMeanLessOfEverything) {
-    RenderRoom before = MachineShare::roomOf(MB, 1);
-    for (std::size_t memory = 2 * MB; memory <= 65536 * MB; memory *= 2) {
+    RenderRoom before = MachineShare::roomOf(megabyte, 1);
+    for (std::size_t memory = 2 * megabyte; memory <= 65536 * megabyte; memory *= 2) {
         const RenderRoom room = MachineShare::roomOf(memory, 1), shared = MachineShare::roomOf(memory, 4);
         EXPECT_GE(room.decoderBytes, before.decoderBytes);
         EXPECT_GE(room.pictureBytes, before.pictureBytes);
@@ -36,7 +36,8 @@ TEST(MachineShare, LessMemoryAndMoreWorkersMeanLessOfEverything) {
         EXPECT_LE(shared.pictureBytes, room.pictureBytes);
         before = room;
     }
-    EXPECT_LT(MachineShare::roomOf(MB, 1).pictureBytes, MB / 8) << "it shrinks to next to nothing";
+    EXPECT_LT(MachineShare::roomOf(megabyte, 1).pictureBytes, megabyte / 8)
+        << "it shrinks to next to nothing";
     EXPECT_EQ(before.pictureBytes, RenderRoom().pictureBytes)
         << "and with much memory no more is kept than pays";
 }
@@ -66,7 +67,7 @@ TEST(MachineShare, FilmHasTheSameBytesWithAnyMemory) {
     CompositionRenderer::Config config;
     config.spec = spec;
     std::vector<std::string> films;
-    for (const std::size_t memory : {std::size_t{1}, 20 * MB, 4000 * MB}) {
+    for (const std::size_t memory : {std::size_t{1}, 20 * megabyte, 4000 * megabyte}) {
         config.memoryBytes = memory;
         config.output = folder / "film.mp4";
         CompositionExport::write(config, {});

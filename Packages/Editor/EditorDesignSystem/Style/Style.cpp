@@ -318,7 +318,7 @@ int Style::styleHint(
     StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* result) const {
     switch (hint) {
     case SH_Slider_AbsoluteSetButtons: return Qt::LeftButton;   // a click goes there
-    case SH_ComboBox_Popup: return 0;
+    case SH_ComboBox_Popup:
     case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     case SH_MenuBar_MouseTracking: return 1;
     case SH_Widget_Animate: return motionReduced ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
