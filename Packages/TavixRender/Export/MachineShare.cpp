@@ -39,7 +39,7 @@ std::size_t memoryBytes(std::size_t asked) {
 
 namespace {
 
-constexpr std::size_t MB = std::size_t{1} << 20;
+constexpr std::size_t megabyte = std::size_t{1} << 20;
 
 std::size_t shareOf(std::size_t asked, int workers) {
     return memoryBytes(asked) / std::size_t(std::max(workers, 1));
@@ -50,12 +50,12 @@ std::size_t shareOf(std::size_t asked, int workers) {
 RenderRoom roomOf(std::size_t asked, int workers) {
     const RenderRoom most;
     const std::size_t share = shareOf(asked, workers);
-    return {std::clamp(share / 3, 64 * MB, most.decoderBytes), std::min(share / 16, most.pictureBytes)};
+    return {std::clamp(share / 3, 64 * megabyte, most.decoderBytes), std::min(share / 16, most.pictureBytes)};
 }
 
 imaging::EvaluatorOptions evaluation(imaging::EvaluatorOptions options, std::size_t asked, int workers) {
     options.cacheBytes =
-        std::min(options.cacheBytes, std::clamp(shareOf(asked, workers) / 8, 8 * MB, 64 * MB));
+        std::min(options.cacheBytes, std::clamp(shareOf(asked, workers) / 8, 8 * megabyte, 64 * megabyte));
     return options;
 }
 
