@@ -4,6 +4,7 @@
 #include "TavixEditor/Inspector/Colors.h"
 #include "TavixEditor/Inspector/InspectorView.h"
 #include "TavixEditor/Inspector/ScreenPick.h"
+#include "TavixEditor/Inspector/ScrubField.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
 
 #include <QAbstractButton>
@@ -88,6 +89,22 @@ TEST_F(ColorPopupTest, AllThatIsChosenIsOneStepAndEscapeGivesItUp) {
     EXPECT_EQ(undoName(), "Change Colour");
     studio.model.undo();
     EXPECT_EQ(color().rgb(), QColor(255, 128, 0).rgb());
+}
+
+TEST_F(ColorPopupTest, EachNumberIsItsOwnPartOfTheColour) {
+    struct {
+        const char* name;
+        int after[4];   // an arrow key, of red, green, blue and of alpha
+    } const cases[]{{"R", {254, 128, 0, 255}}, {"G", {254, 127, 0, 255}}, {"B", {254, 127, 1, 255}},
+        {"Opacity", {254, 127, 1, 252}}};
+    for (const auto& c : cases) {
+        ScrubField* field = nullptr;
+        for (ScrubField* const each : popup()->findChildren<ScrubField*>())
+            if (each->accessibleName() == QLatin1String(c.name)) field = each;
+        ASSERT_TRUE(field) << c.name;
+        QTest::keyClick(field, c.name == std::string_view("B") ? Qt::Key_Up : Qt::Key_Down);
+        EXPECT_EQ(color().rgba(), qRgba(c.after[0], c.after[1], c.after[2], c.after[3])) << c.name;
+    }
 }
 
 TEST_F(ColorPopupTest, OpacityAndDigitsAreColoursToo) {
