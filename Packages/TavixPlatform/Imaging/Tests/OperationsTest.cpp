@@ -365,8 +365,9 @@ TEST(RoundedRectangle, CoversPixelsByTheirDistanceFromItsOutline) {
             for (int y = -3; y < 60; ++y)
                 for (int x = -3; x < 80; ++x) {
                     const double px = x + 0.5, py = y + 0.5;
-                    const double nearX = std::clamp(px, box.x + radius, box.maxX() - radius);
-                    const double nearY = std::clamp(py, box.y + radius, box.maxY() - radius);
+                    // With the largest radius these two bounds are one, but for rounding.
+                    const double nearX = std::max(box.x + radius, std::min(px, box.maxX() - radius));
+                    const double nearY = std::max(box.y + radius, std::min(py, box.maxY() - radius));
                     const double toSide =
                         std::min({px - box.x, box.maxX() - px, py - box.y, box.maxY() - py});
                     const double outside = std::hypot(px - nearX, py - nearY);
