@@ -148,7 +148,7 @@ int posix_memalign(void** to, std::size_t alignment, std::size_t bytes) noexcept
 
 // libnuma, which comes with an encoder, ends the program where it gets no memory, and says so here before
 // (numa(3), "numa_error"): our sentence follows.
-void numa_error(char*) noexcept {}
+void numa_error(char*) noexcept {}   // NOLINT(readability-identifier-naming): its name there
 
 int pthread_create(
     pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*), void* argument) noexcept {
