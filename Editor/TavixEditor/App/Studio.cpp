@@ -4,6 +4,7 @@
 #include "TavixPlatform/Media/AudioReader.h"
 #include "TavixPlatform/Sound/PulseAudioOutput.h"
 #include "TavixPlatform/System/InotifyWatcher.h"
+#include "TavixPlatform/Text/FontBook.h"
 
 #include <cstddef>
 #include <span>
@@ -72,7 +73,9 @@ Studio::Studio(const system::StandardFolders& userFolders, Sound sound)
           .watcher = watcher_.get(),
           .stateFolder = folders.state,
           .backups = &backups_,
-          .pieceStore = pieceStoreOf(folders)}) {}
+          .pieceStore = pieceStoreOf(folders)}) {
+    text::keepDefaultFontConfig();   // Qt asks it for the letters that its own font lacks
+}
 
 Studio::~Studio() = default;
 

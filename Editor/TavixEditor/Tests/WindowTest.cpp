@@ -9,10 +9,14 @@
 #include "TavixEditor/Windows/BundleCopy.h"
 #include "TavixEditor/Windows/RecentCard.h"
 #include "TavixEditor/Windows/Thumbnails.h"
+#include "TavixPlatform/Text/FontBook.h"
 
+#include <QApplication>
 #include <QFileDialog>
+#include <QGlyphRun>
 #include <QLabel>
 #include <QListWidget>
+#include <QTextLayout>
 
 namespace tavix::editor {
 namespace {
@@ -30,6 +34,19 @@ TEST_F(EditorWindow, ShowsThePictureOfTheCompositionThatIsOpened) {
     const QImage shown = window->editor().stage().grab().toImage();
     const QPoint middle = qPoint(stage.viewport().drawnRect().center()).toPoint();
     EXPECT_EQ(QColor(shown.pixel(middle)), QColor(Qt::white));
+}
+
+// Brackets belong to no script, and are asked for with the Latin letters beside them.
+TEST_F(EditorWindow, WritesLettersThatItsOwnFontLacksOnceTextWasDrawn) {
+    const text::FontBook book;
+    if (book.named("Noto Sans CJK JP", 12).isStandIn) GTEST_SKIP() << "needs fonts-noto-cjk";
+    for (const char* words : {"「Tavix」", "（A）", "モーション", "日本語 A", "한국어", "→ ⌘"}) {
+        QTextLayout layout(QString::fromUtf8(words), QApplication::font());
+        layout.beginLayout();
+        layout.createLine();
+        layout.endLayout();
+        for (const QGlyphRun& run : layout.glyphRuns()) EXPECT_FALSE(run.glyphIndexes().contains(0)) << words;
+    }
 }
 
 TEST_F(EditorWindow, TellsWhatIsNoCompositionAndLeavesTheOpenOneAlone) {

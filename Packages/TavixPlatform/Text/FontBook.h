@@ -63,4 +63,9 @@ private:
     mutable std::map<std::filesystem::path, std::unique_ptr<const FontBook>> filesRead_;   // null: no font
 };
 
+// The first book of a process empties fontconfig's default configuration, which only costs time and memory
+// where nobody else asks it. A program whose window system does ask it calls this before it makes a book:
+// else that system finds no font for letters that its own font lacks. Books answer the same either way.
+void keepDefaultFontConfig();
+
 }   // namespace tavix::text

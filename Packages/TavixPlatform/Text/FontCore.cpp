@@ -8,6 +8,7 @@
 #include <pango/pangofc-fontmap.h>
 
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <functional>
@@ -84,9 +85,12 @@ Owned<FcConfig> makeConfig(const FontPlaces& places) {
     return config;
 }
 
+std::atomic<bool> keepsDefaultConfig = false;
+
 // Pango has fontconfig load its default configuration, whoever gives its maps another one, and so would read
 // the machine's fonts twice. An empty configuration in the place of the default keeps it from that.
 void forgoDefaultConfig() {
+    if (keepsDefaultConfig) return;
     static const bool isForgone = FcConfigSetCurrent(Owned<FcConfig>(FcConfigCreate()).get());
     if (!isForgone) throw std::bad_alloc();
 }
@@ -113,6 +117,8 @@ std::vector<VariationAxis> axesOf(hb_face_t* face) {
 PangoWeight pangoWeight(double weight) { return static_cast<PangoWeight>(std::lround(weight)); }
 
 }   // namespace
+
+void keepDefaultFontConfig() { keepsDefaultConfig = true; }
 
 std::string loweredAscii(std::string_view text) {
     std::string result(text);
