@@ -8,6 +8,7 @@
 #include "Engine/System/SystemWatch.h"
 #include "TavixBase/Failure.h"
 #include "TavixRender/Export/CompositionExport.h"
+#include "TavixRender/Export/RatePlan.h"
 
 #include <system_error>
 #include <utility>
@@ -27,6 +28,8 @@ CompositionRenderer::Config configFor(
                          "only a whole film is checked; drop it.");
     CompositionRenderer::Config config = configOf(document, film, choice);
     pieces.apply(config);
+    // Segments of one film are equally coarse, which those who make some of them tell for themselves.
+    config.rate = RatePlan::settled(CompositionExport::filmOf(config));
     return config;
 }
 

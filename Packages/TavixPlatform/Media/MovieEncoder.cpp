@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
@@ -77,6 +78,16 @@ std::string constantRate(int quality, double best, double worst) {
     return std::to_string(std::lround(worst + (best - worst) * std::clamp(quality, 0, 100) / 100));
 }
 
+std::string shown(double coarseness) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", coarseness);
+    return text;
+}
+
+bool hasRate(const MovieSettings& settings) {
+    return settings.bitsPerSec > 0 && !settings.quality && !settings.coarseness;
+}
+
 // Of H.264 and HEVC: no pictures are coded finer than this where they may take less than their rate. They are
 // 52 dB and more from their source then.
 constexpr int finestQuantizer = 10;
@@ -96,14 +107,14 @@ int quantizerOf(const MovieSettings& settings, double framesPerSec) {
 // than they are, which x264 leaves out for its first one.
 std::string firstPictures(const MovieSettings& settings, double framesPerSec) {
     constexpr int finerSteps = 2, lastOfBeginning = 2;
-    if (settings.bitsPerSec == 0 || settings.quality) return ":zones=0,0,b=1.4";
+    if (!hasRate(settings)) return ":zones=0,0,b=1.4";
     const int quantizer = quantizerOf(settings, framesPerSec);
     return ":ratetol=4:zones=0,0,q=" + std::to_string(quantizer - finerSteps) + "/1," +
            std::to_string(lastOfBeginning) + ",q=" + std::to_string(quantizer);
 }
 
 std::string limitOf(const MovieSettings& settings) {
-    const bool isLimited = settings.mayTakeLess && settings.bitsPerSec > 0 && !settings.quality;
+    const bool isLimited = (settings.mayTakeLess && hasRate(settings)) || settings.coarseness;
     return isLimited ? ":qpmin=" + std::to_string(finestQuantizer) : "";
 }
 
@@ -118,6 +129,7 @@ void setH264(const MovieSettings& settings, AVCodecContext& encoder, libav::Opti
     options.set("preset", manner.preset);
     options.set("profile", "high");
     if (settings.quality) options.set("crf", constantRate(*settings.quality, 12, 42));
+    if (settings.coarseness) options.set("crf", shown(*settings.coarseness));
     options.set("x264-params", "cpu-independent=1:lookahead-threads=1:sync-lookahead=0:rc-lookahead=" +
                                    std::to_string(manner.framesAhead) +
                                    firstPictures(settings, av_q2d(encoder.framerate)) + limitOf(settings));
@@ -127,6 +139,7 @@ void setHevc(const MovieSettings& settings, libav::Options& options) {
     static constexpr std::array presets{"ultrafast", "medium", "slow"};
     options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
     if (settings.quality) options.set("crf", constantRate(*settings.quality, 14, 44));
+    if (settings.coarseness) options.set("crf", shown(*settings.coarseness));
     // info=0 leaves the library's version and settings out of the stream. One frame at a time, its rows in
     // parallel: with several, rate control now and then depends on which is done first.
     options.set(
@@ -138,14 +151,18 @@ void setHevc(const MovieSettings& settings, libav::Options& options) {
 // source.
 constexpr int usualQuality = 70;
 
+std::string wholeRate(const MovieSettings& settings, double best, double worst) {
+    if (settings.coarseness) return std::to_string(std::lround(*settings.coarseness));
+    return constantRate(settings.quality.value_or(usualQuality), best, worst);
+}
+
 void setVp9(const MovieSettings& settings, libav::Options& options) {
     static constexpr std::array speeds{"6", "4", "2"};
     options.set("deadline", "good");
     options.set("cpu-used", speeds[static_cast<std::size_t>(settings.effort)]);
     options.set("row-mt", "1");
     options.set("lag-in-frames", "16");
-    if (settings.bitsPerSec == 0)
-        options.set("crf", constantRate(settings.quality.value_or(usualQuality), 15, 55));
+    if (!hasRate(settings)) options.set("crf", wholeRate(settings, 15, 55));
 }
 
 // It prints to standard error, unless this is set before it is first used.
@@ -159,8 +176,7 @@ void setAv1(const MovieSettings& settings, libav::Options& options) {
     quietAv1();
     options.set("preset", presets[static_cast<std::size_t>(settings.effort)]);
     options.set("svtav1-params", "lp=" + std::to_string(encoderThreads));
-    if (settings.bitsPerSec == 0)
-        options.set("crf", constantRate(settings.quality.value_or(usualQuality), 18, 58));
+    if (!hasRate(settings)) options.set("crf", wholeRate(settings, 18, 58));
 }
 
 void setProRes(const MovieSettings& settings, AVCodecContext& encoder, libav::Options& options) {
@@ -176,7 +192,7 @@ void setCodec(const MovieSettings& settings, AVCodecContext& encoder, libav::Opt
     encoder.gop_size =
         std::max(static_cast<int>(std::lround(keyFrameDistanceSec * av_q2d(encoder.framerate))), 1);
     if (settings.hardware) return HardwareFrames::set(settings, encoder, options, failureOf(settings));
-    encoder.bit_rate = settings.quality ? 0 : settings.bitsPerSec;
+    encoder.bit_rate = hasRate(settings) ? settings.bitsPerSec : 0;
     switch (settings.codec) {
     case MovieCodec::h264: return setH264(settings, encoder, options);
     case MovieCodec::hevc: return setHevc(settings, options);

@@ -79,6 +79,14 @@ std::int64_t lengthOf(const JoinSettings& settings) {
 
 std::int64_t pieceFrameCount(const std::filesystem::path& piece) { return PieceReader(piece).packetCount(); }
 
+std::int64_t pieceByteCount(const std::filesystem::path& piece) {
+    PieceReader reader(piece);
+    const auto packet = libav::owned<libav::Packet>(av_packet_alloc());
+    std::int64_t bytes = 0;
+    while (reader.read(*packet)) bytes += packet->size;
+    return bytes;
+}
+
 void joinPieces(const JoinSettings& settings, const std::function<void()>& checkpoint) {
     Pieces pieces(settings);
     std::unique_ptr<PacketSource> sound;

@@ -16,6 +16,8 @@ namespace tavix::media {
 // How many frames a piece has. Reads all of it. Throws MediaError with the reason when it is no piece, or a
 // damaged one.
 std::int64_t pieceFrameCount(const std::filesystem::path& piece);
+// What its pictures take. Throws as before.
+std::int64_t pieceByteCount(const std::filesystem::path& piece);
 
 struct JoinSettings {
     std::vector<std::filesystem::path> pieces;    // in their order; of equal settings

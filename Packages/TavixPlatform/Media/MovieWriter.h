@@ -38,6 +38,9 @@ struct MovieSettings {
     std::int64_t bitsPerSec = 0;                      // average; 0 leaves it to the codec, ProRes knows none
     bool mayTakeLess = false;                         // than the rate, where nobody would see what it adds
     std::optional<int> quality = {};                  // 0 to 100 instead of a rate; of no meaning to ProRes
+    // Instead of both, on the codec's own scale: 0 to 51 for H.264 and HEVC in any steps, 0 to 63 for VP9 and
+    // AV1 in whole ones. Six steps of the former, and about nine of the latter, take half of the bits.
+    std::optional<double> coarseness = {};
     EncodingEffort effort = EncodingEffort::fast;
     std::optional<HardwareEncoder> hardware = {};   // of that codec, in place of the usual encoder
     int timescale = 600;                            // units per second of presentation times

@@ -23,10 +23,11 @@ constexpr bool isAnimation(ExportFormat format) {
     return format == ExportFormat::gif || format == ExportFormat::webp;
 }
 
-// What is kept of a film, in place of what is usual for its codec. At most one of the two.
+// What is kept of a film, in place of what is usual for its codec. At most one of the three.
 struct ExportRate {
     std::optional<int> quality = {};               // 0 to 100
     std::optional<std::int64_t> bitsPerSec = {};   // on average, of the pictures
+    std::optional<double> coarseness = {};         // the same for all pictures, as MovieSettings::coarseness
     bool operator==(const ExportRate&) const = default;
 };
 

@@ -68,6 +68,7 @@ media::MovieSettings movieSettings(const FrameSequenceEncoder::Settings& setting
         .bitsPerSec = bitsPerSecOf(settings, double(clock.timescale) / clock.frameDuration),
         .mayTakeLess = !settings.rate.bitsPerSec,
         .quality = settings.rate.quality,
+        .coarseness = settings.rate.coarseness,
         .effort = settings.effort,
         .hardware = settings.hardware,
         .timescale = clock.timescale,

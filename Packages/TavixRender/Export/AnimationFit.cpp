@@ -5,6 +5,7 @@
 #include "TavixRender/Encoding/HiddenFile.h"
 #include "TavixRender/Export/FilmExport.h"
 #include "TavixRender/Export/MachineShare.h"
+#include "TavixRender/Export/ReducedFilm.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,18 +19,6 @@ namespace {
 
 constexpr int leastQuality = 35, leastWidthPx = 64;
 constexpr double leastFps = 8;
-
-class ReducedPainter final : public PiecedFilm::Painter {
-public:
-    ReducedPainter(std::unique_ptr<PiecedFilm::Painter> painter, imaging::Size size)
-        : painter_(std::move(painter)), rect_{0, 0, double(size.width), double(size.height)} {}
-    imaging::Image frame(double atSec) override { return painter_->frame(atSec).placedInto(rect_); }
-    std::vector<std::size_t> partsAt(double atSec) const override { return painter_->partsAt(atSec); }
-
-private:
-    std::unique_ptr<PiecedFilm::Painter> painter_;
-    imaging::Rect rect_;
-};
 
 std::int64_t frameCountOf(const PiecedFilm& film, const FrameRate& fps) {
     return std::max<std::int64_t>(FilmWriter::frameCount(film.fps.secAt(film.frameCount), fps), 1);
@@ -132,16 +121,10 @@ Look lookOf(const PiecedFilm& film) {
 }
 
 PiecedFilm made(const PiecedFilm& film, const Look& look) {
-    PiecedFilm other = film;
-    other.size = look.size;
+    PiecedFilm other = look.size == film.size ? film : reducedFilm(film, look.size);
     other.fps = look.fps;
     other.frameCount = frameCountOf(film, look.fps);
     if (film.file.format == ExportFormat::webp) other.file.rate.quality = look.quality;
-    if (look.size != film.size)
-        other.painter = [painter = film.painter, size = look.size](
-                            imaging::Evaluator& evaluator, const RenderLog& log, const RenderRoom& room) {
-            return std::make_unique<ReducedPainter>(painter(evaluator, log, room), size);
-        };
     return other;
 }
 

@@ -2,6 +2,7 @@
 
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
+#include "TavixRender/Export/ExportGeometry.h"
 #include "TavixRender/Export/FilmExport.h"
 #include "TavixRender/Export/PieceKeys.h"
 
@@ -71,6 +72,11 @@ PiecedFilm filmOf(const Config& config) {
         return std::make_unique<Painter>(kept, evaluator, log, room);
     };
     film.keys = [kept](const FilmFile& encoding) { return std::make_unique<Keys>(kept, encoding); };
+    film.atSize = [kept](imaging::Size size) {
+        Config other = *kept;
+        other.spec = scaledExportSpec(kept->spec, size, kept->spec.output.fps);
+        return filmOf(other);
+    };
     film.evaluation = config.evaluation;
     film.pieceStore = config.pieceStore;
     film.memoryBytes = config.memoryBytes;

@@ -5,12 +5,10 @@
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/MachineShare.h"
 #include "TavixRender/Export/RateFit.h"
+#include "TavixRender/Export/TrialFolder.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <string>
-#include <system_error>
 
 namespace tavix::ExportTrial {
 
@@ -26,29 +24,6 @@ constexpr double atFraction = 0.4;   // of the film
 double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-// A folder that goes with its content.
-class TrialFolder {
-public:
-    TrialFolder() {
-        std::string pattern = (fs::temp_directory_path() / "tavix-trial-XXXXXX").string();
-        if (!::mkdtemp(pattern.data()))
-            throw Failure("There is no folder for a trial export in \"" + fs::temp_directory_path().string() +
-                          "\"; make one that can be written.");
-        path_ = pattern;
-    }
-    ~TrialFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    TrialFolder(const TrialFolder&) = delete;
-    TrialFolder& operator=(const TrialFolder&) = delete;
-
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
-};
 
 // What the film becomes where it may not have all the bytes that it would take.
 void fit(PiecedFilm& film, Outcome& outcome, const std::stop_token& stop) {

@@ -4,6 +4,7 @@
 #include "TavixRender/Encoding/HiddenFile.h"
 #include "TavixRender/Encoding/RenderStopped.h"
 #include "TavixRender/Export/MachineShare.h"
+#include "TavixRender/Export/RatePlan.h"
 
 #include <deque>
 #include <string>
@@ -12,7 +13,8 @@ namespace tavix::FilmExport {
 
 namespace {
 
-constexpr double pictureShare = 0.95;   // of the progress
+constexpr double pictureShare = 0.95;   // of the progress, with that of the plan
+constexpr double planShare = 0.15;      // where there is a rate to be planned
 
 // Names beside the output, whose files are gone when this is.
 class PieceFiles {
@@ -58,13 +60,19 @@ PieceRender::Report write(const PiecedFilm& film, const RenderLog& log,
     const auto report = [&](double fraction) {
         if (onProgress) onProgress(fraction);
     };
+    PiecedFilm planned = film;
+    const bool isPlanned = film.file.rate.bitsPerSec && RatePlan::isFor(film.file);
+    const double begin = isPlanned ? planShare : 0;
+    planned.file.rate = RatePlan::settled(
+        film, [&](double done) { report(done * planShare); }, stop);
     const PieceFiles files(film.file.output, film.pieces.size());
     PieceRender::Report made;
     try {
         made = PieceRender::writeAll(
-            film, film.pieces, files.paths(), log, [&](double done) { report(done * pictureShare); }, stop);
+            planned, film.pieces, files.paths(), log,
+            [&](double done) { report(begin + done * (pictureShare - begin)); }, stop);
         report(pictureShare);
-        PieceRender::join(film, files.paths(), log, stop);
+        PieceRender::join(planned, files.paths(), log, stop);
     } catch (const RenderStopped&) {
         throw;
     } catch (const Failure& failure) {

@@ -21,13 +21,14 @@ std::optional<Digest> contentOf(const std::filesystem::path& path) {
     return hash.digest();
 }
 
-constexpr std::uint64_t formOfEncoding = 2;   // counts with how the encoders are set
+constexpr std::uint64_t formOfEncoding = 3;   // counts with how the encoders are set
 
 void addEncoding(Hash& hash, const FilmFile& file) {
     hash.add(formOfEncoding);
     hash.add(std::uint64_t(file.codec)).add(std::uint64_t(file.effort));
     hash.add(std::uint64_t(file.rate.quality.value_or(-1)));
     hash.add(std::uint64_t(file.rate.bitsPerSec.value_or(-1)));
+    hash.add(file.rate.coarseness.value_or(-1));
     if (file.hardware) hash.add(contentHash(file.hardware->name));
 }
 

@@ -60,6 +60,9 @@ struct PiecedFilm {
     // Of pieces that are encoded so. Reads the files that the film is made from.
     std::function<std::unique_ptr<Keys>(const FilmFile& encoding)> keys;
 
+    // The film as it is at another size, laid out anew; absent: frames can only be scaled.
+    std::function<PiecedFilm(imaging::Size size)> atSize = {};
+
     imaging::EvaluatorOptions evaluation = {};
     // Where finished pieces are kept for the next render; absent: nowhere.
     std::optional<std::filesystem::path> pieceStore = {};

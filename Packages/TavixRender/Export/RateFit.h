@@ -13,9 +13,10 @@ namespace tavix::RateFit {
 // Throws `Failure` when that is nothing that can be shown.
 std::int64_t bitsPerSec(const PiecedFilm& film, std::int64_t mostBytes);
 
-// Writes the film, and again with less where an encoder did not keep to the rate. `tell` is called with the
-// rate before each. The film keeps the last one. Throws `Failure` when nothing that can be shown fits; `stop`
-// ends in `RenderStopped`.
+// Writes the film: as it usually is where that fits, and else as coarse as it takes (RatePlan.h); again, and
+// coarser, where it came out too large. `tell` is called once, with the rate that the bytes leave. The film
+// keeps the rate that it was written with. Throws `Failure` when nothing that can be shown fits; `stop` ends
+// in `RenderStopped`.
 using Tell = std::function<void(std::int64_t bitsPerSec)>;
 PieceRender::Report write(PiecedFilm& film, std::int64_t mostBytes, const RenderLog& log, const Tell& tell,
     const FilmWriter::Progress& onProgress = {}, const std::stop_token& stop = {});
