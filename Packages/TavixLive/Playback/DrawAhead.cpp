@@ -68,8 +68,12 @@ void DrawAhead::lookFor(std::int64_t from) {
 
 void DrawAhead::prepareNext() {
     if (!isQuiet()) return disturb();
-    player_.item()->pictures->prepare(
-        player_.currentSec(), order_.guard([this](bool hasMore) { hasMore ? prepareNext() : drawNext(); }));
+    RenderChain& pictures = *player_.item()->pictures;
+    pictures.prepare(player_.currentSec(), order_.guard([this, &pictures](bool hasMore) {
+        if (hasMore) return prepareNext();
+        pictures.rest();   // so that what is drawn now takes the place of what was built from
+        drawNext();
+    }));
 }
 
 void DrawAhead::drawNext() {

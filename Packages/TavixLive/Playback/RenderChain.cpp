@@ -201,6 +201,15 @@ void RenderChain::prepare(double nearSec, std::function<void(bool)> then) {
         std::move(then));
 }
 
+void RenderChain::rest() {
+    ask(
+        [](const FrameSourceRef& source) {
+            if (source) source->rest();
+            return true;
+        },
+        [](bool) {});
+}
+
 void RenderChain::findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then) {
     ask(
         [atSec = std::move(atSec)](const FrameSourceRef& source) {

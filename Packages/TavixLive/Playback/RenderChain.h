@@ -52,6 +52,8 @@ public:
     void fillStore(double atSec, std::function<void(FrameSource::Filled filled)> then);
     // Sets up a part of what is shown after that time; `then` is told whether there may be more.
     void prepare(double nearSec, std::function<void(bool hasMore)> then);
+    // In turn, the source gives up what only another edit would ask for.
+    void rest();
     // Which of the times are in memory.
     void findStored(std::vector<double> atSec, std::function<void(std::vector<bool>)> then);
 

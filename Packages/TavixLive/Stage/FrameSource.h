@@ -37,6 +37,8 @@ public:
     virtual bool isStored(double atSec) const = 0;
     // Sets up a part of what frames after that time take; false when nothing is left to set up.
     virtual bool prepare(double /*nearSec*/) { return false; }
+    // Nobody has done anything for a while: gives up what is kept only so that another edit comes cheaper.
+    virtual void rest() {}
     // Whether one more frame fits into memory without another one leaving it.
     virtual bool hasRoom() const = 0;
 

@@ -9,10 +9,12 @@
 #include "TavixRender/Audio/CompositionAudioMuxer.h"
 #include "TavixRender/Composition2D/ResolvedComposition.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <set>
 #include <string>
 #include <utility>
@@ -59,10 +61,25 @@ struct Stage::Workroom {
           ground(chosen.showsClear ? checkered() : imaging::Image::solid(imaging::Color::black())) {}
 
     void resize(imaging::Size wanted) {
-        if (surface && size == wanted) return;
+        if (surface && store && size == wanted) return;
         size = wanted;
         surface.emplace(evaluator, size);
         store.emplace(size, options.storeBytes);
+    }
+
+    // A build of another size draws none of them again.
+    void forgetFrames() {
+        surface.reset();
+        store.reset();
+    }
+
+    // Those that a document names for the first time are read together, as far as they may stay; later ones
+    // are read by the layers that are built anew.
+    void readAhead(std::set<std::filesystem::path> named) {
+        std::set<std::filesystem::path> fresh;
+        std::ranges::set_difference(named, namedPictures, std::inserter(fresh, fresh.end()));
+        memory.images().readAhead(fresh, BuildMemory::mostPictureBytes);
+        namedPictures = std::move(named);
     }
 
     Options options;
@@ -75,8 +92,9 @@ struct Stage::Workroom {
     imaging::Size size;
     std::optional<imaging::FrameSurface> surface;
     std::optional<FrameStore> store;
-    // Of the pictures that are shown, wait to be shown, or come next.
-    std::shared_ptr<imaging::BytePool> pictures = std::make_shared<imaging::BytePool>(64u << 20);
+    std::set<std::filesystem::path> namedPictures;   // of the document before
+    // Of those that nobody shows any more: while a film plays, each goes to the next frame.
+    std::shared_ptr<imaging::BytePool> pictures = std::make_shared<imaging::BytePool>(6u << 20);
 };
 
 class Stage::Source final : public FrameSource {
@@ -100,11 +118,14 @@ public:
     } catch (const std::exception&) {
         return false;
     }
+    void rest() override { room_->memory.images().renew(mostRestingPictureBytes); }
     bool hasRoom() const override { return room_->store && room_->store->hasRoom(); }
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return hasDevicesInSpace_; }
 
 private:
+    static constexpr std::size_t mostRestingPictureBytes = 4u << 20;   // of decoded files
+
     std::shared_ptr<Workroom> room_;
     ResolvedComposition resolved_;
     double totalSec_;
@@ -160,7 +181,8 @@ Stage::~Stage() = default;
 FrameSourceRef Stage::source(const CompositionSpec& spec, const AssetRoot& assetRoot, imaging::Size room) {
     const imaging::Size size = stageSize(canvasSize(spec), room);
     room_->showsLiveValues = false;
-    room_->memory.images().readAhead(picturesOf(spec, assetRoot));
+    if (size != room_->size) room_->forgetFrames();
+    room_->readAhead(picturesOf(spec, assetRoot));
     return std::make_shared<Source>(
         room_, stageDocument(spec, size, assetRoot, room_->memory.images()), assetRoot);
 }

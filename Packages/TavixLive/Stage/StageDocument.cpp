@@ -31,10 +31,12 @@ CompositionSpec stageDocument(const CompositionSpec& spec, imaging::Size size,
         for (CompositionLayer& layer : scene.layers) {
             auto* image = std::get_if<ImageContent>(&layer.content);
             if (image == nullptr || image->heightFraction) continue;
-            const auto file = images.image(CompositionAssets::resolved(image->path, assetRoot));
-            if (!file) continue;
-            const double height = CompositionSourceCrop::apply(*file, image->sourceRect).extent().height;
-            image->heightFraction = height / double(spec.output.heightPx);
+            const auto picture = images.size(CompositionAssets::resolved(image->path, assetRoot));
+            if (!picture) continue;
+            const imaging::Rect all{0, 0, double(picture->width), double(picture->height)};
+            const imaging::Rect shown =
+                image->sourceRect ? CompositionSourceCrop::partOf(all, *image->sourceRect) : all;
+            image->heightFraction = shown.height / double(spec.output.heightPx);
         }
     return scaled;
 }

@@ -89,6 +89,23 @@ TEST_F(DrawingAhead, SetsUpWhatScenesAreDrawnWithBeforeItDraws) {
     EXPECT_GE(studio.source->draws[1].startSec, studio.source->prepared.back());
 }
 
+// What is drawn ahead takes the place of what scenes were built from.
+TEST_F(DrawingAhead, LetsTheSourceRestOnceScenesAreSetUp) {
+    studio.source->leftToPrepare = 2;
+    studio.time.advance(0.6);
+    EXPECT_THAT(studio.source->rests, IsEmpty());
+    studio.time.advance(3);
+    EXPECT_THAT(studio.source->rests, ElementsAre(0u));
+    EXPECT_GT(studio.source->draws.size(), 20u);
+    for (int i = 0; i < 20; ++i) {
+        ahead.disturb();
+        studio.time.advance(0.3);
+    }
+    EXPECT_EQ(studio.source->rests.size(), 1u) << "somebody is busy";
+    studio.time.advance(1);
+    EXPECT_EQ(studio.source->rests.size(), 2u);
+}
+
 // It stops by itself when pictures are asked for, also by who does not tell it.
 TEST_F(DrawingAhead, MakesWayForAnyRequest) {
     studio.time.advance(1);

@@ -28,6 +28,7 @@ public:
     bool isStored(double atSec) const override { return stored.contains(slotOf(atSec)); }
     bool hasRoom() const override { return stored.size() < room; }
     bool prepare(double nearSec) override;
+    void rest() override { rests.push_back(draws.size()); }
     double totalSec() const override { return totalSec_; }
     bool hasDevicesInSpace() const override { return isInSpace; }
 
@@ -40,7 +41,8 @@ public:
     std::vector<Draw> draws;
     std::function<double(double atSec)> costAt;   // in place of the one cost
     int leftToPrepare = 0;
-    std::vector<double> prepared;   // where, in virtual time
+    std::vector<double> prepared;     // where, in virtual time
+    std::vector<std::size_t> rests;   // after how many pictures
 
 private:
     system::ManualTime& time_;

@@ -110,6 +110,41 @@ TEST(Stage, KeepsNoFrameOfADrag) {
     EXPECT_TRUE(next->isStored(sec));
 }
 
+// Whatever is given up in between is read again.
+TEST(Stage, ShowsTheSameAfterARest) {
+    Film film = example("phone-tour.tavixcomp");
+    Stage stage({}, {});
+    std::mt19937 random(9);
+    const double totalSec = CompositionTimeline(film.spec).totalSec;
+    for (int edits = 0; edits < 6; ++edits) {
+        const FrameSourceRef source = stage.source(film.spec, film.bundle, room);
+        const double sec = totalSec * (edits + 0.5) / 6;
+        if (edits % 2 == 0) source->rest();
+        ASSERT_EQ(drawn(*source, sec).distanceTo(drawnAnew(film, sec)), 0) << edits;
+        source->rest();
+        ASSERT_EQ(drawn(*source, sec).distanceTo(drawnAnew(film, sec)), 0) << edits;
+        edit(film.spec, random);
+    }
+}
+
+TEST(Stage, ForgetsTheFramesOfAnotherSizeAtOnce) {
+    const Film film = example("on-the-beat.tavixcomp");
+    Stage stage({}, {});
+    const FrameSourceRef before = stage.source(film.spec, film.bundle, room);
+    drawn(*before, 1);
+    EXPECT_GT(stage.storedBytes(), 0u);
+    const FrameSourceRef same = stage.source(film.spec, film.bundle, room);
+    EXPECT_TRUE(same->isStored(1));
+    const FrameSourceRef larger = stage.source(film.spec, film.bundle, {240, 400});
+    EXPECT_EQ(stage.storedBytes(), 0u);
+    EXPECT_FALSE(larger->isStored(1) || before->isStored(1) || larger->hasRoom());
+    drawn(*before, 1);   // until the other one is shown
+    EXPECT_TRUE(before->isStored(1));
+    drawn(*larger, 1);
+    EXPECT_TRUE(larger->isStored(1));
+    EXPECT_FALSE(before->isStored(1));
+}
+
 TEST(Stage, FitsTheCanvasIntoTheRoomAndNeverEnlargesIt) {
     const struct {
         imaging::Size canvas, room, stage;

@@ -1,6 +1,7 @@
 #include "TavixRender/Assets/StillImageCache.h"
 
 #include "TavixPlatform/Imaging/ParallelLoop.h"
+#include "TavixPlatform/Media/StillHeader.h"
 #include "TavixPlatform/Media/StillImages.h"
 
 #include <algorithm>
@@ -57,14 +58,32 @@ void StillImageCache::renew(std::size_t mostBytes) {
     }
 }
 
-void StillImageCache::readAhead(const std::set<std::filesystem::path>& paths) {
+// From the head of the file, which costs a thousandth of its pixels.
+std::optional<imaging::Size> StillImageCache::size(const std::filesystem::path& path) {
+    const auto file = FileIdentity::of(path);
+    Measured& known = sizes_[path];
+    if (known.file && known.file == file) return known.size;
+    known = {file, {}};
+    try {
+        known.size = media::readStillHeader(path).size;
+    } catch (const media::MediaError&) {}   // `image` tells why
+    return known.size;
+}
+
+void StillImageCache::readAhead(const std::set<std::filesystem::path>& paths, std::size_t mostBytes) {
     struct Reading {
         const std::filesystem::path* path;
         Entry entry;
     };
     std::vector<Reading> readings;
-    for (const std::filesystem::path& path : paths)
-        if (!byPath_.contains(path)) readings.push_back({&path, {{}, {}, renewals_}});
+    double bytes = 0;
+    for (const std::filesystem::path& path : paths) {
+        const auto stated = byPath_.contains(path) ? std::nullopt : size(path);
+        if (!stated) continue;
+        bytes += 4.0 * stated->width * stated->height;
+        if (bytes > double(mostBytes)) break;
+        readings.push_back({&path, {{}, {}, renewals_}});
+    }
     if (readings.empty()) return;
     imaging::ParallelLoop(0).run(int(readings.size()), [&](int i) {
         Reading& reading = readings[std::size_t(i)];

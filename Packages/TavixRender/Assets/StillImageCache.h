@@ -24,8 +24,11 @@ public:
     std::optional<imaging::Image> image(const std::filesystem::path& path);
     // The same for who needs it but once: it is not kept on that account.
     std::optional<imaging::Image> imageOnce(const std::filesystem::path& path) const;
-    // Reads those that are not known yet on all cores at once. One that cannot be read is left to `image`.
-    void readAhead(const std::set<std::filesystem::path>& paths);
+    // How large the picture is, for who does not draw it, or nothing.
+    std::optional<imaging::Size> size(const std::filesystem::path& path);
+    // Reads those that are not known yet on all cores at once, as many as that memory holds. One that cannot
+    // be read is left to `image`.
+    void readAhead(const std::set<std::filesystem::path>& paths, std::size_t mostBytes);
     // For who goes on with it: forgets pictures whose file has changed, and then those that have not been
     // asked for the longest, until the others take no more memory than that.
     void renew(std::size_t mostBytes);
@@ -38,8 +41,14 @@ private:
     };
     std::optional<imaging::Image> load(const std::filesystem::path& path) const;
 
+    struct Measured {
+        std::optional<FileIdentity> file;
+        std::optional<imaging::Size> size;
+    };
+
     RenderLog log_;
     std::map<std::filesystem::path, Entry> byPath_;
+    std::map<std::filesystem::path, Measured> sizes_;
     std::uint64_t renewals_ = 0;
 };
 
