@@ -44,7 +44,7 @@ public:
         line->addWidget(swatch_);
         line->addWidget(hex_, 1);
         swatch_->setAccessibleName(name);
-        swatch_->setToolTip(InspectorWords::tr("Choose a colour, here or anywhere on the screen"));
+        swatch_->setToolTip(InspectorWords::tr("Choose a color, here or anywhere on the screen"));
         hex_->setFrame(false);
         hex_->setAccessibleName(InspectorWords::tr("%1 in hexadecimal digits").arg(name));
         connect(swatch_, &QAbstractButton::clicked, this, [this] { choose(); });
@@ -127,7 +127,7 @@ public:
         column->setSpacing(space::small);
         kinds_ = new QComboBox;
         kinds_->setAccessibleName(documentLabel(row.label));
-        kinds_->addItem(InspectorWords::tr("Colour"));
+        kinds_->addItem(InspectorWords::tr("Color"));
         kinds_->addItem(InspectorWords::tr("Gradient"));
         // A shape has no pictures; its rest value says which this is.
         isBackground_ = row.path.tokens().back() != "fill" || row.path.tokens().size() == 1;

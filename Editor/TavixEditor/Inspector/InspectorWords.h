@@ -1,4 +1,4 @@
-// The inspector's words in the language of the interface: InspectorWords::tr("Colour").
+// The inspector's words in the language of the interface: InspectorWords::tr("Color").
 #pragma once
 
 #include <QCoreApplication>

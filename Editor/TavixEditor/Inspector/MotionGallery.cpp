@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Inspector/MotionStrips.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
@@ -69,7 +70,7 @@ public:
         const QRect below(option.rect.x(), picture.bottom() + space::tight, cellWidth, 15);
         painter->setPen(theme.text);
         painter->drawText(below, Qt::AlignCenter,
-            painter->fontMetrics().elidedText(words(item.title), Qt::ElideRight, cellWidth));
+            painter->fontMetrics().elidedText(documentLabel(item.title), Qt::ElideRight, cellWidth));
         painter->setPen(theme.secondary);
         painter->drawText(below.translated(0, 14), Qt::AlignCenter, words(displayName(item.dimension)));
         painter->restore();
@@ -142,9 +143,10 @@ public:
 
 private:
     static bool matches(const PresetGalleryItem& item, const QString& typed) {
-        const QString all = words(item.title) + QLatin1Char(' ') + words(displayName(item.collection)) +
-                            QLatin1Char(' ') + words(displayName(item.family)) + QLatin1Char(' ') +
-                            words(displayName(item.dimension)) + QLatin1Char(' ') +
+        const QString all = documentLabel(item.title) + QLatin1Char(' ') + words(item.title) +
+                            QLatin1Char(' ') + documentLabel(std::string(displayName(item.collection))) +
+                            QLatin1Char(' ') + documentLabel(std::string(displayName(item.family))) +
+                            QLatin1Char(' ') + words(displayName(item.dimension)) + QLatin1Char(' ') +
                             words(item.authoringName());
         for (const QString& word : typed.split(QLatin1Char(' '), Qt::SkipEmptyParts))
             if (!all.contains(word, Qt::CaseInsensitive)) return false;
@@ -157,9 +159,9 @@ private:
         const auto& items = PresetGalleryCatalog::all();
         for (std::size_t i = 0; i < items.size(); ++i) {
             if (!matches(items[i], search_->text())) continue;
-            auto* item = new QListWidgetItem(words(items[i].title), list_);
+            auto* item = new QListWidgetItem(documentLabel(items[i].title), list_);
             item->setData(Qt::UserRole, uint(i));
-            item->setToolTip(words(displayName(items[i].collection)));
+            item->setToolTip(documentLabel(std::string(displayName(items[i].collection))));
         }
         if (list_->count() == 0)
             notice_->setText(tr("No motion is called that."));
@@ -207,10 +209,10 @@ private:
     void apply() {
         if (!chosen_) return;
         const PresetGalleryItem& item = PresetGalleryCatalog::all()[*chosen_];
-        giveMotion(model_, item, tr("Motion “%1”").arg(words(item.title)));
+        giveMotion(model_, item, tr("Motion “%1”").arg(documentLabel(item.title)));
         chosen_.reset();
         replace_->hide();
-        notice_->setText(tr("“%1” is applied.").arg(words(item.title)));
+        notice_->setText(tr("“%1” is applied.").arg(documentLabel(item.title)));
     }
 
     CompositionEditorModel& model_;

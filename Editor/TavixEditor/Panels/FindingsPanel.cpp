@@ -1,6 +1,7 @@
 #include "TavixEditor/Panels/FindingsPanel.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
+#include "TavixEditor/App/FindingText.h"
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Panels/NoteList.h"
 
@@ -20,8 +21,8 @@ namespace {
 NoteRow noteOf(const FindingRow& row) {
     const bool isError = row.finding.level == Finding::Level::error;
     return {isError ? Icon::error : Icon::warning, isError ? &Theme::danger : &Theme::warning,
-        isError ? FindingsPanel::tr("Error") : FindingsPanel::tr("Warning"), words(row.finding.message),
-        words(row.where), row.hasRepair};
+        isError ? FindingsPanel::tr("Error") : FindingsPanel::tr("Warning"),
+        findingWords(row.finding.message), words(row.where), row.hasRepair};
 }
 
 }   // namespace
@@ -110,7 +111,7 @@ void FindingsPanel::showChosen() {
     const auto& rows = findings_.told().rows;
     const bool isChosen = row >= 0 && std::size_t(row) < rows.size();
     const Finding finding = isChosen ? rows[std::size_t(row)].finding : Finding();
-    const QString what = words(finding.suggestion.value_or(""));
+    const QString what = findingWords(finding.suggestion.value_or(""));
     const QString code = words(finding.code);
     suggestion_->setText(what.isEmpty() ? code : code.isEmpty() ? what : what + QStringLiteral(" — ") + code);
     suggestion_->setVisible(isChosen && !suggestion_->text().isEmpty());

@@ -1,6 +1,7 @@
 #include "TavixEditor/Panels/WrittenPlace.h"
 
 #include "Editor/EditorDomain/Inspector/InspectorRows.h"
+#include "Editor/EditorDomain/Timeline/TimelineScene.h"
 #include "TavixCore/Time/CompositionTimeline.h"
 #include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
@@ -35,10 +36,20 @@ WrittenPlace placeOf(const JsonPointer& at, const CompositionSpec& spec) {
     return place;
 }
 
+namespace {
+
+// By its own words where it has some; the name of its kind is told in the language of the interface.
+std::string nameOf(const CompositionLayer& layer) {
+    if (timeline::isLabelledByKind(layer)) return utf8Of(documentLabel(timeline::barLabel(layer)));
+    return FilmJudge::nameOf(layer);
+}
+
+}   // namespace
+
 std::string wordsOf(const WrittenPlace& place, const CompositionSpec& spec) {
     std::string text = place.scene ? spec.scenes[*place.scene].displayName(*place.scene)
                                    : utf8Of(QCoreApplication::translate("WrittenPlace", "The film"));
-    if (place.layer) text += " · " + FilmJudge::nameOf(spec.scenes[*place.scene].layers[*place.layer]);
+    if (place.layer) text += " · " + nameOf(spec.scenes[*place.scene].layers[*place.layer]);
     if (!place.key.empty()) text += " · " + utf8Of(documentLabel(labelOfKey(place.key)));
     return text;
 }

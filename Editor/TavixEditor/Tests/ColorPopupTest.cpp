@@ -36,10 +36,10 @@ struct ColorPopupTest : ::testing::Test {
         open();
     }
     void set(const RGBAColor& color) {
-        studio.model.update("Colour",
+        studio.model.update("Color",
             [&](EditState& state) { std::get<TextContent>(state.layer(0, 1)->content).color = color; });
     }
-    void open() { QTest::mouseClick(in<QAbstractButton>(view.get(), "Colour"), Qt::LeftButton); }
+    void open() { QTest::mouseClick(in<QAbstractButton>(view.get(), "Color"), Qt::LeftButton); }
     QWidget* popup() const {
         for (QWidget* const each : view->findChildren<QWidget*>(QStringLiteral("colorPopup")))
             if (each->isVisible()) return each;
@@ -79,14 +79,14 @@ TEST_F(ColorPopupTest, AllThatIsChosenIsOneStepAndEscapeGivesItUp) {
     QTest::keyClick(popup(), Qt::Key_Escape);
     EXPECT_FALSE(popup());
     EXPECT_EQ(color().rgb(), QColor(255, 128, 0).rgb());
-    EXPECT_EQ(undoName(), "Colour") << "nothing was done";
+    EXPECT_EQ(undoName(), "Color") << "nothing was done";
     open();
     press(0, 0);
     in<QSlider>(popup(), "Hue")->setValue(240);
     press(1, 0);
     popup()->close();
     EXPECT_EQ(color(), QColor(Qt::blue));
-    EXPECT_EQ(undoName(), "Change Colour");
+    EXPECT_EQ(undoName(), "Change Color");
     studio.model.undo();
     EXPECT_EQ(color().rgb(), QColor(255, 128, 0).rgb());
 }

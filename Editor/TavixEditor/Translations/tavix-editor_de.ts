@@ -411,7 +411,7 @@
         <translation>Farbregler</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>Farbe</translation>
     </message>
     <message>
@@ -967,7 +967,7 @@
         <translation>Wischen</translation>
     </message>
     <message>
-        <source>Word indices</source>
+        <source>Words</source>
         <translation>Wörter</translation>
     </message>
     <message>
@@ -977,6 +977,518 @@
     <message>
         <source>Rectangle</source>
         <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Rise Up</source>
+        <translation>Aufsteigen</translation>
+    </message>
+    <message>
+        <source>Rise Soft</source>
+        <translation>Sanft aufsteigen</translation>
+    </message>
+    <message>
+        <source>Rise Spin</source>
+        <translation>Drehend aufsteigen</translation>
+    </message>
+    <message>
+        <source>Rise Yaw</source>
+        <translation>Aufsteigen, Gierdrehung</translation>
+    </message>
+    <message>
+        <source>Reveal Turn</source>
+        <translation>Enthüllende Drehung</translation>
+    </message>
+    <message>
+        <source>Lay Rise</source>
+        <translation>Aus dem Liegen aufstehen</translation>
+    </message>
+    <message>
+        <source>Lay Rise Spin</source>
+        <translation>Aus dem Liegen mit Drehung</translation>
+    </message>
+    <message>
+        <source>Corner Right Twirl</source>
+        <translation>Wirbel aus der rechten Ecke</translation>
+    </message>
+    <message>
+        <source>Corner Left</source>
+        <translation>Aus der linken Ecke</translation>
+    </message>
+    <message>
+        <source>Dolly In</source>
+        <translation>Kamerafahrt</translation>
+    </message>
+    <message>
+        <source>Drop Bounce</source>
+        <translation>Fallen und federn</translation>
+    </message>
+    <message>
+        <source>Drop Heavy</source>
+        <translation>Schwer fallen</translation>
+    </message>
+    <message>
+        <source>Slide Left</source>
+        <translation>Von links gleiten</translation>
+    </message>
+    <message>
+        <source>Slide Right Lean</source>
+        <translation>Von rechts gleiten, geneigt</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Heranzoomen</translation>
+    </message>
+    <message>
+        <source>Zoom Overshoot</source>
+        <translation>Zoom mit Überschwung</translation>
+    </message>
+    <message>
+        <source>Pop Elastic</source>
+        <translation>Elastisch aufspringen</translation>
+    </message>
+    <message>
+        <source>Jelly In</source>
+        <translation>Wackelpudding</translation>
+    </message>
+    <message>
+        <source>Fade Rise</source>
+        <translation>Aufblenden und steigen</translation>
+    </message>
+    <message>
+        <source>Blur In</source>
+        <translation>Aus der Unschärfe</translation>
+    </message>
+    <message>
+        <source>Materialize</source>
+        <translation>Erscheinen</translation>
+    </message>
+    <message>
+        <source>Flip In X</source>
+        <translation>Klappen um X</translation>
+    </message>
+    <message>
+        <source>Flip In Y</source>
+        <translation>Klappen um Y</translation>
+    </message>
+    <message>
+        <source>Door In</source>
+        <translation>Tür auf</translation>
+    </message>
+    <message>
+        <source>Billboard Flip</source>
+        <translation>Umschlagende Tafel</translation>
+    </message>
+    <message>
+        <source>Swing Drop</source>
+        <translation>Schwingend fallen</translation>
+    </message>
+    <message>
+        <source>Pendulum In</source>
+        <translation>Als Pendel herein</translation>
+    </message>
+    <message>
+        <source>Roll In</source>
+        <translation>Hereinrollen</translation>
+    </message>
+    <message>
+        <source>Cartwheel</source>
+        <translation>Radschlag</translation>
+    </message>
+    <message>
+        <source>Kick Flip</source>
+        <translation>Kickflip</translation>
+    </message>
+    <message>
+        <source>Helix Up</source>
+        <translation>Schraube aufwärts</translation>
+    </message>
+    <message>
+        <source>Spiral In</source>
+        <translation>Spirale</translation>
+    </message>
+    <message>
+        <source>Float Drift</source>
+        <translation>Schwebend treiben</translation>
+    </message>
+    <message>
+        <source>Slingshot</source>
+        <translation>Schleuder</translation>
+    </message>
+    <message>
+        <source>Elastic Side</source>
+        <translation>Elastisch von der Seite</translation>
+    </message>
+    <message>
+        <source>Rubber Entry</source>
+        <translation>Gummiband</translation>
+    </message>
+    <message>
+        <source>Peek Enter</source>
+        <translation>Hereinlugen</translation>
+    </message>
+    <message>
+        <source>Tilt Land</source>
+        <translation>Geneigt landen</translation>
+    </message>
+    <message>
+        <source>Dive From Cam</source>
+        <translation>Aus der Kamera tauchen</translation>
+    </message>
+    <message>
+        <source>Skew Slide</source>
+        <translation>Schräg gleiten</translation>
+    </message>
+    <message>
+        <source>Stretch Drop</source>
+        <translation>Gestreckt fallen</translation>
+    </message>
+    <message>
+        <source>Shutter Steps</source>
+        <translation>Blendenschritte</translation>
+    </message>
+    <message>
+        <source>Typewriter Steps</source>
+        <translation>Schreibmaschinenschritte</translation>
+    </message>
+    <message>
+        <source>Gravity Three-Bounce</source>
+        <translation>Schwerkraft, dreimal federn</translation>
+    </message>
+    <message>
+        <source>Glitch In</source>
+        <translation>Störung herein</translation>
+    </message>
+    <message>
+        <source>Snap Pop</source>
+        <translation>Einschnappen</translation>
+    </message>
+    <message>
+        <source>Rise Facedown Flip</source>
+        <translation>Vom Bauch aufklappen</translation>
+    </message>
+    <message>
+        <source>Wave Ride</source>
+        <translation>Wellenritt</translation>
+    </message>
+    <message>
+        <source>Moon Arc</source>
+        <translation>Mondbogen</translation>
+    </message>
+    <message>
+        <source>Arc Over</source>
+        <translation>Im Bogen darüber</translation>
+    </message>
+    <message>
+        <source>Orbit In</source>
+        <translation>Umlauf herein</translation>
+    </message>
+    <message>
+        <source>Tumble Diag</source>
+        <translation>Schräg purzeln</translation>
+    </message>
+    <message>
+        <source>Seesaw Land</source>
+        <translation>Wippend landen</translation>
+    </message>
+    <message>
+        <source>Edge Balance</source>
+        <translation>Auf der Kante balancieren</translation>
+    </message>
+    <message>
+        <source>Drop Roll Stand</source>
+        <translation>Fallen, rollen, stehen</translation>
+    </message>
+    <message>
+        <source>Sink Down</source>
+        <translation>Versinken</translation>
+    </message>
+    <message>
+        <source>Fall Back</source>
+        <translation>Nach hinten fallen</translation>
+    </message>
+    <message>
+        <source>Fly Up</source>
+        <translation>Davonfliegen</translation>
+    </message>
+    <message>
+        <source>Blast Off</source>
+        <translation>Abheben</translation>
+    </message>
+    <message>
+        <source>Zoom Out Fade</source>
+        <translation>Wegzoomen und ausblenden</translation>
+    </message>
+    <message>
+        <source>Shrink Corner</source>
+        <translation>In die Ecke schrumpfen</translation>
+    </message>
+    <message>
+        <source>Recede Away</source>
+        <translation>Zurückweichen</translation>
+    </message>
+    <message>
+        <source>Spin Out</source>
+        <translation>Hinausdrehen</translation>
+    </message>
+    <message>
+        <source>Door Out</source>
+        <translation>Tür zu</translation>
+    </message>
+    <message>
+        <source>Fold Away</source>
+        <translation>Wegklappen</translation>
+    </message>
+    <message>
+        <source>Topple Off</source>
+        <translation>Umkippen</translation>
+    </message>
+    <message>
+        <source>Slip Fall</source>
+        <translation>Ausrutschen</translation>
+    </message>
+    <message>
+        <source>Whip Left</source>
+        <translation>Peitsche nach links</translation>
+    </message>
+    <message>
+        <source>Glitch Out</source>
+        <translation>Störung hinaus</translation>
+    </message>
+    <message>
+        <source>Deflate</source>
+        <translation>Luft ablassen</translation>
+    </message>
+    <message>
+        <source>Park Left-To-Right</source>
+        <translation>Von links nach rechts stellen</translation>
+    </message>
+    <message>
+        <source>Park Face In</source>
+        <translation>Seitlich stellen, Blick nach innen</translation>
+    </message>
+    <message>
+        <source>Closeup Scan</source>
+        <translation>Nahaufnahme abfahren</translation>
+    </message>
+    <message>
+        <source>Scan Up</source>
+        <translation>Aufwärts abfahren</translation>
+    </message>
+    <message>
+        <source>Punch Top</source>
+        <translation>Sprung nach oben</translation>
+    </message>
+    <message>
+        <source>Punch Bottom</source>
+        <translation>Sprung nach unten</translation>
+    </message>
+    <message>
+        <source>Big Small Big</source>
+        <translation>Groß, klein, groß</translation>
+    </message>
+    <message>
+        <source>Flip Peek</source>
+        <translation>Umschlagen und lugen</translation>
+    </message>
+    <message>
+        <source>Lean Back Hold</source>
+        <translation>Zurücklehnen und halten</translation>
+    </message>
+    <message>
+        <source>Tilt Showcase</source>
+        <translation>Geneigt zeigen</translation>
+    </message>
+    <message>
+        <source>Nod</source>
+        <translation>Nicken</translation>
+    </message>
+    <message>
+        <source>Push Swap</source>
+        <translation>Schiebend wechseln</translation>
+    </message>
+    <message>
+        <source>Bounce Focus</source>
+        <translation>Federnder Blickpunkt</translation>
+    </message>
+    <message>
+        <source>Step Back Present</source>
+        <translation>Zurücktreten und zeigen</translation>
+    </message>
+    <message>
+        <source>Idle Drift</source>
+        <translation>Ruhig treiben</translation>
+    </message>
+    <message>
+        <source>Hover Float</source>
+        <translation>Schweben</translation>
+    </message>
+    <message>
+        <source>Breathe Zoom</source>
+        <translation>Atmender Zoom</translation>
+    </message>
+    <message>
+        <source>Shake Attn</source>
+        <translation>Aufmerksam rütteln</translation>
+    </message>
+    <message>
+        <source>Wobble Jelly</source>
+        <translation>Wackeln</translation>
+    </message>
+    <message>
+        <source>Pendulum Yaw</source>
+        <translation>Pendelnd drehen</translation>
+    </message>
+    <message>
+        <source>Figure Eight</source>
+        <translation>Acht</translation>
+    </message>
+    <message>
+        <source>Metronome</source>
+        <translation>Metronom</translation>
+    </message>
+    <message>
+        <source>Coin Spin Blur</source>
+        <translation>Münzdrehung, unscharf</translation>
+    </message>
+    <message>
+        <source>Pirouette</source>
+        <translation>Pirouette</translation>
+    </message>
+    <message>
+        <source>Gimbal Arc</source>
+        <translation>Kardanbogen</translation>
+    </message>
+    <message>
+        <source>Barrel Roll</source>
+        <translation>Fassrolle</translation>
+    </message>
+    <message>
+        <source>Snap Turns</source>
+        <translation>Ruckhafte Drehungen</translation>
+    </message>
+    <message>
+        <source>Lighthouse</source>
+        <translation>Leuchtturm</translation>
+    </message>
+    <message>
+        <source>Matrix Lean</source>
+        <translation>Matrix-Neigung</translation>
+    </message>
+    <message>
+        <source>Spotlight Lean</source>
+        <translation>Scheinwerfer-Neigung</translation>
+    </message>
+    <message>
+        <source>Carousel Orbit</source>
+        <translation>Karussell</translation>
+    </message>
+    <message>
+        <source>Zoom Thru</source>
+        <translation>Hindurchzoomen</translation>
+    </message>
+    <message>
+        <source>Depth Bob</source>
+        <translation>In die Tiefe wippen</translation>
+    </message>
+    <message>
+        <source>Slow Hero</source>
+        <translation>Langsamer Held</translation>
+    </message>
+    <message>
+        <source>Boomerang</source>
+        <translation>Bumerang</translation>
+    </message>
+    <message>
+        <source>Beauty Turn</source>
+        <translation>Schöne Drehung</translation>
+    </message>
+    <message>
+        <source>Whip Swap</source>
+        <translation>Peitschend wechseln</translation>
+    </message>
+    <message>
+        <source>Portal Dive</source>
+        <translation>Durchs Portal</translation>
+    </message>
+    <message>
+        <source>Macro Orbit</source>
+        <translation>Makro-Umlauf</translation>
+    </message>
+    <message>
+        <source>Edge Reveal</source>
+        <translation>Über die Kante enthüllt</translation>
+    </message>
+    <message>
+        <source>Rise Yaw 360 — No Blur</source>
+        <translation>Aufsteigen, Gierdrehung 360, ohne Unschärfe</translation>
+    </message>
+    <message>
+        <source>Fan deck</source>
+        <translation>Fächer</translation>
+    </message>
+    <message>
+        <source>UI burst</source>
+        <translation>Ausbruch der Oberfläche</translation>
+    </message>
+    <message>
+        <source>Orbit carousel</source>
+        <translation>Umlaufendes Karussell</translation>
+    </message>
+    <message>
+        <source>Colorway domino</source>
+        <translation>Domino der Farben</translation>
+    </message>
+    <message>
+        <source>Ecosystem handoff</source>
+        <translation>Übergabe von Gerät zu Gerät</translation>
+    </message>
+    <message>
+        <source>Infinite tunnel</source>
+        <translation>Endloser Tunnel</translation>
+    </message>
+    <message>
+        <source>Screen cascade</source>
+        <translation>Kaskade der Bildschirme</translation>
+    </message>
+    <message>
+        <source>Split focus</source>
+        <translation>Geteilter Blick</translation>
+    </message>
+    <message>
+        <source>Depth wave</source>
+        <translation>Welle in die Tiefe</translation>
+    </message>
+    <message>
+        <source>Entrances</source>
+        <translation>Auftritte</translation>
+    </message>
+    <message>
+        <source>Exits</source>
+        <translation>Abgänge</translation>
+    </message>
+    <message>
+        <source>In-Scene Moves</source>
+        <translation>Bewegungen in der Szene</translation>
+    </message>
+    <message>
+        <source>Showcases</source>
+        <translation>Präsentationen</translation>
+    </message>
+    <message>
+        <source>Tavix Originals</source>
+        <translation>Tavix-Originale</translation>
+    </message>
+    <message>
+        <source>Formations</source>
+        <translation>Formationen</translation>
+    </message>
+    <message>
+        <source>Single Device</source>
+        <translation>Ein Gerät</translation>
+    </message>
+    <message>
+        <source>Formation</source>
+        <translation>Formation</translation>
     </message>
 </context>
 <context>
@@ -1904,7 +2416,7 @@
         <translation>Auto</translation>
     </message>
     <message>
-        <source>Choose a colour, here or anywhere on the screen</source>
+        <source>Choose a color, here or anywhere on the screen</source>
         <translation>Farbe wählen, hier oder irgendwo auf dem Bildschirm</translation>
     </message>
     <message>
@@ -1920,7 +2432,7 @@
         <translation>Clips (*.mp4 *.mov *.webm *.mkv)</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>Farbe</translation>
     </message>
     <message>
@@ -2839,6 +3351,723 @@
     <message>
         <source>A .tavixcomp bundle to open.</source>
         <translation>Ein .tavixcomp-Bündel zum Öffnen.</translation>
+    </message>
+</context>
+<context>
+    <name>Finding</name>
+    <message>
+        <source>%1 needs a beat grid — the composition declares no audio.music.bpm.</source>
+        <translation>%1 braucht ein Taktraster, aber die Komposition nennt kein audio.music.bpm.</translation>
+    </message>
+    <message>
+        <source>Set audio.music.bpm (+ firstBeatSec) — run `tavix beats &lt;audio&gt;` to measure them.</source>
+        <translation>audio.music.bpm (und firstBeatSec) angeben; `tavix beats &lt;audio&gt;` misst sie.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 both set — pick one duration authority.</source>
+        <translation>%1 und %2 sind beide angegeben; nur eines darf die Dauer bestimmen.</translation>
+    </message>
+    <message>
+        <source>%1 and %2 on the same %3 — pick one clock%4.</source>
+        <translation>%1 und %2 stehen beide an %3; bitte nur eine Uhr%4.</translation>
+    </message>
+    <message>
+        <source>bpm %1 out of range (40…220).</source>
+        <translation>bpm %1 liegt außerhalb von 40…220.</translation>
+    </message>
+    <message>
+        <source>A composition needs at least one scene.</source>
+        <translation>Eine Komposition braucht mindestens eine Szene.</translation>
+    </message>
+    <message>
+        <source>Cue at %1s is past the composition end (%2s).</source>
+        <translation>Der Klang bei %1 s liegt hinter dem Ende der Komposition (%2 s).</translation>
+    </message>
+    <message>
+        <source>Sound &quot;%1&quot; is neither a catalog name (%2) nor an audio-file path — it will be skipped.</source>
+        <translation>Der Klang „%1“ ist weder ein Name des Katalogs (%2) noch der Pfad einer Tondatei und wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%1 %2 out of range (%3…%4).</source>
+        <translation>%1 %2 liegt außerhalb von %3…%4.</translation>
+    </message>
+    <message>
+        <source>%1 accent transitions (dreamyZoom/crosswarp/ripple) — one accent per composition.</source>
+        <translation>%1 auffällige Übergänge (dreamyZoom/crosswarp/ripple); einer je Komposition genügt.</translation>
+    </message>
+    <message>
+        <source>Total runs %1s — teasers read best under 60–90s.</source>
+        <translation>Insgesamt %1 s; Teaser wirken am besten unter 60–90 s.</translation>
+    </message>
+    <message>
+        <source>%1 starts at %2s — %3s off the beat grid (nearest beat %4s at %5 BPM).</source>
+        <translation>%1 beginnt bei %2 s, %3 s neben dem Taktraster (nächster Schlag %4 s bei %5 BPM).</translation>
+    </message>
+    <message>
+        <source>Set scenes[%1].durationSec to %2 (or use durationBeats) to land the cut on the beat.</source>
+        <translation>scenes[%1].durationSec auf %2 setzen (oder durationBeats verwenden), damit der Schnitt auf den Schlag fällt.</translation>
+    </message>
+    <message>
+        <source>Music bed has an empty path.</source>
+        <translation>Die Musik hat keinen Pfad.</translation>
+    </message>
+    <message>
+        <source>Device screen needs a still or video path.</source>
+        <translation>Der Bildschirm des Geräts braucht den Pfad eines Bildes oder Videos.</translation>
+    </message>
+    <message>
+        <source>screens are for the devices of a formation, one each; without a choreographyPreset only screen is shown.</source>
+        <translation>screens gilt für die Geräte einer Formation, je eines; ohne choreographyPreset wird nur screen gezeigt.</translation>
+    </message>
+    <message>
+        <source>Device has both a placement track and x/y/scale keyframes — pick one motion system (placement = baked springs, tracks = generic keyframes).</source>
+        <translation>Das Gerät hat eine placement-Spur und Keyframes für x/y/scale; bitte nur eine Art der Bewegung (placement = feste Federn, tracks = allgemeine Keyframes).</translation>
+    </message>
+    <message>
+        <source>Placement times must be strictly ascending.</source>
+        <translation>Die Zeiten von placement müssen streng aufsteigen.</translation>
+    </message>
+    <message>
+        <source>screenOpacity %1 is outside 0…1 — clamped at render.</source>
+        <translation>screenOpacity %1 liegt außerhalb von 0…1 und wird begrenzt.</translation>
+    </message>
+    <message>
+        <source>screenOpacity times must be strictly ascending.</source>
+        <translation>Die Zeiten von screenOpacity müssen streng aufsteigen.</translation>
+    </message>
+    <message>
+        <source>Last pose keyframe at %1s is past the layer&apos;s %2s window — scene3D pose times are LAYER-LOCAL (0 = the layer&apos;s start), not the reel clock.</source>
+        <translation>Der letzte Keyframe der Haltung bei %1 s liegt hinter dem Fenster der Ebene von %2 s; Zeiten von scene3D zählen ab dem Anfang der EBENE, nicht des Films.</translation>
+    </message>
+    <message>
+        <source>A 3D device layer owns the phone&apos;s rotation (tilt/poseTrack) — a flat rotationDeg keyframe track would spin the finished 3D render. Drop the track or scene3D.</source>
+        <translation>Ein Gerät im Raum dreht sich selbst (tilt/poseTrack); eine flache Spur rotationDeg würde das fertige Bild drehen. Die Spur oder scene3D entfernen.</translation>
+    </message>
+    <message>
+        <source>Pose times must be strictly ascending.</source>
+        <translation>Die Zeiten der Haltung müssen streng aufsteigen.</translation>
+    </message>
+    <message>
+        <source>Depth times must be strictly ascending.</source>
+        <translation>Die Zeiten der Tiefe müssen streng aufsteigen.</translation>
+    </message>
+    <message>
+        <source>%1 has no effect beside %2, which takes its place.</source>
+        <translation>%1 wirkt nicht neben %2: das tritt an seine Stelle.</translation>
+    </message>
+    <message>
+        <source>position has no effect here. %1.</source>
+        <translation>position wirkt hier nicht. %1.</translation>
+    </message>
+    <message>
+        <source>Keyframe t must be ≥ 0 (layer-local clock).</source>
+        <translation>t eines Keyframes muss ≥ 0 sein (ab dem Anfang der Ebene).</translation>
+    </message>
+    <message>
+        <source>Keyframe times must be strictly ascending (%1 after %2).</source>
+        <translation>Die Zeiten der Keyframes müssen streng aufsteigen (%1 nach %2).</translation>
+    </message>
+    <message>
+        <source>Opacity %1 is outside 0…1 — it renders clamped.</source>
+        <translation>Die Deckkraft %1 liegt außerhalb von 0…1 und wird begrenzt.</translation>
+    </message>
+    <message>
+        <source>Scale must be &gt; 0 (scale interpolates in log space).</source>
+        <translation>scale muss &gt; 0 sein (dazwischen wird logarithmisch gerechnet).</translation>
+    </message>
+    <message>
+        <source>Both an opacity track and a fading enter/exit phase — the two multiply into a double-fade.</source>
+        <translation>Eine Spur der Deckkraft und ein blendendes enter/exit zugleich: beide zusammen blenden doppelt.</translation>
+    </message>
+    <message>
+        <source>Unknown effect &quot;%1&quot; — must be one of %2.</source>
+        <translation>Den Effekt „%1“ gibt es nicht; möglich sind %2.</translation>
+    </message>
+    <message>
+        <source>fromSec must be ≥ 0 (scene-local clock).</source>
+        <translation>fromSec muss ≥ 0 sein (ab dem Anfang der Szene).</translation>
+    </message>
+    <message>
+        <source>Layer starts at %1s but the scene ends at %2s.</source>
+        <translation>Die Ebene beginnt bei %1 s, aber die Szene endet bei %2 s.</translation>
+    </message>
+    <message>
+        <source>durationSec must be &gt; 0 (omit it to run to the scene end).</source>
+        <translation>durationSec muss &gt; 0 sein (ohne reicht die Ebene bis ans Ende der Szene).</translation>
+    </message>
+    <message>
+        <source>Layer window ends at %1s, past the scene end (%2s).</source>
+        <translation>Das Fenster der Ebene endet bei %1 s, hinter dem Ende der Szene (%2 s).</translation>
+    </message>
+    <message>
+        <source>Mark reference has an empty mark name.</source>
+        <translation>Der Verweis nennt keine Marke.</translation>
+    </message>
+    <message>
+        <source>clip &quot;%1&quot; doesn&apos;t match any device layer id in this scene%2.</source>
+        <translation>clip „%1“ ist keine id einer Geräteebene dieser Szene%2.</translation>
+    </message>
+    <message>
+        <source>Mark references need a device layer (with a video screen) in the same scene — this scene has none.</source>
+        <translation>Verweise auf Marken brauchen eine Geräteebene (mit einem Video) in derselben Szene; diese Szene hat keine.</translation>
+    </message>
+    <message>
+        <source>This scene has %1 device layers — set &quot;clip&quot; on the mark reference to pick one (device ids: %2).</source>
+        <translation>Diese Szene hat %1 Geräteebenen; „clip“ am Verweis wählt eine (ids: %2).</translation>
+    </message>
+    <message>
+        <source>There is no rule &quot;%1&quot; to mute; `tavix lint --codes` lists them.</source>
+        <translation>Eine Regel „%1“ gibt es nicht; `tavix lint --codes` nennt alle.</translation>
+    </message>
+    <message>
+        <source>There is no %1 &quot;%2&quot;, so the device does not move by it. Use one of %3.</source>
+        <translation>Es gibt keine %1 „%2“, also bewegt sich das Gerät nicht danach. Möglich sind %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no key here, and is not read. The keys are %2.</source>
+        <translation>„%1“ ist hier kein Schlüssel und wird nicht gelesen. Die Schlüssel sind %2.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not known here and is read as &quot;%2&quot;. Use one of %3.</source>
+        <translation>„%1“ ist hier nicht bekannt und wird als „%2“ gelesen. Möglich sind %3.</translation>
+    </message>
+    <message>
+        <source>%1 is read as %2; it must be %3.</source>
+        <translation>%1 wird als %2 gelesen; erlaubt ist %3.</translation>
+    </message>
+    <message>
+        <source>%1 It is left out.</source>
+        <translation>%1 Es wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Did you mean &quot;%1&quot;?</source>
+        <translation>Ist „%1“ gemeint?</translation>
+    </message>
+    <message>
+        <source>Shape width/heightFraction must be &gt; 0.</source>
+        <translation>widthFraction und heightFraction einer Form müssen &gt; 0 sein.</translation>
+    </message>
+    <message>
+        <source>Video layer has an empty path.</source>
+        <translation>Die Videoebene hat keinen Pfad.</translation>
+    </message>
+    <message>
+        <source>trimEndSec (%1) must be after trimStartSec (%2).</source>
+        <translation>trimEndSec (%1) muss nach trimStartSec (%2) liegen.</translation>
+    </message>
+    <message>
+        <source>Image layer has an empty path.</source>
+        <translation>Die Bildebene hat keinen Pfad.</translation>
+    </message>
+    <message>
+        <source>Transition durationSec (or durationBeats on a music grid) is required and must be &gt; 0 (the tempo decision is always explicit).</source>
+        <translation>Ein Übergang braucht durationSec (oder durationBeats, wenn die Musik einen Takt hat), und mehr als 0: das Tempo wird immer angegeben.</translation>
+    </message>
+    <message>
+        <source>Transition (%1s) is longer than the shorter adjacent scene (%2s) — both scenes must outlive the overlap.</source>
+        <translation>Der Übergang (%1 s) ist länger als die kürzere Szene daneben (%2 s); beide müssen ihn überdauern.</translation>
+    </message>
+    <message>
+        <source>flip has no 2-D presentation — it renders as a wipe here.</source>
+        <translation>flip gibt es in der Ebene nicht; hier wird daraus ein Wischen.</translation>
+    </message>
+    <message>
+        <source>Bouncy transition timing (damping %1) — counts as the scene&apos;s one accent.</source>
+        <translation>Ein federnder Übergang (Dämpfung %1) zählt als der eine Akzent der Szene.</translation>
+    </message>
+    <message>
+        <source>%1: durationSec must be &gt; 0.</source>
+        <translation>%1: durationSec muss &gt; 0 sein.</translation>
+    </message>
+    <message>
+        <source>%1 runs %2s — scenes over 30s usually want a cut (&quot;let time solve layout&quot;).</source>
+        <translation>%1 dauert %2 s; Szenen über 30 s wollen meist einen Schnitt.</translation>
+    </message>
+    <message>
+        <source>%1 is the last scene — a transition needs a next scene to join.</source>
+        <translation>%1 ist die letzte Szene; ein Übergang braucht eine nächste.</translation>
+    </message>
+    <message>
+        <source>%1 has %2 3D device layers — each one is a full 3D render per frame; expect roughly %3× frame cost.</source>
+        <translation>%1 hat %2 Geräte im Raum; jedes wird für jedes Bild eigens gezeichnet, das kostet etwa das %3-fache.</translation>
+    </message>
+    <message>
+        <source>%1 shows &gt;2 text layers at once — give each message its own moment.</source>
+        <translation>%1 zeigt mehr als zwei Texte zugleich; jede Aussage braucht ihren Moment.</translation>
+    </message>
+    <message>
+        <source>%1 has two focal layers (device/full-bleed video) at once — one focal point per frame.</source>
+        <translation>%1 hat zwei Blickpunkte zugleich (Gerät oder Video über alles); einer je Bild genügt.</translation>
+    </message>
+    <message>
+        <source>%1 has %2 bouncy springs (damping &lt; 0.7) — one accent per scene, damping ≥ 0.8 elsewhere.</source>
+        <translation>%1 hat %2 federnde Bewegungen (Dämpfung &lt; 0.7); eine je Szene genügt, sonst ≥ 0.8.</translation>
+    </message>
+    <message>
+        <source>Unknown kinetic preset &quot;%1&quot; — must be one of %2.</source>
+        <translation>Die Textbewegung „%1“ gibt es nicht; möglich sind %2.</translation>
+    </message>
+    <message>
+        <source>alignment must be left|center|right.</source>
+        <translation>alignment muss left, center oder right sein.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows for %2s — under the readability floor (%3s for %4 words).</source>
+        <translation>„%1“ ist %2 s zu sehen; zum Lesen braucht es %3 s (%4 Wörter).</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows for %2s — under the readability floor (%3s for %4 word).</source>
+        <translation>„%1“ ist %2 s zu sehen; zum Lesen braucht es %3 s (%4 Wort).</translation>
+    </message>
+    <message>
+        <source>sizeFraction %1 is below the label minimum %2 (≈32px @1080w) — unreadable at video distance.</source>
+        <translation>sizeFraction %1 liegt unter dem Mindestmaß %2 für Beschriftungen (≈32 px bei 1080 Breite) und ist im Film nicht zu lesen.</translation>
+    </message>
+    <message>
+        <source>sizeFraction %1 is below the supporting-copy minimum %2 (≈44px @1080w).</source>
+        <translation>sizeFraction %1 liegt unter dem Mindestmaß %2 für Sätze (≈44 px bei 1080 Breite).</translation>
+    </message>
+    <message>
+        <source>Text center (%1, %2)px is outside the safe area (within %3×%4px of center (%5, %6)).</source>
+        <translation>Die Mitte des Textes (%1, %2) px liegt außerhalb des sicheren Bereichs (bis %3×%4 px um die Mitte (%5, %6)).</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; looks like a path but not a font file (.ttf/.otf/.ttc).</source>
+        <translation>„%1“ sieht aus wie ein Pfad, ist aber keine Schriftdatei (.ttf/.otf/.ttc).</translation>
+    </message>
+    <message>
+        <source>Text layer has empty copy.</source>
+        <translation>Die Textebene ist leer.</translation>
+    </message>
+    <message>
+        <source>%1 has no effect on a %2, which has %3.</source>
+        <translation>%1 wirkt nicht auf %2: das hat %3.</translation>
+    </message>
+    <message>
+        <source>There is no word %1: the text has %2, counted from 0.</source>
+        <translation>Ein Wort %1 gibt es nicht: der Text hat %2, von 0 an gezählt.</translation>
+    </message>
+    <message>
+        <source>%1: durationSec (%2) and durationBeats (%3 = %4s) both set — pick one duration authority.</source>
+        <translation>%1: durationSec (%2) und durationBeats (%3 = %4 s) sind beide angegeben; nur eines darf die Dauer bestimmen.</translation>
+    </message>
+    <message>
+        <source>%1: the device motion runs to %2s but durationBeats: %3 resolves to %4s — the tail will be cut.</source>
+        <translation>%1: das Gerät bewegt sich bis %2 s, aber durationBeats: %3 ergibt %4 s; das Ende wird abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>Use durationBeats: %1 to fit it.</source>
+        <translation>durationBeats: %1 fasst sie ganz.</translation>
+    </message>
+    <message>
+        <source>%1 (%2) and %3 (%4) both set — pick one duration authority.</source>
+        <translation>%1 (%2) und %3 (%4) sind beide angegeben; nur eines darf die Dauer bestimmen.</translation>
+    </message>
+    <message>
+        <source>Beat %1 is %2s on the global clock — before this scene starts (%3s).</source>
+        <translation>Schlag %1 liegt im Film bei %2 s, vor dem Anfang dieser Szene (%3 s).</translation>
+    </message>
+    <message>
+        <source>Beat %1 resolves to scene time %2s — at or before the layer&apos;s start (%3s).</source>
+        <translation>Schlag %1 liegt in der Szene bei %2 s, nicht nach dem Anfang der Ebene (%3 s).</translation>
+    </message>
+    <message>
+        <source>Beat %1 resolves to %2s — before the composition starts.</source>
+        <translation>Schlag %1 liegt bei %2 s, vor dem Anfang der Komposition.</translation>
+    </message>
+    <message>
+        <source>Beat keyframes need a concrete or beat-valued layer start — this layer starts at a recording mark.</source>
+        <translation>Keyframes auf Schlägen brauchen eine Ebene, die zu einer Zeit oder auf einem Schlag beginnt; diese beginnt an einer Marke.</translation>
+    </message>
+    <message>
+        <source>Use atMark for the keyframe too, or give the layer fromBeat/fromSec.</source>
+        <translation>Auch den Keyframe mit atMark setzen, oder der Ebene fromBeat oder fromSec geben.</translation>
+    </message>
+    <message>
+        <source>%1 must reference the SAME device layer&apos;s clip.</source>
+        <translation>%1 muss auf den Clip DERSELBEN Geräteebene verweisen.</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to %2s — before the clip&apos;s trimStartSec (%3s).</source>
+        <translation>Die Marke „%1“ liegt bei %2 s, vor trimStartSec des Clips (%3 s).</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to scene time %2s — before the scene starts.</source>
+        <translation>Die Marke „%1“ liegt in der Szene bei %2 s, vor ihrem Anfang.</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to scene time %2s — at or before the layer&apos;s start (%3s).</source>
+        <translation>Die Marke „%1“ liegt in der Szene bei %2 s, nicht nach dem Anfang der Ebene (%3 s).</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; has no end time — only scripted steps (a `durationSec` scroll) land &quot;#end&quot; marks.</source>
+        <translation>Die Marke „%1“ hat kein Ende; nur Schritte mit einer Dauer (`durationSec`) setzen Marken mit „#end“.</translation>
+    </message>
+    <message>
+        <source>%1 has %2 device layers — set &quot;clip&quot; on the mark reference to pick one%3.</source>
+        <translation>%1 hat %2 Geräteebenen; „clip“ am Verweis wählt eine%3.</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; references clip &quot;%2&quot;, but %3 has no device layer with that id%4.</source>
+        <translation>Die Marke „%1“ verweist auf clip „%2“, aber %3 hat keine Geräteebene mit dieser id%4.</translation>
+    </message>
+    <message>
+        <source>Mark references need a VIDEO device screen — the device layer plays a still, which has no timeline sidecar.</source>
+        <translation>Verweise auf Marken brauchen ein Gerät mit einem VIDEO; dieses zeigt ein Bild, zu dem es keine Zeitleiste gibt.</translation>
+    </message>
+    <message>
+        <source>No timeline sidecar for &quot;%1&quot; — expected %2 next to the clip (tavix run writes it; the .tavixcomp bundler copies it).</source>
+        <translation>Zu „%1“ fehlt die Zeitleiste: %2 gehört neben den Clip (tavix run schreibt sie).</translation>
+    </message>
+    <message>
+        <source>Re-copy the recording together with its .timeline.json, or drop the mark references.</source>
+        <translation>Die Aufnahme mit ihrer .timeline.json neu kopieren, oder die Verweise entfernen.</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; not found in the sidecar for &quot;%2&quot;. Available marks: %3.</source>
+        <translation>Die Marke „%1“ steht nicht in der Zeitleiste von „%2“. Vorhanden: %3.</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; is ambiguous — %2 steps carry it. Give each step a distinct target.label in the FlowSpec.</source>
+        <translation>Die Marke „%1“ ist nicht eindeutig: %2 Schritte tragen sie. Jeder Schritt braucht im FlowSpec ein eigenes target.label.</translation>
+    </message>
+    <message>
+        <source>%1: the %2&apos;s footage ends %3s into the layer window but the window runs to %4s — the last frame freezes for %5s.</source>
+        <translation>%1: das Material (%2) endet nach %3 s, aber die Ebene dauert %4 s; das letzte Bild steht %5 s.</translation>
+    </message>
+    <message>
+        <source>Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a longer segment — recordings never stretch.</source>
+        <translation>Die Szene oder Ebene kürzen (durationSec/durationBeats), später schneiden oder länger aufnehmen; Aufnahmen werden nie gedehnt.</translation>
+    </message>
+    <message>
+        <source>A part of %1 cannot be read: over a fifth of a line its contrast is %2:1 against what lies under it there.</source>
+        <translation>Ein Teil von %1 ist nicht zu lesen: über ein Fünftel einer Zeile ist der Kontrast zum Grund nur %2:1.</translation>
+    </message>
+    <message>
+        <source>Move it off what it crosses, or put a panel or a shadow under the text.</source>
+        <translation>Den Text von dort wegrücken, oder eine Fläche oder einen Schatten darunter legen.</translation>
+    </message>
+    <message>
+        <source>%1 has a contrast of %2:1 against what lies under it; %3:1 is the least for text of this size.</source>
+        <translation>%1 hat zum Grund einen Kontrast von %2:1; für Text dieser Größe sind %3:1 das Mindeste.</translation>
+    </message>
+    <message>
+        <source>Choose a colour that is lighter or darker, or put a panel or a shadow under the text.</source>
+        <translation>Eine hellere oder dunklere Farbe wählen, oder eine Fläche oder einen Schatten unter den Text legen.</translation>
+    </message>
+    <message>
+        <source>There is no clip &quot;%1&quot;.</source>
+        <translation>Es gibt keinen Clip „%1“.</translation>
+    </message>
+    <message>
+        <source>The clip &quot;%1&quot; holds no picture.</source>
+        <translation>Der Clip „%1“ enthält kein Bild.</translation>
+    </message>
+    <message>
+        <source>More than three %1 within a second %2 (%3), over %4 % of a field of 10 degrees, where a quarter is the most. They can cause seizures.</source>
+        <translation>Mehr als drei %1 in einer Sekunde %2 (%3), über %4 % eines Feldes von 10 Grad; ein Viertel ist das Höchste. Sie können Anfälle auslösen.</translation>
+    </message>
+    <message>
+        <source>Flash at most three times in any second, over a smaller area, or with less difference.</source>
+        <translation>Höchstens dreimal in jeder Sekunde blitzen, über eine kleinere Fläche oder mit weniger Unterschied.</translation>
+    </message>
+    <message>
+        <source>The film is black %1 (%2).</source>
+        <translation>Der Film ist %1 schwarz (%2).</translation>
+    </message>
+    <message>
+        <source>Nothing moves %1 (%2).</source>
+        <translation>Nichts bewegt sich %1 (%2).</translation>
+    </message>
+    <message>
+        <source>There is no reel &quot;%1&quot;.</source>
+        <translation>Es gibt kein Reel „%1“.</translation>
+    </message>
+    <message>
+        <source>There is no background &quot;%1&quot;; use one of %2.</source>
+        <translation>Es gibt keinen Hintergrund „%1“; möglich sind %2.</translation>
+    </message>
+    <message>
+        <source>There is no sound file &quot;%1&quot;.</source>
+        <translation>Es gibt keine Tondatei „%1“.</translation>
+    </message>
+    <message>
+        <source>The font file &quot;%1&quot; is missing or holds no font; &quot;%2&quot; stands in for it. Check its path, which starts at the document&apos;s folder.</source>
+        <translation>Die Schriftdatei „%1“ fehlt oder enthält keine Schrift; „%2“ steht für sie. Der Pfad beginnt im Ordner des Dokuments.</translation>
+    </message>
+    <message>
+        <source>The font &quot;%1&quot; is not on this machine; &quot;%2&quot; stands in for it. Bring its file in the bundle and name that as the font.</source>
+        <translation>Die Schrift „%1“ ist auf diesem Rechner nicht vorhanden; „%2“ steht für sie. Ihre Datei ins Paket legen und als Schrift nennen.</translation>
+    </message>
+    <message>
+        <source>%1 is broken inside a word: its letters are set apart by trackingEm, and a line of %2 px has no room for all of it.</source>
+        <translation>%1 wird mitten im Wort umbrochen: trackingEm sperrt die Buchstaben, und eine Zeile von %2 px fasst es nicht.</translation>
+    </message>
+    <message>
+        <source>Make trackingEm or sizeFraction smaller, maxWidthFraction larger, or end lines by line feeds.</source>
+        <translation>trackingEm oder sizeFraction verkleinern, maxWidthFraction vergrößern oder Zeilen selbst umbrechen.</translation>
+    </message>
+    <message>
+        <source>%1 is broken inside a word: a line has room for %2 px, and a word is wider at this size.</source>
+        <translation>%1 wird mitten im Wort umbrochen: eine Zeile fasst %2 px, und ein Wort ist in dieser Größe breiter.</translation>
+    </message>
+    <message>
+        <source>Make sizeFraction smaller or maxWidthFraction larger.</source>
+        <translation>sizeFraction verkleinern oder maxWidthFraction vergrößern.</translation>
+    </message>
+    <message>
+        <source>%1 takes %2 lines, %3 px high, in a frame of %4 px.</source>
+        <translation>%1 braucht %2 Zeilen, %3 px hoch, in einem Bild von %4 px.</translation>
+    </message>
+    <message>
+        <source>Make it smaller, shorter or wider, or let several layers say it one after another.</source>
+        <translation>Kleiner, kürzer oder breiter machen, oder mehrere Ebenen nacheinander sprechen lassen.</translation>
+    </message>
+    <message>
+        <source>%1 is drawn %2 px from where it is put, to stay inside the frame with its margins.</source>
+        <translation>%1 wird %2 px neben seiner Stelle gezeichnet, um mit Rand im Bild zu bleiben.</translation>
+    </message>
+    <message>
+        <source>Put it at %1, where it is drawn, or make it smaller.</source>
+        <translation>Auf %1 setzen, wo es gezeichnet wird, oder verkleinern.</translation>
+    </message>
+    <message>
+        <source>%1 is never seen: %2</source>
+        <translation>%1 ist nie zu sehen: %2</translation>
+    </message>
+    <message>
+        <source>Device %1 of the %2 of this formation is outside the frame for most of the time.</source>
+        <translation>Gerät %1 der %2 dieser Formation ist die meiste Zeit außerhalb des Bildes.</translation>
+    </message>
+    <message>
+        <source>Devices %1 of the %2 of this formation are outside the frame for most of the time.</source>
+        <translation>Die Geräte %1 der %2 dieser Formation sind die meiste Zeit außerhalb des Bildes.</translation>
+    </message>
+    <message>
+        <source>Use a smaller spread or fewer devices.</source>
+        <translation>Enger stellen oder weniger Geräte verwenden.</translation>
+    </message>
+    <message>
+        <source>%1 shows nothing but its background for its first %2 s.</source>
+        <translation>%1 zeigt in den ersten %2 s nichts als den Hintergrund.</translation>
+    </message>
+    <message>
+        <source>Let something appear within half a second.</source>
+        <translation>Innerhalb einer halben Sekunde etwas zeigen.</translation>
+    </message>
+    <message>
+        <source>Cannot read the image &quot;%1&quot;. %2</source>
+        <translation>Das Bild „%1“ lässt sich nicht lesen. %2</translation>
+    </message>
+</context>
+<context>
+    <name>FindingPart</name>
+    <message>
+        <source>layer</source>
+        <translation>einer Ebene</translation>
+    </message>
+    <message>
+        <source>keyframe</source>
+        <translation>einem Keyframe</translation>
+    </message>
+    <message>
+        <source> for the start</source>
+        <translation> für den Anfang</translation>
+    </message>
+    <message>
+        <source> for the end</source>
+        <translation> für das Ende</translation>
+    </message>
+    <message>
+        <source> (device ids: %1)</source>
+        <translation> (ids der Geräte: %1)</translation>
+    </message>
+    <message>
+        <source>motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>formation</source>
+        <translation>Formation</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>mindestens %1</translation>
+    </message>
+    <message>
+        <source>at most %1</source>
+        <translation>höchstens %1</translation>
+    </message>
+    <message>
+        <source>between %1 and %2</source>
+        <translation>zwischen %1 und %2</translation>
+    </message>
+    <message>
+        <source>the formation &quot;%1&quot;</source>
+        <translation>der Formation „%1“</translation>
+    </message>
+    <message>
+        <source>the motion &quot;%1&quot;</source>
+        <translation>der Bewegung „%1“</translation>
+    </message>
+    <message>
+        <source>the formation &quot;%1&quot;, which leaves the device flat</source>
+        <translation>der Formation „%1“, die das Gerät flach lässt</translation>
+    </message>
+    <message>
+        <source>the motion &quot;%1&quot;, which leaves the device flat</source>
+        <translation>der Bewegung „%1“, die das Gerät flach lässt</translation>
+    </message>
+    <message>
+        <source>A fill covers the whole frame</source>
+        <translation>Eine Füllung bedeckt das ganze Bild</translation>
+    </message>
+    <message>
+        <source>A video stands in its rect, or fills the frame</source>
+        <translation>Ein Video steht in seinem rect, oder füllt das Bild</translation>
+    </message>
+    <message>
+        <source>A device stands in the middle of the frame, moved by its placement</source>
+        <translation>Ein Gerät steht in der Mitte des Bildes, bewegt von seinem placement</translation>
+    </message>
+    <message>
+        <source>no parameters</source>
+        <translation>keine Parameter</translation>
+    </message>
+    <message>
+        <source>1 word</source>
+        <translation>ein Wort</translation>
+    </message>
+    <message>
+        <source>%1 words</source>
+        <translation>%1 Wörter</translation>
+    </message>
+    <message>
+        <source>none (older recording without labels — re-record)</source>
+        <translation>keine (ältere Aufnahme ohne Namen; neu aufnehmen)</translation>
+    </message>
+    <message>
+        <source>device screen</source>
+        <translation>Bildschirm des Geräts</translation>
+    </message>
+    <message>
+        <source>reel on the device screen</source>
+        <translation>Reel auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>this %1 layer</source>
+        <translation>diese Ebene (%1)</translation>
+    </message>
+    <message>
+        <source>This %1 layer</source>
+        <translation>Diese Ebene (%1)</translation>
+    </message>
+    <message>
+        <source>The emphasis in %1</source>
+        <translation>Die Hervorhebung in %1</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>shape</source>
+        <translation>Form</translation>
+    </message>
+    <message>
+        <source>fill</source>
+        <translation>Füllung</translation>
+    </message>
+    <message>
+        <source>%1 lies in front of all of it.</source>
+        <translation>%1 liegt ganz davor.</translation>
+    </message>
+    <message>
+        <source>it stays outside the frame.</source>
+        <translation>sie bleibt außerhalb des Bildes.</translation>
+    </message>
+    <message>
+        <source>it stays too small or too clear to be seen.</source>
+        <translation>sie bleibt zu klein oder zu durchsichtig.</translation>
+    </message>
+    <message>
+        <source>it has no size.</source>
+        <translation>sie hat keine Größe.</translation>
+    </message>
+    <message>
+        <source>it stays clear; look at its opacity.</source>
+        <translation>sie bleibt durchsichtig; siehe ihre Deckkraft.</translation>
+    </message>
+    <message>
+        <source>flashes</source>
+        <translation>Blitze</translation>
+    </message>
+    <message>
+        <source>flashes of red</source>
+        <translation>rote Blitze</translation>
+    </message>
+    <message>
+        <source>from %1 to %2 s</source>
+        <translation>von %1 bis %2 s</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Es gibt keine solche Datei.</translation>
+    </message>
+    <message>
+        <source>It is not a file.</source>
+        <translation>Es ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation>Die Datei ist nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>It is not a PNG, JPEG, WebP, HEIC or AVIF image.</source>
+        <translation>Es ist kein Bild der Formate PNG, JPEG, WebP, HEIC oder AVIF.</translation>
+    </message>
+    <message>
+        <source>The image is damaged: the file ends early.</source>
+        <translation>Das Bild ist beschädigt: die Datei endet zu früh.</translation>
+    </message>
+</context>
+<context>
+    <name>Template</name>
+    <message>
+        <source>A line, a promise and a date: moving type in the dark, with a chime.</source>
+        <translation>Eine Zeile, ein Versprechen und ein Datum: bewegte Schrift im Dunkeln, mit einem Klang.</translation>
+    </message>
+    <message>
+        <source>One phone in space: its entrance, its turn with three numbers, a name.</source>
+        <translation>Ein Telefon im Raum: sein Auftritt, seine Drehung mit drei Zahlen, ein Name.</translation>
+    </message>
+    <message>
+        <source>Three features, each with its screen, its headline and its colour.</source>
+        <translation>Drei Funktionen, jede mit Bildschirm, Überschrift und Farbe.</translation>
+    </message>
+    <message>
+        <source>News in three steps: what it is, what is in it, what to do.</source>
+        <translation>Neues in drei Schritten: was es ist, was darin ist, was zu tun ist.</translation>
+    </message>
+    <message>
+        <source>Words and a phone cut to music at 120 beats a minute.</source>
+        <translation>Wörter und ein Telefon, geschnitten auf Musik mit 120 Schlägen in der Minute.</translation>
+    </message>
+    <message>
+        <source>A question, three screens and an answer, for a feed.</source>
+        <translation>Eine Frage, drei Bildschirme und eine Antwort, für einen Feed.</translation>
     </message>
 </context>
 </TS>

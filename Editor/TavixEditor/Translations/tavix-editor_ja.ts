@@ -411,7 +411,7 @@
         <translation>色の調整</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>色</translation>
     </message>
     <message>
@@ -967,7 +967,7 @@
         <translation>ワイプ</translation>
     </message>
     <message>
-        <source>Word indices</source>
+        <source>Words</source>
         <translation>単語の選択</translation>
     </message>
     <message>
@@ -977,6 +977,518 @@
     <message>
         <source>Rectangle</source>
         <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Rise Up</source>
+        <translation>ライズアップ</translation>
+    </message>
+    <message>
+        <source>Rise Soft</source>
+        <translation>ソフトライズ</translation>
+    </message>
+    <message>
+        <source>Rise Spin</source>
+        <translation>ライズスピン</translation>
+    </message>
+    <message>
+        <source>Rise Yaw</source>
+        <translation>ライズヨー</translation>
+    </message>
+    <message>
+        <source>Reveal Turn</source>
+        <translation>リビールターン</translation>
+    </message>
+    <message>
+        <source>Lay Rise</source>
+        <translation>レイライズ</translation>
+    </message>
+    <message>
+        <source>Lay Rise Spin</source>
+        <translation>レイライズスピン</translation>
+    </message>
+    <message>
+        <source>Corner Right Twirl</source>
+        <translation>右コーナーツイール</translation>
+    </message>
+    <message>
+        <source>Corner Left</source>
+        <translation>左コーナー</translation>
+    </message>
+    <message>
+        <source>Dolly In</source>
+        <translation>ドリーイン</translation>
+    </message>
+    <message>
+        <source>Drop Bounce</source>
+        <translation>ドロップバウンス</translation>
+    </message>
+    <message>
+        <source>Drop Heavy</source>
+        <translation>ヘビードロップ</translation>
+    </message>
+    <message>
+        <source>Slide Left</source>
+        <translation>スライド左</translation>
+    </message>
+    <message>
+        <source>Slide Right Lean</source>
+        <translation>スライド右リーン</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>ズームイン</translation>
+    </message>
+    <message>
+        <source>Zoom Overshoot</source>
+        <translation>ズームオーバーシュート</translation>
+    </message>
+    <message>
+        <source>Pop Elastic</source>
+        <translation>エラスティックポップ</translation>
+    </message>
+    <message>
+        <source>Jelly In</source>
+        <translation>ジェリーイン</translation>
+    </message>
+    <message>
+        <source>Fade Rise</source>
+        <translation>フェードライズ</translation>
+    </message>
+    <message>
+        <source>Blur In</source>
+        <translation>ブラーイン</translation>
+    </message>
+    <message>
+        <source>Materialize</source>
+        <translation>マテリアライズ</translation>
+    </message>
+    <message>
+        <source>Flip In X</source>
+        <translation>フリップイン X</translation>
+    </message>
+    <message>
+        <source>Flip In Y</source>
+        <translation>フリップイン Y</translation>
+    </message>
+    <message>
+        <source>Door In</source>
+        <translation>ドアイン</translation>
+    </message>
+    <message>
+        <source>Billboard Flip</source>
+        <translation>ビルボードフリップ</translation>
+    </message>
+    <message>
+        <source>Swing Drop</source>
+        <translation>スイングドロップ</translation>
+    </message>
+    <message>
+        <source>Pendulum In</source>
+        <translation>ペンデュラムイン</translation>
+    </message>
+    <message>
+        <source>Roll In</source>
+        <translation>ロールイン</translation>
+    </message>
+    <message>
+        <source>Cartwheel</source>
+        <translation>側転</translation>
+    </message>
+    <message>
+        <source>Kick Flip</source>
+        <translation>キックフリップ</translation>
+    </message>
+    <message>
+        <source>Helix Up</source>
+        <translation>ヘリックスアップ</translation>
+    </message>
+    <message>
+        <source>Spiral In</source>
+        <translation>スパイラルイン</translation>
+    </message>
+    <message>
+        <source>Float Drift</source>
+        <translation>フロートドリフト</translation>
+    </message>
+    <message>
+        <source>Slingshot</source>
+        <translation>スリングショット</translation>
+    </message>
+    <message>
+        <source>Elastic Side</source>
+        <translation>エラスティックサイド</translation>
+    </message>
+    <message>
+        <source>Rubber Entry</source>
+        <translation>ラバーエントリー</translation>
+    </message>
+    <message>
+        <source>Peek Enter</source>
+        <translation>ピークイン</translation>
+    </message>
+    <message>
+        <source>Tilt Land</source>
+        <translation>チルトランド</translation>
+    </message>
+    <message>
+        <source>Dive From Cam</source>
+        <translation>カメラからダイブ</translation>
+    </message>
+    <message>
+        <source>Skew Slide</source>
+        <translation>スキュースライド</translation>
+    </message>
+    <message>
+        <source>Stretch Drop</source>
+        <translation>ストレッチドロップ</translation>
+    </message>
+    <message>
+        <source>Shutter Steps</source>
+        <translation>シャッターステップ</translation>
+    </message>
+    <message>
+        <source>Typewriter Steps</source>
+        <translation>タイプライターステップ</translation>
+    </message>
+    <message>
+        <source>Gravity Three-Bounce</source>
+        <translation>重力スリーバウンス</translation>
+    </message>
+    <message>
+        <source>Glitch In</source>
+        <translation>グリッチイン</translation>
+    </message>
+    <message>
+        <source>Snap Pop</source>
+        <translation>スナップポップ</translation>
+    </message>
+    <message>
+        <source>Rise Facedown Flip</source>
+        <translation>うつ伏せフリップライズ</translation>
+    </message>
+    <message>
+        <source>Wave Ride</source>
+        <translation>ウェーブライド</translation>
+    </message>
+    <message>
+        <source>Moon Arc</source>
+        <translation>ムーンアーク</translation>
+    </message>
+    <message>
+        <source>Arc Over</source>
+        <translation>アークオーバー</translation>
+    </message>
+    <message>
+        <source>Orbit In</source>
+        <translation>オービットイン</translation>
+    </message>
+    <message>
+        <source>Tumble Diag</source>
+        <translation>斜めタンブル</translation>
+    </message>
+    <message>
+        <source>Seesaw Land</source>
+        <translation>シーソーランド</translation>
+    </message>
+    <message>
+        <source>Edge Balance</source>
+        <translation>エッジバランス</translation>
+    </message>
+    <message>
+        <source>Drop Roll Stand</source>
+        <translation>ドロップロールスタンド</translation>
+    </message>
+    <message>
+        <source>Sink Down</source>
+        <translation>シンクダウン</translation>
+    </message>
+    <message>
+        <source>Fall Back</source>
+        <translation>フォールバック</translation>
+    </message>
+    <message>
+        <source>Fly Up</source>
+        <translation>フライアップ</translation>
+    </message>
+    <message>
+        <source>Blast Off</source>
+        <translation>ブラストオフ</translation>
+    </message>
+    <message>
+        <source>Zoom Out Fade</source>
+        <translation>ズームアウトフェード</translation>
+    </message>
+    <message>
+        <source>Shrink Corner</source>
+        <translation>コーナーへ縮小</translation>
+    </message>
+    <message>
+        <source>Recede Away</source>
+        <translation>後退</translation>
+    </message>
+    <message>
+        <source>Spin Out</source>
+        <translation>スピンアウト</translation>
+    </message>
+    <message>
+        <source>Door Out</source>
+        <translation>ドアアウト</translation>
+    </message>
+    <message>
+        <source>Fold Away</source>
+        <translation>フォールドアウト</translation>
+    </message>
+    <message>
+        <source>Topple Off</source>
+        <translation>転倒アウト</translation>
+    </message>
+    <message>
+        <source>Slip Fall</source>
+        <translation>スリップフォール</translation>
+    </message>
+    <message>
+        <source>Whip Left</source>
+        <translation>ホイップ左</translation>
+    </message>
+    <message>
+        <source>Glitch Out</source>
+        <translation>グリッチアウト</translation>
+    </message>
+    <message>
+        <source>Deflate</source>
+        <translation>デフレート</translation>
+    </message>
+    <message>
+        <source>Park Left-To-Right</source>
+        <translation>左から右へ移動</translation>
+    </message>
+    <message>
+        <source>Park Face In</source>
+        <translation>内向きパーク</translation>
+    </message>
+    <message>
+        <source>Closeup Scan</source>
+        <translation>クローズアップスキャン</translation>
+    </message>
+    <message>
+        <source>Scan Up</source>
+        <translation>スキャンアップ</translation>
+    </message>
+    <message>
+        <source>Punch Top</source>
+        <translation>上部パンチイン</translation>
+    </message>
+    <message>
+        <source>Punch Bottom</source>
+        <translation>下部パンチイン</translation>
+    </message>
+    <message>
+        <source>Big Small Big</source>
+        <translation>大・小・大</translation>
+    </message>
+    <message>
+        <source>Flip Peek</source>
+        <translation>フリップピーク</translation>
+    </message>
+    <message>
+        <source>Lean Back Hold</source>
+        <translation>リーンバックホールド</translation>
+    </message>
+    <message>
+        <source>Tilt Showcase</source>
+        <translation>チルトショーケース</translation>
+    </message>
+    <message>
+        <source>Nod</source>
+        <translation>うなずき</translation>
+    </message>
+    <message>
+        <source>Push Swap</source>
+        <translation>プッシュスワップ</translation>
+    </message>
+    <message>
+        <source>Bounce Focus</source>
+        <translation>バウンスフォーカス</translation>
+    </message>
+    <message>
+        <source>Step Back Present</source>
+        <translation>ステップバックプレゼント</translation>
+    </message>
+    <message>
+        <source>Idle Drift</source>
+        <translation>アイドルドリフト</translation>
+    </message>
+    <message>
+        <source>Hover Float</source>
+        <translation>ホバーフロート</translation>
+    </message>
+    <message>
+        <source>Breathe Zoom</source>
+        <translation>ブリーズズーム</translation>
+    </message>
+    <message>
+        <source>Shake Attn</source>
+        <translation>シェイク</translation>
+    </message>
+    <message>
+        <source>Wobble Jelly</source>
+        <translation>ジェリーウォブル</translation>
+    </message>
+    <message>
+        <source>Pendulum Yaw</source>
+        <translation>ペンデュラムヨー</translation>
+    </message>
+    <message>
+        <source>Figure Eight</source>
+        <translation>8 の字</translation>
+    </message>
+    <message>
+        <source>Metronome</source>
+        <translation>メトロノーム</translation>
+    </message>
+    <message>
+        <source>Coin Spin Blur</source>
+        <translation>コインスピンブラー</translation>
+    </message>
+    <message>
+        <source>Pirouette</source>
+        <translation>ピルエット</translation>
+    </message>
+    <message>
+        <source>Gimbal Arc</source>
+        <translation>ジンバルアーク</translation>
+    </message>
+    <message>
+        <source>Barrel Roll</source>
+        <translation>バレルロール</translation>
+    </message>
+    <message>
+        <source>Snap Turns</source>
+        <translation>スナップターン</translation>
+    </message>
+    <message>
+        <source>Lighthouse</source>
+        <translation>灯台</translation>
+    </message>
+    <message>
+        <source>Matrix Lean</source>
+        <translation>マトリックスリーン</translation>
+    </message>
+    <message>
+        <source>Spotlight Lean</source>
+        <translation>スポットライトリーン</translation>
+    </message>
+    <message>
+        <source>Carousel Orbit</source>
+        <translation>カルーセルオービット</translation>
+    </message>
+    <message>
+        <source>Zoom Thru</source>
+        <translation>ズームスルー</translation>
+    </message>
+    <message>
+        <source>Depth Bob</source>
+        <translation>デプスボブ</translation>
+    </message>
+    <message>
+        <source>Slow Hero</source>
+        <translation>スローヒーロー</translation>
+    </message>
+    <message>
+        <source>Boomerang</source>
+        <translation>ブーメラン</translation>
+    </message>
+    <message>
+        <source>Beauty Turn</source>
+        <translation>ビューティーターン</translation>
+    </message>
+    <message>
+        <source>Whip Swap</source>
+        <translation>ホイップスワップ</translation>
+    </message>
+    <message>
+        <source>Portal Dive</source>
+        <translation>ポータルダイブ</translation>
+    </message>
+    <message>
+        <source>Macro Orbit</source>
+        <translation>マクロオービット</translation>
+    </message>
+    <message>
+        <source>Edge Reveal</source>
+        <translation>エッジリビール</translation>
+    </message>
+    <message>
+        <source>Rise Yaw 360 — No Blur</source>
+        <translation>ライズヨー 360（ブラーなし）</translation>
+    </message>
+    <message>
+        <source>Fan deck</source>
+        <translation>ファンデッキ</translation>
+    </message>
+    <message>
+        <source>UI burst</source>
+        <translation>UI バースト</translation>
+    </message>
+    <message>
+        <source>Orbit carousel</source>
+        <translation>オービットカルーセル</translation>
+    </message>
+    <message>
+        <source>Colorway domino</source>
+        <translation>カラードミノ</translation>
+    </message>
+    <message>
+        <source>Ecosystem handoff</source>
+        <translation>デバイスハンドオフ</translation>
+    </message>
+    <message>
+        <source>Infinite tunnel</source>
+        <translation>無限トンネル</translation>
+    </message>
+    <message>
+        <source>Screen cascade</source>
+        <translation>スクリーンカスケード</translation>
+    </message>
+    <message>
+        <source>Split focus</source>
+        <translation>スプリットフォーカス</translation>
+    </message>
+    <message>
+        <source>Depth wave</source>
+        <translation>デプスウェーブ</translation>
+    </message>
+    <message>
+        <source>Entrances</source>
+        <translation>登場</translation>
+    </message>
+    <message>
+        <source>Exits</source>
+        <translation>退場</translation>
+    </message>
+    <message>
+        <source>In-Scene Moves</source>
+        <translation>シーン内の動き</translation>
+    </message>
+    <message>
+        <source>Showcases</source>
+        <translation>ショーケース</translation>
+    </message>
+    <message>
+        <source>Tavix Originals</source>
+        <translation>Tavix オリジナル</translation>
+    </message>
+    <message>
+        <source>Formations</source>
+        <translation>フォーメーション</translation>
+    </message>
+    <message>
+        <source>Single Device</source>
+        <translation>デバイス一台</translation>
+    </message>
+    <message>
+        <source>Formation</source>
+        <translation>フォーメーション</translation>
     </message>
 </context>
 <context>
@@ -1904,7 +2416,7 @@
         <translation>自動</translation>
     </message>
     <message>
-        <source>Choose a colour, here or anywhere on the screen</source>
+        <source>Choose a color, here or anywhere on the screen</source>
         <translation>ここまたは画面上の好きな場所から色を選びます</translation>
     </message>
     <message>
@@ -1920,7 +2432,7 @@
         <translation>クリップ (*.mp4 *.mov *.webm *.mkv)</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>カラー</translation>
     </message>
     <message>
@@ -2839,6 +3351,723 @@
     <message>
         <source>A .tavixcomp bundle to open.</source>
         <translation>開く .tavixcomp バンドル。</translation>
+    </message>
+</context>
+<context>
+    <name>Finding</name>
+    <message>
+        <source>%1 needs a beat grid — the composition declares no audio.music.bpm.</source>
+        <translation>%1 にはビートグリッドが必要ですが、audio.music.bpm がありません。</translation>
+    </message>
+    <message>
+        <source>Set audio.music.bpm (+ firstBeatSec) — run `tavix beats &lt;audio&gt;` to measure them.</source>
+        <translation>audio.music.bpm（と firstBeatSec）を指定してください。`tavix beats &lt;audio&gt;` で測れます。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 both set — pick one duration authority.</source>
+        <translation>%1 と %2 の両方が指定されています。長さを決めるのはどちらか一つにしてください。</translation>
+    </message>
+    <message>
+        <source>%1 and %2 on the same %3 — pick one clock%4.</source>
+        <translation>同じ%3に %1 と %2 があります。時計を一つにしてください%4。</translation>
+    </message>
+    <message>
+        <source>bpm %1 out of range (40…220).</source>
+        <translation>bpm %1 は範囲外です（40…220）。</translation>
+    </message>
+    <message>
+        <source>A composition needs at least one scene.</source>
+        <translation>コンポジションにはシーンが一つ以上必要です。</translation>
+    </message>
+    <message>
+        <source>Cue at %1s is past the composition end (%2s).</source>
+        <translation>%1 秒の効果音は終わり（%2 秒）より後です。</translation>
+    </message>
+    <message>
+        <source>Sound &quot;%1&quot; is neither a catalog name (%2) nor an audio-file path — it will be skipped.</source>
+        <translation>音「%1」はカタログの名前（%2）でも音声ファイルのパスでもないため、再生されません。</translation>
+    </message>
+    <message>
+        <source>%1 %2 out of range (%3…%4).</source>
+        <translation>%1 の %2 は範囲外です（%3…%4）。</translation>
+    </message>
+    <message>
+        <source>%1 accent transitions (dreamyZoom/crosswarp/ripple) — one accent per composition.</source>
+        <translation>目立つトランジション（dreamyZoom/crosswarp/ripple）が %1 個あります。一つに絞ってください。</translation>
+    </message>
+    <message>
+        <source>Total runs %1s — teasers read best under 60–90s.</source>
+        <translation>全体で %1 秒あります。ティーザーは 60〜90 秒以内が適切です。</translation>
+    </message>
+    <message>
+        <source>%1 starts at %2s — %3s off the beat grid (nearest beat %4s at %5 BPM).</source>
+        <translation>%1 は %2 秒に始まり、ビートから %3 秒ずれています（最も近いビートは %4 秒、%5 BPM）。</translation>
+    </message>
+    <message>
+        <source>Set scenes[%1].durationSec to %2 (or use durationBeats) to land the cut on the beat.</source>
+        <translation>カットをビートに合わせるには scenes[%1].durationSec を %2 にするか、durationBeats を使ってください。</translation>
+    </message>
+    <message>
+        <source>Music bed has an empty path.</source>
+        <translation>音楽のパスが空です。</translation>
+    </message>
+    <message>
+        <source>Device screen needs a still or video path.</source>
+        <translation>デバイスの画面には静止画か動画のパスが必要です。</translation>
+    </message>
+    <message>
+        <source>screens are for the devices of a formation, one each; without a choreographyPreset only screen is shown.</source>
+        <translation>screens はフォーメーションの各デバイス用です。choreographyPreset がなければ screen だけが表示されます。</translation>
+    </message>
+    <message>
+        <source>Device has both a placement track and x/y/scale keyframes — pick one motion system (placement = baked springs, tracks = generic keyframes).</source>
+        <translation>デバイスに placement トラックと x/y/scale のキーフレームの両方があります。動きの方式を一つにしてください（placement = 固定ばね、tracks = 汎用キーフレーム）。</translation>
+    </message>
+    <message>
+        <source>Placement times must be strictly ascending.</source>
+        <translation>placement の時刻は昇順でなければなりません。</translation>
+    </message>
+    <message>
+        <source>screenOpacity %1 is outside 0…1 — clamped at render.</source>
+        <translation>screenOpacity %1 は 0…1 の範囲外なので、制限されます。</translation>
+    </message>
+    <message>
+        <source>screenOpacity times must be strictly ascending.</source>
+        <translation>screenOpacity の時刻は昇順でなければなりません。</translation>
+    </message>
+    <message>
+        <source>Last pose keyframe at %1s is past the layer&apos;s %2s window — scene3D pose times are LAYER-LOCAL (0 = the layer&apos;s start), not the reel clock.</source>
+        <translation>最後のポーズのキーフレーム（%1 秒）がレイヤーの長さ %2 秒を超えています。scene3D の時刻はレイヤーの先頭から数えます。</translation>
+    </message>
+    <message>
+        <source>A 3D device layer owns the phone&apos;s rotation (tilt/poseTrack) — a flat rotationDeg keyframe track would spin the finished 3D render. Drop the track or scene3D.</source>
+        <translation>3D デバイスは自分で回転します（tilt/poseTrack）。平面の rotationDeg トラックは完成した画像を回してしまいます。トラックか scene3D を外してください。</translation>
+    </message>
+    <message>
+        <source>Pose times must be strictly ascending.</source>
+        <translation>ポーズの時刻は昇順でなければなりません。</translation>
+    </message>
+    <message>
+        <source>Depth times must be strictly ascending.</source>
+        <translation>奥行きの時刻は昇順でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 has no effect beside %2, which takes its place.</source>
+        <translation>%2があるため、%1 は効果がありません。</translation>
+    </message>
+    <message>
+        <source>position has no effect here. %1.</source>
+        <translation>position はここでは効果がありません。%1。</translation>
+    </message>
+    <message>
+        <source>Keyframe t must be ≥ 0 (layer-local clock).</source>
+        <translation>キーフレームの t は 0 以上でなければなりません（レイヤーの先頭から）。</translation>
+    </message>
+    <message>
+        <source>Keyframe times must be strictly ascending (%1 after %2).</source>
+        <translation>キーフレームの時刻は昇順でなければなりません（%2 の後に %1）。</translation>
+    </message>
+    <message>
+        <source>Opacity %1 is outside 0…1 — it renders clamped.</source>
+        <translation>不透明度 %1 は 0…1 の範囲外なので、制限されます。</translation>
+    </message>
+    <message>
+        <source>Scale must be &gt; 0 (scale interpolates in log space).</source>
+        <translation>scale は 0 より大きくなければなりません（対数で補間されます）。</translation>
+    </message>
+    <message>
+        <source>Both an opacity track and a fading enter/exit phase — the two multiply into a double-fade.</source>
+        <translation>不透明度のトラックとフェードする enter/exit の両方があり、二重にフェードします。</translation>
+    </message>
+    <message>
+        <source>Unknown effect &quot;%1&quot; — must be one of %2.</source>
+        <translation>エフェクト「%1」はありません。使えるもの：%2。</translation>
+    </message>
+    <message>
+        <source>fromSec must be ≥ 0 (scene-local clock).</source>
+        <translation>fromSec は 0 以上でなければなりません（シーンの先頭から）。</translation>
+    </message>
+    <message>
+        <source>Layer starts at %1s but the scene ends at %2s.</source>
+        <translation>レイヤーは %1 秒に始まりますが、シーンは %2 秒に終わります。</translation>
+    </message>
+    <message>
+        <source>durationSec must be &gt; 0 (omit it to run to the scene end).</source>
+        <translation>durationSec は 0 より大きくなければなりません（省略するとシーンの終わりまで続きます）。</translation>
+    </message>
+    <message>
+        <source>Layer window ends at %1s, past the scene end (%2s).</source>
+        <translation>レイヤーはシーンの終わり（%2 秒）より後の %1 秒に終わります。</translation>
+    </message>
+    <message>
+        <source>Mark reference has an empty mark name.</source>
+        <translation>参照するマークの名前が空です。</translation>
+    </message>
+    <message>
+        <source>clip &quot;%1&quot; doesn&apos;t match any device layer id in this scene%2.</source>
+        <translation>clip「%1」はこのシーンのどのデバイスレイヤーの id でもありません%2。</translation>
+    </message>
+    <message>
+        <source>Mark references need a device layer (with a video screen) in the same scene — this scene has none.</source>
+        <translation>マークの参照には同じシーンに（動画を映す）デバイスレイヤーが必要ですが、ありません。</translation>
+    </message>
+    <message>
+        <source>This scene has %1 device layers — set &quot;clip&quot; on the mark reference to pick one (device ids: %2).</source>
+        <translation>このシーンには %1 個のデバイスレイヤーがあります。「clip」で一つを選んでください（id：%2）。</translation>
+    </message>
+    <message>
+        <source>There is no rule &quot;%1&quot; to mute; `tavix lint --codes` lists them.</source>
+        <translation>ルール「%1」はありません。`tavix lint --codes` で一覧できます。</translation>
+    </message>
+    <message>
+        <source>There is no %1 &quot;%2&quot;, so the device does not move by it. Use one of %3.</source>
+        <translation>%1「%2」はないため、デバイスは動きません。使えるもの：%3。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no key here, and is not read. The keys are %2.</source>
+        <translation>「%1」はここでは使えないキーなので、読まれません。使えるキー：%2。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not known here and is read as &quot;%2&quot;. Use one of %3.</source>
+        <translation>「%1」はここでは使えないため、「%2」として読まれます。使えるもの：%3。</translation>
+    </message>
+    <message>
+        <source>%1 is read as %2; it must be %3.</source>
+        <translation>%1 は %2 として読まれます。値は%3でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 It is left out.</source>
+        <translation>%1 これは省かれます。</translation>
+    </message>
+    <message>
+        <source>Did you mean &quot;%1&quot;?</source>
+        <translation>「%1」のことですか？</translation>
+    </message>
+    <message>
+        <source>Shape width/heightFraction must be &gt; 0.</source>
+        <translation>図形の widthFraction と heightFraction は 0 より大きくなければなりません。</translation>
+    </message>
+    <message>
+        <source>Video layer has an empty path.</source>
+        <translation>動画レイヤーのパスが空です。</translation>
+    </message>
+    <message>
+        <source>trimEndSec (%1) must be after trimStartSec (%2).</source>
+        <translation>trimEndSec（%1）は trimStartSec（%2）より後でなければなりません。</translation>
+    </message>
+    <message>
+        <source>Image layer has an empty path.</source>
+        <translation>画像レイヤーのパスが空です。</translation>
+    </message>
+    <message>
+        <source>Transition durationSec (or durationBeats on a music grid) is required and must be &gt; 0 (the tempo decision is always explicit).</source>
+        <translation>トランジションには 0 より大きい durationSec（音楽のビートがあれば durationBeats）が必要です。</translation>
+    </message>
+    <message>
+        <source>Transition (%1s) is longer than the shorter adjacent scene (%2s) — both scenes must outlive the overlap.</source>
+        <translation>トランジション（%1 秒）が隣の短いシーン（%2 秒）より長くなっています。</translation>
+    </message>
+    <message>
+        <source>flip has no 2-D presentation — it renders as a wipe here.</source>
+        <translation>flip は平面では表現できないため、ワイプになります。</translation>
+    </message>
+    <message>
+        <source>Bouncy transition timing (damping %1) — counts as the scene&apos;s one accent.</source>
+        <translation>弾むトランジション（減衰 %1）は、このシーンの一つのアクセントと数えられます。</translation>
+    </message>
+    <message>
+        <source>%1: durationSec must be &gt; 0.</source>
+        <translation>%1：durationSec は 0 より大きくなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 runs %2s — scenes over 30s usually want a cut (&quot;let time solve layout&quot;).</source>
+        <translation>%1 は %2 秒あります。30 秒を超えるシーンは分けるのが普通です。</translation>
+    </message>
+    <message>
+        <source>%1 is the last scene — a transition needs a next scene to join.</source>
+        <translation>%1 は最後のシーンです。トランジションには次のシーンが必要です。</translation>
+    </message>
+    <message>
+        <source>%1 has %2 3D device layers — each one is a full 3D render per frame; expect roughly %3× frame cost.</source>
+        <translation>%1 には 3D デバイスが %2 個あります。それぞれ毎フレーム描かれるため、およそ %3 倍の時間がかかります。</translation>
+    </message>
+    <message>
+        <source>%1 shows &gt;2 text layers at once — give each message its own moment.</source>
+        <translation>%1 は 3 つ以上の文字を同時に見せています。一つずつ見せてください。</translation>
+    </message>
+    <message>
+        <source>%1 has two focal layers (device/full-bleed video) at once — one focal point per frame.</source>
+        <translation>%1 には主役（デバイスか全面の動画）が同時に二つあります。一つにしてください。</translation>
+    </message>
+    <message>
+        <source>%1 has %2 bouncy springs (damping &lt; 0.7) — one accent per scene, damping ≥ 0.8 elsewhere.</source>
+        <translation>%1 には弾むばね（減衰 &lt; 0.7）が %2 個あります。一つだけにして、他は 0.8 以上にしてください。</translation>
+    </message>
+    <message>
+        <source>Unknown kinetic preset &quot;%1&quot; — must be one of %2.</source>
+        <translation>文字の動き「%1」はありません。使えるもの：%2。</translation>
+    </message>
+    <message>
+        <source>alignment must be left|center|right.</source>
+        <translation>alignment は left、center、right のいずれかです。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows for %2s — under the readability floor (%3s for %4 words).</source>
+        <translation>「%1」の表示は %2 秒で、読むには短すぎます（最低 %3 秒、%4 語）。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; shows for %2s — under the readability floor (%3s for %4 word).</source>
+        <translation>「%1」の表示は %2 秒で、読むには短すぎます（最低 %3 秒、%4 語）。</translation>
+    </message>
+    <message>
+        <source>sizeFraction %1 is below the label minimum %2 (≈32px @1080w) — unreadable at video distance.</source>
+        <translation>sizeFraction %1 はラベルの最小値 %2（幅 1080 で約 32 px）より小さく、読めません。</translation>
+    </message>
+    <message>
+        <source>sizeFraction %1 is below the supporting-copy minimum %2 (≈44px @1080w).</source>
+        <translation>sizeFraction %1 は文章の最小値 %2（幅 1080 で約 44 px）より小さい値です。</translation>
+    </message>
+    <message>
+        <source>Text center (%1, %2)px is outside the safe area (within %3×%4px of center (%5, %6)).</source>
+        <translation>文字の中心（%1, %2）px がセーフエリアの外です（中心（%5, %6）から %3×%4 px 以内）。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; looks like a path but not a font file (.ttf/.otf/.ttc).</source>
+        <translation>「%1」はパスのようですが、フォントファイル（.ttf/.otf/.ttc）ではありません。</translation>
+    </message>
+    <message>
+        <source>Text layer has empty copy.</source>
+        <translation>文字レイヤーに文字がありません。</translation>
+    </message>
+    <message>
+        <source>%1 has no effect on a %2, which has %3.</source>
+        <translation>%2 で %1 は効果がありません（使えるもの：%3）。</translation>
+    </message>
+    <message>
+        <source>There is no word %1: the text has %2, counted from 0.</source>
+        <translation>単語 %1 はありません。文字列には%2あり、0 から数えます。</translation>
+    </message>
+    <message>
+        <source>%1: durationSec (%2) and durationBeats (%3 = %4s) both set — pick one duration authority.</source>
+        <translation>%1：durationSec（%2）と durationBeats（%3 = %4 秒）の両方が指定されています。一つにしてください。</translation>
+    </message>
+    <message>
+        <source>%1: the device motion runs to %2s but durationBeats: %3 resolves to %4s — the tail will be cut.</source>
+        <translation>%1：デバイスの動きは %2 秒までですが、durationBeats: %3 は %4 秒なので、終わりが切れます。</translation>
+    </message>
+    <message>
+        <source>Use durationBeats: %1 to fit it.</source>
+        <translation>durationBeats: %1 にすると収まります。</translation>
+    </message>
+    <message>
+        <source>%1 (%2) and %3 (%4) both set — pick one duration authority.</source>
+        <translation>%1（%2）と %3（%4）の両方が指定されています。一つにしてください。</translation>
+    </message>
+    <message>
+        <source>Beat %1 is %2s on the global clock — before this scene starts (%3s).</source>
+        <translation>ビート %1 は全体の %2 秒で、このシーンの始まり（%3 秒）より前です。</translation>
+    </message>
+    <message>
+        <source>Beat %1 resolves to scene time %2s — at or before the layer&apos;s start (%3s).</source>
+        <translation>ビート %1 はシーンの %2 秒で、レイヤーの始まり（%3 秒）より後ではありません。</translation>
+    </message>
+    <message>
+        <source>Beat %1 resolves to %2s — before the composition starts.</source>
+        <translation>ビート %1 は %2 秒で、コンポジションの始まりより前です。</translation>
+    </message>
+    <message>
+        <source>Beat keyframes need a concrete or beat-valued layer start — this layer starts at a recording mark.</source>
+        <translation>ビートのキーフレームには、秒かビートで始まるレイヤーが必要です。このレイヤーは録画のマークで始まります。</translation>
+    </message>
+    <message>
+        <source>Use atMark for the keyframe too, or give the layer fromBeat/fromSec.</source>
+        <translation>キーフレームにも atMark を使うか、レイヤーに fromBeat か fromSec を指定してください。</translation>
+    </message>
+    <message>
+        <source>%1 must reference the SAME device layer&apos;s clip.</source>
+        <translation>%1 は同じデバイスレイヤーのクリップを参照しなければなりません。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to %2s — before the clip&apos;s trimStartSec (%3s).</source>
+        <translation>マーク「%1」は %2 秒で、クリップの trimStartSec（%3 秒）より前です。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to scene time %2s — before the scene starts.</source>
+        <translation>マーク「%1」はシーンの %2 秒で、シーンの始まりより前です。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; resolves to scene time %2s — at or before the layer&apos;s start (%3s).</source>
+        <translation>マーク「%1」はシーンの %2 秒で、レイヤーの始まり（%3 秒）より後ではありません。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; has no end time — only scripted steps (a `durationSec` scroll) land &quot;#end&quot; marks.</source>
+        <translation>マーク「%1」に終わりの時刻はありません。「#end」は `durationSec` のある手順だけが残します。</translation>
+    </message>
+    <message>
+        <source>%1 has %2 device layers — set &quot;clip&quot; on the mark reference to pick one%3.</source>
+        <translation>%1 には %2 個のデバイスレイヤーがあります。「clip」で一つを選んでください%3。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; references clip &quot;%2&quot;, but %3 has no device layer with that id%4.</source>
+        <translation>マーク「%1」は clip「%2」を参照していますが、%3 にその id のデバイスレイヤーはありません%4。</translation>
+    </message>
+    <message>
+        <source>Mark references need a VIDEO device screen — the device layer plays a still, which has no timeline sidecar.</source>
+        <translation>マークの参照には動画を映すデバイスが必要です。静止画にはタイムラインのファイルがありません。</translation>
+    </message>
+    <message>
+        <source>No timeline sidecar for &quot;%1&quot; — expected %2 next to the clip (tavix run writes it; the .tavixcomp bundler copies it).</source>
+        <translation>「%1」のタイムラインのファイルがありません。クリップの隣に %2 が必要です（tavix run が書きます）。</translation>
+    </message>
+    <message>
+        <source>Re-copy the recording together with its .timeline.json, or drop the mark references.</source>
+        <translation>録画を .timeline.json と一緒にコピーし直すか、マークの参照を外してください。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; not found in the sidecar for &quot;%2&quot;. Available marks: %3.</source>
+        <translation>マーク「%1」は「%2」のタイムラインにありません。使えるマーク：%3。</translation>
+    </message>
+    <message>
+        <source>Mark &quot;%1&quot; is ambiguous — %2 steps carry it. Give each step a distinct target.label in the FlowSpec.</source>
+        <translation>マーク「%1」は %2 個の手順にあり、区別できません。FlowSpec で手順ごとに異なる target.label を付けてください。</translation>
+    </message>
+    <message>
+        <source>%1: the %2&apos;s footage ends %3s into the layer window but the window runs to %4s — the last frame freezes for %5s.</source>
+        <translation>%1：%2の映像は %3 秒で終わりますが、レイヤーは %4 秒まで続き、最後のフレームが %5 秒止まります。</translation>
+    </message>
+    <message>
+        <source>Shorten the scene/window (durationSec/durationBeats) to fit the footage, trim later, or re-record a longer segment — recordings never stretch.</source>
+        <translation>シーンかレイヤーを短くする（durationSec/durationBeats）、後ろで切る、または長く録り直してください。録画は引き伸ばされません。</translation>
+    </message>
+    <message>
+        <source>A part of %1 cannot be read: over a fifth of a line its contrast is %2:1 against what lies under it there.</source>
+        <translation>%1の一部が読めません。行の五分の一以上で、背景とのコントラストが %2:1 しかありません。</translation>
+    </message>
+    <message>
+        <source>Move it off what it crosses, or put a panel or a shadow under the text.</source>
+        <translation>重なるものから離すか、文字の下に面か影を置いてください。</translation>
+    </message>
+    <message>
+        <source>%1 has a contrast of %2:1 against what lies under it; %3:1 is the least for text of this size.</source>
+        <translation>%1の背景とのコントラストは %2:1 です。この大きさでは %3:1 以上が必要です。</translation>
+    </message>
+    <message>
+        <source>Choose a colour that is lighter or darker, or put a panel or a shadow under the text.</source>
+        <translation>より明るいか暗い色を選ぶか、文字の下に面か影を置いてください。</translation>
+    </message>
+    <message>
+        <source>There is no clip &quot;%1&quot;.</source>
+        <translation>クリップ「%1」がありません。</translation>
+    </message>
+    <message>
+        <source>The clip &quot;%1&quot; holds no picture.</source>
+        <translation>クリップ「%1」に映像がありません。</translation>
+    </message>
+    <message>
+        <source>More than three %1 within a second %2 (%3), over %4 % of a field of 10 degrees, where a quarter is the most. They can cause seizures.</source>
+        <translation>%2（%3）に、一秒間に三回を超える%1があります。10 度の視野の %4 % に及び、四分の一が限度です。発作を起こすおそれがあります。</translation>
+    </message>
+    <message>
+        <source>Flash at most three times in any second, over a smaller area, or with less difference.</source>
+        <translation>どの一秒でも三回以内にするか、面積か明暗の差を小さくしてください。</translation>
+    </message>
+    <message>
+        <source>The film is black %1 (%2).</source>
+        <translation>%1に画面が真っ黒です（%2）。</translation>
+    </message>
+    <message>
+        <source>Nothing moves %1 (%2).</source>
+        <translation>%1に何も動きません（%2）。</translation>
+    </message>
+    <message>
+        <source>There is no reel &quot;%1&quot;.</source>
+        <translation>リール「%1」がありません。</translation>
+    </message>
+    <message>
+        <source>There is no background &quot;%1&quot;; use one of %2.</source>
+        <translation>背景「%1」はありません。使えるもの：%2。</translation>
+    </message>
+    <message>
+        <source>There is no sound file &quot;%1&quot;.</source>
+        <translation>音声ファイル「%1」がありません。</translation>
+    </message>
+    <message>
+        <source>The font file &quot;%1&quot; is missing or holds no font; &quot;%2&quot; stands in for it. Check its path, which starts at the document&apos;s folder.</source>
+        <translation>フォントファイル「%1」がないか、フォントではないため、「%2」で代用します。パスは書類のフォルダから始まります。</translation>
+    </message>
+    <message>
+        <source>The font &quot;%1&quot; is not on this machine; &quot;%2&quot; stands in for it. Bring its file in the bundle and name that as the font.</source>
+        <translation>フォント「%1」はこのコンピュータにないため、「%2」で代用します。ファイルをバンドルに入れ、それをフォントに指定してください。</translation>
+    </message>
+    <message>
+        <source>%1 is broken inside a word: its letters are set apart by trackingEm, and a line of %2 px has no room for all of it.</source>
+        <translation>%1が単語の途中で改行されます。trackingEm で字間が広がり、%2 px の行に入りません。</translation>
+    </message>
+    <message>
+        <source>Make trackingEm or sizeFraction smaller, maxWidthFraction larger, or end lines by line feeds.</source>
+        <translation>trackingEm か sizeFraction を小さく、maxWidthFraction を大きくするか、自分で改行してください。</translation>
+    </message>
+    <message>
+        <source>%1 is broken inside a word: a line has room for %2 px, and a word is wider at this size.</source>
+        <translation>%1が単語の途中で改行されます。行の幅は %2 px で、この大きさでは単語が入りません。</translation>
+    </message>
+    <message>
+        <source>Make sizeFraction smaller or maxWidthFraction larger.</source>
+        <translation>sizeFraction を小さくするか、maxWidthFraction を大きくしてください。</translation>
+    </message>
+    <message>
+        <source>%1 takes %2 lines, %3 px high, in a frame of %4 px.</source>
+        <translation>%1は %2 行、高さ %3 px で、画面の高さ %4 px を超えます。</translation>
+    </message>
+    <message>
+        <source>Make it smaller, shorter or wider, or let several layers say it one after another.</source>
+        <translation>小さく、短く、または幅を広くするか、複数のレイヤーで順に見せてください。</translation>
+    </message>
+    <message>
+        <source>%1 is drawn %2 px from where it is put, to stay inside the frame with its margins.</source>
+        <translation>%1は、余白を残して画面に収めるため、置いた場所から %2 px ずれて描かれます。</translation>
+    </message>
+    <message>
+        <source>Put it at %1, where it is drawn, or make it smaller.</source>
+        <translation>描かれている %1 に置くか、小さくしてください。</translation>
+    </message>
+    <message>
+        <source>%1 is never seen: %2</source>
+        <translation>%1は一度も見えません。%2</translation>
+    </message>
+    <message>
+        <source>Device %1 of the %2 of this formation is outside the frame for most of the time.</source>
+        <translation>このフォーメーションの %2 台のうち %1 番は、ほとんどの間画面の外にあります。</translation>
+    </message>
+    <message>
+        <source>Devices %1 of the %2 of this formation are outside the frame for most of the time.</source>
+        <translation>このフォーメーションの %2 台のうち %1 番は、ほとんどの間画面の外にあります。</translation>
+    </message>
+    <message>
+        <source>Use a smaller spread or fewer devices.</source>
+        <translation>間隔を狭めるか、台数を減らしてください。</translation>
+    </message>
+    <message>
+        <source>%1 shows nothing but its background for its first %2 s.</source>
+        <translation>%1 は最初の %2 秒間、背景しか見えません。</translation>
+    </message>
+    <message>
+        <source>Let something appear within half a second.</source>
+        <translation>0.5 秒以内に何かを見せてください。</translation>
+    </message>
+    <message>
+        <source>Cannot read the image &quot;%1&quot;. %2</source>
+        <translation>画像「%1」を読めません。%2</translation>
+    </message>
+</context>
+<context>
+    <name>FindingPart</name>
+    <message>
+        <source>layer</source>
+        <translation>レイヤー</translation>
+    </message>
+    <message>
+        <source>keyframe</source>
+        <translation>キーフレーム</translation>
+    </message>
+    <message>
+        <source> for the start</source>
+        <translation> （始まり）</translation>
+    </message>
+    <message>
+        <source> for the end</source>
+        <translation> （終わり）</translation>
+    </message>
+    <message>
+        <source> (device ids: %1)</source>
+        <translation> （デバイスの id：%1）</translation>
+    </message>
+    <message>
+        <source>motion</source>
+        <translation>動き</translation>
+    </message>
+    <message>
+        <source>formation</source>
+        <translation>フォーメーション</translation>
+    </message>
+    <message>
+        <source>at least %1</source>
+        <translation>%1 以上</translation>
+    </message>
+    <message>
+        <source>at most %1</source>
+        <translation>%1 以下</translation>
+    </message>
+    <message>
+        <source>between %1 and %2</source>
+        <translation>%1 から %2 まで</translation>
+    </message>
+    <message>
+        <source>the formation &quot;%1&quot;</source>
+        <translation>フォーメーション「%1」</translation>
+    </message>
+    <message>
+        <source>the motion &quot;%1&quot;</source>
+        <translation>動き「%1」</translation>
+    </message>
+    <message>
+        <source>the formation &quot;%1&quot;, which leaves the device flat</source>
+        <translation>デバイスを平面のままにするフォーメーション「%1」</translation>
+    </message>
+    <message>
+        <source>the motion &quot;%1&quot;, which leaves the device flat</source>
+        <translation>デバイスを平面のままにする動き「%1」</translation>
+    </message>
+    <message>
+        <source>A fill covers the whole frame</source>
+        <translation>塗りは画面全体を覆います</translation>
+    </message>
+    <message>
+        <source>A video stands in its rect, or fills the frame</source>
+        <translation>動画は rect の中に置かれるか、画面全体に広がります</translation>
+    </message>
+    <message>
+        <source>A device stands in the middle of the frame, moved by its placement</source>
+        <translation>デバイスは画面の中央に立ち、placement で動きます</translation>
+    </message>
+    <message>
+        <source>no parameters</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>1 word</source>
+        <translation>1 語が</translation>
+    </message>
+    <message>
+        <source>%1 words</source>
+        <translation>%1 語が</translation>
+    </message>
+    <message>
+        <source>none (older recording without labels — re-record)</source>
+        <translation>なし（名前のない古い録画です。録り直してください）</translation>
+    </message>
+    <message>
+        <source>device screen</source>
+        <translation>デバイスの画面</translation>
+    </message>
+    <message>
+        <source>reel on the device screen</source>
+        <translation>デバイスのリール</translation>
+    </message>
+    <message>
+        <source>video</source>
+        <translation>動画</translation>
+    </message>
+    <message>
+        <source>this %1 layer</source>
+        <translation>このレイヤー（%1）</translation>
+    </message>
+    <message>
+        <source>This %1 layer</source>
+        <translation>このレイヤー（%1）</translation>
+    </message>
+    <message>
+        <source>The emphasis in %1</source>
+        <translation>%1の強調</translation>
+    </message>
+    <message>
+        <source>text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>device</source>
+        <translation>デバイス</translation>
+    </message>
+    <message>
+        <source>image</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>shape</source>
+        <translation>図形</translation>
+    </message>
+    <message>
+        <source>fill</source>
+        <translation>塗り</translation>
+    </message>
+    <message>
+        <source>%1 lies in front of all of it.</source>
+        <translation>%1がすべてを覆っています。</translation>
+    </message>
+    <message>
+        <source>it stays outside the frame.</source>
+        <translation>画面の外に出たままです。</translation>
+    </message>
+    <message>
+        <source>it stays too small or too clear to be seen.</source>
+        <translation>小さすぎるか透明すぎます。</translation>
+    </message>
+    <message>
+        <source>it has no size.</source>
+        <translation>大きさがありません。</translation>
+    </message>
+    <message>
+        <source>it stays clear; look at its opacity.</source>
+        <translation>透明なままです。不透明度を見てください。</translation>
+    </message>
+    <message>
+        <source>flashes</source>
+        <translation>点滅</translation>
+    </message>
+    <message>
+        <source>flashes of red</source>
+        <translation>赤い点滅</translation>
+    </message>
+    <message>
+        <source>from %1 to %2 s</source>
+        <translation>%1 秒から %2 秒まで</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>そのファイルはありません。</translation>
+    </message>
+    <message>
+        <source>It is not a file.</source>
+        <translation>ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation>ファイルを開けません。</translation>
+    </message>
+    <message>
+        <source>It is not a PNG, JPEG, WebP, HEIC or AVIF image.</source>
+        <translation>PNG、JPEG、WebP、HEIC、AVIF の画像ではありません。</translation>
+    </message>
+    <message>
+        <source>The image is damaged: the file ends early.</source>
+        <translation>画像が壊れています。ファイルが途中で終わっています。</translation>
+    </message>
+</context>
+<context>
+    <name>Template</name>
+    <message>
+        <source>A line, a promise and a date: moving type in the dark, with a chime.</source>
+        <translation>一行と約束と日付。暗い画面に動く文字と、一つの音。</translation>
+    </message>
+    <message>
+        <source>One phone in space: its entrance, its turn with three numbers, a name.</source>
+        <translation>空間に立つ一台の電話。登場、三つの数字と回転、そして名前。</translation>
+    </message>
+    <message>
+        <source>Three features, each with its screen, its headline and its colour.</source>
+        <translation>三つの機能を、それぞれの画面と見出しと色で。</translation>
+    </message>
+    <message>
+        <source>News in three steps: what it is, what is in it, what to do.</source>
+        <translation>三段階のお知らせ。何か、何が入っているか、どうするか。</translation>
+    </message>
+    <message>
+        <source>Words and a phone cut to music at 120 beats a minute.</source>
+        <translation>毎分 120 拍の音楽に合わせた言葉と電話。</translation>
+    </message>
+    <message>
+        <source>A question, three screens and an answer, for a feed.</source>
+        <translation>問いかけと三つの画面と答え。フィード向け。</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
 #include "Editor/EditorDesignSystem/Style/Drawing.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/App/Words.h"
 
 #include <QHBoxLayout>
@@ -100,9 +101,10 @@ void GalleryPlayer::showItem() {
         about_->setText(tr("Choose one to see it here."));
         return name_->clear();
     }
-    title_->setText(words(item->title));
+    title_->setText(documentLabel(item->title));
     about_->setText(tr("%1 · %2 · %3 s", "a collection, 2D or 3D, the seconds that it takes")
-                        .arg(words(displayName(item->collection)), words(displayName(item->dimension)))
+                        .arg(documentLabel(std::string(displayName(item->collection))),
+                            words(displayName(item->dimension)))
                         .arg(item->durationSec, 0, 'f', 1));
     name_->setText(tr("In documents: %1").arg(words(item->authoringName())));
 }

@@ -1,7 +1,7 @@
 #include "TavixEditor/Windows/GalleryWindow.h"
 
 #include "Editor/EditorDesignSystem/Controls/Basics.h"
-#include "TavixEditor/App/Words.h"
+#include "TavixEditor/App/DocumentText.h"
 #include "TavixEditor/Inspector/MotionGallery.h"
 #include "TavixEditor/Windows/GalleryPlayer.h"
 #include "TavixLive/Model/CompositionEditorModel.h"
@@ -59,7 +59,7 @@ QWidget* GalleryWindow::makeFoot() {
     column->addWidget(give_);
     QObject::connect(give_, &QPushButton::clicked, this, [this] {
         if (const PresetGalleryItem* const item = gallery_.selectedItem(); item && target_)
-            giveMotion(*target_, *item, tr("Motion “%1”").arg(words(item->title)));
+            giveMotion(*target_, *item, tr("Motion “%1”").arg(documentLabel(item->title)));
     });
     return foot;
 }

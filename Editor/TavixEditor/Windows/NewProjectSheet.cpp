@@ -8,6 +8,7 @@
 #include "TavixEditor/App/Words.h"
 #include "TavixEditor/Windows/Thumbnails.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QJsonArray>
@@ -25,6 +26,20 @@ namespace tavix::editor {
 using namespace design;
 
 namespace {
+
+// The command tells what its templates are, in English.
+[[maybe_unused]] const char* const knownTemplates[] = {
+    QT_TRANSLATE_NOOP("Template", "A line, a promise and a date: moving type in the dark, with a chime."),
+    QT_TRANSLATE_NOOP("Template", "One phone in space: its entrance, its turn with three numbers, a name."),
+    QT_TRANSLATE_NOOP("Template", "Three features, each with its screen, its headline and its colour."),
+    QT_TRANSLATE_NOOP("Template", "News in three steps: what it is, what is in it, what to do."),
+    QT_TRANSLATE_NOOP("Template", "Words and a phone cut to music at 120 beats a minute."),
+    QT_TRANSLATE_NOOP("Template", "A question, three screens and an answer, for a feed."),
+};
+
+QString templateWords(const QString& about) {
+    return QCoreApplication::translate("Template", about.toUtf8().constData());
+}
 
 constexpr int pictureSide = 72;
 
@@ -78,7 +93,7 @@ void NewProjectSheet::list(const QByteArray& json) {
                                              .arg(name)
                                              .arg(entry[QLatin1String("widthPx")].toInt())
                                              .arg(entry[QLatin1String("heightPx")].toInt())
-                                             .arg(entry[QLatin1String("about")].toString()),
+                                             .arg(templateWords(entry[QLatin1String("about")].toString())),
             templates_);
         item->setData(Qt::UserRole, name);
         item->setSizeHint({0, pictureSide + space::small});

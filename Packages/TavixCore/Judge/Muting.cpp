@@ -1,6 +1,7 @@
 #include "TavixCore/Judge/Muting.h"
 
 #include "TavixBase/NearestWord.h"
+#include "TavixCore/Findings/LintReport.h"
 
 #include <algorithm>
 #include <set>
@@ -16,7 +17,7 @@ std::vector<std::string_view> allCodes() {
 
 Finding unknownCode(const MutedCode& muted) {
     return findingOf(Rule::muteUnknown, muted.path,
-        "There is no rule \"" + muted.code + "\" to mute; `tavix lint --codes` lists them.",
+        worded("There is no rule \"{}\" to mute; `tavix lint --codes` lists them.", {muted.code}),
         didYouMean(muted.code, allCodes()));
 }
 

@@ -89,7 +89,7 @@ Finding findingFor(const IgnoredPart& part, const Json& document) {
     case IgnoredPart::Reason::unreadable: break;
     }
     if (auto animation = unknownAnimation(part, document)) return *animation;
-    return findingOf(Rule::valueDropped, part.path, part.message + " It is left out.");
+    return findingOf(Rule::valueDropped, part.path, worded("{} It is left out.", {part.message}));
 }
 
 }   // namespace

@@ -7,6 +7,7 @@
 #include "TavixCore/Support/Field.h"
 #include "TavixCore/Support/FieldTables.h"
 #include "TavixCore/Typography/KineticVocabulary.h"
+#include "TavixLive/Gallery/PresetGallery.h"
 
 #include <algorithm>
 #include <cctype>
@@ -84,6 +85,11 @@ DocumentWords documentWords() {
     add(KineticVocabulary::speeds());
     add(KineticVocabulary::weights());
     add(KineticVocabulary::intensities());
+    for (const PresetGalleryItem& item : PresetGalleryCatalog::all()) {
+        words.labels.insert(numbered(item.title).label);
+        words.labels.emplace(displayName(item.collection));
+        words.labels.emplace(displayName(item.family));
+    }
     words.labels.erase("");
     words.helps.erase("");
     return words;

@@ -9,7 +9,8 @@
 namespace tavix {
 
 struct DocumentWords {
-    // Headings, the names of rows without their numbers, and of what can be chosen, as they are shown.
+    // Headings, the names of rows and of motions without their numbers, and of what can be chosen, as they
+    // are shown.
     std::set<std::string> labels;
     std::set<std::string> helps;   // sentences of the reference, under the pointer
 };

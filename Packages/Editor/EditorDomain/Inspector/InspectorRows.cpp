@@ -21,12 +21,12 @@ struct Said {
     std::string_view key, label;
 };
 // Where the key alone does not say it well.
-constexpr std::array said{Said{"fromSec", "Start"}, Said{"color", "Colour"}, Said{"sizeFraction", "Size"},
-    Said{"scene3D", "In space"}, Said{"fovDegrees", "Field of view"}, Said{"widthPx", "Width"},
-    Said{"heightPx", "Height"}, Said{"fps", "Frame rate"}, Said{"bpm", "Tempo"}, Said{"rotationDeg", "Turn"},
-    Said{"id", "Name"}, Said{"heightFraction", "Height"}, Said{"widthFraction", "Width"},
-    Said{"bundledID", "Model"}, Said{"tiltDegrees", "Tilt"}, Said{"keyLightDegrees", "Key light"},
-    Said{"clipToBounds", "Clip"}};
+constexpr std::array said{Said{"fromSec", "Start"}, Said{"wordIndices", "Words"},
+    Said{"sizeFraction", "Size"}, Said{"scene3D", "In space"}, Said{"fovDegrees", "Field of view"},
+    Said{"widthPx", "Width"}, Said{"heightPx", "Height"}, Said{"fps", "Frame rate"}, Said{"bpm", "Tempo"},
+    Said{"rotationDeg", "Turn"}, Said{"id", "Name"}, Said{"heightFraction", "Height"},
+    Said{"widthFraction", "Width"}, Said{"bundledID", "Model"}, Said{"tiltDegrees", "Tilt"},
+    Said{"keyLightDegrees", "Key light"}, Said{"clipToBounds", "Clip"}};
 constexpr std::array<std::string_view, 9> unitEndings{
     "Fraction", "Degrees", "Seconds", "Sec", "Deg", "Px", "Em", "Hz", "Pixels"};
 

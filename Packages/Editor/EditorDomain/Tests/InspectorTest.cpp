@@ -295,7 +295,8 @@ TEST(Labels, AreReadable) {
         const char *key, *label;
     } cases[] = {{"maxWidthFraction", "Max width"}, {"trackingEm", "Tracking"}, {"fromSec", "Start"},
         {"cornerRadiusFraction", "Corner radius"}, {"driftPeriodSec", "Drift period"},
-        {"scene3D", "In space"}, {"opacity", "Opacity"}, {"anchorX", "Anchor X"}};
+        {"scene3D", "In space"}, {"opacity", "Opacity"}, {"anchorX", "Anchor X"}, {"color", "Color"},
+        {"textColor", "Text color"}, {"wordIndices", "Words"}};
     for (const auto& c : cases) EXPECT_EQ(labelOfKey(c.key), c.label);
 }
 
