@@ -77,7 +77,7 @@ Reply DevTools::await(int command, double mostSec) {
     const auto node = awaited_.extract(command);
     const std::string& method = node.mapped().method;
     if (!came)
-        throw Failure("The browser did not answer " + method + " within " + whole(mostSec) + " seconds.");
+        throw Silence("The browser did not answer " + method + " within " + whole(mostSec) + " seconds.");
     Json& answer = *node.mapped().answer;
     if (const Json* error = answer.find("error")) {
         const Json* message = error->find("message");

@@ -32,6 +32,12 @@ public:
     using Failure::Failure;
 };
 
+// It does not answer within the bound.
+class Silence : public Failure {
+public:
+    using Failure::Failure;
+};
+
 // Used by one thread.
 class DevTools {
 public:

@@ -113,6 +113,8 @@ private:
             report_.steps.push_back(player_.play(step));
         } catch (const RenderStopped&) {
             throw;
+        } catch (const Silence&) {
+            throw;
         } catch (const Failure& failure) {
             throw StepFailure(position, failure.message(), pngOf(take_.stage()));
         }
@@ -127,9 +129,7 @@ private:
     DoneReport report_;
 };
 
-}   // namespace
-
-Recording record(const RecorderSettings& settings, const std::stop_token& stop) try {
+Recording recordOnce(const RecorderSettings& settings, const std::stop_token& stop) {
     Recording recording;
     const Address address = addressOf(settings.address);
     const std::string url = urlOf(address, settings.flow.entry, recording.notes);
@@ -159,6 +159,19 @@ Recording record(const RecorderSettings& settings, const std::stop_token& stop) 
     std::ranges::copy(session.notes(), std::back_inserter(recording.notes));
     std::ranges::copy(stage.notes(), std::back_inserter(recording.notes));
     return recording;
+}
+
+}   // namespace
+
+// The browser stands still for ever now and then, and the same flow gives the same film.
+Recording record(const RecorderSettings& settings, const std::stop_token& stop) try {
+    try {
+        return recordOnce(settings, stop);
+    } catch (const Silence& silence) {
+        Recording again = recordOnce(settings, stop);
+        again.notes.push_back(silence.message() + " The recording was made anew.");
+        return again;
+    }
 } catch (const std::system_error& error) {
     throw Failure(std::string(error.what()) + ".");
 }
