@@ -67,17 +67,19 @@ void DevTools::offer(const std::string& method, JsonObject parameters, double mo
 }
 
 void DevTools::settle(const std::vector<int>& commands, double mostSec) {
-    const auto isAnswered = [this](int command) { return awaited_.at(command).answer.has_value(); };
-    waitUntil([&] { return std::ranges::all_of(commands, isAnswered); }, mostSec);
+    const auto areAnswered = [&] {
+        return std::ranges::all_of(commands, [this](int command) { return isAnswered(command); });
+    };
+    waitUntil(areAnswered, mostSec);
     for (const int command : commands) awaited_.erase(command);
 }
 
 Reply DevTools::await(int command, double mostSec) {
-    const bool came = waitUntil([&] { return awaited_.at(command).answer.has_value(); }, mostSec);
+    const bool came = waitUntil([&] { return isAnswered(command); }, mostSec);
     const auto node = awaited_.extract(command);
     const std::string& method = node.mapped().method;
     if (!came)
-        throw Silence("The browser did not answer " + method + " within " + whole(mostSec) + " seconds.");
+        throw Failure("The browser did not answer " + method + " within " + whole(mostSec) + " seconds.");
     Json& answer = *node.mapped().answer;
     if (const Json* error = answer.find("error")) {
         const Json* message = error->find("message");

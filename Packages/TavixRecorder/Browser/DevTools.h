@@ -32,12 +32,6 @@ public:
     using Failure::Failure;
 };
 
-// It does not answer within the bound.
-class Silence : public Failure {
-public:
-    using Failure::Failure;
-};
-
 // Used by one thread.
 class DevTools {
 public:
@@ -65,6 +59,7 @@ public:
     void settle(const std::vector<int>& commands, double mostSec);
     // The answer is asked for later.
     int send(const std::string& method, JsonObject parameters = {});
+    bool isAnswered(int command) const { return awaited_.at(command).answer.has_value(); }
     Reply await(int command, double mostSec = usualBoundSec);
     // Takes messages until it holds, for at most so long. Whether it does.
     bool waitUntil(const std::function<bool()>& holds, double mostSec);

@@ -22,6 +22,7 @@ namespace {
 
 // Something to look at before the first step and after the last one.
 constexpr double leadInSec = 0.5, leadOutSec = 0.8;
+constexpr int mostAttempts = 3;
 
 struct Address {
     std::optional<SiteFolder> site;
@@ -66,6 +67,7 @@ StageSettings stageSettings(const RecorderSettings& settings, std::string url) {
         .pixelsPerPoint = settings.pixelsPerPoint,
         .fps = settings.fps,
         .hand = settings.hand,
+        .drawingBoundSec = settings.drawingBoundSec,
         .initialState = initialState(settings.flow)};
 }
 
@@ -113,7 +115,7 @@ private:
             report_.steps.push_back(player_.play(step));
         } catch (const RenderStopped&) {
             throw;
-        } catch (const Silence&) {
+        } catch (const StandStill&) {
             throw;
         } catch (const Failure& failure) {
             throw StepFailure(position, failure.message(), pngOf(take_.stage()));
@@ -163,14 +165,20 @@ Recording recordOnce(const RecorderSettings& settings, const std::stop_token& st
 
 }   // namespace
 
-// The browser stands still for ever now and then, and the same flow gives the same film.
+// The same flow gives the same film, so one that a standstill cut off is made from its beginning.
 Recording record(const RecorderSettings& settings, const std::stop_token& stop) try {
-    try {
-        return recordOnce(settings, stop);
-    } catch (const Silence& silence) {
-        Recording again = recordOnce(settings, stop);
-        again.notes.push_back(silence.message() + " The recording was made anew.");
-        return again;
+    for (int attempt = 1;; ++attempt) {
+        try {
+            Recording recording = recordOnce(settings, stop);
+            if (attempt > 1)
+                recording.notes.push_back("The browser stood still, so the recording was begun " +
+                                          std::to_string(attempt) + " times.");
+            return recording;
+        } catch (const StandStill& standStill) {
+            if (attempt == mostAttempts)
+                throw Failure(standStill.message() + " The recording was begun " + std::to_string(attempt) +
+                              " times; try it again when the machine has less to do.");
+        }
     }
 } catch (const std::system_error& error) {
     throw Failure(std::string(error.what()) + ".");

@@ -28,6 +28,7 @@ struct RecorderSettings {
     Hand hand = Hand::finger;
     bool hasMarks = false;         // flashes at both ends, and squares at actions and ends of motions
     double patienceSec = 10;       // of the page's time, for what a step needs
+    double drawingBoundSec = 15;   // of our time: what the browser may take for one frame
     std::filesystem::path video;   // written, as QuickTime
     std::optional<std::filesystem::path> snapshots;   // a folder for a picture after each step
     std::function<void(double fraction)> onProgress;

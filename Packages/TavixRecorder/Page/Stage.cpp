@@ -3,6 +3,7 @@
 #include "TavixBase/Failure.h"
 #include "TavixCore/Support/JsonWriter.h"
 #include "TavixRecorder/Browser/Base64.h"
+#include "TavixRecorder/Browser/WholeNumber.h"
 #include "TavixRecorder/Page/Scripts.h"
 #include "TavixRecorder/Page/SiteFolder.h"
 
@@ -233,13 +234,17 @@ void Stage::advance(double milliseconds) {
 const std::string& Stage::nextFrame() {
     ++frame_;
     const double stepMs = times_.millisecondsBefore(frame_);
-    // A touch that is still on its way to the page when its frame begins can leave the browser waiting for
-    // ever. An answer of the page's own thread comes after it, nearly always.
-    if (!inputs_.empty()) devTools_.call("Runtime.evaluate", {{"expression", "0"}});
+    // Touches that meet their frame on the way are what brings the browser to a standstill most often; an
+    // answer of the page tells that they have mostly come.
+    if (!inputs_.empty()) devTools_.offer("Runtime.evaluate", {{"expression", "0"}}, inputSec);
     advance(stepMs);
-    Reply reply = devTools_.call("HeadlessExperimental.beginFrame",
+    const int drawing = devTools_.send("HeadlessExperimental.beginFrame",
         {{"frameTimeTicks", baseMs_ + times_.millisecondsAt(frame_) + hairMs}, {"interval", stepMs},
             {"screenshot", JsonObject{{"format", "png"}, {"optimizeForSpeed", true}}}});
+    if (!devTools_.waitUntil([&] { return devTools_.isAnswered(drawing); }, settings_.drawingBoundSec))
+        throw StandStill(
+            "The browser did not draw a frame within " + whole(settings_.drawingBoundSec) + " seconds.");
+    Reply reply = devTools_.await(drawing);
     devTools_.settle(std::exchange(inputs_, {}), inputSec);
     hasChanged_ = !reply.picture.empty() && reply.picture != picture_;
     if (hasChanged_) picture_ = std::move(reply.picture);

@@ -17,6 +17,13 @@ namespace tavix::recorder {
 
 class SiteFolder;
 
+// The browser waits for itself and will never draw again, while the page goes on. It does that now and then
+// when a finger moves; nothing wakes it, and a new one may do the same work without it.
+class StandStill : public Failure {
+public:
+    using Failure::Failure;
+};
+
 enum class Hand { finger, mouse };
 
 struct StageSettings {
@@ -25,7 +32,8 @@ struct StageSettings {
     double pixelsPerPoint = 1;
     int fps = 60;
     Hand hand = Hand::finger;
-    Json initialState;   // handed to the page as `tavix.initialState`
+    double drawingBoundSec = 15;   // of our time: what the browser may take for one frame
+    Json initialState;             // handed to the page as `tavix.initialState`
 };
 
 // Used by one thread. Whatever talks to the browser throws as `DevTools` does.
@@ -38,6 +46,7 @@ public:
     void open();
 
     // Time goes on by a frame. The picture is a PNG in base 64; it shows what was done to the page before.
+    // Throws `StandStill` too.
     const std::string& nextFrame();
     // Whether that picture differs from the one before it.
     bool hasChanged() const { return hasChanged_; }

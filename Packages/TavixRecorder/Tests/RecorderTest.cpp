@@ -312,6 +312,38 @@ TEST_F(RecorderTest, HandsDoWhatTheFlowSays) {
     EXPECT_GT(last, 200) << "the page saw something else";
 }
 
+// The browser, but that it swallows the 40th frame and those after it the first `times` times that it runs.
+std::filesystem::path stalling(
+    const std::filesystem::path& browser, const std::filesystem::path& folder, int times) {
+    std::ofstream(folder / "left") << times << "\n";
+    const auto program = folder / "browser";
+    std::ofstream(program)
+        << "#!/bin/bash\nleft=$(cat '" << (folder / "left").string() << "')\n[ $left -gt 0 ] || exec "
+        << browser.string() << " \"$@\"\necho $((left - 1)) >'" << (folder / "left").string() << "'\nexec "
+        << browser.string()
+        << R"( "$@" 3< <(exec sed -zu '/HeadlessExperimental.beginFrame/{x;s/^/x/;/x\{40\}/{x;d};x}' <&3))"
+        << "\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    return program;
+}
+
+TEST_F(RecorderTest, ABrowserThatStandsStillCostsTimeAndNoFilm) {
+    page("<style>body{animation:b 1s infinite}@keyframes b{to{background:#00f}}</style><p id=p>x</p>");
+    steps({stepOn(Interaction::tap, "p")});
+    const Recording whole = recorded();
+    const auto pictures = frames();
+    const auto browser = settings_.browser;
+    const testsupport::TemporaryFolder beside;
+    settings_.drawingBoundSec = 2;
+    settings_.browser = stalling(browser, beside.path(), 1);
+    const Recording again = recorded();
+    EXPECT_EQ(again.timeline, whole.timeline);
+    EXPECT_EQ(frames(), pictures);
+    EXPECT_THAT(again.notes, Contains("The browser stood still, so the recording was begun 2 times."));
+    settings_.browser = stalling(browser, beside.path(), 1000);
+    EXPECT_THAT(failure(), AllOf(HasSubstr("did not draw a frame within 2 seconds"), HasSubstr("3 times")));
+}
+
 TEST_F(RecorderTest, WhatCannotBeDoneIsToldWithThePage) {
     page(R"(<button id=save aria-label='Save the note'>Save</button><button id=off disabled>Off</button>
         <p id=words>plain</p><div style='position:relative;height:50px'><button id=under>Under</button>
