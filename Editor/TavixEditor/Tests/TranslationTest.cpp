@@ -219,7 +219,7 @@ TEST_P(InLanguage, EverySentenceOfTheJudgeIsKnown) {
     EXPECT_GT(sentences.size(), 80u);
     for (QString sentence : sentences)
         EXPECT_TRUE(knownFinding(sentence.replace(QStringLiteral("{}"), QString())))
-            << sentence.toStdString() << " is not in FindingText.cpp; see docs/editor.md.";
+            << sentence.toStdString() << " is not in FindingSentences.cpp; see docs/editor.md.";
     std::size_t told = 0;
     const Spoken spoken(GetParam());
     for (const CompositionLint::RuleEntry& rule : CompositionLint::rules())
