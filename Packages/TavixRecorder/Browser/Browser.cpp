@@ -30,6 +30,9 @@ constexpr const char* usualArguments[] = {
     "--disable-threaded-scrolling",
     "--disable-checker-imaging",
     "--disable-image-animation-resync",
+    // Else a frame waits for the next movement of a finger that scrolls, which comes after the frame, and once
+    // in a while both wait for ever.
+    "--disable-features=WaitForLateScrollEvents",
     "--disable-gpu",
     "--enable-unsafe-swiftshader",
     "--hide-scrollbars",
