@@ -5,6 +5,7 @@
 #include "TavixRender/Export/CompositionExport.h"
 #include "TavixRender/Export/MachineShare.h"
 #include "TavixRender/Export/RateFit.h"
+#include "TavixRender/Export/RatePlan.h"
 #include "TavixRender/Export/TrialFolder.h"
 
 #include <algorithm>
@@ -35,7 +36,7 @@ void fit(PiecedFilm& film, Outcome& outcome, const std::stop_token& stop) {
         film = AnimationFit::made(film, estimate.look);
     } else if (film.file.format == ExportFormat::video && !isProRes(film.file.codec)) {
         outcome.bitsPerSec = RateFit::bitsPerSec(film, *film.mostBytes);
-        film.file.rate.bitsPerSec = *outcome.bitsPerSec;
+        if (!RatePlan::isFor(film.file)) film.file.rate.bitsPerSec = *outcome.bitsPerSec;
     }
 }
 
@@ -81,6 +82,13 @@ Outcome run(const CompositionRenderer::Config& config, const std::stop_token& st
     if (outcome.look) return outcome;   // the search has told the bytes better
     for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
         outcome.bytes += double(entry.file_size()) * share;
+    if (!outcome.bitsPerSec || film.file.rate.bitsPerSec) return outcome;
+    // The stretch was coded as usual, and so is the film where that fits.
+    const double most = double(*outcome.bitsPerSec) / 8 * film.fps.secAt(film.frameCount);
+    if (outcome.bytes <= most)
+        outcome.bitsPerSec.reset();
+    else
+        outcome.bytes = most;
     return outcome;
 }
 

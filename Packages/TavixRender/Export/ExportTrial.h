@@ -13,7 +13,7 @@ namespace tavix::ExportTrial {
 struct Outcome {
     double bytes = 0;   // of the pictures of the whole film
     double sec = 0;     // of work, on this machine as it is now
-    // What it takes to keep to the bytes that the file may have.
+    // What it takes to keep to the bytes that the file may have; nothing where it does so as it usually is.
     std::optional<AnimationFit::Look> look = {};
     std::optional<std::int64_t> bitsPerSec = {};
 };

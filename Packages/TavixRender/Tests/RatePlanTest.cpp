@@ -4,6 +4,7 @@
 #include "TavixPlatform/Media/StillImages.h"
 #include "TavixPlatform/Media/VideoFile.h"
 #include "TavixRender/Export/CompositionExport.h"
+#include "TavixRender/Export/ExportTrial.h"
 #include "TavixRender/Export/RateFit.h"
 
 #include <gtest/gtest.h>
@@ -154,6 +155,21 @@ TEST_F(Rates, LetPiecesBeFoundAgain) {
     asked.evaluation.threadCount = 8;   // four at once
     CompositionExport::write(asked, {});
     EXPECT_TRUE(bytesOf(asked.output) == edited);
+}
+
+TEST_F(Rates, AreForetoldForFilmsThatDoNotFitAlone) {
+    auto asked = config("film.mp4");
+    for (const std::int64_t mostBytes : {150'000, 100'000'000}) {
+        SCOPED_TRACE(mostBytes);
+        asked.mostBytes = mostBytes;
+        const ExportTrial::Outcome trial = ExportTrial::run(asked);
+        EXPECT_EQ(trial.bitsPerSec.has_value(), mostBytes < 1'000'000);
+        CompositionExport::write(asked, {});
+        EXPECT_LE(trial.bytes, double(mostBytes));
+        // A stretch stands for the whole.
+        EXPECT_GT(trial.bytes, sizeOf(asked.output) / 3);
+        EXPECT_LT(trial.bytes, sizeOf(asked.output) * 3);
+    }
 }
 
 TEST_F(Rates, OfAFilmThatFitsAreTheUsualOnes) {
