@@ -3,11 +3,11 @@
 
     Benchmarks/piece_cost.py TAVIX FILM.tavixcomp [--codec h264|hevc|vp9|av1] [--rates usual,1M,300k] [--fps 10]
 
-Renders the film as pictures without loss, then in pieces at each rate, and encodes it in one go by
-FFmpeg with the same encoder and the same settings, as fine at most, at a constant quality in several steps. Its groups
-of pictures are closed and begin at most two seconds apart, as those of any film in which one can seek, and wherever
-else the encoder wants one; and in one go again, with the key frames where the pieces begin. The brightness of all is
-compared with the first by SSIM and PSNR. Tells, for each rate:
+Renders the film nearly without loss, so that both sides begin with the same conversion of colors, then in pieces at
+each rate, and encodes the first in one go by FFmpeg with the same encoder and the same settings, as fine at most, at a
+constant quality in several steps. Its groups of pictures are closed and begin at most two seconds apart, as those of
+any film in which one can seek, and wherever else the encoder wants one; and in one go again, with the key frames where
+the pieces begin. The brightness of all is compared with the first by SSIM and PSNR. Tells, for each rate:
 
     took     the rate of the pictures
     price    bits of the pieces against the film in one go at the same quality, by SSIM and by PSNR
@@ -29,14 +29,17 @@ import tempfile
 from pathlib import Path
 
 ENCODERS = {
-    "h264": (["libx264", "-preset", "veryfast", "-profile:v", "high", "-x264-params", "rc-lookahead=4:qpmin=10:open-gop=0"], "mp4"),
-    "hevc": (["libx265", "-preset", "ultrafast", "-x265-params", "log-level=none:b-pyramid=1:open-gop=0:qpmin=10"], "mp4"),
+    "h264": (["libx264", "-preset", "veryfast", "-profile:v", "high", "-x264-params",
+              "rc-lookahead=4:qpmin=10:open-gop=0"], "mp4"),
+    "hevc": (["libx265", "-preset", "ultrafast", "-x265-params",
+              "log-level=none:b-pyramid=1:open-gop=0:qpmin=10"], "mp4"),
     "vp9": (["libvpx-vp9", "-deadline", "good", "-cpu-used", "6", "-row-mt", "1", "-lag-in-frames", "16",
              "-b:v", "0"], "webm"),
     "av1": (["libsvtav1", "-preset", "10"], "mp4"),
 }
-STEPS = {"h264": (11, 15, 19, 23, 28, 34, 41), "hevc": (11, 15, 19, 23, 28, 34, 41), "vp9": (10, 22, 34, 46, 58),
-         "av1": (10, 22, 34, 46, 58)}
+LOSSLESS = "150M"   # nearly: the finest steps that the encoder is allowed
+FINE, COARSE = (10, 13, 16, 19, 23, 28, 34, 41), (10, 22, 34, 46, 58)
+STEPS = {"h264": FINE, "hevc": FINE, "vp9": COARSE, "av1": COARSE}
 
 
 def run(*words):
@@ -120,11 +123,9 @@ def main():
     asked = parser.parse_args()
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
-        source = folder / "source.mkv"
+        source = folder / "source.mp4"
         render = [asked.tavix, "render", asked.film, "--fps", asked.fps, "-q"]
-        run(*render, "-o", folder / "shots" / "%05d.png")
-        run("ffmpeg", "-v", "error", "-r", asked.fps, "-start_number", 1, "-i", folder / "shots" / "%05d.png", "-vf",
-            "scale=out_color_matrix=bt709:out_range=tv,format=yuv420p", "-c:v", "ffvhuff", source)
+        run(*render, "--no-cache", "--rate", LOSSLESS, "-o", source)
         plan = json.loads(run(asked.tavix, "render", asked.film, "--fps", asked.fps, "--plan", "--json"))
         joins = [segment["firstFrame"] for segment in plan["segments"]][1:]
         curve = list(in_one_go(asked.codec, source, asked.fps, folder))
@@ -132,7 +133,8 @@ def main():
         print(f"{Path(asked.film).stem}, {asked.codec}, {len(joins) + 1} pieces")
         for rate in asked.rates.split(","):
             film = folder / f"pieces-{rate}.{ENCODERS[asked.codec][1]}"
-            run(*render, "--codec", asked.codec, "--no-cache", "-o", film, *([] if rate == "usual" else ["--rate", rate]))
+            wanted = [] if rate == "usual" else ["--rate", rate]
+            run(*render, "--codec", asked.codec, "--no-cache", "-o", film, *wanted)
             tell(rate, Encoded(film, source, asked.fps), curve, forced, joins, asked.fps)
 
 
