@@ -234,9 +234,6 @@ void Stage::advance(double milliseconds) {
 const std::string& Stage::nextFrame() {
     ++frame_;
     const double stepMs = times_.millisecondsBefore(frame_);
-    // Touches that meet their frame on the way are what brings the browser to a standstill most often; an
-    // answer of the page tells that they have mostly come.
-    if (!inputs_.empty()) devTools_.offer("Runtime.evaluate", {{"expression", "0"}}, inputSec);
     advance(stepMs);
     const int drawing = devTools_.send("HeadlessExperimental.beginFrame",
         {{"frameTimeTicks", baseMs_ + times_.millisecondsAt(frame_) + hairMs}, {"interval", stepMs},

@@ -17,8 +17,8 @@ namespace tavix::recorder {
 
 class SiteFolder;
 
-// The browser waits for itself and will never draw again, while the page goes on. It does that now and then
-// when a finger moves; nothing wakes it, and a new one may do the same work without it.
+// The browser waits for itself and will not draw again, while the page goes on. Nothing wakes it, and a new
+// one mostly does the same work without it.
 class StandStill : public Failure {
 public:
     using Failure::Failure;
