@@ -30,8 +30,8 @@ constexpr const char* usualArguments[] = {
     "--disable-threaded-scrolling",
     "--disable-checker-imaging",
     "--disable-image-animation-resync",
-    // Else a frame waits for the next movement of a finger that scrolls, which comes after the frame, and once
-    // in a while both wait for ever.
+    // Else a frame waits for the next movement of a finger that scrolls, which comes after the frame, and
+    // once in a while both wait for ever.
     "--disable-features=WaitForLateScrollEvents",
     "--disable-gpu",
     "--enable-unsafe-swiftshader",
