@@ -55,7 +55,7 @@ TEST_F(EngineTest, WhatIsResolvedIsReadAgainAndDrawnTheSame) {
 }
 
 // What a file manager calls: a name without a suffix, a file that stands there already, and no moment.
-TEST_F(EngineTest, AThumbnailIsTheMiddleOfTheFilmMadeSmall) {
+TEST_F(EngineTest, AThumbnailIsTheMiddleOfTheLongestSceneMadeSmall) {
     write("asked-RX42T1", "");
     const Json told = json({"still", "tiny.json", "--thumbnail", "48", "-o", "asked-RX42T1", "--json"});
     EXPECT_EQ(*told.find("atSec"), Json(0.5));

@@ -39,7 +39,7 @@ void StillVerb::declare(Arguments& arguments, Terminal& terminal) {
     arguments.number("--local", wish_.localSec, "SEC", "The moment, in seconds from the start of the scene.");
     arguments.text("-o,--output", output_, "FILE", "The picture, a .png. The document's name by default.");
     arguments.wholeNumber("--thumbnail", thumbnailPx_, 16, 1024, "PX",
-        "The middle of the film, its longer side that many pixels: what file managers ask for.");
+        "The middle of the longest scene, the longer side that many pixels: what file managers ask for.");
     arguments.quietFlag(terminal);
     arguments.jsonFlag(terminal);
 }
@@ -51,7 +51,7 @@ void StillVerb::run(Terminal& terminal) {
     requireRenderable(document);
     if (thumbnailPx_) {
         document.spec = asThumbnail(document.spec, *thumbnailPx_);
-        if (!wish_.atSec && !wish_.scene) wish_.atSec = CompositionTimeline(document.spec).totalSec / 2;
+        if (!wish_.atSec && !wish_.scene) wish_.atSec = tellingSec(document.spec);
     }
     const double atSec = momentOf(document.spec, wish_);
     // File managers name the file by their own rules.

@@ -26,21 +26,6 @@ QString cachedName(const std::filesystem::path& bundle, int sidePx) {
            QStringLiteral(".png");
 }
 
-// The middle of what the longest scene has for itself, between its transitions.
-double tellingFraction(const CompositionSpec& spec) {
-    const CompositionTimeline timeline(spec);
-    double longestSec = 0, middleSec = timeline.totalSec / 2;
-    for (std::size_t i = 0; i < spec.scenes.size(); ++i) {
-        const double fromSec = timeline.startSec[i] + (i > 0 ? timeline.transitionDurations[i - 1] : 0);
-        const double toSec =
-            timeline.startSec[i] + spec.scenes[i].durationSec - timeline.transitionDurations[i];
-        if (toSec - fromSec <= longestSec) continue;
-        longestSec = toSec - fromSec;
-        middleSec = (fromSec + toSec) / 2;
-    }
-    return timeline.totalSec > 0 ? middleSec / timeline.totalSec : 0;
-}
-
 }   // namespace
 
 SmallFilm::SmallFilm(const CompositionSpec& spec, const std::filesystem::path& assetRoot, int sidePx)
@@ -49,8 +34,10 @@ SmallFilm::SmallFilm(const CompositionSpec& spec, const std::filesystem::path& a
 
 SmallFilm::~SmallFilm() = default;
 
-QImage SmallFilm::at(double fraction) {
-    const auto frame = source_->draw(source_->totalSec() * fraction, FrameQuality::full);
+QImage SmallFilm::at(double fraction) { return atSec(source_->totalSec() * fraction); }
+
+QImage SmallFilm::atSec(double sec) {
+    const auto frame = source_->draw(sec, FrameQuality::full);
     const imaging::ConstBitmapView view = frame.pixels->view();
     return QImage(
         view.pixels, view.size.width, view.size.height, qsizetype(view.strideBytes), QImage::Format_RGB32)
@@ -65,7 +52,7 @@ QImage thumbnailOf(
     if (!picture.isNull()) return picture;
     try {
         const CompositionSpec spec = DocumentOnDisk::read(bundle).spec;
-        picture = SmallFilm(spec, bundle, sidePx).at(tellingFraction(spec));
+        picture = SmallFilm(spec, bundle, sidePx).atSec(tellingSec(spec));
     } catch (const std::exception&) {
         return {};   // a project without a picture still has its name
     }

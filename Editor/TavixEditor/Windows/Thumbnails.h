@@ -24,6 +24,7 @@ public:
     SmallFilm& operator=(const SmallFilm&) = delete;
 
     QImage at(double fraction);   // of the film, 0 to 1
+    QImage atSec(double sec);
 
 private:
     std::unique_ptr<Stage> stage_;

@@ -58,6 +58,15 @@ TEST(CompositionTimeline, HasNothingToShowWithoutScenes) {
     EXPECT_FALSE(timeline.globalTime(0, 0));
 }
 
+// Never a transition, where there is any scene that stands alone for a moment.
+TEST(CompositionTimeline, TheTellingMomentIsTheMiddleOfWhatTheLongestSceneHasForItself) {
+    EXPECT_EQ(tellingSec(threeScenes), 2);
+    EXPECT_EQ(tellingSec({.scenes = {scene(3, 1), scene(5), scene(4)}}), 5);
+    EXPECT_EQ(tellingSec({.scenes = {scene(4, 3.5), scene(3)}}), 0.25) << "the rest is a transition";
+    EXPECT_EQ(tellingSec({.scenes = {scene(2, 2), scene(2)}}), 1) << "nothing but a transition";
+    EXPECT_EQ(tellingSec({}), 0);
+}
+
 TEST(CompositionTimeline, NegativeLengthsTakeNoTime) {
     const CompositionTimeline timeline({.scenes = {scene(2, -3), scene(-7), scene(1)}});
     EXPECT_EQ(timeline.startSec, (std::vector<double>{0, 2, 2}));

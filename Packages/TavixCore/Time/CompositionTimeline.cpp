@@ -42,4 +42,18 @@ std::optional<double> CompositionTimeline::globalTime(std::size_t sceneIndex, do
     return startSec[sceneIndex] + localSeconds;
 }
 
+double tellingSec(const CompositionSpec& spec) {
+    const CompositionTimeline timeline(spec);
+    double longestSec = 0, middleSec = timeline.totalSec / 2;
+    for (std::size_t i = 0; i < spec.scenes.size(); ++i) {
+        const double fromSec = timeline.startSec[i] + (i > 0 ? timeline.transitionDurations[i - 1] : 0);
+        const double toSec =
+            timeline.startSec[i] + spec.scenes[i].durationSec - timeline.transitionDurations[i];
+        if (toSec - fromSec <= longestSec) continue;
+        longestSec = toSec - fromSec;
+        middleSec = (fromSec + toSec) / 2;
+    }
+    return middleSec;
+}
+
 }   // namespace tavix

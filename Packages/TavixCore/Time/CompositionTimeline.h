@@ -35,4 +35,8 @@ struct CompositionTimeline {
     std::optional<double> globalTime(std::size_t sceneIndex, double localSeconds) const;
 };
 
+// The moment that stands for the whole film, as in thumbnails: the middle of what its longest scene has for
+// itself, between its transitions. In seconds from the start; 0 without scenes.
+double tellingSec(const CompositionSpec& spec);
+
 }   // namespace tavix
