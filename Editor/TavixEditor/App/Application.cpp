@@ -59,6 +59,10 @@ void Application::share(Place& of) {
         closeNext();
     };
     of.window.onStayed = [this] { isQuitting_ = false; };
+    of.window.windowOf = [this](const std::filesystem::path& bundle) {
+        Place* const place = placeOf(bundle);
+        return place ? &place->window : nullptr;
+    };
     of.window.onGallery = [this, &of] {
         if (!gallery_) gallery_ = std::make_unique<GalleryWindow>();
         gallery_->present(of.studio.model);
@@ -89,15 +93,12 @@ void Application::open(const QStringList& bundles) {
     const auto visible = std::find_if(
         places_.rbegin(), places_.rend(), [](const auto& place) { return place->window.isVisible(); });
     if (!front) front = visible != places_.rend() ? visible->get() : &emptyPlace();
-    front->window.show();
-    front->window.raise();
-    front->window.activateWindow();
+    front->window.present();
 }
 
-// Two windows would save over each other.
 Application::Place* Application::placeOf(const std::filesystem::path& bundle) {
     const auto found = std::find_if(places_.begin(), places_.end(), [&](const auto& place) {
-        const auto& open = place->studio.model.state.bundle();
+        const auto& open = place->window.document();
         std::error_code unknown;
         return place->window.isVisible() && open && std::filesystem::equivalent(*open, bundle, unknown);
     });

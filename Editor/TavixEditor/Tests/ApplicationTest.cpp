@@ -3,6 +3,8 @@
 #include "EditorWindow.h"
 
 #include <QAction>
+#include <QFileDialog>
+#include <QLabel>
 
 #include <algorithm>
 
@@ -91,6 +93,38 @@ TEST_F(Windows, ABundleThatIsOpenComesToTheFrontInsteadOfASecondTime) {
     ASSERT_TRUE(until([&] { return QApplication::activeWindow() == showing("one"); }));
     application->open({});
     EXPECT_EQ(shown().size(), 2u);
+}
+
+// However it is asked for, and before it has arrived.
+TEST_F(Windows, ABundleHasOneWindow) {
+    const QString one = words(makeBundle("one"));
+    application->open({one, one});
+    EXPECT_EQ(shown().size(), 1u);
+    application->open({words(makeBundle("two"))});
+    ASSERT_TRUE(showing("one") && showing("two"));
+    showing("two")->openDocument(home() / "one.tavixcomp");
+    ASSERT_TRUE(until([&] { return QApplication::activeWindow() == showing("one"); }));
+    QTest::qWait(50);
+    ASSERT_TRUE(showing("two")) << "it keeps what it shows";
+    EXPECT_EQ(shown().size(), 2u);
+
+    const std::string before = fileOf(home() / "one.tavixcomp");
+    showing("two")->actions().saveAs->trigger();
+    auto* const dialog = showing("two")->findChild<QFileDialog*>(QStringLiteral("saveAsTarget"));
+    ASSERT_TRUE(dialog);
+    Q_EMIT dialog->fileSelected(one);
+    dialog->close();
+    const auto labels = showing("two")->findChildren<QLabel*>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel* label) {
+        return label->text().startsWith(QStringLiteral("one.tavixcomp is open in another window."));
+    }));
+    QTest::qWait(50);
+    EXPECT_EQ(fileOf(home() / "one.tavixcomp"), before);
+    EXPECT_TRUE(showing("one") && showing("two"));
+    // What it was asked to open is forgotten once it is closed.
+    showing("one")->actions().close->trigger();
+    showing("two")->openDocument(home() / "one.tavixcomp");
+    ASSERT_TRUE(until([&] { return showing("one") && !showing("two"); }));
 }
 
 TEST_F(Windows, WhatIsNoBundleIsToldInAWindowOfItsOwn) {

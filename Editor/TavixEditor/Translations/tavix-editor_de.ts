@@ -2657,6 +2657,10 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>%1 is open in another window. Close it there, or choose another name.</source>
+        <translation>%1 ist in einem anderen Fenster geöffnet. Dort schließen oder einen anderen Namen wählen.</translation>
+    </message>
+    <message>
         <source>Not a Tavix composition — open a .tavixcomp bundle.</source>
         <translation>Keine Tavix-Komposition — öffne ein .tavixcomp-Bündel.</translation>
     </message>

@@ -2657,6 +2657,10 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>%1 is open in another window. Close it there, or choose another name.</source>
+        <translation>%1 は別のウインドウで開いています。そちらで閉じるか、別の名前を選んでください。</translation>
+    </message>
+    <message>
         <source>Not a Tavix composition — open a .tavixcomp bundle.</source>
         <translation>Tavixの構成ではありません。.tavixcomp バンドルを開いてください。</translation>
     </message>

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -92,7 +93,24 @@ void MainWindow::openDocument(const std::filesystem::path& path) {
         studio_.model.state.errorMessage = utf8Of(tr("Not a Tavix composition — open a .tavixcomp bundle."));
         return;
     }
+    if (MainWindow* const other = otherWindowOf(path)) return other->present();
     unsaved_.resolve([this, path] { openNow(std::filesystem::absolute(path)); });
+}
+
+// Two windows would save over each other.
+MainWindow* MainWindow::otherWindowOf(const std::filesystem::path& bundle) {
+    MainWindow* const found = windowOf ? windowOf(bundle) : nullptr;
+    return found != this ? found : nullptr;
+}
+
+const std::optional<std::filesystem::path>& MainWindow::document() const {
+    return opening_ ? opening_ : studio_.model.state.bundle();
+}
+
+void MainWindow::present() {
+    show();
+    raise();
+    activateWindow();
 }
 
 void MainWindow::askForBundle() {
@@ -107,6 +125,7 @@ void MainWindow::askForBundle() {
 void MainWindow::closeDocument() {
     unsaved_.resolve([this] {
         isOpening_ = false;
+        opening_.reset();
         studio_.model.close();
         applyWindowMode();
     });
@@ -116,6 +135,7 @@ void MainWindow::closeDocument() {
 // and between two documents the window stays as it is.
 void MainWindow::openNow(const std::filesystem::path& bundle) {
     isOpening_ = true;
+    opening_ = bundle;
     enter(editor_);
     // A copy: the path may be that of the document which goes now.
     studio_.model.open(std::filesystem::path(bundle), [this] { arrive(); });
@@ -123,6 +143,7 @@ void MainWindow::openNow(const std::filesystem::path& bundle) {
 
 void MainWindow::arrive() {
     isOpening_ = false;
+    opening_.reset();
     applyWindowMode();
 }
 
@@ -136,6 +157,12 @@ void MainWindow::saveAs() {
     dialog->setDefaultSuffix(QStringLiteral("tavixcomp"));
     dialog->selectFile(pathWords(studio_.model.state.bundle()->filename()));
     QObject::connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
+        if (otherWindowOf(pathOf(file))) {
+            studio_.model.state.errorMessage =
+                utf8Of(tr("%1 is open in another window. Close it there, or choose another name.")
+                           .arg(QFileInfo(file).fileName()));
+            return;
+        }
         copyBundle(studio_, pathOf(file), [this, target = pathOf(file)] { openNow(target); });
     });
     dialog->open();
@@ -230,8 +257,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
             close();
         };
         unsaved_.resolve(goOn, [this] {
-            raise();
-            activateWindow();
+            present();
             if (onStayed) onStayed();
         });
         return;

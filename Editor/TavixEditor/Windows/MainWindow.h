@@ -14,6 +14,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 class QStackedLayout;
 
@@ -33,6 +34,9 @@ public:
 
     // Asks about unsaved changes first. What is no composition is told, and changes nothing.
     void openDocument(const std::filesystem::path& path);
+    // What is open here or on its way.
+    const std::optional<std::filesystem::path>& document() const;
+    void present();   // to the front
     EditorView& editor() { return *editor_; }
     const Actions& actions() const { return actions_; }
     Shortcuts& shortcuts() { return shortcuts_; }
@@ -40,6 +44,7 @@ public:
     std::function<void()> onStayed;    // it was to be closed, and its user thought better of it
     std::function<void()> onQuit;      // all windows are to go; without it, this one goes
     std::function<void()> onGallery;   // all windows have one gallery, which is to come to the front
+    std::function<MainWindow*(const std::filesystem::path&)> windowOf;   // null for what is open in none
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -60,6 +65,7 @@ private:
     void connectViewActions();
     void connectThemes();
     void enter(QWidget* page);
+    MainWindow* otherWindowOf(const std::filesystem::path& bundle);
     void openNow(const std::filesystem::path& bundle);
     void arrive();
     void applyWindowMode();
@@ -80,7 +86,9 @@ private:
     QStackedLayout* pages_;
     WelcomeView* welcome_;
     EditorView* editor_;
-    bool mayClose_ = false, hasEntered_ = false, isOpening_ = false;
+    bool mayClose_ = false, hasEntered_ = false;
+    bool isOpening_ = false;                         // a document, or lost work
+    std::optional<std::filesystem::path> opening_;   // the document
     Connections connections_;
 };
 
