@@ -100,7 +100,7 @@ RowControl makeFileControl(const InspectorRow& row, RowEdits& edits, QWidget* pa
                 if (field->hasFocus() && field->isModified()) return;
                 field->setPlaceholderText(now.isMixed ? mixedWords() : InspectorWords::tr("No file"));
                 field->setText(now.isMixed ? QString() : words(now.value.stringValue().value_or("")));
-                field->setCursorPosition(0);
+                field->end(false);   // the name of a file says more than its folders
             }};
 }
 
