@@ -24,6 +24,7 @@ public:
     }
 
 protected:
+    void resizeEvent(QResizeEvent*) override { setMask(boxRegion(rect(), radius::popover)); }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         drawBox(painter, rect(), radius::popover, palette().color(QPalette::Window), Style::theme().hairline);

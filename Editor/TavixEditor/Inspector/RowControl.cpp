@@ -17,7 +17,6 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QToolButton>
-#include <QWheelEvent>
 
 #include <cmath>
 #include <memory>
@@ -31,15 +30,6 @@ namespace {
 using Control = InspectorRow::Control;
 
 constexpr int sliderSteps = 200;
-
-// A wheel over the inspector scrolls it, and changes no value by the way.
-class CalmSlider final : public QSlider {
-public:
-    using QSlider::QSlider;
-
-protected:
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 
 void showNumber(ScrubField& field, const InspectorRow& row) {
     if (row.isMixed) return field.setAbsent(mixedWords());
@@ -63,7 +53,7 @@ RowControl numberControl(const InspectorRow& row, RowEdits& edits, QWidget* pare
     field->onChange = tell;
     QSlider* slider = nullptr;
     if (row.range.lower == 0 && row.range.upper == 1) {
-        slider = new CalmSlider(Qt::Horizontal, box);
+        slider = new QSlider(Qt::Horizontal, box);
         slider->setRange(0, sliderSteps);
         slider->setAccessibleName(documentLabel(row.label));
         QObject::connect(slider, &QSlider::valueChanged, field,

@@ -174,8 +174,6 @@ void ScrubField::resizeEvent(QResizeEvent* event) {
     if (!isModified() && !isAbsent_) showNumber();
 }
 
-void ScrubField::wheelEvent(QWheelEvent* event) { event->ignore(); }   // it scrolls what the field stands in
-
 void ScrubField::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);   // field, text and cursor; the margins leave room
     const Theme& theme = Style::theme();

@@ -35,7 +35,6 @@ protected:
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
     void resizeEvent(QResizeEvent*) override;
-    void wheelEvent(QWheelEvent*) override;
     void paintEvent(QPaintEvent*) override;
 
 private:

@@ -51,6 +51,7 @@ CommandPalette::CommandPalette(const QList<QAction*>& commands, QWidget* window)
     QObject::connect(found_, &QListWidget::itemClicked, this, [this] { run(); });
     list();
     setFixedSize(paletteWidth, height::field + space::tight + mostRows * height::row + 2 * space::small);
+    setMask(boxRegion(rect(), radius::popover));
     move(window->mapToGlobal(QPoint((window->width() - paletteWidth) / 2, topPx)));
     show();
     search_->setFocus();

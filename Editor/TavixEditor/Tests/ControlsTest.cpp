@@ -1,10 +1,12 @@
 // The design system: what its text and colours promise, by numbers of the world.
 #include "Editor/EditorDesignSystem/Controls/Timecode.h"
 #include "Editor/EditorDesignSystem/Icons/Icons.h"
+#include "Editor/EditorDesignSystem/Style/Drawing.h"
 #include "Editor/EditorDesignSystem/Style/Style.h"
 
 #include <QApplication>
 #include <QImage>
+#include <QMenu>
 #include <QPainter>
 
 #include <gtest/gtest.h>
@@ -41,6 +43,33 @@ TEST(Tokens, TextCanBeReadOnEveryGround) {
         for (const QColor& kind : theme->kinds)
             EXPECT_GE(contrast(Qt::white, kind), 4.5) << kind.name().toStdString();
     }
+}
+
+// Where no one blends windows, what is clear in them is black.
+TEST(Style, WhatFloatsIsCutToThePixelsOfItsBox) {
+    for (const QSize size : {QSize(40, 30), QSize(21, 21), QSize(300, 200)}) {
+        for (const int radius : {5, 8, 10}) {
+            QImage box(size, QImage::Format_ARGB32_Premultiplied);
+            box.fill(Qt::transparent);
+            QPainter painter(&box);
+            drawBox(painter, box.rect(), radius, Qt::white);
+            painter.end();
+            const QRegion region = boxRegion(box.rect(), radius);
+            for (int y = 0; y < size.height(); ++y)
+                for (int x = 0; x < size.width(); ++x) {
+                    const int alpha = qAlpha(box.pixel(x, y));
+                    if (region.contains(QPoint(x, y))) continue;
+                    EXPECT_LE(alpha, 12) << x << ", " << y << ": a pixel of the box is cut away";
+                }
+            EXPECT_FALSE(region.contains(QPoint(0, 0)) || region.contains(box.rect().bottomRight()));
+        }
+    }
+    QMenu menu;
+    menu.setStyle(new Style(dark()));
+    menu.style()->setParent(&menu);
+    menu.addAction(QStringLiteral("Copy"));
+    menu.popup({0, 0});
+    EXPECT_EQ(menu.mask(), boxRegion(menu.rect(), radius::card));
 }
 
 TEST(Timecode, TellsMinutesSecondsAndHundredths) {

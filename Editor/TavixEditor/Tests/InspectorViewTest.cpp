@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -101,18 +102,25 @@ TEST_F(InspectorViewTest, AFieldOfAKeyframeFollowsThePlayheadAndItsDiamondSetsOn
 }
 
 // Wherever the wheel turns, it scrolls.
-TEST_F(InspectorViewTest, AWheelOverAListScrollsPastIt) {
+TEST_F(InspectorViewTest, AWheelOverAControlScrollsPastIt) {
     const CompositionSpec before = studio.model.state.edited().spec;
-    int lists = 0;
-    for (QComboBox* const list : view->findChildren<QComboBox*>()) {
-        QWheelEvent turn({5, 5}, list->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
+    int lists = 0, sliders = 0, fields = 0;
+    for (QWidget* const control : view->findChildren<QWidget*>()) {
+        const bool isList = qobject_cast<QComboBox*>(control), isSlider = qobject_cast<QSlider*>(control);
+        const bool isField = dynamic_cast<ScrubField*>(control);
+        if (!isList && !isSlider && !isField) continue;
+        QWheelEvent turn({5, 5}, control->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
             Qt::NoScrollPhase, false);
-        QApplication::sendEvent(list, &turn);
-        EXPECT_FALSE(list->hasFocus()) << list->accessibleName().toStdString();
-        EXPECT_FALSE(turn.isAccepted()) << "it is for what the list stands in";
-        ++lists;
+        QApplication::sendEvent(control, &turn);
+        EXPECT_FALSE(control->hasFocus()) << control->accessibleName().toStdString();
+        EXPECT_FALSE(turn.isAccepted()) << "it is for what the control stands in";
+        lists += isList;
+        sliders += isSlider;
+        fields += isField;
     }
     EXPECT_GE(lists, 5);
+    EXPECT_GE(sliders, 1);
+    EXPECT_GE(fields, 5);
     EXPECT_EQ(studio.model.state.edited().spec, before);
 }
 

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 namespace tavix::design {
 
 void drawBox(QPainter& painter, const QRectF& rect, double radius, const QColor& fill, const QColor& line,
@@ -13,6 +15,19 @@ void drawBox(QPainter& painter, const QRectF& rect, double radius, const QColor&
     const double inset = line.alpha() > 0 ? lineWidth / 2 : 0;
     painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
     painter.restore();
+}
+
+// A pixel of a corner is touched where its own corner that is next to the middle lies inside of the circle.
+QRegion boxRegion(const QRect& rect, int radius) {
+    QRegion region = rect.adjusted(0, radius, 0, -radius);
+    for (int row = 0; row < radius; ++row) {
+        const double fromMiddle = radius - row - 1;
+        const int inset = int(radius - std::sqrt(double(radius) * radius - fromMiddle * fromMiddle));
+        const QRect line = rect.adjusted(inset, 0, -inset, 0);
+        region += QRect(line.left(), rect.top() + row, line.width(), 1);
+        region += QRect(line.left(), rect.bottom() - row, line.width(), 1);
+    }
+    return region;
 }
 
 void drawChevron(QPainter& painter, QPointF middle, const QColor& color) {

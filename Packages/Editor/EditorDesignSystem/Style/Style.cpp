@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
+#include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QToolButton>
@@ -104,7 +105,7 @@ void Style::apply(QApplication& application, const Theme& theme) {
 
 namespace {
 
-// A list that is scrolled past keeps its choice, and what it stands in scrolls.
+// A list or a slider that is scrolled past keeps its choice, and what it stands in scrolls.
 class WheelPass final : public QObject {
 public:
     bool eventFilter(QObject*, QEvent* event) override {
@@ -121,7 +122,7 @@ void Style::polish(QWidget* widget) {
     if (qobject_cast<QMenu*>(widget)) widget->setAttribute(Qt::WA_TranslucentBackground);
     if (qobject_cast<QPushButton*>(widget) || qobject_cast<QToolButton*>(widget))
         widget->setAttribute(Qt::WA_Hover);
-    if (qobject_cast<QComboBox*>(widget)) {
+    if (qobject_cast<QComboBox*>(widget) || qobject_cast<QSlider*>(widget)) {
         if (widget->focusPolicy() == Qt::WheelFocus) widget->setFocusPolicy(Qt::StrongFocus);
         static WheelPass pass;
         widget->installEventFilter(&pass);
@@ -321,6 +322,10 @@ int Style::styleHint(
     case SH_ComboBox_Popup:
     case SH_DialogButtonBox_ButtonsHaveIcons: return 0;
     case SH_MenuBar_MouseTracking: return 1;
+    case SH_Menu_Mask:
+        if (auto* const mask = qstyleoption_cast<QStyleHintReturnMask*>(result))
+            mask->region = boxRegion(option->rect, radius::card);
+        return 1;
     case SH_Widget_Animate: return motionReduced ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
     default: return QProxyStyle::styleHint(hint, option, widget, result);
     }
