@@ -117,6 +117,11 @@ std::vector<VariationAxis> axesOf(hb_face_t* face) {
     return axes;
 }
 
+struct Freed {
+    void operator()(hb_blob_t* blob) const { hb_blob_destroy(blob); }
+    void operator()(hb_face_t* face) const { hb_face_destroy(face); }
+};
+
 PangoWeight pangoWeight(double weight) { return static_cast<PangoWeight>(std::lround(weight)); }
 
 }   // namespace
@@ -133,10 +138,18 @@ std::string loweredAscii(std::string_view text) {
 // Of the machine's configuration only where fonts lie, and where what was read of them is kept.
 const FontPlaces& FontPlaces::ofThisMachine() {
     static const FontPlaces places = [] {
+        const auto placesOf = [](FcConfig* machine) {
+            return FontPlaces{elements("dir", FcConfigGetFontDirs(machine)),
+                elements("cachedir", FcConfigGetCacheDirs(machine))};
+        };
+        // The usual way of loading also reads the files that are installed and not in use.
+        const Owned<FcConfig> inUse(FcConfigCreate());
+        if (inUse && FcConfigParseAndLoad(inUse.get(), nullptr, FcTrue))
+            if (FontPlaces told = placesOf(inUse.get()); !told.folders.empty() && !told.caches.empty())
+                return told;
+        // It knows what to do where a configuration tells too little.
         const Owned<FcConfig> machine(FcInitLoadConfig());
-        if (!machine) return FontPlaces();
-        return FontPlaces{elements("dir", FcConfigGetFontDirs(machine.get())),
-            elements("cachedir", FcConfigGetCacheDirs(machine.get()))};
+        return machine ? placesOf(machine.get()) : FontPlaces();
     }();
     return places;
 }
@@ -336,15 +349,29 @@ Font FontCore::fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint3
     data->faceNumber = faceNumber;
     data->sizePx = std::clamp(sizePx, 1.0, 4096.0);
     data->variations = std::move(variations);
-    FontMap* const own = mapOf(data->face->family);
+    return Font(std::move(data));
+}
+
+FontMetrics FontCore::metrics(const FontData& data) {
+    const std::lock_guard lock(mutex);
+    if (data.metrics) return *data.metrics;
+    FontMap* const own = mapOf(data.face->family);
     const FontMap& fonts = own ? *own : *all_;
     const Owned<PangoFont> font(
-        pango_font_map_load_font(fonts.map.get(), fonts.context.get(), description(*data).get()));
-    if (hb_font_t* shaper = font ? pango_font_get_hb_font(font.get()) : nullptr) {
-        data->metrics = metricsOf(shaper, data->sizePx);
-        data->axes = axesOf(hb_font_get_face(shaper));
-    }
-    return Font(std::move(data));
+        pango_font_map_load_font(fonts.map.get(), fonts.context.get(), description(data).get()));
+    hb_font_t* const shaper = font ? pango_font_get_hb_font(font.get()) : nullptr;
+    return data.metrics.emplace(shaper ? metricsOf(shaper, data.sizePx) : FontMetrics());
+}
+
+const std::vector<VariationAxis>& FontCore::axes(const FontData& data) {
+    const std::lock_guard lock(mutex);
+    const auto [entry, isNew] = axes_.try_emplace(data.faceNumber);
+    if (!isNew) return entry->second;
+    constexpr unsigned faceBits = 0xffff;   // of the file; the others choose an instance
+    const std::unique_ptr<hb_blob_t, Freed> file(hb_blob_create_from_file(data.face->file.c_str()));
+    const std::unique_ptr<hb_face_t, Freed> face(
+        hb_face_create(file.get(), static_cast<unsigned>(data.face->index) & faceBits));
+    return entry->second = axesOf(face.get());
 }
 
 std::optional<std::size_t> FontCore::nearestInFamily(const Face& like, double weight) const {

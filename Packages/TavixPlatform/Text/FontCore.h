@@ -53,8 +53,8 @@ struct FontData {
     std::size_t faceNumber = 0;
     double sizePx = 0;
     std::map<std::uint32_t, double> variations;
-    std::vector<VariationAxis> axes;
-    FontMetrics metrics;
+    // Measured when it is first asked for, since many a font only leads to another weight of its family.
+    mutable std::optional<FontMetrics> metrics = std::nullopt;   // guarded by the core
 };
 
 // Where fonts lie, for fontconfig to read: folders, and where what was read of them is kept.
@@ -100,6 +100,9 @@ public:
     std::optional<Font> anyInFamily(std::string_view family, double weight, double sizePx);
     // The first of all; a font without glyphs where the machine has none at all.
     Font first(double sizePx);
+    FontMetrics metrics(const FontData& font);
+    // They stay where they are for the life of the core.
+    const std::vector<VariationAxis>& axes(const FontData& font);
 
     Font fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint32_t, double> variations);
     // The face of the family of `like` with its slope and width whose weight is nearest; nothing for a family
@@ -130,6 +133,7 @@ private:
     std::vector<FaceRef> faces_;
     std::unordered_map<std::string, std::size_t> byName_;   // PostScript and full names, lowered
     std::unordered_map<std::string, std::vector<std::size_t>> byFamily_;   // lowered
+    std::unordered_map<std::size_t, std::vector<VariationAxis>> axes_;     // by the numbers of faces
     std::vector<std::string> fallbackFamilies_;
 };
 
