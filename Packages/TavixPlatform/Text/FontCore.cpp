@@ -183,11 +183,15 @@ FontMap::~FontMap() {
     pango_fc_font_map_shutdown(PANGO_FC_FONT_MAP(map.get()));
 }
 
-FontCore::FontCore(FontPlaces places) : places_(std::move(places)) {
-    Owned<FcConfig> config = makeConfig(places_);
-    if (const FcFontSet* set = FcConfigGetFonts(config.get(), FcSetSystem)) takeFaces(*set);
+FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(makeConfig(places_)) {
+    if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
     forgoDefaultConfig();
-    all_ = std::make_unique<FontMap>(std::move(config), *this, true);
+}
+
+FontMap& FontCore::mapOfAll() {
+    if (!all_)
+        all_ = std::make_unique<FontMap>(Owned<FcConfig>(FcConfigReference(config_.get())), *this, true);
+    return *all_;
 }
 
 FontMap* FontCore::mapOf(const std::string& family) {
@@ -228,7 +232,7 @@ PangoContext* FontCore::contextFor(std::span<const Font> fonts, std::span<const 
                });
     };
     FontMap* const own = std::ranges::all_of(fonts, isOfFamily) ? mapOf(family) : nullptr;
-    return own ? own->context.get() : all_->context.get();
+    return (own ? *own : mapOfAll()).context.get();
 }
 
 // The order of faces must not hang on the order in which a file system lists its files.
@@ -314,11 +318,10 @@ std::shared_ptr<FontCore> FontCore::withFile(const FontPlaces& places, const std
 }
 
 void FontCore::takeFile(const std::string& path, const FcFontSet& faces) {
-    if (!FcConfigAppFontAddFile(all_->config.get(), chars(path))) return;
+    if (!FcConfigAppFontAddFile(config_.get(), chars(path))) return;
     takeFaces(faces);
     nameOfFile_ = stringOf(faces.fonts[0], FC_POSTSCRIPT_NAME);
     if (nameOfFile_.empty()) nameOfFile_ = stringOf(faces.fonts[0], FC_FAMILY);
-    pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(all_->map.get()));
 }
 
 Owned<PangoFontDescription> FontCore::description(const FontData& font) {
@@ -356,7 +359,7 @@ FontMetrics FontCore::metrics(const FontData& data) {
     const std::lock_guard lock(mutex);
     if (data.metrics) return *data.metrics;
     FontMap* const own = mapOf(data.face->family);
-    const FontMap& fonts = own ? *own : *all_;
+    const FontMap& fonts = own ? *own : mapOfAll();
     const Owned<PangoFont> font(
         pango_font_map_load_font(fonts.map.get(), fonts.context.get(), description(data).get()));
     hb_font_t* const shaper = font ? pango_font_get_hb_font(font.get()) : nullptr;

@@ -123,12 +123,14 @@ private:
     void takeFaces(const FcFontSet& set);
     friend struct FontMap;
     void settle(FcPattern* pattern, bool fillsIn) const;
-    // Of a family of the folders alone; nothing for one of the file.
+    FontMap& mapOfAll();
+    // Of a family alone; nothing where there is a file, whose faces no folder has.
     FontMap* mapOf(const std::string& family);
 
     FontPlaces places_;
     std::string nameOfFile_;
-    std::unique_ptr<FontMap> all_;
+    Owned<FcConfig> config_;
+    std::unique_ptr<FontMap> all_;   // made when text asks for it; Pango lists all its families for that
     std::unordered_map<std::string, std::unique_ptr<FontMap>> ofFamily_;
     std::vector<FaceRef> faces_;
     std::unordered_map<std::string, std::size_t> byName_;   // PostScript and full names, lowered

@@ -237,6 +237,7 @@ TEST_F(MovieHeaders, LeaveWhatIsOutOfTheOrdinaryToFfmpeg) {
         {"two kinds of samples", changed(film, "stsd", 4, bigEndian(2, 4))},
         {"no width", Bytes(film).replace(entry + 24, 2, bigEndian(0, 2))},
         {"pixels that are not square", changed(film, "pasp", 0, bigEndian(4, 4) + bigEndian(3, 4))},
+        {"wide pixels", changed(film, "pasp", 0, bigEndian(2, 4))},
         {"pixels that are not told of", renamed(film, "pasp", "free")},
         {"a window in the picture", renamed(film, "btrt", "clap")},
         {"a table that is too long", changed(film, "stts", 4, bigEndian(0x20000000, 4))},
@@ -249,7 +250,7 @@ TEST_F(MovieHeaders, LeaveWhatIsOutOfTheOrdinaryToFfmpeg) {
             Bytes(film).replace(boxIn(film, "trak"), 4, bigEndian(0xffffff, 4))},
         {"a GIF", "GIF89a" + film.substr(6)},
         {"Matroska", made(plain, "made.mkv")},
-        {"pixels that FFmpeg's tool would stretch",
+        {"pixels that were never square",
             made({.path = {}, .times = {0}, .pixelAspect = {4, 3}}, "wide.mp4")},
     };
     for (const auto& c : cases) EXPECT_FALSE(headerOf(c.film)) << c.what;
