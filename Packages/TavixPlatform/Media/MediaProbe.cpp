@@ -2,6 +2,7 @@
 
 #include "TavixPlatform/Media/FrameConversion.h"
 #include "TavixPlatform/Media/MediaInput.h"
+#include "TavixPlatform/Media/MovieHeader.h"
 
 extern "C" {
 #include <libavutil/pixdesc.h>
@@ -60,7 +61,14 @@ MediaInfo probeMedia(const std::filesystem::path& path) {
     return info;
 }
 
+std::optional<imaging::Size> mediaShownSize(const std::filesystem::path& path) {
+    if (const auto header = readMovieHeader(path)) return header->shownSize;
+    const MediaInfo info = probeMedia(path);
+    return info.video.empty() ? std::nullopt : std::optional(info.video.front().shownSize);
+}
+
 double mediaDurationSec(const std::filesystem::path& path) {
+    if (const auto header = readMovieHeader(path)) return header->durationSec;
     MediaInput input(path);
     return durationSecOf(input);
 }

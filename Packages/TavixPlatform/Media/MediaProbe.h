@@ -29,8 +29,11 @@ struct MediaInfo {
     std::vector<AudioTrackInfo> audio;
 };
 
-// Both throw MediaError when the file is none that can be read.
+// All throw MediaError when the file is none that can be read. Of ordinary films the last two read the head
+// alone, which takes no time.
 MediaInfo probeMedia(const std::filesystem::path& path);
+// Of the first track of pictures, upright and with square pixels; nothing when there is none.
+std::optional<imaging::Size> mediaShownSize(const std::filesystem::path& path);
 // Of the longest track; 0 when there is nothing to tell it by.
 double mediaDurationSec(const std::filesystem::path& path);
 

@@ -7,9 +7,9 @@ namespace tavix::text {
 const std::string& Font::familyName() const { return data_->face->family; }
 const std::string& Font::postScriptName() const { return data_->face->postScriptName; }
 double Font::sizePx() const { return data_->sizePx; }
-FontMetrics Font::metrics() const { return data_->metrics; }
+FontMetrics Font::metrics() const { return data_->core->metrics(*data_); }
 bool Font::isItalic() const { return data_->face->isItalic; }
-const std::vector<VariationAxis>& Font::variationAxes() const { return data_->axes; }
+const std::vector<VariationAxis>& Font::variationAxes() const { return data_->core->axes(*data_); }
 
 double Font::weightTrait() const {
     const auto moved = data_->variations.find(weightAxis);
@@ -17,8 +17,9 @@ double Font::weightTrait() const {
 }
 
 std::optional<Font> Font::withVariation(std::uint32_t axisTag, double value) const {
-    const auto axis = std::ranges::find(data_->axes, axisTag, &VariationAxis::tag);
-    if (axis == data_->axes.end()) return std::nullopt;
+    const std::vector<VariationAxis>& axes = variationAxes();
+    const auto axis = std::ranges::find(axes, axisTag, &VariationAxis::tag);
+    if (axis == axes.end()) return std::nullopt;
     auto variations = data_->variations;
     variations[axisTag] = std::clamp(value, axis->minimum, axis->maximum);
     const std::lock_guard lock(data_->core->mutex);

@@ -11,7 +11,9 @@ namespace tavix::text {
 namespace {
 
 const std::shared_ptr<FontCore>& coreOfThisMachine() {
-    static const auto core = std::make_shared<FontCore>(FontPlaces::ofThisMachine());
+    // Never taken apart, which would take a millisecond of the end of every command that sets text.
+    static const auto& core =
+        *new std::shared_ptr<FontCore>(std::make_shared<FontCore>(FontPlaces::ofThisMachine()));
     return core;
 }
 

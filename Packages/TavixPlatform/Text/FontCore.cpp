@@ -13,6 +13,7 @@
 #include <cmath>
 #include <functional>
 #include <new>
+#include <set>
 
 namespace tavix::text {
 namespace {
@@ -52,16 +53,14 @@ std::string escaped(std::string_view path) {
     return text;
 }
 
+std::string element(std::string_view tag, std::string_view content) {
+    return std::string("<").append(tag).append(">").append(content).append("</").append(tag).append(">");
+}
+
 std::string elements(std::string_view tag, FcStrList* list) {
     std::string text;
     while (const FcChar8* entry = FcStrListNext(list))
-        text.append("<")
-            .append(tag)
-            .append(">")
-            .append(escaped(reinterpret_cast<const char*>(entry)))
-            .append("</")
-            .append(tag)
-            .append(">");
+        text += element(tag, escaped(reinterpret_cast<const char*>(entry)));
     FcStrListDone(list);
     return text;
 }
@@ -75,9 +74,13 @@ constexpr std::string_view scalingRule = R"(<match target="font">
 <name>tavixscale</name><double>0</double><double>0</double><name>tavixscale</name></matrix></times></edit>
 <edit name="size" mode="assign"><divide><name>size</name><name>tavixscale</name></divide></edit></match>)";
 
-Owned<FcConfig> makeConfig(const FontPlaces& places) {
+Owned<FcConfig> makeConfig(const FontPlaces& places, std::string_view chosen = {}) {
     std::string xml = "<?xml version=\"1.0\"?><fontconfig>";
-    xml.append(places.caches).append(places.folders).append(scalingRule).append("</fontconfig>");
+    xml.append(places.caches)
+        .append(places.folders)
+        .append(chosen)
+        .append(scalingRule)
+        .append("</fontconfig>");
     Owned<FcConfig> config(FcConfigCreate());
     if (!config) throw std::bad_alloc();
     FcConfigParseAndLoadFromMemory(config.get(), chars(xml), FcTrue);
@@ -114,6 +117,11 @@ std::vector<VariationAxis> axesOf(hb_face_t* face) {
     return axes;
 }
 
+struct Freed {
+    void operator()(hb_blob_t* blob) const { hb_blob_destroy(blob); }
+    void operator()(hb_face_t* face) const { hb_face_destroy(face); }
+};
+
 PangoWeight pangoWeight(double weight) { return static_cast<PangoWeight>(std::lround(weight)); }
 
 }   // namespace
@@ -130,10 +138,18 @@ std::string loweredAscii(std::string_view text) {
 // Of the machine's configuration only where fonts lie, and where what was read of them is kept.
 const FontPlaces& FontPlaces::ofThisMachine() {
     static const FontPlaces places = [] {
+        const auto placesOf = [](FcConfig* machine) {
+            return FontPlaces{elements("dir", FcConfigGetFontDirs(machine)),
+                elements("cachedir", FcConfigGetCacheDirs(machine))};
+        };
+        // The usual way of loading also reads the files that are installed and not in use.
+        const Owned<FcConfig> inUse(FcConfigCreate());
+        if (inUse && FcConfigParseAndLoad(inUse.get(), nullptr, FcTrue))
+            if (FontPlaces told = placesOf(inUse.get()); !told.folders.empty() && !told.caches.empty())
+                return told;
+        // It knows what to do where a configuration tells too little.
         const Owned<FcConfig> machine(FcInitLoadConfig());
-        if (!machine) return FontPlaces();
-        return FontPlaces{elements("dir", FcConfigGetFontDirs(machine.get())),
-            elements("cachedir", FcConfigGetCacheDirs(machine.get()))};
+        return machine ? placesOf(machine.get()) : FontPlaces();
     }();
     return places;
 }
@@ -144,24 +160,79 @@ FontPlaces FontPlaces::of(const std::vector<std::filesystem::path>& folders) {
     return places;
 }
 
+FontMap::FontMap(Owned<FcConfig> fonts, const FontCore& owner, bool fills)
+    : config(std::move(fonts)), core(owner), fillsIn(fills),
+      map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT)) {
+    auto* const fontconfigMap = PANGO_FC_FONT_MAP(map.get());
+    pango_fc_font_map_set_config(fontconfigMap, config.get());
+    pango_fc_font_map_set_default_substitute(
+        fontconfigMap,
+        [](FcPattern* pattern, gpointer self) {
+            const auto& asked = *static_cast<const FontMap*>(self);
+            asked.core.settle(pattern, asked.fillsIn);
+        },
+        this, nullptr);
+    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map.get()), 72);
+    context.reset(pango_font_map_create_context(map.get()));
+    pango_context_set_round_glyph_positions(context.get(), FALSE);
+    pango_context_set_language(context.get(), pango_language_from_string("en"));
+}
+
+FontMap::~FontMap() {
+    context.reset();
+    pango_fc_font_map_shutdown(PANGO_FC_FONT_MAP(map.get()));
+}
+
 FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(makeConfig(places_)) {
     if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
     forgoDefaultConfig();
-    map_.reset(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
-    auto* map = PANGO_FC_FONT_MAP(map_.get());
-    pango_fc_font_map_set_config(map, config_.get());
-    pango_fc_font_map_set_default_substitute(
-        map, [](FcPattern* pattern, gpointer core) { static_cast<const FontCore*>(core)->settle(pattern); },
-        this, nullptr);
-    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map_.get()), 72);
-    context_.reset(pango_font_map_create_context(map_.get()));
-    pango_context_set_round_glyph_positions(context_.get(), FALSE);
-    pango_context_set_language(context_.get(), pango_language_from_string("en"));
 }
 
-FontCore::~FontCore() {
-    context_.reset();
-    pango_fc_font_map_shutdown(PANGO_FC_FONT_MAP(map_.get()));
+FontMap& FontCore::mapOfAll() {
+    if (!all_)
+        all_ = std::make_unique<FontMap>(Owned<FcConfig>(FcConfigReference(config_.get())), *this, true);
+    return *all_;
+}
+
+FontMap* FontCore::mapOf(const std::string& family) {
+    if (!nameOfFile_.empty()) return nullptr;
+    const auto [entry, isNew] = ofFamily_.try_emplace(family);
+    if (!isNew) return entry->second.get();
+    const auto numbers = byFamily_.find(loweredAscii(family));
+    if (numbers == byFamily_.end()) return nullptr;
+    std::set<std::string> folders, files;
+    for (const std::size_t number : numbers->second) {
+        const std::filesystem::path file = faces_[number]->file;
+        folders.insert(element("dir", escaped(file.parent_path().string())));
+        files.insert(element("glob", escaped(file.string())));
+    }
+    FontPlaces places{{}, places_.caches};
+    std::string globs;
+    for (const std::string& folder : folders) places.folders += folder;
+    for (const std::string& file : files) globs += file;
+    const std::string chosen =
+        element("selectfont", element("rejectfont", "<glob>*</glob>") + element("acceptfont", globs));
+    Owned<FcConfig> config = makeConfig(places, chosen);
+    // A file that fontconfig finds by another road than its folder is in the map of all alone.
+    const FcFontSet* found = FcConfigGetFonts(config.get(), FcSetSystem);
+    if (found && std::size_t(found->nfont) >= numbers->second.size())
+        entry->second = std::make_unique<FontMap>(std::move(config), *this, false);
+    return entry->second.get();
+}
+
+PangoContext* FontCore::contextFor(std::span<const Font> fonts, std::span<const char32_t> points) {
+    // Emoji have their own font, even where the one that is asked for has them. The first that is shown as
+    // one by itself is U+231A; others need characters from U+20D0 on after them.
+    constexpr char32_t firstOfEmoji = 0x20d0;
+    const std::string& family = fonts.front().familyName();
+    const auto isOfFamily = [&](const Font& font) {
+        return font.familyName() == family && font.data().face->characters &&
+               std::ranges::all_of(points, [&](char32_t point) {
+                   return point < firstOfEmoji && FcCharSetHasChar(font.data().face->characters.get(), point);
+               });
+    };
+    FontMap* const own = std::ranges::all_of(fonts, isOfFamily) ? mapOf(family) : nullptr;
+    return (own ? *own : mapOfAll()).context.get();
 }
 
 // The order of faces must not hang on the order in which a file system lists its files.
@@ -178,6 +249,9 @@ void FontCore::takeFaces(const FcFontSet& set) {
             stringOf(pattern, FC_FULLNAME), stringOf(pattern, FC_FILE), integerOf(pattern, FC_INDEX, 0),
             weightOf(pattern), integerOf(pattern, FC_WIDTH, FC_WIDTH_NORMAL),
             integerOf(pattern, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN};
+        FcCharSet* characters = nullptr;
+        if (FcPatternGetCharSet(pattern, FC_CHARSET, 0, &characters) == FcResultMatch)
+            face.characters = {FcCharSetCopy(characters), Released()};
         if (!face.family.empty() && !face.file.empty())
             found.push_back(std::make_shared<const Face>(std::move(face)));
     }
@@ -203,7 +277,7 @@ void FontCore::takeFaces(const FcFontSet& set) {
 
 // Called for every pattern before fonts are matched with it: puts the face in the place of its number, lists
 // what fills in for missing characters, and fixes all that a machine might set differently.
-void FontCore::settle(FcPattern* pattern) const {
+void FontCore::settle(FcPattern* pattern, bool fillsIn) const {
     const std::string family = stringOf(pattern, FC_FAMILY), language = stringOf(pattern, FC_LANG);
     FcPatternDel(pattern, FC_FAMILY);
     if (family.starts_with(facePrefix)) {
@@ -217,8 +291,9 @@ void FontCore::settle(FcPattern* pattern) const {
                 FcPatternAddString(pattern, FC_POSTSCRIPT_NAME, chars(face.postScriptName));
         }
     }
-    for (const std::string& name : orderedFor(fallbackFamilies_, language, family == "emoji"))
-        FcPatternAddString(pattern, FC_FAMILY, chars(name));
+    if (fillsIn)
+        for (const std::string& name : orderedFor(fallbackFamilies_, language, family == "emoji"))
+            FcPatternAddString(pattern, FC_FAMILY, chars(name));
     for (const char* object :
         {FC_HINTING, FC_AUTOHINT, FC_EMBOLDEN, FC_EMBEDDED_BITMAP, FC_ANTIALIAS, FC_RGBA})
         FcPatternDel(pattern, object);
@@ -247,7 +322,6 @@ void FontCore::takeFile(const std::string& path, const FcFontSet& faces) {
     takeFaces(faces);
     nameOfFile_ = stringOf(faces.fonts[0], FC_POSTSCRIPT_NAME);
     if (nameOfFile_.empty()) nameOfFile_ = stringOf(faces.fonts[0], FC_FAMILY);
-    pango_fc_font_map_config_changed(PANGO_FC_FONT_MAP(map_.get()));
 }
 
 Owned<PangoFontDescription> FontCore::description(const FontData& font) {
@@ -278,13 +352,29 @@ Font FontCore::fontOf(std::size_t faceNumber, double sizePx, std::map<std::uint3
     data->faceNumber = faceNumber;
     data->sizePx = std::clamp(sizePx, 1.0, 4096.0);
     data->variations = std::move(variations);
-    const Owned<PangoFont> font(
-        pango_font_map_load_font(map_.get(), context_.get(), description(*data).get()));
-    if (hb_font_t* shaper = font ? pango_font_get_hb_font(font.get()) : nullptr) {
-        data->metrics = metricsOf(shaper, data->sizePx);
-        data->axes = axesOf(hb_font_get_face(shaper));
-    }
     return Font(std::move(data));
+}
+
+FontMetrics FontCore::metrics(const FontData& data) {
+    const std::lock_guard lock(mutex);
+    if (data.metrics) return *data.metrics;
+    FontMap* const own = mapOf(data.face->family);
+    const FontMap& fonts = own ? *own : mapOfAll();
+    const Owned<PangoFont> font(
+        pango_font_map_load_font(fonts.map.get(), fonts.context.get(), description(data).get()));
+    hb_font_t* const shaper = font ? pango_font_get_hb_font(font.get()) : nullptr;
+    return data.metrics.emplace(shaper ? metricsOf(shaper, data.sizePx) : FontMetrics());
+}
+
+const std::vector<VariationAxis>& FontCore::axes(const FontData& data) {
+    const std::lock_guard lock(mutex);
+    const auto [entry, isNew] = axes_.try_emplace(data.faceNumber);
+    if (!isNew) return entry->second;
+    constexpr unsigned faceBits = 0xffff;   // of the file; the others choose an instance
+    const std::unique_ptr<hb_blob_t, Freed> file(hb_blob_create_from_file(data.face->file.c_str()));
+    const std::unique_ptr<hb_face_t, Freed> face(
+        hb_face_create(file.get(), static_cast<unsigned>(data.face->index) & faceBits));
+    return entry->second = axesOf(face.get());
 }
 
 std::optional<std::size_t> FontCore::nearestInFamily(const Face& like, double weight) const {

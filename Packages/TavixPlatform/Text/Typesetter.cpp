@@ -81,6 +81,7 @@ public:
         }
         byteOfPoint_.push_back(byteCount_);
         baseDirection_ = directionOf(paragraph.points);
+        context_ = core_.contextFor(fonts(), paragraph.points);
         itemize();
     }
 
@@ -108,6 +109,19 @@ private:
         return byteOfPoint_[std::min<std::size_t>(std::size_t(at - source.begin()), byteOfPoint_.size() - 1)];
     }
 
+    // Those that are asked for somewhere in it.
+    std::vector<Font> fonts() const {
+        std::vector<Font> asked{text_.font};
+        for (const StyledRange& styled : text_.ranges)
+            if (isSet(styled)) asked.push_back(styled.font);
+        return asked;
+    }
+    // Whether a range has a part of this paragraph, and a font of the same core.
+    bool isSet(const StyledRange& styled) const {
+        return !intersection(styled.range, paragraph_.source).isEmpty() &&
+               styled.font.data().core.get() == &core_;
+    }
+
     Owned<PangoAttrList> attributes() const {
         Owned<PangoAttrList> list(pango_attr_list_new());
         const auto setFont = [&](const Font& font, std::size_t begin, std::size_t end) {
@@ -117,8 +131,7 @@ private:
         setFont(text_.font, 0, byteCount_);
         for (const StyledRange& styled : text_.ranges) {
             const TextRange part = intersection(styled.range, paragraph_.source);
-            if (!part.isEmpty() && styled.font.data().core.get() == &core_)
-                setFont(styled.font, byteAt(part.begin), byteAt(part.end));
+            if (isSet(styled)) setFont(styled.font, byteAt(part.begin), byteAt(part.end));
         }
         if (!text_.hasLigatures)
             addAttribute(
@@ -139,8 +152,8 @@ private:
 
     void itemize() {
         const Owned<PangoAttrList> list = attributes();
-        GList* items = pango_itemize_with_base_dir(core_.context(), baseDirection_, paragraph_.text.c_str(),
-            0, static_cast<int>(byteCount_), list.get(), nullptr);
+        GList* items = pango_itemize_with_base_dir(context_, baseDirection_, paragraph_.text.c_str(), 0,
+            static_cast<int>(byteCount_), list.get(), nullptr);
         std::size_t begin = 0;
         for (GList* node = items; node; node = node->next) {
             Run run;
@@ -168,7 +181,7 @@ private:
     std::vector<BreakPoint> breakPoints() const {
         std::vector<PangoLogAttr> marks(paragraph_.points.size() + 1);
         pango_get_log_attrs(paragraph_.text.c_str(), static_cast<int>(byteCount_), -1,
-            pango_context_get_language(core_.context()), marks.data(), static_cast<int>(marks.size()));
+            pango_context_get_language(context_), marks.data(), static_cast<int>(marks.size()));
         std::vector<BreakPoint> points(paragraph_.points.size());
         for (const Run& run : runs_) {
             const std::vector<double> wide = widths(run);
@@ -340,6 +353,7 @@ private:
     const StyledText& text_;
     const Paragraph& paragraph_;
     FontCore& core_;
+    PangoContext* context_ = nullptr;   // the core's
     std::size_t byteCount_ = 0;
     std::vector<std::size_t> byteOfPoint_;
     PangoDirection baseDirection_;

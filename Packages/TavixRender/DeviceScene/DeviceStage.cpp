@@ -70,10 +70,13 @@ Rotation DeviceLens::turn(const DeviceStance& stance) {
            Rotation::about({1, 0, 0}, -pose.x);
 }
 
-Vec3 DeviceLens::standing(const Vec3& point, const DeviceStance& stance) const {
+DeviceLens::Standing DeviceLens::standing(const DeviceStance& stance) const {
     scene3d::Transform turned;
     turned.orientation = turn(stance);
-    return rig(stance).matrix().apply(turned.matrix().apply(point));
+    Standing standing;
+    standing.turn_ = turned.matrix();
+    standing.rig_ = rig(stance).matrix();
+    return standing;
 }
 
 bool DeviceLens::showsBack(const DeviceStance& stance) {

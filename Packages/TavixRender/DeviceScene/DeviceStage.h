@@ -37,8 +37,16 @@ public:
     // The rig carries the phone, which turns in it.
     scene3d::Transform rig(const DeviceStance& stance) const;
     static scene3d::Rotation turn(const DeviceStance& stance);
-    // A point of the phone in space, as it stands.
-    scene3d::Vec3 standing(const scene3d::Vec3& point, const DeviceStance& stance) const;
+    // Takes points of the phone to where they are in space, as it stands.
+    class Standing {
+    public:
+        scene3d::Vec3 operator()(const scene3d::Vec3& point) const { return rig_.apply(turn_.apply(point)); }
+
+    private:
+        friend class DeviceLens;
+        scene3d::Affine3 turn_, rig_;
+    };
+    Standing standing(const DeviceStance& stance) const;
     static bool showsBack(const DeviceStance& stance);
 
 private:

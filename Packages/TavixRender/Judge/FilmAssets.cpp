@@ -20,9 +20,8 @@ FilmAssets::Clip readClip(const std::filesystem::path& file) {
     if (!std::filesystem::is_regular_file(file, unknown))
         return {std::nullopt, "There is no clip \"" + file.string() + "\"."};
     try {
-        const media::MediaInfo info = media::probeMedia(file);
-        if (info.video.empty()) return {std::nullopt, "The clip \"" + file.string() + "\" holds no picture."};
-        return {info.video.front().shownSize, {}};
+        const auto size = media::mediaShownSize(file);
+        return {size, size ? "" : "The clip \"" + file.string() + "\" holds no picture."};
     } catch (const media::MediaError& error) {
         return {std::nullopt, error.what()};
     }

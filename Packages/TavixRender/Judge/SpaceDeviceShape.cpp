@@ -35,9 +35,13 @@ public:
         const DeviceStance stance{motion_.posed(localSec), motion_.placement(localSec),
             DeviceDepthTrajectory::sample(depths_, localSec)};
         const DeviceHull::Points& hull = DeviceHull::ofTheModel();
+        const std::vector<Vec3>& points = DeviceLens::showsBack(stance) ? hull.back : hull.front;
+        const DeviceLens::Standing standing = lens_.standing(stance);
+        const double camera = lens_.cameraPosition(stance);
         std::vector<Point> seen;
-        for (const Vec3& point : DeviceLens::showsBack(stance) ? hull.back : hull.front)
-            if (const auto place = projected(lens_.standing(point * float(modelHeight_), stance), stance))
+        seen.reserve(points.size());
+        for (const Vec3& point : points)
+            if (const auto place = projected(standing(point * float(modelHeight_)), camera))
                 seen.push_back(*place);
         ContentShape shape;
         shape.parts = {Outline::around(std::move(seen))};
@@ -47,8 +51,8 @@ public:
 
 private:
     // Nothing for a point beside or behind the camera.
-    std::optional<Point> projected(const Vec3& point, const DeviceStance& stance) const {
-        const double ahead = lens_.cameraPosition(stance) - double(point.z);
+    std::optional<Point> projected(const Vec3& point, double camera) const {
+        const double ahead = camera - double(point.z);
         if (!(ahead > 1e-3)) return std::nullopt;
         const double pixelsPerUnit = canvas_.height / (lens_.viewHeight() / lens_.distance() * ahead);
         return Point{canvas_.width / 2 + double(point.x) * pixelsPerUnit,

@@ -1,6 +1,7 @@
 #include "TavixPlatform/Text/TypesetLine.h"
 
 #include "TavixPlatform/Text/LineBreaker.h"
+#include "TavixPlatform/Text/LineData.h"
 #include "TavixPlatform/Text/Tests/TextTestKit.h"
 
 #include <gmock/gmock.h>
@@ -32,6 +33,49 @@ std::vector<std::string> textsOf(std::string_view text, const std::vector<Typese
 
 bool isLineBreak(std::string_view text) {
     return testing::Matches(testing::AnyOf("", "\n", "\r", "\r\n", "\u2028"))(text);
+}
+
+// All that is known of each glyph that the first characters came to.
+std::vector<std::string> glyphsOf(const TypesetLine& line, std::size_t bytes) {
+    std::vector<std::string> told;
+    const LineData& data = line.data();
+    for (const PlacedGlyph& glyph : data.glyphs)
+        if (glyph.begin < bytes)
+            told.push_back(data.fonts[glyph.font]->name + " " + std::to_string(glyph.id) + " at " +
+                           std::to_string(glyph.x) + ", " + std::to_string(glyph.y) + " to " +
+                           std::to_string(glyph.clusterX1));
+    return told;
+}
+
+// Text whose font has all of it is set from its family alone; a character of another font has all fonts
+// looked through.
+TEST(TypesetLine, ASignOfAnotherFontChangesNoGlyphBeforeIt) {
+    const std::string texts[] = {"Wolf AVATAR fjord, office 0123 (©)", "Größe, Żółć – «Ça va?»", "AVATAR"};
+    for (const char* name : {"Inter", "Inter-Black", "Futura", "Georgia-Bold", "Menlo", "Avenir", "Gill Sans",
+             "Noto Sans", "Noto Sans CJK JP"})
+        for (const double sizePx : {7.3, 40.0, 388.8})
+            for (const double trait : {0.0, 0.4})
+                for (const std::string& text : texts) {
+                    SCOPED_TRACE(name + (" in " + std::to_string(sizePx)) + ": " + text);
+                    StyledText styled{text, book().named(name, sizePx).font.withWeightTrait(trait)};
+                    const StyledRange bold{{0, 4}, styled.font.withWeightTrait(0.6), {}};
+                    const StyledRange other{{0, 4}, book().named("Palatino", sizePx).font, {}};
+                    for (const auto& ranges : {std::vector<StyledRange>{}, {bold}, {other}}) {
+                        styled.ranges = ranges;
+                        styled.text = text;
+                        const auto alone = glyphsOf(wrappedLines(styled, 1e6).at(0), text.size());
+                        styled.text = text + " \uE7A0";
+                        EXPECT_EQ(alone, glyphsOf(wrappedLines(styled, 1e6).at(0), text.size()));
+                        EXPECT_FALSE(alone.empty());
+                    }
+                }
+}
+
+TEST(TypesetLine, EmojiAreColouredEvenWhereTheFontHasThemInOneColour) {
+    for (const char* emoji : {"⌚", "☔", "⚡"}) {
+        const auto lines = wrappedLines({emoji, book().named("DejaVu Sans", 40).font}, 1e6);
+        EXPECT_EQ(lines.at(0).data().fonts.at(0)->name, "Noto Color Emoji") << emoji;
+    }
 }
 
 class OfEverySample : public testing::TestWithParam<Sample> {};
