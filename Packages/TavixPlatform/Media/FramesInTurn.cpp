@@ -27,17 +27,19 @@ std::optional<FramesInTurn::Ready> FramesInTurn::decoded() {
         if (!frame) return std::nullopt;
         if (lastDecodedSec_ && frame->ptsSec() <= *lastDecodedSec_) continue;
         lastDecodedSec_ = frame->ptsSec();
-        frame->image();   // what was decoded is large, and what is shown of it small
         return Ready{std::move(*frame), wasDamaged_};
     }
 }
 
+// What was decoded is large, and what is shown of it small: nothing that was decoded stays outside the room.
 void FramesInTurn::leave() {
+    if (const auto given = given_.lock()) given->image();
     const std::size_t most = room_->bytesAhead() / std::max<std::size_t>(frameBytes_, 1);
     while (!hasEnded_ && ahead_.size() < most) {
         auto ready = decoded();
         hasEnded_ = !ready;
         if (!ready) break;
+        ready->frame.image();
         ahead_.push_back(std::move(*ready));
     }
     frames_.reset();
@@ -59,9 +61,10 @@ std::optional<VideoFrame> FramesInTurn::next() {
         return std::nullopt;
     }
     isDamaged_ = ahead_.front().isDamaged;
-    VideoFrame frame = std::move(ahead_.front().frame);
+    const auto frame = std::make_shared<VideoFrame>(std::move(ahead_.front().frame));
     ahead_.pop_front();
-    return frame;
+    given_ = frame;
+    return VideoFrame(frame->ptsSec(), [frame] { return frame->image(); });
 }
 
 }   // namespace tavix::media

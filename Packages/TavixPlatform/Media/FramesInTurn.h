@@ -47,6 +47,7 @@ private:
     std::unique_ptr<VideoFrames> frames_;
     std::size_t frameBytes_ = 0;
     std::deque<Ready> ahead_;
+    std::weak_ptr<VideoFrame> given_;   // the last one
     std::optional<double> lastDecodedSec_;
     bool hasEnded_ = false, isDamaged_ = false, wasDamaged_ = false;
 };

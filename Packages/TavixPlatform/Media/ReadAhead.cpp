@@ -10,15 +10,12 @@ namespace {
 constexpr std::size_t mostReady = 1;   // beside the one being decoded; more only takes memory
 // A film of twice our rate has a picture between those that are shown, and one is taken before its turn.
 constexpr int mostUnseen = 2;
+constexpr int mostSeenInStep = 1;
 
 }   // namespace
 
 ReadAhead::ReadAhead(std::unique_ptr<VideoFrames> frames)
-    : frames_(std::move(frames)), unseen_(std::make_shared<std::atomic<int>>(mostUnseen + 1)),
-      thread_([this, stop = imaging::StopScope::current()] {
-          const imaging::StopScope scope(stop);
-          run();
-      }) {}
+    : frames_(std::move(frames)), looks_(std::make_shared<Looks>(mostUnseen + 1, 0)) {}
 
 ReadAhead::~ReadAhead() {
     {
@@ -26,7 +23,7 @@ ReadAhead::~ReadAhead() {
         mustStop_ = true;
     }
     changed_.notify_all();
-    thread_.join();
+    if (thread_.joinable()) thread_.join();
 }
 
 void ReadAhead::run() {
@@ -40,7 +37,8 @@ void ReadAhead::run() {
         std::exception_ptr failure;
         try {
             frame = frames_->next();
-            if (frame && *unseen_ <= mostUnseen) frame->image();   // converted here, not where it is shown
+            if (frame && looks_->unseen <= mostUnseen)
+                frame->image();   // converted here, not where it is shown
         } catch (...) {
             frame.reset();
             failure = std::current_exception();
@@ -58,7 +56,25 @@ void ReadAhead::run() {
     }
 }
 
+std::optional<VideoFrame> ReadAhead::nextInStep() {
+    auto frame = frames_->next();
+    isDamaged_ = frames_->isDamaged();
+    if (!frame) {
+        hasEnded_ = true, isEndDamaged_ = isDamaged_;
+        return std::nullopt;
+    }
+    ++looks_->unseen;
+    return watched(std::move(*frame));
+}
+
 std::optional<VideoFrame> ReadAhead::next() {
+    if (!thread_.joinable() && !hasEnded_) {
+        if (looks_->seen <= mostSeenInStep) return nextInStep();
+        thread_ = std::thread([this, stop = imaging::StopScope::current()] {
+            const imaging::StopScope scope(stop);
+            run();
+        });
+    }
     std::optional<VideoFrame> frame;
     {
         std::unique_lock lock(mutex_);
@@ -73,14 +89,15 @@ std::optional<VideoFrame> ReadAhead::next() {
         ready_.pop_front();
     }
     changed_.notify_all();
-    ++*unseen_;
+    ++looks_->unseen;
     return frame;
 }
 
 VideoFrame ReadAhead::watched(VideoFrame frame) const {
     const double ptsSec = frame.ptsSec();
-    return {ptsSec, [frame = std::move(frame), unseen = unseen_]() mutable {
-                *unseen = 0;
+    return {ptsSec, [frame = std::move(frame), looks = looks_]() mutable {
+                looks->unseen = 0;
+                ++looks->seen;
                 return frame.image();
             }};
 }

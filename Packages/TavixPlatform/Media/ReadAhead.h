@@ -1,5 +1,7 @@
 // Decodes on a thread of its own, a few pictures ahead of whoever takes them. Pictures are converted there
-// too as long as those taken are looked at, and not on the way to another one. Inside the library only.
+// too as long as those taken are looked at, and not on the way to another one. A still looks at one picture
+// alone; so the thread starts after the second, and until then nothing is decoded that is not asked for.
+// Inside the library only.
 #pragma once
 
 #include "TavixPlatform/Media/VideoSource.h"
@@ -23,6 +25,7 @@ public:
     bool isDamaged() const override { return isDamaged_; }
 
 private:
+    std::optional<VideoFrame> nextInStep();   // without the thread
     void run();
     VideoFrame watched(VideoFrame frame) const;   // tells when it is looked at
 
@@ -36,10 +39,12 @@ private:
     std::deque<Ready> ready_;
     bool hasEnded_ = false, mustStop_ = false, isEndDamaged_ = false;
     bool isDamaged_ = false;   // the taker's alone
-    // Pictures taken since one was looked at; none was at first.
-    std::shared_ptr<std::atomic<int>> unseen_;
-    std::exception_ptr failure_;   // why it ended, when the machine is to blame
-    std::thread thread_;           // the last member: it uses all others
+    struct Looks {
+        std::atomic<int> unseen, seen;   // pictures taken since one was looked at; pictures looked at
+    };
+    std::shared_ptr<Looks> looks_;   // pictures that were taken may outlive this
+    std::exception_ptr failure_;     // why it ended, when the machine is to blame
+    std::thread thread_;             // the last member: it uses all others
 };
 
 }   // namespace tavix::media

@@ -18,28 +18,35 @@ namespace {
 
 constexpr double endless = std::numeric_limits<double>::infinity();
 
-// Pictures 0, 1, 2 ... of a tenth of a second each, by a decoder that counts how many there are of its kind.
+// Pictures 0, 1, 2 ... of a tenth of a second each, by a decoder that counts how many there are of its kind
+// and what is converted.
 class Numbered final : public VideoFrames {
 public:
-    Numbered(int first, int count, int& open) : next_(first), count_(count), open_(open) { ++open_; }
+    Numbered(int first, int count, int& open, int& converted)
+        : next_(first), count_(count), open_(open), converted_(converted) {
+        ++open_;
+    }
     ~Numbered() override { --open_; }
     std::optional<VideoFrame> next() override {
         if (next_ >= count_) return std::nullopt;
         const int number = next_++;
-        return VideoFrame(number * 0.1, imaging::Image::solid({number / 255.0, 0, 0, 1}));
+        return VideoFrame(number * 0.1, [number, &converted = converted_] {
+            ++converted;
+            return imaging::Image::solid({number / 255.0, 0, 0, 1});
+        });
     }
 
 private:
     int next_, count_;
-    int& open_;
+    int &open_, &converted_;
 };
 
 struct Scripted {
-    int open = 0, mostOpen = 0;
+    int open = 0, mostOpen = 0, converted = 0;
     std::unique_ptr<VideoFrames> film(const std::shared_ptr<DecoderRoom>& room, int count,
         std::size_t decoderBytes, std::size_t frameBytes) {
         const auto opened = [this, count, decoderBytes, frameBytes](double startSec) {
-            auto frames = std::make_unique<Numbered>(int(std::lround(startSec * 10)), count, open);
+            auto frames = std::make_unique<Numbered>(int(std::lround(startSec * 10)), count, open, converted);
             mostOpen = std::max(mostOpen, open);
             return FramesInTurn::Opened{std::move(frames), decoderBytes, frameBytes};
         };
@@ -93,6 +100,37 @@ TEST(FramesInTurn, DecodeAheadBeforeTheyLeave) {
         }
     EXPECT_LE(script.open, 1);
     EXPECT_LT(opened, 20);   // eighty pictures, ten at a time
+}
+
+// On the way to the picture that is looked at, none is converted.
+TEST(FramesInTurn, ConvertWhatIsLookedAt) {
+    Scripted script;
+    const auto film = script.film(std::make_shared<DecoderRoom>(100), 50, 10, 1);
+    for (int i = 0; i < 20; ++i) film->next();
+    auto shown = film->next();
+    for (int look = 0; look < 2; ++look)
+        EXPECT_EQ(shown->image().hash(), imaging::Image::solid({20 / 255.0, 0, 0, 1}).hash());
+    EXPECT_EQ(script.converted, 1);
+}
+
+// A picture that somebody still holds then needs nothing of the decoder any more, nor do those that were
+// decoded ahead; one that nobody holds is gone.
+TEST(FramesInTurn, LeaveNothingThatIsNotConverted) {
+    for (const bool isHeld : {false, true})
+        for (const int ahead : {0, 3}) {
+            SCOPED_TRACE(testing::Message() << isHeld << ", " << ahead);
+            Scripted script;
+            const auto room =
+                std::make_shared<DecoderRoom>(64 * 3);   // for one decoder, and three bytes ahead
+            const auto film = script.film(room, 50, 64 * 3, ahead ? 1 : 4);
+            auto given = film->next();
+            if (!isHeld) given.reset();
+            const auto other = script.film(room, 50, 64 * 3, 1);
+            EXPECT_EQ(script.open, 1);
+            EXPECT_EQ(script.converted, ahead + isHeld);
+            if (given) given->image();
+            EXPECT_EQ(script.converted, ahead + isHeld);
+        }
 }
 
 TEST(FramesInTurn, OfFilmsAreThoseThatTheyWouldBeAlone) {

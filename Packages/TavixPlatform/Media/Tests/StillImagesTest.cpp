@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <random>
 
 namespace tavix::media::tests {
 namespace {
@@ -277,6 +278,31 @@ TEST(StillImages, WritesPngThatComesBackExactly) {
         EXPECT_NE(bytes.find("sRGB"), std::string::npos);
         writePng(folder / "again", bitmap.view());
         EXPECT_EQ(bytesOf(folder / "again"), bytes);
+    }
+}
+
+// Noise cannot be packed: the larger ones need several chunks, and a row of one pixel has none to its left.
+TEST(StillImages, WritesPngOfEverySize) {
+    const TemporaryFolder folder;
+    std::mt19937 random(7);
+    for (const imaging::Size size : {imaging::Size{1, 1}, {1, 70}, {2, 3}, {5000, 1}, {701, 600}}) {
+        for (const bool isOpaque : {true, false}) {
+            SCOPED_TRACE(testing::Message() << size.width << " x " << size.height << ", " << isOpaque);
+            Bitmap bitmap(size);
+            for (int y = 0; y < size.height; ++y)
+                for (int x = 0; x < size.width; ++x) {
+                    const bool isInk = isOpaque || random() % 2 == 0;
+                    const auto pixel = isInk ? static_cast<std::uint32_t>(random()) | 0xFF000000u : 0u;
+                    std::memcpy(bitmap.view().row(y) + 4 * x, &pixel, sizeof pixel);
+                }
+            writePng(folder / "noise.png", bitmap.view());
+            const Bitmap again = loadStillImage(folder / "noise.png");
+            ASSERT_EQ(again.size(), size);
+            for (int y = 0; y < size.height; ++y)
+                ASSERT_EQ(
+                    std::memcmp(again.view().row(y), bitmap.view().row(y), 4u * unsigned(size.width)), 0)
+                    << y;
+        }
     }
 }
 
