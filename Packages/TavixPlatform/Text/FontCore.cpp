@@ -13,7 +13,6 @@
 #include <cmath>
 #include <functional>
 #include <new>
-#include <set>
 
 namespace tavix::text {
 namespace {
@@ -38,54 +37,6 @@ double weightOf(const FcPattern* pattern) {
     double value = FC_WEIGHT_REGULAR;
     if (FcPatternGetDouble(pattern, FC_WEIGHT, 0, &value) != FcResultMatch) return 400;
     return FcWeightToOpenTypeDouble(value);
-}
-
-std::string escaped(std::string_view path) {
-    std::string text;
-    for (const char letter : path) {
-        switch (letter) {
-        case '&': text += "&amp;"; break;
-        case '<': text += "&lt;"; break;
-        case '>': text += "&gt;"; break;
-        default: text += letter;
-        }
-    }
-    return text;
-}
-
-std::string element(std::string_view tag, std::string_view content) {
-    return std::string("<").append(tag).append(">").append(content).append("</").append(tag).append(">");
-}
-
-std::string elements(std::string_view tag, FcStrList* list) {
-    std::string text;
-    while (const FcChar8* entry = FcStrListNext(list))
-        text += element(tag, escaped(reinterpret_cast<const char*>(entry)));
-    FcStrListDone(list);
-    return text;
-}
-
-// Pictures of a fixed size (colour emoji) are scaled to the size of the text.
-constexpr std::string_view scalingRule = R"(<match target="font">
-<test name="outline" compare="eq"><bool>false</bool></test>
-<edit name="tavixscale" mode="assign"><divide>
-<name target="pattern">pixelsize</name><name target="font">pixelsize</name></divide></edit>
-<edit name="matrix" mode="assign"><times><name>matrix</name><matrix>
-<name>tavixscale</name><double>0</double><double>0</double><name>tavixscale</name></matrix></times></edit>
-<edit name="size" mode="assign"><divide><name>size</name><name>tavixscale</name></divide></edit></match>)";
-
-Owned<FcConfig> makeConfig(const FontPlaces& places, std::string_view chosen = {}) {
-    std::string xml = "<?xml version=\"1.0\"?><fontconfig>";
-    xml.append(places.caches)
-        .append(places.folders)
-        .append(chosen)
-        .append(scalingRule)
-        .append("</fontconfig>");
-    Owned<FcConfig> config(FcConfigCreate());
-    if (!config) throw std::bad_alloc();
-    FcConfigParseAndLoadFromMemory(config.get(), chars(xml), FcTrue);
-    FcConfigBuildFonts(config.get());
-    return config;
 }
 
 std::atomic<bool> keepsDefaultConfig = false;
@@ -135,31 +86,6 @@ std::string loweredAscii(std::string_view text) {
     return result;
 }
 
-// Of the machine's configuration only where fonts lie, and where what was read of them is kept.
-const FontPlaces& FontPlaces::ofThisMachine() {
-    static const FontPlaces places = [] {
-        const auto placesOf = [](FcConfig* machine) {
-            return FontPlaces{elements("dir", FcConfigGetFontDirs(machine)),
-                elements("cachedir", FcConfigGetCacheDirs(machine))};
-        };
-        // The usual way of loading also reads the files that are installed and not in use.
-        const Owned<FcConfig> inUse(FcConfigCreate());
-        if (inUse && FcConfigParseAndLoad(inUse.get(), nullptr, FcTrue))
-            if (FontPlaces told = placesOf(inUse.get()); !told.folders.empty() && !told.caches.empty())
-                return told;
-        // It knows what to do where a configuration tells too little.
-        const Owned<FcConfig> machine(FcInitLoadConfig());
-        return machine ? placesOf(machine.get()) : FontPlaces();
-    }();
-    return places;
-}
-
-FontPlaces FontPlaces::of(const std::vector<std::filesystem::path>& folders) {
-    FontPlaces places{{}, ofThisMachine().caches};
-    for (const auto& folder : folders) places.folders += "<dir>" + escaped(folder.string()) + "</dir>";
-    return places;
-}
-
 FontMap::FontMap(Owned<FcConfig> fonts, const FontCore& owner, bool fills)
     : config(std::move(fonts)), core(owner), fillsIn(fills),
       map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT)) {
@@ -183,7 +109,7 @@ FontMap::~FontMap() {
     pango_fc_font_map_shutdown(PANGO_FC_FONT_MAP(map.get()));
 }
 
-FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(makeConfig(places_)) {
+FontCore::FontCore(FontPlaces places) : places_(std::move(places)), config_(places_.config()) {
     if (const FcFontSet* set = FcConfigGetFonts(config_.get(), FcSetSystem)) takeFaces(*set);
     forgoDefaultConfig();
 }
@@ -200,20 +126,10 @@ FontMap* FontCore::mapOf(const std::string& family) {
     if (!isNew) return entry->second.get();
     const auto numbers = byFamily_.find(loweredAscii(family));
     if (numbers == byFamily_.end()) return nullptr;
-    std::set<std::string> folders, files;
-    for (const std::size_t number : numbers->second) {
-        const std::filesystem::path file = faces_[number]->file;
-        folders.insert(element("dir", escaped(file.parent_path().string())));
-        files.insert(element("glob", escaped(file.string())));
-    }
-    FontPlaces places{{}, places_.caches};
-    std::string globs;
-    for (const std::string& folder : folders) places.folders += folder;
-    for (const std::string& file : files) globs += file;
-    const std::string chosen =
-        element("selectfont", element("rejectfont", "<glob>*</glob>") + element("acceptfont", globs));
-    Owned<FcConfig> config = makeConfig(places, chosen);
-    // A file that fontconfig finds by another road than its folder is in the map of all alone.
+    std::vector<std::string> files;
+    for (const std::size_t number : numbers->second) files.push_back(faces_[number]->file);
+    Owned<FcConfig> config = places_.configOf(files);
+    // Where one is missing, its faces are in the map of all alone.
     const FcFontSet* found = FcConfigGetFonts(config.get(), FcSetSystem);
     if (found && std::size_t(found->nfont) >= numbers->second.size())
         entry->second = std::make_unique<FontMap>(std::move(config), *this, false);

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "TavixPlatform/Text/Font.h"
-
-#include <fontconfig/fontconfig.h>
-#include <pango/pango.h>
+#include "TavixPlatform/Text/FontPlaces.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -21,18 +19,6 @@
 #include <vector>
 
 namespace tavix::text {
-
-struct Released {
-    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
-    void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
-    void operator()(FcCharSet* set) const { FcCharSetDestroy(set); }
-    void operator()(PangoAttrList* list) const { pango_attr_list_unref(list); }
-    void operator()(PangoFontDescription* font) const { pango_font_description_free(font); }
-    void operator()(PangoGlyphString* glyphs) const { pango_glyph_string_free(glyphs); }
-    void operator()(PangoItem* item) const { pango_item_free(item); }
-    template <class GObjectType> void operator()(GObjectType* object) const { g_object_unref(object); }
-};
-template <class T> using Owned = std::unique_ptr<T, Released>;
 
 // One face as fontconfig describes it.
 struct Face {
@@ -55,14 +41,6 @@ struct FontData {
     std::map<std::uint32_t, double> variations;
     // Measured when it is first asked for, since many a font only leads to another weight of its family.
     mutable std::optional<FontMetrics> metrics = std::nullopt;   // guarded by the core
-};
-
-// Where fonts lie, for fontconfig to read: folders, and where what was read of them is kept.
-struct FontPlaces {
-    std::string folders, caches;   // elements of its XML
-
-    static const FontPlaces& ofThisMachine();   // read once for the whole process
-    static FontPlaces of(const std::vector<std::filesystem::path>& folders);
 };
 
 // Fonts as Pango finds them: those of a configuration. Matching takes half a millisecond for each face and
@@ -100,6 +78,7 @@ public:
     std::optional<Font> anyInFamily(std::string_view family, double weight, double sizePx);
     // The first of all; a font without glyphs where the machine has none at all.
     Font first(double sizePx);
+    // These two take `mutex`.
     FontMetrics metrics(const FontData& font);
     // They stay where they are for the life of the core.
     const std::vector<VariationAxis>& axes(const FontData& font);
