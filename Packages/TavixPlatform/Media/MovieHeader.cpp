@@ -121,17 +121,17 @@ bool swapsSides(const Matrix& m) {
     return (found - turns.begin()) % 2 == 1;
 }
 
-// Heads of the film, of a track and of its media come in two versions, with times of 4 bytes or of 8.
-bool hasLongTimes(const HeaderFile& file, const Box& head, std::int64_t shortBytes, int timeCount) {
+// Heads of the film, of a track and of its media come in two versions, with three times of 4 bytes or of 8.
+bool hasLongTimes(const HeaderFile& file, const Box& head, std::int64_t shortBytes) {
     const std::uint64_t version = file.number(head, 0, 1);
     require(version <= 1);
-    require(head.sizeBytes() == shortBytes + (version == 1 ? 4 * timeCount : 0));
+    require(head.sizeBytes() == shortBytes + (version == 1 ? 4 * 3 : 0));
     return version == 1;
 }
 
 // As FFmpeg rounds it: to the nearest microsecond, and up from the middle.
 double durationSecOf(const HeaderFile& file, const Box& head) {
-    const bool isLong = hasLongTimes(file, head, 100, 3);
+    const bool isLong = hasLongTimes(file, head, 100);
     const std::uint64_t scale = file.number(head, isLong ? 20 : 12, 4);
     const std::uint64_t duration = file.number(head, isLong ? 24 : 16, isLong ? 8 : 4);
     constexpr std::uint64_t microsecondsPerSec = 1'000'000, mostUnits = std::uint64_t{1} << 42;
@@ -152,10 +152,11 @@ void requireTables(const HeaderFile& file, const std::vector<Box>& boxes) {
     static constexpr Table tables[] = {{kindOf("stts"), 8, 8}, {kindOf("stsc"), 8, 12},
         {kindOf("stco"), 8, 4}, {kindOf("co64"), 8, 8}, {kindOf("ctts"), 8, 8}, {kindOf("stss"), 8, 4}};
     for (const Table& table : tables)
-        for (const Box& box : boxes)
-            if (box.kind == table.kind)
-                require(box.sizeBytes() == table.headBytes + table.entryBytes * std::int64_t(file.number(box,
-                                                                                    table.headBytes - 4, 4)));
+        for (const Box& box : boxes) {
+            if (box.kind != table.kind) continue;
+            const auto count = std::int64_t(file.number(box, table.headBytes - 4, 4));
+            require(box.sizeBytes() == table.headBytes + table.entryBytes * count);
+        }
     const Box sizes = onlyOne(boxes, kindOf("stsz"));
     const auto entryBytes = file.number(sizes, 4, 4) == 0 ? std::int64_t{4} : std::int64_t{0};
     require(sizes.sizeBytes() == 12 + entryBytes * std::int64_t(file.number(sizes, 8, 4)));
@@ -188,7 +189,7 @@ imaging::Size codedSizeOf(const HeaderFile& file, const Box& descriptions) {
 }
 
 imaging::Size shownSizeOf(const HeaderFile& file, const Box& head, const imaging::Size& coded) {
-    const bool isLong = hasLongTimes(file, head, 84, 3);
+    const bool isLong = hasLongTimes(file, head, 84);
     const std::int64_t at = isLong ? 52 : 40;
     require((file.number(head, 3, 1) & 1) != 0);   // enabled
     // They are told with 16 bits behind the point.
@@ -207,7 +208,7 @@ std::optional<imaging::Size> shownSizeOf(const HeaderFile& file, const Box& trac
     const std::vector<Box> media = file.boxesOf(onlyOne(boxes, kindOf("mdia")));
     require(media.size() == 3 && media[0].kind == kindOf("mdhd") && media[1].kind == kindOf("hdlr") &&
             media[2].kind == kindOf("minf"));
-    hasLongTimes(file, media[0], 24, 3);
+    hasLongTimes(file, media[0], 24);
     const std::vector<Box> samples = file.boxesOf(onlyOne(file.boxesOf(media[2]), kindOf("stbl")));
     requireTables(file, samples);
     const Box descriptions = onlyOne(samples, kindOf("stsd"));

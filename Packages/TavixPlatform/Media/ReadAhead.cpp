@@ -15,7 +15,7 @@ constexpr int mostSeenInStep = 1;
 }   // namespace
 
 ReadAhead::ReadAhead(std::unique_ptr<VideoFrames> frames)
-    : frames_(std::move(frames)), looks_(std::make_shared<Looks>(mostUnseen + 1, 0)) {}
+    : frames_(std::move(frames)), looks_(std::make_shared<Looks>()) {}
 
 ReadAhead::~ReadAhead() {
     {
@@ -63,7 +63,6 @@ std::optional<VideoFrame> ReadAhead::nextInStep() {
         hasEnded_ = true, isEndDamaged_ = isDamaged_;
         return std::nullopt;
     }
-    ++looks_->unseen;
     return watched(std::move(*frame));
 }
 

@@ -40,7 +40,8 @@ private:
     bool hasEnded_ = false, mustStop_ = false, isEndDamaged_ = false;
     bool isDamaged_ = false;   // the taker's alone
     struct Looks {
-        std::atomic<int> unseen, seen;   // pictures taken since one was looked at; pictures looked at
+        std::atomic<int> unseen = 0;   // pictures taken from the thread since one was looked at
+        std::atomic<int> seen = 0;     // pictures looked at
     };
     std::shared_ptr<Looks> looks_;   // pictures that were taken may outlive this
     std::exception_ptr failure_;     // why it ended, when the machine is to blame
