@@ -102,7 +102,9 @@ TEST_F(Windows, ABundleHasOneWindow) {
     EXPECT_EQ(shown().size(), 1u);
     application->open({words(makeBundle("two"))});
     ASSERT_TRUE(showing("one") && showing("two"));
+    showing("two")->actions().addText->trigger();
     showing("two")->openDocument(home() / "one.tavixcomp");
+    EXPECT_FALSE(showing("two")->findChild<QWidget*>(QStringLiteral("unsavedChanges"))) << "it stays open";
     ASSERT_TRUE(until([&] { return QApplication::activeWindow() == showing("one"); }));
     QTest::qWait(50);
     ASSERT_TRUE(showing("two")) << "it keeps what it shows";
@@ -121,10 +123,48 @@ TEST_F(Windows, ABundleHasOneWindow) {
     QTest::qWait(50);
     EXPECT_EQ(fileOf(home() / "one.tavixcomp"), before);
     EXPECT_TRUE(showing("one") && showing("two"));
-    // What it was asked to open is forgotten once it is closed.
+    // What it had is free once it is closed.
     showing("one")->actions().close->trigger();
-    showing("two")->openDocument(home() / "one.tavixcomp");
+    MainWindow* const two = showing("two");
+    two->openDocument(home() / "one.tavixcomp");
+    click(questionOf(two), QStringLiteral("Don’t Save"));
     ASSERT_TRUE(until([&] { return showing("one") && !showing("two"); }));
+}
+
+TEST_F(Windows, ABundleThatIsOpenedWhileAnotherWindowAsksStaysWhereItIs) {
+    const fs::path one = makeBundle("one");
+    application->open({words(makeBundle("two"))});
+    MainWindow* const two = showing("two");
+    ASSERT_TRUE(two);
+    two->actions().addText->trigger();
+    two->openDocument(one);
+    QWidget* const question = questionOf(two);
+    ASSERT_TRUE(question);
+    application->open({words(one)});
+    ASSERT_TRUE(showing("one"));
+    click(question, QStringLiteral("Don’t Save"));
+    QTest::qWait(50);
+    EXPECT_EQ(showing("two"), two);
+    EXPECT_EQ(shown().size(), 2u);
+}
+
+TEST_F(Windows, ABundleThatCouldNotBeReadIsOpenInNone) {
+    const fs::path bundle = makeBundle("one");
+    const std::string before = fileOf(bundle);
+    const fs::path file = bundle / "composition.json";
+    std::ofstream(file) << "{";
+    application->open({words(bundle)});
+    const auto isTold = [] {
+        return std::ranges::any_of(shown(), [](const MainWindow* each) {
+            const auto* const error = each->findChild<QWidget*>(QStringLiteral("welcomeError"));
+            return error && error->isVisible();
+        });
+    };
+    ASSERT_TRUE(until(isTold));
+    std::ofstream(file) << before;
+    application->open({words(bundle)});
+    EXPECT_TRUE(showing("one"));
+    EXPECT_EQ(shown().size(), 1u);
 }
 
 TEST_F(Windows, WhatIsNoBundleIsToldInAWindowOfItsOwn) {

@@ -134,6 +134,8 @@ void MainWindow::closeDocument() {
 // The editor stands before the document arrives: the stage has its size before its first picture is drawn,
 // and between two documents the window stays as it is.
 void MainWindow::openNow(const std::filesystem::path& bundle) {
+    // Another one may have opened it while a question stood here.
+    if (MainWindow* const other = otherWindowOf(bundle)) return other->present();
     isOpening_ = true;
     opening_ = bundle;
     enter(editor_);

@@ -1,4 +1,4 @@
-// The one main window: the welcome screen until a composition is open, then its editor.
+// A main window: the welcome screen until a composition is open, then its editor.
 #pragma once
 
 #include "TavixEditor/App/Actions.h"
